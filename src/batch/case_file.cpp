@@ -1,0 +1,211 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "batch/case_file.h"
+
+#include "batch/case_format.h"
+#include "batch/installation.h"
+#include "company/data_set.h"
+#include "company/datacheck.h"
+#include "data/store_file.h"
+#include "zaimu/z_zzen_get.h"
+#include "zaimu/zaimu_calc.h"
+
+#include <atomic>
+#include <optional>
+#include <set>
+#include <unistd.h>
+#include <vector>
+
+namespace morvane {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// A scratch store that goes with the object.
+class Scratch_Store {
+  public:
+    explicit Scratch_Store(const fs::path& folder) {
+        static std::atomic<unsigned> counter{0};
+        path = folder / (".import-" + std::to_string(::getpid()) + "-" + std::to_string(counter++) + ".dat");
+    }
+    Scratch_Store(const Scratch_Store&) = delete;
+    Scratch_Store& operator=(const Scratch_Store&) = delete;
+    ~Scratch_Store() {
+        std::error_code ignored;
+        fs::remove(path, ignored);
+    }
+
+    fs::path path;
+};
+
+/// Builds a company's store from its case.
+class Case_Builder {
+  public:
+    Case_Builder(const Session& installation, const Case_Record& record, const fs::path& scratch)
+        : session(installation), source(record) {
+        session.Work_Store = scratch;
+        session.Work_Is_Scratch = true;
+        session.Hojin_Kojin = static_cast<std::int16_t>(record.firm.at("法人個人識別").As_Integer());
+    }
+
+    void Build() {
+        Make_Periods();
+        Put_Figures();
+        Fill_Prior_Figures();
+        Form_Improved_Balances();
+        Put_Company();
+    }
+
+  private:
+    void Make_Periods() {
+        bool made = New_Data_Set(session, session.Hojin_Kojin, source.periods.front().number);
+        session.Syori_Ki = source.periods.front().number;
+        for (std::size_t i = 1; made && i < source.periods.size(); ++i) {
+            made = Period_Copy(session, source.periods[i].number, session.Syori_Ki, Copy_Mode::After);
+        }
+        if (!made) {
+            throw Store_Error(session.App_Path / "morv_org.dat", Store_Error::Reason::Bad_Content,
+                              "科目の数がひな形と合いません");
+        }
+        for (const Case_Period& period : source.periods) {
+            Set_Law_Year(session, period.number, period.law_year);
+        }
+    }
+
+    void Put_Figures() {
+        {
+            const Connection cn = Cn_Open(session);
+            Transaction transaction(cn);
+            // What a new period takes over from the one before gives way to the case: absent is Null.
+            cn.Execute(
+                "UPDATE Kandaka_Gj SET 完工高前々期 = Null, 完工高前期 = Null, 元請完工高前々期 = Null, "
+                "元請完工高前期 = Null, 技術者1 = Null, 技術者2 = Null, 技術者3 = Null, 技術者4 = Null, "
+                "技術者5 = Null;");
+            cn.Execute("UPDATE W_Yoso SET 現状 = Null WHERE 要素CD <> 210;");
+            for (const Case_Period& period : source.periods) {
+                source.Put_Table(cn, period, Case_Table::Ks_Zaihyo);
+                source.Put_Table(cn, period, Case_Table::Kandaka_Gj);
+                source.Put_Table(cn, period, Case_Table::W_Yoso);
+                source.Put_Table(cn, period, Case_Table::QandA);
+            }
+            transaction.Commit();
+        }
+        Each_Period([](const Session& state, const Case_Period&) { Zaimu_Shukei(state, 2); });
+    }
+
+    void Fill_Prior_Figures() {
+        std::set<int> numbers;
+        for (const Case_Period& period : source.periods) {
+            numbers.insert(period.number);
+        }
+        Each_Period([&](const Session& state, const Case_Period& period) {
+            if (numbers.contains(period.number - 1)) {
+                Zen_Get(state, period.number, 2);
+            }
+            if (numbers.contains(period.number - 2)) {
+                ZZen_Get(state, period.number, 2);
+            }
+        });
+        const Connection cn = Cn_Open(session);
+        Transaction transaction(cn);
+        for (const Case_Period& period : source.periods) {
+            source.Put_Prior_Figures(cn, period);
+        }
+        transaction.Commit();
+    }
+
+    // As leaving the statement screens does; a balance that the case gives itself then stands.
+    void Form_Improved_Balances() {
+        Each_Period([&](const Session& state, const Case_Period& period) {
+            Zaimu_Shukei_KK(state);
+            if (source.Gives_Balances(period)) {
+                {
+                    const Connection cn = Cn_Open(state);
+                    Transaction transaction(cn);
+                    source.Put_Balances(cn, period);
+                    transaction.Commit();
+                }
+                Zaimu_Shukei(state, 3);
+            }
+        });
+    }
+
+    void Put_Company() {
+        const Connection cn = Cn_Open(session);
+        Transaction transaction(cn);
+        cn.Execute("DELETE * FROM Jigyo_mas;");
+        Recordset firm = cn.Open("SELECT * FROM Jigyo_mas");
+        firm.Add_New();
+        for (const auto& [column, value] : source.firm) {
+            firm.Set(column, value);
+        }
+        firm.Update();
+        transaction.Commit();
+    }
+
+    template <class Action>
+    void Each_Period(Action action) {
+        for (const Case_Period& period : source.periods) {
+            session.Syori_Ki = period.number;
+            action(session, period);
+        }
+    }
+
+    Session session;
+    const Case_Record& source;
+};
+
+std::string Text_Of(const Case_Record& record, const char* column) {
+    const auto found = record.firm.find(column);
+    return found == record.firm.end() ? std::string() : found->second.As_Text();
+}
+
+// The store that is replaced stays beside the new one, whole.
+void Keep_Former(const fs::path& store, const Store_Key& key) {
+    if (fs::exists(store)) {
+        Copy_Store(store, store.string() + ".bak", key);
+    }
+}
+
+} // namespace
+
+Case_Error::Case_Error(const fs::path& file, const std::string& path, const std::string& reason)
+    : std::runtime_error("「" + file.string() + "」" + (path.empty() ? "" : " " + path) + "：" + reason) {}
+
+std::string Edition_Of_Case(const fs::path& file) {
+    return Read_Case(file).edition;
+}
+
+Imported Import_Case(const Session& session, const fs::path& file) {
+    const Case_Record record = Read_Case(file);
+    if (record.edition != session.Tiiki_CD) {
+        throw Case_Error(file, "Tiiki_CD",
+                         "地域CD「" + record.edition + "」はこのデータフォルダの「" + session.Tiiki_CD +
+                             "」と違います。");
+    }
+    const auto number = static_cast<std::int32_t>(record.firm.at("管理No").As_Integer());
+    if (session.Is_Multi() && Company_Left_In_Hand(session) == number) {
+        throw Case_Error(
+            file, "Jigyo_mas.管理No",
+            "前回の異常終了で指定中の事業所です。「Morvane」を起動して保存してから実行してください。");
+    }
+    const Scratch_Store scratch(session.Is_Multi() ? session.App_Path / "data" : session.App_Path);
+    Case_Builder(session, record, scratch.path).Build();
+
+    const fs::path target = session.Is_Multi() ? Company_Store(session, number) : session.Work_Store;
+    Imported imported{number, Text_Of(record, "事業所名"), session.Is_Multi() && fs::exists(target)};
+    Keep_Former(target, session.Db_Key);
+    File_Replacement replacement = File_Replacement::With_Store(scratch.path, target, session.Db_Key);
+    replacement.Commit();
+    if (session.Is_Multi()) {
+        try {
+            Put_Register_Row(session, {number, imported.name, Text_Of(record, "事業所カナ名")});
+        } catch (...) {
+            replacement.Undo();
+            throw;
+        }
+    }
+    return imported;
+}
+
+} // namespace morvane

@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#pragma once
+
+#include "session/session.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <nlohmann/json.hpp>
+#include <string>
+
+namespace morvane {
+
+/// A case file that cannot be taken: the text names the file, the path inside it and the reason. Nothing of
+/// its company has been written.
+class Case_Error : public std::runtime_error {
+  public:
+    Case_Error(const std::filesystem::path& file, const std::string& path, const std::string& reason);
+};
+
+/// What an import reports of a company.
+struct Imported {
+    std::int32_t number = 0;
+    std::string name;
+    bool replaced = false; ///< the company was there before
+};
+
+/// The edition (地域CD) that a case file names. Raises Case_Error, Store_Error.
+std::string Edition_Of_Case(const std::filesystem::path& file);
+
+/// Brings the company of a case file into the installation, new or in the place of the one with its number:
+/// blank company, periods, law years, figures, class totals, prior-period figures. A store that is replaced
+/// is kept beside it with the ending .bak. Raises Case_Error, Store_Error.
+Imported Import_Case(const Session& session, const std::filesystem::path& file);
+
+/// A company as a case file; importing it gives the same company. Raises Store_Error.
+nlohmann::ordered_json Export_Case(const Session& session, const std::filesystem::path& store);
+
+/// The text of a case: one line per account group, work type and element.
+std::string Case_Text(const nlohmann::ordered_json& record);
+
+} // namespace morvane

@@ -1,0 +1,339 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "batch/case_format.h"
+
+#include "batch/case_file.h"
+#include "data/same_name.h"
+#include "data/store_file.h"
+#include "data/table_catalogue.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+namespace morvane {
+
+namespace {
+
+namespace fs = std::filesystem;
+using Json = nlohmann::json;
+
+constexpr double most_amount = 1e15; // amounts have up to fifteen digits
+
+/// A place in a case file, for messages.
+struct Spot {
+    const fs::path& file;
+    std::string path;
+
+    [[nodiscard]] Spot operator/(const std::string& key) const {
+        return {file, path.empty() ? key : path + "." + key};
+    }
+    [[noreturn]] void Refuse(const std::string& reason) const { throw Case_Error(file, path, reason); }
+};
+
+const Json& Object_At(const Spot& spot, const Json& value) {
+    if (!value.is_object()) {
+        spot.Refuse("オブジェクトではありません。");
+    }
+    return value;
+}
+
+std::int64_t Whole_Number(const Spot& spot, const Json& value, double lowest, double highest) {
+    if (!value.is_number()) {
+        spot.Refuse("数値ではありません（" + value.dump() + "）。");
+    }
+    const auto number = value.get<double>();
+    if (!(number >= lowest && number <= highest)) {
+        spot.Refuse("数値が範囲外です（" + value.dump() + "）。");
+    }
+    if (number != std::floor(number)) {
+        spot.Refuse("整数ではありません（" + value.dump() + "）。");
+    }
+    return static_cast<std::int64_t>(number);
+}
+
+template <class Int>
+Int Whole(const Spot& spot, const Json& value) {
+    return static_cast<Int>(
+        Whole_Number(spot, value, std::numeric_limits<Int>::min(), std::numeric_limits<Int>::max()));
+}
+
+Value Field_Value(const Spot& spot, const Json& value, Column_Type type) {
+    if (value.is_null()) {
+        return {};
+    }
+    switch (type) {
+    case Column_Type::Text:
+        if (!value.is_string()) {
+            spot.Refuse("文字列ではありません（" + value.dump() + "）。");
+        }
+        return value.get<std::string>();
+    case Column_Type::Integer:
+        return std::int64_t{Whole<std::int16_t>(spot, value)};
+    case Column_Type::Long:
+        return std::int64_t{Whole<std::int32_t>(spot, value)};
+    case Column_Type::Double:
+        return Whole_Number(spot, value, -most_amount, most_amount);
+    case Column_Type::Boolean:
+        break;
+    }
+    spot.Refuse("指定できない項目です。");
+}
+
+const Column_Info& Column_Of(const Spot& spot, const Table_Info& table, const std::string& name) {
+    const auto found = std::find_if(table.columns.begin(), table.columns.end(),
+                                    [&](const Column_Info& info) { return Same_Name(info.name, name); });
+    if (found == table.columns.end()) {
+        spot.Refuse("表 " + table.name + " にない項目です。");
+    }
+    return *found;
+}
+
+int Code_Of(const Spot& spot, const std::string& key) {
+    int code = 0;
+    const char* end = key.data() + key.size();
+    const auto parsed = std::from_chars(key.data(), end, code);
+    if (parsed.ec != std::errc() || parsed.ptr != end) {
+        spot.Refuse("コードではありません。");
+    }
+    return code;
+}
+
+/// How the rows of a table are written in a case.
+struct Table_Form {
+    const char* name;
+    const char* key;
+    const char* plain; ///< column that a bare number stands for; null where each value is an object
+    std::vector<std::string> columns; ///< columns that may be given; empty: all but those of `barred`
+    std::vector<std::string> barred;
+};
+
+const Table_Form& Form_Of(Case_Table table) {
+    static const std::array<Table_Form, 4> forms = {{
+        {"Ks_Zaihyo",
+         "建設科目CD",
+         "金額",
+         {"金額", "仮金額", "借方", "貸方", "改善後残高", "借方1", "貸方1", "改善後残高1", "借方2", "貸方2",
+          "改善後残高2", "借方3", "貸方3", "改善後残高3", "建設科目名"},
+         {}},
+        {"Kandaka_Gj", "工種CD", nullptr, {}, {"決算期", "工種CD", "工種略"}},
+        {"W_Yoso", "要素CD", "現状", {"現状", "改善後0", "改善後1", "改善後2", "改善後3"}, {}},
+        {"QandA", "QNo", nullptr, {"質問", "アドバイス"}, {}},
+    }};
+    return forms[static_cast<std::size_t>(table)];
+}
+
+bool Is_Listed(const std::vector<std::string>& list, const std::string& name) {
+    return std::any_of(list.begin(), list.end(),
+                       [&](const std::string& own) { return Same_Name(own, name); });
+}
+
+/// The fields that a value of a case gives: one under the plain column, or those of the object.
+std::vector<std::pair<std::string, Json>> Fields_Of(const Spot& spot, const Table_Form& form,
+                                                    const Json& value) {
+    if (form.plain != nullptr && !value.is_object()) {
+        return {{form.plain, value}};
+    }
+    std::vector<std::pair<std::string, Json>> fields;
+    for (const auto& [name, field] : Object_At(spot, value).items()) {
+        const bool barred =
+            Is_Listed(form.barred, name) || (!form.columns.empty() && !Is_Listed(form.columns, name));
+        if (barred) {
+            (spot / name).Refuse("指定できない項目です。");
+        }
+        fields.emplace_back(name, field);
+    }
+    return fields;
+}
+
+// Rules that a single table has beyond its types.
+void Test_Row(const Spot& spot, Case_Table table, int code, const Recordset& row) {
+    if (table == Case_Table::Ks_Zaihyo && !row["金額編集識別"].As_Boolean()) {
+        spot.Refuse("自動計算される科目（" + row["建設科目名"].As_Text() + "）には金額を指定できません。");
+    }
+    if (table == Case_Table::Kandaka_Gj && code == 32) {
+        spot.Refuse("集計表示用の工種には数値を指定できません。");
+    }
+    if (table == Case_Table::W_Yoso && code == 210) {
+        spot.Refuse("経審改正年は Simyu_Kubun で指定します。");
+    }
+}
+
+Spot Period_Spot(const Case_Record& record, const Case_Period& period) {
+    return {record.file, "periods[" + std::to_string(period.index) + "]"};
+}
+
+Case_Period Read_Period(const Spot& spot, const Json& value, std::size_t index) {
+    Case_Period period;
+    period.index = index;
+    for (const auto& [key, field] : Object_At(spot, value).items()) {
+        const Spot at = spot / key;
+        if (key == "決算期") {
+            period.number = static_cast<std::int16_t>(Whole_Number(at, field, 0, 32767));
+        } else if (key == "Simyu_Kubun") {
+            period.law_year = static_cast<int>(Whole_Number(at, field, 1, 4));
+        } else if (key == "Ks_Zaihyo" || key == "Kandaka_Gj" || key == "W_Yoso" || key == "QandA") {
+            period.tables[key] = Object_At(at, field);
+        } else {
+            at.Refuse("知らない項目です。");
+        }
+    }
+    if (!value.contains("決算期")) {
+        (spot / "決算期").Refuse("指定されていません。");
+    }
+    return period;
+}
+
+void Read_Firm(const Spot& spot, const Json& value, Case_Record& record) {
+    const Table_Info& table = Table_Of(Store_Kind::Company, "Jigyo_mas");
+    for (const auto& [key, field] : Object_At(spot, value).items()) {
+        const Spot at = spot / key;
+        const Column_Info& column = Column_Of(at, table, key);
+        record.firm[column.name] = Field_Value(at, field, column.type);
+    }
+    for (const char* required : {"管理No", "法人個人識別", "処理決算期"}) {
+        if (!record.firm.contains(required) || record.firm[required].Is_Null()) {
+            (spot / required).Refuse("指定されていません。");
+        }
+    }
+    if (record.firm["管理No"].As_Integer() < 0 || record.firm["管理No"].As_Integer() == 999999) {
+        (spot / "管理No").Refuse("使用できない番号です。");
+    }
+    const std::int64_t type = record.firm["法人個人識別"].As_Integer();
+    if (type != 1 && type != 2) {
+        (spot / "法人個人識別").Refuse("1（法人）か 2（個人）を指定してください。");
+    }
+}
+
+void Read_Periods(const Spot& spot, const Json& value, Case_Record& record) {
+    if (!value.is_array() || value.empty()) {
+        spot.Refuse("決算期の配列ではありません。");
+    }
+    for (std::size_t i = 0; i < value.size(); ++i) {
+        const Spot at{spot.file, "periods[" + std::to_string(i) + "]"};
+        Case_Period period = Read_Period(at, value[i], i);
+        if (i > 0 && period.number != record.periods.back().number + 1) {
+            (at / "決算期").Refuse("決算期は古いものから連続して並べてください。");
+        }
+        record.periods.push_back(std::move(period));
+    }
+    const std::int64_t in_hand = record.firm["処理決算期"].As_Integer();
+    if (std::none_of(record.periods.begin(), record.periods.end(),
+                     [&](const Case_Period& period) { return period.number == in_hand; })) {
+        throw Case_Error(spot.file, "Jigyo_mas.処理決算期", "periods にない決算期です。");
+    }
+}
+
+Json Parse(const fs::path& file) {
+    const std::string text = Read_Text_File(file);
+    try {
+        return Json::parse(text);
+    } catch (const Json::exception& error) {
+        throw Case_Error(file, "", std::string("JSONとして読めません。") + error.what());
+    }
+}
+
+} // namespace
+
+Case_Record Read_Case(const fs::path& file) {
+    const Json root = Parse(file);
+    const Spot top{file, ""};
+    Object_At(top, root);
+    if (root.value("format", Json()) != "morvane-case") {
+        (top / "format").Refuse("「morvane-case」ではありません。");
+    }
+    if (root.value("version", Json()) != 1) {
+        (top / "version").Refuse("対応していない版です。");
+    }
+    for (const auto& [key, field] : root.items()) {
+        static const std::vector<std::string> known = {"format", "version", "Tiiki_CD", "Jigyo_mas",
+                                                       "periods"};
+        if (!Is_Listed(known, key)) {
+            (top / key).Refuse("知らない項目です。");
+        }
+    }
+    Case_Record record;
+    record.file = file;
+    const Json edition = root.value("Tiiki_CD", Json());
+    if (edition != "01" && edition != "13") {
+        (top / "Tiiki_CD").Refuse("\"01\"（北海道）か \"13\"（全国）を指定してください。");
+    }
+    record.edition = edition.get<std::string>();
+    Read_Firm(top / "Jigyo_mas", root.value("Jigyo_mas", Json()), record);
+    Read_Periods(top / "periods", root.value("periods", Json()), record);
+    return record;
+}
+
+void Case_Record::Put_Table(const Connection& cn, const Case_Period& period, Case_Table table) const {
+    const Table_Form& form = Form_Of(table);
+    if (!period.tables.contains(form.name)) {
+        return;
+    }
+    const Table_Info& info = Table_Of(Store_Kind::Company, form.name);
+    const Spot spot = Period_Spot(*this, period) / form.name;
+    Recordset rows =
+        cn.Open(std::string("SELECT * FROM ") + form.name + " WHERE 決算期=" + std::to_string(period.number) +
+                " ORDER BY " + form.key + ";");
+    for (const auto& [key, value] : period.tables[form.name].items()) {
+        const Spot at = spot / key;
+        const int code = Code_Of(at, key);
+        if (!rows.Find(form.key, code)) {
+            at.Refuse("この決算期にないコードです。");
+        }
+        for (const auto& [name, field] : Fields_Of(at, form, value)) {
+            const Spot field_spot = value.is_object() ? at / name : at;
+            const Column_Info& column = Column_Of(field_spot, info, name);
+            const Value number = Field_Value(field_spot, field, column.type);
+            if (column.name != "建設科目名" && !number.Is_Null()) {
+                Test_Row(field_spot, table, code, rows);
+            }
+            rows.Set(column.name, number);
+        }
+        rows.Update();
+    }
+}
+
+void Case_Record::Put_Prior_Figures(const Connection& cn, const Case_Period& period) const {
+    if (!period.tables.contains("Ks_Zaihyo")) {
+        return;
+    }
+    const Table_Form& form = Form_Of(Case_Table::Ks_Zaihyo);
+    const Spot spot = Period_Spot(*this, period) / form.name;
+    for (const auto& [key, value] : period.tables["Ks_Zaihyo"].items()) {
+        const int code = Code_Of(spot / key, key);
+        if (code < 800 || code > 838) {
+            continue;
+        }
+        for (const auto& [name, field] : Fields_Of(spot / key, form, value)) {
+            if (Same_Name(name, "金額")) {
+                const std::array<Value, 3> values = {Field_Value(spot / key, field, Column_Type::Double),
+                                                     period.number, code};
+                cn.Execute("UPDATE Ks_Zaihyo SET 金額 = ? WHERE 決算期=? And 建設科目CD=?", values);
+            }
+        }
+    }
+}
+
+bool Case_Record::Gives_Balances(const Case_Period& period) const {
+    if (!period.tables.contains("Ks_Zaihyo")) {
+        return false;
+    }
+    const Json& table = period.tables["Ks_Zaihyo"];
+    return std::any_of(table.begin(), table.end(),
+                       [](const Json& value) { return value.is_object() && value.contains("改善後残高"); });
+}
+
+void Case_Record::Put_Balances(const Connection& cn, const Case_Period& period) const {
+    const Spot spot = Period_Spot(*this, period) / "Ks_Zaihyo";
+    for (const auto& [key, value] : period.tables["Ks_Zaihyo"].items()) {
+        if (value.is_object() && value.contains("改善後残高")) {
+            const std::array<Value, 3> values = {
+                Field_Value(spot / key / "改善後残高", value["改善後残高"], Column_Type::Double),
+                period.number, Code_Of(spot / key, key)};
+            cn.Execute("UPDATE Ks_Zaihyo SET 改善後残高 = ? WHERE 決算期=? And 建設科目CD=?", values);
+        }
+    }
+}
+
+} // namespace morvane

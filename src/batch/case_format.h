@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#pragma once
+
+#include "data/connection.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <map>
+#include <nlohmann/json.hpp>
+#include <string>
+#include <vector>
+
+namespace morvane {
+
+/// The tables of a period in a case file.
+enum class Case_Table { Ks_Zaihyo, Kandaka_Gj, W_Yoso, QandA };
+
+struct Case_Period {
+    std::int16_t number = 0; ///< 決算期
+    int law_year = 4;        ///< Simyu_Kubun
+    std::size_t index = 0;   ///< place in the file
+    nlohmann::json tables;
+};
+
+/// A case file that has been read and tested as far as it can be without a store.
+struct Case_Record {
+    std::filesystem::path file;
+    std::string edition;
+    std::map<std::string, Value> firm; ///< columns of Jigyo_mas
+    std::vector<Case_Period> periods;  ///< in ascending order without a gap
+
+    /// Puts a table of a period into its rows. Raises Case_Error for an unknown code or column, an amount on
+    /// a computed line and a wrong type.
+    void Put_Table(const Connection& cn, const Case_Period& period, Case_Table table) const;
+
+    /// Puts the prior-period figures (800 to 838) that the case gives over those filled from earlier periods;
+    /// a null stands for a line left blank.
+    void Put_Prior_Figures(const Connection& cn, const Case_Period& period) const;
+
+    /// Whether the case gives balances after improvement itself, and putting them.
+    [[nodiscard]] bool Gives_Balances(const Case_Period& period) const;
+    void Put_Balances(const Connection& cn, const Case_Period& period) const;
+};
+
+/// Reads a case file. Raises Case_Error with the path inside the file, Store_Error where it cannot be read.
+Case_Record Read_Case(const std::filesystem::path& file);
+
+} // namespace morvane

@@ -1,0 +1,155 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "batch/check_run.h"
+
+#include "batch/installation.h"
+#include "company/templates.h"
+#include "data/store_file.h"
+#include "data/table_catalogue.h"
+#include "session/kidou_ini.h"
+#include "session/kyotu_mod.h"
+
+#include <algorithm>
+#include <ostream>
+
+namespace morvane {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+std::vector<std::string> Findings(const fs::path& store, const Store_Key& key, Store_Kind kind) {
+    try {
+        Verify_Store(store, key);
+        const Connection cn(store, key, Connection::Mode::Read_Only);
+        return Missing_In_Store(cn, kind);
+    } catch (const std::exception& error) {
+        return {error.what()};
+    }
+}
+
+Store_Kind Kind_Of_Template(std::string_view name) {
+    if (name == "morv_org.dat") {
+        return Store_Kind::Master;
+    }
+    if (name == "morv_tmp.dat") {
+        return Store_Kind::Auxiliary;
+    }
+    return name == "Jgmas.dat" ? Store_Kind::Register : Store_Kind::Company;
+}
+
+std::string Balance_Text(int period, const Balance_Check& check) {
+    const auto yen = [](double amount) { return Comma_Str(Value(amount)); };
+    std::string text = "第" + std::to_string(period) + "期 バランス不合：";
+    if (check.left != check.right) {
+        text += "差額 " + yen(check.left - check.right) + " 円（" + yen(check.left) + " と " +
+                yen(check.right) + "）";
+    }
+    if (check.assets != check.capital) {
+        text += " 資産合計 " + yen(check.assets) + " 円と負債純資産合計 " + yen(check.capital) + " 円";
+    }
+    return text;
+}
+
+std::vector<std::string> Balance_Findings(const Connection& cn) {
+    std::vector<std::string> findings;
+    const Recordset firm = cn.Open("SELECT * FROM Jigyo_mas");
+    if (firm.Eof()) {
+        return findings;
+    }
+    const bool corporation = firm["法人個人識別"].As_Integer() == 1;
+    for (Recordset periods = cn.Open("SELECT * FROM Ks_ki ORDER BY 決算期;"); !periods.Eof();
+         periods.Move_Next()) {
+        const auto period = static_cast<int>(periods["決算期"].As_Integer());
+        const Balance_Check check = Check_Balance(cn, period, corporation);
+        if (!check.Is_Ok()) {
+            findings.push_back(Balance_Text(period, check));
+        }
+    }
+    return findings;
+}
+
+// Files of the data folder that no company of the register has.
+std::vector<fs::path> Strays(const Session& session, const std::vector<Company>& companies) {
+    std::vector<fs::path> strays;
+    if (!fs::is_directory(session.App_Path / "data")) {
+        return strays;
+    }
+    for (const auto& entry : fs::directory_iterator(session.App_Path / "data")) {
+        const bool known = std::any_of(companies.begin(), companies.end(), [&](const Company& company) {
+            return company.store.filename() == entry.path().filename();
+        });
+        if (entry.path().extension() == ".dat" && !known && entry.path().filename().string().front() != '.') {
+            strays.push_back(entry.path());
+        }
+    }
+    std::sort(strays.begin(), strays.end());
+    return strays;
+}
+
+} // namespace
+
+Balance_Check Check_Balance(const Connection& cn, int period, bool corporation) {
+    Recordset rows = cn.Open("SELECT * FROM Ks_Zaihyo WHERE 決算期=" + std::to_string(period) + ";");
+    Balance_Check check;
+    if (corporation) {
+        check.left = Kamoku_Get(838, rows) + Kamoku_Get(519, rows);
+        check.right = Kamoku_Get(281, rows) + Kamoku_Get(901, rows);
+    } else {
+        check.left = Kamoku_Get(281, rows);
+        check.right = Kamoku_Get(529, rows);
+    }
+    check.assets = Kamoku_Get(199, rows);
+    check.capital = Kamoku_Get(399, rows);
+    return check;
+}
+
+std::vector<std::string> Check_Company_Store(const fs::path& store, const Store_Key& key) {
+    std::vector<std::string> findings = Findings(store, key, Store_Kind::Company);
+    if (!findings.empty()) {
+        return findings;
+    }
+    try {
+        return Balance_Findings(Connection(store, key, Connection::Mode::Read_Only));
+    } catch (const std::exception& error) {
+        return {error.what()};
+    }
+}
+
+std::size_t Check_Run(const Session& session, std::ostream& out) {
+    std::size_t faulty = 0;
+    const auto report = [&](const fs::path& store, const std::vector<std::string>& findings) {
+        for (const std::string& finding : findings) {
+            out << store.lexically_relative(session.App_Path).string() << "：" << finding << "\n";
+        }
+        faulty += findings.empty() ? 0 : 1;
+    };
+    for (const char* name : Template_Names()) {
+        if (session.Is_Multi() || std::string_view(name) != "Jgmas.dat") {
+            const fs::path store = Find_File(session.App_Path, name);
+            report(store, Findings(store, session.Db_Key, Kind_Of_Template(name)));
+        }
+    }
+    report(session.Work_Store, Check_Company_Store(session.Work_Store, session.Db_Key));
+    if (!session.Is_Multi()) {
+        return faulty;
+    }
+    std::vector<Company> companies;
+    try {
+        static_cast<void>(Read_Kidou_Ini(session.App_Path));
+        companies = Companies_Of(session);
+    } catch (const Store_Error& error) {
+        report(error.file, {error.what()});
+        return faulty;
+    }
+    for (const Company& company : companies) {
+        if (company.store != session.Work_Store) {
+            report(company.store, Check_Company_Store(company.store, session.Db_Key));
+        }
+    }
+    for (const fs::path& stray : Strays(session, companies)) {
+        report(stray, {"事業所登録にないファイルです。"});
+    }
+    return faulty;
+}
+
+} // namespace morvane

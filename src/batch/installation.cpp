@@ -1,0 +1,145 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "batch/installation.h"
+
+#include "batch/case_file.h"
+#include "company/datacheck.h"
+#include "company/templates.h"
+#include "data/store_file.h"
+#include "session/kidou_ini.h"
+
+#include <algorithm>
+#include <array>
+#include <iostream>
+
+namespace morvane {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+fs::path Program_Folder() {
+    std::error_code error;
+    const fs::path program = fs::read_symlink("/proc/self/exe", error);
+    return error ? fs::current_path() : program.parent_path();
+}
+
+fs::path Delivered_Folder(const char* name) {
+    const fs::path program = Program_Folder();
+    for (const fs::path& candidate : {program / name, program / ".." / "share" / "morvane" / name}) {
+        if (fs::is_directory(candidate)) {
+            return fs::weakly_canonical(candidate);
+        }
+    }
+    throw Usage_Error("プログラムに付属する " + std::string(name) + " フォルダが見つかりません（" +
+                      program.string() + "）。");
+}
+
+Company Company_Of_Working_Store(const Session& session) {
+    const Connection cn(session.Work_Store, session.Db_Key, Connection::Mode::Read_Only);
+    Statement firm = cn.Prepare("SELECT 管理No, 事業所名 FROM Jigyo_mas");
+    if (!firm.Step()) {
+        return {};
+    }
+    return {static_cast<std::int32_t>(firm.Integer_At(0)), std::string(firm.Text_At(1)), session.Work_Store};
+}
+
+} // namespace
+
+Answer Stderr_Messages::Show(const Message_Box& box) {
+    std::cerr << box.title << (box.title.empty() ? "" : "：") << box.text << '\n';
+    return box.default_answer;
+}
+
+Session Open_Installation(const fs::path& folder, Messages& messages) {
+    if (!fs::is_directory(folder)) {
+        throw Usage_Error("フォルダ「" + folder.string() + "」がありません。");
+    }
+    if (!fs::exists(Find_File(folder, install_info_file))) {
+        throw Usage_Error("フォルダ「" + folder.string() +
+                          "」はMorvaneのデータフォルダではありません（init で作成できます）。");
+    }
+    return Make_Session(fs::absolute(folder), messages);
+}
+
+Instance_Lock Lock_Installation(const Session& session) {
+    auto lock = Instance_Lock::Take(session.App_Path);
+    if (!lock) {
+        throw Usage_Error("「Morvane」がフォルダ「" + session.App_Path.string() +
+                          "」を使用中です。終了してから実行してください。");
+    }
+    return std::move(*lock);
+}
+
+std::int32_t Company_Left_In_Hand(const Session& session) {
+    if (!session.Is_Multi() || !fs::exists(Kidou_File(session.App_Path)) ||
+        Read_Kidou_Ini(session.App_Path).Is_Clean()) {
+        return 0;
+    }
+    return Company_Of_Working_Store(session).number;
+}
+
+std::vector<Company> Companies_Of(const Session& session) {
+    std::vector<Company> companies;
+    if (!session.Is_Multi()) {
+        Company company = Company_Of_Working_Store(session);
+        if (!company.store.empty()) {
+            companies.push_back(std::move(company));
+        }
+        return companies;
+    }
+    const std::int32_t in_hand = Company_Left_In_Hand(session);
+    for (const Register_Row& row : Read_Register(session)) {
+        companies.push_back(
+            {row.number, row.name,
+             row.number == in_hand ? session.Work_Store : Company_Store(session, row.number)});
+    }
+    return companies;
+}
+
+void Init_Installation(const fs::path& folder, const Init_Options& options) {
+    if (fs::exists(folder) && !fs::is_directory(folder)) {
+        throw Usage_Error("「" + folder.string() + "」はフォルダではありません。");
+    }
+    if (fs::exists(Find_File(folder, install_info_file))) {
+        throw Usage_Error("フォルダ「" + folder.string() + "」には既にMorvaneのデータがあります。");
+    }
+    const fs::path templates = Templates_Folder();
+    std::error_code error;
+    fs::create_directories(folder / "data", error);
+    if (error) {
+        throw Store_Error(folder, Reason_Of_Errno(error.value()), error.message());
+    }
+    const Store_Key key = Store_Key::Derive(Session::default_password);
+    for (const char* name : Template_Names()) {
+        const bool is_register = std::string_view(name) == "Jgmas.dat";
+        if (options.multi || !is_register) {
+            Copy_Store(templates / name, folder / name, key);
+        }
+    }
+    Copy_Store(templates / ("morv_" + options.edition + ".dat"), folder / "Morvane.dat", key);
+    if (options.multi) {
+        Write_Kidou_Ini(folder, {});
+    }
+    Install_Info info;
+    info.kanri_flg = options.multi ? multi_company_mode : 0;
+    info.tiiki_cd = options.edition;
+    info.todofuken_mei = options.edition == "01" ? "北海道" : "全国";
+    Write_Install_Info(folder, info);
+}
+
+fs::path Templates_Folder() {
+    return Delivered_Folder("templates");
+}
+
+std::vector<fs::path> Sample_Cases(const std::string& edition) {
+    std::vector<fs::path> cases;
+    for (const auto& entry : fs::directory_iterator(Delivered_Folder("samples"))) {
+        if (entry.path().extension() == ".json" && Edition_Of_Case(entry.path()) == edition) {
+            cases.push_back(entry.path());
+        }
+    }
+    std::sort(cases.begin(), cases.end());
+    return cases;
+}
+
+} // namespace morvane

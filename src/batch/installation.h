@@ -1,0 +1,66 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#pragma once
+
+#include "session/instance_lock.h"
+#include "session/session.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace morvane {
+
+/// A wrong argument or a folder that is none: the tool ends with status 2.
+class Usage_Error : public std::runtime_error {
+  public:
+    using std::runtime_error::runtime_error;
+};
+
+/// Notices of the system's routines on the error stream. Questions take their default answer.
+class Stderr_Messages : public Messages {
+  public:
+    Answer Show(const Message_Box& box) override;
+};
+
+/// A company of an installation: its number, its name and the store that holds its newest state.
+struct Company {
+    std::int32_t number = 0;
+    std::string name;
+    std::filesystem::path store;
+};
+
+/// Opens the installation in `folder`. Raises Usage_Error where it is none, Store_Error where its settings
+/// fail.
+Session Open_Installation(const std::filesystem::path& folder, Messages& messages);
+
+/// Takes the lock for a command that writes. Raises Usage_Error while the desktop program holds the folder.
+Instance_Lock Lock_Installation(const Session& session);
+
+/// All companies: those of the register, or the one of the working store in single mode. A company that a
+/// session broken off left in the working store is read from there. Raises Store_Error.
+std::vector<Company> Companies_Of(const Session& session);
+
+/// The company that the working store holds in multi-company mode because a session was broken off; 0 none.
+std::int32_t Company_Left_In_Hand(const Session& session);
+
+/// Settings of a new installation.
+struct Init_Options {
+    std::string edition = "13"; ///< 01 Hokkaido, 13 national
+    bool multi = true;
+};
+
+/// Makes an installation folder from the templates: stores, settings, register, marker. The settings are
+/// written last, so that a folder that was left half made is made again. Raises Usage_Error where one stands
+/// there already.
+void Init_Installation(const std::filesystem::path& folder, const Init_Options& options);
+
+/// The folder of the delivered templates: beside the program, or where it is installed. Raises Usage_Error.
+std::filesystem::path Templates_Folder();
+
+/// The case files of the sample firms of an edition. Raises Usage_Error where they are not delivered.
+std::vector<std::filesystem::path> Sample_Cases(const std::string& edition);
+
+} // namespace morvane

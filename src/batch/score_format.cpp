@@ -1,0 +1,252 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "batch/score_format.h"
+
+#include "session/kyotu_mod.h"
+
+#include <array>
+#include <charconv>
+#include <nlohmann/json.hpp>
+#include <span>
+
+namespace morvane {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+/// The double whose shortest text is also the shortest text of the single.
+double Short(float number) {
+    std::array<char, 32> text{};
+    const auto end = std::to_chars(text.begin(), text.end(), number).ptr;
+    double value = 0.0;
+    std::from_chars(text.begin(), end, value);
+    return value;
+}
+
+std::string Short_Text(float number) {
+    std::array<char, 32> text{};
+    return {text.begin(), std::to_chars(text.begin(), text.end(), number).ptr};
+}
+
+Json Floats(std::span<const float> numbers) {
+    Json list = Json::array();
+    for (const float number : numbers) {
+        list.push_back(Short(number));
+    }
+    return list;
+}
+
+Json Or_Null(const Figure& figure) {
+    return figure.up ? Json(figure.value) : Json(nullptr);
+}
+
+struct W_Row {
+    const char* name;
+    int element;
+};
+constexpr std::array<W_Row, 9> w_rows = {{{"W1", 100},
+                                          {"W2", 110},
+                                          {"W3", 120},
+                                          {"W4", 130},
+                                          {"W5", 140},
+                                          {"W6", 150},
+                                          {"W7", 213},
+                                          {"W8", 216},
+                                          {"W", 200}}};
+
+/// The columns of a line in every format.
+struct Line_Column {
+    const char* name;
+    const char* heading; ///< of the table; null where the table leaves it out
+    Figure Work_Line::*figure;
+};
+constexpr std::array<Line_Column, 7> line_columns = {{{"完工高平均", "完成工事高", &Work_Line::Nheikin},
+                                                      {"評点X1", "X1", &Work_Line::X1},
+                                                      {"評点Z1", "Z1", &Work_Line::Zi},
+                                                      {"元請完工高平均", "元請完工高", &Work_Line::Mnheikin},
+                                                      {"評点Z2", "Z2", &Work_Line::Zro},
+                                                      {"評点Z", "Z", &Work_Line::Z},
+                                                      {"総合評点P", "P", &Work_Line::P}}};
+
+// At law year 1 machines and standards have no score; a figure left from another law year is none of this
+// one.
+std::int32_t W_Of(const Settled_Score& score, int element) {
+    const bool absent = element >= 211 && !Law_Of(score.figures.law_year).has_w7_w8;
+    return absent ? 0 : score.figures.Yoso(element);
+}
+
+std::string Json_Text(const Settled_Score& score) {
+    Json record;
+    record["管理No"] = score.kanri_no;
+    record["事業所名"] = score.jigyo_name;
+    record["決算期"] = score.period;
+    record["Simyu_Kubun"] = score.figures.law_year;
+    record["scenario"] = score.scenario->name;
+    record["Y"] = {{"X", Floats(score.y.Y_Kekka)},
+                   {"ritu", Floats(score.y.Y_Ritu)},
+                   {"A", Short(score.y.Y_A_Ten)},
+                   {"Y", score.y.Y_Ten}};
+    record["X2"] = {{"Jiko", score.x2.X2_Jiko},   {"Jiko_Used", score.x2.X2_Jiko_Used},
+                    {"Rieki", score.x2.X2_Rieki}, {"Rieki_Used", score.x2.X2_Rieki_Used},
+                    {"X2_1", score.x2.X2_1_Ten},  {"X2_2", score.x2.X2_2_Ten},
+                    {"X2", score.x2.X2_Ten}};
+    Json w;
+    for (const W_Row& row : w_rows) {
+        w[row.name] = W_Of(score, row.element);
+    }
+    record["W"] = std::move(w);
+    Json lines = Json::array();
+    for (std::size_t i = 0; i < work_line_count; ++i) {
+        const Work_Line& line = score.figures.works[i];
+        if (!line.row) {
+            continue;
+        }
+        Json entry;
+        entry["工種CD"] = i;
+        entry["工種略"] = score.kosyu_ryaku[i];
+        for (const Line_Column& column : line_columns) {
+            entry[column.name] = Or_Null(line.*column.figure);
+        }
+        lines.push_back(std::move(entry));
+    }
+    record["Kandaka_Gj"] = std::move(lines);
+    return record.dump();
+}
+
+std::string Csv_Quoted(const std::string& text) {
+    if (text.find_first_of(",\"\n\r") == std::string::npos) {
+        return text;
+    }
+    std::string quoted = "\"";
+    for (const char c : text) {
+        quoted += c;
+        quoted += c == '"' ? "\"" : "";
+    }
+    return quoted + '"';
+}
+
+std::string Csv_Lines(const Settled_Score& score) {
+    std::string text;
+    const std::string firm = std::to_string(score.kanri_no) + "," + Csv_Quoted(score.jigyo_name) + "," +
+                             std::to_string(score.period) + "," + std::to_string(score.figures.law_year) +
+                             "," + std::string(score.scenario->name) + ",";
+    for (std::size_t i = 0; i < work_line_count; ++i) {
+        const Work_Line& line = score.figures.works[i];
+        if (!line.row) {
+            continue;
+        }
+        text += firm + std::to_string(i) + "," + Csv_Quoted(score.kosyu_ryaku[i]);
+        for (const Line_Column& column : line_columns) {
+            const Figure& figure = line.*column.figure;
+            text += "," + (figure.up ? std::to_string(figure.value) : std::string());
+        }
+        text += "," + std::to_string(score.y.Y_Ten) + "," + std::to_string(score.x2.X2_Ten) + "," +
+                std::to_string(W_Of(score, 200)) + "\n";
+    }
+    return text;
+}
+
+/// Columns that a text takes on a terminal: two for a full-width character, one for the half-width forms.
+std::size_t Width(std::string_view text) {
+    std::size_t width = 0;
+    for (std::size_t i = 0; i < text.size();) {
+        const auto lead = static_cast<unsigned char>(text[i]);
+        const std::size_t bytes = lead < 0x80 ? 1 : lead < 0xe0 ? 2 : lead < 0xf0 ? 3 : 4;
+        const bool half_width = bytes == 3 && lead == 0xef &&
+                                static_cast<unsigned char>(text[i + 1]) >= 0xbd &&
+                                static_cast<unsigned char>(text[i + 1]) <= 0xbe;
+        width += bytes < 3 || half_width ? 1 : 2;
+        i += bytes;
+    }
+    return width;
+}
+
+std::string Padded(const std::string& text, std::size_t width, bool right) {
+    const std::size_t own = Width(text);
+    const std::string space(width > own ? width - own : 0, ' ');
+    return right ? space + text : text + space;
+}
+
+std::string Table_Text(const Settled_Score& score) {
+    const Law_Year& law = Law_Of(score.figures.law_year);
+    std::string text = "■ " + std::to_string(score.kanri_no) + "  " + score.jigyo_name + "  第" +
+                       std::to_string(score.period) + "期  " + law.name +
+                       (score.scenario->number == 1 ? "" : "  [" + std::string(score.scenario->name) + "]") +
+                       "\n";
+    text += "  経営状況 Y " + std::to_string(score.y.Y_Ten) + "（A " + Short_Text(score.y.Y_A_Ten) +
+            "）  X2 " + std::to_string(score.x2.X2_Ten) + "（自己資本 " + std::to_string(score.x2.X2_1_Ten) +
+            "、利益 " + std::to_string(score.x2.X2_2_Ten) + "）  W " + std::to_string(W_Of(score, 200)) +
+            "（";
+    for (std::size_t i = 0; i + 1 < w_rows.size(); ++i) {
+        text += (i == 0 ? "" : " ") + std::string(w_rows[i].name) + ":" +
+                std::to_string(W_Of(score, w_rows[i].element));
+    }
+    text += "）\n";
+    text += "  " + Padded("工種", 14, false);
+    for (const Line_Column& column : line_columns) {
+        text += Padded(column.heading, Width(column.heading) > 2 ? 14 : 7, true);
+    }
+    text += "\n";
+    for (std::size_t i = 0; i < work_line_count; ++i) {
+        const Work_Line& line = score.figures.works[i];
+        if (!line.Nheikin.up && !line.Mnheikin.up) {
+            continue;
+        }
+        text += "  " + Padded(score.kosyu_ryaku[i], 14, false);
+        for (const Line_Column& column : line_columns) {
+            const Figure& figure = line.*column.figure;
+            text +=
+                Padded(figure.up ? Comma_Str(figure.value) : "-", Width(column.heading) > 2 ? 14 : 7, true);
+        }
+        text += "\n";
+    }
+    return text;
+}
+
+} // namespace
+
+std::string Score_Head(Score_Format format) {
+    switch (format) {
+    case Score_Format::Json:
+        return "{\"format\":\"morvane-score\",\"version\":1,\"companies\":[";
+    case Score_Format::Csv: {
+        std::string head = "管理No,事業所名,決算期,Simyu_Kubun,scenario,工種CD,工種略";
+        for (const Line_Column& column : line_columns) {
+            head += std::string(",") + column.name;
+        }
+        return head + ",Y,X2,W\n";
+    }
+    case Score_Format::Table:
+        break;
+    }
+    return {};
+}
+
+std::string Score_Separator(Score_Format format) {
+    return format == Score_Format::Json ? ",\n" : format == Score_Format::Table ? "\n" : "";
+}
+
+std::string Score_Text(Score_Format format, const Settled_Score& score) {
+    switch (format) {
+    case Score_Format::Json:
+        return Json_Text(score);
+    case Score_Format::Csv:
+        return Csv_Lines(score);
+    case Score_Format::Table:
+        break;
+    }
+    return Table_Text(score);
+}
+
+std::string Score_Tail(Score_Format format, const std::vector<Score_Failure>& failures) {
+    if (format != Score_Format::Json) {
+        return {};
+    }
+    Json list = Json::array();
+    for (const Score_Failure& failure : failures) {
+        list.push_back({{"管理No", failure.number}, {"error", failure.reason}});
+    }
+    return "],\n\"errors\":" + list.dump() + "}\n";
+}
+
+} // namespace morvane

@@ -1,0 +1,29 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#pragma once
+
+#include "screens/settled_score.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace morvane {
+
+enum class Score_Format { Table, Csv, Json };
+
+/// A company whose score failed.
+struct Score_Failure {
+    std::int32_t number = 0;
+    std::string name;
+    std::string reason;
+};
+
+/// What stands before the first company, between two of them, and behind the last.
+std::string Score_Head(Score_Format format);
+std::string Score_Separator(Score_Format format);
+std::string Score_Tail(Score_Format format, const std::vector<Score_Failure>& failures);
+
+/// One company. Single-precision figures are written in the shortest form that reads back to the same single.
+std::string Score_Text(Score_Format format, const Settled_Score& score);
+
+} // namespace morvane

@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#pragma once
+
+#include "session/run_time_error.h"
+
+#include <cmath>
+#include <cstdint>
+#include <limits>
+#include <string>
+
+namespace morvane {
+
+/// Integer arithmetic of the scoring engine. Amounts are signed 32 bits of thousand yen, scores signed 16
+/// bits; a result outside its width raises Run_Time_Error (overflow) that names `what` in Japanese.
+template <class Int>
+[[nodiscard]] inline Int Narrow(std::int64_t value, const char* what) {
+    if (value < std::numeric_limits<Int>::min() || value > std::numeric_limits<Int>::max()) {
+        throw Run_Time_Error(Run_Time_Error::Kind::Overflow,
+                             std::string(what) + "の計算で桁あふれが発生しました。");
+    }
+    return static_cast<Int>(value);
+}
+
+[[nodiscard]] inline std::int32_t Add32(std::int32_t a, std::int32_t b, const char* what) {
+    return Narrow<std::int32_t>(std::int64_t{a} + b, what);
+}
+
+[[nodiscard]] inline std::int32_t Sub32(std::int32_t a, std::int32_t b, const char* what) {
+    return Narrow<std::int32_t>(std::int64_t{a} - b, what);
+}
+
+[[nodiscard]] inline std::int32_t Mul32(std::int32_t a, std::int32_t b, const char* what) {
+    return Narrow<std::int32_t>(std::int64_t{a} * b, what);
+}
+
+[[nodiscard]] inline std::int16_t Add16(std::int16_t a, std::int16_t b, const char* what) {
+    return Narrow<std::int16_t>(std::int64_t{a} + b, what);
+}
+
+/// A whole double as an integer of the given width. A fraction, a NaN or an infinity is not expected here:
+/// the caller has floored or cut the value first.
+template <class Int>
+[[nodiscard]] inline Int Narrow_Double(double value, const char* what) {
+    if (!(value >= static_cast<double>(std::numeric_limits<Int>::min()) &&
+          value <= static_cast<double>(std::numeric_limits<Int>::max()))) {
+        throw Run_Time_Error(Run_Time_Error::Kind::Overflow,
+                             std::string(what) + "の計算で桁あふれが発生しました。");
+    }
+    return static_cast<Int>(value);
+}
+
+/// A stored figure as an integer: rounded to the nearest whole number, a half to the even one, then narrowed.
+template <class Int>
+[[nodiscard]] inline Int Round_Half_Even(double value, const char* what) {
+    return Narrow_Double<Int>(std::nearbyint(value), what);
+}
+
+} // namespace morvane

@@ -1,0 +1,108 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "calc/x2w_dataget.h"
+
+#include "calc/checked.h"
+
+#include <cmath>
+#include <initializer_list>
+#include <string>
+
+namespace morvane {
+
+namespace {
+
+constexpr const char* what_x2 = "自己資本額及び平均利益額の評点（Ｘ２）";
+constexpr int reiwa_year_0 = 2018;
+
+std::int32_t Sum(const Statement_Figures& statement, std::initializer_list<int> codes) {
+    std::int32_t sum = 0;
+    for (const int code : codes) {
+        sum = Add32(sum, statement.Thousands(code), what_x2);
+    }
+    return sum;
+}
+
+std::int32_t Floor_Half(std::int32_t sum) {
+    return static_cast<std::int32_t>(std::floor(sum / 2.0));
+}
+
+} // namespace
+
+std::uint8_t Get_Simyu_Kubun(const Session& session, int period) {
+    const Connection cn = Cn_Open(session);
+    const Recordset rows =
+        cn.Open("SELECT * FROM W_Yoso WHERE 決算期=" + std::to_string(period) + " And 要素CD=210;");
+    return rows.Eof() ? std::uint8_t{1} : static_cast<std::uint8_t>(rows["現状"].As_Integer(1));
+}
+
+std::optional<Review_Date> Read_Review_Date(const Connection& cn, int year_shift) {
+    Statement firm = cn.Prepare("SELECT 決算期終了年, 決算期終了月, 決算期終了日 FROM Jigyo_mas");
+    if (!firm.Step()) {
+        return std::nullopt;
+    }
+    return Checked_Date(firm.Value_At(0), firm.Value_At(1), firm.Value_At(2), reiwa_year_0 + year_shift);
+}
+
+Review_Figures Load_Review(const Connection& cn, int period, const Scenario& scenario, bool hokkaido,
+                           bool corporation, int year_shift) {
+    Review_Figures figures;
+    figures.hokkaido = hokkaido;
+    figures.corporation = corporation;
+    Read_Statement(cn, period, scenario.zaihyo_column, figures.statement);
+    Read_Elements(cn, period, scenario, figures);
+    Read_Works(cn, period, scenario, figures);
+    figures.review_date = Read_Review_Date(cn, year_shift);
+    return figures;
+}
+
+void X2_Calc::Calc_X2(const Review_Figures& figures, WZX_Calc& wzx, bool keep_basis) {
+    if (!keep_basis) {
+        const std::int32_t stored = figures.Yoso(1);
+        JikoS = stored == 0 ? 1 : stored;
+    }
+    const Statement_Figures& s = figures.statement;
+    const std::int32_t equity = s.Thousands(319);
+    const std::int32_t equity_zenki = s.Thousands(829);
+    const std::int32_t profit =
+        Add32(s.Thousands(469), Sum(s, {436, 724, 729, figures.hokkaido ? 552 : 536}), what_x2);
+    const std::int32_t profit_zenki = Add32(s.Thousands(832), Sum(s, {831, 835, 836, 837}), what_x2);
+
+    X2_Jiko = JikoS == 1 ? equity : Floor_Half(Add32(equity, equity_zenki, what_x2));
+    X2_Jiko_Used = X2_Jiko < 0 ? 0 : X2_Jiko;
+    X2_1_Ten = wzx.Calc_X2_1_Ten(X2_Jiko_Used);
+    X2_Rieki = Floor_Half(Add32(profit, profit_zenki, what_x2));
+    X2_Rieki_Used = X2_Rieki < 0 ? 0 : X2_Rieki;
+    X2_2_Ten = wzx.Calc_X2_2_Ten(X2_Rieki_Used);
+    const auto half = static_cast<std::int16_t>(Floor_Half(Add16(X2_1_Ten, X2_2_Ten, what_x2)));
+    X2_Ten = half < 454 ? std::int16_t{454} : half;
+}
+
+void X2_Calc::Calc_X2(const Session& session, int scenario, WZX_Calc& wzx, bool keep_basis,
+                      std::uint8_t y_kikan) {
+    const int period = session.Syori_Ki - (y_kikan == 2 ? 1 : 0);
+    const Scenario& column = Scenario_Of(scenario);
+    const Connection cn = Cn_Open(session);
+    Review_Figures figures;
+    figures.hokkaido = session.Is_Hokkaido();
+    Read_Statement(cn, period, column.zaihyo_column, figures.statement);
+    Read_Elements(cn, period, column, figures);
+    Calc_X2(figures, wzx, keep_basis);
+}
+
+Social_Items Load_X2W(const Session& session) {
+    Review_Figures figures;
+    Read_Elements(Cn_Open(session), session.Syori_Ki, scenario_genjo, figures);
+    Social_Items items;
+    items.Load(figures);
+    return items;
+}
+
+std::int16_t Calc_W_Total(WZX_Calc& wzx, const std::array<std::int16_t, 8>& w, bool law_2008,
+                          const std::optional<Review_Date>& date) {
+    if (law_2008) {
+        return wzx.Calc_W_2008(w[0], w[1], w[2], w[3], w[4], w[5]);
+    }
+    return wzx.Calc_W_2011(w[0], w[1], w[2], w[3], w[4], w[5], w[6], w[7], date);
+}
+
+} // namespace morvane

@@ -1,0 +1,225 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "calc/y_calc.h"
+
+#include "calc/checked.h"
+
+#include <cmath>
+#include <initializer_list>
+#include <string>
+
+namespace morvane {
+
+namespace {
+
+constexpr const char* what_y = "経営状況評点（Ｙ）";
+
+using Elements = std::array<std::int32_t, 14>;
+using Working = std::array<std::int32_t, 20>;
+
+// Places of Y_Yoso.
+enum Place : std::size_t {
+    kotei_sisan,    // 固定資産
+    ryudo_fusai,    // 流動負債
+    kotei_fusai,    // 固定負債
+    rieki_joyokin,  // 利益剰余金
+    jiko_sihon,     // 自己資本
+    so_sihon,       // 総資本（当期）
+    so_sihon_zenki, // 総資本（前期）
+    uriage,         // 売上高
+    uriage_sorieki, // 売上総利益
+    uketori_risoku, // 受取利息配当金
+    siharai_risoku, // 支払利息
+    keijo_rieki,    // 経常（事業主）利益
+    cash_flow,      // 営業キャッシュフロー（当期）
+    cash_flow_zenki // 営業キャッシュフロー（前期）
+};
+
+std::int32_t Sum(const Statement_Figures& statement, std::initializer_list<int> codes) {
+    std::int32_t sum = 0;
+    for (const int code : codes) {
+        sum = Add32(sum, statement.Thousands(code), what_y);
+    }
+    return sum;
+}
+
+Elements Read_Elements(const Statement_Figures& s, bool hokkaido, bool corporation) {
+    Elements yoso{};
+    yoso[kotei_sisan] = s.Thousands(179);
+    yoso[ryudo_fusai] = s.Thousands(229);
+    yoso[kotei_fusai] = s.Thousands(248);
+    yoso[rieki_joyokin] = s.Thousands(corporation ? 289 : 319);
+    yoso[jiko_sihon] = s.Thousands(319);
+    yoso[so_sihon] = s.Thousands(399);
+    yoso[so_sihon_zenki] = s.Thousands(830);
+    yoso[uriage] = hokkaido ? Sum(s, {400, 410}) : s.Thousands(402);
+    yoso[uriage_sorieki] = s.Thousands(419);
+    yoso[uketori_risoku] = s.Thousands(470);
+    yoso[siharai_risoku] = s.Thousands(480);
+    yoso[keijo_rieki] = s.Thousands(489);
+    return yoso;
+}
+
+// The edition decides where depreciation and the loss allowance stand, the data form of the period where the
+// advances received do.
+Working Read_Working(const Statement_Figures& s, bool hokkaido) {
+    return {
+        s.Thousands(833),                              // 経常利益（前期）
+        Sum(s, {831, 835, 836, 837}),                  // 減価償却実施額（前期）
+        Sum(s, {436, hokkaido ? 552 : 536, 724, 729}), // 減価償却実施額（当期）
+        s.Thousands(834),                              // 法人税等（前期）
+        s.Thousands(511),                              // 法人税等（当期）
+        Sum(s, {804, 805}),                            // 貸倒引当金（前々期）
+        Sum(s, {824, 825}),                            // 貸倒引当金（前期）
+        Sum(s, {hokkaido ? 115 : 114, 177}),           // 貸倒引当金（当期）
+        Sum(s, {800, 801}),                            // 売掛債権（前々期）
+        Sum(s, {820, 821}),                            // 売掛債権（前期）
+        Sum(s, {101, 103}),                            // 売掛債権（当期）
+        Sum(s, {806, 807}),                            // 仕入債務（前々期）
+        Sum(s, {826, 827}),                            // 仕入債務（前期）
+        Sum(s, {200, 201}),                            // 仕入債務（当期）
+        Sum(s, {802, 803}),                            // 棚卸資産（前々期）
+        Sum(s, {822, 823}),                            // 棚卸資産（前期）
+        Sum(s, {106, 107}),                            // 棚卸資産（当期）
+        s.Thousands(808),                              // 受入金（前々期）
+        s.Thousands(828),                              // 受入金（前期）
+        s.Thousands(s.form == 6 ? 210 : 209),          // 受入金（当期）
+    };
+}
+
+std::int32_t Plus(std::int32_t a, std::int32_t b) {
+    return Add32(a, b, what_y);
+}
+std::int32_t Minus(std::int32_t a, std::int32_t b) {
+    return Sub32(a, b, what_y);
+}
+
+/// Profit + depreciation - tax - rise of the allowances + fall of receivables - fall of payables + fall of
+/// inventories - fall of advances, each between two year ends. `from` and `to` are places of Y_Work.
+std::int32_t Cash_Flow(std::int32_t profit, std::int32_t depreciation, std::int32_t tax, const Working& w,
+                       std::size_t year) {
+    std::int32_t flow = Minus(Plus(profit, depreciation), tax);
+    flow = Minus(flow, Minus(w[5 + year], w[6 + year]));
+    flow = Plus(flow, Minus(w[8 + year], w[9 + year]));
+    flow = Minus(flow, Minus(w[11 + year], w[12 + year]));
+    flow = Plus(flow, Minus(w[14 + year], w[15 + year]));
+    return Minus(flow, Minus(w[17 + year], w[18 + year]));
+}
+
+/// floor(v × scale + 0.501) ÷ scale: the rounding of the review, not half-up.
+double Round_501(double v, double scale) {
+    return std::floor(v * scale + 0.501) / scale;
+}
+
+/// A ratio in percent with three decimals.
+float Percent(double num, double den) {
+    return static_cast<float>(Round_501(num / den, 100000) * 100);
+}
+
+float Within(float value, float lower, float upper) {
+    if (value >= upper) {
+        return upper;
+    }
+    return value <= lower ? lower : value;
+}
+
+} // namespace
+
+float Y_Calc::Calc_Y_X1(const Elements& yoso) {
+    const std::int32_t interest = Minus(yoso[siharai_risoku], yoso[uketori_risoku]);
+    return yoso[uriage] == 0 ? 5.1F : Within(Percent(interest, yoso[uriage]), -0.3F, 5.1F);
+}
+
+float Y_Calc::Calc_Y_X2(const Elements& yoso) {
+    const std::int32_t debt = Plus(yoso[ryudo_fusai], yoso[kotei_fusai]);
+    if (yoso[uriage] == 0) {
+        return 18.0F;
+    }
+    const double monthly_sales = yoso[uriage] / 12.0;
+    return Within(static_cast<float>(Round_501(debt / monthly_sales, 1000)), 0.9F, 18.0F);
+}
+
+float Y_Calc::Calc_Y_X3(const Elements& yoso) {
+    float average = static_cast<float>(Plus(yoso[so_sihon_zenki], yoso[so_sihon]) / 2.0);
+    if (average <= 30000.0F) { // thirty million yen at least
+        average = 30000.0F;
+    }
+    return Within(Percent(yoso[uriage_sorieki], average), 6.5F, 63.6F);
+}
+
+float Y_Calc::Calc_Y_X4(const Elements& yoso) {
+    return yoso[uriage] == 0 ? -8.5F : Within(Percent(yoso[keijo_rieki], yoso[uriage]), -8.5F, 5.1F);
+}
+
+float Y_Calc::Calc_Y_X5(const Elements& yoso) {
+    return yoso[kotei_sisan] == 0 ? -76.5F
+                                  : Within(Percent(yoso[jiko_sihon], yoso[kotei_sisan]), -76.5F, 350.0F);
+}
+
+float Y_Calc::Calc_Y_X6(const Elements& yoso) {
+    // Without capital the ratio is 0, not its lower limit.
+    return yoso[so_sihon] == 0 ? 0.0F : Within(Percent(yoso[jiko_sihon], yoso[so_sihon]), -68.6F, 68.5F);
+}
+
+float Y_Calc::Calc_Y_X7(const Elements& yoso) {
+    const auto average = static_cast<float>(Plus(yoso[cash_flow_zenki], yoso[cash_flow]) / 2.0);
+    return Within(static_cast<float>(Round_501(static_cast<double>(average) / 100000, 1000)), -10.0F, 15.0F);
+}
+
+float Y_Calc::Calc_Y_X8(const Elements& yoso) {
+    return Within(static_cast<float>(Round_501(yoso[rieki_joyokin] / 100000.0, 1000)), -3.0F, 100.0F);
+}
+
+void Y_Calc::Calc_Y(const Session& session, std::uint8_t kbn) {
+    Y_Slot = Y_Slot_Flg ? kbn : Y_Slot;
+    Y_Col = kbn == 1 ? 1 : 2;
+    std::string column = Y_Col == 1 ? "金額" : "改善後残高";
+    if (Y_Slot_Flg && Y_Slot >= 3) {
+        column = "改善後残高" + std::to_string(Y_Slot - 2);
+    }
+    int period = 0;
+    if (Y_Kikan == 1 || Y_Kikan == 2) {
+        period = session.Syori_Ki - (Y_Kikan - 1);
+    }
+    Statement_Figures statement;
+    Read_Statement(Cn_Open(session), period, column, statement);
+    Calc_Y(statement, session.Is_Hokkaido(), session.Is_Corporation());
+}
+
+void Y_Calc::Calc_Y(const Statement_Figures& statement, bool hokkaido, bool corporation) {
+    Elements yoso = Y_Yoso;
+    Working work = Y_Work;
+    std::array<float, 8> x = Y_Kekka;
+    if (statement.has_rows) {
+        yoso = Read_Elements(statement, hokkaido, corporation);
+        work = Read_Working(statement, hokkaido);
+        yoso[cash_flow_zenki] = Cash_Flow(work[0], work[1], work[3], work, 0);
+        yoso[cash_flow] = Cash_Flow(yoso[keijo_rieki], work[2], work[4], work, 1);
+        x = {Calc_Y_X1(yoso), Calc_Y_X2(yoso), Calc_Y_X3(yoso), Calc_Y_X4(yoso),
+             Calc_Y_X5(yoso), Calc_Y_X6(yoso), Calc_Y_X7(yoso), Calc_Y_X8(yoso)};
+    }
+    const std::array<double, 8> rates = {(x[0] - 5.1) / -5.4,  (x[1] - 18.0) / 17.1,  (x[2] - 6.5) / 57.1,
+                                         (8.5 + x[3]) / 13.6,  (76.5 + x[4]) / 426.5, (68.6 + x[5]) / 137.1,
+                                         (x[6] + 10.0) / 25.0, (x[7] + 3.0) / 103.0};
+    const double points = -0.4650 * x[0] - 0.0508 * x[1] + 0.0264 * x[2] + 0.0277 * x[3] + 0.0011 * x[4] +
+                          0.0089 * x[5] + 0.0818 * x[6] + 0.0172 * x[7] + 0.1906;
+    const auto a = static_cast<float>(Round_501(points, 100));
+    const auto score = Narrow_Double<std::int16_t>(std::floor(167.3 * a + 583 + 0.501), what_y);
+
+    Y_Yoso = yoso;
+    Y_Work = work;
+    Y_Kekka = x;
+    for (std::size_t i = 0; i < rates.size(); ++i) {
+        Y_Ritu[i] = static_cast<float>(std::abs(rates[i]) * 100);
+    }
+    Y_A_Ten = a;
+    Y_Ten = score < 0 ? std::int16_t{0} : score;
+    has_figures = statement.has_rows;
+    if (has_figures) {
+        has_figures = false;
+        for (const std::int32_t element : Y_Yoso) {
+            has_figures = has_figures || element != 0;
+        }
+    }
+}
+
+} // namespace morvane

@@ -1,0 +1,346 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "company/data_set.h"
+
+#include "company/table_edit.h"
+#include "data/store_file.h"
+#include "zaimu/z_zzen_get.h"
+
+#include <algorithm>
+#include <array>
+#include <initializer_list>
+#include <string>
+
+namespace morvane {
+
+namespace {
+
+constexpr std::array<const char*, 16> master_columns = {
+    "科目分類No",   "科目分類識別",   "正負識別",       "内部処理正負", "集計識別",       "科目編集識別",
+    "金額編集識別", "貸借正負",       "並び順",         "法人科目名",   "法人非表示識別", "法人非印刷識別",
+    "個人科目名",   "個人非表示識別", "個人非印刷識別", "建設科目CD"};
+
+// The items that stand from year to year: insurances and schemes, years in business, agreements, accounting
+// staff, research cost.
+constexpr std::array<int, 13> standing_elements = {101, 102, 103, 104, 105, 111, 121,
+                                                   131, 141, 142, 143, 151, 152};
+
+const char* Master_Table(const Session& session) {
+    return session.Is_Hokkaido() ? "Ks_Zaihyo_Hk_new" : "Ks_Zaihyo_Zk_new";
+}
+
+bool Report_Bad_Template(const Session& session) {
+    Show_Message(session, {.title = "データ異常",
+                           .text = "データファイルが異常です。\n\nユーザーサポートまでご連絡下さい。",
+                           .beep = true});
+    return false;
+}
+
+std::string Of_Period(const char* table, int period, const char* order) {
+    return std::string("SELECT * FROM ") + table + " WHERE 決算期=" + std::to_string(period) + " ORDER BY " +
+           order + ";";
+}
+
+/// Puts one master row into the current row of a statement.
+void Lay_Account(Recordset& row, const Recordset& master, bool corporation, std::uint8_t data_ver) {
+    for (const char* column : master_columns) {
+        row.Set(column, master[column]);
+    }
+    row.Set("建設科目名", master[corporation ? "法人科目名" : "個人科目名"]);
+    row.Set("非表示識別", master[corporation ? "法人非表示識別" : "個人非表示識別"]);
+    row.Set("非印刷識別", master[corporation ? "法人非印刷識別" : "個人非印刷識別"]);
+    const std::int64_t code = master["建設科目CD"].As_Integer();
+    if (code == 99) {
+        row.Set("並び順", data_ver);
+    }
+    // The line of the retirement allowance is free for an individual's own provision.
+    if (code == 234 && !corporation) {
+        row.Set("科目編集識別", -1);
+    }
+}
+
+bool Has_Row(const Connection& cn, const std::string& table, const std::string& where) {
+    return !cn.Open("SELECT * FROM " + table + " WHERE " + where).Eof();
+}
+
+bool Has_Element(const Connection& cn, int period, int code) {
+    return Has_Row(cn, "W_Yoso", "決算期=" + std::to_string(period) + " And 要素CD=" + std::to_string(code));
+}
+
+void Renumber_Element(const Connection& cn, int period, int from, int to) {
+    cn.Execute("UPDATE W_Yoso SET 要素CD=" + std::to_string(to) + " WHERE 決算期=" + std::to_string(period) +
+               " and 要素CD=" + std::to_string(from) + ";");
+}
+
+void Set_Element_210(const Connection& cn, int period, int law_year) {
+    cn.Execute("UPDATE W_Yoso SET 現状=" + std::to_string(law_year) +
+               " WHERE 決算期=" + std::to_string(period) + " and 要素CD=210;");
+}
+
+// 105, 104, 103 each move down by one and leave 103 to 厚生年金加入: the row that waited under 999, else a
+// new one.
+void Make_Room_For_Pension(const Connection& cn, int period) {
+    Renumber_Element(cn, period, 105, 106);
+    Renumber_Element(cn, period, 104, 105);
+    Renumber_Element(cn, period, 103, 104);
+    if (Has_Element(cn, period, 999)) {
+        Renumber_Element(cn, period, 999, 103);
+        return;
+    }
+    const std::array<Value, 3> values = {period, 103, "厚生年金加入"};
+    cn.Execute("INSERT INTO W_Yoso (決算期, 要素CD, 要素名) VALUES (?, ?, ?)", values);
+}
+
+void Park_Pension(const Connection& cn, int period) {
+    // A leftover under the waiting code would collide; the row in force is 103.
+    cn.Execute("DELETE W_Yoso.* from W_Yoso WHERE 決算期=" + std::to_string(period) + " and 要素CD=999;");
+    Renumber_Element(cn, period, 103, 999);
+    Renumber_Element(cn, period, 104, 103);
+    Renumber_Element(cn, period, 105, 104);
+    Renumber_Element(cn, period, 106, 105);
+}
+
+// ---- the parts of Period_Copy
+
+struct Copy_Job {
+    const Connection& cn;
+    const Session& session;
+    int new_period;
+    int source;
+    bool after;
+};
+
+void Register_Period(const Copy_Job& job, int base_period) {
+    const std::array<Value, 1> period = {job.new_period};
+    job.cn.Execute("INSERT INTO Ks_Ki (決算期) VALUES (?)", period);
+    Recordset firm = job.cn.Open("SELECT * FROM Jigyo_mas");
+    if (firm.Eof()) {
+        return;
+    }
+    firm.Set("処理決算期", job.new_period);
+    for (const char* year : {"決算期開始年", "決算期終了年"}) {
+        if (!firm[year].Is_Null()) {
+            firm.Set(year, firm[year].As_Integer() + job.new_period - base_period);
+        }
+    }
+    firm.Update();
+}
+
+bool Copy_Chart(const Copy_Job& job) {
+    const Connection master_store = Cn_Open_Org(job.session);
+    Recordset master = master_store.Open(std::string("SELECT * FROM ") + Master_Table(job.session) +
+                                         " Order by 建設科目CD;");
+    if (master.Eof()) {
+        return false;
+    }
+    Recordset rows = job.cn.Open("SELECT * FROM Ks_Zaihyo WHERE 決算期=-32768;");
+    for (; !master.Eof(); master.Move_Next()) {
+        rows.Add_New();
+        rows.Set("決算期", job.new_period);
+        Lay_Account(rows, master, job.session.Is_Corporation(), job.session.Data_Ver);
+        rows.Update();
+    }
+    return true;
+}
+
+void Copy_Works(const Copy_Job& job) {
+    Recordset source = job.cn.Open(Of_Period("Kandaka_Gj", job.source, "工種CD"));
+    Recordset rows = job.cn.Open("SELECT * FROM Kandaka_Gj WHERE 決算期=-32768;");
+    // New column, source column of the neighbour.
+    static constexpr std::array<std::pair<const char*, const char*>, 9> rolled = {{
+        {"完工高前々期", "完工高前期"},
+        {"完工高前期", "完工高基準"},
+        {"元請完工高前々期", "元請完工高前期"},
+        {"元請完工高前期", "元請完工高基準"},
+        {"技術者1", "技術者1"},
+        {"技術者2", "技術者2"},
+        {"技術者3", "技術者3"},
+        {"技術者4", "技術者4"},
+        {"技術者5", "技術者5"},
+    }};
+    for (; !source.Eof(); source.Move_Next()) {
+        rows.Add_New();
+        rows.Set("決算期", job.new_period);
+        rows.Set("工種CD", source["工種CD"]);
+        rows.Set("工種略", source["工種略"]);
+        for (const auto& [column, from] : rolled) {
+            rows.Set(column, job.after ? source[from] : Value());
+        }
+        rows.Update();
+    }
+}
+
+void Copy_Elements(const Copy_Job& job) {
+    Recordset source = job.cn.Open(Of_Period("W_Yoso", job.source, "要素CD"));
+    Recordset rows = job.cn.Open("SELECT * FROM W_Yoso WHERE 決算期=-32768;");
+    const bool has_106 = source.Find("要素CD", 106);
+    const bool has_210 = source.Find("要素CD", 210);
+    const bool has_221 = source.Find("要素CD", 221);
+    for (source.Move_First(); !source.Eof(); source.Move_Next()) {
+        const auto code = static_cast<int>(source["要素CD"].As_Integer());
+        const bool stands =
+            std::find(standing_elements.begin(), standing_elements.end(), code) != standing_elements.end() ||
+            (code == 999 && !has_106);
+        rows.Add_New();
+        rows.Set("決算期", job.new_period);
+        rows.Set("要素CD", code);
+        rows.Set("要素名", source["要素名"]);
+        rows.Set("現状", stands ? source["現状"] : Value());
+        rows.Update();
+    }
+    if (!has_210) {
+        const Connection master_store = Cn_Open_Org(job.session);
+        Recordset master =
+            master_store.Open("SELECT * FROM W_Yoso WHERE 要素CD>=210 and 要素CD<=219 ORDER BY 要素CD;");
+        for (; !master.Eof(); master.Move_Next()) {
+            const auto code = static_cast<int>(master["要素CD"].As_Integer());
+            if (Has_Element(job.cn, job.new_period, code)) {
+                continue;
+            }
+            rows.Add_New();
+            rows.Set("決算期", job.new_period);
+            rows.Set("要素CD", code);
+            rows.Set("要素名", master["要素名"]);
+            rows.Set("現状", code == 210 ? Value(2) : master["現状"]);
+            rows.Update();
+        }
+    }
+    if (!has_106) {
+        Make_Room_For_Pension(job.cn, job.new_period);
+    }
+    if (!has_221) {
+        Add_Young_Engineer_Rows(job.cn, job.new_period);
+        job.cn.Execute("UPDATE W_Yoso SET [現状] = 4 WHERE 決算期=" + std::to_string(job.new_period) +
+                       " and 要素CD=210;");
+    }
+}
+
+void Copy_Notes(const Copy_Job& job) {
+    Recordset source = job.cn.Open(Of_Period("QandA", job.source, "QNo"));
+    if (source.Eof()) {
+        job.cn.Execute("UPDATE QandA SET QandA.決算期 =" + std::to_string(job.new_period) +
+                       " WHERE 決算期=1;");
+        return;
+    }
+    Recordset rows = job.cn.Open("SELECT * FROM QandA WHERE 決算期=-32768;");
+    for (; !source.Eof(); source.Move_Next()) {
+        rows.Add_New();
+        rows.Set("決算期", job.new_period);
+        rows.Set("QNo", source["QNo"]);
+        rows.Set("タイトル", source["タイトル"]);
+        rows.Update();
+    }
+}
+
+void Test_Periods(const Connection& cn, int new_period, int source) {
+    const auto registered = [&](int period) {
+        return Has_Row(cn, "Ks_ki", "決算期=" + std::to_string(period));
+    };
+    if (registered(new_period)) {
+        throw Store_Error(cn.File(), Store_Error::Reason::Bad_Content,
+                          "第" + std::to_string(new_period) + "期は既に登録されています");
+    }
+    if (!registered(source)) {
+        throw Store_Error(cn.File(), Store_Error::Reason::Bad_Content,
+                          "第" + std::to_string(source) + "期が登録されていません");
+    }
+}
+
+bool Lay_Chart(const Connection& cn, const Session& session, bool corporation) {
+    const Connection master_store = Cn_Open_Org(session);
+    Recordset master =
+        master_store.Open(std::string("SELECT * FROM ") + Master_Table(session) + " Order by 建設科目CD;");
+    Recordset rows = cn.Open("SELECT * FROM Ks_Zaihyo Order by 建設科目CD;");
+    if (master.Count() == 0 || master.Count() != rows.Count()) {
+        return false;
+    }
+    for (; !master.Eof(); master.Move_Next(), rows.Move_Next()) {
+        Lay_Account(rows, master, corporation, session.Data_Ver);
+        rows.Update();
+    }
+    return true;
+}
+
+} // namespace
+
+std::uint8_t Present_Data_Ver(const Session& session) {
+    return session.Is_Hokkaido() ? 6 : 5;
+}
+
+bool New_Data_Set(Session& session, std::int16_t hojin_kojin, std::int16_t period) {
+    Session draft_session = session;
+    draft_session.Data_Ver = Present_Data_Ver(session);
+    // All of it happens on a draft beside the working store, which takes its place whole.
+    File_Replacement replacement = File_Replacement::With_Store(Find_File(session.App_Path, "morv_set.dat"),
+                                                                session.Work_Store, session.Db_Key);
+    {
+        const Connection cn(replacement.Draft(), session.Db_Key,
+                            session.Work_Is_Scratch ? Connection::Mode::Scratch
+                                                    : Connection::Mode::Read_Write);
+        Transaction transaction(cn);
+        if (!Lay_Chart(cn, draft_session, hojin_kojin == 1)) {
+            return Report_Bad_Template(session);
+        }
+        const std::string number = std::to_string(period);
+        for (const char* table : {"Ks_Zaihyo", "Kandaka_Gj", "W_Yoso", "QandA"}) {
+            cn.Execute(std::string("UPDATE ") + table + " SET " + table + ".決算期 =" + number + ";");
+        }
+        cn.Execute("UPDATE W_Yoso SET W_Yoso.現状 = 4 Where 要素CD=210;");
+        const std::array<Value, 1> values = {period};
+        cn.Execute("INSERT INTO Ks_ki (決算期) VALUES (?)", values);
+        transaction.Commit();
+    }
+    replacement.Commit();
+    session.Data_Ver = draft_session.Data_Ver;
+    return true;
+}
+
+bool Period_Copy(Session& session, std::int16_t new_period, std::int16_t base_period, Copy_Mode mode) {
+    Session job_session = session;
+    job_session.Data_Ver = Present_Data_Ver(session);
+    const bool after = mode == Copy_Mode::After;
+    {
+        const Connection cn = Cn_Open(session);
+        const Copy_Job job{cn, job_session, new_period, new_period - (after ? 1 : -1), after};
+        Test_Periods(cn, new_period, job.source);
+        Transaction transaction(cn);
+        Register_Period(job, base_period);
+        if (!Copy_Chart(job)) {
+            return Report_Bad_Template(session);
+        }
+        Copy_Works(job);
+        Copy_Elements(job);
+        Copy_Notes(job);
+        transaction.Commit();
+    }
+    session.Data_Ver = job_session.Data_Ver;
+    session.Syori_Ki = new_period;
+    if (!after) {
+        Zen_Get(session, new_period, 2);
+        ZZen_Get(session, new_period, 2);
+    }
+    return true;
+}
+
+void To_Law2011(const Session& session, int period) {
+    Set_Law_Year(session, period, 2);
+}
+
+void To_Law2012(const Session& session, int period) {
+    Set_Law_Year(session, period, 3);
+}
+
+void Set_Law_Year(const Session& session, int period, int law_year) {
+    const Connection cn = Cn_Open(session);
+    Transaction transaction(cn);
+    const bool has_106 = Has_Element(cn, period, 106);
+    if (law_year < 3 && has_106) {
+        Park_Pension(cn, period);
+    }
+    if (law_year >= 3 && !has_106) {
+        Make_Room_For_Pension(cn, period);
+    }
+    Set_Element_210(cn, period, law_year);
+    transaction.Commit();
+}
+
+} // namespace morvane

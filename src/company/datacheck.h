@@ -1,0 +1,53 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#pragma once
+
+#include "session/session.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace morvane {
+
+/// Brings the session into line with the working store: period, firm type, data form, pending table changes,
+/// law year. Raises Store_Error.
+void Company_Reload(Session& session);
+
+/// The resting store of company `number`: data/NNNNNN.dat with the rightmost six digits of the number.
+std::filesystem::path Company_Store(const Session& session, std::int32_t number);
+
+/// Saves the company in hand to its resting store. Without one nothing happens. Raises Store_Error.
+void Check_In(const Session& session);
+
+/// Check-in that is not followed by a check-out: no company is in hand afterwards, the marker tells a clean
+/// end.
+void Check_In_And_Release(Session& session);
+
+/// Takes company `number` in hand: saves the one in hand, copies the resting store over the working store,
+/// writes the marker, reloads the session. Everything is prepared and verified before the first file is
+/// replaced; a failure leaves the former company in hand. Raises Store_Error.
+void Check_Out(Session& session, std::int32_t number, const std::string& name);
+
+/// Puts the marker right where a crash fell between the working store and the marker of a check-out: the
+/// working store itself tells whose it is. Only in multi-company mode, with an unclean marker. Raises
+/// Store_Error.
+void Settle_Marker(const Session& session);
+
+/// Fills the one row of Jigyo_mas from the settings of the installation (first start). Raises Store_Error.
+void Jigyo_Init(const Session& session, const Install_Info& info);
+
+/// A row of the company register.
+struct Register_Row {
+    std::int32_t number = 0;
+    std::string name;
+    std::string kana;
+};
+
+/// The register in the order of the numbers. Raises Store_Error.
+std::vector<Register_Row> Read_Register(const Session& session);
+
+/// Adds a company to the register or changes its names. Raises Store_Error.
+void Put_Register_Row(const Session& session, const Register_Row& row);
+
+} // namespace morvane

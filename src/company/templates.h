@@ -1,0 +1,20 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#pragma once
+
+#include "data/store_key.h"
+
+#include <filesystem>
+#include <span>
+
+namespace morvane {
+
+/// The stores delivered with the program, by file name.
+std::span<const char* const> Template_Names();
+
+/// Makes the delivered stores from the text tables in `source` into `target`: the empty company store, the
+/// charts of accounts of both editions, the working stores of the editions, the auxiliary store, an empty
+/// register. Files that stand there are replaced. Raises Store_Error.
+void Make_Templates(const std::filesystem::path& source, const std::filesystem::path& target,
+                    const Store_Key& key);
+
+} // namespace morvane

@@ -1,0 +1,438 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "data/connection.h"
+
+#include "data/same_name.h"
+#include "data/sql_dialect.h"
+
+#include <algorithm>
+#include <cctype>
+#include <mutex>
+#include <sqlcipher/sqlite3.h>
+#include <unistd.h>
+#include <utility>
+
+namespace morvane {
+
+namespace {
+
+// Every cipher parameter is written out, so that an engine with other defaults opens the same file. The last
+// two are unknown to older engines, which ignore them.
+constexpr const char* cipher_parameters = "PRAGMA cipher = 'aes-256-cbc';"
+                                          "PRAGMA cipher_page_size = 4096;"
+                                          "PRAGMA kdf_iter = 64000;"
+                                          "PRAGMA cipher_use_hmac = ON;"
+                                          "PRAGMA cipher_hmac_algorithm = HMAC_SHA1;"
+                                          "PRAGMA cipher_kdf_algorithm = PBKDF2_HMAC_SHA1;";
+constexpr std::uintmax_t page_size = 4096;
+constexpr int busy_wait_ms = 2000;
+
+void Start_Engine() {
+    static std::once_flag once;
+    std::call_once(once, [] {
+        // Each connection is used by one thread only; memory statistics would be one lock for all threads.
+        sqlite3_config(SQLITE_CONFIG_MULTITHREAD);
+        sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
+        sqlite3_initialize();
+    });
+}
+
+bool Has_Journal(const std::filesystem::path& file) {
+    std::error_code error;
+    return std::filesystem::exists(file.string() + "-journal", error);
+}
+
+// What can be said of a file before a key is tried: the engine would take an empty file for a new store.
+void Look_At_File(const std::filesystem::path& file) {
+    std::error_code error;
+    const auto status = std::filesystem::status(file, error);
+    if (!std::filesystem::exists(status)) {
+        throw Store_Error(file, Store_Error::Reason::Missing, "");
+    }
+    if (!std::filesystem::is_regular_file(status)) {
+        throw Store_Error(file, Store_Error::Reason::Not_A_Store, "通常のファイルではありません");
+    }
+    // A writer that was killed may leave a torn page, which its journal heals.
+    const auto size = std::filesystem::file_size(file, error);
+    if (!error && (size == 0 || (size % page_size != 0 && !Has_Journal(file)))) {
+        throw Store_Error(file, Store_Error::Reason::Not_A_Store,
+                          "大きさ " + std::to_string(size) + " バイト");
+    }
+}
+
+// A reader cannot roll back what a killed writer left.
+void Heal_For_Reader(const std::filesystem::path& file, const Store_Key& key, Connection::Mode mode) {
+    if (mode == Connection::Mode::Read_Only && Has_Journal(file) && ::access(file.c_str(), W_OK) == 0) {
+        Connection(file, key).Close();
+    }
+}
+
+Store_Error::Reason Reason_Of(int code, std::string_view message) {
+    switch (code & 0xff) {
+    case SQLITE_NOTADB:
+        return Store_Error::Reason::Not_A_Store;
+    case SQLITE_CORRUPT:
+    case SQLITE_NOMEM: // the engine's answer to a page whose authentication fails
+        return Store_Error::Reason::Damaged;
+    case SQLITE_READONLY:
+    case SQLITE_PERM:
+        return Store_Error::Reason::Read_Only;
+    case SQLITE_FULL:
+        return Store_Error::Reason::Disk_Full;
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+        return Store_Error::Reason::Busy;
+    case SQLITE_ERROR:
+        if (message.starts_with("no such table")) {
+            return Store_Error::Reason::Missing_Table;
+        }
+        if (message.starts_with("no such column") || message.find("has no column named") != message.npos) {
+            return Store_Error::Reason::Missing_Column;
+        }
+        return Store_Error::Reason::Failed;
+    default:
+        return Store_Error::Reason::Failed;
+    }
+}
+
+} // namespace
+
+// ---- Connection
+
+void Connection::Closer::operator()(sqlite3* store) const {
+    sqlite3_close_v2(store);
+}
+
+Connection::Connection(const std::filesystem::path& path, const Store_Key& key, Mode mode)
+    : Connection((Look_At_File(path), Heal_For_Reader(path, key, mode), path), key, mode,
+                 mode == Mode::Read_Only ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE) {}
+
+Connection::Connection(std::filesystem::path path, const Store_Key& key, Mode mode, int engine_flags)
+    : file(std::move(path)) {
+    Start_Engine();
+    // A file without write permission would be opened for reading only without a word.
+    if ((engine_flags & SQLITE_OPEN_READWRITE) != 0 && (engine_flags & SQLITE_OPEN_CREATE) == 0 &&
+        ::access(file.c_str(), W_OK) != 0) {
+        throw Store_Error(file, Store_Error::Reason::Read_Only, "");
+    }
+    sqlite3* store = nullptr;
+    const int code = sqlite3_open_v2(file.c_str(), &store, engine_flags | SQLITE_OPEN_NOMUTEX, nullptr);
+    handle.reset(store);
+    if (code != SQLITE_OK) {
+        Throw(code, "開く処理");
+    }
+    Set_Up(key, mode);
+}
+
+Connection Connection::Create(const std::filesystem::path& file, const Store_Key& key) {
+    if (std::filesystem::exists(file)) {
+        throw Store_Error(file, Store_Error::Reason::Failed, "同じ名前のファイルが既にあります");
+    }
+    return {file, key, Mode::Read_Write, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE};
+}
+
+void Connection::Set_Up(const Store_Key& key, Mode mode) const {
+    sqlite3_busy_timeout(handle.get(), busy_wait_ms);
+    sqlite3_extended_result_codes(handle.get(), 1);
+    const std::string pragmas =
+        "PRAGMA key = \"" + key.Literal() + "\";" + cipher_parameters +
+        (mode == Mode::Scratch ? "PRAGMA journal_mode = MEMORY; PRAGMA synchronous = OFF;"
+                               : "PRAGMA journal_mode = DELETE; PRAGMA synchronous = FULL;") +
+        "SELECT count(*) FROM sqlite_master;";
+    const int code = sqlite3_exec(handle.get(), pragmas.c_str(), nullptr, nullptr, nullptr);
+    if (code != SQLITE_OK) {
+        Throw(code, "開く処理");
+    }
+}
+
+void Connection::Throw(int code, const std::string& doing) const {
+    const std::string message = handle ? sqlite3_errmsg(handle.get()) : sqlite3_errstr(code);
+    if (code == SQLITE_IOERR_WRITE || code == SQLITE_IOERR_FSYNC || (code & 0xff) == SQLITE_CANTOPEN) {
+        const int error_number = handle ? sqlite3_system_errno(handle.get()) : 0;
+        if (error_number != 0) {
+            throw Store_Error(file, Reason_Of_Errno(error_number), doing + "、" + message);
+        }
+    }
+    throw Store_Error(file, Reason_Of(code, message), doing + "、" + message);
+}
+
+void Connection::Execute(std::string_view sql, std::span<const Value> parameters) const {
+    Statement statement = Prepare(sql);
+    for (std::size_t i = 0; i < parameters.size(); ++i) {
+        statement.Bind(static_cast<int>(i) + 1, parameters[i]);
+    }
+    while (statement.Step()) {
+    }
+}
+
+Recordset Connection::Open(std::string_view sql) const {
+    return {*this, sql};
+}
+
+Statement Connection::Prepare(std::string_view sql) const {
+    return {*this, To_Engine_Sql(sql).text};
+}
+
+void Connection::Close() {
+    handle.reset();
+}
+
+// ---- Statement
+
+Statement::Statement(const Connection& owner, std::string_view engine_sql) : connection(&owner) {
+    const int code = sqlite3_prepare_v2(owner.handle.get(), engine_sql.data(),
+                                        static_cast<int>(engine_sql.size()), &handle, nullptr);
+    if (code != SQLITE_OK) {
+        owner.Throw(code, "SQL " + std::string(engine_sql));
+    }
+}
+
+Statement::Statement(Statement&& other) noexcept
+    : connection(other.connection), handle(std::exchange(other.handle, nullptr)) {}
+
+Statement::~Statement() {
+    sqlite3_finalize(handle);
+}
+
+void Statement::Bind(int index, const Value& value) {
+    int code = SQLITE_OK;
+    if (const auto* whole = std::get_if<std::int64_t>(&value.held)) {
+        code = sqlite3_bind_int64(handle, index, *whole);
+    } else if (const auto* real = std::get_if<double>(&value.held)) {
+        code = sqlite3_bind_double(handle, index, *real);
+    } else if (const auto* text = std::get_if<std::string>(&value.held)) {
+        code =
+            sqlite3_bind_text(handle, index, text->data(), static_cast<int>(text->size()), SQLITE_TRANSIENT);
+    } else {
+        code = sqlite3_bind_null(handle, index);
+    }
+    if (code != SQLITE_OK) {
+        connection->Throw(code, "値の受け渡し");
+    }
+}
+
+bool Statement::Step() {
+    const int code = sqlite3_step(handle);
+    if (code == SQLITE_ROW) {
+        return true;
+    }
+    if (code != SQLITE_DONE) {
+        connection->Throw(code, "SQL " + std::string(sqlite3_sql(handle)));
+    }
+    return false;
+}
+
+void Statement::Reset() {
+    sqlite3_reset(handle);
+}
+
+bool Statement::Is_Null(int column) const {
+    return sqlite3_column_type(handle, column) == SQLITE_NULL;
+}
+double Statement::Double_At(int column) const {
+    return sqlite3_column_double(handle, column);
+}
+std::int64_t Statement::Integer_At(int column) const {
+    return sqlite3_column_int64(handle, column);
+}
+
+std::string_view Statement::Text_At(int column) const {
+    const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(handle, column));
+    return text == nullptr
+               ? std::string_view()
+               : std::string_view(text, static_cast<std::size_t>(sqlite3_column_bytes(handle, column)));
+}
+
+Value Statement::Value_At(int column) const {
+    switch (sqlite3_column_type(handle, column)) {
+    case SQLITE_INTEGER:
+        return Integer_At(column);
+    case SQLITE_FLOAT:
+        return sqlite3_column_double(handle, column);
+    case SQLITE_TEXT:
+    case SQLITE_BLOB:
+        return Text_At(column);
+    default:
+        return {};
+    }
+}
+
+int Statement::Column_Count() const {
+    return sqlite3_column_count(handle);
+}
+std::string Statement::Column_Name(int column) const {
+    return sqlite3_column_name(handle, column);
+}
+
+// ---- Recordset
+
+Recordset::Recordset(const Connection& owner, std::string_view sql) : connection(&owner) {
+    Engine_Sql engine = To_Engine_Sql(sql);
+    table = std::move(engine.table);
+    Statement statement = owner.Prepare(engine.text);
+    const int first = table.empty() ? 0 : 1;
+    const int count = statement.Column_Count();
+    for (int i = first; i < count; ++i) {
+        columns.push_back(statement.Column_Name(i));
+    }
+    while (statement.Step()) {
+        if (first == 1) {
+            row_ids.push_back(statement.Integer_At(0));
+        }
+        std::vector<Value>& row = rows.emplace_back();
+        row.reserve(columns.size());
+        for (int i = first; i < count; ++i) {
+            row.push_back(statement.Value_At(i));
+        }
+    }
+}
+
+void Recordset::Move_First() {
+    Move_To(0);
+}
+
+void Recordset::Move_Next() {
+    Move_To(position + 1);
+}
+
+void Recordset::Move_To(std::size_t place) {
+    changed.clear();
+    adding = false;
+    position = place;
+}
+
+bool Recordset::Find(std::string_view column, std::int64_t number) {
+    const auto place = static_cast<std::size_t>(Column(column));
+    const auto found = std::find_if(rows.begin(), rows.end(), [&](const std::vector<Value>& row) {
+        return !row[place].Is_Null() && row[place].As_Integer() == number;
+    });
+    Move_To(static_cast<std::size_t>(found - rows.begin()));
+    return found != rows.end();
+}
+
+bool Recordset::Find(std::string_view criterion) {
+    const auto equal = criterion.find('=');
+    if (equal == std::string_view::npos) {
+        throw Store_Error(connection->File(), Store_Error::Reason::Failed,
+                          "検索条件 " + std::string(criterion));
+    }
+    const auto trim = [](std::string_view text) {
+        const auto begin = text.find_first_not_of(' ');
+        const auto end = text.find_last_not_of(' ');
+        return begin == std::string_view::npos ? std::string_view() : text.substr(begin, end - begin + 1);
+    };
+    const std::string_view column = trim(criterion.substr(0, equal));
+    const std::string_view wanted = trim(criterion.substr(equal + 1));
+    if (wanted.size() < 2 || wanted.front() != '\'') {
+        return Find(column, Value(wanted).As_Integer());
+    }
+    const std::string_view text = wanted.substr(1, wanted.size() - 2);
+    const auto place = static_cast<std::size_t>(Column(column));
+    const auto found = std::find_if(rows.begin(), rows.end(), [&](const std::vector<Value>& row) {
+        return row[place].Is_Text() && std::get<std::string>(row[place].held) == text;
+    });
+    Move_To(static_cast<std::size_t>(found - rows.begin()));
+    return found != rows.end();
+}
+
+int Recordset::Column(std::string_view name) const {
+    const auto found = std::find_if(columns.begin(), columns.end(),
+                                    [&](const std::string& own) { return Same_Name(own, name); });
+    if (found == columns.end()) {
+        throw Store_Error(connection->File(), Store_Error::Reason::Missing_Column,
+                          table.empty() ? std::string(name) : table + "." + std::string(name));
+    }
+    return static_cast<int>(found - columns.begin());
+}
+
+const std::vector<Value>& Recordset::Row() const {
+    if (Eof()) {
+        throw Store_Error(connection->File(), Store_Error::Reason::Failed, "現在行がありません " + table);
+    }
+    return rows[position];
+}
+
+const Value& Recordset::operator[](std::string_view column) const {
+    return Row()[static_cast<std::size_t>(Column(column))];
+}
+
+void Recordset::Set(std::string_view column, Value value) {
+    const int place = Column(column);
+    static_cast<void>(Row());
+    rows[position][static_cast<std::size_t>(place)] = std::move(value);
+    changed.push_back(place);
+}
+
+void Recordset::Add_New() {
+    rows.emplace_back(columns.size());
+    row_ids.push_back(0);
+    position = rows.size() - 1;
+    changed.clear();
+    adding = true;
+}
+
+void Recordset::Update() {
+    if (table.empty()) {
+        throw Store_Error(connection->File(), Store_Error::Reason::Failed, "書き込めない結果です");
+    }
+    if (changed.empty() && !adding) {
+        return;
+    }
+    std::sort(changed.begin(), changed.end());
+    changed.erase(std::unique(changed.begin(), changed.end()), changed.end());
+    std::string names;
+    std::string marks;
+    std::vector<Value> values;
+    for (const int place : changed) {
+        const std::string name = "[" + columns[static_cast<std::size_t>(place)] + "]";
+        const char* comma = values.empty() ? "" : ", ";
+        names += comma + name + (adding ? "" : " = ?");
+        marks += std::string(comma) + "?";
+        values.push_back(rows[position][static_cast<std::size_t>(place)]);
+    }
+    if (adding) {
+        connection->Execute(
+            "INSERT INTO " + table +
+                (values.empty() ? " DEFAULT VALUES" : " (" + names + ") VALUES (" + marks + ")"),
+            values);
+        Statement last = connection->Prepare("SELECT last_insert_rowid()");
+        last.Step();
+        row_ids[position] = last.Integer_At(0);
+    } else {
+        values.emplace_back(row_ids[position]);
+        connection->Execute("UPDATE " + table + " SET " + names + " WHERE rowid = ?", values);
+    }
+    adding = false;
+    changed.clear();
+}
+
+void Recordset::Close() {
+    rows.clear();
+    row_ids.clear();
+    changed.clear();
+    position = 0;
+    adding = false;
+}
+
+// ---- Transaction
+
+Transaction::Transaction(const Connection& owner) : connection(&owner) {
+    owner.Execute("BEGIN IMMEDIATE");
+}
+
+Transaction::~Transaction() {
+    if (!open) {
+        return;
+    }
+    try {
+        connection->Execute("ROLLBACK");
+    } catch (const Store_Error&) {
+        // The engine has rolled back by itself, or does so when the store is opened next.
+    }
+}
+
+void Transaction::Commit() {
+    connection->Execute("COMMIT");
+    open = false;
+}
+
+} // namespace morvane

@@ -1,0 +1,173 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#pragma once
+
+#include "data/store_error.h"
+#include "data/store_key.h"
+#include "data/value.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace morvane {
+
+class Connection;
+
+/// A prepared statement read forward only: the quick way through many rows. Columns count from 0.
+class Statement {
+  public:
+    Statement(Statement&& other) noexcept;
+    Statement& operator=(Statement&&) = delete;
+    Statement(const Statement&) = delete;
+    Statement& operator=(const Statement&) = delete;
+    ~Statement();
+
+    /// Binds parameter `index` (from 1).
+    void Bind(int index, const Value& value);
+
+    /// Moves to the next row; false at the end. Raises Store_Error.
+    bool Step();
+
+    /// Makes the statement ready to run again with other parameters.
+    void Reset();
+
+    [[nodiscard]] bool Is_Null(int column) const;
+    [[nodiscard]] double Double_At(int column) const;
+    [[nodiscard]] std::int64_t Integer_At(int column) const;
+    [[nodiscard]] std::string_view Text_At(int column) const;
+    [[nodiscard]] Value Value_At(int column) const;
+    [[nodiscard]] int Column_Count() const;
+    [[nodiscard]] std::string Column_Name(int column) const;
+
+  private:
+    friend class Connection;
+    Statement(const Connection& owner, std::string_view engine_sql);
+
+    const Connection* connection;
+    sqlite3_stmt* handle = nullptr;
+};
+
+/// The rows of a query with a cursor: end test, fields by name (ASCII letters without regard to case),
+/// assignment, new rows, search. Changes of a row reach the store with Update, one row at a time. The rows
+/// are those at opening; a connection must outlive its recordsets.
+class Recordset {
+  public:
+    [[nodiscard]] bool Eof() const { return position >= rows.size(); }
+    void Move_First();
+    void Move_Next();
+
+    /// Moves to the first row from the top whose numeric field equals `number`; else to the end.
+    bool Find(std::string_view column, std::int64_t number);
+
+    /// The same with a criterion text such as `建設科目CD=179` or `科目分類識別= 'Rds'`.
+    bool Find(std::string_view criterion);
+
+    /// The field of the current row. Raises Store_Error (missing column) for an unknown name.
+    [[nodiscard]] const Value& operator[](std::string_view column) const;
+    [[nodiscard]] const Value& At(int column) const { return Row()[static_cast<std::size_t>(column)]; }
+
+    /// Assigns a field of the current (or the added) row; Update stores it.
+    void Set(std::string_view column, Value value);
+
+    /// Starts a new row with all fields Null.
+    void Add_New();
+
+    /// Stores the assigned fields of the current or the added row.
+    void Update();
+
+    /// Gives the rows back; the recordset is at its end afterwards.
+    void Close();
+
+    [[nodiscard]] std::size_t Count() const { return rows.size(); }
+    [[nodiscard]] const std::vector<std::string>& Columns() const { return columns; }
+
+    /// The place of a column. Raises Store_Error (missing column).
+    [[nodiscard]] int Column(std::string_view name) const;
+
+  private:
+    friend class Connection;
+    Recordset(const Connection& owner, std::string_view sql);
+
+    void Move_To(std::size_t place);
+    [[nodiscard]] const std::vector<Value>& Row() const;
+
+    const Connection* connection;
+    std::string table;
+    std::vector<std::string> columns;
+    std::vector<std::int64_t> row_ids;
+    std::vector<std::vector<Value>> rows;
+    std::vector<int> changed;
+    std::size_t position = 0;
+    bool adding = false;
+};
+
+/// One open store. Texts of SQL are in the program's dialect (see sql_dialect.h).
+class Connection {
+  public:
+    /// Scratch is for a draft that is thrown away when its maker fails: no flushes, no journal file.
+    enum class Mode { Read_Only, Read_Write, Scratch };
+
+    /// Opens an existing store and verifies the key. Raises Store_Error; a missing file is not created.
+    Connection(const std::filesystem::path& file, const Store_Key& key, Mode mode = Mode::Read_Write);
+
+    /// Makes a new, empty store. Raises Store_Error where the file exists.
+    static Connection Create(const std::filesystem::path& file, const Store_Key& key);
+
+    Connection(Connection&&) noexcept = default;
+    Connection& operator=(Connection&&) noexcept = default;
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+    ~Connection() = default;
+
+    /// Runs a statement without a result; `parameters` are bound to its ?s in order.
+    void Execute(std::string_view sql, std::span<const Value> parameters = {}) const;
+
+    /// Opens a result with a cursor.
+    [[nodiscard]] Recordset Open(std::string_view sql) const;
+
+    /// Prepares a statement to be read forward or run many times.
+    [[nodiscard]] Statement Prepare(std::string_view sql) const;
+
+    /// Closes the store; the object must not be used afterwards.
+    void Close();
+
+    [[nodiscard]] const std::filesystem::path& File() const { return file; }
+
+    /// Raises the Store_Error of an engine result code for this store.
+    [[noreturn]] void Throw(int code, const std::string& doing) const;
+
+  private:
+    struct Closer {
+        void operator()(sqlite3* store) const;
+    };
+    Connection(std::filesystem::path path, const Store_Key& key, Mode mode, int engine_flags);
+    void Set_Up(const Store_Key& key, Mode mode) const;
+
+    friend class Statement;
+    std::filesystem::path file;
+    std::unique_ptr<sqlite3, Closer> handle;
+};
+
+/// Statements that belong together: all of them are kept by Commit, none when the object goes without it.
+class Transaction {
+  public:
+    explicit Transaction(const Connection& owner);
+    Transaction(const Transaction&) = delete;
+    Transaction& operator=(const Transaction&) = delete;
+    ~Transaction();
+
+    void Commit();
+
+  private:
+    const Connection* connection;
+    bool open = true;
+};
+
+} // namespace morvane

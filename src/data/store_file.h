@@ -1,0 +1,75 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#pragma once
+
+#include "data/store_key.h"
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+namespace morvane {
+
+/// The file `name` in `folder`, found without regard to the case of ASCII letters; the given spelling where
+/// nothing matches.
+std::filesystem::path Find_File(const std::filesystem::path& folder, std::string_view name);
+
+/// Reads every page of a store with the key. Raises Store_Error where it does not open or verify.
+void Verify_Store(const std::filesystem::path& store, const Store_Key& key);
+
+/// A file about to be replaced: the new content stands beside the target, complete and flushed to disk, and
+/// Commit renames it over. Until then, and when the object goes without Commit, the target is as it was.
+class File_Replacement {
+  public:
+    /// The new content is a copy of the store `source`, verified with the key. An interrupted write in the
+    /// source is rolled back first. Raises Store_Error.
+    static File_Replacement With_Store(const std::filesystem::path& source,
+                                       const std::filesystem::path& target, const Store_Key& key);
+
+    /// The new content is `text`.
+    static File_Replacement With_Text(std::string_view text, const std::filesystem::path& target);
+
+    File_Replacement(File_Replacement&& other) noexcept;
+    File_Replacement& operator=(File_Replacement&&) = delete;
+    File_Replacement(const File_Replacement&) = delete;
+    File_Replacement& operator=(const File_Replacement&) = delete;
+    ~File_Replacement();
+
+    /// The new content before Commit, for changes that belong to it.
+    [[nodiscard]] const std::filesystem::path& Draft() const { return temporary; }
+
+    /// Puts the new content in place. The former file is kept until the object goes, for Undo. Where it fails the
+    /// target is as it was, unless the way back fails too.
+    void Commit();
+
+    /// Puts the former file back (or removes the new one where there was none). Nothing where nothing stands in
+    /// its place.
+    void Undo();
+
+  private:
+    explicit File_Replacement(std::filesystem::path target_file);
+    void Keep_Former();
+
+    std::filesystem::path target;
+    std::filesystem::path temporary;
+    std::filesystem::path former;
+    bool committed = false;
+};
+
+/// Copies a store over another one: written beside the target, verified, renamed. Raises Store_Error.
+void Copy_Store(const std::filesystem::path& source, const std::filesystem::path& target,
+                const Store_Key& key);
+
+/// Writes a small text file whole: beside the target first, then renamed. Raises Store_Error.
+void Write_Text_File(const std::filesystem::path& target, std::string_view text);
+
+/// Reads a small text file. Raises Store_Error.
+std::string Read_Text_File(const std::filesystem::path& file);
+
+/// Renames a store that is closed, with its flush to disk; an interrupted write in it is rolled back first.
+/// Raises Store_Error; an existing target is refused.
+void Rename_Store(const std::filesystem::path& from, const std::filesystem::path& to, const Store_Key& key);
+
+/// Removes a store. Raises Store_Error.
+void Remove_Store(const std::filesystem::path& store);
+
+} // namespace morvane

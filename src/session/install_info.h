@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <map>
+#include <optional>
+#include <string>
+
+namespace morvane {
+
+/// The settings of an installation, kept as a JSON file beside the stores. Keys are the Japanese names below.
+struct Install_Info {
+    std::uint8_t kanri_flg = 0; ///< 管理者識別: 11 many companies (an adviser's office), else a single one
+    std::string user_id;        ///< UserID
+    std::string tiiki_cd;       ///< 地域CD: its first two characters are the edition
+    std::string todofuken_mei;    ///< 都道府県名: 北海道 or 全国
+    std::int16_t hojin_kojin = 1; ///< 法人個人識別: 1 corporation, 2 individual
+    std::int16_t syori_ki = 0;    ///< 処理決算期
+    std::int32_t kanri_no = 0;    ///< 管理No
+    std::string office_name;      ///< 事業所名
+    std::string net_check_host;   ///< 接続確認先: host[:port] that the connection test reaches
+    /// Further columns of the company record by their store names (text or number as text); absent means
+    /// Null.
+    std::map<std::string, std::string> optional_columns;
+};
+
+/// The name of the settings file in an installation folder.
+inline constexpr const char* install_info_file = "install_info.json";
+
+/// Reads the settings of an installation. Raises Store_Error where the file is missing or cannot be read as
+/// such.
+Install_Info Read_Install_Info(const std::filesystem::path& app_path);
+
+/// Writes the settings, whole or not at all. Raises Store_Error.
+void Write_Install_Info(const std::filesystem::path& app_path, const Install_Info& info);
+
+} // namespace morvane

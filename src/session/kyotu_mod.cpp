@@ -1,0 +1,131 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "session/kyotu_mod.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <netdb.h>
+#include <poll.h>
+#include <spawn.h>
+#include <sys/socket.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+extern char** environ;
+
+namespace morvane {
+
+std::string Comma_Str(const Value& value) {
+    std::string text = value.As_Text();
+    if (text.empty()) {
+        return text;
+    }
+    const bool negative = text.front() == '-';
+    if (negative) {
+        text.erase(0, 1);
+    }
+    const auto point = text.find('.');
+    const std::string decimals = point == std::string::npos ? std::string() : text.substr(point);
+    text.resize(point == std::string::npos ? text.size() : point);
+    const std::string sign = negative ? "-" : "";
+    if (text.size() <= 3) {
+        return sign + text;
+    }
+    std::string grouped = text.substr(0, text.size() % 3);
+    for (std::size_t at = text.size() % 3; at < text.size(); at += 3) {
+        grouped += (grouped.empty() ? "" : ",") + text.substr(at, 3);
+    }
+    return sign + grouped + decimals;
+}
+
+bool QandA_Flag(const Session& session, int screen_no) {
+    const Connection cn = Cn_Open(session);
+    const Recordset rs = cn.Open("SELECT * FROM QandA WHERE 決算期=" + std::to_string(session.Syori_Ki) +
+                                 " And QNo=" + std::to_string(screen_no) + ";");
+    return !rs.Eof() && !(rs["質問"].Is_Null() && rs["アドバイス"].Is_Null());
+}
+
+double Kamoku_Get(int code, Recordset& rows) {
+    return rows.Find("建設科目CD", code) ? rows["金額"].As_Double() : 0.0;
+}
+
+double Yoso_Get(int code, Recordset& rows) {
+    return rows.Find("要素CD", code) ? rows["現状"].As_Double() : 0.0;
+}
+
+std::uint8_t Get_Data_Ver(const Session& session, int period) {
+    const Connection cn = Cn_Open(session);
+    const std::string of_period =
+        "SELECT * FROM Ks_Zaihyo WHERE 決算期=" + std::to_string(period) + " AND 建設科目CD=";
+    const Recordset marker = cn.Open(of_period + "99;");
+    std::int64_t form = session.Is_Hokkaido() ? 52 : 51;
+    if (!marker.Eof()) {
+        form = marker["並び順"].As_Integer(2);
+    }
+    if (session.Is_Hokkaido()) {
+        if (form == 1 || (form == 2 && cn.Open(of_period + "552;").Eof())) {
+            form = 53;
+        }
+    }
+    return static_cast<std::uint8_t>(form);
+}
+
+bool Url_Open(const std::string& address) {
+    if (!address.starts_with("http://") && !address.starts_with("https://") &&
+        !address.starts_with("file:///")) {
+        return false;
+    }
+    std::string program = "xdg-open";
+    std::string argument = address;
+    char* const arguments[] = {program.data(), argument.data(), nullptr};
+    pid_t child = 0;
+    if (posix_spawnp(&child, program.c_str(), nullptr, nullptr, arguments, environ) != 0) {
+        return false;
+    }
+    int status = 0;
+    return waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+namespace {
+
+bool Connects(const addrinfo& target, int timeout_ms) {
+    const int descriptor =
+        socket(target.ai_family, target.ai_socktype | SOCK_NONBLOCK | SOCK_CLOEXEC, target.ai_protocol);
+    if (descriptor < 0) {
+        return false;
+    }
+    bool reached = connect(descriptor, target.ai_addr, target.ai_addrlen) == 0;
+    if (!reached && errno == EINPROGRESS) {
+        pollfd wait{descriptor, POLLOUT, 0};
+        int error = 1;
+        socklen_t size = sizeof error;
+        reached = poll(&wait, 1, timeout_ms) == 1 &&
+                  getsockopt(descriptor, SOL_SOCKET, SO_ERROR, &error, &size) == 0 && error == 0;
+    }
+    close(descriptor);
+    return reached;
+}
+
+} // namespace
+
+std::string Net_Check(const std::string& host, int timeout_ms) {
+    const auto colon = host.rfind(':');
+    const std::string name = host.substr(0, colon);
+    const std::string port = colon == std::string::npos ? "443" : host.substr(colon + 1);
+    if (name.empty()) {
+        return "0";
+    }
+    addrinfo hints{};
+    hints.ai_socktype = SOCK_STREAM;
+    addrinfo* list = nullptr;
+    if (getaddrinfo(name.c_str(), port.c_str(), &hints, &list) != 0) {
+        return "0";
+    }
+    bool reached = false;
+    for (const addrinfo* target = list; target != nullptr && !reached; target = target->ai_next) {
+        reached = Connects(*target, timeout_ms);
+    }
+    freeaddrinfo(list);
+    return reached ? "1" : "0";
+}
+
+} // namespace morvane

@@ -1,0 +1,39 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#pragma once
+
+#include "data/connection.h"
+#include "session/session.h"
+
+#include <cstdint>
+#include <string>
+
+namespace morvane {
+
+/// An amount as text with a comma after each group of three digits. Null and an empty text give an empty
+/// text. A whole part of up to three digits comes back without its decimals (999.5 gives 999); longer ones
+/// keep them.
+std::string Comma_Str(const Value& value);
+
+/// Whether the screen `screen_no` has a note in the period in hand: a row whose question or advice is not
+/// Null.
+bool QandA_Flag(const Session& session, int screen_no);
+
+/// 金額 (yen) of account `code` in an open statement result; 0 for a missing row or Null.
+double Kamoku_Get(int code, Recordset& rows);
+
+/// 現状 of element `code` in an open element result; 0 for a missing row or Null.
+double Yoso_Get(int code, Recordset& rows);
+
+/// The data form of period `period`: 並び順 of its marker row 99 (Null reads 2); without the row 51, in the
+/// Hokkaido edition 52. There a form 2 without a row 552, and a form 1, read 53.
+std::uint8_t Get_Data_Ver(const Session& session, int period);
+
+/// Opens an address with the desktop's default program, without a shell. Only web addresses (http, https) and
+/// local help files (file) are accepted; false where the address is refused or nothing could be started.
+bool Url_Open(const std::string& address);
+
+/// Tests by a TCP connection whether `host` (host or host:port, port 443 by default) can be reached. "1"
+/// reached, "0" not, also for an empty host.
+std::string Net_Check(const std::string& host, int timeout_ms = 3000);
+
+} // namespace morvane

@@ -1,0 +1,81 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#pragma once
+
+#include "data/connection.h"
+#include "data/store_key.h"
+#include "session/install_info.h"
+#include "session/messages.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+
+namespace morvane {
+
+/// Multi-company mode's value of 管理者識別.
+inline constexpr std::uint8_t multi_company_mode = 11;
+
+/// The state of one run of the program. Made once at start and handed down by reference; every value is
+/// changed only by the routines named beside it.
+struct Session {
+    /// The password of the delivered stores.
+    static constexpr const char* default_password = "vrdqn52";
+
+    std::string Db_Pass;            ///< store password, the first value set
+    Store_Key Db_Key;               ///< the key derived from it, once
+    std::filesystem::path App_Path; ///< folder that holds the stores
+    std::filesystem::path
+        Work_Store; ///< the working store; Morvane.dat of App_Path unless a tool builds elsewhere
+    bool Work_Is_Scratch = false; ///< the working store is a tool's own draft: written without flushes
+
+    std::uint8_t Kanri_Flg = 0;   ///< 11 multi-company mode, else single
+    std::string User_ID;          ///< id of the installation
+    std::string Tiiki_CD;         ///< edition: "01" Hokkaido, "13" national
+    std::string Todofuken_Mei;    ///< name of the edition
+    std::string Office_Name;      ///< name of the office or of the firm
+    std::int32_t Kanri_No = 0;    ///< company in hand, 0 none
+    std::string Jigyo_Name;       ///< its name, empty none
+    std::int16_t Hojin_Kojin = 1; ///< 1 corporation, 2 individual
+    std::int16_t Syori_Ki = 0;    ///< period in hand
+    std::int16_t Tani_Kbn = 1;    ///< display unit of statements: 1 yen, 2 thousand, other million
+    std::uint8_t Data_Ver = 0;    ///< data form of the period in hand (Get_Data_Ver)
+    std::uint8_t Simyu_Kubun =
+        0;                 ///< law year of the period in hand: 1 2008, 2 2011, 3 2012, 4 2015 and later
+    bool Edit_Flg = false; ///< a screen opened from the menu is still open
+
+    std::uint8_t Sim_Mode = 1;  ///< 1 current state, 2 improvement, 3 other firm, 4 prior period
+    std::uint8_t Menu_Mode = 1; ///< as Sim_Mode; the statement screens set it alone
+    std::uint8_t Screen_No = 0; ///< number of the open screen, also the QNo of its note
+    std::string Screen_Title;
+    std::string Sim_Title;
+    std::string Zaihyo_Table = "Ks_Zaihyo";
+    std::string Ip_Class;
+    std::int16_t Kamoku_From = 0; ///< account range of the statement screen
+    std::int16_t Kamoku_To = 0;
+    std::int16_t Kamoku_Cnt = -1; ///< visible rows of the range less 1
+
+    Messages* messages = nullptr; ///< where notices and questions go
+
+    [[nodiscard]] bool Is_Multi() const { return Kanri_Flg == multi_company_mode; }
+    [[nodiscard]] bool Is_Hokkaido() const { return Tiiki_CD == "01"; }
+    [[nodiscard]] bool Is_Corporation() const { return Hojin_Kojin == 1; }
+};
+
+/// A session on the installation in `app_path`: password and key, Install_Info read into it, unit yen.
+/// Raises Store_Error where the settings cannot be read.
+Session Make_Session(const std::filesystem::path& app_path, Messages& messages,
+                     const std::string& password = Session::default_password);
+
+/// Puts an installation's settings into the session.
+void Take_Install_Info(Session& session, const Install_Info& info);
+
+// The openers: one a store, each raising Store_Error. The connection closes with the object.
+Connection Cn_Open(const Session& session);       ///< the working store
+Connection Cn_Open_Tmp(const Session& session);   ///< morv_tmp.dat, read only
+Connection Cn_Open_Jgmas(const Session& session); ///< the company register
+Connection Cn_Open_Org(const Session& session);   ///< morv_org.dat, read only
+
+/// Shows a box; a session without a port raises std::logic_error.
+Answer Show_Message(const Session& session, const Message_Box& box);
+
+} // namespace morvane

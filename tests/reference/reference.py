@@ -1,0 +1,955 @@
+# SPDX-FileCopyrightText: The Morvane developers
+"""Reference calculation of the Management Item Review (建設業法 第27条の23).
+
+Reads case files and writes the morvane-score JSON. It shares no code with the
+engine and is built for legibility: the score of a firm is found by replaying
+what the screens do until nothing changes any more.
+
+    reference.py CASE.json... [--period K] [--scenario genjo|kaizen|1|2|3] [-o OUT.json]
+
+A folder given in place of a file stands for all its *.json files.
+Exit status: 0 all scored, 1 some company failed, 2 bad arguments or bad case.
+"""
+
+import argparse
+import csv
+import datetime
+import json
+import math
+import pathlib
+import struct
+import sys
+
+HERE = pathlib.Path(__file__).resolve().parent
+
+LINES = 34           # work types per period
+SCORED = 32          # lines 0 to 31 carry scores
+COMBINED = 32        # と・解: never holds a figure
+OTHER = 33           # その他: amounts and averages, no scores
+SUB_LINES = (1, 6, 13)   # parts of 010, 050 and 110, left out of the totals
+
+LINE_NAMES = (
+    "土木一式", "ﾌﾟﾚｽﾄﾚｽﾄｺﾝｸﾘｰﾄ", "建築一式", "大工", "左官", "とび･土工･ｺﾝｸﾘｰﾄ", "法面処理", "石",
+    "屋根", "電気", "管", "ﾀｲﾙ･れんが･ﾌﾞﾛｯｸ", "鋼構造物", "鋼橋上部", "鉄筋", "ほ装", "しゅんせつ",
+    "板金", "ガラス", "塗装", "防水", "内装仕上", "機械器具設置", "熱絶縁", "電気通信", "造園",
+    "さく井", "建具", "水道施設", "消防施設", "清掃施設", "解体", "と・解", "その他")
+
+# The twenty columns of a scenario. 技術者6 came later and is in no copy.
+FAMILY = (
+    "完工高前々期", "完工高前期", "完工高前平均", "完工高基準", "完工高平均", "評点X1",
+    "技術者1", "技術者2", "技術者3", "技術者4", "技術者5", "評点Z1",
+    "元請完工高前々期", "元請完工高前期", "元請完工高前平均", "元請完工高基準", "元請完工高平均",
+    "評点Z2", "評点Z", "総合評点P")
+SIXTH = "技術者6"
+
+OWN = ("完工高前々期", "完工高前期", "完工高基準")
+OWN_STORED = ("完工高前々期", "完工高前期", "完工高前平均", "完工高基準", "完工高平均")
+PRIME = tuple("元請" + c for c in OWN)
+PRIME_STORED = tuple("元請" + c for c in OWN_STORED)
+SCORES = ("評点X1", "評点Z1", "評点Z2", "評点Z", "総合評点P")
+
+PREFIX = {"genjo": "", "kaizen": "改0", "1": "改1", "2": "改2", "3": "改3"}
+ELEMENT_COLUMN = {"genjo": "現状", "kaizen": "改善後0"}
+
+
+class CaseError(Exception):
+    """The case file cannot be taken in."""
+
+
+class ScoreError(Exception):
+    """The score of this company cannot be formed."""
+
+
+# ---------------------------------------------------------------- numbers
+
+def f32(x):
+    """Store a value in single precision."""
+    try:
+        return struct.unpack("<f", struct.pack("<f", x))[0]
+    except OverflowError:
+        raise ScoreError("単精度の桁あふれ") from None
+
+
+def shortest(x):
+    """The shortest decimal that gives this single, as a JSON number."""
+    for digits in range(1, 10):
+        y = float("%.*g" % (digits, x))
+        if f32(y) == x:
+            return y
+    return x
+
+
+def i32(n):
+    if not -2**31 <= n < 2**31:
+        raise ScoreError("32ビット整数の桁あふれ: %s" % n)
+    return n
+
+
+def i16(n):
+    if not -2**15 <= n < 2**15:
+        raise ScoreError("16ビット整数の桁あふれ: %s" % n)
+    return n
+
+
+def add32(*terms):
+    total = 0
+    for t in terms:
+        total = i32(total + i32(t))
+    return total
+
+
+def add16(*terms):
+    total = 0
+    for t in terms:
+        total = i16(total + i16(t))
+    return total
+
+
+def to_int(v):
+    """A stored figure as an integer; the store keeps whole numbers in doubles."""
+    return 0 if v is None else int(math.floor(v + 0.5)) if isinstance(v, float) else v
+
+
+def thousands(yen):
+    """Yen to thousand yen, cut toward zero: 999 and -999 yen are both 0."""
+    if yen is None:
+        return 0
+    if isinstance(yen, float):
+        return i32(int(yen / 1000))
+    return i32(-(-yen // 1000) if yen < 0 else yen // 1000)
+
+
+def half(a, b):
+    """Floor of the mean."""
+    return add32(a, b) // 2
+
+
+# ---------------------------------------------------------------- data
+
+def read_rows(name):
+    with open(HERE / name, encoding="utf-8", newline="") as f:
+        return list(csv.DictReader(line for line in f if not line.startswith("#")))
+
+
+class Account:
+    __slots__ = ("code", "klass", "summed", "minus", "debit", "entered", "hidden")
+
+    def __init__(self, row):
+        self.code = int(row["code"])
+        self.klass = row["class"]
+        self.summed = row["summed"] == "1"
+        self.minus = row["minus"] == "1"
+        self.debit = row["debit"] == "1"
+        self.entered = row["entered"] == "1"
+        self.hidden = {True: row["hidden_corp"] == "1", False: row["hidden_ind"] == "1"}
+
+
+def load_charts():
+    charts = {}
+    for row in read_rows("chart.csv"):
+        account = Account(row)
+        charts.setdefault(row["edition"], {})[account.code] = account
+    return charts
+
+
+class Table:
+    """A statutory score table: linear bands over integers, constant at the top."""
+
+    def __init__(self):
+        self.bands = []
+        self.top = None
+
+    def points(self, value):
+        if value < 0:
+            return 0
+        if value >= self.top[0]:
+            return self.top[1]
+        for low, mul, div, add in reversed(self.bands):
+            if value >= low:
+                return i16(i32(value * mul) // div + add)
+        raise AssertionError("table does not start at 0")
+
+
+def load_tables():
+    tables = {}
+    for row in read_rows("tables.csv"):
+        table = tables.setdefault(row["table"], Table())
+        if row["to"]:
+            table.bands.append(tuple(int(row[k]) for k in ("from", "mul", "div", "add")))
+        else:
+            table.top = (int(row["from"]), int(row["add"]))
+    return tables
+
+
+CHARTS = load_charts()
+TABLES = load_tables()
+
+
+# ---------------------------------------------------------------- statements
+
+class Statement:
+    """The account rows of one period, one mapping per amount column."""
+
+    def __init__(self, edition, corporation):
+        self.edition = edition
+        self.corporation = corporation
+        self.chart = CHARTS[edition]
+        self.amount = dict.fromkeys(self.chart)
+        self.debit = dict.fromkeys(self.chart)
+        self.credit = dict.fromkeys(self.chart)
+        self.balance = dict.fromkeys(self.chart)
+
+    def totals(self):
+        """Totals of the current amounts; lines the firm type does not have stay out."""
+        self._cascade(self.amount, shown_only=True, journal=False)
+
+    def totals_after_journal(self):
+        """Balances after the improvement journal, then their totals; every line counts."""
+        for code, account in self.chart.items():
+            g = self.amount[code] or 0
+            k = self.debit[code] or 0
+            s = self.credit[code] or 0
+            if code == 273:
+                self.balance[code] = -g + k - s
+            elif account.debit:
+                self.balance[code] = g + k - s
+            else:
+                self.balance[code] = g - k + s
+        for column in (self.debit, self.credit, self.balance):
+            self._cascade(column, shown_only=False, journal=True)
+
+    def _class_sums(self, column, shown_only):
+        sums = {}
+        for code, account in self.chart.items():
+            if not account.summed or (shown_only and account.hidden[self.corporation]):
+                continue
+            v = column[code]
+            if v is None:
+                continue
+            sums[account.klass] = sums.get(account.klass, 0) + (-v if account.minus else v)
+        return sums
+
+    def _cascade(self, column, shown_only, journal):
+        north = self.edition == "01"
+
+        def put(code, v):
+            if code in column:
+                column[code] = v
+
+        def row(code):
+            return column.get(code) or 0
+
+        # Totals that are themselves lines of another class come first.
+        sums = self._class_sums(column, shown_only)
+        if north:
+            put(534, sums.get("Kgu", 0))
+            put(579, sums.get("Kgu", 0))
+        h = sums.get("SguH", 0)
+        t = h + sums.get("SguT", 0)
+        put(726, h)
+        put(702, t)
+        put(728, t)
+
+        sums = self._class_sums(column, shown_only)
+
+        def c(klass):
+            return sums.get(klass, 0)
+
+        # Balance sheet.
+        put(129, c("Rds"))
+        put(149, c("Yks"))
+        put(159, c("Mks"))
+        put(178, c("Tst"))
+        fixed = c("Yks") + c("Mks") + c("Tst")
+        put(179, fixed)
+        assets = c("Rds") + fixed
+        if self.corporation:
+            assets += c("Kns")
+            put(189, c("Kns"))
+        put(199, assets)
+        put(229, c("Rdf"))
+        put(248, c("Ktf"))
+        debts = c("Rdf") + c("Ktf")
+        put(249, debts)
+        if self.corporation:
+            # Retained earnings are the remainder that makes the sheet balance.
+            x = assets - debts - c("Hjk") - c("Rjk") - c("Jsg") - c("Hks") - c("Skabu")
+            put(281, x)
+            put(269, row(260) + row(268))
+            p = c("Rjk") + x
+            put(289, p)
+            q = p + c("Hjk") + c("Jsg")
+            put(298, q)
+            put(303, c("Hks"))
+            s = q + c("Hks") + c("Skabu")
+            put(319, s)
+            put(399, s + debts)
+        else:
+            capital = row(250) + row(251) - row(273)
+            x = assets - debts - capital
+            put(281, x)
+            put(319, x + capital)
+            put(399, debts + capital + x)
+
+        # Income statement.
+        cost = c("Kkg")
+        side = c("KugG") + c("KugT")
+        put(539, cost)
+        if north:
+            put(401, cost)
+            work = c("Kku") - cost
+            if not journal:
+                put(409, work)
+            put(411, side)
+            rest = c("Knu") - side
+        else:
+            put(403, cost)
+            work = c("Kku_u") - cost
+            put(417, work)
+            put(413, side)
+            rest = c("Knu_u") - side
+        put(418, rest)
+        z = work + rest
+        put(419, z)
+        if not north:
+            put(402, row(400) + row(401))
+            put(414, row(403) + row(413))
+        put(468, c("Ipk"))
+        z -= c("Ipk")
+        put(469, z)
+        put(479, c("Egs"))
+        put(488, c("Egh"))
+        z += c("Egs") - c("Egh")
+        put(489, z)
+        if self.corporation:
+            put(499, c("Tbr"))
+            put(509, c("Tbs"))
+            z += c("Tbr") - c("Tbs")
+            put(510, z)
+            z -= c("SesT")
+            put(519, z)
+        else:
+            put(529, z)
+        put(703, c("KugG"))
+        put(705, side)
+        put(726, c("SguH"))
+        put(728, c("SguH") + c("SguT"))
+
+    def take_prior(self, earlier, years_back, given):
+        """Fill the prior-period lines that were not given from an earlier period.
+
+        Allowance and depreciation come from the lines of the national form on
+        both editions; a Hokkaido firm keys these in by hand.
+        """
+        shared = (101, 103, 106, 107, 114, 177, 200, 201, 210 if earlier.edition == "01" else 209)
+        if years_back == 1:
+            sources = shared + (319, 399, 436, 469, 489, 511, 536, 724, 729, 281)
+            first = 820
+        else:
+            sources = shared
+            first = 800
+        for i, source in enumerate(sources):
+            code = first + i
+            if code not in given:
+                v = earlier.amount.get(source) or 0
+                self.amount[code] = v
+                self.balance[code] = v
+
+
+# ---------------------------------------------------------------- Y
+
+def points_y(column, edition, corporation):
+    """Y (経営状況評点) with its eight indicators, rates and points A."""
+
+    def k(*codes):
+        return add32(*(thousands(column.get(code)) for code in codes))
+
+    north = edition == "01"
+    fixed, current_debt, fixed_debt = k(179), k(229), k(248)
+    retained = k(289) if corporation else k(319)
+    equity, assets, assets_before = k(319), k(399), k(830)
+    sales = k(400, 410) if north else k(402)
+    gross, received, paid, ordinary = k(419), k(470), k(480), k(489)
+
+    w = [k(833), k(831, 835, 836, 837), k(436, 552 if north else 536, 724, 729), k(834), k(511),
+         k(804, 805), k(824, 825), k(115 if north else 114, 177),
+         k(800, 801), k(820, 821), k(101, 103),
+         k(806, 807), k(826, 827), k(200, 201),
+         k(802, 803), k(822, 823), k(106, 107),
+         k(808), k(828), k(210 if north else 209)]
+
+    def flow(profit, depreciation, tax, i):
+        # i: index of the earlier of the two allowance figures; the other pairs follow at +3
+        return add32(profit, depreciation, -tax,
+                     -add32(w[i], -w[i + 1]), add32(w[i + 3], -w[i + 4]),
+                     -add32(w[i + 6], -w[i + 7]), add32(w[i + 9], -w[i + 10]),
+                     -add32(w[i + 12], -w[i + 13]))
+
+    flow_before = flow(w[0], w[1], w[3], 5)
+    flow_now = flow(ordinary, w[2], w[4], 6)
+
+    def percent(num, den):
+        return f32(math.floor(num / den * 100000 + 0.501) / 100000 * 100)
+
+    def thousandths(v):
+        return f32(math.floor(v * 1000 + 0.501) / 1000)
+
+    def limit(v, low, high):
+        low, high = f32(low), f32(high)
+        return high if v >= high else low if v <= low else v
+
+    interest = add32(paid, -received)
+    x1 = limit(percent(interest, sales) if sales else f32(5.1), -0.3, 5.1)
+    debt = add32(current_debt, fixed_debt)
+    month = sales / 12.0
+    x2 = limit(thousandths(debt / month) if sales else f32(18.0), 0.9, 18.0)
+    mean_assets = f32(add32(assets_before, assets) / 2)
+    if mean_assets <= 30000:
+        mean_assets = 30000.0
+    x3 = limit(percent(gross, mean_assets), 6.5, 63.6)
+    x4 = limit(percent(ordinary, sales) if sales else f32(-8.5), -8.5, 5.1)
+    x5 = limit(percent(equity, fixed) if fixed else f32(-76.5), -76.5, 350.0)
+    # Without capital the equity ratio is 0, not its lower limit.
+    x6 = limit(percent(equity, assets) if assets else 0.0, -68.6, 68.5)
+    x7 = limit(thousandths(f32(add32(flow_before, flow_now) / 2) / 100000), -10.0, 15.0)
+    x8 = limit(thousandths(retained / 100000), -3.0, 100.0)
+    x = [x1, x2, x3, x4, x5, x6, x7, x8]
+
+    rates = [abs((x1 - 5.1) / -5.4) * 100, abs((x2 - 18.0) / 17.1) * 100,
+             abs((x3 - 6.5) / 57.1) * 100, abs((8.5 + x4) / 13.6) * 100,
+             abs((76.5 + x5) / 426.5) * 100, abs((68.6 + x6) / 137.1) * 100,
+             abs((x7 + 10.0) / 25.0) * 100, abs((x8 + 3.0) / 103.0) * 100]
+
+    s = (-0.4650 * x1 - 0.0508 * x2 + 0.0264 * x3 + 0.0277 * x4 + 0.0011 * x5
+         + 0.0089 * x6 + 0.0818 * x7 + 0.0172 * x8 + 0.1906)
+    a = f32(math.floor(s * 100 + 0.501) / 100)
+    y = max(0, i16(math.floor(167.3 * a + 583 + 0.501)))
+    return {"X": x, "ritu": [f32(r) for r in rates], "A": a, "Y": y}
+
+
+# ---------------------------------------------------------------- X2
+
+def points_x2(column, edition, basis):
+    """X2 from equity and the mean profit before interest, tax and depreciation."""
+
+    def k(*codes):
+        return add32(*(thousands(column.get(code)) for code in codes))
+
+    equity, equity_before = k(319), k(829)
+    profit = add32(k(469), k(436, 724, 729, 552 if edition == "01" else 536))
+    profit_before = add32(k(832), k(831, 835, 836, 837))
+    jiko = equity if basis == 1 else half(equity, equity_before)
+    rieki = half(profit, profit_before)
+    x2_1 = TABLES["X2_1"].points(max(0, jiko))
+    x2_2 = TABLES["X2_2"].points(max(0, rieki))
+    return {"Jiko": jiko, "Jiko_Used": max(0, jiko), "Rieki": rieki, "Rieki_Used": max(0, rieki),
+            "X2_1": x2_1, "X2_2": x2_2, "X2": max(454, add16(x2_1, x2_2) // 2)}
+
+
+# ---------------------------------------------------------------- W
+
+def points_w2(years, saisei):
+    if 0 <= years <= 5:
+        points = 0
+    elif 6 <= years <= 34:
+        points = (years - 5) * 2
+    else:
+        points = 60
+    return points - 60 if saisei == 1 else points
+
+
+def points_w5(audit, work, first_class, second_class):
+    """Accounting: audit points and staff points by the size of the completed work."""
+    staff = f32(math.floor((second_class * 0.4 + first_class) * 1000 + 0.09) / 1000)
+    if 0 <= work <= 99999:
+        steps = ((0.4, 10),)
+    elif 100000 <= work <= 999999:
+        steps = ((1.2, 10), (0.8, 8), (0.4, 6))
+    elif 1000000 <= work <= 3999999:
+        steps = ((2.4, 10), (1.6, 8), (1.2, 6), (0.8, 4), (0.4, 2))
+    elif 4000000 <= work <= 14999999:
+        steps = ((4.4, 10), (3.2, 8), (2.4, 6), (1.2, 4), (0.8, 2))
+    elif 15000000 <= work <= 59999999:
+        steps = ((8.8, 10), (6.8, 8), (4.8, 6), (2.8, 4), (1.6, 2))
+    else:
+        steps = ((13.6, 10), (10.8, 8), (7.2, 6), (5.2, 4), (2.8, 2))
+    points = next((p for need, p in steps if staff >= f32(need)), 0)
+    return {1: 2, 2: 10, 3: 20}.get(audit, 0) + points
+
+
+def points_w6(audit, cost_one, cost_two):
+    """Research cost counts only with an accounting auditor."""
+    if audit != 3:
+        return 0
+    a = half(cost_one, cost_two)
+    for need, points in ((10000000, 25), (7500000, 24), (5000000, 23), (3000000, 22), (2000000, 21)):
+        if a >= need:
+            return points
+    if a >= 100000:
+        return a // 100000 + 1
+    return 1 if a >= 50000 else 0
+
+
+def points_w7(machines):
+    if machines <= 0:
+        return 0
+    if machines <= 7:
+        return machines + 4
+    return 12 if machines <= 9 else 13 if machines <= 11 else 14 if machines <= 13 else 15
+
+
+def points_w8(eco, iso9001, iso14001):
+    if iso14001 == 1:
+        return 10 if iso9001 == 1 else 5
+    if iso14001 != 0:
+        return 0
+    if eco == 1 and iso9001 == 1:
+        return 8
+    return 5 if iso9001 == 1 else 3 if eco == 1 else 0
+
+
+def points_w10(cpd, engineers, raised, skilled, deducted):
+    """Knowledge and skill. Each intermediate is held in single precision."""
+    weight_one = weight_two = 0.0
+    cpd_points = skill_points = 0
+    if engineers != 0 and cpd != 0:
+        weight_one = f32(engineers / add32(engineers, skilled))
+        c = f32(cpd / engineers)
+        # Exactly 30 units per head is the full mark; above it the table has no row.
+        if c < 30:
+            cpd_points = max(0, math.floor(c / 3))
+        elif c == 30:
+            cpd_points = 10
+    if skilled != 0 and raised != 0:
+        weight_two = f32(skilled / add32(engineers, skilled))
+        rest = add32(skilled, -deducted)
+        r = f32(deducted / rest) if rest else 0.0
+        skill_points = sum(1 for n in range(1, 11) if r >= f32(n * 15 / 1000))
+    v = f32(cpd_points * weight_one + skill_points * weight_two)
+    if v == 10:
+        return 10
+    return math.floor(v) if 0 <= v < 10 else 0
+
+
+def points_wlb(jyosei, jisedai, youth):
+    return max({1: 5, 2: 4, 3: 3, 4: 2}.get(jyosei, 0), {1: 5, 2: 3, 3: 3}.get(jisedai, 0),
+               {1: 4}.get(youth, 0))
+
+
+def points_rireki(kind):
+    return {1: 10, 2: 5, 3: 5, 4: 15, 5: 10}.get(kind, 0)
+
+
+def total_w_2008(parts):
+    return max(0, i16(add16(*parts) * 10))
+
+
+def total_w_2011(parts, end_date):
+    t = i16(add16(*parts) * 10)
+    per_mille = 875 if end_date >= datetime.date(2023, 8, 14) else 950
+    w = abs(t) * per_mille // 1000
+    return i16(-w if t < 0 else w)
+
+
+# ---------------------------------------------------------------- X1, Z, P
+
+def averages(years, a, b, c, both):
+    """Adopted average and adopted previous figure.
+
+    a, b, c: period before last, last period, base period. With `both` the
+    two- and the three-year average are formed whichever is adopted.
+    """
+    def mean(x, y):
+        return (add32(x, y) + 1) // 2
+
+    two = three = prev = None
+    if both or years == 2:
+        two = mean(c, b)
+    if both or years != 2:
+        prev = mean(b, a)
+        three = (2 * add32(c, i32(2 * prev)) + 3) // 6
+    return (two, b, two, three) if years == 2 else (three, prev, two, three)
+
+
+# Factors held in single precision, so that a whole result is not lost to rounding.
+F08, F02, F015 = f32(0.8), f32(0.2), f32(0.15)
+
+
+def points_z(z1, z2):
+    return max(450, i16(math.floor(z1 * F08 + z2 * F02)))
+
+
+def points_p(x1, x2, y, z, w):
+    return i16(math.floor(x1 * 0.25 + x2 * F015 + y * F02 + w * F015 + z * 0.25 + 0.501))
+
+
+# ---------------------------------------------------------------- the screens
+
+class Desk:
+    """One scenario of one period: what is stored, and the screens that rework it."""
+
+    def __init__(self, edition, law, column, y, elements, lines, end_date):
+        self.edition = edition
+        self.law = law
+        self.column = column
+        self.y = y
+        self.elements = elements     # 要素CD -> figure of this scenario's column
+        self.lines = lines           # per 工種CD: unprefixed column -> figure
+        self.end_date = end_date
+        self.x2 = None
+
+    # Readers. A figure above its limit is taken as not entered.
+    LIMITS = {101: 2, 102: 2, 103: 2, 104: 2, 105: 2, 106: 2, 111: 200, 121: 1, 131: 2}
+
+    def element(self, code):
+        v = i32(to_int(self.elements.get(code)))
+        return 0 if v > self.LIMITS.get(code, v) else v
+
+    def score(self, code):
+        return i16(self.element(code))
+
+    def basis(self):
+        return self.element(1) or 1
+
+    def years(self):
+        return self.element(201) or 2
+
+    def settle(self):
+        for _ in range(100):
+            before = (dict(self.elements), [dict(line) for line in self.lines])
+            self.social_screen()
+            self.engineer_screen()
+            self.work_screen()
+            if before == (self.elements, self.lines):
+                return
+        raise ScoreError("計算が収束しません")
+
+    def compute_x2(self):
+        self.x2 = points_x2(self.column, self.edition, self.basis())
+
+    def social_screen(self):
+        """Opening and closing the X2/W screen of the law year."""
+        e, law, read = self.elements, self.law, self.element
+        self.compute_x2()
+        e[1] = self.basis()
+
+        insured = (101, 102) if law < 3 else (101, 102, 103)
+        private = (103, 104, 105) if law < 3 else (104, 105, 106)
+        for code in insured + private + (111, 121, 131, 141, 142, 143, 151, 152):
+            e[code] = read(code)
+        missing = sum(1 for code in insured if read(code) == 0)
+        joined = sum(1 for code in private if read(code) == 1)
+        w1 = joined * 15 - missing * (30 if law < 3 else 40)
+
+        if law >= 4:
+            wlb = points_wlb(read(235), read(236), read(237))
+            rireki = points_rireki(read(238))
+            # Young engineers and knowledge count as the last pass left them.
+            w1 = add16(w1, self.score(224), self.score(227), self.score(233), wlb, rireki)
+            e[240], e[241] = wlb, rireki
+
+        w2 = points_w2(read(111), read(211) if law >= 2 else 0)
+
+        w7 = w8 = 0
+        if law >= 2:
+            for code in (211, 212, 214, 215):
+                e[code] = read(code)
+            machines = points_w7(read(212))
+            # From 2012 on the total takes the machine score that came with the screen.
+            w7 = machines if law == 2 else self.score(213)
+            w8 = points_w8(read(239) if law >= 4 else 0, read(214), read(215))
+            e[213], e[216] = machines, w8
+
+        if law >= 4:
+            e[233] = points_w10(read(228), read(229), read(230), read(231), read(232))
+            staff = read(221)
+            if staff != 0:
+                e[223] = math.floor(read(222) / staff * 100)
+                e[224] = 1 if e[223] >= 15 else 0
+                e[226] = math.floor(read(225) / staff * 100)
+                e[227] = 1 if e[226] >= 1 else 0
+
+        w3 = 20 if read(121) == 1 else 0
+        w4 = {1: -15, 2: -30}.get(read(131), 0)
+        kind = read(201)
+        work = 0 if kind == 0 else read(202) if kind == 2 else read(203)
+        w5 = points_w5(read(141), work, read(142), read(143))
+        w6 = points_w6(read(141), read(151), read(152))
+
+        if law == 1:
+            w = total_w_2008((w1, w2, w3, w4, w5, w6))
+        else:
+            w = total_w_2011((w1, w2, w3, w4, w5, w6, w7, w8), self.end_date)
+        e.update({100: w1, 110: w2, 120: w3, 130: w4, 140: w5, 150: w6, 200: w})
+
+        # The overall scores that stand follow the new X2 and W.
+        for line in self.lines[:SCORED]:
+            if line.get("総合評点P") is not None:
+                line["総合評点P"] = points_p(to_int(line.get("評点X1")), self.x2["X2"], self.y,
+                                           to_int(line.get("評点Z")), w)
+
+    def amounts(self, line, names):
+        return [i32(to_int(line.get(n))) for n in names], any(line.get(n) is not None for n in names)
+
+    def store_amounts(self, line, names, stored, entered, average, previous):
+        """The five amount columns of a line, all empty when nothing was entered."""
+        if entered:
+            a, b, c = (i32(to_int(line.get(n))) for n in names)
+            values = (a, b, previous, c, average)
+        else:
+            values = (None,) * 5
+        line.update(zip(stored, values))
+
+    def engineer_screen(self):
+        """Opening and closing the screen of engineers and prime-contract work."""
+        z2_table = TABLES["Z2A" if self.law < 2 else "Z2B"]
+        self.compute_x2()
+        x2, years, w = self.x2["X2"], self.years(), self.score(200)
+        sums = [0] * 5
+        for index, line in enumerate(self.lines):
+            value = sum(to_int(line.get("技術者%d" % n)) * weight
+                        for n, weight in ((1, 6), (2, 5), (3, 3), (4, 2), (5, 1), (6, 4)))
+            z1 = TABLES["Z1"].points(i32(value))
+            (a, b, c), entered = self.amounts(line, PRIME)
+            average, previous, _, _ = averages(years, a, b, c, both=False)
+            if index not in SUB_LINES:
+                sums = [add32(s, v) for s, v in zip(sums, (a, b, previous, c, average))]
+            z2 = z2_table.points(average)
+            z = points_z(z1, z2)
+            p = points_p(to_int(line.get("評点X1")), x2, self.y, z, w)
+            if index == COMBINED:
+                continue
+            self.store_amounts(line, PRIME, PRIME_STORED, entered, average, previous)
+            if index < SCORED:
+                line.update({"評点Z1": z1, "評点Z2": z2, "評点Z": z, "総合評点P": p})
+
+    def work_screen(self):
+        """Opening and closing the screen of completed work."""
+        law, e = self.law, self.elements
+        x1_table = TABLES["X1A" if law < 2 else "X1B"]
+        z2_table = TABLES["Z2A" if law < 2 else "Z2B"]
+        self.compute_x2()
+        x2, years = self.x2["X2"], self.years()
+        sums = [0] * 6
+        found = []
+        for index, line in enumerate(self.lines):
+            (a, b, c), own = self.amounts(line, OWN)
+            average, previous, two, three = averages(years, a, b, c, both=True)
+            x1 = x1_table.points(average)
+            if index not in SUB_LINES:
+                sums = [add32(s, v) for s, v in zip(sums, (a, b, previous, two, three, c))]
+            (a, b, c), prime = self.amounts(line, PRIME)
+            prime_average, prime_previous, _, _ = averages(years, a, b, c, both=False)
+            z2 = z2_table.points(prime_average)
+            z1 = to_int(line.get("評点Z1"))
+            found.append((own, average, previous, prime, prime_average, prime_previous,
+                          x1, z1, z2, points_z(z1, z2)))
+
+        work = sums[3] if years == 2 else sums[4]
+        w5 = points_w5(self.element(141), work, self.element(142), self.element(143))
+        if law == 1:
+            w2, w7, w8 = self.score(110), 0, 0
+        else:
+            w2 = points_w2(self.element(111), self.element(211))
+            w7, w8 = self.score(213), self.score(216)
+        parts = (self.score(100), w2, self.score(120), self.score(130), w5, self.score(150))
+        if law == 1:
+            total_w_2008(parts)
+        # The closing sum of this screen is the one of the later law years, at every law year.
+        w = total_w_2011(parts + (w7, w8), self.end_date)
+
+        for index, (line, f) in enumerate(zip(self.lines, found)):
+            own, average, previous, prime, prime_average, prime_previous, x1, z1, z2, z = f
+            p = points_p(x1, x2, self.y, z, w)
+            if index == COMBINED:
+                continue
+            self.store_amounts(line, OWN, OWN_STORED, own, average, previous)
+            self.store_amounts(line, PRIME, PRIME_STORED, prime, prime_average, prime_previous)
+            if index < SCORED:
+                line.update(zip(SCORES, (x1, z1, z2, z, p) if own else (None,) * 5))
+        e.update({201: years, 202: sums[3], 203: sums[4], 140: w5, 200: w})
+
+    def result(self):
+        e = self.elements
+
+        def line(index):
+            row = self.lines[index]
+            scored = index < SCORED
+
+            def score(name):
+                return row.get(name) if scored else None
+
+            def figure(name):
+                return row.get(name) if index != COMBINED else None
+            return {"工種CD": index, "工種略": LINE_NAMES[index],
+                    "完工高平均": figure("完工高平均"), "評点X1": score("評点X1"),
+                    "評点Z1": score("評点Z1"), "元請完工高平均": figure("元請完工高平均"),
+                    "評点Z2": score("評点Z2"), "評点Z": score("評点Z"), "総合評点P": score("総合評点P")}
+
+        late = self.law >= 2
+        return {"X2": self.x2,
+                "W": {"W1": e[100], "W2": e[110], "W3": e[120], "W4": e[130], "W5": e[140],
+                      "W6": e[150], "W7": e[213] if late else 0, "W8": e[216] if late else 0,
+                      "W": e[200]},
+                "Kandaka_Gj": [line(i) for i in range(LINES)]}
+
+
+# ---------------------------------------------------------------- cases
+
+class Company:
+    def __init__(self, path):
+        with open(path, encoding="utf-8") as f:
+            case = json.load(f)
+        if case.get("format") != "morvane-case" or case.get("version") != 1:
+            raise CaseError("%s: not a case file" % path)
+        self.path = path
+        self.edition = case["Tiiki_CD"]
+        if self.edition not in CHARTS:
+            raise CaseError("%s: Tiiki_CD %r" % (path, self.edition))
+        self.office = case["Jigyo_mas"]
+        self.corporation = self.office["法人個人識別"] == 1
+        self.periods = {}
+        last = None
+        for period in case["periods"]:
+            k = period["決算期"]
+            if last is not None and k != last + 1:
+                raise CaseError("%s: period %s out of order" % (path, k))
+            last = k
+            self.periods[k] = period
+        self.statements = {}
+        for k, period in self.periods.items():
+            self.statements[k] = self._statement(k, period)
+
+    def _statement(self, k, period):
+        s = Statement(self.edition, self.corporation)
+        given = set()
+        for key, v in period.get("Ks_Zaihyo", {}).items():
+            code = int(key)
+            account = s.chart.get(code)
+            if account is None or not account.entered:
+                raise CaseError("%s: period %s: account %s takes no amount" % (self.path, k, key))
+            entry = v if isinstance(v, dict) else {"金額": v}
+            s.amount[code] = entry.get("金額")
+            s.debit[code] = entry.get("借方")
+            s.credit[code] = entry.get("貸方")
+            if s.amount[code] is not None:
+                given.add(code)
+        s.totals()
+        s.totals_after_journal()
+        for back in (1, 2):
+            if k - back in self.statements:
+                s.take_prior(self.statements[k - back], back, given)
+        return s
+
+    def end_date(self, k):
+        """End of period k; the register holds the Reiwa year of the period in hand."""
+        o = self.office
+        return datetime.date(o["決算期終了年"] + k - o["処理決算期"] + 2018,
+                             o["決算期終了月"], o["決算期終了日"])
+
+    def desk(self, k, scenario):
+        period, statement = self.periods[k], self.statements[k]
+        given_lines = {int(i): line for i, line in period.get("Kandaka_Gj", {}).items()}
+        given_elements = {int(i): v for i, v in period.get("W_Yoso", {}).items()}
+        for i in given_lines:
+            if not 0 <= i < LINES:
+                raise CaseError("%s: work type %s" % (self.path, i))
+
+        def lines(prefix):
+            return [{n: given_lines.get(i, {}).get(prefix + n) for n in FAMILY + (SIXTH,)}
+                    for i in range(LINES)]
+
+        def elements(column):
+            out = {}
+            for code, v in given_elements.items():
+                if isinstance(v, dict):
+                    out[code] = v.get(column)
+                else:
+                    out[code] = v if column == "現状" else None
+            return out
+
+        stored_lines = lines(PREFIX[scenario])
+        stored_elements = elements(ELEMENT_COLUMN.get(scenario, "改善後" + scenario))
+        if scenario != "genjo":
+            untouched = (all(v is None for line in stored_lines for v in line.values())
+                         and all(v is None for v in stored_elements.values()))
+            if untouched and scenario != "kaizen":
+                raise ScoreError("保存値%s はありません" % scenario)
+            if untouched:
+                current = lines("")
+                for i in range(SCORED):
+                    for n in FAMILY:
+                        stored_lines[i][n] = current[i][n]
+                stored_elements = elements("現状")
+
+        if scenario == "genjo":
+            column = statement.amount
+        elif scenario == "kaizen":
+            column = statement.balance
+        else:
+            column = {}      # a case file brings no balances of a saved slot
+        y = points_y(column, self.edition, self.corporation)
+        desk = Desk(self.edition, period["Simyu_Kubun"], column, y["Y"], stored_elements,
+                    stored_lines, self.end_date(k))
+        return desk, y
+
+    def score(self, k, scenario):
+        if k is None:
+            k = self.office["処理決算期"]
+        if k not in self.periods:
+            raise ScoreError("決算期 %s のデータがありません" % k)
+        try:
+            desk, y = self.desk(k, scenario)
+            desk.settle()
+        except (ZeroDivisionError, ValueError, OverflowError) as error:
+            raise ScoreError(str(error)) from None
+        shown = {"X": [shortest(v) for v in y["X"]], "ritu": [shortest(v) for v in y["ritu"]],
+                 "A": shortest(y["A"]), "Y": y["Y"]}
+        return {"管理No": self.office["管理No"], "事業所名": self.office["事業所名"], "決算期": k,
+                "Simyu_Kubun": self.periods[k]["Simyu_Kubun"], "scenario": scenario, "Y": shown,
+                **desk.result()}
+
+
+def case_files(arguments):
+    for name in arguments:
+        path = pathlib.Path(name)
+        if path.is_dir():
+            yield from sorted(path.glob("*.json"))
+        else:
+            yield path
+
+
+def main(argv=None):
+    parser = argparse.ArgumentParser(description="Reference scores of case files.")
+    parser.add_argument("cases", nargs="+", help="case files, or folders of them")
+    parser.add_argument("--period", type=int, help="決算期 (default: 処理決算期)")
+    parser.add_argument("--scenario", choices=sorted(PREFIX), default="genjo")
+    parser.add_argument("-o", "--output", help="file to write (default: standard output)")
+    args = parser.parse_args(argv)
+
+    companies, errors, editions = [], [], set()
+    try:
+        for path in case_files(args.cases):
+            company = Company(path)
+            editions.add(company.edition)
+            if len(editions) > 1:
+                raise CaseError("%s: another edition than the cases before it" % path)
+            try:
+                companies.append(company.score(args.period, args.scenario))
+            except ScoreError as error:
+                errors.append({"管理No": company.office["管理No"], "error": str(error)})
+    except (CaseError, OSError, KeyError, ValueError) as error:
+        print("reference: %s" % error, file=sys.stderr)
+        return 2
+
+    text = json.dumps({"format": "morvane-score", "version": 1, "companies": companies,
+                       "errors": errors}, ensure_ascii=False, indent=1)
+    if args.output:
+        pathlib.Path(args.output).write_text(text + "\n", encoding="utf-8")
+    else:
+        print(text)
+    return 1 if errors else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

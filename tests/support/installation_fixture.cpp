@@ -1,0 +1,167 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "support/installation_fixture.h"
+
+#include "company/data_set.h"
+#include "company/templates.h"
+#include "data/store_file.h"
+#include "session/kidou_ini.h"
+
+#include <array>
+#include <cstdlib>
+
+namespace morvane::tests {
+
+namespace fs = std::filesystem;
+
+Answer Scripted_Messages::Show(const Message_Box& box) {
+    shown.push_back(box);
+    if (answers.empty()) {
+        return box.default_answer;
+    }
+    const Answer answer = answers.front();
+    answers.erase(answers.begin());
+    return answer;
+}
+
+Temporary_Folder::Temporary_Folder() {
+    std::string pattern = (fs::temp_directory_path() / "morvane-test-XXXXXX").string();
+    if (::mkdtemp(pattern.data()) == nullptr) {
+        throw std::runtime_error("no temporary folder");
+    }
+    path = pattern;
+}
+
+Temporary_Folder::~Temporary_Folder() {
+    std::error_code ignored;
+    fs::permissions(path, fs::perms::owner_all, ignored);
+    fs::remove_all(path, ignored);
+}
+
+const Store_Key& Delivered_Key() {
+    static const Store_Key key = Store_Key::Derive(Session::default_password);
+    return key;
+}
+
+Installation::Installation(const std::string& edition, bool multi) {
+    fs::create_directories(folder.path / "data");
+    for (const char* name : Template_Names()) {
+        fs::copy_file(fs::path(MORVANE_TEMPLATES) / name, folder.path / name);
+    }
+    fs::copy_file(fs::path(MORVANE_TEMPLATES) / ("morv_" + edition + ".dat"), folder.path / "Morvane.dat");
+    Write_Kidou_Ini(folder.path, {});
+    Install_Info info;
+    info.kanri_flg = multi ? multi_company_mode : 0;
+    info.tiiki_cd = edition;
+    info.todofuken_mei = edition == "01" ? "北海道" : "全国";
+    Write_Install_Info(folder.path, info);
+
+    session.Db_Pass = Session::default_password;
+    session.Db_Key = Delivered_Key();
+    session.App_Path = folder.path;
+    session.Work_Store = folder.path / "Morvane.dat";
+    session.messages = &messages;
+    Take_Install_Info(session, info);
+}
+
+void Installation::Make_Company(std::int32_t number, std::int16_t hojin_kojin, std::int16_t period) {
+    ASSERT_TRUE(New_Data_Set(session, hojin_kojin, period));
+    const Connection cn = Cn_Open(session);
+    const std::array<Value, 4> values = {number, "見本" + std::to_string(number), hojin_kojin, period};
+    cn.Execute("INSERT INTO Jigyo_mas (管理No, 事業所名, 法人個人識別, 処理決算期, 決算期開始年, 決算期開始月, "
+               "決算期開始日, 決算期終了年, 決算期終了月, 決算期終了日) VALUES (?, ?, ?, ?, 6, 4, 1, 7, 3, 31)",
+               values);
+    session.Kanri_No = number;
+    session.Jigyo_Name = "見本" + std::to_string(number);
+    session.Hojin_Kojin = hojin_kojin;
+    session.Syori_Ki = period;
+    session.Simyu_Kubun = 4;
+}
+
+void Installation::Put_Amounts(const std::map<int, double>& amounts, const std::string& column) {
+    const Connection cn = Cn_Open(session);
+    Transaction transaction(cn);
+    for (const auto& [code, amount] : amounts) {
+        const std::array<Value, 3> values = {amount, session.Syori_Ki, code};
+        cn.Execute("UPDATE Ks_Zaihyo SET [" + column + "] = ? WHERE 決算期=? And 建設科目CD=?", values);
+    }
+    transaction.Commit();
+}
+
+void Installation::Put_Elements(const std::map<int, double>& elements, const std::string& column) {
+    const Connection cn = Cn_Open(session);
+    Transaction transaction(cn);
+    for (const auto& [code, value] : elements) {
+        const std::array<Value, 3> values = {value, session.Syori_Ki, code};
+        cn.Execute("UPDATE W_Yoso SET [" + column + "] = ? WHERE 決算期=? And 要素CD=?", values);
+    }
+    transaction.Commit();
+}
+
+void Installation::Put_Work(int code, const std::map<std::string, double>& figures) {
+    const Connection cn = Cn_Open(session);
+    Transaction transaction(cn);
+    for (const auto& [column, value] : figures) {
+        const std::array<Value, 3> values = {value, session.Syori_Ki, code};
+        cn.Execute("UPDATE Kandaka_Gj SET [" + column + "] = ? WHERE 決算期=? And 工種CD=?", values);
+    }
+    transaction.Commit();
+}
+
+Value Installation::Field(const std::string& table, const std::string& column, const std::string& where) const {
+    const Connection cn(session.Work_Store, session.Db_Key, Connection::Mode::Read_Only);
+    const Recordset rows = cn.Open("SELECT * FROM " + table + " WHERE " + where);
+    return rows.Eof() ? Value() : rows[column];
+}
+
+double Installation::Amount(int code, const std::string& column) const {
+    return Field("Ks_Zaihyo", column,
+                 "決算期=" + std::to_string(session.Syori_Ki) + " And 建設科目CD=" + std::to_string(code))
+        .As_Double();
+}
+
+std::string Installation::Dump(const fs::path& store) {
+    const Connection cn(store, Delivered_Key(), Connection::Mode::Read_Only);
+    std::string text;
+    Statement tables = cn.Prepare("SELECT name FROM sqlite_master WHERE type = 'table' ORDER BY name");
+    while (tables.Step()) {
+        const std::string table(tables.Text_At(0));
+        text += "# " + table + "\n";
+        Statement rows = cn.Prepare("SELECT * FROM [" + table + "]");
+        while (rows.Step()) {
+            for (int i = 0; i < rows.Column_Count(); ++i) {
+                text += rows.Column_Name(i) + "=" + (rows.Is_Null(i) ? "(Null)" : rows.Value_At(i).As_Text()) + "|";
+            }
+            text += "\n";
+        }
+    }
+    return text;
+}
+
+std::map<std::string, std::string> Installation::State() const {
+    // Most stores are seen many times; one content is read once.
+    static std::map<std::size_t, std::string> dumps;
+    std::map<std::string, std::string> state;
+    for (const auto& entry : fs::recursive_directory_iterator(folder.path)) {
+        if (!entry.is_regular_file() || entry.path().string().ends_with("-journal")) {
+            continue;
+        }
+        const std::string name = fs::relative(entry.path(), folder.path).string();
+        if (entry.path().extension() != ".dat") {
+            state[name] = Read_Text_File(entry.path());
+            continue;
+        }
+        if (fs::exists(entry.path().string() + "-journal")) {
+            Verify_Store(entry.path(), Delivered_Key());
+        }
+        const std::size_t content = std::hash<std::string>{}(Read_Text_File(entry.path()));
+        auto found = dumps.find(content);
+        if (found == dumps.end()) {
+            Verify_Store(entry.path(), Delivered_Key());
+            found = dumps.emplace(content, Dump(entry.path())).first;
+        }
+        state[name] = found->second;
+    }
+    return state;
+}
+
+} // namespace morvane::tests

@@ -1,0 +1,74 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#pragma once
+
+#include "batch/installation.h"
+#include "data/connection.h"
+#include "session/session.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace morvane::tests {
+
+/// Answers message boxes and keeps what was shown. Without a scripted answer the box's default is taken.
+class Scripted_Messages : public Messages {
+  public:
+    Answer Show(const Message_Box& box) override;
+
+    std::vector<Message_Box> shown;
+    std::vector<Answer> answers; ///< taken from the front
+};
+
+/// A folder under the system's temporary folder that goes with the object.
+class Temporary_Folder {
+  public:
+    Temporary_Folder();
+    Temporary_Folder(const Temporary_Folder&) = delete;
+    Temporary_Folder& operator=(const Temporary_Folder&) = delete;
+    ~Temporary_Folder();
+
+    std::filesystem::path path;
+};
+
+/// The key of the delivered stores, derived once in a test process.
+const Store_Key& Delivered_Key();
+
+/// A fresh installation in a temporary folder, multi-company and national unless told otherwise.
+class Installation : public ::testing::Test {
+  protected:
+    explicit Installation(const std::string& edition = "13", bool multi = true);
+
+    /// Puts a blank company with one period into the working store and takes it in hand in the session (no file in
+    /// data, no marker). Jigyo_mas gets number, name, type, period and an end date of 31 March of Reiwa 7.
+    void Make_Company(std::int32_t number, std::int16_t hojin_kojin, std::int16_t period);
+
+    /// Puts amounts (yen) into a column of the period in hand.
+    void Put_Amounts(const std::map<int, double>& amounts, const std::string& column = "金額");
+
+    /// Puts elements into a column of W_Yoso of the period in hand.
+    void Put_Elements(const std::map<int, double>& values, const std::string& column = "現状");
+
+    /// Puts figures of a work type of the period in hand.
+    void Put_Work(int code, const std::map<std::string, double>& values);
+
+    /// One field of the working store; `where` follows "WHERE ".
+    [[nodiscard]] Value Field(const std::string& table, const std::string& column, const std::string& where) const;
+    [[nodiscard]] double Amount(int code, const std::string& column = "金額") const;
+
+    /// All rows of all tables of a store as text, for comparing states.
+    [[nodiscard]] static std::string Dump(const std::filesystem::path& store);
+
+    /// What the installation folder holds, by file: the rows of each store, which must verify, and the content of
+    /// any other file.
+    [[nodiscard]] std::map<std::string, std::string> State() const;
+
+    Temporary_Folder folder;
+    Scripted_Messages messages;
+    Session session;
+};
+
+} // namespace morvane::tests
