@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "batch/case_file.h"
 
-#include "data/table_catalogue.h"
+#include "zaimu/zaimu_calc.h"
 
 #include <algorithm>
 #include <array>
@@ -43,19 +43,11 @@ Recordset Rows_Of(const Connection& cn, const char* table, const char* key, std:
                    " ORDER BY " + key + ";");
 }
 
-double Journal_Balance(const Recordset& row) {
-    const double amount = row["金額"].As_Double();
-    const double change = row["借方"].As_Double() - row["貸方"].As_Double();
-    if (row["建設科目CD"].As_Integer() == 273) {
-        return -amount + change;
-    }
-    return row["貸借正負"].As_Integer() == 1 ? amount + change : amount - change;
-}
-
 Json Statement_Json(const Connection& cn, std::int64_t period, bool corporation) {
-    static const std::vector<std::string> columns = {
-        "金額",  "仮金額", "借方",        "貸方",  "借方1", "貸方1",      "改善後残高1",
-        "借方2", "貸方2",  "改善後残高2", "借方3", "貸方3", "改善後残高3"};
+    // Import computes the totals of the working columns itself; those of a saved slot stay as they were
+    // saved.
+    static const std::vector<std::string> saved = {
+        "借方1", "貸方1", "改善後残高1", "借方2", "貸方2", "改善後残高2", "借方3", "貸方3", "改善後残高3"};
     Json table = Json::object();
     for (Recordset row = Rows_Of(cn, "Ks_Zaihyo", "建設科目CD", period); !row.Eof(); row.Move_Next()) {
         const std::string code = row["建設科目CD"].As_Text();
@@ -63,11 +55,12 @@ Json Statement_Json(const Connection& cn, std::int64_t period, bool corporation)
         const bool prior = number >= 800 && number <= 838;
         Json fields = Json::object();
         if (row["金額編集識別"].As_Boolean()) {
-            fields = Fields(row, columns);
-            if (!row["改善後残高"].Is_Null() && row["改善後残高"].As_Double() != Journal_Balance(row)) {
+            fields = Fields(row, {"金額", "仮金額", "借方", "貸方"});
+            if (!row["改善後残高"].Is_Null() && row["改善後残高"].As_Double() != Improved_Balance(row)) {
                 fields["改善後残高"] = To_Json(row["改善後残高"]);
             }
         }
+        fields.update(Fields(row, saved));
         if (row["建設科目名"] != row[corporation ? "法人科目名" : "個人科目名"]) {
             fields["建設科目名"] = To_Json(row["建設科目名"]);
         }
@@ -86,7 +79,10 @@ Json Table_Json(const Connection& cn, const char* table, const char* key, std::i
     Json rows = Json::object();
     for (Recordset row = Rows_Of(cn, table, key, period); !row.Eof(); row.Move_Next()) {
         Json fields = Fields(row, columns);
-        if (!fields.empty() && !(std::string_view(table) == "W_Yoso" && row[key].As_Integer() == 210)) {
+        if (std::string_view(table) == "W_Yoso" && row[key].As_Integer() == 210) {
+            fields.erase("現状"); // given as Simyu_Kubun
+        }
+        if (!fields.empty()) {
             rows[row[key].As_Text()] = plain == nullptr ? std::move(fields) : Plain(std::move(fields), plain);
         }
     }

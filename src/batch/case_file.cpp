@@ -57,6 +57,7 @@ class Case_Builder {
     }
 
   private:
+    // All periods are made before any figure stands in them, so that none takes one over: absent is Null.
     void Make_Periods() {
         bool made = New_Data_Set(session, session.Hojin_Kojin, source.periods.front().number);
         session.Syori_Ki = source.periods.front().number;
@@ -76,12 +77,6 @@ class Case_Builder {
         {
             const Connection cn = Cn_Open(session);
             Transaction transaction(cn);
-            // What a new period takes over from the one before gives way to the case: absent is Null.
-            cn.Execute(
-                "UPDATE Kandaka_Gj SET 完工高前々期 = Null, 完工高前期 = Null, 元請完工高前々期 = Null, "
-                "元請完工高前期 = Null, 技術者1 = Null, 技術者2 = Null, 技術者3 = Null, 技術者4 = Null, "
-                "技術者5 = Null;");
-            cn.Execute("UPDATE W_Yoso SET 現状 = Null WHERE 要素CD <> 210;");
             for (const Case_Period& period : source.periods) {
                 source.Put_Table(cn, period, Case_Table::Ks_Zaihyo);
                 source.Put_Table(cn, period, Case_Table::Kandaka_Gj);
@@ -167,6 +162,27 @@ void Keep_Former(const fs::path& store, const Store_Key& key) {
     }
 }
 
+// A number of the register must not take the place of another company.
+void Test_Number(const Session& session, const fs::path& file, std::int32_t number) {
+    const auto refuse = [&file](const std::string& reason) {
+        throw Case_Error(file, "Jigyo_mas.管理No", reason);
+    };
+    if (number == 0) {
+        refuse("使用できない番号です。");
+    }
+    if (Company_Left_In_Hand(session) == number) {
+        refuse("前回の異常終了で指定中の事業所です。「Morvane」を起動して保存してから実行してください。");
+    }
+    if (!fs::exists(Company_Store(session, number))) {
+        return;
+    }
+    for (const Register_Row& row : Read_Register(session)) {
+        if (row.number != number && Company_Store(session, row.number) == Company_Store(session, number)) {
+            refuse("下6桁が事業所「" + std::to_string(row.number) + "」と同じため、使用できない番号です。");
+        }
+    }
+}
+
 } // namespace
 
 Case_Error::Case_Error(const fs::path& file, const std::string& path, const std::string& reason)
@@ -184,10 +200,8 @@ Imported Import_Case(const Session& session, const fs::path& file) {
                              "」と違います。");
     }
     const auto number = static_cast<std::int32_t>(record.firm.at("管理No").As_Integer());
-    if (session.Is_Multi() && Company_Left_In_Hand(session) == number) {
-        throw Case_Error(
-            file, "Jigyo_mas.管理No",
-            "前回の異常終了で指定中の事業所です。「Morvane」を起動して保存してから実行してください。");
+    if (session.Is_Multi()) {
+        Test_Number(session, file, number);
     }
     const Scratch_Store scratch(session.Is_Multi() ? session.App_Path / "data" : session.App_Path);
     Case_Builder(session, record, scratch.path).Build();

@@ -148,14 +148,15 @@ std::vector<std::pair<std::string, Json>> Fields_Of(const Spot& spot, const Tabl
 }
 
 // Rules that a single table has beyond its types.
-void Test_Row(const Spot& spot, Case_Table table, int code, const Recordset& row) {
-    if (table == Case_Table::Ks_Zaihyo && !row["金額編集識別"].As_Boolean()) {
+void Test_Row(const Spot& spot, Case_Table table, int code, const std::string& column, const Recordset& row) {
+    const bool saved_slot = column.back() >= '1' && column.back() <= '3'; // kept as it was saved, totals too
+    if (table == Case_Table::Ks_Zaihyo && !row["金額編集識別"].As_Boolean() && !saved_slot) {
         spot.Refuse("自動計算される科目（" + row["建設科目名"].As_Text() + "）には金額を指定できません。");
     }
     if (table == Case_Table::Kandaka_Gj && code == 32) {
         spot.Refuse("集計表示用の工種には数値を指定できません。");
     }
-    if (table == Case_Table::W_Yoso && code == 210) {
+    if (table == Case_Table::W_Yoso && code == 210 && column == "現状") {
         spot.Refuse("経審改正年は Simyu_Kubun で指定します。");
     }
 }
@@ -286,7 +287,7 @@ void Case_Record::Put_Table(const Connection& cn, const Case_Period& period, Cas
             const Column_Info& column = Column_Of(field_spot, info, name);
             const Value number = Field_Value(field_spot, field, column.type);
             if (column.name != "建設科目名" && !number.Is_Null()) {
-                Test_Row(field_spot, table, code, rows);
+                Test_Row(field_spot, table, code, column.name, rows);
             }
             rows.Set(column.name, number);
         }

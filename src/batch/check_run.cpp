@@ -119,7 +119,7 @@ std::size_t Check_Run(const Session& session, std::ostream& out) {
     std::size_t faulty = 0;
     const auto report = [&](const fs::path& store, const std::vector<std::string>& findings) {
         for (const std::string& finding : findings) {
-            out << store.lexically_relative(session.App_Path).string() << "：" << finding << "\n";
+            out << store.lexically_relative(session.App_Path).string() << "：" << One_Line(finding) << "\n";
         }
         faulty += findings.empty() ? 0 : 1;
     };

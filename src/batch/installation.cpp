@@ -50,6 +50,11 @@ Answer Stderr_Messages::Show(const Message_Box& box) {
     return box.default_answer;
 }
 
+std::string One_Line(std::string text) {
+    std::replace(text.begin(), text.end(), '\n', ' ');
+    return text;
+}
+
 Session Open_Installation(const fs::path& folder, Messages& messages) {
     if (!fs::is_directory(folder)) {
         throw Usage_Error("フォルダ「" + folder.string() + "」がありません。");

@@ -25,6 +25,9 @@ class Stderr_Messages : public Messages {
     Answer Show(const Message_Box& box) override;
 };
 
+/// A text as one line, for lists in which each line is one entry.
+std::string One_Line(std::string text);
+
 /// A company of an installation: its number, its name and the store that holds its newest state.
 struct Company {
     std::int32_t number = 0;

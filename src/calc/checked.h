@@ -49,9 +49,27 @@ template <class Int>
     return static_cast<Int>(value);
 }
 
+/// The floor of a double, narrowed: by conversion, since a call of the floor function costs more than the
+/// score.
+template <class Int>
+[[nodiscard]] inline Int Floor_To(double value, const char* what) {
+    constexpr double limit = 9.0e15;
+    if (!(value > -limit && value < limit)) {
+        return Narrow_Double<Int>(value, what);
+    }
+    const auto cut = static_cast<std::int64_t>(value);
+    return Narrow<Int>(static_cast<double>(cut) > value ? cut - 1 : cut, what);
+}
+
 /// A stored figure as an integer: rounded to the nearest whole number, a half to the even one, then narrowed.
 template <class Int>
 [[nodiscard]] inline Int Round_Half_Even(double value, const char* what) {
+    if (value > -1.0e9 && value < 1.0e9) {
+        const auto whole = static_cast<std::int32_t>(value);
+        if (static_cast<double>(whole) == value) {
+            return Narrow<Int>(whole, what);
+        }
+    }
     return Narrow_Double<Int>(std::nearbyint(value), what);
 }
 

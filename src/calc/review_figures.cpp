@@ -82,7 +82,7 @@ bool Work_Line::Has_Engineer() const {
     return std::any_of(gijutusya.begin(), gijutusya.end(), [](const Figure& count) { return count.up; });
 }
 
-std::int32_t Statement_Figures::Thousands(int code) const {
+std::int32_t Statement_Figures::Get_Y_Kamoku(int code) const {
     return Narrow_Double<std::int32_t>(std::trunc(amount[static_cast<std::size_t>(code)] / 1000.0),
                                        "財務諸表の金額（千円）");
 }

@@ -76,7 +76,7 @@ struct Statement_Figures {
     bool has_rows = false; ///< the period has rows
 
     /// The amount of an account in thousand yen, cut toward zero. Raises Run_Time_Error beyond 32 bits.
-    [[nodiscard]] std::int32_t Thousands(int code) const;
+    [[nodiscard]] std::int32_t Get_Y_Kamoku(int code) const;
 };
 
 /// What the store holds of one period in one scenario, as far as the review needs it.

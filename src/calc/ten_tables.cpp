@@ -344,8 +344,11 @@ Ten_Result Ten_Lookup(const Ten_Table& table, std::int32_t v) {
     if (v >= table.constant_from) {
         return {table.constant_ten, 0};
     }
-    const auto row = std::partition_point(table.rows.begin(), table.rows.end(),
-                                          [v](const Ten_Row& r) { return r.from > v; });
+    // Most lines have nothing: the lowest row is tried first.
+    const auto row = v <= table.rows.back().to
+                         ? table.rows.end() - 1
+                         : std::partition_point(table.rows.begin(), table.rows.end(),
+                                                [v](const Ten_Row& r) { return r.from > v; });
     // No operand is negative, so the integer quotient is the floor.
     const std::int32_t product = Mul32(v, row->multiplier, table.what);
     return {product / row->divisor + row->addend, static_cast<int>(row - table.rows.begin()) + 1};

@@ -298,13 +298,16 @@ std::int16_t Young_Sinki_Ten(double rate) {
     return rate >= 1.0 ? 1 : 0;
 }
 
+// floor(x / 2 + 0.5) and floor(x / 3 + 0.5) of whole numbers, without leaving them.
+
 std::int32_t Two_Year_Avg(std::int32_t b, std::int32_t c) {
-    return Narrow_Double<std::int32_t>(std::floor(Add32(c, b, what_avg) / 2.0 + 0.5), what_avg);
+    return static_cast<std::int32_t>((std::int64_t{Add32(c, b, what_avg)} + 1) >> 1U);
 }
 
 std::int32_t Three_Year_Avg(std::int32_t a, std::int32_t b, std::int32_t c) {
-    const std::int32_t sum = Add32(c, Mul32(2, Two_Year_Avg(a, b), what_avg), what_avg);
-    return Narrow_Double<std::int32_t>(std::floor(sum / 3.0 + 0.5), what_avg);
+    const std::int64_t sum = Add32(c, Mul32(2, Two_Year_Avg(a, b), what_avg), what_avg);
+    const std::int64_t doubled = 2 * sum + 3;
+    return static_cast<std::int32_t>(doubled / 6 - (doubled % 6 < 0 ? 1 : 0));
 }
 
 std::int32_t Calc_Avg_Nen(std::int32_t kanko_avg, std::int32_t a, std::int32_t b, std::int32_t c) {
@@ -325,8 +328,8 @@ std::int16_t Calc_Z_Ten(std::int16_t z1, std::int16_t z2) {
 
 std::int16_t Calc_P_Ten(std::int16_t x1, std::int16_t x2, std::int16_t y, std::int16_t z, std::int16_t w) {
     const double ten =
-        std::floor(x1 * 0.25 + x2 * double{0.15F} + y * double{0.2F} + w * double{0.15F} + z * 0.25 + 0.501);
-    return Narrow_Double<std::int16_t>(ten, "総合評点（Ｐ）");
+        x1 * 0.25 + x2 * double{0.15F} + y * double{0.2F} + w * double{0.15F} + z * 0.25 + 0.501;
+    return Floor_To<std::int16_t>(ten, "総合評点（Ｐ）");
 }
 
 } // namespace morvane

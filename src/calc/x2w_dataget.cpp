@@ -17,7 +17,7 @@ constexpr int reiwa_year_0 = 2018;
 std::int32_t Sum(const Statement_Figures& statement, std::initializer_list<int> codes) {
     std::int32_t sum = 0;
     for (const int code : codes) {
-        sum = Add32(sum, statement.Thousands(code), what_x2);
+        sum = Add32(sum, statement.Get_Y_Kamoku(code), what_x2);
     }
     return sum;
 }
@@ -61,11 +61,11 @@ void X2_Calc::Calc_X2(const Review_Figures& figures, WZX_Calc& wzx, bool keep_ba
         JikoS = stored == 0 ? 1 : stored;
     }
     const Statement_Figures& s = figures.statement;
-    const std::int32_t equity = s.Thousands(319);
-    const std::int32_t equity_zenki = s.Thousands(829);
+    const std::int32_t equity = s.Get_Y_Kamoku(319);
+    const std::int32_t equity_zenki = s.Get_Y_Kamoku(829);
     const std::int32_t profit =
-        Add32(s.Thousands(469), Sum(s, {436, 724, 729, figures.hokkaido ? 552 : 536}), what_x2);
-    const std::int32_t profit_zenki = Add32(s.Thousands(832), Sum(s, {831, 835, 836, 837}), what_x2);
+        Add32(s.Get_Y_Kamoku(469), Sum(s, {436, 724, 729, figures.hokkaido ? 552 : 536}), what_x2);
+    const std::int32_t profit_zenki = Add32(s.Get_Y_Kamoku(832), Sum(s, {831, 835, 836, 837}), what_x2);
 
     X2_Jiko = JikoS == 1 ? equity : Floor_Half(Add32(equity, equity_zenki, what_x2));
     X2_Jiko_Used = X2_Jiko < 0 ? 0 : X2_Jiko;

@@ -37,25 +37,25 @@ enum Place : std::size_t {
 std::int32_t Sum(const Statement_Figures& statement, std::initializer_list<int> codes) {
     std::int32_t sum = 0;
     for (const int code : codes) {
-        sum = Add32(sum, statement.Thousands(code), what_y);
+        sum = Add32(sum, statement.Get_Y_Kamoku(code), what_y);
     }
     return sum;
 }
 
 Elements Read_Elements(const Statement_Figures& s, bool hokkaido, bool corporation) {
     Elements yoso{};
-    yoso[kotei_sisan] = s.Thousands(179);
-    yoso[ryudo_fusai] = s.Thousands(229);
-    yoso[kotei_fusai] = s.Thousands(248);
-    yoso[rieki_joyokin] = s.Thousands(corporation ? 289 : 319);
-    yoso[jiko_sihon] = s.Thousands(319);
-    yoso[so_sihon] = s.Thousands(399);
-    yoso[so_sihon_zenki] = s.Thousands(830);
-    yoso[uriage] = hokkaido ? Sum(s, {400, 410}) : s.Thousands(402);
-    yoso[uriage_sorieki] = s.Thousands(419);
-    yoso[uketori_risoku] = s.Thousands(470);
-    yoso[siharai_risoku] = s.Thousands(480);
-    yoso[keijo_rieki] = s.Thousands(489);
+    yoso[kotei_sisan] = s.Get_Y_Kamoku(179);
+    yoso[ryudo_fusai] = s.Get_Y_Kamoku(229);
+    yoso[kotei_fusai] = s.Get_Y_Kamoku(248);
+    yoso[rieki_joyokin] = s.Get_Y_Kamoku(corporation ? 289 : 319);
+    yoso[jiko_sihon] = s.Get_Y_Kamoku(319);
+    yoso[so_sihon] = s.Get_Y_Kamoku(399);
+    yoso[so_sihon_zenki] = s.Get_Y_Kamoku(830);
+    yoso[uriage] = hokkaido ? Sum(s, {400, 410}) : s.Get_Y_Kamoku(402);
+    yoso[uriage_sorieki] = s.Get_Y_Kamoku(419);
+    yoso[uketori_risoku] = s.Get_Y_Kamoku(470);
+    yoso[siharai_risoku] = s.Get_Y_Kamoku(480);
+    yoso[keijo_rieki] = s.Get_Y_Kamoku(489);
     return yoso;
 }
 
@@ -63,11 +63,11 @@ Elements Read_Elements(const Statement_Figures& s, bool hokkaido, bool corporati
 // advances received do.
 Working Read_Working(const Statement_Figures& s, bool hokkaido) {
     return {
-        s.Thousands(833),                              // 経常利益（前期）
+        s.Get_Y_Kamoku(833),                           // 経常利益（前期）
         Sum(s, {831, 835, 836, 837}),                  // 減価償却実施額（前期）
         Sum(s, {436, hokkaido ? 552 : 536, 724, 729}), // 減価償却実施額（当期）
-        s.Thousands(834),                              // 法人税等（前期）
-        s.Thousands(511),                              // 法人税等（当期）
+        s.Get_Y_Kamoku(834),                           // 法人税等（前期）
+        s.Get_Y_Kamoku(511),                           // 法人税等（当期）
         Sum(s, {804, 805}),                            // 貸倒引当金（前々期）
         Sum(s, {824, 825}),                            // 貸倒引当金（前期）
         Sum(s, {hokkaido ? 115 : 114, 177}),           // 貸倒引当金（当期）
@@ -80,9 +80,9 @@ Working Read_Working(const Statement_Figures& s, bool hokkaido) {
         Sum(s, {802, 803}),                            // 棚卸資産（前々期）
         Sum(s, {822, 823}),                            // 棚卸資産（前期）
         Sum(s, {106, 107}),                            // 棚卸資産（当期）
-        s.Thousands(808),                              // 受入金（前々期）
-        s.Thousands(828),                              // 受入金（前期）
-        s.Thousands(s.form == 6 ? 210 : 209),          // 受入金（当期）
+        s.Get_Y_Kamoku(808),                           // 受入金（前々期）
+        s.Get_Y_Kamoku(828),                           // 受入金（前期）
+        s.Get_Y_Kamoku(s.form == 6 ? 210 : 209),       // 受入金（当期）
     };
 }
 

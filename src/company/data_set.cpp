@@ -329,6 +329,17 @@ void To_Law2012(const Session& session, int period) {
     Set_Law_Year(session, period, 3);
 }
 
+void To_Law2015(const Session& session, int period) {
+    const Connection cn = Cn_Open(session);
+    Transaction transaction(cn);
+    if (!Has_Element(cn, period, 106)) {
+        Make_Room_For_Pension(cn, period);
+    }
+    Add_Young_Engineer_Rows(cn, period);
+    Set_Element_210(cn, period, 4);
+    transaction.Commit();
+}
+
 void Set_Law_Year(const Session& session, int period, int law_year) {
     const Connection cn = Cn_Open(session);
     Transaction transaction(cn);

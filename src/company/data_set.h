@@ -35,6 +35,10 @@ void To_Law2011(const Session& session, int period);
 /// 210 becomes 3. One transaction. Raises Store_Error.
 void To_Law2012(const Session& session, int period);
 
+/// Brings the elements of a period to the revision of 2015 and later: the numbering with 厚生年金, the rows
+/// of the young engineers, 210 becomes 4. One transaction. Raises Store_Error.
+void To_Law2015(const Session& session, int period);
+
 /// Sets the law year of a period (1 to 4) where it has a row 210, and renumbers its elements so that they
 /// mean what the screens of that law year read. One transaction. Raises Store_Error.
 void Set_Law_Year(const Session& session, int period, int law_year);

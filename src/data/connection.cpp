@@ -6,8 +6,10 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cerrno>
 #include <mutex>
 #include <sqlcipher/sqlite3.h>
+#include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
 
@@ -23,7 +25,7 @@ constexpr const char* cipher_parameters = "PRAGMA cipher = 'aes-256-cbc';"
                                           "PRAGMA cipher_use_hmac = ON;"
                                           "PRAGMA cipher_hmac_algorithm = HMAC_SHA1;"
                                           "PRAGMA cipher_kdf_algorithm = PBKDF2_HMAC_SHA1;";
-constexpr std::uintmax_t page_size = 4096;
+constexpr off_t page_size = 4096;
 constexpr int busy_wait_ms = 2000;
 
 void Start_Engine() {
@@ -36,6 +38,10 @@ void Start_Engine() {
     });
 }
 
+std::filesystem::path Folder_Of(const std::filesystem::path& file) {
+    return file.has_parent_path() ? file.parent_path() : std::filesystem::path(".");
+}
+
 bool Has_Journal(const std::filesystem::path& file) {
     std::error_code error;
     return std::filesystem::exists(file.string() + "-journal", error);
@@ -43,19 +49,17 @@ bool Has_Journal(const std::filesystem::path& file) {
 
 // What can be said of a file before a key is tried: the engine would take an empty file for a new store.
 void Look_At_File(const std::filesystem::path& file) {
-    std::error_code error;
-    const auto status = std::filesystem::status(file, error);
-    if (!std::filesystem::exists(status)) {
-        throw Store_Error(file, Store_Error::Reason::Missing, "");
+    struct stat status {};
+    if (::stat(file.c_str(), &status) != 0) {
+        Throw_Errno(file, "開く処理");
     }
-    if (!std::filesystem::is_regular_file(status)) {
+    if (!S_ISREG(status.st_mode)) {
         throw Store_Error(file, Store_Error::Reason::Not_A_Store, "通常のファイルではありません");
     }
     // A writer that was killed may leave a torn page, which its journal heals.
-    const auto size = std::filesystem::file_size(file, error);
-    if (!error && (size == 0 || (size % page_size != 0 && !Has_Journal(file)))) {
+    if (status.st_size == 0 || (status.st_size % page_size != 0 && !Has_Journal(file))) {
         throw Store_Error(file, Store_Error::Reason::Not_A_Store,
-                          "大きさ " + std::to_string(size) + " バイト");
+                          "大きさ " + std::to_string(status.st_size) + " バイト");
     }
 }
 
@@ -133,11 +137,13 @@ Connection Connection::Create(const std::filesystem::path& file, const Store_Key
 void Connection::Set_Up(const Store_Key& key, Mode mode) const {
     sqlite3_busy_timeout(handle.get(), busy_wait_ms);
     sqlite3_extended_result_codes(handle.get(), 1);
-    const std::string pragmas =
-        "PRAGMA key = \"" + key.Literal() + "\";" + cipher_parameters +
-        (mode == Mode::Scratch ? "PRAGMA journal_mode = MEMORY; PRAGMA synchronous = OFF;"
-                               : "PRAGMA journal_mode = DELETE; PRAGMA synchronous = FULL;") +
-        "SELECT count(*) FROM sqlite_master;";
+    // Read-only connections write no journal. The last statement reads the first page and so tests the key.
+    const char* writing = mode == Mode::Read_Only ? ""
+                          : mode == Mode::Read_Write
+                              ? "PRAGMA journal_mode = DELETE; PRAGMA synchronous = FULL;"
+                              : "PRAGMA journal_mode = MEMORY; PRAGMA synchronous = OFF;";
+    const std::string pragmas = "PRAGMA key = \"" + key.Literal() + "\";" + cipher_parameters + writing +
+                                "SELECT 1 FROM sqlite_master LIMIT 1;";
     const int code = sqlite3_exec(handle.get(), pragmas.c_str(), nullptr, nullptr, nullptr);
     if (code != SQLITE_OK) {
         Throw(code, "開く処理");
@@ -148,6 +154,12 @@ void Connection::Throw(int code, const std::string& doing) const {
     const std::string message = handle ? sqlite3_errmsg(handle.get()) : sqlite3_errstr(code);
     if (code == SQLITE_IOERR_WRITE || code == SQLITE_IOERR_FSYNC || (code & 0xff) == SQLITE_CANTOPEN) {
         const int error_number = handle ? sqlite3_system_errno(handle.get()) : 0;
+        if (error_number == ENOENT && std::filesystem::exists(file)) {
+            // It is the journal that could not be made beside the store.
+            const bool may_write = ::access(Folder_Of(file).c_str(), W_OK) == 0;
+            throw Store_Error(file, may_write ? Store_Error::Reason::Failed : Store_Error::Reason::Read_Only,
+                              doing + "、" + message);
+        }
         if (error_number != 0) {
             throw Store_Error(file, Reason_Of_Errno(error_number), doing + "、" + message);
         }
@@ -335,8 +347,13 @@ bool Recordset::Find(std::string_view criterion) {
 }
 
 int Recordset::Column(std::string_view name) const {
-    const auto found = std::find_if(columns.begin(), columns.end(),
-                                    [&](const std::string& own) { return Same_Name(own, name); });
+    // Most names are spelled as the store has them.
+    auto found = std::find(columns.begin(), columns.end(), name);
+    if (found != columns.end()) {
+        return static_cast<int>(found - columns.begin());
+    }
+    found = std::find_if(columns.begin(), columns.end(),
+                         [&](const std::string& own) { return Same_Name(own, name); });
     if (found == columns.end()) {
         throw Store_Error(connection->File(), Store_Error::Reason::Missing_Column,
                           table.empty() ? std::string(name) : table + "." + std::string(name));
@@ -390,22 +407,35 @@ void Recordset::Update() {
         values.push_back(rows[position][static_cast<std::size_t>(place)]);
     }
     if (adding) {
-        connection->Execute(
-            "INSERT INTO " + table +
-                (values.empty() ? " DEFAULT VALUES" : " (" + names + ") VALUES (" + marks + ")"),
-            values);
+        Store("INSERT INTO " + table +
+                  (values.empty() ? " DEFAULT VALUES" : " (" + names + ") VALUES (" + marks + ")"),
+              values);
         Statement last = connection->Prepare("SELECT last_insert_rowid()");
         last.Step();
         row_ids[position] = last.Integer_At(0);
     } else {
         values.emplace_back(row_ids[position]);
-        connection->Execute("UPDATE " + table + " SET " + names + " WHERE rowid = ?", values);
+        Store("UPDATE " + table + " SET " + names + " WHERE rowid = ?", values);
     }
     adding = false;
     changed.clear();
 }
 
+// Row after row is stored by the same statement, which is prepared once.
+void Recordset::Store(const std::string& sql, std::span<const Value> values) {
+    if (!storing || storing_sql != sql) {
+        storing = std::make_shared<Statement>(connection->Prepare(sql));
+        storing_sql = sql;
+    }
+    storing->Reset(); // also after a failure
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        storing->Bind(static_cast<int>(i) + 1, values[i]);
+    }
+    storing->Step();
+}
+
 void Recordset::Close() {
+    storing.reset();
     rows.clear();
     row_ids.clear();
     changed.clear();
@@ -415,8 +445,8 @@ void Recordset::Close() {
 
 // ---- Transaction
 
-Transaction::Transaction(const Connection& owner) : connection(&owner) {
-    owner.Execute("BEGIN IMMEDIATE");
+Transaction::Transaction(const Connection& owner, Purpose purpose) : connection(&owner) {
+    owner.Execute(purpose == Purpose::Read ? "BEGIN" : "BEGIN IMMEDIATE");
 }
 
 Transaction::~Transaction() {

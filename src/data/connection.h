@@ -97,8 +97,11 @@ class Recordset {
 
     void Move_To(std::size_t place);
     [[nodiscard]] const std::vector<Value>& Row() const;
+    void Store(const std::string& sql, std::span<const Value> values);
 
     const Connection* connection;
+    std::shared_ptr<Statement> storing;
+    std::string storing_sql;
     std::string table;
     std::vector<std::string> columns;
     std::vector<std::int64_t> row_ids;
@@ -155,10 +158,13 @@ class Connection {
     std::unique_ptr<sqlite3, Closer> handle;
 };
 
-/// Statements that belong together: all of them are kept by Commit, none when the object goes without it.
+/// Statements that belong together: all of them are kept by Commit, none when the object goes without it. One
+/// for reading sees the store at one moment and takes its lock once.
 class Transaction {
   public:
-    explicit Transaction(const Connection& owner);
+    enum class Purpose { Write, Read };
+
+    explicit Transaction(const Connection& owner, Purpose purpose = Purpose::Write);
     Transaction(const Transaction&) = delete;
     Transaction& operator=(const Transaction&) = delete;
     ~Transaction();

@@ -24,8 +24,9 @@ namespace {
 /// A file descriptor that closes itself.
 class Descriptor {
   public:
-    Descriptor(const fs::path& path, int flags, const std::string& doing)
-        : file(path), number(::open(path.c_str(), flags | O_CLOEXEC, 0644)) {
+    /// Failures name the file `shown`: of a draft its target.
+    Descriptor(const fs::path& path, int flags, const std::string& doing, const fs::path& shown)
+        : file(shown), number(::open(path.c_str(), flags | O_CLOEXEC, 0644)) {
         if (number < 0) {
             Throw_Errno(file, doing);
         }
@@ -76,7 +77,7 @@ fs::path Folder_Of(const fs::path& file) {
 }
 
 void Flush_Folder(const fs::path& folder) {
-    Descriptor(folder, O_RDONLY | O_DIRECTORY, "フォルダの確認").Flush();
+    Descriptor(folder, O_RDONLY | O_DIRECTORY, "フォルダの確認", folder).Flush();
 }
 
 fs::path Beside(const fs::path& target, const char* role) {
@@ -102,8 +103,8 @@ void Settle_Journal(const fs::path& store, const Store_Key& key) {
     }
 }
 
-// The same for a store that is about to be replaced: should the replacement fail, a whole file stays. One that
-// does not open has nothing to lose.
+// The same for a store that is about to be replaced: should the replacement fail, a whole file stays. One
+// that does not open has nothing to lose.
 void Settle_Target(const fs::path& store, const Store_Key& key) {
     try {
         Settle_Journal(store, key);
@@ -126,9 +127,9 @@ void Drop_Journal(const fs::path& store) {
 }
 
 // A file that stands at `to` can only be the rest of a process that is gone.
-void Copy_Content(const fs::path& from, const fs::path& to) {
-    const Descriptor in(from, O_RDONLY, "開く処理");
-    const Descriptor out(to, O_WRONLY | O_CREAT | O_TRUNC, "書き込み");
+void Copy_Content(const fs::path& from, const fs::path& to, const fs::path& shown) {
+    const Descriptor in(from, O_RDONLY, "開く処理", from);
+    const Descriptor out(to, O_WRONLY | O_CREAT | O_TRUNC, "書き込み", shown);
     std::vector<char> buffer(1U << 18U);
     while (const std::size_t size = in.Read_Some(buffer)) {
         out.Write_All(buffer.data(), size);
@@ -185,7 +186,7 @@ File_Replacement File_Replacement::With_Store(const fs::path& source, const fs::
     Settle_Journal(source, key);
     Settle_Target(target, key);
     File_Replacement replacement(target);
-    Copy_Content(source, replacement.temporary);
+    Copy_Content(source, replacement.temporary, target);
     try {
         Verify_Store(replacement.temporary, key);
     } catch (const Store_Error& error) {
@@ -196,7 +197,7 @@ File_Replacement File_Replacement::With_Store(const fs::path& source, const fs::
 
 File_Replacement File_Replacement::With_Text(std::string_view text, const fs::path& target) {
     File_Replacement replacement(target);
-    const Descriptor out(replacement.temporary, O_WRONLY | O_CREAT | O_TRUNC, "書き込み");
+    const Descriptor out(replacement.temporary, O_WRONLY | O_CREAT | O_TRUNC, "書き込み", target);
     out.Write_All(text.data(), text.size());
     out.Flush();
     return replacement;
@@ -218,7 +219,7 @@ void File_Replacement::Keep_Former() {
     }
     // A file system without hard links (a USB stick) keeps a copy.
     former = backup;
-    Copy_Content(target, backup);
+    Copy_Content(target, backup, target);
 }
 
 void File_Replacement::Commit() {
@@ -260,7 +261,7 @@ void Write_Text_File(const fs::path& target, std::string_view text) {
 }
 
 std::string Read_Text_File(const fs::path& file) {
-    const Descriptor in(file, O_RDONLY, "開く処理");
+    const Descriptor in(file, O_RDONLY, "開く処理", file);
     std::string text;
     std::vector<char> buffer(1U << 16U);
     while (const std::size_t size = in.Read_Some(buffer)) {

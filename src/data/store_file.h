@@ -37,12 +37,12 @@ class File_Replacement {
     /// The new content before Commit, for changes that belong to it.
     [[nodiscard]] const std::filesystem::path& Draft() const { return temporary; }
 
-    /// Puts the new content in place. The former file is kept until the object goes, for Undo. Where it fails the
-    /// target is as it was, unless the way back fails too.
+    /// Puts the new content in place. The former file is kept until the object goes, for Undo. Where it fails
+    /// the target is as it was, unless the way back fails too.
     void Commit();
 
-    /// Puts the former file back (or removes the new one where there was none). Nothing where nothing stands in
-    /// its place.
+    /// Puts the former file back (or removes the new one where there was none). Nothing where nothing stands
+    /// in its place.
     void Undo();
 
   private:

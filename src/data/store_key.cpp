@@ -11,7 +11,7 @@ Store_Key Store_Key::Derive(std::string_view password) {
     // The salt only separates this product's keys from those of others; each file has a random salt of its
     // own for its page authentication.
     static constexpr std::string_view salt = "Morvane store key v1";
-    static constexpr int iterations = 100'000;
+    static constexpr int iterations = 20'000;
     std::array<unsigned char, 32> key{};
     if (PKCS5_PBKDF2_HMAC(password.data(), static_cast<int>(password.size()),
                           reinterpret_cast<const unsigned char*>(salt.data()), static_cast<int>(salt.size()),

@@ -24,8 +24,9 @@ struct Averages {
 };
 
 Averages Averages_Of(std::int32_t kanko_avg, const Figure& zzki, const Figure& zki, const Figure& kijun) {
-    return {Two_Year_Avg(zki.value, kijun.value), Three_Year_Avg(zzki.value, zki.value, kijun.value),
-            Calc_Avg_Nen(kanko_avg, zzki.value, zki.value, kijun.value),
+    const std::int32_t two_year = Two_Year_Avg(zki.value, kijun.value);
+    const std::int32_t three_year = Three_Year_Avg(zzki.value, zki.value, kijun.value);
+    return {two_year, three_year, kanko_avg == 2 ? two_year : three_year,
             Calc_Avg_Mae(kanko_avg, zzki.value, zki.value, kijun.value)};
 }
 
@@ -53,6 +54,16 @@ std::int16_t Z2_Ten(WZX_Calc& wzx, const Law_Year& law, std::int32_t average) {
 // Figures that the calculation forms keep the flags for the store; only their values matter here.
 void Put(Figure& figure, std::int32_t value) {
     figure.value = value;
+}
+
+// The five columns of prime-contract work, by their own flags.
+void Put_Motouke(Work_Line& to, const Work_Line& from) {
+    const bool up = from.Has_Motouke();
+    to.Mzzki.Set_If(up, from.Mzzki.value);
+    to.Mzki.Set_If(up, from.Mzki.value);
+    to.Mzheikin.Set_If(up, from.Mzheikin.value);
+    to.Mkijun.Set_If(up, from.Mkijun.value);
+    to.Mnheikin.Set_If(up, from.Mnheikin.value);
 }
 
 } // namespace
@@ -186,12 +197,7 @@ void Kanko::Save_Kanko(Review_Figures& figures, bool with_w) const {
         to.Zro.Set_If(scored, from.Zro.value);
         to.Z.Set_If(scored, from.Z.value);
         to.P.Set_If(scored, from.P.value);
-        const bool prime = from.Has_Motouke();
-        to.Mzzki.Set_If(prime, from.Mzzki.value);
-        to.Mzki.Set_If(prime, from.Mzki.value);
-        to.Mzheikin.Set_If(prime, from.Mzheikin.value);
-        to.Mkijun.Set_If(prime, from.Mkijun.value);
-        to.Mnheikin.Set_If(prime, from.Mnheikin.value);
+        Put_Motouke(to, from);
     }
     figures.Put_Yoso(201, Kanko_Avg);
     figures.Put_Yoso(202, totals.two_year);
@@ -209,12 +215,7 @@ void Kanko::Save_Gijutu(Review_Figures& figures) const {
         }
         const Work_Line& from = lines[i];
         Work_Line& to = figures.works[i];
-        const bool prime = from.Has_Motouke();
-        to.Mzzki.Set_If(prime, from.Mzzki.value);
-        to.Mzki.Set_If(prime, from.Mzki.value);
-        to.Mzheikin.Set_If(prime, from.Mzheikin.value);
-        to.Mkijun.Set_If(prime, from.Mkijun.value);
-        to.Mnheikin.Set_If(prime, from.Mnheikin.value);
+        Put_Motouke(to, from);
         if (i >= scored_lines) {
             continue;
         }
@@ -222,7 +223,7 @@ void Kanko::Save_Gijutu(Review_Figures& figures) const {
             to.gijutusya[k].Set_If(from.gijutusya[k].up, from.gijutusya[k].value);
         }
         // P stands where the line has completed work; Z already where it has anything.
-        const bool any = from.Has_Kanko() || from.Has_Engineer() || prime;
+        const bool any = from.Has_Kanko() || from.Has_Engineer() || from.Has_Motouke();
         to.Zi.Set_If(any, from.Zi.value);
         to.Zro.Set_If(any, from.Zro.value);
         to.Z.Set_If(any, from.Z.value);

@@ -78,6 +78,7 @@ void Settle(Review_Figures& figures, Y_Calc& y, X2_Calc& x2) {
 
 Settled_Score Score_Company(const Connection& cn, bool hokkaido, std::optional<int> period,
                             const Scenario& scenario) {
+    const Transaction reading(cn, Transaction::Purpose::Read);
     const Firm firm = Read_Firm(cn);
     Settled_Score score;
     score.kanri_no = firm.number;

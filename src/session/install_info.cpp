@@ -46,6 +46,9 @@ bool Is_Own_Key(const std::string& key) {
 }
 
 Install_Info From_Json(const Json& record) {
+    if (!record.is_object()) {
+        throw std::invalid_argument("設定の形ではありません");
+    }
     Install_Info info;
     info.kanri_flg = Whole_Number<std::uint8_t>(record, "管理者識別", 0);
     info.user_id = Text(record, "UserID");

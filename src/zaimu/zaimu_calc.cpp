@@ -261,8 +261,8 @@ class Cascade {
     Sum profit;
 };
 
-/// The balance after the journal: a debit-normal row rises by a debit. The owner's drawings (273) turn their
-/// sign, deliberately, since they lower the capital.
+} // namespace
+
 double Improved_Balance(const Recordset& row) {
     const double amount = row["金額"].As_Double();
     const double debit = row["借方"].As_Double();
@@ -272,8 +272,6 @@ double Improved_Balance(const Recordset& row) {
     }
     return row["貸借正負"].As_Integer() == 1 ? amount + debit - credit : amount - debit + credit;
 }
-
-} // namespace
 
 void Zaimu_Shukei(const Session& session, std::uint8_t kbn) {
     static constexpr std::array<const char*, 3> columns = {"仮金額", "金額", "改善後残高"};

@@ -18,4 +18,8 @@ void Zaimu_Shukei(const Session& session, std::uint8_t kbn);
 /// Store_Error.
 void Zaimu_Shukei_KK(const Session& session);
 
+/// The balance after the journal of the current row of a statement, in yen: a debit-normal row rises by a
+/// debit. The owner's drawings (273) turn their sign, deliberately, since they lower the capital.
+double Improved_Balance(const Recordset& row);
+
 } // namespace morvane

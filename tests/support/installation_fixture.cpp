@@ -67,9 +67,10 @@ void Installation::Make_Company(std::int32_t number, std::int16_t hojin_kojin, s
     ASSERT_TRUE(New_Data_Set(session, hojin_kojin, period));
     const Connection cn = Cn_Open(session);
     const std::array<Value, 4> values = {number, "見本" + std::to_string(number), hojin_kojin, period};
-    cn.Execute("INSERT INTO Jigyo_mas (管理No, 事業所名, 法人個人識別, 処理決算期, 決算期開始年, 決算期開始月, "
-               "決算期開始日, 決算期終了年, 決算期終了月, 決算期終了日) VALUES (?, ?, ?, ?, 6, 4, 1, 7, 3, 31)",
-               values);
+    cn.Execute(
+        "INSERT INTO Jigyo_mas (管理No, 事業所名, 法人個人識別, 処理決算期, 決算期開始年, 決算期開始月, "
+        "決算期開始日, 決算期終了年, 決算期終了月, 決算期終了日) VALUES (?, ?, ?, ?, 6, 4, 1, 7, 3, 31)",
+        values);
     session.Kanri_No = number;
     session.Jigyo_Name = "見本" + std::to_string(number);
     session.Hojin_Kojin = hojin_kojin;
@@ -107,7 +108,8 @@ void Installation::Put_Work(int code, const std::map<std::string, double>& figur
     transaction.Commit();
 }
 
-Value Installation::Field(const std::string& table, const std::string& column, const std::string& where) const {
+Value Installation::Field(const std::string& table, const std::string& column,
+                          const std::string& where) const {
     const Connection cn(session.Work_Store, session.Db_Key, Connection::Mode::Read_Only);
     const Recordset rows = cn.Open("SELECT * FROM " + table + " WHERE " + where);
     return rows.Eof() ? Value() : rows[column];
@@ -129,9 +131,22 @@ std::string Installation::Dump(const fs::path& store) {
         Statement rows = cn.Prepare("SELECT * FROM [" + table + "]");
         while (rows.Step()) {
             for (int i = 0; i < rows.Column_Count(); ++i) {
-                text += rows.Column_Name(i) + "=" + (rows.Is_Null(i) ? "(Null)" : rows.Value_At(i).As_Text()) + "|";
+                text += rows.Column_Name(i) + "=" +
+                        (rows.Is_Null(i) ? "(Null)" : rows.Value_At(i).As_Text()) + "|";
             }
             text += "\n";
+        }
+    }
+    return text;
+}
+
+std::string Installation::List(const std::string& query) const {
+    const Connection cn(session.Work_Store, session.Db_Key, Connection::Mode::Read_Only);
+    std::string text;
+    for (Recordset rows = cn.Open(query); !rows.Eof(); rows.Move_Next()) {
+        text += text.empty() ? "" : " ";
+        for (int i = 0; i < static_cast<int>(rows.Columns().size()); ++i) {
+            text += (i == 0 ? "" : "=") + (rows.At(i).Is_Null() ? "-" : rows.At(i).As_Text());
         }
     }
     return text;
@@ -142,10 +157,11 @@ std::map<std::string, std::string> Installation::State() const {
     static std::map<std::size_t, std::string> dumps;
     std::map<std::string, std::string> state;
     for (const auto& entry : fs::recursive_directory_iterator(folder.path)) {
-        if (!entry.is_regular_file() || entry.path().string().ends_with("-journal")) {
+        const std::string name = fs::relative(entry.path(), folder.path).string();
+        const bool of_draft = entry.path().filename().string().starts_with(".");
+        if (!entry.is_regular_file() || (name.ends_with("-journal") && !of_draft)) {
             continue;
         }
-        const std::string name = fs::relative(entry.path(), folder.path).string();
         if (entry.path().extension() != ".dat") {
             state[name] = Read_Text_File(entry.path());
             continue;

@@ -42,8 +42,9 @@ class Installation : public ::testing::Test {
   protected:
     explicit Installation(const std::string& edition = "13", bool multi = true);
 
-    /// Puts a blank company with one period into the working store and takes it in hand in the session (no file in
-    /// data, no marker). Jigyo_mas gets number, name, type, period and an end date of 31 March of Reiwa 7.
+    /// Puts a blank company with one period into the working store and takes it in hand in the session (no
+    /// file in data, no marker). Jigyo_mas gets number, name, type, period and an end date of 31 March of
+    /// Reiwa 7.
     void Make_Company(std::int32_t number, std::int16_t hojin_kojin, std::int16_t period);
 
     /// Puts amounts (yen) into a column of the period in hand.
@@ -56,14 +57,18 @@ class Installation : public ::testing::Test {
     void Put_Work(int code, const std::map<std::string, double>& values);
 
     /// One field of the working store; `where` follows "WHERE ".
-    [[nodiscard]] Value Field(const std::string& table, const std::string& column, const std::string& where) const;
+    [[nodiscard]] Value Field(const std::string& table, const std::string& column,
+                              const std::string& where) const;
     [[nodiscard]] double Amount(int code, const std::string& column = "金額") const;
 
     /// All rows of all tables of a store as text, for comparing states.
     [[nodiscard]] static std::string Dump(const std::filesystem::path& store);
 
-    /// What the installation folder holds, by file: the rows of each store, which must verify, and the content of
-    /// any other file.
+    /// The rows of a query on the working store, joined by blanks, their fields by =; a Null is -.
+    [[nodiscard]] std::string List(const std::string& query) const;
+
+    /// What the installation folder holds, by file: the rows of each store, which must verify, and the
+    /// content of any other file.
     [[nodiscard]] std::map<std::string, std::string> State() const;
 
     Temporary_Folder folder;

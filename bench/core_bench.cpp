@@ -1,0 +1,94 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "batch/case_file.h"
+#include "batch/installation.h"
+#include "screens/settled_score.h"
+#include "zaimu/zaimu_calc.h"
+
+#include <benchmark/benchmark.h>
+#include <filesystem>
+
+namespace {
+
+using namespace morvane;
+namespace fs = std::filesystem;
+
+/// An installation with one sample firm, for the whole run.
+struct Sample {
+    Sample() : folder(fs::temp_directory_path() / "morvane-core-bench") {
+        fs::remove_all(folder);
+        Init_Installation(folder, {"13", false});
+        session = Make_Session(folder, messages);
+        Import_Case(session, fs::path(MORVANE_SAMPLES) / "aoba_kensetsu.json");
+        session.Syori_Ki = 35;
+    }
+
+    Stderr_Messages messages;
+    fs::path folder;
+    Session session;
+};
+
+Sample& The_Sample() {
+    static Sample sample;
+    return sample;
+}
+
+void Open_And_Read_Store(benchmark::State& state) {
+    const Session& session = The_Sample().session;
+    for (auto _ : state) {
+        const Connection cn(session.Work_Store, session.Db_Key, Connection::Mode::Read_Only);
+        benchmark::DoNotOptimize(Load_Review(cn, 35, scenario_genjo, false, true));
+    }
+}
+BENCHMARK(Open_And_Read_Store)->Unit(benchmark::kMicrosecond);
+
+void Open_Store(benchmark::State& state) {
+    const Session& session = The_Sample().session;
+    for (auto _ : state) {
+        const Connection cn(session.Work_Store, session.Db_Key, Connection::Mode::Read_Only);
+        benchmark::DoNotOptimize(&cn);
+    }
+}
+BENCHMARK(Open_Store)->Unit(benchmark::kMicrosecond);
+
+void Score_From_File(benchmark::State& state) {
+    const Session& session = The_Sample().session;
+    for (auto _ : state) {
+        const Connection cn(session.Work_Store, session.Db_Key, Connection::Mode::Read_Only);
+        benchmark::DoNotOptimize(Score_Company(cn, false, std::nullopt, scenario_genjo));
+    }
+}
+BENCHMARK(Score_From_File)->Unit(benchmark::kMicrosecond);
+
+void Aggregate_Period(benchmark::State& state) {
+    const Session& session = The_Sample().session;
+    for (auto _ : state) {
+        Zaimu_Shukei(session, 2);
+    }
+}
+BENCHMARK(Aggregate_Period)->Unit(benchmark::kMillisecond);
+
+/// All scores of 34 lines from figures in memory, to the settled state: what the arithmetic alone costs.
+void Score_In_Memory(benchmark::State& state) {
+    const Session& session = The_Sample().session;
+    const Connection cn(session.Work_Store, session.Db_Key, Connection::Mode::Read_Only);
+    const Review_Figures read = Load_Review(cn, 35, scenario_genjo, false, true);
+    for (auto _ : state) {
+        Review_Figures figures = read;
+        Y_Calc y;
+        X2_Calc x2;
+        Settle(figures, y, x2);
+        benchmark::DoNotOptimize(figures);
+    }
+}
+BENCHMARK(Score_In_Memory)->Unit(benchmark::kMicrosecond);
+
+void Import_A_Firm(benchmark::State& state) {
+    for (auto _ : state) {
+        Import_Case(The_Sample().session, fs::path(MORVANE_SAMPLES) / "aoba_kensetsu.json");
+    }
+}
+BENCHMARK(Import_A_Firm)->Unit(benchmark::kMillisecond);
+
+} // namespace
+
+BENCHMARK_MAIN();

@@ -1,0 +1,274 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "maint/data_conv.h"
+
+#include "calc/x2w_dataget.h"
+#include "company/data_set.h"
+#include "data/same_name.h"
+#include "data/store_file.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+#include <vector>
+
+namespace morvane {
+
+namespace {
+
+bool Refuse(const Session& session, const std::string& text) {
+    Show_Message(session, {.title = "データ変換メッセージ", .text = text, .beep = true});
+    return false;
+}
+
+bool Ask(const Session& session, const std::string& title, const std::string& text) {
+    return Show_Message(session, {.title = title,
+                                  .text = text,
+                                  .icon = Icon::Warning,
+                                  .buttons = Buttons::Yes_No,
+                                  .default_answer = Answer::No,
+                                  .beep = true}) == Answer::Yes;
+}
+
+std::string Of_Account(const Session& session, int code) {
+    return " WHERE 決算期=" + std::to_string(session.Syori_Ki) + " And 建設科目CD=" + std::to_string(code);
+}
+
+// ---- from the statement form of 2008 to that of 2010
+
+struct Code_Shift {
+    int from, to, by;
+};
+
+std::vector<Code_Shift> Shifts(bool hokkaido) {
+    return {{140, 145, 3}, {153, 155, 1}, {204, hokkaido ? 216 : 207, 1}, {232, 237, 1}};
+}
+
+struct New_Name {
+    int code;
+    const char* name;
+};
+constexpr std::array<New_Name, 6> new_names = {{{149, "有形固定資産合計"},
+                                                {159, "無形固定資産合計"},
+                                                {163, "破産更生債権等"},
+                                                {178, "投資その他の資産合計"},
+                                                {179, "固定資産合計"},
+                                                {470, "受取利息及び配当金"}}};
+
+/// The lease accounts of the form of 2010. The fixed lease debt stays outside the class of the fixed
+/// liabilities in converted data.
+struct New_Account {
+    int code;
+    const char* name;
+    int class_no;
+    const char* class_id;
+    const char* mark;  ///< 正負識別
+    bool deducted;     ///< 内部処理正負
+    bool debit_normal; ///< 貸借正負
+    bool summed;       ///< 集計識別
+    bool entered;      ///< 金額編集識別
+};
+constexpr std::array<New_Account, 6> new_accounts = {{
+    {140, "リース資産", 2, "Yks", nullptr, false, true, true, true},
+    {141, "リース資産減価償却累計額", 2, "Yks", "△", true, false, true, true},
+    {142, "リース資産　帳簿価格", 2, "Yks", nullptr, false, true, false, false},
+    {153, "リース資産", 3, "Mks", nullptr, false, true, true, true},
+    {204, "リース債務", 6, "Rdf", nullptr, false, false, true, true},
+    {232, "リース債務", 7, "Kdf", nullptr, false, false, true, true},
+}};
+
+constexpr std::array<const char*, 5> amounts = {"金額", "借方", "貸方", "改善後残高", "仮金額"};
+
+// From the highest code down, so that no row meets one that has not moved yet.
+void Shift_Codes(const Connection& cn, const Session& session) {
+    for (const Code_Shift& shift : Shifts(session.Is_Hokkaido())) {
+        for (int code = shift.to; code >= shift.from; --code) {
+            cn.Execute("UPDATE Ks_Zaihyo SET 建設科目CD = " + std::to_string(code + shift.by) +
+                       Of_Account(session, code) + ";");
+        }
+    }
+}
+
+void Rename(const Connection& cn, const Session& session, int code, const std::string& name,
+            bool corporation_too) {
+    const std::array<Value, 1> values = {name};
+    for (const char* column : {"建設科目名", "個人科目名"}) {
+        cn.Execute(std::string("UPDATE Ks_Zaihyo SET ") + column + " = ?" + Of_Account(session, code),
+                   values);
+    }
+    if (corporation_too) {
+        cn.Execute("UPDATE Ks_Zaihyo SET 法人科目名 = ?" + Of_Account(session, code), values);
+    }
+}
+
+// The national form of an individual has no 買掛金: its line takes the short-term loans.
+void Merge_Loans(const Connection& cn, const Session& session) {
+    const Recordset payables = cn.Open("SELECT * FROM Ks_Zaihyo" + Of_Account(session, 203));
+    if (!payables.Eof() && payables["金額"].As_Double() != 0.0) {
+        Show_Message(session, {.title = "データ変換メッセージ",
+                               .text = "「流動負債」の「買掛金」に金額があります。このデータは、個人科目には"
+                                       "無いため削除されます。\n"
+                                       "変換終了後、確認・調整をお願いします。",
+                               .beep = true});
+    }
+    Recordset loans = cn.Open("SELECT * FROM Ks_Zaihyo" + Of_Account(session, 208));
+    if (!loans.Eof()) {
+        std::array<Value, amounts.size()> values;
+        std::string names;
+        for (std::size_t i = 0; i < amounts.size(); ++i) {
+            values[i] = loans[amounts[i]];
+            names += (i == 0 ? "" : ", ") + std::string(amounts[i]) + " = ?";
+            loans.Set(amounts[i], {});
+        }
+        cn.Execute("UPDATE Ks_Zaihyo SET " + names + Of_Account(session, 203), values);
+        loans.Update();
+    }
+    Rename(cn, session, 203, "短期借入金", true);
+    Rename(cn, session, 206, "未払金", false);
+    Rename(cn, session, 205, "繰延資産合計", false);
+}
+
+void Add_Account(const Connection& cn, const Session& session, const New_Account& account) {
+    Recordset rows = cn.Open("SELECT * FROM Ks_Zaihyo" + Of_Account(session, account.code));
+    if (!rows.Eof()) {
+        return;
+    }
+    const auto flag = [](bool value) { return value ? -1 : 0; };
+    rows.Add_New();
+    rows.Set("決算期", session.Syori_Ki);
+    rows.Set("建設科目CD", account.code);
+    rows.Set("並び順", account.code);
+    rows.Set("科目分類No", account.class_no);
+    rows.Set("科目分類識別", account.class_id);
+    for (const char* column : {"建設科目名", "法人科目名", "個人科目名"}) {
+        rows.Set(column, account.name);
+    }
+    rows.Set("正負識別", account.mark == nullptr ? Value() : Value(account.mark));
+    rows.Set("内部処理正負", account.deducted ? Value(1) : Value());
+    rows.Set("貸借正負", account.debit_normal ? 1 : 0);
+    rows.Set("集計識別", flag(account.summed));
+    rows.Set("科目編集識別", 0);
+    rows.Set("金額編集識別", flag(account.entered));
+    // An individual's statement has no lease accounts.
+    for (const char* column : {"個人非表示識別", "個人非印刷識別"}) {
+        rows.Set(column, -1);
+    }
+    for (const char* column : {"法人非表示識別", "法人非印刷識別"}) {
+        rows.Set(column, 0);
+    }
+    for (const char* column : {"非表示識別", "非印刷識別"}) {
+        rows.Set(column, flag(!session.Is_Corporation()));
+    }
+    rows.Update();
+}
+
+void Convert_Statement(const Session& session, int form) {
+    const Connection cn = Cn_Open(session);
+    Transaction transaction(cn);
+    Shift_Codes(cn, session);
+    for (const New_Name& entry : new_names) {
+        Rename(cn, session, entry.code, entry.name, true);
+    }
+    cn.Execute("UPDATE Ks_Zaihyo SET 非表示識別 = True, 非印刷識別 = True" + Of_Account(session, 161));
+    for (const int code : {185, 251, 298}) {
+        cn.Execute("UPDATE Ks_Zaihyo SET 科目編集識別 = False" + Of_Account(session, code));
+    }
+    if (!session.Is_Hokkaido() && session.Hojin_Kojin == 2) {
+        Merge_Loans(cn, session);
+    }
+    for (const New_Account& account : new_accounts) {
+        Add_Account(cn, session, account);
+    }
+    cn.Execute("UPDATE Ks_Zaihyo SET Ks_Zaihyo![並び順] = " + std::to_string(form) + Of_Account(session, 99) +
+               ";");
+    transaction.Commit();
+}
+
+// ---- the import of a whole store
+
+void Copy_Table(const Connection& from, const Connection& to, const char* table) {
+    to.Execute(std::string("DELETE ") + table + ".* FROM " + table);
+    Recordset source = from.Open(std::string("SELECT * FROM ") + table + ";");
+    Recordset target = to.Open(std::string("SELECT * FROM ") + table + ";");
+    std::vector<std::string> common;
+    for (const std::string& column : source.Columns()) {
+        if (std::any_of(target.Columns().begin(), target.Columns().end(),
+                        [&](const std::string& own) { return Same_Name(own, column); })) {
+            common.push_back(column);
+        }
+    }
+    for (; !source.Eof(); source.Move_Next()) {
+        target.Add_New();
+        for (const std::string& column : common) {
+            target.Set(column, source[column]);
+        }
+        target.Update();
+    }
+}
+
+} // namespace
+
+bool Mnu_Dt2015(Session& session) {
+    if (session.Data_Ver < 5) {
+        return Refuse(session, "現在のデータは、2008年改正以前のデータです。変換はできません。\n"
+                               "このメニューで変換できるデータは、2012年のデータのみです。");
+    }
+    if (Get_Simyu_Kubun(session, session.Syori_Ki) == 4) {
+        return Refuse(session, "現在のデータは既に、2015年改正後データです。\n変換の必要はありません。");
+    }
+    if (!Ask(session, "2015年版へのデータ変換確認",
+             "2012年のデータを、2015年改正対応のデータに変換します。\n"
+             "一旦変換すると元に戻せません。よろしいですか？")) {
+        return false;
+    }
+    To_Law2015(session, session.Syori_Ki);
+    session.Simyu_Kubun = 4;
+    return true;
+}
+
+bool Conv_2008_To_2010(Session& session) {
+    if (session.Data_Ver < 3) {
+        return Refuse(session, "現在のデータは、2008年改正時点より前のデータです。変換はできません。\n"
+                               "このメニューで変換できるデータは、2008年のデータのみです。");
+    }
+    if (session.Data_Ver == 5 || session.Data_Ver == 6) {
+        return Refuse(session, "現在のデータは既に、2010年以降の財務データです。\n変換の必要はありません。");
+    }
+    if (!Ask(session, "2010年版へのデータ変換確認",
+             "2008年改正時点のデータを、2010年以降の財務データに変換します。\n"
+             "一旦変換すると元に戻せません。よろしいですか？")) {
+        return false;
+    }
+    const std::uint8_t form = session.Data_Ver == 3 ? 5 : 6;
+    Convert_Statement(session, form);
+    session.Data_Ver = form;
+    Show_Message(session,
+                 {.title = "財務データ変換終了", .text = "データ変換が終了しました。", .beep = true});
+    return true;
+}
+
+bool Dt_Conv(Session& session, const std::filesystem::path& folder) {
+    if (folder.empty()) {
+        Show_Message(session, {.title = "フォルダ未指定エラー",
+                               .text = "バックアップファイルのフォルダが指定されていません。",
+                               .beep = true});
+        return false;
+    }
+    {
+        const Connection from(Find_File(folder, "morvane.dat"), session.Db_Key, Connection::Mode::Read_Only);
+        const Connection to = Cn_Open(session);
+        Transaction transaction(to);
+        for (const char* table :
+             {"Jigyo_mas", "Hatu_dt", "Kandaka_Gj", "Kandaka_Kz", "Ks_Ki", "Ks_Zaihyo", "QandA", "XW_Yoso"}) {
+            Copy_Table(from, to, table);
+        }
+        transaction.Commit();
+    }
+    Show_Message(session, {.title = "データ変換完了", .text = "データの変換が終了しました。", .beep = true});
+    return true;
+}
+
+bool Dt_Conv_Cancelled(const Session& session) {
+    return Ask(session, "起動中止確認", "データ変換を行わず終了します。よろしいですか？");
+}
+
+} // namespace morvane

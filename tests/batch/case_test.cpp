@@ -1,0 +1,377 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "batch/case_file.h"
+
+#include "batch/check_run.h"
+#include "calc/review_figures.h"
+#include "company/datacheck.h"
+#include "data/store_file.h"
+#include "session/kidou_ini.h"
+#include "support/installation_fixture.h"
+
+#include <functional>
+
+namespace morvane::tests {
+namespace {
+
+namespace fs = std::filesystem;
+using nlohmann::json;
+
+class Case_Test : public Installation {
+  protected:
+    using Installation::Installation;
+
+    /// Writes a case into a folder beside the installation and imports it.
+    Imported Import(const json& record) const { return Import_Text(record.dump()); }
+    Imported Import_Text(const std::string& text) const {
+        Write_Text_File(case_file, text);
+        return Import_Case(session, case_file);
+    }
+
+    [[nodiscard]] fs::path Store(std::int32_t number) const {
+        return session.Is_Multi() ? Company_Store(session, number) : session.Work_Store;
+    }
+    [[nodiscard]] std::string Export(std::int32_t number) const {
+        return Case_Text(Export_Case(session, Store(number)));
+    }
+
+    /// Lets Field and Amount read a company's store.
+    void Look_Into(std::int32_t number, std::int16_t period) {
+        session.Work_Store = Store(number);
+        session.Syori_Ki = period;
+    }
+    void Execute(std::int32_t number, const std::string& sql) const {
+        Connection(Store(number), session.Db_Key).Execute(sql);
+    }
+
+    Temporary_Folder beside;
+    fs::path case_file = beside.path / "見本.json";
+};
+
+json Firm(int number = 7) {
+    return json::parse(R"({"format": "morvane-case", "version": 1, "Tiiki_CD": "13",
+        "Jigyo_mas": {"管理No": 7, "事業所名": "見本組", "事業所カナ名": "ﾐﾎﾝ", "法人個人識別": 1, "処理決算期": 2,
+                      "決算期終了年": 7, "決算期終了月": 3, "決算期終了日": 31},
+        "periods": [{"決算期": 1, "Simyu_Kubun": 4,
+                     "Ks_Zaihyo": {"100": 1000000, "101": 700000, "200": {"金額": 400000, "借方": 30000}},
+                     "Kandaka_Gj": {"0": {"完工高前期": 10, "完工高基準": 20, "元請完工高前期": 5, "元請完工高基準": 6,
+                                          "技術者1": 3, "技術者5": 1, "技術者6": 2}},
+                     "W_Yoso": {"101": 1, "111": 35, "121": 1, "142": {"現状": 2, "改善後0": 3}},
+                     "QandA": {"41": {"質問": "期末の現金"}}},
+                    {"決算期": 2, "Simyu_Kubun": 4}]})")
+        .patch(json::array({{{"op", "replace"}, {"path", "/Jigyo_mas/管理No"}, {"value", number}}}));
+}
+
+// ---- the sample firms
+
+struct Sample {
+    const char* file;
+    const char* edition;
+    std::int32_t number;
+    bool multi;
+};
+constexpr Sample samples[] = {{"aoba_kensetsu", "13", 1, true},  {"aoba_kensetsu", "13", 1, false},
+                              {"tanaka_komuten", "13", 2, true}, {"tanaka_komuten", "13", 2, false},
+                              {"hokurei_doboku", "01", 3, true}, {"hokurei_doboku", "01", 3, false},
+                              {"midori_denki", "13", 4, true},   {"midori_denki", "13", 4, false},
+                              {"sakura_setsubi", "13", 5, true}, {"sakura_setsubi", "13", 5, false}};
+
+class Sample_Test : public Case_Test, public ::testing::WithParamInterface<Sample> {
+  protected:
+    Sample_Test() : Case_Test(GetParam().edition, GetParam().multi) {}
+};
+
+INSTANTIATE_TEST_SUITE_P(Firms, Sample_Test, ::testing::ValuesIn(samples), [](const auto& sample) {
+    return std::string(sample.param.file) + (sample.param.multi ? "_multi" : "_single");
+});
+
+TEST_P(Sample_Test, Balances_And_Comes_Back_The_Same) {
+    const std::int32_t number = GetParam().number;
+    const fs::path file = fs::path(MORVANE_SAMPLES) / (std::string(GetParam().file) + ".json");
+    const Imported imported = Import_Case(session, file);
+    EXPECT_EQ(imported.number, number);
+    EXPECT_FALSE(imported.replaced);
+    const json given = json::parse(Read_Text_File(file));
+    {
+        const Connection cn(Store(number), session.Db_Key);
+        for (const json& period : given["periods"]) {
+            const Balance_Check check =
+                Check_Balance(cn, period["決算期"], given["Jigyo_mas"]["法人個人識別"] == 1);
+            EXPECT_TRUE(check.Is_Ok()) << period["決算期"] << " " << check.left - check.right;
+            EXPECT_NE(check.left, 0.0);
+        }
+    }
+    const std::string text = Export(number);
+    const json exported = json::parse(text);
+    EXPECT_EQ(exported["Jigyo_mas"], given["Jigyo_mas"]);
+    for (std::size_t i = 0; i < given["periods"].size(); ++i) {
+        for (const auto& [code, amount] : given["periods"][i]["Ks_Zaihyo"].items()) {
+            EXPECT_EQ(exported["periods"][i]["Ks_Zaihyo"].value(code, json()), amount) << i << " " << code;
+        }
+        EXPECT_EQ(exported["periods"][i]["Kandaka_Gj"], given["periods"][i]["Kandaka_Gj"]) << i;
+        EXPECT_EQ(exported["periods"][i]["W_Yoso"], given["periods"][i]["W_Yoso"]) << i;
+    }
+    const std::string before = Dump(Store(number));
+    EXPECT_EQ(Import_Text(text).replaced, GetParam().multi);
+    EXPECT_EQ(Export(number), text);
+    EXPECT_EQ(Dump(Store(number)), before);
+    EXPECT_EQ(Dump(Store(number).string() + ".bak"), before);
+}
+
+// Whatever the screens may have left in the store goes out and comes in again.
+TEST_F(Case_Test, Changes_Of_The_Store_Come_Back) {
+    Import_Case(session, fs::path(MORVANE_SAMPLES) / "sakura_setsubi.json");
+    const char* changes[] = {
+        "UPDATE Ks_Zaihyo SET 金額 = Null WHERE 決算期=28 And 建設科目CD=820;",
+        "UPDATE Ks_Zaihyo SET 金額 = 5, 改善後残高 = 5 WHERE 決算期=28 And 建設科目CD=821;",
+        "UPDATE Ks_Zaihyo SET 借方1 = 借方, 貸方1 = 貸方, 改善後残高1 = 改善後残高 WHERE 決算期=28;",
+        "UPDATE Ks_Zaihyo SET 改善後残高3 = 11 WHERE 建設科目CD=319;",
+        "UPDATE Kandaka_Gj SET 改1完工高基準 = 77, 改1総合評点P = 800, 改3評点X1 = 0 WHERE 工種CD=10;",
+        "UPDATE W_Yoso SET 改善後1 = 改善後0, 改善後2 = 0 WHERE 決算期=28;",
+        "UPDATE W_Yoso SET 改善後0 = 現状 WHERE 決算期=28;",
+        "UPDATE Ks_Zaihyo SET 借方 = 300, 貸方 = 40 WHERE 決算期=27 And 建設科目CD=100;",
+        "UPDATE Ks_Zaihyo SET 改善後残高 = 12345 WHERE 決算期=27 And 建設科目CD=203;",
+        "UPDATE Ks_Zaihyo SET 仮金額 = -9 WHERE 建設科目CD=100;",
+        "UPDATE Ks_Zaihyo SET 建設科目名 = '仮払金 \"A\"' WHERE 決算期=28 And 建設科目CD=112;",
+        "UPDATE Ks_Zaihyo SET 建設科目名 = Null WHERE 決算期=28 And 建設科目CD=212;",
+        "UPDATE Ks_Zaihyo SET 建設科目名 = '資産' WHERE 決算期=28 And 建設科目CD=199;",
+        "UPDATE QandA SET 質問 = '一行目\n二行目', アドバイス = '答え' WHERE 決算期=27 And QNo=41;",
+        "UPDATE Kandaka_Gj SET 評点X1 = 700, 評点Z1 = 0, 総合評点P = 651, 完工高平均 = 5 WHERE 工種CD=2;",
+        "UPDATE Kandaka_Gj SET 技術者6 = 4, 改0技術者6 = 2 WHERE 工種CD=28;",
+        "UPDATE Kandaka_Gj SET 完工高基準 = Null WHERE 工種CD=29;",
+        "UPDATE W_Yoso SET 現状 = 1234 WHERE 要素CD=200;",
+        "UPDATE W_Yoso SET 現状 = Null WHERE 要素CD=111;",
+        "UPDATE Jigyo_mas SET 代表者名 = Null, 決算期終了年 = 5, 単位 = 2, 処理決算期 = 27;",
+    };
+    for (const char* change : changes) {
+        SCOPED_TRACE(change);
+        const std::string before = Export(5);
+        Execute(5, change);
+        const std::string text = Export(5);
+        EXPECT_NE(text, before);
+        EXPECT_EQ(Import_Text(text).number, 5);
+        EXPECT_EQ(Export(5), text);
+    }
+    Look_Into(5, 28);
+    EXPECT_NE(Amount(399, "改善後残高1"), 0.0) << "totals of a saved slot";
+    EXPECT_EQ(Amount(199, "改善後残高1"), Amount(399, "改善後残高1"));
+    EXPECT_EQ(Field("W_Yoso", "改善後0", "決算期=28 And 要素CD=210").As_Integer(), 4)
+        << "the law year of the scenario";
+    EXPECT_EQ(Field("W_Yoso", "現状", "決算期=28 And 要素CD=210").As_Integer(), 4);
+}
+
+// ---- what import makes of a case
+
+TEST_F(Case_Test, What_A_Case_Leaves_Out_Is_Null) {
+    Import(Firm());
+    Look_Into(7, 2);
+    const Connection cn = Cn_Open(session);
+    Recordset line = cn.Open("SELECT * FROM Kandaka_Gj WHERE 決算期=2 ORDER BY 工種CD;");
+    EXPECT_EQ(line.Count(), work_line_count);
+    for (; !line.Eof(); line.Move_Next()) {
+        for (const std::string& column : line.Columns()) {
+            EXPECT_TRUE(line[column].Is_Null() || column == "決算期" || column == "工種CD" ||
+                        column == "工種略")
+                << column;
+        }
+    }
+    EXPECT_EQ(cn.Open("SELECT * FROM W_Yoso WHERE 決算期=2 And 要素CD<>210 And 現状 Is Not Null").Count(),
+              0U);
+    EXPECT_EQ(cn.Open("SELECT * FROM QandA WHERE 決算期=2 And 質問 Is Not Null").Count(), 0U);
+    EXPECT_TRUE(Field("Ks_Zaihyo", "金額", "決算期=2 And 建設科目CD=100").Is_Null());
+    EXPECT_EQ(Field("Kandaka_Gj", "技術者6", "決算期=1 And 工種CD=0").As_Integer(), 2);
+    EXPECT_EQ(Field("W_Yoso", "改善後0", "決算期=1 And 要素CD=142").As_Integer(), 3);
+    EXPECT_EQ(Field("QandA", "質問", "決算期=1 And QNo=41").As_Text(), "期末の現金");
+    session.Syori_Ki = 1;
+    EXPECT_EQ(Amount(129), 1'700'000.0);
+    EXPECT_EQ(Amount(229, "改善後残高"), 370'000.0);
+    EXPECT_EQ(Field("Jigyo_mas", "処理決算期", "管理No=7").As_Integer(), 2);
+}
+
+TEST_F(Case_Test, Prior_Figures_Come_From_Earlier_Periods_Unless_Given) {
+    json firm = Firm();
+    firm["periods"][0]["Ks_Zaihyo"]["103"] = 4000;
+    firm["periods"][1]["Ks_Zaihyo"] = {{"101", 9000}, {"820", 1}, {"821", nullptr}, {"800", 3}};
+    firm["periods"].push_back(
+        {{"決算期", 3}, {"Simyu_Kubun", 3}, {"Ks_Zaihyo", {{"802", nullptr}, {"838", {{"金額", 77}}}}}});
+    Import(firm);
+    const struct {
+        std::int16_t period;
+        int code;
+        Value amount;
+    } cases[] = {{1, 820, {}},  {2, 820, 1.0},  {2, 821, {}},     {2, 822, 0.0},        {2, 830, 1'704'000.0},
+                 {2, 800, 3.0}, {2, 801, {}},   {3, 820, 9000.0}, {3, 800, 700'000.0},  {3, 801, 4000.0},
+                 {3, 802, {}},  {3, 838, 77.0}, {3, 829, 9000.0}, {2, 838, 1'304'000.0}};
+    for (const auto& c : cases) {
+        Look_Into(7, c.period);
+        const Value amount =
+            Field("Ks_Zaihyo", "金額",
+                  "決算期=" + std::to_string(c.period) + " And 建設科目CD=" + std::to_string(c.code));
+        EXPECT_EQ(amount.Is_Null(), c.amount.Is_Null()) << c.period << " " << c.code;
+        EXPECT_EQ(amount.As_Double(), c.amount.As_Double()) << c.period << " " << c.code;
+        EXPECT_EQ(Amount(c.code, "改善後残高"), c.amount.As_Double()) << c.period << " " << c.code;
+    }
+}
+
+TEST_F(Case_Test, Elements_Bear_The_Codes_Of_Their_Law_Year) {
+    const char* const pension = "厚生年金加入";
+    const char* const mutual_aid = "建設業退職金共済制度加入";
+    const char* const severance = "退職一時金もしくは企業年金制度導入";
+    const char* const accidents = "法定外労働災害補償制度加入";
+    const struct {
+        int law;
+        const char* names[4]; ///< of 103 to 106
+    } cases[] = {{1, {mutual_aid, severance, accidents, nullptr}},
+                 {2, {mutual_aid, severance, accidents, nullptr}},
+                 {3, {pension, mutual_aid, severance, accidents}},
+                 {4, {pension, mutual_aid, severance, accidents}}};
+    for (const auto& c : cases) {
+        json firm = Firm();
+        for (json& period : firm["periods"]) {
+            period["Simyu_Kubun"] = c.law;
+            period["W_Yoso"] = {{"103", 2}, {"104", 1}, {"105", 0}};
+        }
+        Import(firm);
+        Look_Into(7, 2);
+        for (int i = 0; i < 4; ++i) {
+            const std::string row = "決算期=2 And 要素CD=" + std::to_string(103 + i);
+            EXPECT_EQ(Field("W_Yoso", "要素名", row).As_Text(), c.names[i] == nullptr ? "" : c.names[i])
+                << c.law << " " << i;
+            EXPECT_EQ(Field("W_Yoso", "現状", row).As_Integer(-1), i == 3 ? -1 : 2 - i) << c.law << " " << i;
+        }
+        EXPECT_EQ(Field("W_Yoso", "現状", "決算期=1 And 要素CD=210").As_Integer(), c.law);
+    }
+}
+
+TEST_F(Case_Test, The_Replaced_Store_Is_Kept) {
+    EXPECT_FALSE(Import(Firm()).replaced);
+    const std::string former = Dump(Store(7));
+    json firm = Firm();
+    firm["Jigyo_mas"]["事業所名"] = "新見本組";
+    firm["periods"].erase(1);
+    firm["Jigyo_mas"]["処理決算期"] = 1;
+    const Imported imported = Import(firm);
+    EXPECT_TRUE(imported.replaced);
+    EXPECT_EQ(imported.name, "新見本組");
+    EXPECT_EQ(Dump(Store(7).string() + ".bak"), former);
+    const std::vector<Register_Row> companies = Read_Register(session);
+    ASSERT_EQ(companies.size(), 1U);
+    EXPECT_EQ(companies[0].name, "新見本組");
+    EXPECT_EQ(companies[0].kana, "ﾐﾎﾝ");
+}
+
+// ---- refusals
+
+TEST_F(Case_Test, Refusals_Name_The_Place_And_Write_Nothing) {
+    using Change = std::function<void(json&)>;
+    const auto put = [](const char* place, const json& value) -> Change {
+        return [=](json& firm) { firm[json::json_pointer(place)] = value; };
+    };
+    const auto drop = [](const char* parent, const char* key) -> Change {
+        return [=](json& firm) { firm[json::json_pointer(parent)].erase(key); };
+    };
+    const struct {
+        Change change;
+        const char* path;
+        const char* reason;
+    } cases[] = {
+        {put("/format", "case"), " format：", "morvane-case"},
+        {put("/version", 2), " version：", "版"},
+        {put("/extra", 1), " extra：", "知らない"},
+        {put("/Tiiki_CD", "14"), " Tiiki_CD：", "\"13\""},
+        {put("/Tiiki_CD", "01"), " Tiiki_CD：", "「01」"},
+        {drop("", "Jigyo_mas"), " Jigyo_mas：", "オブジェクト"},
+        {put("/Jigyo_mas/年商", 1), " Jigyo_mas.年商：", "ない項目"},
+        {put("/Jigyo_mas/事業所名", 5), " Jigyo_mas.事業所名：", "文字列"},
+        {drop("/Jigyo_mas", "管理No"), " Jigyo_mas.管理No：", "指定されていません"},
+        {put("/Jigyo_mas/管理No", nullptr), " Jigyo_mas.管理No：", "指定されていません"},
+        {put("/Jigyo_mas/管理No", -1), " Jigyo_mas.管理No：", "使用できない"},
+        {put("/Jigyo_mas/管理No", 0), " Jigyo_mas.管理No：", "使用できない"},
+        {put("/Jigyo_mas/管理No", 999'999), " Jigyo_mas.管理No：", "使用できない"},
+        {put("/Jigyo_mas/管理No", 1'000'007), " Jigyo_mas.管理No：", "下6桁"},
+        {put("/Jigyo_mas/管理No", 2'147'483'648), " Jigyo_mas.管理No：", "範囲外"},
+        {put("/Jigyo_mas/管理No", "7"), " Jigyo_mas.管理No：", "数値"},
+        {put("/Jigyo_mas/法人個人識別", 3), " Jigyo_mas.法人個人識別：", "1"},
+        {put("/Jigyo_mas/処理決算期", 3), " Jigyo_mas.処理決算期：", "periods"},
+        {put("/Jigyo_mas/決算期終了年", 32'768), " Jigyo_mas.決算期終了年：", "範囲外"},
+        {put("/periods", json::array()), " periods：", "配列"},
+        {put("/periods", json::object()), " periods：", "配列"},
+        {put("/periods/1", 5), " periods[1]：", "オブジェクト"},
+        {drop("/periods/1", "決算期"), " periods[1].決算期：", "指定されていません"},
+        {put("/periods/1/決算期", 1), " periods[1].決算期：", "連続"},
+        {put("/periods/1/決算期", 0), " periods[1].決算期：", "連続"},
+        {put("/periods/1/決算期", 3), " periods[1].決算期：", "連続"},
+        {put("/periods/0/決算期", 32'768), " periods[0].決算期：", "範囲外"},
+        {put("/periods/1/Simyu_Kubun", 5), " periods[1].Simyu_Kubun：", "範囲外"},
+        {put("/periods/1/Simyu_Kubun", "4"), " periods[1].Simyu_Kubun：", "数値"},
+        {put("/periods/1/Kandaka", json::object()), " periods[1].Kandaka：", "知らない"},
+        {put("/periods/1/Ks_Zaihyo", json::array()), " periods[1].Ks_Zaihyo：", "オブジェクト"},
+        {put("/periods/0/Ks_Zaihyo/129", 5), " periods[0].Ks_Zaihyo.129：", "自動計算"},
+        {put("/periods/0/Ks_Zaihyo/129", {{"改善後残高", 5}}), " periods[0].Ks_Zaihyo.129.改善後残高：",
+         "自動計算"},
+        {put("/periods/0/Ks_Zaihyo/998", 5), " periods[0].Ks_Zaihyo.998：", "コード"},
+        {put("/periods/0/Ks_Zaihyo/100x", 5), " periods[0].Ks_Zaihyo.100x：", "コード"},
+        {put("/periods/0/Ks_Zaihyo/100", 0.5), " periods[0].Ks_Zaihyo.100：", "整数"},
+        {put("/periods/0/Ks_Zaihyo/100", "5"), " periods[0].Ks_Zaihyo.100：", "数値"},
+        {put("/periods/0/Ks_Zaihyo/100", true), " periods[0].Ks_Zaihyo.100：", "数値"},
+        {put("/periods/0/Ks_Zaihyo/100", 2e15), " periods[0].Ks_Zaihyo.100：", "範囲外"},
+        {put("/periods/0/Ks_Zaihyo/100", {{"並び順", 1}}), " periods[0].Ks_Zaihyo.100.並び順：",
+         "指定できない"},
+        {put("/periods/0/Ks_Zaihyo/100", {{"貸方4", 1}}), " periods[0].Ks_Zaihyo.100.貸方4：",
+         "指定できない"},
+        {put("/periods/0/Kandaka_Gj/34", json::object()), " periods[0].Kandaka_Gj.34：", "コード"},
+        {put("/periods/0/Kandaka_Gj/0", 5), " periods[0].Kandaka_Gj.0：", "オブジェクト"},
+        {put("/periods/0/Kandaka_Gj/32", {{"完工高基準", 1}}), " periods[0].Kandaka_Gj.32.完工高基準：",
+         "集計"},
+        {put("/periods/0/Kandaka_Gj/0/工種略", "土"), " periods[0].Kandaka_Gj.0.工種略：", "指定できない"},
+        {put("/periods/0/Kandaka_Gj/0/完工高", 1), " periods[0].Kandaka_Gj.0.完工高：", "ない項目"},
+        {put("/periods/0/Kandaka_Gj/0/技術者1", 32'768), " periods[0].Kandaka_Gj.0.技術者1：", "範囲外"},
+        {put("/periods/0/W_Yoso/300", 1), " periods[0].W_Yoso.300：", "コード"},
+        {put("/periods/0/W_Yoso/210", 4), " periods[0].W_Yoso.210：", "Simyu_Kubun"},
+        {put("/periods/0/W_Yoso/101", {{"改善後", 1}}), " periods[0].W_Yoso.101.改善後：", "指定できない"},
+        {[](json& firm) {
+             firm["periods"][0]["Simyu_Kubun"] = 2;
+             firm["periods"][0]["W_Yoso"]["106"] = 1;
+         },
+         " periods[0].W_Yoso.106：", "コード"},
+        {put("/periods/0/QandA/41", {{"タイトル", "x"}}), " periods[0].QandA.41.タイトル：", "指定できない"},
+    };
+    const auto expect_refused = [&](const std::string& text, const std::string& path,
+                                    const std::string& reason) {
+        const auto before = State();
+        try {
+            Import_Text(text);
+            ADD_FAILURE() << "taken: " << path;
+        } catch (const Case_Error& error) {
+            const std::string message = error.what();
+            EXPECT_NE(message.find("「" + case_file.string() + "」" + path), std::string::npos) << message;
+            EXPECT_NE(message.find(reason), std::string::npos) << message;
+        }
+        EXPECT_EQ(State(), before) << path;
+    };
+    Import(Firm());
+    for (const auto& c : cases) {
+        json firm = Firm();
+        c.change(firm);
+        expect_refused(firm.dump(), c.path, c.reason);
+    }
+    for (const char* text : {"", "{", "{\"format\": \"\xff\"}", "null {}"}) {
+        expect_refused(text, "：", "JSON");
+    }
+    expect_refused("[]", "：", "オブジェクト");
+    EXPECT_THROW(Import_Case(session, folder.path / "none.json"), Store_Error);
+}
+
+TEST_F(Case_Test, A_Company_Left_In_Hand_Is_Not_Replaced) {
+    Import(Firm(7));
+    Copy_Store(Store(7), session.Work_Store, session.Db_Key);
+    Write_Kidou_Ini(folder.path, {7, "見本組"});
+    const auto before = State();
+    EXPECT_THROW(Import(Firm(7)), Case_Error);
+    EXPECT_EQ(State(), before);
+    EXPECT_EQ(Import(Firm(8)).number, 8);
+    Write_Kidou_Ini(folder.path, {});
+    EXPECT_TRUE(Import(Firm(7)).replaced);
+}
+
+} // namespace
+} // namespace morvane::tests

@@ -1,0 +1,221 @@
+#!/usr/bin/env python3
+# SPDX-FileCopyrightText: The Morvane developers
+"""Runs the batch tool as a person or a program does: command_line.py PROGRAM SAMPLES. The first failure ends it."""
+
+import csv
+import fcntl
+import json
+import os
+import pathlib
+import shutil
+import subprocess
+import sys
+import tempfile
+
+PROGRAM, SAMPLES = sys.argv[1], pathlib.Path(sys.argv[2])
+AOBA, TANAKA, HOKUREI = (SAMPLES / f"{name}.json" for name in ("aoba_kensetsu", "tanaka_komuten", "hokurei_doboku"))
+
+
+def run(*arguments, status=0, program=PROGRAM, **options):
+    """Runs the tool, tests its status and gives its output and error texts."""
+    done = subprocess.run([program, *map(str, arguments)], stdin=subprocess.DEVNULL, text=True, encoding="utf-8",
+                          timeout=120, **({"stdout": subprocess.PIPE, "stderr": subprocess.PIPE} | options))
+    expect(done.returncode == status, f"{arguments}: status {done.returncode} instead of {status}: {done.stderr}")
+    expect(status == 0 or done.stderr or "ten" in arguments or "check" in arguments, f"{arguments}: no reason given")
+    return done.stdout, done.stderr
+
+
+def expect(condition, message):
+    if not condition:
+        sys.exit(f"FAILED {message}")
+
+
+def expect_in(part, text, what):
+    expect(part in text, f"{what}: no {part!r} in {text!r}")
+
+
+def numbers(folder, *options):
+    """The company numbers of a score in JSON."""
+    return [company["管理No"] for company in json.loads(run("score", folder, "--format", "json", *options)[0])["companies"]]
+
+
+def make_folders(top):
+    for edition, firms in (("13", 4), ("01", 1)):
+        for mode in ("multi", "single"):
+            folder = top / f"{edition}-{mode}"
+            run("init", folder, "--edition", edition, "--mode", mode, "--sample")
+            expect((folder / "Jgmas.dat").exists() == (mode == "multi"), f"{folder}: register")
+            expect(len(numbers(folder)) == (firms if mode == "multi" else 1), f"{folder}: samples")
+            before = sorted((path.name, path.stat().st_mtime_ns) for path in folder.rglob("*"))
+            expect_in(str(folder), run("init", folder, status=2)[1], "init of a folder that is one")
+            expect(before == sorted((path.name, path.stat().st_mtime_ns) for path in folder.rglob("*")), "init twice")
+            expect(run("check", folder)[0] == "", f"{folder}: findings")
+    empty = top / "empty"
+    run("init", empty)
+    expect(numbers(empty) == [], "a new folder holds no company")
+    expect(json.loads((empty / "install_info.json").read_text(encoding="utf-8"))["地域CD"] == "13", "default edition")
+    run("init", AOBA, status=2)
+
+
+def import_cases(top):
+    folder = top / "empty"
+    broken = top / "broken.json"
+    broken.write_text(AOBA.read_text(encoding="utf-8").replace('"管理No": 1', '"管理No": 99, "年商": 5'), encoding="utf-8")
+    out, err = run("import", folder, AOBA, broken, TANAKA, status=1)
+    expect_in("青葉見本建設株式会社", out, "import")
+    expect_in(f"「{broken}」 Jigyo_mas.年商", err, "import of a broken case")
+    expect(len(err.splitlines()) == 1 and numbers(folder) == [1, 2], "the others are imported")
+    expect_in("置き換え", run("import", folder, AOBA)[0], "import again")
+    expect_in("Tiiki_CD", run("import", folder, HOKUREI, status=1)[1], "another edition")
+    expect_in("none.json", run("import", folder, top / "none.json", status=2)[1], "no such case")
+    run("import", top / "13-single", AOBA, TANAKA, status=2)
+    run("import", top / "13-single", TANAKA)
+    expect(numbers(top / "13-single") == [2], "single mode")
+
+
+def score(top):
+    folder = top / "13-multi"
+    expect(numbers(folder) == [1, 2, 4, 5], "all companies")
+    expect(numbers(folder, "--company", 5, "--company", 1, "--jobs", 2) == [5, 1], "named companies")
+    root = json.loads(run("score", folder, "--company", 1, "--company", 77, "--format", "json", status=1)[0])
+    expect([company["管理No"] for company in root["companies"]] == [1], "beside an unknown company")
+    expect([error["管理No"] for error in root["errors"]] == [77], "the unknown company")
+    company = json.loads(run("score", folder, "--company", 4, "--period", 20, "--format", "json")[0])["companies"][0]
+    expect((company["決算期"], company["Simyu_Kubun"], company["scenario"]) == (20, 2, "genjo"), "an earlier period")
+    expect_in("第19期", run("score", folder, "--company", 4, "--period", 19, status=1)[1], "no such period")
+    expect_in("保存値3", run("score", folder, "--company", 5, "--scenario", 3, status=1)[1], "an empty slot")
+    improved = json.loads(run("score", folder, "--company", 5, "--scenario", "kaizen", "--format", "json")[0])
+    expect(improved["companies"][0]["scenario"] == "kaizen", "the working scenario")
+
+    rows = list(csv.DictReader(run("score", folder, "--format", "csv")[0].splitlines()))
+    expect(len(rows) == 4 * 34, f"{len(rows)} lines of CSV")
+    expect(rows[0]["事業所名"] == "青葉見本建設株式会社" and rows[0]["総合評点P"].isdigit(), f"CSV {rows[0]}")
+    lines = json.loads(run("score", folder, "--company", 1, "--format", "json")[0])["companies"][0]["Kandaka_Gj"]
+    expect([row["総合評点P"] for row in rows[:34]] == ["" if line["総合評点P"] is None else str(line["総合評点P"])
+                                                   for line in lines], "CSV and JSON agree")
+    expect_in("青葉見本建設株式会社", run("score", folder)[0], "table")
+    with open("/dev/full", "w", encoding="utf-8") as full:
+        run("score", folder, status=1, stdout=full)
+
+
+def export_and_csv(top):
+    folder, case = top / "13-multi", top / "case.json"
+    run("export", folder, "--company", 5, "-o", case)
+    text = case.read_text(encoding="utf-8")
+    expect(run("export", folder, "--company", 5)[0] == text, "export to a file and to the output")
+    run("import", top / "empty", case)
+    expect(run("export", top / "empty", "--company", 5)[0] == text, "export of what was imported")
+    run("export", folder, "--company", 77, status=1)
+
+    out = top / "csv"
+    run("csv", folder, out, "--company", 1)
+    heads = {"Jigyo_mas": "管理No,地域CD,", "Kandaka_Gj": "決算期,工種CD,工種略,完工高前々期,", "Ks_Ki": "決算期",
+             "Ks_Zaihyo": "決算期,建設科目CD,並び順,", "W_Yoso": "決算期,要素CD,要素名,現状,改善後0,"}
+    expect(sorted(path.stem for path in out.iterdir()) == sorted(heads), "five CSV files")
+    for name, head in heads.items():
+        lines = (out / f"{name}.csv").read_text(encoding="utf-8").splitlines()
+        expect(lines[0].startswith(head), f"{name}: {lines[0]}")
+        expect(len({line.count(",") for line in lines}) == 1, f"{name}: as many fields in every line")
+    expect((out / "Ks_Ki.csv").read_text(encoding="utf-8").split() == ["決算期", "33", "34", "35"], "periods")
+    expect_in("青葉見本建設株式会社", (out / "Jigyo_mas.csv").read_text(encoding="utf-8"), "company")
+    run("csv", folder, AOBA, status=2)
+
+
+def ten():
+    for arguments, first, rest in (
+            (("X1", 10000), "評点 528  行 40", "11×"), (("X1", 10000, "--law", 1), "評点 519  行 40", "11×"),
+            (("X1", 100000000), "評点 2309  行 0", "100000000 以上"), (("X2_1", 0), "評点 361  行 46", ""),
+            (("X2_2", 0), "評点 547  行 36", ""), (("Z1", 39), "評点 878  行 24", "技術職員数値"),
+            (("Z2", 0, "--law", 4), "評点 241  行 41", ""), (("Z2", 0, "--law", 1), "評点 210  行 41", "")):
+        out = run("ten", *arguments)[0].splitlines()
+        expect(out[0] == first and len(out) == 2, f"ten {arguments}: {out}")
+        expect_in(rest, out[1], f"ten {arguments}")
+    expect(run("ten", "X1", "--", "-5")[0].startswith("評点 0"), "a negative amount")
+    expect_in("桁あふれ", run("ten", "X1", 28633116, status=1)[1], "overflow of the table")
+    run("ten", "X1", 2**31, status=1)
+    run("ten", "X3", 5, status=2)
+    run("ten", "X1", "多", status=2)
+    run("ten", "X1", 5, "--law", 5, status=2)
+
+
+def check(top):
+    folder = top / "damaged"
+    shutil.copytree(top / "13-multi", folder)
+    store = folder / "data" / "000002.dat"
+    data = bytearray(store.read_bytes())
+    data[len(data) // 2] ^= 1
+    store.write_bytes(data)
+    (folder / "data" / "000001.dat").unlink()
+    out = run("check", folder, status=1)[0]
+    expect_in("data/000002.dat：", out, "a damaged store")
+    expect_in("data/000001.dat：", out, "a missing store")
+    expect(len(out.splitlines()) == 2, f"findings {out}")
+    store.write_bytes(data[:len(data) // 2])
+    out, err = run("score", folder, "--format", "json", status=1)
+    expect(len(err.splitlines()) == 2 and len(json.loads(out)["errors"]) == 2, "two companies fail")
+    expect(len(json.loads(out)["companies"]) == 2, "the others are scored")
+
+
+def usage(top):
+    commands = ("init", "import", "score", "export", "csv", "ten", "check")
+    for command in commands:
+        expect_in(f"例: morvane-batch {command} ", run(command, "--help")[0], f"{command} --help")
+        expect_in(command, run("--help")[0], "--help")
+        run(command, status=2)
+    run(status=2)
+    run("frobnicate", status=2)
+    run("score", top / "13-multi", "--format", "xml", status=2)
+    run("score", top / "13-multi", "--scenario", "4", status=2)
+    run("score", top / "13-multi", "--jobs", "0", status=2)
+    run("score", top / "13-multi", "--nothing", status=2)
+    run("init", top / "new", "--edition", "47", status=2)
+    run("init", top / "new", "--mode", "many", status=2)
+    expect(not (top / "new").exists(), "bad arguments make no folder")
+    for arguments in (("import", "DIR", AOBA), ("score", "DIR"), ("export", "DIR", "--company", 1),
+                      ("csv", "DIR", top / "out"), ("check", "DIR")):
+        for missing in (top / "nowhere", SAMPLES):
+            err = run(*(missing if argument == "DIR" else argument for argument in arguments), status=2)[1]
+            expect_in(str(missing), err, f"{arguments[0]} of no such folder")
+
+
+def locked(top):
+    folder = top / "13-multi"
+    with open(folder / "morvane.lock", "a", encoding="utf-8") as lock:
+        fcntl.flock(lock, fcntl.LOCK_EX)
+        expect_in("使用中", run("import", folder, AOBA, status=2)[1], "import beside the desktop program")
+        expect(numbers(folder) == [1, 2, 4, 5], "score beside the desktop program")
+        run("check", folder)
+    run("import", folder, AOBA)
+
+
+def read_only(top):
+    """A folder that the user must not write, as another user where this one may write anywhere."""
+    folder, program = top / "13-multi", top / "bin" / "morvane-batch"
+    program.parent.mkdir()
+    shutil.copy(PROGRAM, program)
+    case = shutil.copy(AOBA, top)
+    expected = numbers(folder)
+    for path in [folder, *folder.rglob("*")]:
+        path.chmod(0o555 if path.is_dir() else 0o444)
+    top.chmod(0o755)
+    options = {"program": program} | ({"user": 65534, "group": 65534, "extra_groups": []} if os.geteuid() == 0 else {})
+    out = run("score", folder, "--format", "json", **options)[0]
+    expect([company["管理No"] for company in json.loads(out)["companies"]] == expected, "score of a read-only folder")
+    expect(run("check", folder, **options)[0] == "", "check of a read-only folder")
+    run("import", folder, case, status=1, **options)
+    for path in [folder, *folder.rglob("*")]:
+        path.chmod(0o755 if path.is_dir() else 0o644)
+    expect(numbers(folder) == expected, "after the refusal")
+
+
+with tempfile.TemporaryDirectory(prefix="morvane-command-") as name:
+    place = pathlib.Path(name)
+    make_folders(place)
+    import_cases(place)
+    score(place)
+    export_and_csv(place)
+    ten()
+    check(place)
+    usage(place)
+    locked(place)
+    read_only(place)

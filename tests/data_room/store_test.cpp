@@ -1,0 +1,438 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "data/connection.h"
+#include "data/store_file.h"
+#include "data/table_catalogue.h"
+#include "support/failing_writes.h"
+#include "support/installation_fixture.h"
+
+#include <array>
+#include <sqlcipher/sqlite3.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace morvane::tests {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+using enum Store_Error::Reason;
+
+/// One store of some forty pages.
+class Store_Test : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        const Connection cn = Connection::Create(file, Delivered_Key());
+        cn.Execute("CREATE TABLE T (番号 Integer, 名前 Text, 金額 Double, 印 Boolean)");
+        const Transaction_Of_Rows rows(cn);
+        good = Read_Files(folder.path);
+    }
+
+    struct Transaction_Of_Rows {
+        explicit Transaction_Of_Rows(const Connection& cn) {
+            Transaction transaction(cn);
+            Statement insert = cn.Prepare("INSERT INTO T (番号, 名前, 金額) VALUES (?, ?, ?)");
+            for (int i = 0; i < 800; ++i) {
+                insert.Bind(1, i);
+                insert.Bind(2, std::string(150, static_cast<char>('a' + i % 26)));
+                insert.Bind(3, i / 8.0);
+                insert.Step();
+                insert.Reset();
+            }
+            transaction.Commit();
+        }
+    };
+
+    /// All rows of a store.
+    static std::vector<std::string> Rows(const fs::path& store,
+                                         Connection::Mode mode = Connection::Mode::Read_Only) {
+        const Connection cn(store, Delivered_Key(), mode);
+        std::vector<std::string> rows;
+        for (Recordset rs = cn.Open("SELECT * FROM T ORDER BY 番号"); !rs.Eof(); rs.Move_Next()) {
+            rows.push_back(rs["番号"].As_Text() + rs["名前"].As_Text() + rs["金額"].As_Text());
+        }
+        return rows;
+    }
+
+    /// Runs `act`, which must raise a Store_Error that names `named` and the reason, and change no file.
+    template <class Act>
+    void Expect_Refusal(const char* what, const fs::path& named, Store_Error::Reason reason, Act act) {
+        SCOPED_TRACE(what);
+        const File_Contents files = Read_Files(folder.path);
+        try {
+            act();
+            ADD_FAILURE() << "no error";
+        } catch (const Store_Error& error) {
+            const std::string text = error.what();
+            EXPECT_EQ(error.reason, reason) << text;
+            EXPECT_NE(text.find("「" + named.string() + "」"), std::string::npos) << text;
+            EXPECT_NE(text.find(Reason_Text(reason)), std::string::npos) << text;
+        }
+        EXPECT_TRUE(Read_Files(folder.path) == files);
+    }
+
+    /// A process that is killed in the middle of a change of every row, part of which has reached the file.
+    void Kill_A_Writer() {
+        const pid_t child = ::fork();
+        if (child == 0) {
+            const Connection cn(file, Delivered_Key());
+            cn.Execute("PRAGMA cache_size = 2");
+            cn.Execute("BEGIN");
+            cn.Execute("UPDATE T SET T.名前 = 'lost', T.番号 = 番号 + 5000");
+            ::_exit(0);
+        }
+        int status = 0;
+        ASSERT_EQ(::waitpid(child, &status, 0), child);
+        ASSERT_TRUE(fs::exists(journal));
+        ASSERT_NE(Read_Files(folder.path)["s.dat"], good["s.dat"]);
+    }
+
+    Temporary_Folder folder;
+    fs::path file = folder.path / "s.dat";
+    fs::path journal = folder.path / "s.dat-journal";
+    fs::path other = folder.path / "other.dat";
+    File_Contents good;
+};
+
+/// While it lives the process has a user whom permissions bind, even if it was started by the superuser.
+class Common_User {
+  public:
+    Common_User() : was_root(::geteuid() == 0), holds(!was_root || ::setresuid(65534, 65534, 0) == 0) {}
+    Common_User(const Common_User&) = delete;
+    Common_User& operator=(const Common_User&) = delete;
+    ~Common_User() {
+        if (was_root && holds) {
+            EXPECT_EQ(::setresuid(0, 0, 0), 0);
+        }
+    }
+
+  private:
+    bool was_root;
+
+  public:
+    bool holds;
+};
+
+void Make_Plain_Store(const fs::path& file) {
+    sqlite3* store = nullptr;
+    ASSERT_EQ(sqlite3_open(file.c_str(), &store), SQLITE_OK);
+    sqlite3_exec(store, "PRAGMA page_size = 4096; CREATE TABLE T (a); INSERT INTO T VALUES (1);", nullptr,
+                 nullptr, nullptr);
+    sqlite3_close(store);
+}
+
+TEST_F(Store_Test, Files_That_Are_No_Store_Are_Refused_Unchanged) {
+    const std::string content = good["s.dat"];
+    const fs::path plain = folder.path / "plain.dat";
+    Make_Plain_Store(plain);
+    const std::string foreign = Read_Files(folder.path)["plain.dat"];
+    ASSERT_EQ(foreign.size() % 4096, 0U);
+    std::string flipped_salt = content;
+    flipped_salt[3] = static_cast<char>(flipped_salt[3] ^ 4);
+    std::string flipped_header = content;
+    flipped_header[100] = static_cast<char>(flipped_header[100] ^ 1);
+    const struct {
+        const char* what;
+        std::string content;
+        Store_Error::Reason reason;
+    } cases[] = {
+        {"empty", "", Not_A_Store},
+        {"cut in the first page", content.substr(0, 1000), Not_A_Store},
+        {"cut in a later page", content.substr(0, content.size() - 4000), Not_A_Store},
+        {"cut at a page", content.substr(0, content.size() - 3 * 4096), Damaged},
+        {"only the first page", content.substr(0, 4096), Damaged},
+        {"a bit of the salt", flipped_salt, Not_A_Store},
+        {"a bit of the first page", flipped_header, Not_A_Store},
+        {"unencrypted", foreign, Not_A_Store},
+        {"a text", "管理No,事業所名\n", Not_A_Store},
+        {"a text as long as a page", std::string(4096, '\n'), Not_A_Store},
+    };
+    for (const auto& c : cases) {
+        Write_Files(folder.path, {{"s.dat", c.content}});
+        Expect_Refusal(c.what, file, c.reason, [&] { Verify_Store(file, Delivered_Key()); });
+        Expect_Refusal(c.what, file, c.reason, [&] { Copy_Store(file, other, Delivered_Key()); });
+    }
+    Write_Files(folder.path, good);
+    const Store_Key wrong = Store_Key::Derive("vrdqn53");
+    for (const auto mode : {Connection::Mode::Read_Only, Connection::Mode::Read_Write}) {
+        Expect_Refusal("another password", file, Not_A_Store, [&] { Connection(file, wrong, mode).Close(); });
+        Expect_Refusal("missing", other, Missing, [&] { Connection(other, Delivered_Key(), mode).Close(); });
+        Expect_Refusal("a folder", folder.path, Not_A_Store,
+                       [&] { Connection(folder.path, Delivered_Key(), mode).Close(); });
+    }
+    Expect_Refusal("the target is there", file, Failed,
+                   [&] { Connection::Create(file, Delivered_Key()).Close(); });
+    Expect_Refusal("missing source", other, Missing, [&] { Copy_Store(other, file, Delivered_Key()); });
+    Expect_Refusal("missing", other, Missing, [&] { Remove_Store(other); });
+    Expect_Refusal("missing", other, Missing, [&] { static_cast<void>(Read_Text_File(other)); });
+}
+
+TEST_F(Store_Test, A_Flipped_Bit_Never_Gives_Another_Row) {
+    const std::vector<std::string> rows = Rows(file);
+    const std::string content = good["s.dat"];
+    int refused = 0;
+    int tried = 0;
+    for (std::size_t at = 7; at < content.size(); at += 1021) {
+        std::string flipped = content;
+        flipped[at] = static_cast<char>(flipped[at] ^ (1 << at % 8));
+        Write_Files(folder.path, {{"s.dat", flipped}});
+        ++tried;
+        try {
+            EXPECT_EQ(Rows(file), rows) << "byte " << at;
+        } catch (const Store_Error& error) {
+            ++refused;
+            EXPECT_TRUE(error.reason == Damaged || error.reason == Not_A_Store) << error.what();
+            EXPECT_THROW(Verify_Store(file, Delivered_Key()), Store_Error);
+            EXPECT_THROW(Copy_Store(file, other, Delivered_Key()), Store_Error);
+            EXPECT_FALSE(fs::exists(other));
+        }
+    }
+    // Only the unused end of a page has no seal.
+    EXPECT_GT(tried, 100);
+    EXPECT_GT(refused, tried * 95 / 100);
+}
+
+TEST_F(Store_Test, Files_Without_Permission) {
+    if (!Common_User().holds) {
+        GTEST_SKIP() << "permissions do not bind this user, who cannot become another one";
+    }
+    Write_Text_File(folder.path / "t.txt", "text\n");
+    fs::permissions(folder.path, fs::perms(0755));
+    fs::permissions(file, fs::perms(0444));
+    {
+        const Common_User user;
+        Expect_Refusal("file", file, Read_Only, [&] { Connection(file, Delivered_Key()).Close(); });
+        EXPECT_EQ(Rows(file).size(), 800U);
+    }
+    fs::permissions(file, fs::perms(0666));
+    fs::permissions(folder.path, fs::perms(0555));
+    const Common_User user;
+    EXPECT_EQ(Rows(file, Connection::Mode::Read_Write).size(), 800U);
+    Expect_Refusal("write", file, Read_Only,
+                   [&] { Connection(file, Delivered_Key()).Execute("UPDATE T SET T.金額 = 0;"); });
+    Expect_Refusal("copy", other, Read_Only, [&] { Copy_Store(file, other, Delivered_Key()); });
+    Expect_Refusal("text", folder.path / "t.txt", Read_Only,
+                   [&] { Write_Text_File(folder.path / "t.txt", "new"); });
+    Expect_Refusal("rename", other, Read_Only, [&] { Rename_Store(file, other, Delivered_Key()); });
+    Expect_Refusal("remove", file, Read_Only, [&] { Remove_Store(file); });
+}
+
+TEST_F(Store_Test, A_Full_Disk) {
+    const auto full = [&](auto act) {
+        const Failing_Writes writes(1, Failing_Writes::Manner::From_Then_On, ENOSPC);
+        act();
+    };
+    for (int at = 2; at < 6; ++at) {
+        try {
+            const Failing_Writes writes(at, Failing_Writes::Manner::From_Then_On, ENOSPC);
+            Connection(file, Delivered_Key()).Execute("UPDATE T SET T.金額 = 0;");
+            ADD_FAILURE() << "no error";
+        } catch (const Store_Error& error) {
+            EXPECT_EQ(error.reason, Disk_Full) << error.what();
+        }
+        EXPECT_EQ(Rows(file)[9].substr(0, 3), "9jj");
+    }
+    Expect_Refusal("copy", other, Disk_Full,
+                   [&] { full([&] { Copy_Store(file, other, Delivered_Key()); }); });
+    Expect_Refusal("text", other, Disk_Full, [&] { full([&] { Write_Text_File(other, "text"); }); });
+    EXPECT_FALSE(fs::exists(other));
+    for (const auto& [name, content] : Read_Files(folder.path)) {
+        EXPECT_TRUE(name.string().starts_with("s.dat")) << "a draft is left: " << name;
+    }
+}
+
+TEST_F(Store_Test, Missing_Tables_And_Columns) {
+    const Connection cn(file, Delivered_Key());
+    Expect_Refusal("table", file, Missing_Table, [&] { static_cast<void>(cn.Open("SELECT * FROM Ks_ki")); });
+    Expect_Refusal("table", file, Missing_Table, [&] { cn.Execute("DELETE * FROM Ks_ki;"); });
+    Expect_Refusal("column", file, Missing_Column, [&] { static_cast<void>(cn.Open("SELECT 備考 FROM T")); });
+    Expect_Refusal("column", file, Missing_Column, [&] { cn.Execute("UPDATE T SET T.備考 = 1"); });
+    Expect_Refusal("column", file, Missing_Column, [&] { cn.Execute("INSERT INTO T (備考) VALUES (1)"); });
+    Recordset rows = cn.Open("SELECT * FROM T");
+    Expect_Refusal("column", file, Missing_Column, [&] { static_cast<void>(rows["備考"]); });
+    Expect_Refusal("column", file, Missing_Column, [&] { rows.Set("備考", 1); });
+    Expect_Refusal("SQL", file, Failed, [&] { cn.Execute("UPDATE T WITH x"); });
+
+    const Connection company = Connection::Create(other, Delivered_Key());
+    Create_Tables(company, Store_Kind::Company);
+    EXPECT_EQ(Missing_In_Store(company, Store_Kind::Company, true).size(), 0U);
+    company.Execute("DROP TABLE QandA");
+    company.Execute("ALTER TABLE KmkBunrui RENAME TO former");
+    company.Execute("CREATE TABLE KmkBunrui (科目分類識別 Text)");
+    const auto missing = Missing_In_Store(company, Store_Kind::Company, true);
+    ASSERT_EQ(missing.size(), 2U);
+    EXPECT_EQ(missing[0], "表 QandA がありません。");
+    EXPECT_EQ(missing[1], "表 KmkBunrui に項目 分類名 がありません。");
+}
+
+TEST_F(Store_Test, What_A_Killed_Writer_Left_Is_Rolled_Back) {
+    const std::vector<std::string> rows = Rows(file);
+    Kill_A_Writer();
+    const File_Contents killed = Read_Files(folder.path);
+    const auto again = [&] { Write_Files(folder.path, killed); };
+    for (const auto mode : {Connection::Mode::Read_Only, Connection::Mode::Read_Write}) {
+        again();
+        EXPECT_EQ(Rows(file, mode), rows);
+        EXPECT_FALSE(fs::exists(journal));
+    }
+    again();
+    Verify_Store(file, Delivered_Key());
+    Copy_Store(file, other, Delivered_Key());
+    EXPECT_EQ(Rows(other), rows);
+
+    again();
+    Copy_Store(file, other, Delivered_Key());
+    EXPECT_EQ(Rows(other), rows);
+    EXPECT_EQ(Rows(file), rows);
+
+    again();
+    Rename_Store(file, other, Delivered_Key());
+    EXPECT_EQ(Rows(other), rows);
+    EXPECT_EQ(Read_Files(folder.path).size(), 1U);
+
+    again();
+    Remove_Store(file);
+    EXPECT_EQ(Read_Files(folder.path).size(), 0U);
+
+    // A page of which only a part reached the disk.
+    File_Contents torn = killed;
+    torn["s.dat"] += std::string(100, 'x');
+    Write_Files(folder.path, torn);
+    EXPECT_EQ(Rows(file), rows);
+}
+
+TEST_F(Store_Test, A_Journal_Never_Meets_Another_File) {
+    Copy_Store(file, other, Delivered_Key());
+    Connection(other, Delivered_Key()).Execute("UPDATE T SET T.名前 = 'new'");
+    const std::vector<std::string> rows = Rows(file);
+    const std::vector<std::string> new_rows = Rows(other);
+    Kill_A_Writer();
+    const File_Contents killed = Read_Files(folder.path);
+    const auto check = [&](Outcome outcome) {
+        const std::vector<std::string> now = Rows(file);
+        EXPECT_TRUE(now == new_rows || (now == rows && outcome != Outcome::Finished));
+    };
+    Fail_Every_Write([&] { Write_Files(folder.path, killed); },
+                     [&] { Copy_Store(other, file, Delivered_Key()); }, check);
+
+    // The store is gone, its journal is not.
+    for (const bool copied : {true, false}) {
+        Write_Files(folder.path, killed);
+        fs::remove(file);
+        if (copied) {
+            Copy_Store(other, file, Delivered_Key());
+        } else {
+            Rename_Store(other, file, Delivered_Key());
+        }
+        EXPECT_EQ(Rows(file), new_rows);
+        EXPECT_FALSE(fs::exists(journal));
+    }
+}
+
+TEST_F(Store_Test, A_Replacement_Can_Be_Taken_Back) {
+    for (const bool hard_links : {true, false}) {
+        Failing_Writes writes;
+        if (!hard_links) {
+            writes.Refuse_Links();
+        }
+        Copy_Store(file, other, Delivered_Key());
+        const File_Contents files = Read_Files(folder.path);
+        {
+            File_Replacement text = File_Replacement::With_Text("first", folder.path / "t.txt");
+            File_Replacement store = File_Replacement::With_Store(other, file, Delivered_Key());
+            Connection(store.Draft(), Delivered_Key()).Execute("DELETE * FROM T");
+            EXPECT_EQ(Rows(file).size(), 800U);
+            text.Undo();
+            text.Commit();
+            store.Commit();
+            EXPECT_EQ(Read_Text_File(folder.path / "t.txt"), "first");
+            EXPECT_EQ(Rows(file).size(), 0U);
+            text.Undo();
+            store.Undo();
+            EXPECT_FALSE(fs::exists(folder.path / "t.txt"));
+        }
+        EXPECT_TRUE(Read_Files(folder.path) == files);
+    }
+}
+
+TEST_F(Store_Test, Recordsets_Read_And_Write) {
+    const Connection cn(file, Delivered_Key());
+    cn.Execute("ALTER TABLE T ADD COLUMN Code Text");
+    Recordset rows = cn.Open("SELECT * FROM T WHERE 番号<3 ORDER BY 番号");
+    ASSERT_EQ(rows.Count(), 3U);
+    EXPECT_TRUE(rows.Find("番号", 2));
+    EXPECT_EQ(rows["金額"].As_Double(), 0.25);
+    EXPECT_TRUE(rows["印"].Is_Null());
+    rows.Set("CODE", "x'y");
+    rows.Set("印", -1);
+    rows.Set("金額", Value());
+    rows.Update();
+    EXPECT_TRUE(rows.Find(" 番号= 1 "));
+    rows.Set("code", "別");
+    rows.Update();
+    EXPECT_TRUE(rows.Find("Code= 'x'y'"));
+    EXPECT_EQ(rows["番号"].As_Integer(), 2);
+    EXPECT_FALSE(rows.Find("番号", 3));
+    EXPECT_TRUE(rows.Eof());
+    EXPECT_THROW(static_cast<void>(rows["番号"]), Store_Error);
+
+    rows.Add_New();
+    EXPECT_TRUE(rows["名前"].Is_Null());
+    rows.Set("番号", 900);
+    rows.Update();
+    rows.Set("名前", "追加");
+    rows.Update();
+    // A change that is left without Update is lost, and so is a row.
+    rows.Move_First();
+    rows.Set("金額", 99);
+    rows.Move_Next();
+    rows.Update();
+    rows.Add_New();
+    rows.Set("番号", 901);
+    rows.Move_First();
+    rows.Set("名前", "零");
+    rows.Update();
+    rows.Close();
+    EXPECT_TRUE(rows.Eof());
+
+    const struct {
+        const char* where;
+        const char* column;
+        Value value;
+    } cases[] = {
+        {"番号=0", "金額", 0.0},     {"番号=0", "名前", "零"},     {"番号=1", "Code", "別"},
+        {"番号=1", "金額", 0.125},   {"番号=2", "code", "x'y"},    {"番号=2", "印", -1},
+        {"番号=2", "金額", Value()}, {"番号=900", "名前", "追加"}, {"番号=900", "Code", Value()},
+    };
+    for (const auto& c : cases) {
+        const Recordset found = cn.Open(std::string("SELECT * FROM T WHERE ") + c.where);
+        ASSERT_EQ(found.Count(), 1U) << c.where;
+        EXPECT_EQ(found[c.column], c.value) << c.where << " " << c.column;
+    }
+    EXPECT_EQ(cn.Open("SELECT * FROM T").Count(), 801U);
+    Recordset sums = cn.Open("SELECT Sum(番号) AS 合計 FROM T");
+    sums.Set("合計", 1);
+    EXPECT_THROW(sums.Update(), Store_Error);
+}
+
+TEST_F(Store_Test, Transactions_Are_Whole) {
+    const Connection cn(file, Delivered_Key());
+    {
+        const Transaction transaction(cn);
+        cn.Execute("DELETE * FROM T WHERE 番号<400");
+        cn.Execute("DROP TABLE T");
+    }
+    EXPECT_EQ(Rows(file).size(), 800U);
+    {
+        Transaction transaction(cn);
+        cn.Execute("DELETE * FROM T WHERE 番号<400");
+        EXPECT_EQ(Rows(file).size(), 800U) << "another reader";
+        Expect_Refusal("another writer", file, Busy,
+                       [&] { Connection(file, Delivered_Key()).Execute("DELETE * FROM T"); });
+        transaction.Commit();
+    }
+    EXPECT_EQ(Rows(file).size(), 400U);
+}
+
+} // namespace
+} // namespace morvane::tests

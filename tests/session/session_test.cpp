@@ -1,0 +1,328 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "session/session.h"
+
+#include "data/store_file.h"
+#include "session/instance_lock.h"
+#include "session/kidou_ini.h"
+#include "session/kyotu_mod.h"
+#include "support/installation_fixture.h"
+
+#include <arpa/inet.h>
+#include <csignal>
+#include <cstdlib>
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace morvane::tests {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+class Session_Test : public Installation {
+  protected:
+    /// Runs `act`, which must raise a Store_Error with this reason that names `file`.
+    template <class Act>
+    void Expect_Refusal(const std::string& file, Store_Error::Reason reason, Act act) {
+        try {
+            act();
+            ADD_FAILURE() << "no error";
+        } catch (const Store_Error& error) {
+            EXPECT_EQ(error.reason, reason) << error.what();
+            EXPECT_EQ(error.file, folder.path / file);
+        }
+    }
+};
+
+class Hokkaido_Session_Test : public Installation {
+  protected:
+    Hokkaido_Session_Test() : Installation("01", false) {}
+};
+
+TEST(Comma_Str, Groups_Of_Three) {
+    const struct {
+        Value value;
+        const char* text;
+    } cases[] = {
+        {Value(), ""},
+        {"", ""},
+        {0, "0"},
+        {999, "999"},
+        {1000, "1,000"},
+        {1234567, "1,234,567"},
+        {-1234, "-1,234"},
+        {-123, "-123"},
+        {-100000, "-100,000"},
+        {999.5, "999"},
+        {-999.5, "-999"},
+        {1234.5, "1,234.5"},
+        {-1234567.25, "-1,234,567.25"},
+        {999999999999.0, "999,999,999,999"},
+        {"12345", "12,345"},
+        {"-12345.60", "-12,345.60"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(Comma_Str(c.value), c.text);
+    }
+}
+
+TEST_F(Session_Test, A_Note_Has_A_Question_Or_An_Advice) {
+    Make_Company(1, 1, 5);
+    {
+        const Connection cn = Cn_Open(session);
+        cn.Execute("UPDATE QandA SET QandA.質問 = '問' WHERE QNo=41");
+        cn.Execute("UPDATE QandA SET QandA.アドバイス = '答' WHERE QNo=42");
+        cn.Execute("INSERT INTO QandA (決算期, QNo, 質問) VALUES (4, 43, '前期')");
+    }
+    for (const auto& [screen, noted] :
+         {std::pair(41, true), std::pair(42, true), std::pair(43, false), std::pair(99, false)}) {
+        EXPECT_EQ(QandA_Flag(session, screen), noted) << screen;
+    }
+}
+
+TEST_F(Session_Test, Lookups_Read_Missing_Rows_And_Null_As_Zero) {
+    Make_Company(1, 1, 5);
+    Put_Amounts({{101, 1234.0}});
+    Put_Elements({{111, 30.0}});
+    const Connection cn = Cn_Open(session);
+    Recordset accounts = cn.Open("SELECT * FROM Ks_Zaihyo WHERE 決算期=5 ORDER BY 建設科目CD;");
+    Recordset elements = cn.Open("SELECT * FROM W_Yoso WHERE 決算期=5 ORDER BY 要素CD;");
+    EXPECT_EQ(Kamoku_Get(199, accounts), 0.0);
+    EXPECT_EQ(Kamoku_Get(9999, accounts), 0.0);
+    EXPECT_EQ(Kamoku_Get(101, accounts), 1234.0);
+    EXPECT_EQ(Yoso_Get(111, elements), 30.0);
+    EXPECT_EQ(Yoso_Get(121, elements), 0.0);
+    EXPECT_EQ(Yoso_Get(9999, elements), 0.0);
+}
+
+struct Form_Case {
+    Value marker; ///< 並び順 of row 99; -1: no such row
+    bool has_552;
+    int form;
+};
+
+void Expect_Forms(Session& session, std::span<const Form_Case> cases) {
+    const Connection cn = Cn_Open(session);
+    for (const auto& c : cases) {
+        cn.Execute("DELETE * FROM Ks_Zaihyo");
+        const std::array<Value, 1> marker = {c.marker};
+        if (c.marker != Value(-1)) {
+            cn.Execute("INSERT INTO Ks_Zaihyo (決算期, 建設科目CD, 並び順) VALUES (3, 99, ?)", marker);
+        }
+        if (c.has_552) {
+            cn.Execute("INSERT INTO Ks_Zaihyo (決算期, 建設科目CD) VALUES (3, 552)");
+        }
+        cn.Execute("INSERT INTO Ks_Zaihyo (決算期, 建設科目CD, 並び順) VALUES (2, 99, 4), (2, 552, 0)");
+        EXPECT_EQ(Get_Data_Ver(session, 3), c.form) << c.marker.As_Text() << " " << c.has_552;
+    }
+}
+
+TEST_F(Session_Test, Data_Forms_Of_The_National_Edition) {
+    const Form_Case cases[] = {{5, false, 5},       {3, false, 3}, {6, true, 6},    {1, false, 1},
+                               {Value(), false, 2}, {2, false, 2}, {-1, false, 51}, {-1, true, 51}};
+    Expect_Forms(session, cases);
+}
+
+TEST_F(Hokkaido_Session_Test, Data_Forms_Of_Hokkaido) {
+    const Form_Case cases[] = {{6, false, 6},        {4, false, 4},  {1, true, 53},
+                               {2, false, 53},       {2, true, 2},   {Value(), true, 2},
+                               {Value(), false, 53}, {-1, true, 52}, {-1, false, 52}};
+    Expect_Forms(session, cases);
+}
+
+TEST_F(Session_Test, The_Marker_Keeps_Any_Name) {
+    for (const char* name :
+         {"", "見本", "a,b", "\"", "\"株\"式,会社\"", "二\n行", "終\n", ",", "999999,\"x\""}) {
+        Write_Kidou_Ini(folder.path, {-7, name});
+        const Kidou_Marker marker = Read_Kidou_Ini(folder.path);
+        EXPECT_EQ(marker.number, -7);
+        EXPECT_EQ(marker.name, name);
+        EXPECT_FALSE(marker.Is_Clean());
+    }
+    Write_Kidou_Ini(folder.path, {});
+    EXPECT_TRUE(Read_Kidou_Ini(folder.path).Is_Clean());
+    EXPECT_EQ(Read_Kidou_Ini(folder.path).name, "正常終了");
+    fs::rename(folder.path / "kidou.ini", folder.path / "KIDOU.INI");
+    Write_Text_File(folder.path / "KIDOU.INI", "12,\"a\"\r\n");
+    EXPECT_EQ(Read_Kidou_Ini(folder.path).number, 12);
+}
+
+TEST_F(Session_Test, A_Marker_That_Is_None_Is_Refused) {
+    for (const char* text :
+         {"", "\n", "見本", "1", "1,", "1,a", "1,\"a", "1,\"", "1,a\"", "1,\"a\"\"", "1,\"a\"b\"", "1,\"a\"x",
+          "1;\"a\"", " 1,\"a\"", "99999999999,\"a\"", "1.5,\"a\"", "1,\"a\"\n2,\"b"}) {
+        Write_Text_File(folder.path / "kidou.ini", text);
+        SCOPED_TRACE(text);
+        Expect_Refusal("kidou.ini", Store_Error::Reason::Bad_Content,
+                       [&] { static_cast<void>(Read_Kidou_Ini(folder.path)); });
+    }
+    fs::remove(folder.path / "kidou.ini");
+    Expect_Refusal("kidou.ini", Store_Error::Reason::Missing,
+                   [&] { static_cast<void>(Read_Kidou_Ini(folder.path)); });
+}
+
+TEST_F(Session_Test, Settings_Are_Kept) {
+    Install_Info info;
+    info.kanri_flg = 255;
+    info.user_id = "U-1";
+    info.tiiki_cd = "0102";
+    info.todofuken_mei = "北海道";
+    info.hojin_kojin = 2;
+    info.syori_ki = -3;
+    info.kanri_no = 2147483647;
+    info.office_name = "「\"引用\"」\\\n";
+    info.net_check_host = "example.jp:80";
+    info.optional_columns = {{"代表者名", "見本"}, {"決算期開始年", "6"}};
+    Write_Install_Info(folder.path, info);
+    const Install_Info read = Read_Install_Info(folder.path);
+    EXPECT_EQ(read.office_name, info.office_name);
+    EXPECT_EQ(read.net_check_host, info.net_check_host);
+    EXPECT_EQ(read.optional_columns, info.optional_columns);
+    const Session made = Make_Session(folder.path, messages);
+    EXPECT_EQ(made.Kanri_Flg, 255);
+    EXPECT_FALSE(made.Is_Multi());
+    EXPECT_EQ(made.User_ID, "U-1");
+    EXPECT_EQ(made.Tiiki_CD, "01");
+    EXPECT_TRUE(made.Is_Hokkaido());
+    EXPECT_EQ(made.Todofuken_Mei, "北海道");
+    EXPECT_EQ(made.Hojin_Kojin, 2);
+    EXPECT_EQ(made.Syori_Ki, -3);
+    EXPECT_EQ(made.Kanri_No, 2147483647);
+    EXPECT_EQ(made.Tani_Kbn, 1);
+    Verify_Store(made.Work_Store, made.Db_Key);
+
+    Write_Text_File(folder.path / install_info_file,
+                    R"({"管理者識別": 11, "許可番号1": 123, "ビル名": null, "処理決算期": null})");
+    const Install_Info sparse = Read_Install_Info(folder.path);
+    EXPECT_EQ(sparse.kanri_flg, 11);
+    EXPECT_EQ(sparse.hojin_kojin, 1);
+    EXPECT_EQ(sparse.syori_ki, 0);
+    EXPECT_EQ(sparse.tiiki_cd, "");
+    EXPECT_EQ(sparse.optional_columns, (std::map<std::string, std::string>{{"許可番号1", "123"}}));
+}
+
+TEST_F(Session_Test, Settings_That_Cannot_Be_Read_Are_Refused) {
+    for (const char* text : {"", "{", "[1]", "\"x\"", R"({"管理者識別": 256})", R"({"管理者識別": -1})",
+                             R"({"管理者識別": "11"})", R"({"法人個人識別": 32768})",
+                             R"({"管理No": 2147483648})", R"({"管理No": 18446744073709551615})",
+                             R"({"処理決算期": 1.5})", R"({"事業所名": 5})", "{\"UserID\": \"\xff\"}"}) {
+        SCOPED_TRACE(text);
+        Write_Text_File(folder.path / install_info_file, text);
+        Expect_Refusal(install_info_file, Store_Error::Reason::Bad_Content,
+                       [&] { static_cast<void>(Read_Install_Info(folder.path)); });
+    }
+    fs::remove(folder.path / install_info_file);
+    Expect_Refusal(install_info_file, Store_Error::Reason::Missing,
+                   [&] { Make_Session(folder.path, messages); });
+}
+
+TEST_F(Session_Test, Each_Store_Has_Its_Opener) {
+    const struct {
+        const char* file;
+        Connection (*open)(const Session&);
+        const char* table;
+        bool writable;
+    } cases[] = {{"Morvane.dat", Cn_Open, "Ks_Zaihyo", true},
+                 {"morv_tmp.dat", Cn_Open_Tmp, "Ks_Zaihyo", false},
+                 {"Jgmas.dat", Cn_Open_Jgmas, "jgmas", true},
+                 {"morv_org.dat", Cn_Open_Org, "Ks_Zaihyo_Hk_new", false}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.file);
+        const std::string clear = std::string("DELETE * FROM ") + c.table;
+        if (c.writable) {
+            EXPECT_NO_THROW(c.open(session).Execute(clear));
+        } else {
+            Expect_Refusal(c.file, Store_Error::Reason::Read_Only, [&] { c.open(session).Execute(clear); });
+        }
+        fs::remove(folder.path / c.file);
+        Expect_Refusal(c.file, Store_Error::Reason::Missing, [&] { c.open(session).Close(); });
+    }
+    session.messages = nullptr;
+    EXPECT_THROW(Show_Message(session, {}), std::logic_error);
+}
+
+TEST_F(Session_Test, One_Program_Holds_An_Installation) {
+    std::array<int, 2> ready{};
+    ASSERT_EQ(::pipe(ready.data()), 0);
+    const pid_t holder = ::fork();
+    if (holder == 0) {
+        const auto lock = Instance_Lock::Take(folder.path);
+        lock->Record(123456789);
+        lock->Record(42);
+        static_cast<void>(::write(ready[1], "x", 1));
+        ::pause();
+        ::_exit(0);
+    }
+    char byte = 0;
+    ASSERT_EQ(::read(ready[0], &byte, 1), 1);
+    EXPECT_FALSE(Instance_Lock::Take(folder.path).has_value());
+    ::kill(holder, SIGKILL);
+    ASSERT_EQ(::waitpid(holder, nullptr, 0), holder);
+    ::close(ready[0]);
+    ::close(ready[1]);
+    {
+        const auto lock = Instance_Lock::Take(folder.path);
+        ASSERT_TRUE(lock.has_value());
+        EXPECT_EQ(lock->Left_Behind(), 42);
+        lock->Record(0);
+        EXPECT_FALSE(Instance_Lock::Take(folder.path).has_value()) << "a second start in the same process";
+    }
+    EXPECT_EQ(Instance_Lock::Take(folder.path)->Left_Behind(), 0);
+    EXPECT_THROW(Instance_Lock::Take(folder.path / "none"), Store_Error);
+}
+
+TEST(Net_Check, Tells_Whether_A_Host_Answers) {
+    const int listener = ::socket(AF_INET, SOCK_STREAM, 0);
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t size = sizeof address;
+    auto* const plain = reinterpret_cast<sockaddr*>(&address);
+    ASSERT_EQ(::bind(listener, plain, size), 0);
+    ASSERT_EQ(::listen(listener, 4), 0);
+    ASSERT_EQ(::getsockname(listener, plain, &size), 0);
+    const std::string port = ":" + std::to_string(ntohs(address.sin_port));
+    EXPECT_EQ(Net_Check("127.0.0.1" + port), "1");
+    EXPECT_EQ(Net_Check("localhost" + port), "1");
+    ::close(listener);
+    for (const std::string& host :
+         {"127.0.0.1" + port, std::string(), port, std::string("127.0.0.1:"), std::string("127.0.0.1:no"),
+          std::string("host.invalid:80"), std::string("a b:80")}) {
+        EXPECT_EQ(Net_Check(host, 500), "0") << host;
+    }
+}
+
+TEST(Url_Open, Hands_Only_Web_And_Help_Addresses_To_The_Desktop) {
+    const Temporary_Folder desktop;
+    const fs::path opened = desktop.path / "opened";
+    const auto install = [&](const std::string& last_line) {
+        Write_Text_File(desktop.path / "xdg-open",
+                        "#!/bin/sh\nprintf '%s' \"$*\" > '" + opened.string() + "'\n" + last_line);
+        fs::permissions(desktop.path / "xdg-open", fs::perms::owner_all);
+    };
+    const std::string path = ::getenv("PATH");
+    ::setenv("PATH", (desktop.path.string() + ":" + path).c_str(), 1);
+    install("exit 0\n");
+    for (const char* address :
+         {"http://example.jp", "https://example.jp/?a=1&b=$(date);`date` '\"", "file:///usr/share/x.html"}) {
+        EXPECT_TRUE(Url_Open(address)) << address;
+        EXPECT_EQ(Read_Text_File(opened), address);
+    }
+    fs::remove(opened);
+    for (const char* address :
+         {"", "example.jp", "ftp://example.jp", "javascript:alert(1)", "/bin/sh", "file://host/x", "--help",
+          " https://example.jp", "mailto:a@example.jp", "https:"}) {
+        EXPECT_FALSE(Url_Open(address)) << address;
+        EXPECT_FALSE(fs::exists(opened)) << address;
+    }
+    install("exit 3\n");
+    EXPECT_FALSE(Url_Open("https://example.jp"));
+    ::setenv("PATH", (desktop.path / "none").c_str(), 1);
+    EXPECT_FALSE(Url_Open("https://example.jp"));
+    ::setenv("PATH", path.c_str(), 1);
+}
+
+} // namespace
+} // namespace morvane::tests
