@@ -260,6 +260,22 @@ bool Lay_Chart(const Connection& cn, const Session& session, bool corporation) {
     return true;
 }
 
+bool Fill_Blank_Company(const Connection& cn, const Session& session, bool corporation, std::int16_t period) {
+    Transaction transaction(cn);
+    if (!Lay_Chart(cn, session, corporation)) {
+        return false;
+    }
+    const std::string number = std::to_string(period);
+    for (const char* table : {"Ks_Zaihyo", "Kandaka_Gj", "W_Yoso", "QandA"}) {
+        cn.Execute(std::string("UPDATE ") + table + " SET " + table + ".決算期 =" + number + ";");
+    }
+    cn.Execute("UPDATE W_Yoso SET W_Yoso.現状 = 4 Where 要素CD=210;");
+    const std::array<Value, 1> values = {period};
+    cn.Execute("INSERT INTO Ks_ki (決算期) VALUES (?)", values);
+    transaction.Commit();
+    return true;
+}
+
 } // namespace
 
 std::uint8_t Present_Data_Ver(const Session& session) {
@@ -272,22 +288,19 @@ bool New_Data_Set(Session& session, std::int16_t hojin_kojin, std::int16_t perio
     // All of it happens on a draft beside the working store, which takes its place whole.
     File_Replacement replacement = File_Replacement::With_Store(Find_File(session.App_Path, "morv_set.dat"),
                                                                 session.Work_Store, session.Db_Key);
-    {
+    try {
         const Connection cn(replacement.Draft(), session.Db_Key,
                             session.Work_Is_Scratch ? Connection::Mode::Scratch
                                                     : Connection::Mode::Read_Write);
-        Transaction transaction(cn);
-        if (!Lay_Chart(cn, draft_session, hojin_kojin == 1)) {
+        if (!Fill_Blank_Company(cn, draft_session, hojin_kojin == 1, period)) {
             return Report_Bad_Template(session);
         }
-        const std::string number = std::to_string(period);
-        for (const char* table : {"Ks_Zaihyo", "Kandaka_Gj", "W_Yoso", "QandA"}) {
-            cn.Execute(std::string("UPDATE ") + table + " SET " + table + ".決算期 =" + number + ";");
+    } catch (const Store_Error& error) {
+        // The draft is nobody's file: the failure is that of the store it was to become.
+        if (error.file != replacement.Draft()) {
+            throw;
         }
-        cn.Execute("UPDATE W_Yoso SET W_Yoso.現状 = 4 Where 要素CD=210;");
-        const std::array<Value, 1> values = {period};
-        cn.Execute("INSERT INTO Ks_ki (決算期) VALUES (?)", values);
-        transaction.Commit();
+        throw Store_Error(session.Work_Store, error.reason, "ひな形からの作成");
     }
     replacement.Commit();
     session.Data_Ver = draft_session.Data_Ver;

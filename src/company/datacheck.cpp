@@ -28,7 +28,7 @@ void Company_Reload(Session& session) {
 
 std::filesystem::path Company_Store(const Session& session, std::int32_t number) {
     const std::string digits = "000000" + std::to_string(number);
-    return Find_File(session.App_Path / "data", digits.substr(digits.size() - 6) + ".dat");
+    return session.App_Path / "data" / (digits.substr(digits.size() - 6) + ".dat");
 }
 
 void Check_In(const Session& session) {

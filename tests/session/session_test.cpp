@@ -285,7 +285,6 @@ TEST(Net_Check, Tells_Whether_A_Host_Answers) {
     ASSERT_EQ(::getsockname(listener, plain, &size), 0);
     const std::string port = ":" + std::to_string(ntohs(address.sin_port));
     EXPECT_EQ(Net_Check("127.0.0.1" + port), "1");
-    EXPECT_EQ(Net_Check("localhost" + port), "1");
     ::close(listener);
     for (const std::string& host :
          {"127.0.0.1" + port, std::string(), port, std::string("127.0.0.1:"), std::string("127.0.0.1:no"),
