@@ -28,7 +28,12 @@ void Company_Reload(Session& session) {
 
 std::filesystem::path Company_Store(const Session& session, std::int32_t number) {
     const std::string digits = "000000" + std::to_string(number);
-    return session.App_Path / "data" / (digits.substr(digits.size() - 6) + ".dat");
+    const std::filesystem::path store =
+        session.App_Path / "data" / (digits.substr(digits.size() - 6) + ".dat");
+    // Only the ending has letters, so that the folder of thousands of companies need not be searched.
+    std::filesystem::path upper_case = store;
+    upper_case.replace_extension(".DAT");
+    return !std::filesystem::exists(store) && std::filesystem::exists(upper_case) ? upper_case : store;
 }
 
 void Check_In(const Session& session) {
