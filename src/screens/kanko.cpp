@@ -24,6 +24,9 @@ struct Averages {
 };
 
 Averages Averages_Of(std::int32_t kanko_avg, const Figure& zzki, const Figure& zki, const Figure& kijun) {
+    if ((zzki.value | zki.value | kijun.value) == 0) {
+        return {}; // most lines
+    }
     const std::int32_t two_year = Two_Year_Avg(zki.value, kijun.value);
     const std::int32_t three_year = Three_Year_Avg(zzki.value, zki.value, kijun.value);
     return {two_year, three_year, kanko_avg == 2 ? two_year : three_year,
@@ -32,6 +35,9 @@ Averages Averages_Of(std::int32_t kanko_avg, const Figure& zzki, const Figure& z
 
 void Add(Kanko_Totals& totals, const Averages& averages, const Figure& zzki, const Figure& zki,
          const Figure& kijun) {
+    if ((zzki.value | zki.value | kijun.value) == 0) {
+        return;
+    }
     const auto add = [](std::int32_t& total, std::int32_t amount) {
         total = Add32(total, amount, what_total);
     };

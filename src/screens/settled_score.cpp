@@ -26,7 +26,8 @@ void One_Round(Review_Figures& figures, WZX_Calc& wzx, std::int16_t y, std::int1
     kanko.Calc_Gijutu_All(figures, wzx);
     kanko.Save_Gijutu(figures);
 
-    kanko.Load_Kanko(figures, x2, y);
+    // The engineer screen stores no element, so that its sister reads just the lines anew.
+    kanko.lines = figures.works;
     kanko.Calc_Kanko_All(figures, wzx);
     kanko.Save_Kanko(figures, true);
 }
@@ -67,9 +68,10 @@ void Settle(Review_Figures& figures, Y_Calc& y, X2_Calc& x2) {
     x2.Calc_X2(figures, wzx, false);
     for (int round = 0; round < most_rounds; ++round) {
         const auto elements = figures.elements;
-        const auto works = figures.works;
         One_Round(figures, wzx, y.Y_Ten, x2.X2_Ten);
-        if (elements == figures.elements && works == figures.works) {
+        // A round forms the scores of the works from their inputs and the elements alone: once these stay, so
+        // do those.
+        if (elements == figures.elements) {
             return;
         }
     }
