@@ -190,12 +190,36 @@ int Run_Ten(const std::string& name, std::int64_t amount, int law) {
 
 // ---- the command line
 
+/// What is wrong with the arguments, in Japanese; `detail` is the parser's word on the argument concerned.
+std::string Argument_Fault(const CLI::Error& error) {
+    static const std::map<std::string, std::string> faults = {
+        {"RequiredError", "引数が足りません"},        {"ExtrasError", "知らない引数です"},
+        {"ValidationError", "指定できない値です"},    {"ConversionError", "数値ではありません"},
+        {"ArgumentMismatch", "引数の数が合いません"}, {"OptionNotFound", "知らない引数です"},
+    };
+    const auto found = faults.find(error.get_name());
+    return (found == faults.end() ? std::string("引数が正しくありません") : found->second) + "（" +
+           error.what() + "）。";
+}
+
 /// The commands and their arguments; `Run` is set by the one that was given.
 class Command_Line {
   public:
     Command_Line() {
         app.require_subcommand(1);
-        app.set_help_all_flag("--help-all", "すべてのコマンドの使い方");
+        app.option_defaults()->group("オプション");
+        app.set_help_flag("-h,--help", "使い方を表示します。")->group("オプション");
+        app.set_help_all_flag("--help-all", "すべてのコマンドの使い方を表示します。")->group("オプション");
+        for (const auto& [label, text] :
+             {std::pair("Usage", "使い方"), std::pair("OPTIONS", "オプション"),
+              std::pair("Positionals", "引数"), std::pair("SUBCOMMAND", "コマンド")}) {
+            app.get_formatter()->label(label, text);
+        }
+        app.failure_message([](const CLI::App*, const CLI::Error& error) {
+            return Argument_Fault(error) +
+                   "\n使い方は morvane-batch --help、各コマンドの使い方は morvane-batch コマンド "
+                   "--help で表示します。\n";
+        });
         Add_Init();
         Add_Import();
         Add_Score();
@@ -216,7 +240,9 @@ class Command_Line {
 
   private:
     CLI::App* Add(const char* name, const char* does, const char* example) {
-        CLI::App* sub = app.add_subcommand(name, does);
+        CLI::App* sub = app.add_subcommand(name, does)->group("コマンド");
+        sub->set_help_all_flag();
+        sub->set_help_flag("-h,--help", "使い方を表示します。")->group("オプション");
         sub->footer(std::string("例: ") + example);
         return sub;
     }
