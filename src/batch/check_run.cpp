@@ -2,6 +2,7 @@
 #include "batch/check_run.h"
 
 #include "batch/installation.h"
+#include "company/datacheck.h"
 #include "company/templates.h"
 #include "data/store_file.h"
 #include "data/table_catalogue.h"
@@ -10,6 +11,7 @@
 
 #include <algorithm>
 #include <ostream>
+#include <set>
 
 namespace morvane {
 
@@ -74,11 +76,13 @@ std::vector<fs::path> Strays(const Session& session, const std::vector<Company>&
     if (!fs::is_directory(session.App_Path / "data")) {
         return strays;
     }
+    std::set<std::string> known;
+    for (const Company& company : companies) {
+        known.insert(Company_Store(session, company.number).filename().string());
+    }
     for (const auto& entry : fs::directory_iterator(session.App_Path / "data")) {
-        const bool known = std::any_of(companies.begin(), companies.end(), [&](const Company& company) {
-            return company.store.filename() == entry.path().filename();
-        });
-        if (entry.path().extension() == ".dat" && !known && entry.path().filename().string().front() != '.') {
+        const std::string name = entry.path().filename().string();
+        if (entry.path().extension() == ".dat" && name.front() != '.' && !known.contains(name)) {
             strays.push_back(entry.path());
         }
     }
@@ -142,8 +146,9 @@ std::size_t Check_Run(const Session& session, std::ostream& out) {
         return faulty;
     }
     for (const Company& company : companies) {
-        if (company.store != session.Work_Store) {
-            report(company.store, Check_Company_Store(company.store, session.Db_Key));
+        if (company.place == Company::Place::Resting_Store) {
+            const fs::path store = Store_Of(session, company);
+            report(store, Check_Company_Store(store, session.Db_Key));
         }
     }
     for (const fs::path& stray : Strays(session, companies)) {

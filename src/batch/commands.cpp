@@ -99,7 +99,8 @@ Company Named_Company(const Session& session, std::int32_t number) {
 
 int Run_Export(const std::string& folder, std::int32_t number, const std::string& output) {
     const Session session = Open_Installation(folder, messages);
-    const std::string text = Case_Text(Export_Case(session, Named_Company(session, number).store));
+    const std::string text =
+        Case_Text(Export_Case(session, Store_Of(session, Named_Company(session, number))));
     if (output.empty()) {
         std::cout << text;
     } else {
@@ -110,7 +111,7 @@ int Run_Export(const std::string& folder, std::int32_t number, const std::string
 
 int Run_Csv(const std::string& folder, const std::string& target, std::optional<std::int32_t> number) {
     const Session session = Open_Installation(folder, messages);
-    const fs::path store = number ? Named_Company(session, *number).store : session.Work_Store;
+    const fs::path store = number ? Store_Of(session, Named_Company(session, *number)) : session.Work_Store;
     std::error_code error;
     fs::create_directories(target, error);
     if (!fs::is_directory(target)) {
@@ -151,7 +152,8 @@ int Run_Score(const Score_Arguments& arguments) {
                 return company.number == number;
             });
             // A number that is not registered fails like a company whose file is not there.
-            options.companies.push_back(found == all.end() ? Company{number, "（未登録）", {}} : *found);
+            options.companies.push_back(
+                found == all.end() ? Company{number, "（未登録）", Company::Place::Nowhere} : *found);
         }
     }
     return Score_Run(session, options, std::cout, std::cerr) == 0 ? status_done : status_failed;

@@ -5,6 +5,7 @@
 #include "company/datacheck.h"
 #include "company/templates.h"
 #include "data/store_file.h"
+#include "screens/settled_score.h"
 #include "session/kidou_ini.h"
 
 #include <algorithm>
@@ -38,9 +39,10 @@ Company Company_Of_Working_Store(const Session& session) {
     const Connection cn(session.Work_Store, session.Db_Key, Connection::Mode::Read_Only);
     Statement firm = cn.Prepare("SELECT 管理No, 事業所名 FROM Jigyo_mas");
     if (!firm.Step()) {
-        return {};
+        return {0, "", Company::Place::Nowhere};
     }
-    return {static_cast<std::int32_t>(firm.Integer_At(0)), std::string(firm.Text_At(1)), session.Work_Store};
+    return {static_cast<std::int32_t>(firm.Integer_At(0)), std::string(firm.Text_At(1)),
+            Company::Place::Working_Store};
 }
 
 } // namespace
@@ -53,6 +55,14 @@ Answer Stderr_Messages::Show(const Message_Box& box) {
 std::string One_Line(std::string text) {
     std::replace(text.begin(), text.end(), '\n', ' ');
     return text;
+}
+
+fs::path Store_Of(const Session& session, const Company& company) {
+    if (company.place == Company::Place::Nowhere) {
+        throw Score_Refusal("登録されていない事業所番号です。");
+    }
+    return company.place == Company::Place::Working_Store ? session.Work_Store
+                                                          : Company_Store(session, company.number);
 }
 
 Session Open_Installation(const fs::path& folder, Messages& messages) {
@@ -87,7 +97,7 @@ std::vector<Company> Companies_Of(const Session& session) {
     std::vector<Company> companies;
     if (!session.Is_Multi()) {
         Company company = Company_Of_Working_Store(session);
-        if (!company.store.empty()) {
+        if (company.place != Company::Place::Nowhere) {
             companies.push_back(std::move(company));
         }
         return companies;
@@ -96,7 +106,7 @@ std::vector<Company> Companies_Of(const Session& session) {
     for (const Register_Row& row : Read_Register(session)) {
         companies.push_back(
             {row.number, row.name,
-             row.number == in_hand ? session.Work_Store : Company_Store(session, row.number)});
+             row.number == in_hand ? Company::Place::Working_Store : Company::Place::Resting_Store});
     }
     return companies;
 }

@@ -28,12 +28,18 @@ class Stderr_Messages : public Messages {
 /// A text as one line, for lists in which each line is one entry.
 std::string One_Line(std::string text);
 
-/// A company of an installation: its number, its name and the store that holds its newest state.
+/// A company of an installation: its number, its name and where its newest state is. Thousands of them are
+/// held at a time, so the path itself is formed when it is needed.
 struct Company {
+    enum class Place : std::uint8_t { Resting_Store, Working_Store, Nowhere };
+
     std::int32_t number = 0;
     std::string name;
-    std::filesystem::path store;
+    Place place = Place::Resting_Store;
 };
+
+/// The store that holds a company's newest state. Raises Score_Refusal for a number that is not registered.
+std::filesystem::path Store_Of(const Session& session, const Company& company);
 
 /// Opens the installation in `folder`. Raises Usage_Error where it is none, Store_Error where its settings
 /// fail.

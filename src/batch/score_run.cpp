@@ -23,12 +23,8 @@ struct Outcome {
 
 Outcome Score_One(const Session& session, const Score_Options& options, const Company& company) {
     Outcome outcome;
-    if (company.store.empty()) {
-        outcome.failure = "登録されていない事業所番号です。";
-        return outcome;
-    }
     try {
-        const Connection cn(company.store, session.Db_Key, Connection::Mode::Read_Only);
+        const Connection cn(Store_Of(session, company), session.Db_Key, Connection::Mode::Read_Only);
         Settled_Score score = Score_Company(cn, session.Is_Hokkaido(), options.period, *options.scenario);
         score.kanri_no = company.number;
         outcome.text = Score_Text(options.format, score);
