@@ -28,7 +28,7 @@ constexpr int status_done = 0;
 constexpr int status_failed = 1;
 constexpr int status_usage = 2;
 
-Stderr_Messages messages;
+Stderr_Messages messages; // has no state
 
 // ---- init
 

@@ -42,7 +42,7 @@ std::int32_t Sum(const Statement_Figures& statement, std::initializer_list<int> 
     return sum;
 }
 
-Elements Read_Elements(const Statement_Figures& s, bool hokkaido, bool corporation) {
+Elements Elements_Of(const Statement_Figures& s, bool hokkaido, bool corporation) {
     Elements yoso{};
     yoso[kotei_sisan] = s.Get_Y_Kamoku(179);
     yoso[ryudo_fusai] = s.Get_Y_Kamoku(229);
@@ -61,7 +61,7 @@ Elements Read_Elements(const Statement_Figures& s, bool hokkaido, bool corporati
 
 // The edition decides where depreciation and the loss allowance stand, the data form of the period where the
 // advances received do.
-Working Read_Working(const Statement_Figures& s, bool hokkaido) {
+Working Working_Of(const Statement_Figures& s, bool hokkaido) {
     return {
         s.Get_Y_Kamoku(833),                           // 経常利益（前期）
         Sum(s, {831, 835, 836, 837}),                  // 減価償却実施額（前期）
@@ -93,8 +93,9 @@ std::int32_t Minus(std::int32_t a, std::int32_t b) {
     return Sub32(a, b, what_y);
 }
 
-/// Profit + depreciation - tax - rise of the allowances + fall of receivables - fall of payables + fall of
-/// inventories - fall of advances, each between two year ends. `from` and `to` are places of Y_Work.
+/// Profit + depreciation - tax, + rise of the loss allowances, + fall of receivables, + rise of payables, +
+/// fall of inventories, + rise of advances received, each between two year ends: `year` 0 from the
+/// second-prior to the prior one, 1 from there to the current one.
 std::int32_t Cash_Flow(std::int32_t profit, std::int32_t depreciation, std::int32_t tax, const Working& w,
                        std::size_t year) {
     std::int32_t flow = Minus(Plus(profit, depreciation), tax);
@@ -190,8 +191,8 @@ void Y_Calc::Calc_Y(const Statement_Figures& statement, bool hokkaido, bool corp
     Working work = Y_Work;
     std::array<float, 8> x = Y_Kekka;
     if (statement.has_rows) {
-        yoso = Read_Elements(statement, hokkaido, corporation);
-        work = Read_Working(statement, hokkaido);
+        yoso = Elements_Of(statement, hokkaido, corporation);
+        work = Working_Of(statement, hokkaido);
         yoso[cash_flow_zenki] = Cash_Flow(work[0], work[1], work[3], work, 0);
         yoso[cash_flow] = Cash_Flow(yoso[keijo_rieki], work[2], work[4], work, 1);
         x = {Calc_Y_X1(yoso), Calc_Y_X2(yoso), Calc_Y_X3(yoso), Calc_Y_X4(yoso),
