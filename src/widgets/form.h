@@ -1,0 +1,73 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#pragma once
+
+#include "widgets/shell_port.h"
+
+#include <QDialog>
+#include <utility>
+
+class QHBoxLayout;
+class QLabel;
+class QPushButton;
+class QVBoxLayout;
+
+namespace morvane {
+
+/// A screen: a header with its title, a body, a row of buttons at its foot. It stands in the frame as a child
+/// or, shown with exec, as a dialog. Esc, the close button of the window and Cmd_Cancel all take the one way
+/// out through May_Close. F1 opens its help page.
+class Form : public QDialog {
+    Q_OBJECT
+
+  public:
+    /// `name` is the form's name and objectName, `title` its caption.
+    Form(Shell_Port& shell_port, const QString& name, const QString& title);
+
+    void Set_Title(const QString& title);
+
+    /// The line beside the title (Lbl_SubTitle); empty hides it.
+    void Set_Sub_Title(const QString& text);
+
+    /// The form that has a widget in it; null outside of forms.
+    static Form* Of(QWidget* widget);
+
+    void reject() override;
+
+  protected:
+    /// Asked before the form closes by its cancel path; false keeps it open.
+    virtual bool May_Close() { return true; }
+
+    /// Closes without asking.
+    void Close_Form() { QDialog::accept(); }
+
+    /// Adds a button at the foot: at the right, or at the left of the row (`left`). `look` "primary" marks
+    /// the one that carries the form out.
+    QPushButton* Add_Button(const QString& name, const QString& caption, const char* look = nullptr,
+                            bool left = false);
+
+    /// Adds Cmd_help, which opens the page of the form.
+    QPushButton* Add_Help_Button();
+
+    /// Connects a signal to work that runs inside the shell's guard.
+    template <class Sender, class Signal, class Work>
+    void Wire(Sender* sender, Signal signal, Work work) {
+        connect(sender, signal, this, [this, work](auto... arguments) {
+            if constexpr (std::is_invocable_v<Work, decltype(arguments)...>) {
+                shell.Guard([&] { work(arguments...); });
+            } else {
+                shell.Guard([&] { work(); });
+            }
+        });
+    }
+
+    Shell_Port& shell;
+    QVBoxLayout* body;    ///< what the form shows
+    QHBoxLayout* buttons; ///< the row at its foot
+
+  private:
+    QLabel* title_label;
+    QLabel* sub_title_label;
+    int left_buttons = 0;
+};
+
+} // namespace morvane

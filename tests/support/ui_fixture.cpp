@@ -1,0 +1,68 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "support/ui_fixture.h"
+
+#include "session/run_time_error.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTimer>
+
+namespace morvane::tests {
+
+void Fake_Shell::Open_Form(const QString& form) {
+    calls.push_back("Open_Form " + form.toStdString());
+    if (on_open_form) {
+        on_open_form(form);
+    }
+}
+
+bool Fake_Shell::Guard(const std::function<void()>& work) {
+    try {
+        work();
+        return true;
+    } catch (const Run_Time_Error& error) {
+        Show_Message(session, {.title = "実行時エラー", .text = error.what(), .beep = true});
+    } catch (const Store_Error& error) {
+        failure = error.what();
+    }
+    return false;
+}
+
+void Click(QWidget& form, const char* button) {
+    auto* widget = Child<QAbstractButton>(form, button);
+    ASSERT_NE(widget, nullptr);
+    ASSERT_TRUE(widget->isVisible()) << button;
+    ASSERT_TRUE(widget->isEnabled()) << button;
+    QTest::mouseClick(widget, Qt::LeftButton);
+}
+
+void Type_Into(QWidget& form, const char* cell, const char* keys) {
+    auto* widget = Child<QLineEdit>(form, cell);
+    ASSERT_NE(widget, nullptr);
+    widget->setFocus(Qt::TabFocusReason);
+    widget->selectAll();
+    QTest::keyClick(widget, Qt::Key_Delete);
+    for (const QChar c : QString::fromUtf8(keys)) {
+        QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(c));
+        QApplication::sendEvent(widget, &press);
+    }
+}
+
+void With_Dialog(const std::function<void()>& act, const std::function<void(QDialog&)>& during) {
+    bool opened = false;
+    // Behind every event that stands in the queue, as often as it takes for the dialog to come up.
+    std::function<void()> look = [&] {
+        auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        if (dialog == nullptr) {
+            return;
+        }
+        opened = true;
+        during(*dialog);
+    };
+    QTimer::singleShot(0, qApp, look);
+    act();
+    EXPECT_TRUE(opened) << "no dialog opened";
+}
+
+} // namespace morvane::tests
