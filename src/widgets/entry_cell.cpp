@@ -43,6 +43,13 @@ Entry_Cell::Entry_Cell(Entry_Kind entry_kind, QWidget* parent) : QLineEdit(paren
     }
 }
 
+void Entry_Cell::Set_Width(int characters) {
+    // Beside the text stand the padding and border of the theme, the line edit's own margin and the cursor.
+    constexpr int beside = 2 * (5 + 1 + 2) + 2;
+    ensurePolished();
+    setFixedWidth(fontMetrics().horizontalAdvance(QLatin1Char('0')) * characters + beside);
+}
+
 void Entry_Cell::Set_Locked(bool locked) {
     setReadOnly(locked);
 }

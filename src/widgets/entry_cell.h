@@ -27,6 +27,9 @@ class Entry_Cell : public QLineEdit {
     /// The keys that a Choice takes.
     void Set_Choices(const QString& keys) { choices = keys; }
 
+    /// The width that shows so many half-width characters.
+    void Set_Width(int characters);
+
     /// A locked cell takes the focus but no key.
     void Set_Locked(bool locked);
 
