@@ -6,6 +6,7 @@
 #include "app/start_up.h"
 #include "company/new_installation.h"
 #include "data/store_file.h"
+#include "session/boxes.h"
 #include "session/program_folder.h"
 #include "session/run_time_error.h"
 
@@ -31,10 +32,8 @@ Shell::Start Shell::Sub_Main() {
         if (auto taken = Instance_Lock::Take(own_session.App_Path)) {
             lock.emplace(std::move(*taken));
         } else {
-            Show_Message(own_session,
-                         {.title = "複数起動エラー",
-                          .text = "すでに「Morvane」が起動されています。複数起動することはできません。",
-                          .beep = true});
+            Tell(own_session, "複数起動エラー",
+                 "すでに「Morvane」が起動されています。複数起動することはできません。");
             start.status = 1;
             return;
         }
@@ -145,7 +144,7 @@ bool Shell::Guard(const std::function<void()>& work) {
         work();
         return true;
     } catch (const Run_Time_Error& error) {
-        Show_Message(own_session, {.title = "実行時エラー", .text = error.what(), .beep = true});
+        Tell(own_session, "実行時エラー", error.what());
     } catch (const Store_Error& error) {
         Fail("データファイルエラー", error.what());
     } catch (const std::exception& error) {
@@ -156,10 +155,8 @@ bool Shell::Guard(const std::function<void()>& work) {
 
 void Shell::Fail(const std::string& title, const std::string& text) {
     // Every store is closed by now: nothing is open outside of a routine, and its transaction went back.
-    Show_Message(own_session, {.title = title,
-                               .text = text + "\n\nプログラムを終了します。入力済みのデータは失われません。",
-                               .icon = Icon::Warning,
-                               .beep = true});
+    Tell(own_session, title, text + "\n\nプログラムを終了します。入力済みのデータは失われません。",
+         .icon = Icon::Warning);
     end_process(1);
 }
 
