@@ -155,8 +155,10 @@ bool Shell::Guard(const std::function<void()>& work) {
 
 void Shell::Fail(const std::string& title, const std::string& text) {
     // Every store is closed by now: nothing is open outside of a routine, and its transaction went back.
-    Tell(own_session, title, text + "\n\nプログラムを終了します。入力済みのデータは失われません。",
-         .icon = Icon::Warning);
+    Show_Message(own_session, {.title = title,
+                               .text = text + "\n\nプログラムを終了します。入力済みのデータは失われません。",
+                               .icon = Icon::Warning,
+                               .beep = true});
     end_process(1);
 }
 
