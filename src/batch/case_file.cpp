@@ -5,6 +5,7 @@
 #include "batch/installation.h"
 #include "company/data_set.h"
 #include "company/datacheck.h"
+#include "company/register.h"
 #include "data/store_file.h"
 #include "zaimu/z_zzen_get.h"
 #include "zaimu/zaimu_calc.h"

@@ -16,6 +16,14 @@ enum class Copy_Mode : std::uint8_t { After = 1, Before = 2 };
 /// "データ異常" and gives false; raises Store_Error.
 bool New_Data_Set(Session& session, std::int16_t hojin_kojin, std::int16_t period);
 
+/// The same on an open copy of the empty company store, of which nothing else changes. The caller holds the
+/// transaction. False without a box where the template does not fit. Raises Store_Error.
+bool Fill_Blank_Company(const Connection& cn, const Session& session, std::int16_t hojin_kojin,
+                        std::int16_t period);
+
+/// Says that a template does not fit ("データ異常").
+void Report_Bad_Template(const Session& session);
+
 /// Adds the period `new_period` beside its neighbour, which gives the standing items and, in mode After, the
 /// completed work and engineers rolled on by one period. `base_period` is the period in hand, by which the
 /// years of Jigyo_mas are shifted. Sets Data_Ver and Syori_Ki. One transaction; an empty chart shows
