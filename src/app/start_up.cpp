@@ -5,6 +5,7 @@
 #include "company/data_set.h"
 #include "company/datacheck.h"
 #include "company/new_installation.h"
+#include "company/pending_work.h"
 #include "company/table_edit.h"
 #include "data/store_file.h"
 #include "session/boxes.h"
@@ -166,7 +167,9 @@ void Swap_Updater(const fs::path& app_path) {
 Start_Result Load_Session(Session& session, const Instance_Lock& lock,
                           const std::function<void()>& edit_own_company) {
     Take_Install_Info(session, Read_Install_Info(session.App_Path));
+    Sweep_Drafts(session.App_Path);
     Swap_Updater(session.App_Path);
+    Finish_Pending_Work(session);
     const bool first_run = !Read_Own_Company(session);
     if (first_run && !First_Run(session)) {
         return Start_Result::Ended;

@@ -6,6 +6,7 @@
 #include "company/data_set.h"
 #include "company/law_change.h"
 #include "company/datacheck.h"
+#include "company/register.h"
 #include "data/store_file.h"
 #include "zaimu/z_zzen_get.h"
 #include "zaimu/zaimu_calc.h"

@@ -31,11 +31,6 @@ const char* Master_Table(const Session& session) {
     return session.Is_Hokkaido() ? "Ks_Zaihyo_Hk_new" : "Ks_Zaihyo_Zk_new";
 }
 
-bool Report_Bad_Template(const Session& session) {
-    Tell(session, "データ異常", "データファイルが異常です。\n\nユーザーサポートまでご連絡下さい。");
-    return false;
-}
-
 std::string Of_Period(const char* table, int period, const char* order) {
     return std::string("SELECT * FROM ") + table + " WHERE 決算期=" + std::to_string(period) + " ORDER BY " +
            order + ";";
@@ -175,7 +170,7 @@ void Test_Periods(const Connection& cn, int new_period, int source) {
     }
 }
 
-bool Lay_Chart(const Connection& cn, const Session& session, bool corporation) {
+bool Lay_Chart(const Connection& cn, const Session& session, bool corporation, std::uint8_t data_ver) {
     const Connection master_store = Cn_Open_Org(session);
     Recordset master =
         master_store.Open(std::string("SELECT * FROM ") + Master_Table(session) + " Order by 建設科目CD;");
@@ -184,25 +179,9 @@ bool Lay_Chart(const Connection& cn, const Session& session, bool corporation) {
         return false;
     }
     for (; !master.Eof(); master.Move_Next(), rows.Move_Next()) {
-        Lay_Account(rows, master, corporation, session.Data_Ver);
+        Lay_Account(rows, master, corporation, data_ver);
         rows.Update();
     }
-    return true;
-}
-
-bool Fill_Blank_Company(const Connection& cn, const Session& session, bool corporation, std::int16_t period) {
-    Transaction transaction(cn);
-    if (!Lay_Chart(cn, session, corporation)) {
-        return false;
-    }
-    const std::string number = std::to_string(period);
-    for (const char* table : {"Ks_Zaihyo", "Kandaka_Gj", "W_Yoso", "QandA"}) {
-        cn.Execute(std::string("UPDATE ") + table + " SET " + table + ".決算期 =" + number + ";");
-    }
-    cn.Execute("UPDATE W_Yoso SET W_Yoso.現状 = 4 Where 要素CD=210;");
-    const std::array<Value, 1> values = {period};
-    cn.Execute("INSERT INTO Ks_ki (決算期) VALUES (?)", values);
-    transaction.Commit();
     return true;
 }
 
@@ -212,28 +191,41 @@ std::uint8_t Present_Data_Ver(const Session& session) {
     return session.Is_Hokkaido() ? 6 : 5;
 }
 
+void Report_Bad_Template(const Session& session) {
+    Show_Message(session, {.title = "データ異常",
+                           .text = "データファイルが異常です。\n\nユーザーサポートまでご連絡下さい。",
+                           .beep = true});
+}
+
+bool Fill_Blank_Company(const Connection& cn, const Session& session, std::int16_t hojin_kojin,
+                        std::int16_t period) {
+    if (!Lay_Chart(cn, session, hojin_kojin == 1, Present_Data_Ver(session))) {
+        return false;
+    }
+    const std::string number = std::to_string(period);
+    for (const char* table : {"Ks_Zaihyo", "Kandaka_Gj", "W_Yoso", "QandA"}) {
+        cn.Execute(std::string("UPDATE ") + table + " SET " + table + ".決算期 =" + number + ";");
+    }
+    cn.Execute("UPDATE W_Yoso SET W_Yoso.現状 = 4 Where 要素CD=210;");
+    const std::array<Value, 1> values = {period};
+    cn.Execute("INSERT INTO Ks_ki (決算期) VALUES (?)", values);
+    return true;
+}
+
 bool New_Data_Set(Session& session, std::int16_t hojin_kojin, std::int16_t period) {
-    Session draft_session = session;
-    draft_session.Data_Ver = Present_Data_Ver(session);
     // All of it happens on a draft beside the working store, which takes its place whole.
     File_Replacement replacement = File_Replacement::With_Store(Find_File(session.App_Path, "morv_set.dat"),
                                                                 session.Work_Store, session.Db_Key);
-    try {
-        const Connection cn(replacement.Draft(), session.Db_Key,
-                            session.Work_Is_Scratch ? Connection::Mode::Scratch
-                                                    : Connection::Mode::Read_Write);
-        if (!Fill_Blank_Company(cn, draft_session, hojin_kojin == 1, period)) {
-            return Report_Bad_Template(session);
-        }
-    } catch (const Store_Error& error) {
-        // The draft is nobody's file: the failure is that of the store it was to become.
-        if (error.file != replacement.Draft()) {
-            throw;
-        }
-        throw Store_Error(session.Work_Store, error.reason, "ひな形からの作成");
+    const bool filled = replacement.Change(
+        session.Db_Key,
+        [&](const Connection& cn) { return Fill_Blank_Company(cn, session, hojin_kojin, period); },
+        session.Work_Is_Scratch ? Connection::Mode::Scratch : Connection::Mode::Read_Write);
+    if (!filled) {
+        Report_Bad_Template(session);
+        return false;
     }
     replacement.Commit();
-    session.Data_Ver = draft_session.Data_Ver;
+    session.Data_Ver = Present_Data_Ver(session);
     return true;
 }
 
@@ -266,7 +258,8 @@ bool Period_Copy(Session& session, std::int16_t new_period, std::int16_t base_pe
     cn.Execute("INSERT INTO Ks_Ki (決算期) VALUES (?)", number);
     Take_Period(cn, new_period, base_period);
     if (!Copy_Chart(job)) {
-        return Report_Bad_Template(session);
+        Report_Bad_Template(session);
+        return false;
     }
     if (!after) {
         Fill_Prior_Figures(cn, session.Is_Hokkaido(), new_period);

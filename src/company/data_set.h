@@ -21,6 +21,14 @@ bool New_Data_Set(Session& session, std::int16_t hojin_kojin, std::int16_t perio
 /// difference to the former one. Within the caller's transaction. Raises Store_Error.
 void Take_Period(const Connection& cn, int period, int former);
 
+/// The same on an open copy of the empty company store, of which nothing else changes. The caller holds the
+/// transaction. False without a box where the template does not fit. Raises Store_Error.
+bool Fill_Blank_Company(const Connection& cn, const Session& session, std::int16_t hojin_kojin,
+                        std::int16_t period);
+
+/// Says that a template does not fit ("データ異常").
+void Report_Bad_Template(const Session& session);
+
 /// Adds the period `new_period` beside its neighbour, which gives the standing items and, in mode After, the
 /// completed work and engineers rolled on by one period. `base_period` is the period in hand, by which the
 /// years of Jigyo_mas are shifted. Its law year is as copied or, where given, `law_year` (1 to 4). The new

@@ -349,7 +349,7 @@ TEST_F(Period_Test, The_Firm_Type_Changes_Captions_And_Wipes) {
     const File_Contents filled = Read_Files(folder.path);
     for (const bool conversion : {false, true}) {
         Write_Files(folder.path, filled);
-        conversion ? To_Kojin(session, 0) : Data_Wipe(session);
+        conversion ? To_Kojin(session, 0) : Data_Wipe(Cn_Open(session), 6);
         EXPECT_EQ(captions(conversion ? "個人" : "法人"), conversion ? "255 -1" : "255 0");
         const struct {
             const char* query;
