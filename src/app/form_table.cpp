@@ -3,6 +3,8 @@
 
 #include "app/frm_dtselect.h"
 #include "app/frm_ver.h"
+#include "company/frm_kssitei.h"
+#include "screens/frm_qanda.h"
 
 #include <array>
 
@@ -21,12 +23,12 @@ constexpr auto form_rows = std::to_array<Form_Row>({
     {"Frm_Ver", Make<Frm_Ver>, true},
     {"Frm_HpOpen", nullptr, true},
     {"Frm_Settei", nullptr, true},
-    {"Frm_QandA", nullptr, true},
+    {"Frm_QandA", Make<Frm_QandA>, true},
     // Companies and periods.
     {"Frm_JGSitei", nullptr, true},
     {"Frm_JgNew", nullptr, true},
     {"Frm_Jgmas", nullptr, true},
-    {"Frm_KsSitei", nullptr},
+    {"Frm_KsSitei", Make<Frm_KsSitei>},
     // Statements.
     {"Frm_KsZaihyo"},
     {"Frm_KsZaihyoKJ", nullptr, false, "Frm_KsZaihyo"},

@@ -316,7 +316,8 @@ void Frm_Command::Open_Form(const QString& form) {
         Update_Enabled();
         return;
     }
-    screen->setParent(shell.Window(), Qt::Dialog);
+    screen->setParent(shell.Window(),
+                      Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
     screen->exec();
     screen.reset();
     Screens_Closed();

@@ -2,6 +2,7 @@
 #include "app/frm_dtselect.h"
 
 #include "app/start_up.h"
+#include "session/boxes.h"
 #include "widgets/section_box.h"
 #include "widgets/theme.h"
 
@@ -52,25 +53,16 @@ Frm_DtSelect::Frm_DtSelect(Shell_Port& shell_port)
 }
 
 void Frm_DtSelect::Choose(const std::string& title, const std::string& text, const std::string& code) {
-    if (Show_Message(shell.session, {.title = title,
-                                     .text = text,
-                                     .icon = Icon::Warning,
-                                     .buttons = Buttons::Yes_No,
-                                     .default_answer = Answer::No,
-                                     .beep = true}) == Answer::Yes) {
+    if (Ask(shell.session, title, text)) {
         Choose_Edition(shell.session.App_Path, code);
         accept();
     }
 }
 
 bool Frm_DtSelect::May_Close() {
-    return Show_Message(shell.session, {.title = "初期設定中止確認",
-                                        .text = "「Morvane」のデータ選択（初期設定）を行わず終了します。"
-                                                "次回起動時に再度この設定画面が表示されます。",
-                                        .icon = Icon::Warning,
-                                        .buttons = Buttons::Yes_No,
-                                        .default_answer = Answer::No,
-                                        .beep = true}) == Answer::Yes;
+    return Ask(shell.session, "初期設定中止確認",
+               "「Morvane」のデータ選択（初期設定）を行わず終了します。"
+               "次回起動時に再度この設定画面が表示されます。");
 }
 
 } // namespace morvane

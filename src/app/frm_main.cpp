@@ -2,6 +2,7 @@
 #include "app/frm_main.h"
 
 #include "maint/data_conv.h"
+#include "session/boxes.h"
 
 #include <QCloseEvent>
 #include <QHBoxLayout>
@@ -71,8 +72,7 @@ QAction* Frm_Main::Add_Entry(const char* name, const char* caption, const std::f
 
 void Frm_Main::Refuse_While_Editing(const std::function<void()>& work) {
     if (shell.session.Edit_Flg) {
-        Show_Message(shell.session,
-                     {.title = "Morvane", .text = "編集中の画面を閉じてから実行して下さい。", .beep = true});
+        Tell(shell.session, "Morvane", "編集中の画面を閉じてから実行して下さい。");
         return;
     }
     work();

@@ -2,6 +2,7 @@
 #include "app/gates.h"
 
 #include "calc/y_calc.h"
+#include "session/boxes.h"
 #include "session/kyotu_mod.h"
 
 #include <string>
@@ -91,7 +92,7 @@ bool Pass_Gates(const Session& session, std::span<const Gate> gates) {
         }
         for (const Gate_Row& row : gate_rows) {
             if (row.gate == gate) {
-                Show_Message(session, {.title = row.title, .text = row.text, .beep = true});
+                Tell(session, row.title, row.text);
             }
         }
         return false;

@@ -6,6 +6,7 @@
 #include "app/start_up.h"
 #include "company/new_installation.h"
 #include "data/store_file.h"
+#include "session/boxes.h"
 #include "session/program_folder.h"
 #include "session/run_time_error.h"
 
@@ -31,10 +32,8 @@ Shell::Start Shell::Sub_Main() {
         if (auto taken = Instance_Lock::Take(own_session.App_Path)) {
             lock.emplace(std::move(*taken));
         } else {
-            Show_Message(own_session,
-                         {.title = "複数起動エラー",
-                          .text = "すでに「Morvane」が起動されています。複数起動することはできません。",
-                          .beep = true});
+            Tell(own_session, "複数起動エラー",
+                 "すでに「Morvane」が起動されています。複数起動することはできません。");
             start.status = 1;
             return;
         }
@@ -56,7 +55,7 @@ void Shell::Make_Installation() {
         throw Store_Error(own_session.App_Path / install_info_file, Store_Error::Reason::Missing,
                           "データファイルのひな形が見つかりません");
     }
-    New_Installation(*templates, own_session.App_Path, {"", false});
+    New_Installation(*templates, own_session.App_Path, {.edition = "", .multi = false});
 }
 
 bool Shell::Choose_An_Edition() {
@@ -145,7 +144,7 @@ bool Shell::Guard(const std::function<void()>& work) {
         work();
         return true;
     } catch (const Run_Time_Error& error) {
-        Show_Message(own_session, {.title = "実行時エラー", .text = error.what(), .beep = true});
+        Tell(own_session, "実行時エラー", error.what());
     } catch (const Store_Error& error) {
         Fail("データファイルエラー", error.what());
     } catch (const std::exception& error) {

@@ -5,8 +5,10 @@
 #include "company/data_set.h"
 #include "company/datacheck.h"
 #include "company/new_installation.h"
+#include "company/pending_work.h"
 #include "company/table_edit.h"
 #include "data/store_file.h"
+#include "session/boxes.h"
 #include "session/kidou_ini.h"
 #include "session/kyotu_mod.h"
 
@@ -47,10 +49,9 @@ bool Read_Own_Company(Session& session) {
 }
 
 bool First_Run(Session& session) {
-    Show_Message(session, {.title = "ご利用のご挨拶",
-                           .text = "『Morvane』のご利用ありがとうございます。"
-                                   "末永くご愛顧の程よろしくお願い申し上げます。",
-                           .beep = true});
+    Tell(session, "ご利用のご挨拶",
+         "『Morvane』のご利用ありがとうございます。"
+         "末永くご愛顧の程よろしくお願い申し上げます。");
     if (!session.Is_Multi() && !New_Data_Set(session, session.Hojin_Kojin, session.Syori_Ki)) {
         return false;
     }
@@ -75,10 +76,9 @@ bool Has_Period_Dates(const Session& session) {
 
 Start_Result Load_Single(Session& session, const std::function<void()>& edit_own_company) {
     if (!Has_Period_Dates(session)) {
-        Show_Message(session, {.title = "決算期情報未入力確認",
-                               .text = "決算期情報が不完全です。\n"
-                                       "自社情報の編集画面を開きますので入力して下さい。",
-                               .beep = true});
+        Tell(session, "決算期情報未入力確認",
+             "決算期情報が不完全です。\n"
+             "自社情報の編集画面を開きますので入力して下さい。");
         edit_own_company();
     }
     session.Data_Ver = Get_Data_Ver(session, session.Syori_Ki);
@@ -114,10 +114,9 @@ Start_Result Load_Multi(Session& session, const Instance_Lock& lock, bool first_
         session.Jigyo_Name.clear();
         return Start_Result::Ready;
     }
-    Show_Message(session, {.title = "前回の異常終了を確認",
-                           .text = "前回の処理時に異常終了したようです。\n"
-                                   "前回処理中の事業所を指定した状態で起動します。",
-                           .beep = true});
+    Tell(session, "前回の異常終了を確認",
+         "前回の処理時に異常終了したようです。\n"
+         "前回処理中の事業所を指定した状態で起動します。");
     session.Kanri_No = left->number;
     session.Jigyo_Name = left->name;
     Company_Reload(session);
@@ -168,7 +167,9 @@ void Swap_Updater(const fs::path& app_path) {
 Start_Result Load_Session(Session& session, const Instance_Lock& lock,
                           const std::function<void()>& edit_own_company) {
     Take_Install_Info(session, Read_Install_Info(session.App_Path));
+    Sweep_Drafts(session.App_Path);
     Swap_Updater(session.App_Path);
+    Finish_Pending_Work(session);
     const bool first_run = !Read_Own_Company(session);
     if (first_run && !First_Run(session)) {
         return Start_Result::Ended;
@@ -180,8 +181,7 @@ bool Query_Unload(const Session& session) {
     if (!session.Edit_Flg) {
         return true;
     }
-    Show_Message(session,
-                 {.title = "終了エラー", .text = "編集中の画面を閉じてから終了して下さい。", .beep = true});
+    Tell(session, "終了エラー", "編集中の画面を閉じてから終了して下さい。");
     return false;
 }
 
@@ -193,10 +193,9 @@ bool May_Unload(Session& session) {
     if (marker.Is_Clean() && session.Kanri_No == 0) {
         return true;
     }
-    Show_Message(session, {.title = "終了エラー",
-                           .text = "指定中の事業所のデータが保存されていません。"
-                                   "[終了]ボタンより終了してください。",
-                           .beep = true});
+    Tell(session, "終了エラー",
+         "指定中の事業所のデータが保存されていません。"
+         "[終了]ボタンより終了してください。");
     if (!marker.Is_Clean()) {
         session.Kanri_No = marker.number;
         session.Jigyo_Name = marker.name;

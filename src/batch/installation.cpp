@@ -3,6 +3,7 @@
 
 #include "batch/case_file.h"
 #include "company/datacheck.h"
+#include "company/pending_work.h"
 #include "data/store_file.h"
 #include "screens/settled_score.h"
 #include "session/kidou_ini.h"
@@ -73,6 +74,9 @@ Instance_Lock Lock_Installation(const Session& session) {
         throw Usage_Error("「Morvane」がフォルダ「" + session.App_Path.string() +
                           "」を使用中です。終了してから実行してください。");
     }
+    // What a killed process left would else meet what is written now.
+    Sweep_Drafts(session.App_Path);
+    Finish_Pending_Work(session);
     return std::move(*lock);
 }
 

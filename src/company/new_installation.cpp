@@ -34,6 +34,7 @@ void New_Installation(const std::filesystem::path& templates, const std::filesys
     info.kanri_flg = options.multi ? multi_company_mode : 0;
     info.tiiki_cd = options.edition;
     info.todofuken_mei = options.edition.empty() ? "" : Edition_Name(options.edition);
+    info.office_name = options.office_name;
     Write_Install_Info(folder, info);
 }
 

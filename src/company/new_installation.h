@@ -10,6 +10,7 @@ namespace morvane {
 struct Init_Options {
     std::string edition = "13"; ///< 01 Hokkaido, 13 national; empty: chosen at the first start
     bool multi = true;
+    std::string office_name{}; ///< of the adviser's office or of the firm
 };
 
 /// Fills an installation folder from the templates: stores, register, marker, settings. The settings are

@@ -2,45 +2,39 @@
 #include "widgets/entry_cell.h"
 
 #include "session/kyotu_mod.h"
+#include "widgets/figure_text.h"
 
 #include <QApplication>
 #include <QClipboard>
-#include <QFocusEvent>
+#include <QContextMenuEvent>
+#include <QDropEvent>
 #include <QInputMethod>
 #include <QKeyEvent>
+#include <QMenu>
+#include <QMimeData>
 #include <QTimer>
 
 namespace morvane {
 
-namespace {
-
-// A full-width digit, minus or blank as its ASCII twin.
-QChar Half_Width(QChar c) {
-    const char16_t code = c.unicode();
-    if (code >= u'０' && code <= u'９') {
-        return QChar(static_cast<char16_t>(code - u'０' + u'0'));
-    }
-    if (code == u'－' || code == u'−' || code == u'△' || code == u'▲') {
-        return QLatin1Char('-');
-    }
-    return c;
+Entry_Cell::Entry_Cell(Entry_Kind entry_kind, QWidget* parent) : QLineEdit(parent) {
+    Set_Kind(entry_kind);
 }
 
-bool Is_Number(const QString& bare) {
-    bool is_number = false;
-    static_cast<void>(bare.toDouble(&is_number));
-    return is_number;
+void Entry_Cell::Set_Kind(Entry_Kind entry_kind) {
+    kind = entry_kind;
+    // A kana mode left on must not swallow figures.
+    setAttribute(Qt::WA_InputMethodEnabled, kind == Entry_Kind::Text);
+    setAlignment((kind == Entry_Kind::Amount ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+    if (hasFocus()) {
+        QGuiApplication::inputMethod()->update(Qt::ImQueryAll);
+    }
 }
 
-} // namespace
-
-Entry_Cell::Entry_Cell(Entry_Kind entry_kind, QWidget* parent) : QLineEdit(parent), kind(entry_kind) {
-    if (kind != Entry_Kind::Text) {
-        // A kana mode left on must not swallow figures.
-        setAttribute(Qt::WA_InputMethodEnabled, false);
-        setAlignment(kind == Entry_Kind::Amount ? Qt::AlignRight | Qt::AlignVCenter
-                                                : Qt::AlignLeft | Qt::AlignVCenter);
-    }
+void Entry_Cell::Set_Width(int characters) {
+    // Beside the text stand the padding and border of the theme, the line edit's own margin and the cursor.
+    constexpr int beside = 2 * (5 + 1 + 2) + 2;
+    ensurePolished();
+    setFixedWidth(fontMetrics().horizontalAdvance(QLatin1Char('0')) * characters + beside);
 }
 
 void Entry_Cell::Set_Locked(bool locked) {
@@ -49,13 +43,18 @@ void Entry_Cell::Set_Locked(bool locked) {
 
 void Entry_Cell::Set_Value(const Value& value) {
     accepted = QString::fromStdString(value.As_Text());
-    setText(accepted);
-    if (!hasFocus()) {
+    if (hasFocus()) {
+        setText(accepted);
+    } else {
+        in_entry = false;
         Show_Formatted();
     }
 }
 
 QString Entry_Cell::Bare() const {
+    if (!in_entry && text() == formatted) {
+        return accepted;
+    }
     QString bare = text();
     if (kind == Entry_Kind::Amount) {
         bare.remove(QLatin1Char(','));
@@ -71,11 +70,10 @@ Value Entry_Cell::Entry() const {
     if (bare.isEmpty()) {
         return {};
     }
-    if (kind == Entry_Kind::Amount) {
-        const double number = bare.toDouble();
-        return number;
+    if (kind == Entry_Kind::Amount && Is_Number(bare)) {
+        return Value(bare.toDouble());
     }
-    if (kind == Entry_Kind::Digits) {
+    if (kind == Entry_Kind::Digits && Is_Number(bare)) {
         bool fits = false;
         const qlonglong number = bare.toLongLong(&fits);
         return fits ? Value(static_cast<std::int64_t>(number)) : Value(bare.toDouble());
@@ -92,7 +90,9 @@ QString Entry_Cell::Filtered(const QString& input, bool& refused) const {
         bool takes = false;
         switch (kind) {
         case Entry_Kind::Text:
-            takes = c.isPrint();
+            // Characters beyond the basic plane and those of the user's own (外字) are text as well.
+            takes = c.category() != QChar::Other_Control && c != QChar::LineSeparator &&
+                    c != QChar::ParagraphSeparator;
             break;
         case Entry_Kind::Digits:
             takes = is_digit;
@@ -113,50 +113,82 @@ QString Entry_Cell::Filtered(const QString& input, bool& refused) const {
     return kept;
 }
 
+// What of a text finds room in place of the selection. A character of two code units is not cut in half.
+QString Entry_Cell::Fitting(QString kept, bool& refused) const {
+    const qsizetype room = std::max<qsizetype>(max_length - text().size() + selectedText().size(), 0);
+    if (kept.size() > room) {
+        kept.truncate(room);
+        if (!kept.isEmpty() && kept.back().isHighSurrogate()) {
+            kept.chop(1);
+        }
+        refused = true;
+    }
+    return kept;
+}
+
+void Entry_Cell::Refuse() {
+    QApplication::beep();
+    Q_EMIT Refused();
+}
+
 void Entry_Cell::Take_Text(const QString& input) {
-    bool refused = false;
-    QString kept = Filtered(input, refused);
     if (isReadOnly()) {
-        QApplication::beep();
+        Refuse();
         return;
     }
+    bool refused = false;
+    QString kept = Filtered(input, refused);
     if (kind == Entry_Kind::Choice && !kept.isEmpty()) {
         kept = kept.right(1);
         selectAll();
     }
-    const qsizetype room = maxLength() - text().size() + selectedText().size();
-    if (kept.size() > room) {
-        kept.truncate(std::max<qsizetype>(room, 0));
-        refused = true;
-    }
-    if (refused) {
-        QApplication::beep();
-    }
+    kept = Fitting(kept, refused);
     if (!kept.isEmpty()) {
         insert(kept);
+    }
+    if (refused) {
+        Refuse();
+    }
+}
+
+// A figure is pasted whole or not at all: what is left of "1.5" without its point is another figure.
+void Entry_Cell::Take_Pasted(const QString& pasted) {
+    if (kind == Entry_Kind::Text) {
+        Take_Text(pasted.simplified());
+        return;
+    }
+    bool refused = false;
+    QString figure = Filtered(kind == Entry_Kind::Amount ? Bare_Figure(pasted) : pasted.trimmed(), refused);
+    figure = Fitting(figure, refused);
+    if (refused) {
+        Refuse();
+    } else {
+        Take_Text(figure);
     }
 }
 
 void Entry_Cell::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        Q_EMIT Next_Field();
+        if (Finish_Entry()) {
+            Q_EMIT Next_Field();
+        }
         event->accept();
         return;
     }
     if (event->matches(QKeySequence::Paste)) {
-        // A copied column or a formatted figure: white space around it and commas are no part of the number.
-        QString pasted = QApplication::clipboard()->text().trimmed();
-        if (kind == Entry_Kind::Amount) {
-            pasted.remove(QLatin1Char(','));
-        }
-        Take_Text(pasted);
+        Take_Pasted(QApplication::clipboard()->text());
+        event->accept();
+        return;
+    }
+    if (event->matches(QKeySequence::Undo)) {
+        Undo_Last();
         event->accept();
         return;
     }
     const bool is_command =
         (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0;
     const QString typed = event->text();
-    if (!is_command && !typed.isEmpty() && typed.front().isPrint()) {
+    if (!is_command && !typed.isEmpty() && (typed.front().isPrint() || typed.front().isSurrogate())) {
         Take_Text(typed);
         event->accept();
         return;
@@ -165,54 +197,163 @@ void Entry_Cell::keyPressEvent(QKeyEvent* event) {
 }
 
 void Entry_Cell::inputMethodEvent(QInputMethodEvent* event) {
-    if (kind == Entry_Kind::Text || event->commitString().isEmpty()) {
-        QLineEdit::inputMethodEvent(event);
+    composing = event->preeditString();
+    if (kind != Entry_Kind::Text) {
+        if (!event->commitString().isEmpty()) {
+            Take_Text(event->commitString());
+        }
+        event->accept();
         return;
     }
-    Take_Text(event->commitString());
-    event->accept();
+    bool refused = false;
+    const QString commit = Fitting(Filtered(event->commitString(), refused), refused);
+    QInputMethodEvent fitting(event->preeditString(), event->attributes());
+    fitting.setCommitString(commit, event->replacementStart(), event->replacementLength());
+    QLineEdit::inputMethodEvent(&fitting);
+    event->setAccepted(fitting.isAccepted());
+    if (refused) {
+        Refuse();
+    }
+}
+
+// What the input method still composes belongs to the entry.
+void Entry_Cell::Commit_Composition() {
+    if (composing.isEmpty()) {
+        return;
+    }
+    QGuiApplication::inputMethod()->commit();
+    if (!composing.isEmpty()) {
+        QInputMethodEvent commit;
+        commit.setCommitString(composing);
+        inputMethodEvent(&commit);
+        QGuiApplication::inputMethod()->reset();
+    }
+}
+
+bool Entry_Cell::Finish_Entry() {
+    Commit_Composition();
+    const QString bare = Bare();
+    if (kind == Entry_Kind::Amount && !bare.isEmpty() && !Is_Number(bare)) {
+        setText(accepted);
+        selectAll();
+        Refuse();
+        return false;
+    }
+    accepted = bare;
+    return true;
+}
+
+void Entry_Cell::Begin_Entry() {
+    const QString bare = Bare();
+    in_entry = true;
+    if (kind == Entry_Kind::Amount) {
+        setText(bare);
+    }
+}
+
+void Entry_Cell::Leave() {
+    if (!Finish_Entry()) {
+        // The focus cannot be called back while it is on its way.
+        QTimer::singleShot(0, this, [this] { setFocus(Qt::OtherFocusReason); });
+        return;
+    }
+    in_entry = false;
+    Show_Formatted();
+    Q_EMIT Left();
 }
 
 void Entry_Cell::focusInEvent(QFocusEvent* event) {
-    if (kind == Entry_Kind::Amount) {
-        setText(Bare());
+    const bool comes = !in_entry;
+    if (comes) {
+        Begin_Entry();
     }
     QLineEdit::focusInEvent(event);
     if (event->reason() != Qt::MouseFocusReason && event->reason() != Qt::ActiveWindowFocusReason &&
         event->reason() != Qt::PopupFocusReason) {
         selectAll();
     }
-    Q_EMIT Entered();
+    if (comes) {
+        Q_EMIT Entered();
+    }
 }
 
 void Entry_Cell::focusOutEvent(QFocusEvent* event) {
-    if (kind == Entry_Kind::Text) {
-        // What the input method still composes belongs to the entry.
-        QGuiApplication::inputMethod()->commit();
-    }
     QLineEdit::focusOutEvent(event);
-    if (event->reason() == Qt::PopupFocusReason) {
-        return;
+    if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason) {
+        Leave();
     }
-    if (kind == Entry_Kind::Amount && !text().isEmpty() && !Is_Number(Bare())) {
-        QApplication::beep();
-        setText(accepted);
-        QTimer::singleShot(0, this, [this] { setFocus(Qt::OtherFocusReason); });
-        return;
+}
+
+// While another window was up, the focus may have been put elsewhere in this one.
+bool Entry_Cell::event(QEvent* event) {
+    const bool handled = QLineEdit::event(event);
+    if (event->type() == QEvent::WindowActivate && in_entry && window()->focusWidget() != this) {
+        Leave();
     }
-    accepted = Bare();
-    Show_Formatted();
-    Q_EMIT Left();
+    return handled;
+}
+
+bool Entry_Cell::focusNextPrevChild(bool next) {
+    return (in_entry && !Finish_Entry()) || QLineEdit::focusNextPrevChild(next);
 }
 
 void Entry_Cell::wheelEvent(QWheelEvent* event) {
     event->ignore();
 }
 
-void Entry_Cell::Show_Formatted() {
-    if (kind == Entry_Kind::Amount) {
-        setText(QString::fromStdString(Comma_Str(Entry())));
+void Entry_Cell::contextMenuEvent(QContextMenuEvent* event) {
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const auto add = [menu](const char* name, const char* caption, bool enabled, auto work) {
+        QAction* action = menu->addAction(QString::fromUtf8(caption), work);
+        action->setObjectName(QString::fromUtf8(name));
+        action->setEnabled(enabled);
+    };
+    const bool open = !isReadOnly();
+    const bool plain = echoMode() == Normal;
+    add("Mnu_Undo", "元に戻す(&U)", open, [this] { Undo_Last(); });
+    menu->addSeparator();
+    add("Mnu_Cut", "切り取り(&T)", open && plain && hasSelectedText(), [this] { cut(); });
+    add("Mnu_Copy", "コピー(&C)", plain && hasSelectedText(), [this] { copy(); });
+    add("Mnu_Paste", "貼り付け(&P)", open && !QApplication::clipboard()->text().isEmpty(),
+        [this] { Take_Pasted(QApplication::clipboard()->text()); });
+    add("Mnu_Delete", "削除(&D)", open && hasSelectedText(), [this] { del(); });
+    menu->addSeparator();
+    add("Mnu_Select_All", "すべて選択(&A)", !text().isEmpty(), [this] { selectAll(); });
+    menu->popup(event->globalPos());
+}
+
+void Entry_Cell::mouseReleaseEvent(QMouseEvent* event) {
+    QClipboard* clipboard = QApplication::clipboard();
+    if (event->button() == Qt::MiddleButton && clipboard->supportsSelection()) {
+        deselect();
+        Take_Pasted(clipboard->text(QClipboard::Selection));
+        event->accept();
+        return;
     }
+    QLineEdit::mouseReleaseEvent(event);
+}
+
+void Entry_Cell::dropEvent(QDropEvent* event) {
+    QDragLeaveEvent leave;
+    dragLeaveEvent(&leave);
+    if (hasFocus()) {
+        deselect();
+        setCursorPosition(cursorPositionAt(event->position().toPoint()));
+    } else {
+        setFocus(Qt::OtherFocusReason);
+    }
+    Take_Pasted(event->mimeData()->text());
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+}
+
+void Entry_Cell::Show_Formatted() {
+    formatted = accepted;
+    if (kind == Entry_Kind::Amount && Is_Number(accepted)) {
+        formatted = QString::fromStdString(Comma_Str(Value(accepted.toDouble())));
+    }
+    setText(formatted);
 }
 
 } // namespace morvane

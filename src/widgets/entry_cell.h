@@ -15,17 +15,30 @@ enum class Entry_Kind {
     Choice  ///< one of a few keys
 };
 
-/// An entry cell: tinted while it has the focus, with a key filter that beeps at a key it does not take. An
-/// amount is bare in focus and gets its commas when left; a text that is no number then goes back to the
-/// former value and the focus stays. Full-width digits count as digits. Enter moves on to the next field.
+/// An entry cell: tinted while it has the focus, with a key filter that beeps at a key it does not take; all
+/// ways in (keys, input method, paste, drop) pass it. An amount is bare in focus and gets its commas when
+/// left; a text that is no number then goes back to the former value and the focus stays. Full-width digits
+/// count as digits. Enter moves on to the next field. A window that comes up over the cell's own does not
+/// count as leaving it.
 class Entry_Cell : public QLineEdit {
     Q_OBJECT
 
   public:
     explicit Entry_Cell(Entry_Kind entry_kind, QWidget* parent = nullptr);
 
+    void Set_Kind(Entry_Kind entry_kind);
+    [[nodiscard]] Entry_Kind Kind() const { return kind; }
+
     /// The keys that a Choice takes.
     void Set_Choices(const QString& keys) { choices = keys; }
+
+    /// The width that shows so many half-width characters.
+    void Set_Width(int characters);
+
+    /// How many characters can be typed. Values of the program are never cut, and the commas of an amount do
+    /// not count. In place of the line edit's own limit.
+    void setMaxLength(int characters) { max_length = characters; }
+    [[nodiscard]] int maxLength() const { return max_length; }
 
     /// A locked cell takes the focus but no key.
     void Set_Locked(bool locked);
@@ -45,25 +58,51 @@ class Entry_Cell : public QLineEdit {
     /// dropped.
     [[nodiscard]] QString Filtered(const QString& input, bool& refused) const;
 
+    /// Takes what is typed and composed as the entry. A text that is no number goes back to the former value
+    /// with a beep: false.
+    bool Finish_Entry();
+
   Q_SIGNALS:
     void Entered();    ///< the focus has come
     void Left();       ///< the focus has gone and the entry holds
-    void Next_Field(); ///< Enter was pressed
+    void Next_Field(); ///< Enter was pressed and the entry holds
+    void Refused();    ///< a key or a text was refused, with a beep
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    bool event(QEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
     void wheelEvent(QWheelEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+    /// Takes a text from the clipboard or a drop in place of the selected text.
+    virtual void Take_Pasted(const QString& pasted);
+
+    /// Undoes the last change of the text in this cell.
+    virtual void Undo_Last() { undo(); }
+
+    void Take_Text(const QString& input);
+    void Commit_Composition();
+    void Refuse();
 
   private:
-    void Take_Text(const QString& input);
+    QString Fitting(QString kept, bool& refused) const;
+    void Begin_Entry();
+    void Leave();
     void Show_Formatted();
 
-    Entry_Kind kind;
+    Entry_Kind kind = Entry_Kind::Text;
     QString choices;
-    QString accepted; ///< the last bare text that was a valid entry
+    int max_length = 32767;
+    bool in_entry = false; ///< from the coming of the focus until it goes to another widget
+    QString accepted;      ///< the last bare text that was a valid entry
+    QString formatted;     ///< how it is shown while the cell is not in entry
+    QString composing;     ///< what the input method has not committed yet
 };
 
 } // namespace morvane

@@ -69,6 +69,8 @@ QPixmap Sign(Icon icon) {
 Answer Message_Windows::Show(const Message_Box& box) {
     QMessageBox window(QApplication::activeModalWidget() != nullptr ? QApplication::activeModalWidget()
                                                                     : QApplication::activeWindow());
+    window.setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                          Qt::WindowCloseButtonHint);
     window.setObjectName(QStringLiteral("Message_Box"));
     window.setWindowTitle(box.title.empty() ? QStringLiteral("Morvane") : QString::fromStdString(box.title));
     window.setTextFormat(Qt::PlainText);

@@ -69,7 +69,7 @@ QLineEdit, QPlainTextEdit, QSpinBox, QComboBox { background: %surface; border: 1
 QLineEdit { min-height: 22px; max-height: 22px; }
 QComboBox { min-height: 22px; }
 QLineEdit:focus, QPlainTextEdit:focus { background: %focus; border: 1px solid %accent; }
-QLineEdit[readOnly="true"] { background: %locked; }
+QLineEdit:read-only, QLineEdit:read-only:focus { background: %locked; }
 QLineEdit:disabled { background: %window; color: #9AA5B1; }
 QTableView, QListView, QTextBrowser { background: %surface; border: 1px solid %line; gridline-color: #E2E7ED;
               selection-background-color: %soft; selection-color: %text; }

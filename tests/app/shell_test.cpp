@@ -2,6 +2,7 @@
 #include "app/shell.h"
 
 #include "company/datacheck.h"
+#include "company/register.h"
 #include "data/store_file.h"
 #include "session/kidou_ini.h"
 #include "support/ui_fixture.h"

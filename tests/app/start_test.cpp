@@ -3,6 +3,7 @@
 
 #include "company/data_set.h"
 #include "company/datacheck.h"
+#include "company/register.h"
 #include "data/store_file.h"
 #include "session/kidou_ini.h"
 #include "support/installation_fixture.h"
