@@ -21,6 +21,8 @@ Form* Make(Shell_Port& shell) {
 
 constexpr auto form_rows = std::to_array<Form_Row>({
     // The shell.
+    {"Frm_Main", nullptr, false, "Frm_Command"},
+    {"Frm_Command"},
     {"Frm_DtSelect", Make<Frm_DtSelect>, true},
     {"Frm_Ver", Make<Frm_Ver>, true},
     {"Frm_HpOpen", nullptr, true},

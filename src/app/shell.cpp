@@ -179,7 +179,7 @@ void Shell::Help_For(QWidget* widget) {
     if (form == nullptr && frame != nullptr) {
         form = frame->area->Top();
     }
-    Show_Help(form != nullptr ? form->objectName() : QStringLiteral("index"));
+    Show_Help(form != nullptr ? form->objectName() : QStringLiteral("Frm_Command"));
 }
 
 bool Shell::eventFilter(QObject* watched, QEvent* event) {
