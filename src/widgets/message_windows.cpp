@@ -2,6 +2,7 @@
 #include "widgets/message_windows.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QMessageBox>
 #include <QPushButton>
 #include <array>
@@ -44,7 +45,9 @@ Answer Message_Windows::Show(const Message_Box& box) {
     window.setWindowTitle(box.title.empty() ? QStringLiteral("Morvane") : QString::fromStdString(box.title));
     window.setTextFormat(Qt::PlainText);
     window.setText(QString::fromStdString(box.text));
-    window.setIcon(box.icon == Icon::Information ? QMessageBox::Information : QMessageBox::Warning);
+    const QIcon icon(box.icon == Icon::Information ? QStringLiteral(":/notice.svg")
+                                                   : QStringLiteral(":/warning.svg"));
+    window.setIconPixmap(icon.pixmap(40, 40));
     for (const Button_Row& row : button_rows) {
         if (!Has(box.buttons, row.answer)) {
             continue;
