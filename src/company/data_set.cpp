@@ -1,8 +1,11 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "company/data_set.h"
 
+#include "calc/x2w_dataget.h"
+#include "company/law_change.h"
 #include "company/table_edit.h"
 #include "data/store_file.h"
+#include "session/boxes.h"
 #include "zaimu/z_zzen_get.h"
 
 #include <algorithm>
@@ -28,13 +31,6 @@ const char* Master_Table(const Session& session) {
     return session.Is_Hokkaido() ? "Ks_Zaihyo_Hk_new" : "Ks_Zaihyo_Zk_new";
 }
 
-bool Report_Bad_Template(const Session& session) {
-    Show_Message(session, {.title = "データ異常",
-                           .text = "データファイルが異常です。\n\nユーザーサポートまでご連絡下さい。",
-                           .beep = true});
-    return false;
-}
-
 std::string Of_Period(const char* table, int period, const char* order) {
     return std::string("SELECT * FROM ") + table + " WHERE 決算期=" + std::to_string(period) + " ORDER BY " +
            order + ";";
@@ -58,47 +54,6 @@ void Lay_Account(Recordset& row, const Recordset& master, bool corporation, std:
     }
 }
 
-bool Has_Row(const Connection& cn, const std::string& table, const std::string& where) {
-    return !cn.Open("SELECT * FROM " + table + " WHERE " + where).Eof();
-}
-
-bool Has_Element(const Connection& cn, int period, int code) {
-    return Has_Row(cn, "W_Yoso", "決算期=" + std::to_string(period) + " And 要素CD=" + std::to_string(code));
-}
-
-void Renumber_Element(const Connection& cn, int period, int from, int to) {
-    cn.Execute("UPDATE W_Yoso SET 要素CD=" + std::to_string(to) + " WHERE 決算期=" + std::to_string(period) +
-               " and 要素CD=" + std::to_string(from) + ";");
-}
-
-void Set_Element_210(const Connection& cn, int period, int law_year) {
-    cn.Execute("UPDATE W_Yoso SET 現状=" + std::to_string(law_year) +
-               " WHERE 決算期=" + std::to_string(period) + " and 要素CD=210;");
-}
-
-// 105, 104, 103 each move down by one and leave 103 to 厚生年金加入: the row that waited under 999, else a
-// new one.
-void Make_Room_For_Pension(const Connection& cn, int period) {
-    Renumber_Element(cn, period, 105, 106);
-    Renumber_Element(cn, period, 104, 105);
-    Renumber_Element(cn, period, 103, 104);
-    if (Has_Element(cn, period, 999)) {
-        Renumber_Element(cn, period, 999, 103);
-        return;
-    }
-    const std::array<Value, 3> values = {period, 103, "厚生年金加入"};
-    cn.Execute("INSERT INTO W_Yoso (決算期, 要素CD, 要素名) VALUES (?, ?, ?)", values);
-}
-
-void Park_Pension(const Connection& cn, int period) {
-    // A leftover under the waiting code would collide; the row in force is 103.
-    cn.Execute("DELETE W_Yoso.* from W_Yoso WHERE 決算期=" + std::to_string(period) + " and 要素CD=999;");
-    Renumber_Element(cn, period, 103, 999);
-    Renumber_Element(cn, period, 104, 103);
-    Renumber_Element(cn, period, 105, 104);
-    Renumber_Element(cn, period, 106, 105);
-}
-
 // ---- the parts of Period_Copy
 
 struct Copy_Job {
@@ -108,22 +63,6 @@ struct Copy_Job {
     int source;
     bool after;
 };
-
-void Register_Period(const Copy_Job& job, int base_period) {
-    const std::array<Value, 1> period = {job.new_period};
-    job.cn.Execute("INSERT INTO Ks_Ki (決算期) VALUES (?)", period);
-    Recordset firm = job.cn.Open("SELECT * FROM Jigyo_mas");
-    if (firm.Eof()) {
-        return;
-    }
-    firm.Set("処理決算期", job.new_period);
-    for (const char* year : {"決算期開始年", "決算期終了年"}) {
-        if (!firm[year].Is_Null()) {
-            firm.Set(year, firm[year].As_Integer() + job.new_period - base_period);
-        }
-    }
-    firm.Update();
-}
 
 bool Copy_Chart(const Copy_Job& job) {
     const Connection master_store = Cn_Open_Org(job.session);
@@ -188,21 +127,7 @@ void Copy_Elements(const Copy_Job& job) {
         rows.Update();
     }
     if (!has_210) {
-        const Connection master_store = Cn_Open_Org(job.session);
-        Recordset master =
-            master_store.Open("SELECT * FROM W_Yoso WHERE 要素CD>=210 and 要素CD<=219 ORDER BY 要素CD;");
-        for (; !master.Eof(); master.Move_Next()) {
-            const auto code = static_cast<int>(master["要素CD"].As_Integer());
-            if (Has_Element(job.cn, job.new_period, code)) {
-                continue;
-            }
-            rows.Add_New();
-            rows.Set("決算期", job.new_period);
-            rows.Set("要素CD", code);
-            rows.Set("要素名", master["要素名"]);
-            rows.Set("現状", code == 210 ? Value(2) : master["現状"]);
-            rows.Update();
-        }
+        Add_Law_Rows(job.cn, job.session, job.new_period);
     }
     if (!has_106) {
         Make_Room_For_Pension(job.cn, job.new_period);
@@ -233,7 +158,7 @@ void Copy_Notes(const Copy_Job& job) {
 
 void Test_Periods(const Connection& cn, int new_period, int source) {
     const auto registered = [&](int period) {
-        return Has_Row(cn, "Ks_ki", "決算期=" + std::to_string(period));
+        return !cn.Open("SELECT * FROM Ks_ki WHERE 決算期=" + std::to_string(period)).Eof();
     };
     if (registered(new_period)) {
         throw Store_Error(cn.File(), Store_Error::Reason::Bad_Content,
@@ -245,7 +170,7 @@ void Test_Periods(const Connection& cn, int new_period, int source) {
     }
 }
 
-bool Lay_Chart(const Connection& cn, const Session& session, bool corporation) {
+bool Lay_Chart(const Connection& cn, const Session& session, bool corporation, std::uint8_t data_ver) {
     const Connection master_store = Cn_Open_Org(session);
     Recordset master =
         master_store.Open(std::string("SELECT * FROM ") + Master_Table(session) + " Order by 建設科目CD;");
@@ -254,25 +179,9 @@ bool Lay_Chart(const Connection& cn, const Session& session, bool corporation) {
         return false;
     }
     for (; !master.Eof(); master.Move_Next(), rows.Move_Next()) {
-        Lay_Account(rows, master, corporation, session.Data_Ver);
+        Lay_Account(rows, master, corporation, data_ver);
         rows.Update();
     }
-    return true;
-}
-
-bool Fill_Blank_Company(const Connection& cn, const Session& session, bool corporation, std::int16_t period) {
-    Transaction transaction(cn);
-    if (!Lay_Chart(cn, session, corporation)) {
-        return false;
-    }
-    const std::string number = std::to_string(period);
-    for (const char* table : {"Ks_Zaihyo", "Kandaka_Gj", "W_Yoso", "QandA"}) {
-        cn.Execute(std::string("UPDATE ") + table + " SET " + table + ".決算期 =" + number + ";");
-    }
-    cn.Execute("UPDATE W_Yoso SET W_Yoso.現状 = 4 Where 要素CD=210;");
-    const std::array<Value, 1> values = {period};
-    cn.Execute("INSERT INTO Ks_ki (決算期) VALUES (?)", values);
-    transaction.Commit();
     return true;
 }
 
@@ -282,89 +191,92 @@ std::uint8_t Present_Data_Ver(const Session& session) {
     return session.Is_Hokkaido() ? 6 : 5;
 }
 
+void Report_Bad_Template(const Session& session) {
+    Show_Message(session, {.title = "データ異常",
+                           .text = "データファイルが異常です。\n\nユーザーサポートまでご連絡下さい。",
+                           .beep = true});
+}
+
+bool Fill_Blank_Company(const Connection& cn, const Session& session, std::int16_t hojin_kojin,
+                        std::int16_t period) {
+    if (!Lay_Chart(cn, session, hojin_kojin == 1, Present_Data_Ver(session))) {
+        return false;
+    }
+    const std::string number = std::to_string(period);
+    for (const char* table : {"Ks_Zaihyo", "Kandaka_Gj", "W_Yoso", "QandA"}) {
+        cn.Execute(std::string("UPDATE ") + table + " SET " + table + ".決算期 =" + number + ";");
+    }
+    cn.Execute("UPDATE W_Yoso SET W_Yoso.現状 = 4 Where 要素CD=210;");
+    const std::array<Value, 1> values = {period};
+    cn.Execute("INSERT INTO Ks_ki (決算期) VALUES (?)", values);
+    return true;
+}
+
 bool New_Data_Set(Session& session, std::int16_t hojin_kojin, std::int16_t period) {
-    Session draft_session = session;
-    draft_session.Data_Ver = Present_Data_Ver(session);
     // All of it happens on a draft beside the working store, which takes its place whole.
     File_Replacement replacement = File_Replacement::With_Store(Find_File(session.App_Path, "morv_set.dat"),
                                                                 session.Work_Store, session.Db_Key);
-    try {
-        const Connection cn(replacement.Draft(), session.Db_Key,
-                            session.Work_Is_Scratch ? Connection::Mode::Scratch
-                                                    : Connection::Mode::Read_Write);
-        if (!Fill_Blank_Company(cn, draft_session, hojin_kojin == 1, period)) {
-            return Report_Bad_Template(session);
-        }
-    } catch (const Store_Error& error) {
-        // The draft is nobody's file: the failure is that of the store it was to become.
-        if (error.file != replacement.Draft()) {
-            throw;
-        }
-        throw Store_Error(session.Work_Store, error.reason, "ひな形からの作成");
+    const bool filled = replacement.Change(
+        session.Db_Key,
+        [&](const Connection& cn) { return Fill_Blank_Company(cn, session, hojin_kojin, period); },
+        session.Work_Is_Scratch ? Connection::Mode::Scratch : Connection::Mode::Read_Write);
+    if (!filled) {
+        Report_Bad_Template(session);
+        return false;
     }
     replacement.Commit();
-    session.Data_Ver = draft_session.Data_Ver;
+    session.Data_Ver = Present_Data_Ver(session);
     return true;
 }
 
-bool Period_Copy(Session& session, std::int16_t new_period, std::int16_t base_period, Copy_Mode mode) {
-    Session job_session = session;
-    job_session.Data_Ver = Present_Data_Ver(session);
-    const bool after = mode == Copy_Mode::After;
-    {
-        const Connection cn = Cn_Open(session);
-        const Copy_Job job{cn, job_session, new_period, new_period - (after ? 1 : -1), after};
-        Test_Periods(cn, new_period, job.source);
-        Transaction transaction(cn);
-        Register_Period(job, base_period);
-        if (!Copy_Chart(job)) {
-            return Report_Bad_Template(session);
+void Take_Period(const Connection& cn, int period, int former) {
+    Recordset firm = cn.Open("SELECT * FROM Jigyo_mas");
+    if (firm.Eof()) {
+        return;
+    }
+    firm.Set("処理決算期", period);
+    // A fiscal period is one year.
+    for (const char* year : {"決算期開始年", "決算期終了年"}) {
+        if (!firm[year].Is_Null()) {
+            firm.Set(year, firm[year].As_Integer() + period - former);
         }
-        Copy_Works(job);
-        Copy_Elements(job);
-        Copy_Notes(job);
-        transaction.Commit();
     }
-    session.Data_Ver = job_session.Data_Ver;
-    session.Syori_Ki = new_period;
+    firm.Update();
+}
+
+bool Period_Copy(Session& session, std::int16_t new_period, std::int16_t base_period, Copy_Mode mode,
+                 std::optional<int> law_year) {
+    Session next = session;
+    next.Data_Ver = Present_Data_Ver(session);
+    next.Syori_Ki = new_period;
+    const bool after = mode == Copy_Mode::After;
+    const Connection cn = Cn_Open(session);
+    const Copy_Job job{cn, next, new_period, new_period - (after ? 1 : -1), after};
+    Test_Periods(cn, new_period, job.source);
+    Transaction transaction(cn);
+    const std::array<Value, 1> number = {new_period};
+    cn.Execute("INSERT INTO Ks_Ki (決算期) VALUES (?)", number);
+    Take_Period(cn, new_period, base_period);
+    if (!Copy_Chart(job)) {
+        Report_Bad_Template(session);
+        return false;
+    }
     if (!after) {
-        Zen_Get(session, new_period, 2);
-        ZZen_Get(session, new_period, 2);
+        Fill_Prior_Figures(cn, session.Is_Hokkaido(), new_period);
     }
+    Copy_Works(job);
+    Copy_Elements(job);
+    Copy_Notes(job);
+    if (law_year) {
+        Set_Law_Year(cn, session, new_period, *law_year);
+    }
+    // A source that was never in hand under the present tables lacks rows, and with the first period of the
+    // present form the store may lack columns.
+    Table_Edit(cn, next);
+    next.Simyu_Kubun = Get_Simyu_Kubun(cn, new_period);
+    transaction.Commit();
+    session = next;
     return true;
-}
-
-void To_Law2011(const Session& session, int period) {
-    Set_Law_Year(session, period, 2);
-}
-
-void To_Law2012(const Session& session, int period) {
-    Set_Law_Year(session, period, 3);
-}
-
-void To_Law2015(const Session& session, int period) {
-    const Connection cn = Cn_Open(session);
-    Transaction transaction(cn);
-    if (!Has_Element(cn, period, 106)) {
-        Make_Room_For_Pension(cn, period);
-    }
-    Add_Young_Engineer_Rows(cn, period);
-    Set_Element_210(cn, period, 4);
-    transaction.Commit();
-}
-
-void Set_Law_Year(const Session& session, int period, int law_year) {
-    const Connection cn = Cn_Open(session);
-    Transaction transaction(cn);
-    const bool has_106 = Has_Element(cn, period, 106);
-    if (law_year < 3 && has_106) {
-        Park_Pension(cn, period);
-    }
-    if (law_year >= 3 && !has_106) {
-        Make_Room_For_Pension(cn, period);
-    }
-    Set_Element_210(cn, period, law_year);
-    transaction.Commit();
 }
 
 } // namespace morvane

@@ -132,30 +132,4 @@ void Jigyo_Init(const Session& session, const Install_Info& info) {
     transaction.Commit();
 }
 
-std::vector<Register_Row> Read_Register(const Session& session) {
-    const Connection cn(Find_File(session.App_Path, "Jgmas.dat"), session.Db_Key,
-                        Connection::Mode::Read_Only);
-    std::vector<Register_Row> rows;
-    Statement list = cn.Prepare("SELECT 事業所CD, 事業所名, 事業所カナ名 FROM jgmas Order by 事業所CD;");
-    while (list.Step()) {
-        rows.push_back({static_cast<std::int32_t>(list.Integer_At(0)), std::string(list.Text_At(1)),
-                        std::string(list.Text_At(2))});
-    }
-    return rows;
-}
-
-void Put_Register_Row(const Session& session, const Register_Row& row) {
-    const Connection cn = Cn_Open_Jgmas(session);
-    Transaction transaction(cn);
-    Recordset rows = cn.Open("SELECT * FROM jgmas WHERE 事業所CD=" + std::to_string(row.number) + ";");
-    if (rows.Eof()) {
-        rows.Add_New();
-        rows.Set("事業所CD", row.number);
-    }
-    rows.Set("事業所名", row.name);
-    rows.Set("事業所カナ名", row.kana);
-    rows.Update();
-    transaction.Commit();
-}
-
 } // namespace morvane

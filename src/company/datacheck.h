@@ -6,7 +6,6 @@
 #include <cstdint>
 #include <filesystem>
 #include <string>
-#include <vector>
 
 namespace morvane {
 
@@ -36,18 +35,5 @@ void Settle_Marker(const Session& session);
 
 /// Fills the one row of Jigyo_mas from the settings of the installation (first start). Raises Store_Error.
 void Jigyo_Init(const Session& session, const Install_Info& info);
-
-/// A row of the company register.
-struct Register_Row {
-    std::int32_t number = 0;
-    std::string name;
-    std::string kana;
-};
-
-/// The register in the order of the numbers. Raises Store_Error.
-std::vector<Register_Row> Read_Register(const Session& session);
-
-/// Adds a company to the register or changes its names. Raises Store_Error.
-void Put_Register_Row(const Session& session, const Register_Row& row);
 
 } // namespace morvane

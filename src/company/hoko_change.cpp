@@ -20,7 +20,45 @@ constexpr const char* y_figures =
     "現状 = Null, 改善後 = Null, 入力値 = Null, 改善後1 = Null, 改善後2 = Null, 改善後3 = Null";
 constexpr const char* older_works[] = {"Kandaka_Kz", "Kandaka_KzF", "Kandaka_KzS", "Kandaka_KzT"};
 
-void Wipe(const Connection& cn, int period_in_hand) {
+void Convert(const Connection& cn, int period, bool corporation, bool wipe) {
+    if (wipe) {
+        Data_Wipe(cn, period);
+    }
+    const std::string of_period = " WHERE 決算期=" + std::to_string(period);
+    const std::string type = corporation ? "法人" : "個人";
+    cn.Execute("UPDATE Ks_Zaihyo SET 建設科目名 = " + type + "科目名, 非表示識別 = " + type +
+               "非表示識別, 非印刷識別 = " + type + "非印刷識別" + of_period);
+    // An individual names the line of the retirement allowance freely.
+    cn.Execute(std::string("UPDATE Ks_Zaihyo SET 科目編集識別 = ") + (corporation ? "False" : "True") +
+               of_period + " And 建設科目CD=234;");
+}
+
+void Convert_In_Hand(const Session& session, bool corporation, bool wipe) {
+    const Connection cn = Cn_Open(session);
+    Transaction transaction(cn);
+    Convert(cn, session.Syori_Ki, corporation, wipe);
+    transaction.Commit();
+}
+
+} // namespace
+
+void To_Kojin(const Connection& cn, int period, std::int16_t keep) {
+    Convert(cn, period, false, keep == 0);
+}
+
+void To_Houjin(const Connection& cn, int period, std::int16_t keep) {
+    Convert(cn, period, true, keep == 0);
+}
+
+void To_Kojin(const Session& session, std::int16_t keep) {
+    Convert_In_Hand(session, false, keep == 0);
+}
+
+void To_Houjin(const Session& session, std::int16_t keep) {
+    Convert_In_Hand(session, true, keep == 0);
+}
+
+void Data_Wipe(const Connection& cn, int period_in_hand) {
     std::vector<std::string> others;
     for (Recordset periods = cn.Open("SELECT * FROM Ks_ki"); !periods.Eof(); periods.Move_Next()) {
         if (periods["決算期"].As_Integer() != period_in_hand) {
@@ -40,39 +78,6 @@ void Wipe(const Connection& cn, int period_in_hand) {
         cn.Execute(std::string("UPDATE ") + table + " SET " + work_figures + of_period);
     }
     cn.Execute(std::string("UPDATE XW_Yoso SET ") + y_figures + of_period);
-}
-
-void Convert(const Session& session, bool corporation, bool wipe) {
-    const Connection cn = Cn_Open(session);
-    Transaction transaction(cn);
-    if (wipe) {
-        Wipe(cn, session.Syori_Ki);
-    }
-    const std::string of_period = " WHERE 決算期=" + std::to_string(session.Syori_Ki);
-    const std::string type = corporation ? "法人" : "個人";
-    cn.Execute("UPDATE Ks_Zaihyo SET 建設科目名 = " + type + "科目名, 非表示識別 = " + type +
-               "非表示識別, 非印刷識別 = " + type + "非印刷識別" + of_period);
-    // An individual names the line of the retirement allowance freely.
-    cn.Execute(std::string("UPDATE Ks_Zaihyo SET 科目編集識別 = ") + (corporation ? "False" : "True") +
-               of_period + " And 建設科目CD=234;");
-    transaction.Commit();
-}
-
-} // namespace
-
-void To_Kojin(const Session& session, std::int16_t keep) {
-    Convert(session, false, keep == 0);
-}
-
-void To_Houjin(const Session& session, std::int16_t keep) {
-    Convert(session, true, keep == 0);
-}
-
-void Data_Wipe(const Session& session) {
-    const Connection cn = Cn_Open(session);
-    Transaction transaction(cn);
-    Wipe(cn, session.Syori_Ki);
-    transaction.Commit();
 }
 
 } // namespace morvane

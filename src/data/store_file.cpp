@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "data/store_file.h"
 
-#include "data/connection.h"
 #include "data/same_name.h"
 
 #include <atomic>
@@ -10,6 +9,7 @@
 #include <fcntl.h>
 #include <fstream>
 #include <iterator>
+#include <regex>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
@@ -206,6 +206,25 @@ File_Replacement File_Replacement::With_Text(std::string_view text, const fs::pa
     return replacement;
 }
 
+bool File_Replacement::Change(const Store_Key& key, const std::function<bool(const Connection&)>& change,
+                              Connection::Mode mode) const {
+    try {
+        const Connection cn(temporary, key, mode);
+        Transaction transaction(cn);
+        if (!change(cn)) {
+            return false;
+        }
+        transaction.Commit();
+        return true;
+    } catch (const Store_Error& error) {
+        // The draft is nobody's file: the failure is that of the store it was to become.
+        if (error.file != temporary) {
+            throw;
+        }
+        throw Store_Error(target, error.reason, "新しい内容の作成");
+    }
+}
+
 void File_Replacement::Keep_Former() {
     const fs::path backup = Beside(target, "old");
     std::error_code ignored;
@@ -253,6 +272,24 @@ void File_Replacement::Undo() {
     }
     committed = false;
     Flush_Folder(Folder_Of(target));
+}
+
+void Sweep_Drafts(const fs::path& app_path) {
+    // The names of Beside, the stores that an import builds, and their journals.
+    static const std::regex draft(R"(\.(.+\.(new|old)\d+-\d+|import-\d+-\d+\.dat)(-journal)?)");
+    for (const fs::path& folder : {app_path, app_path / "data"}) {
+        std::error_code error;
+        std::vector<fs::path> drafts;
+        for (const auto& entry : fs::directory_iterator(folder, error)) {
+            const std::string name = entry.path().filename().string();
+            if (name.front() == '.' && std::regex_match(name, draft)) {
+                drafts.push_back(entry.path());
+            }
+        }
+        for (const fs::path& path : drafts) {
+            fs::remove(path, error);
+        }
+    }
 }
 
 void Copy_Store(const fs::path& source, const fs::path& target, const Store_Key& key) {

@@ -1,9 +1,11 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
+#include "data/connection.h"
 #include "data/store_key.h"
 
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -44,6 +46,11 @@ class File_Replacement {
     /// The new content before Commit, for changes that belong to it.
     [[nodiscard]] const std::filesystem::path& Draft() const { return temporary; }
 
+    /// Changes the new content, a store, in one transaction that is kept where `change` gives true; returns
+    /// that. Failures of the draft are raised as those of the target.
+    bool Change(const Store_Key& key, const std::function<bool(const Connection&)>& change,
+                Connection::Mode mode = Connection::Mode::Read_Write) const;
+
     /// Puts the new content in place. The former file is kept until the object goes, for Undo. Where it fails
     /// the target is as it was, unless the way back fails too.
     void Commit();
@@ -61,6 +68,12 @@ class File_Replacement {
     std::filesystem::path former;
     bool committed = false;
 };
+
+/// Removes the drafts that killed processes left in an installation folder and its data folder. None of them
+/// is needed: a target is replaced by a rename and stands whole at every moment, so that a new content that
+/// did not get there and a former one that was kept for the way back are both copies. To be called with the
+/// instance lock held. What cannot be removed stays without a word.
+void Sweep_Drafts(const std::filesystem::path& app_path);
 
 /// Copies a store over another one: written beside the target, verified, renamed. Raises Store_Error.
 void Copy_Store(const std::filesystem::path& source, const std::filesystem::path& target,

@@ -4,6 +4,7 @@
 #include "batch/check_run.h"
 #include "calc/review_figures.h"
 #include "company/datacheck.h"
+#include "company/register.h"
 #include "data/store_file.h"
 #include "session/kidou_ini.h"
 #include "support/installation_fixture.h"

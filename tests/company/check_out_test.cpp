@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "company/data_set.h"
 #include "company/datacheck.h"
+#include "company/register.h"
 #include "data/store_file.h"
 #include "session/kidou_ini.h"
 #include "support/failing_writes.h"
@@ -50,7 +51,7 @@ class Check_Out_Test : public Installation {
     /// The state after an attempt and a new start. Only a process that was killed leaves drafts behind.
     std::map<std::string, std::string> State_After(Outcome outcome) {
         if (outcome == Outcome::Killed) {
-            Remove_Drafts(folder.path);
+            Sweep_Drafts(folder.path);
         }
         Settle_Marker(session);
         return State();

@@ -2,6 +2,7 @@
 #include "support/failing_writes.h"
 
 #include "data/store_error.h"
+#include "data/store_file.h"
 
 #include <fcntl.h>
 #include <fstream>
@@ -212,7 +213,7 @@ void Expect_All_Or_Nothing(const fs::path& folder, const std::function<void()>& 
     std::map<std::string, std::string> after;
     const auto check = [&](Outcome outcome) {
         if (outcome == Outcome::Killed && by_replacement) {
-            Remove_Drafts(folder);
+            Sweep_Drafts(folder);
         }
         const auto now = state();
         if (outcome == Outcome::Finished && after.empty()) {
@@ -223,14 +224,6 @@ void Expect_All_Or_Nothing(const fs::path& folder, const std::function<void()>& 
         EXPECT_TRUE((now == before && outcome != Outcome::Finished) || (now == after && may_be_after));
     };
     Fail_Every_Write([&] { Write_Files(folder, files); }, act, check);
-}
-
-void Remove_Drafts(const fs::path& folder) {
-    for (const auto& [name, content] : Read_Files(folder)) {
-        if (name.filename().string().starts_with(".")) {
-            fs::remove(folder / name);
-        }
-    }
 }
 
 } // namespace morvane::tests

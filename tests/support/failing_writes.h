@@ -68,7 +68,4 @@ void Expect_All_Or_Nothing(const std::filesystem::path& folder, const std::funct
                            const std::function<std::map<std::string, std::string>()>& state,
                            bool by_replacement = false);
 
-/// Removes the drafts that a killed process left.
-void Remove_Drafts(const std::filesystem::path& folder);
-
 } // namespace morvane::tests

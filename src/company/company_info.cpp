@@ -1,0 +1,264 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "company/company_info.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <limits>
+
+namespace morvane {
+
+namespace {
+
+using enum Company_Section;
+using enum Company_Field::Entry;
+
+constexpr std::array<Company_Field, 21> fields = {{
+    {"JigyoCD", "管理No", "事業所番号", "・・・重複しないように入力してください。", Company, Digits, true, 10,
+     true},
+    {"SyaMei", "事業所名", "事業所名", "", Company, Text, false, 60},
+    {"SyaKana", "事業所カナ名", "事業所カナ名",
+     "・・・先頭の１文字でも結構です。（事業所指定時の検索用です。）", Company, Text, false, 60, true},
+    {"Daihyo_Yaku", "代表者役職", "代表者役職", "", Company, Text, false, 30},
+    {"Daihyo", "代表者名", "代表者名", "", Company, Text, false, 30},
+    {"Yu1", "郵便番号1", "郵便番号", "", Address, Digits, false, 3},
+    {"Yu2", "郵便番号2", "", "", Address, Digits, false, 4},
+    {"Syozai", "所在地", "所在地", "", Address, Text, false, 100},
+    {"Bilmei", "ビル名", "ビル名", "", Address, Text, false, 60},
+    {"Tel", "電話番号", "電話番号", "", Address, Text, false, 20},
+    {"Fax", "Fax番号", "FAX番号", "", Address, Text, false, 20},
+    {"Tanto", "担当者名", "担当者名", "", Address, Text, false, 30},
+    {"EMail", "EMail", "E-Mail", "", Address, Text, false, 100},
+    {"Ks_ki", "処理決算期", "決算期", "期", Period, Digits, true, 5},
+    {"Ksnen_St", "決算期開始年", "決算期間始　年", "年", Period, Digits, true, 2},
+    {"KsTuki_St", "決算期開始月", "決算期間始　月", "月", Period, Digits, true, 2},
+    {"KsHi_St", "決算期開始日", "決算期間始　日", "日", Period, Digits, true, 2},
+    {"Ksnen_Ed", "決算期終了年", "決算期間終　年", "年", Period, Digits, true, 2},
+    {"KsTuki_Ed", "決算期終了月", "決算期間終　月", "月", Period, Digits, true, 2},
+    {"KsHi_Ed", "決算期終了日", "決算期間終　日", "日（和暦）", Period, Digits, true, 2},
+    {"HoKo", "法人個人識別", "法人・個人", "・・・法人：1　個人：2", Kind, Choice, true, 1},
+}};
+
+constexpr std::array<std::array<const char*, 3>, 2> dates = {
+    {{"Ksnen_St", "KsTuki_St", "KsHi_St"}, {"Ksnen_Ed", "KsTuki_Ed", "KsHi_Ed"}}};
+
+/// A field that must not be blank, under the name that its message gives. The end of the period bears the
+/// words of its start.
+struct Required {
+    const char* control;
+    const char* name;
+};
+
+constexpr std::array<Required, 11> required = {{{"JigyoCD", "事業所番号"},
+                                                {"SyaMei", "事業所名"},
+                                                {"SyaKana", "事業所カナ名"},
+                                                {"Ks_ki", "決算期"},
+                                                {"Ksnen_St", "決算期間始　年"},
+                                                {"KsTuki_St", "決算期間始　月"},
+                                                {"KsHi_St", "決算期間始　日"},
+                                                {"Ksnen_Ed", "決算期間始　年"},
+                                                {"KsTuki_Ed", "決算期間始　月"},
+                                                {"KsHi_Ed", "決算期間始　日"},
+                                                {"HoKo", "法人・個人"}}};
+
+std::string Refuse(const Session& session, const char* control, const std::string& title,
+                   const std::string& text) {
+    Show_Message(session, {.title = title, .text = text, .beep = true});
+    return control;
+}
+
+std::string Refuse_Missing(const Session& session, const Required& field) {
+    const std::string name = field.name;
+    return Refuse(session, field.control, name + "入力確認",
+                  name + "が入力されていません。必須項目です。\n入力してください。");
+}
+
+/// The tests that only the firm's own screen makes, ahead of the others.
+std::string Test_Own_Firm(const Session& session, const Company_Entry& entry) {
+    if (Is_Blank(entry.Text("Ks_ki"))) {
+        return Refuse_Missing(session, {"Ks_ki", "決算期"});
+    }
+    for (const char* control : {"Ksnen_Ed", "KsTuki_Ed"}) {
+        if (Is_Blank(entry.Text(control))) {
+            return Refuse(session, control, "決算期間終了入力確認",
+                          "決算期間の終了年月が入力されていません。Ｘ１の加点修正識別に必要です。\n"
+                          "入力してください。");
+        }
+    }
+    if (entry.tani < 1 || entry.tani > 3) {
+        return Refuse(session, "En", "処理単位指定確認",
+                      "処理単位が（円、千円、百万円）が指定されていません。\n指定してください。");
+    }
+    return {};
+}
+
+std::size_t Characters(std::string_view text) {
+    return static_cast<std::size_t>(std::count_if(
+        text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));
+}
+
+std::string Test_Width(const Session& session, const Company_Field& field, const std::string& text,
+                       const std::string& stored) {
+    const std::string control = field.control;
+    if (control == "Ks_ki" && !Test_Period(session, text)) {
+        return control;
+    }
+    if (control == "HoKo" && text != "1" && text != "2") {
+        return Refuse_Missing(session, {field.control, field.caption});
+    }
+    // 999999 is the marker of a clean end, 0 stands for no company in hand.
+    const std::int64_t number = Number_Of(text);
+    if (control == "JigyoCD" && text != stored && (number < 1 || number == 999999)) {
+        return Refuse(session, field.control, "事業所番号エラー",
+                      "事業所番号には 1 から 2147483647 までの番号を入力してください。\n"
+                      "999999 は使用できません。");
+    }
+    if (text != stored && Characters(text) > static_cast<std::size_t>(field.max_length)) {
+        return Refuse(session, field.control, "文字数エラー",
+                      std::string(field.caption) + "は" + std::to_string(field.max_length) +
+                          "文字以内で入力してください。");
+    }
+    return {};
+}
+
+Value Stored_Value(const Company_Field& field, const std::string& text) {
+    if (Is_Blank(text)) {
+        return {};
+    }
+    return field.is_number ? Value(Number_Of(text)) : Value(text);
+}
+
+} // namespace
+
+std::span<const Company_Field> Company_Fields() {
+    return fields;
+}
+
+bool Is_On(Company_Screen screen, const Company_Field& field) {
+    return screen == Company_Screen::Jg_New || !field.only_jg_new;
+}
+
+Company_Entry Load_Company(const Session& session, Company_Screen screen) {
+    Company_Entry entry;
+    for (const Company_Field& field : Company_Fields()) {
+        if (Is_On(screen, field)) {
+            entry.texts[field.control];
+        }
+    }
+    if (screen == Company_Screen::Jg_New && session.Jg_New_Flg) {
+        return entry;
+    }
+    const Connection cn = Cn_Open(session);
+    const Recordset firm = cn.Open("SELECT * FROM jigyo_mas;");
+    if (firm.Eof()) {
+        return entry;
+    }
+    for (const Company_Field& field : Company_Fields()) {
+        if (Is_On(screen, field)) {
+            entry.texts[field.control] = firm[field.column].As_Text();
+        }
+    }
+    if (entry.texts["HoKo"] != "1" && entry.texts["HoKo"] != "2") {
+        entry.texts["HoKo"].clear();
+    }
+    if (screen == Company_Screen::Jgmas) {
+        entry.tani = static_cast<std::int16_t>(firm["単位"].As_Integer());
+    }
+    return entry;
+}
+
+void Put_Company(const Connection& cn, Company_Screen screen, const Company_Entry& entry) {
+    Recordset firm = cn.Open("SELECT * FROM jigyo_mas;");
+    if (firm.Eof()) {
+        firm.Add_New();
+    }
+    for (const Company_Field& field : Company_Fields()) {
+        if (Is_On(screen, field)) {
+            firm.Set(field.column, Stored_Value(field, entry.Text(field.control)));
+        }
+    }
+    if (screen == Company_Screen::Jgmas) {
+        firm.Set("単位", entry.tani == 0 ? Value() : Value(entry.tani));
+    }
+    firm.Update();
+}
+
+bool Is_Era_Date(std::string_view year, std::string_view month, std::string_view day) {
+    constexpr std::array<int, 12> days = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    const std::int64_t y = Number_Of(year);
+    const std::int64_t m = Number_Of(month);
+    const std::int64_t d = Number_Of(day);
+    if (y < 1 || y > 99 || m < 1 || m > 12 || d < 1) {
+        return false;
+    }
+    const std::int64_t western = 1988 + y;
+    const bool leap = western % 4 == 0 && (western % 100 != 0 || western % 400 == 0);
+    return d <= days.at(static_cast<std::size_t>(m - 1)) + (leap && m == 2 ? 1 : 0);
+}
+
+bool Test_Period(const Session& session, std::string_view text) {
+    const std::int64_t period = Number_Of(text);
+    if (period >= 0 && period <= std::numeric_limits<std::int16_t>::max()) {
+        return true;
+    }
+    Show_Message(session, {.title = "決算期エラー",
+                           .text = "決算期は 0 から 32767 までの数字で入力してください。",
+                           .beep = true});
+    return false;
+}
+
+std::int64_t Number_Of(std::string_view text) {
+    std::int32_t number = -1;
+    const auto read = std::from_chars(text.data(), text.data() + text.size(), number);
+    return read.ec == std::errc() && read.ptr == text.data() + text.size() && number >= 0 ? number : -1;
+}
+
+bool Is_Blank(std::string_view text) {
+    constexpr std::string_view wide_blank = "　";
+    while (!text.empty()) {
+        if (text.starts_with(wide_blank)) {
+            text.remove_prefix(wide_blank.size());
+        } else if (text.front() == ' ') {
+            text.remove_prefix(1);
+        } else {
+            return false;
+        }
+    }
+    return true;
+}
+
+std::string Test_Entry(const Session& session, Company_Screen screen, const Company_Entry& entry,
+                       const Company_Entry& stored) {
+    if (screen == Company_Screen::Jgmas) {
+        if (std::string refused = Test_Own_Firm(session, entry); !refused.empty()) {
+            return refused;
+        }
+    }
+    for (const Required& field : required) {
+        const auto text = entry.texts.find(field.control);
+        if (text != entry.texts.end() && Is_Blank(text->second)) {
+            return Refuse_Missing(session, field);
+        }
+    }
+    for (const Company_Field& field : Company_Fields()) {
+        const auto text = entry.texts.find(field.control);
+        if (text == entry.texts.end()) {
+            continue;
+        }
+        if (std::string refused = Test_Width(session, field, text->second, stored.Text(field.control));
+            !refused.empty()) {
+            return refused;
+        }
+    }
+    for (std::size_t i = 0; i < dates.size(); ++i) {
+        const auto& [year, month, day] = dates.at(i);
+        if (!Is_Era_Date(entry.Text(year), entry.Text(month), entry.Text(day))) {
+            return Refuse(session, year, "決算期日付エラー",
+                          i == 0 ? "決算期始まりの日付が不正です。確認修正してください。"
+                                 : "決算期終わりの日付が不正です。確認修正してください。");
+        }
+    }
+    return {};
+}
+
+} // namespace morvane

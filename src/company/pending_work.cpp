@@ -1,0 +1,192 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "company/pending_work.h"
+
+#include "company/datacheck.h"
+#include "data/store_file.h"
+#include "session/kidou_ini.h"
+
+#include <algorithm>
+#include <nlohmann/json.hpp>
+#include <optional>
+#include <unistd.h>
+
+namespace morvane {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+constexpr const char* kind_names[] = {"登録", "変更", "削除"};
+
+fs::path Intent_File(const Session& session) {
+    return session.App_Path / "pending.json";
+}
+
+std::string Intent_Text(const Work_Intent& intent) {
+    Json record;
+    record["処理"] = kind_names[static_cast<std::size_t>(intent.kind)];
+    record["事業所CD"] = intent.row.number;
+    record["事業所名"] = intent.row.name;
+    record["事業所カナ名"] = intent.row.kana;
+    record["変更前CD"] = intent.former;
+    // A name of a foreign register may be no valid text; it is then only not found again.
+    return record.dump(1, ' ', false, Json::error_handler_t::replace) + "\n";
+}
+
+std::optional<Work_Intent> Read_Intent(const fs::path& file) {
+    const std::string text = Read_Text_File(file);
+    try {
+        const Json record = Json::parse(text);
+        const auto name = record.at("処理").get<std::string>();
+        const auto* const kind = std::find(std::begin(kind_names), std::end(kind_names), name);
+        if (kind == std::end(kind_names)) {
+            return std::nullopt;
+        }
+        return Work_Intent{.kind = static_cast<Work_Intent::Kind>(kind - std::begin(kind_names)),
+                           .row = {record.at("事業所CD").get<std::int32_t>(),
+                                   record.at("事業所名").get<std::string>(),
+                                   record.at("事業所カナ名").get<std::string>()},
+                           .former = record.at("変更前CD").get<std::int32_t>()};
+    } catch (const std::exception&) {
+        return std::nullopt;
+    }
+}
+
+// Without a word where it cannot go: what it tells is done, and finishing that once more changes nothing.
+void Remove_Intent(const Session& session) noexcept {
+    static_cast<void>(::unlink(Intent_File(session).c_str()));
+}
+
+/// Whether a store is that of the company `row`.
+bool Is_Store_Of(const Session& session, const fs::path& store, const Register_Row& row) {
+    const Connection cn(store, session.Db_Key, Connection::Mode::Read_Only);
+    const Recordset firm = cn.Open("SELECT * FROM Jigyo_mas");
+    return !firm.Eof() && firm["管理No"].As_Integer() == row.number &&
+           firm["事業所名"].As_Text() == row.name && firm["事業所カナ名"].As_Text() == row.kana;
+}
+
+// The data file stands whole or not at all, and only of a whole one the row is missing.
+void Finish_Registration(const Session& session, const Work_Intent& intent) {
+    const fs::path store = Company_Store(session, intent.row.number);
+    if (fs::exists(store) && Is_Store_Of(session, store, intent.row) &&
+        !Find_Register_Row(session, intent.row.number)) {
+        Put_Register_Row(session, intent.row);
+    }
+}
+
+// The working store decides: where it does not say the new number and names, nothing was changed.
+void Finish_Change(const Session& session, const Work_Intent& intent) {
+    if (!fs::exists(session.Work_Store) || !Is_Store_Of(session, session.Work_Store, intent.row)) {
+        return;
+    }
+    const fs::path from = Company_Store(session, intent.former);
+    const fs::path to = Company_Store(session, intent.row.number);
+    if (from != to && fs::exists(from) && !fs::exists(to)) {
+        Rename_Store(from, to, session.Db_Key);
+    }
+    const bool former_stands =
+        intent.former != intent.row.number && Find_Register_Row(session, intent.former).has_value();
+    if (former_stands || Find_Register_Row(session, intent.row.number) != intent.row) {
+        Put_Register_Row(session, intent.row, intent.former);
+    }
+    // A clean marker: the company was saved and released since.
+    const Kidou_Marker marker = Read_Kidou_Ini(session.App_Path);
+    if (!marker.Is_Clean() && (marker.number != intent.row.number || marker.name != intent.row.name)) {
+        Write_Kidou_Ini(session.App_Path, {intent.row.number, intent.row.name});
+    }
+}
+
+// The data file decides: where it stands, nothing was deleted, and that may have been said.
+void Finish_Deletion(const Session& session, const Work_Intent& intent) {
+    if (!fs::exists(Company_Store(session, intent.row.number)) &&
+        Find_Register_Row(session, intent.row.number)) {
+        Remove_Register_Row(session, intent.row.number);
+    }
+}
+
+bool Do_Files_Fit_Register(const Session& session) {
+    const std::vector<Register_Row> rows = Read_Register(session);
+    const bool files_stand = std::all_of(rows.begin(), rows.end(), [&](const Register_Row& row) {
+        return fs::exists(Company_Store(session, row.number));
+    });
+    std::error_code error;
+    std::size_t files = 0;
+    for (const auto& entry : fs::directory_iterator(session.App_Path / "data", error)) {
+        files += entry.path().extension() == ".dat" || entry.path().extension() == ".DAT" ? 1U : 0U;
+    }
+    const Kidou_Marker marker = Read_Kidou_Ini(session.App_Path);
+    return files_stand && files <= rows.size() &&
+           (marker.Is_Clean() || Find_Register_Row(session, marker.number).has_value());
+}
+
+} // namespace
+
+Pending_Work::Pending_Work(const Session& the_session, const Work_Intent& intent) : session(the_session) {
+    Finish_Pending_Work(session);
+    try {
+        Write_Text_File(Intent_File(session), Intent_Text(intent));
+    } catch (...) {
+        Remove_Intent(session);
+        throw;
+    }
+}
+
+Pending_Work::~Pending_Work() {
+    if (!left) {
+        Remove_Intent(session);
+    }
+}
+
+void Pending_Work::Do(const std::function<void()>& step, std::function<void()> back) {
+    ways_back.push_back(std::move(back));
+    try {
+        step();
+    } catch (const Store_Error&) {
+        try {
+            for (; !ways_back.empty(); ways_back.pop_back()) {
+                ways_back.back()();
+            }
+        } catch (const Store_Error& error) {
+            Leave();
+            throw Unfinished_Work(error);
+        }
+        throw;
+    }
+}
+
+bool Is_Store_Shared(const Session& session, std::int32_t number) {
+    std::string digits = "000000" + std::to_string(number);
+    digits.erase(0, digits.size() - 6);
+    return !Read_Register(session, "事業所CD<>" + std::to_string(number) + " And (事業所CD=" + digits +
+                                       " Or 事業所CD like '%" + digits + "')")
+                .empty();
+}
+
+void Finish_Pending_Work(const Session& session) {
+    const fs::path file = Intent_File(session);
+    if (!session.Is_Multi() || !fs::exists(file)) {
+        return;
+    }
+    const std::optional<Work_Intent> intent = Read_Intent(file);
+    // The file is written whole or not at all: one that cannot be read was harmed from outside. Where
+    // register and files fit together, whatever it told was done or not begun, and it is dropped; else a
+    // person must look at it.
+    if (!intent && !Do_Files_Fit_Register(session)) {
+        throw Store_Error(file, Store_Error::Reason::Bad_Content,
+                          "事業所一覧とデータファイルが一致していません");
+    }
+    if (intent && intent->kind == Work_Intent::Kind::Registration) {
+        Finish_Registration(session, *intent);
+    } else if (intent && intent->kind == Work_Intent::Kind::Change) {
+        Finish_Change(session, *intent);
+    } else if (intent) {
+        Finish_Deletion(session, *intent);
+    }
+    if (::unlink(file.c_str()) != 0) {
+        Throw_Errno(file, "削除");
+    }
+}
+
+} // namespace morvane

@@ -1,0 +1,220 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "company/register.h"
+
+#include "company/datacheck.h"
+#include "company/pending_work.h"
+#include "data/store_file.h"
+
+#include <algorithm>
+#include <array>
+
+namespace morvane {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::array<Kana_Filter, 44> kana_filters = {{
+    {"FgA", "ア", "ｱ", 1, 0, 0},  {"FgI", "イ", "ｲ", 1, 0, 1},  {"FgU", "ウ", "ｳ", 1, 0, 2},
+    {"FgE", "エ", "ｴ", 1, 0, 3},  {"FgO", "オ", "ｵ", 1, 0, 4},  {"FgKa", "カ", "ｶ", 2, 1, 0},
+    {"FgKi", "キ", "ｷ", 2, 1, 1}, {"FgKu", "ク", "ｸ", 2, 1, 2}, {"FgKe", "ケ", "ｹ", 2, 1, 3},
+    {"FgKo", "コ", "ｺ", 2, 1, 4}, {"FgSa", "サ", "ｻ", 2, 2, 0}, {"FgSi", "シ", "ｼ", 2, 2, 1},
+    {"FgSu", "ス", "ｽ", 2, 2, 2}, {"FgSe", "セ", "ｾ", 2, 2, 3}, {"FgSo", "ソ", "ｿ", 2, 2, 4},
+    {"FgTa", "タ", "ﾀ", 2, 3, 0}, {"FgTi", "チ", "ﾁ", 2, 3, 1}, {"FgTu", "ツ", "ﾂ", 2, 3, 2},
+    {"FgTe", "テ", "ﾃ", 2, 3, 3}, {"FgTo", "ト", "ﾄ", 2, 3, 4}, {"FgNa", "ナ", "ﾅ", 1, 4, 0},
+    {"FgNi", "ニ", "ﾆ", 1, 4, 1}, {"FgNu", "ヌ", "ﾇ", 1, 4, 2}, {"FgNe", "ネ", "ﾈ", 1, 4, 3},
+    {"FgNo", "ノ", "ﾉ", 1, 4, 4}, {"FgHa", "ハ", "ﾊ", 3, 5, 0}, {"FgHi", "ヒ", "ﾋ", 3, 5, 1},
+    {"FgHu", "フ", "ﾌ", 3, 5, 2}, {"FgHe", "ヘ", "ﾍ", 3, 5, 3}, {"FgHo", "ホ", "ﾎ", 3, 5, 4},
+    {"FgMa", "マ", "ﾏ", 1, 6, 0}, {"FgMi", "ミ", "ﾐ", 1, 6, 1}, {"FgMu", "ム", "ﾑ", 1, 6, 2},
+    {"FgMe", "メ", "ﾒ", 1, 6, 3}, {"FgMo", "モ", "ﾓ", 1, 6, 4}, {"FgYa", "ヤ", "ﾔ", 1, 7, 0},
+    {"FgYu", "ユ", "ﾕ", 1, 7, 2}, {"FgYo", "ヨ", "ﾖ", 1, 7, 4}, {"FgRa", "ラ", "ﾗ", 1, 8, 0},
+    {"FgRi", "リ", "ﾘ", 1, 8, 1}, {"FgRu", "ル", "ﾙ", 1, 8, 2}, {"FgRe", "レ", "ﾚ", 1, 8, 3},
+    {"FgRo", "ロ", "ﾛ", 1, 8, 4}, {"FgWa", "ワ", "ﾜ", 1, 9, 0},
+}};
+
+Connection Open_Register(const Session& session) {
+    return {Find_File(session.App_Path, "Jgmas.dat"), session.Db_Key, Connection::Mode::Read_Only};
+}
+
+void Delete_Row(const Connection& cn, std::int32_t number) {
+    cn.Execute("DELETE * FROM jgmas where 事業所CD=" + std::to_string(number) + ";");
+}
+
+bool Report_Not_Deleted(const Session& session, const Store_Error& error) {
+    Show_Message(session, {.title = "事業所削除エラー",
+                           .text = std::string(error.what()) + "\n事業所は削除されていません。",
+                           .beep = true});
+    return false;
+}
+
+bool Confirm_Deletion(const Session& session, const std::optional<Register_Row>& chosen) {
+    if (!chosen) {
+        Show_Message(
+            session,
+            {.title = "事業所未指定エラー", .text = "処理する事業所を指定してください。", .beep = true});
+        return false;
+    }
+    if (chosen->number == session.Kanri_No && chosen->number != 0) {
+        Show_Message(session,
+                     {.title = "事業所削除エラー", .text = "指定中の事業所は削除できません。", .beep = true});
+        return false;
+    }
+    return Show_Message(session, {.title = "事業所データ削除確認",
+                                  .text = "「" + chosen->name +
+                                          "」の\n全データを削除します。一旦削除すると元には戻せません。\n"
+                                          "よろしいですか？",
+                                  .icon = Icon::Warning,
+                                  .buttons = Buttons::Yes_No,
+                                  .default_answer = Answer::No,
+                                  .beep = true}) == Answer::Yes;
+}
+
+/// The data file goes while the register holds the deletion of the row ready. False where it cannot go.
+bool Delete_File_And_Row(const Session& session, std::int32_t number) {
+    const fs::path store = Company_Store(session, number);
+    const Connection cn = Cn_Open_Jgmas(session);
+    Transaction transaction(cn);
+    Delete_Row(cn, number);
+    if (fs::exists(store) && !Is_Store_Shared(session, number)) {
+        try {
+            Remove_Store(store);
+        } catch (const Store_Error& error) {
+            if (fs::exists(store)) {
+                return Report_Not_Deleted(session, error);
+            }
+        }
+    }
+    try {
+        transaction.Commit();
+    } catch (const Store_Error& error) {
+        throw Unfinished_Work(error);
+    }
+    return true;
+}
+
+} // namespace
+
+std::span<const Kana_Filter> Kana_Filters() {
+    return kana_filters;
+}
+
+std::string Filter_Text(const Kana_Filter& filter) {
+    std::string text;
+    for (int form = 0; form < filter.forms; ++form) {
+        constexpr const char* marks[] = {"", "ﾞ", "ﾟ"};
+        text +=
+            std::string(form == 0 ? "" : " Or ") + "事業所カナ名 like '" + filter.kana + marks[form] + "%'";
+    }
+    return text;
+}
+
+std::vector<Register_Row> Read_Register(const Session& session, const std::string& filter) {
+    const Connection cn = Open_Register(session);
+    std::vector<Register_Row> rows;
+    Statement list = cn.Prepare("SELECT 事業所CD, 事業所名, 事業所カナ名 FROM jgmas " +
+                                (filter.empty() ? "" : "WHERE " + filter) + " Order by 事業所CD;");
+    while (list.Step()) {
+        rows.push_back({static_cast<std::int32_t>(list.Integer_At(0)), std::string(list.Text_At(1)),
+                        std::string(list.Text_At(2))});
+    }
+    return rows;
+}
+
+std::optional<Register_Row> Find_Register_Row(const Session& session, std::int32_t number) {
+    auto rows = Read_Register(session, "事業所CD=" + std::to_string(number));
+    return rows.empty() ? std::nullopt : std::optional(std::move(rows.front()));
+}
+
+void Put_Register_Row(const Session& session, const Register_Row& row) {
+    Put_Register_Row(session, row, row.number);
+}
+
+void Put_Register_Row(const Session& session, const Register_Row& row, std::int32_t former) {
+    const Connection cn = Cn_Open_Jgmas(session);
+    Transaction transaction(cn);
+    if (former != row.number) {
+        Delete_Row(cn, former);
+    }
+    Recordset rows = cn.Open("SELECT * FROM jgmas WHERE 事業所CD=" + std::to_string(row.number) + ";");
+    if (rows.Eof()) {
+        rows.Add_New();
+        rows.Set("事業所CD", row.number);
+    }
+    rows.Set("事業所名", row.name);
+    rows.Set("事業所カナ名", row.kana);
+    rows.Update();
+    transaction.Commit();
+}
+
+void Remove_Register_Row(const Session& session, std::int32_t number) {
+    const Connection cn = Cn_Open_Jgmas(session);
+    Transaction transaction(cn);
+    Delete_Row(cn, number);
+    transaction.Commit();
+}
+
+bool Is_Number_Taken(const Session& session, std::int32_t number, std::int32_t own) {
+    if (Find_Register_Row(session, number)) {
+        return true;
+    }
+    const fs::path store = Company_Store(session, number);
+    const bool own_file = own != 0 && store == Company_Store(session, own);
+    return own_file ? Is_Store_Shared(session, own) : fs::exists(store) || Is_Store_Shared(session, number);
+}
+
+Taken Take_Company(Session& session, const std::optional<Register_Row>& chosen) {
+    if (!chosen) {
+        Show_Message(
+            session,
+            {.title = "事業所未指定エラー", .text = "処理する事業所を指定してください。", .beep = true});
+        return Taken::Refused;
+    }
+    // Number 0 is "no company in hand": what is keyed into such a company would never be saved.
+    if (chosen->number == 0) {
+        Show_Message(
+            session,
+            {.title = "事業所番号エラー", .text = "事業所番号が 0 の事業所は指定できません。", .beep = true});
+        return Taken::Refused;
+    }
+    Check_Out(session, chosen->number, chosen->name);
+    if (session.Data_Ver < 3) {
+        Show_Message(session, {.title = "データ異常エラー",
+                               .text = "データが2008年より古いため、事業所指定できません。",
+                               .beep = true});
+        return Taken::Too_Old;
+    }
+    return Taken::In_Hand;
+}
+
+void Start_New_Company(Session& session) {
+    if (session.Kanri_No == 0) {
+        return;
+    }
+    Show_Message(session, {.title = "処理中の事業所保存", .text = "処理中の事業所データを一旦保存します。"});
+    Check_In_And_Release(session);
+}
+
+bool Delete_Company(const Session& session, const std::optional<Register_Row>& chosen) {
+    if (!Confirm_Deletion(session, chosen)) {
+        return false;
+    }
+    try {
+        Pending_Work pending(session, {.kind = Work_Intent::Kind::Deletion, .row = *chosen});
+        try {
+            if (!Delete_File_And_Row(session, chosen->number)) {
+                return false;
+            }
+        } catch (const Unfinished_Work&) {
+            pending.Leave();
+            throw;
+        }
+    } catch (const Unfinished_Work&) {
+        throw;
+    } catch (const Store_Error& error) {
+        return Report_Not_Deleted(session, error);
+    }
+    Show_Message(session, {.title = "事業所削除完了", .text = "指定の事業所データを削除しました。"});
+    return true;
+}
+
+} // namespace morvane

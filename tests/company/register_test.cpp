@@ -1,0 +1,121 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "company/register.h"
+
+#include "company/datacheck.h"
+#include "data/store_file.h"
+#include "session/kidou_ini.h"
+#include "support/installation_fixture.h"
+
+namespace morvane::tests {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+class Register_Test : public Installation {
+  protected:
+    [[nodiscard]] std::string Last_Box() const {
+        return messages.shown.empty() ? "" : messages.shown.back().title + "：" + messages.shown.back().text;
+    }
+};
+
+TEST_F(Register_Test, Each_Initial_Finds_Its_Own_Names) {
+    int number = 0;
+    for (const char* kana : {"ｱｵﾊﾞ", "ｲｼ", "ｶﾜ", "ｶﾞﾝ", "ｷﾞﾝ", "ﾊﾙ", "ﾊﾞﾝ", "ﾊﾟﾝ", "ﾋﾟﾝ", "ﾜﾀ", "ｦ", ""}) {
+        Put_Register_Row(session, {++number, kana, kana});
+    }
+    std::map<std::string, std::string> found;
+    for (const Kana_Filter& filter : Kana_Filters()) {
+        for (const Register_Row& row : Read_Register(session, Filter_Text(filter))) {
+            found[filter.button] += row.name + " ";
+        }
+    }
+    const std::map<std::string, std::string> expected = {
+        {"FgA", "ｱｵﾊﾞ "},        {"FgI", "ｲｼ "},   {"FgKa", "ｶﾜ ｶﾞﾝ "}, {"FgKi", "ｷﾞﾝ "},
+        {"FgHa", "ﾊﾙ ﾊﾞﾝ ﾊﾟﾝ "}, {"FgHi", "ﾋﾟﾝ "}, {"FgWa", "ﾜﾀ "}};
+    EXPECT_TRUE(found == expected);
+    EXPECT_EQ(Read_Register(session).size(), 12U);
+    EXPECT_EQ(Kana_Filters().size(), 44U);
+    EXPECT_EQ(Filter_Text(Kana_Filters()[25]),
+              "事業所カナ名 like 'ﾊ%' Or 事業所カナ名 like 'ﾊﾞ%' Or 事業所カナ名 like 'ﾊﾟ%'");
+}
+
+TEST_F(Register_Test, Taking_A_Company_Refuses_What_It_Must) {
+    Make_Company(2, 1, 5);
+    Check_In(session);
+    Cn_Open(session).Execute("UPDATE Ks_Zaihyo SET 並び順 = 2 WHERE 建設科目CD=99");
+    session.Kanri_No = 3;
+    Check_In(session);
+    session.Kanri_No = 0;
+    const auto before = State();
+    EXPECT_EQ(Take_Company(session, std::nullopt), Taken::Refused);
+    EXPECT_EQ(Last_Box(), "事業所未指定エラー：処理する事業所を指定してください。");
+    EXPECT_EQ(Take_Company(session, Register_Row{0, "零", ""}), Taken::Refused);
+    EXPECT_TRUE(State() == before);
+    EXPECT_EQ(Take_Company(session, Register_Row{3, "古い", ""}), Taken::Too_Old);
+    EXPECT_EQ(Last_Box(), "データ異常エラー：データが2008年より古いため、事業所指定できません。");
+    EXPECT_EQ(session.Kanri_No, 3);
+    EXPECT_EQ(Read_Kidou_Ini(folder.path).number, 3) << "it counts as checked out";
+    EXPECT_EQ(Take_Company(session, Register_Row{2, "見本2", ""}), Taken::In_Hand);
+}
+
+TEST_F(Register_Test, Deletes_File_And_Row_After_The_Question) {
+    Make_Company(2, 1, 5);
+    Check_In(session);
+    Copy_Store(session.Work_Store, folder.path / "data/000005.dat", Delivered_Key());
+    for (const Register_Row& row :
+         {Register_Row{0, "零", ""}, {2, "見本2", ""}, {5, "五", ""}, {7000005, "大", ""}}) {
+        Put_Register_Row(session, row);
+    }
+    auto before = State();
+    EXPECT_FALSE(Delete_Company(session, std::nullopt));
+    EXPECT_EQ(Last_Box(), "事業所未指定エラー：処理する事業所を指定してください。");
+    EXPECT_FALSE(Delete_Company(session, Register_Row{2, "見本2", ""}));
+    EXPECT_EQ(Last_Box(), "事業所削除エラー：指定中の事業所は削除できません。");
+    EXPECT_FALSE(Delete_Company(session, Register_Row{5, "五", ""})) << "No is the default";
+    EXPECT_EQ(Last_Box(),
+              "事業所データ削除確認：「五」の\n全データを削除します。一旦削除すると元には戻せません。"
+              "\nよろしいですか？");
+    EXPECT_TRUE(State() == before);
+
+    messages.answers = {Answer::Yes};
+    EXPECT_TRUE(Delete_Company(session, Register_Row{5, "五", ""}));
+    EXPECT_EQ(Last_Box(), "事業所削除完了：指定の事業所データを削除しました。");
+    EXPECT_FALSE(Find_Register_Row(session, 5));
+    EXPECT_TRUE(fs::exists(folder.path / "data/000005.dat")) << "it is that of company 7000005 too";
+    messages.answers = {Answer::Yes};
+    EXPECT_TRUE(Delete_Company(session, Register_Row{7000005, "大", ""}));
+    EXPECT_FALSE(fs::exists(folder.path / "data/000005.dat"));
+    session.Kanri_No = 0;
+    messages.answers = {Answer::Yes};
+    EXPECT_TRUE(Delete_Company(session, Register_Row{0, "零", ""})) << "a listed company 0, nothing in hand";
+    EXPECT_EQ(Read_Register(session).size(), 1U);
+
+    // A file that cannot go: a folder of its name.
+    Put_Register_Row(session, {6, "六", ""});
+    fs::create_directories(folder.path / "data/000006.dat/x");
+    before = State();
+    messages.answers = {Answer::Yes};
+    EXPECT_FALSE(Delete_Company(session, Register_Row{6, "六", ""}));
+    EXPECT_NE(Last_Box().find("000006.dat"), std::string::npos) << Last_Box();
+    EXPECT_TRUE(State() == before);
+}
+
+TEST_F(Register_Test, Sweeping_Takes_Drafts_Only) {
+    const auto before = State();
+    const char* drafts[] = {".Morvane.dat.new123-0",    ".Morvane.dat.old123-1",
+                            "data/.000001.dat.new9-12", "data/.000001.dat.new9-12-journal",
+                            "data/.import-77-0.dat",    ".kidou.ini.new1-1"};
+    for (const char* name : drafts) {
+        Write_Text_File(folder.path / name, "x");
+    }
+    Write_Text_File(folder.path / ".hidden", "x");
+    Write_Text_File(folder.path / "data/000001.dat.new1-1", "x");
+    Sweep_Drafts(folder.path);
+    auto expected = before;
+    expected[".hidden"] = expected["data/000001.dat.new1-1"] = "x";
+    EXPECT_TRUE(State() == expected);
+}
+
+} // namespace
+} // namespace morvane::tests
