@@ -5,6 +5,7 @@
 #include "app/help_window.h"
 #include "session/instance_lock.h"
 #include "widgets/shell_port.h"
+#include "widgets/window_placement.h"
 
 #include <QObject>
 #include <QPointer>
@@ -39,6 +40,7 @@ class Shell : public QObject, public Shell_Port {
     void Show_Registered() override;
     void Open_Form(const QString& form) override;
     void Show_Help(const QString& form) override;
+    void Place(QWidget* window) override;
     bool Guard(const std::function<void()>& work) override;
     QWidget* Window() override;
 
@@ -61,6 +63,7 @@ class Shell : public QObject, public Shell_Port {
     Session own_session;
     Messages& messages;
     std::optional<Instance_Lock> lock;
+    std::unique_ptr<Window_Placement> placement;
     std::unique_ptr<Frm_Main> frame;
     QPointer<Help_Window> help;
 };
