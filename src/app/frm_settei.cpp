@@ -2,6 +2,7 @@
 #include "app/frm_settei.h"
 
 #include "data/store_error.h"
+#include "session/boxes.h"
 #include "session/kyotu_mod.h"
 #include "session/network_settings.h"
 #include "widgets/section_box.h"
@@ -154,7 +155,7 @@ bool Frm_Settei::Entries_Hold() {
     if (!fault) {
         return true;
     }
-    Show_Message(shell.session, {.title = "通信設定エラー", .text = fault->text, .beep = true});
+    Tell(shell.session, "通信設定エラー", fault->text);
     for (const Field_Form* group : groups) {
         if (group->Has(fault->control)) {
             group->Focus(fault->control);
@@ -175,10 +176,7 @@ void Frm_Settei::Save() {
         Write_Install_Info(shell.session.App_Path, info);
     } catch (const Store_Error& error) {
         // What was typed stays on the screen for another attempt.
-        Show_Message(shell.session, {.title = "保存エラー",
-                                     .text = std::string("通信設定を保存できませんでした。\n") + error.what(),
-                                     .icon = Icon::Warning,
-                                     .beep = true});
+        Tell(shell.session, "保存エラー", std::string("通信設定を保存できませんでした。\n") + error.what());
         return;
     }
     Close_Form();
@@ -186,12 +184,7 @@ void Frm_Settei::Save() {
 
 bool Frm_Settei::May_Close() {
     return !Is_Edited() ||
-           Show_Message(shell.session, {.title = "編集破棄確認",
-                                        .text = "編集中の通信設定を保存せずに終了します。\nよろしいですか？",
-                                        .icon = Icon::Warning,
-                                        .buttons = Buttons::Yes_No,
-                                        .default_answer = Answer::No,
-                                        .beep = true}) == Answer::Yes;
+           Ask(shell.session, "編集破棄確認", "編集中の通信設定を保存せずに終了します。\nよろしいですか？");
 }
 
 // A host that does not answer takes seconds, so it is asked beside the window.
@@ -209,8 +202,7 @@ void Frm_Settei::Test_Connections() {
         }
     }
     if (hosts.empty()) {
-        Show_Message(shell.session,
-                     {.title = "接続テスト", .text = "接続確認先を入力してください。", .beep = true});
+        Tell(shell.session, "接続テスト", "接続確認先を入力してください。");
         groups[2]->Focus(net_check_control);
         return;
     }
@@ -226,7 +218,7 @@ void Frm_Settei::Test_Connections() {
                             (reached ? "接続できました。" : "接続できません。"));
         }
         QMetaObject::invokeMethod(QCoreApplication::instance(), [form, lines, all_reached] {
-            if (form) {
+            if (form && form->isVisible()) {
                 form->Show_Connections(lines, all_reached);
             }
         });

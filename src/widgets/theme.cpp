@@ -96,6 +96,7 @@ QTableView[look="grid"] { border: 0; }
 QFrame[look="grid_frame"] { background: %surface; border: 1px solid %line; }
 QFrame[look="grid_foot"] { background: %soft; border: 0; border-top: 2px solid %accent; }
 QTableView::item:selected, QListView::item:selected { background: %selected; color: %text; }
+QHeaderView { background: %soft; border: 0; }
 QHeaderView::section { background: %soft; color: %text; border: 0; border-right: 1px solid %line;
               border-bottom: 1px solid %line; padding: 3px 8px; font-weight: bold; }
 QFrame[look="section"] { background: %surface; border: 1px solid %line; border-radius: 4px; }
@@ -137,6 +138,8 @@ QTabBar::tab:focus { color: %accent; border-color: %accent; }
 QProgressBar { background: %surface; border: 1px solid %line; border-radius: 3px; text-align: center;
               min-height: 16px; }
 QProgressBar::chunk { background: %accent; border-radius: 2px; }
+QMessageBox { background: %surface; }
+QMessageBox QPushButton { min-width: 72px; }
 QToolTip { border: 1px solid %line; padding: 3px; }
 )");
     for (const auto& [mark, colour] : {std::pair{"%surface", surface},
