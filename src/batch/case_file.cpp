@@ -4,6 +4,7 @@
 #include "batch/case_format.h"
 #include "batch/installation.h"
 #include "company/data_set.h"
+#include "company/law_change.h"
 #include "company/datacheck.h"
 #include "company/register.h"
 #include "data/store_file.h"

@@ -62,7 +62,8 @@ int Run_Init(const Init_Arguments& arguments) {
         samples = Sample_Cases(arguments.edition);
         samples.resize(multi ? samples.size() : std::min<std::size_t>(samples.size(), 1));
     }
-    Init_Installation(arguments.folder, {arguments.edition, multi});
+    const std::string office = multi && arguments.sample ? "見本行政書士事務所" : "";
+    Init_Installation(arguments.folder, {arguments.edition, multi, office});
     if (samples.empty()) {
         return status_done;
     }

@@ -4,10 +4,10 @@
 #include "batch/case_file.h"
 #include "company/datacheck.h"
 #include "company/pending_work.h"
-#include "company/templates.h"
 #include "data/store_file.h"
 #include "screens/settled_score.h"
 #include "session/kidou_ini.h"
+#include "session/program_folder.h"
 
 #include <algorithm>
 #include <array>
@@ -19,21 +19,12 @@ namespace fs = std::filesystem;
 
 namespace {
 
-fs::path Program_Folder() {
-    std::error_code error;
-    const fs::path program = fs::read_symlink("/proc/self/exe", error);
-    return error ? fs::current_path() : program.parent_path();
-}
-
-fs::path Delivered_Folder(const char* name) {
-    const fs::path program = Program_Folder();
-    for (const fs::path& candidate : {program / name, program / ".." / "share" / "morvane" / name}) {
-        if (fs::is_directory(candidate)) {
-            return fs::weakly_canonical(candidate);
-        }
+fs::path Delivered(const char* name) {
+    if (auto folder = Delivered_Folder(name)) {
+        return std::move(*folder);
     }
     throw Usage_Error("プログラムに付属する " + std::string(name) + " フォルダが見つかりません（" +
-                      program.string() + "）。");
+                      Program_Folder().string() + "）。");
 }
 
 Company Company_Of_Working_Store(const Session& session) {
@@ -122,37 +113,16 @@ void Init_Installation(const fs::path& folder, const Init_Options& options) {
     if (fs::exists(Find_File(folder, install_info_file))) {
         throw Usage_Error("フォルダ「" + folder.string() + "」には既にMorvaneのデータがあります。");
     }
-    const fs::path templates = Templates_Folder();
-    std::error_code error;
-    fs::create_directories(folder / "data", error);
-    if (error) {
-        throw Store_Error(folder, Reason_Of_Errno(error.value()), error.message());
-    }
-    const Store_Key key = Store_Key::Derive(Session::default_password);
-    for (const char* name : Template_Names()) {
-        const bool is_register = std::string_view(name) == "Jgmas.dat";
-        if (options.multi || !is_register) {
-            Copy_Store(templates / name, folder / name, key);
-        }
-    }
-    Copy_Store(templates / ("morv_" + options.edition + ".dat"), folder / "Morvane.dat", key);
-    if (options.multi) {
-        Write_Kidou_Ini(folder, {});
-    }
-    Install_Info info;
-    info.kanri_flg = options.multi ? multi_company_mode : 0;
-    info.tiiki_cd = options.edition;
-    info.todofuken_mei = options.edition == "01" ? "北海道" : "全国";
-    Write_Install_Info(folder, info);
+    New_Installation(Templates_Folder(), folder, options);
 }
 
 fs::path Templates_Folder() {
-    return Delivered_Folder("templates");
+    return Delivered("templates");
 }
 
 std::vector<fs::path> Sample_Cases(const std::string& edition) {
     std::vector<fs::path> cases;
-    for (const auto& entry : fs::directory_iterator(Delivered_Folder("samples"))) {
+    for (const auto& entry : fs::directory_iterator(Delivered("samples"))) {
         if (entry.path().extension() == ".json" && Edition_Of_Case(entry.path()) == edition) {
             cases.push_back(entry.path());
         }

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
+#include "company/new_installation.h"
 #include "session/instance_lock.h"
 #include "session/session.h"
 
@@ -55,15 +56,8 @@ std::vector<Company> Companies_Of(const Session& session);
 /// The company that the working store holds in multi-company mode because a session was broken off; 0 none.
 std::int32_t Company_Left_In_Hand(const Session& session);
 
-/// Settings of a new installation.
-struct Init_Options {
-    std::string edition = "13"; ///< 01 Hokkaido, 13 national
-    bool multi = true;
-};
-
-/// Makes an installation folder from the templates: stores, settings, register, marker. The settings are
-/// written last, so that a folder that was left half made is made again. Raises Usage_Error where one stands
-/// there already.
+/// Makes an installation folder from the delivered templates. Raises Usage_Error where one stands there
+/// already.
 void Init_Installation(const std::filesystem::path& folder, const Init_Options& options);
 
 /// The folder of the delivered templates: beside the program, or where it is installed. Raises Usage_Error.

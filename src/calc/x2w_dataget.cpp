@@ -29,7 +29,10 @@ std::int32_t Floor_Half(std::int32_t sum) {
 } // namespace
 
 std::uint8_t Get_Simyu_Kubun(const Session& session, int period) {
-    const Connection cn = Cn_Open(session);
+    return Get_Simyu_Kubun(Cn_Open(session), period);
+}
+
+std::uint8_t Get_Simyu_Kubun(const Connection& cn, int period) {
     const Recordset rows =
         cn.Open("SELECT * FROM W_Yoso WHERE 決算期=" + std::to_string(period) + " And 要素CD=210;");
     return rows.Eof() ? std::uint8_t{1} : static_cast<std::uint8_t>(rows["現状"].As_Integer(1));

@@ -12,6 +12,7 @@ namespace morvane {
 
 /// The law year of a period: 現状 of element 210; 1 where it is Null or has no row. Raises Store_Error.
 std::uint8_t Get_Simyu_Kubun(const Session& session, int period);
+std::uint8_t Get_Simyu_Kubun(const Connection& cn, int period);
 
 /// The last day of the period in hand as Jigyo_mas has it, with `year_shift` years added for another period.
 /// The year is a Reiwa year; empty where Jigyo_mas has no row. Raises Store_Error and Run_Time_Error (no

@@ -1,8 +1,11 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "company/data_set.h"
 
+#include "calc/x2w_dataget.h"
+#include "company/law_change.h"
 #include "company/table_edit.h"
 #include "data/store_file.h"
+#include "session/boxes.h"
 #include "zaimu/z_zzen_get.h"
 
 #include <algorithm>
@@ -51,47 +54,6 @@ void Lay_Account(Recordset& row, const Recordset& master, bool corporation, std:
     }
 }
 
-bool Has_Row(const Connection& cn, const std::string& table, const std::string& where) {
-    return !cn.Open("SELECT * FROM " + table + " WHERE " + where).Eof();
-}
-
-bool Has_Element(const Connection& cn, int period, int code) {
-    return Has_Row(cn, "W_Yoso", "決算期=" + std::to_string(period) + " And 要素CD=" + std::to_string(code));
-}
-
-void Renumber_Element(const Connection& cn, int period, int from, int to) {
-    cn.Execute("UPDATE W_Yoso SET 要素CD=" + std::to_string(to) + " WHERE 決算期=" + std::to_string(period) +
-               " and 要素CD=" + std::to_string(from) + ";");
-}
-
-void Set_Element_210(const Connection& cn, int period, int law_year) {
-    cn.Execute("UPDATE W_Yoso SET 現状=" + std::to_string(law_year) +
-               " WHERE 決算期=" + std::to_string(period) + " and 要素CD=210;");
-}
-
-// 105, 104, 103 each move down by one and leave 103 to 厚生年金加入: the row that waited under 999, else a
-// new one.
-void Make_Room_For_Pension(const Connection& cn, int period) {
-    Renumber_Element(cn, period, 105, 106);
-    Renumber_Element(cn, period, 104, 105);
-    Renumber_Element(cn, period, 103, 104);
-    if (Has_Element(cn, period, 999)) {
-        Renumber_Element(cn, period, 999, 103);
-        return;
-    }
-    const std::array<Value, 3> values = {period, 103, "厚生年金加入"};
-    cn.Execute("INSERT INTO W_Yoso (決算期, 要素CD, 要素名) VALUES (?, ?, ?)", values);
-}
-
-void Park_Pension(const Connection& cn, int period) {
-    // A leftover under the waiting code would collide; the row in force is 103.
-    cn.Execute("DELETE W_Yoso.* from W_Yoso WHERE 決算期=" + std::to_string(period) + " and 要素CD=999;");
-    Renumber_Element(cn, period, 103, 999);
-    Renumber_Element(cn, period, 104, 103);
-    Renumber_Element(cn, period, 105, 104);
-    Renumber_Element(cn, period, 106, 105);
-}
-
 // ---- the parts of Period_Copy
 
 struct Copy_Job {
@@ -101,22 +63,6 @@ struct Copy_Job {
     int source;
     bool after;
 };
-
-void Register_Period(const Copy_Job& job, int base_period) {
-    const std::array<Value, 1> period = {job.new_period};
-    job.cn.Execute("INSERT INTO Ks_Ki (決算期) VALUES (?)", period);
-    Recordset firm = job.cn.Open("SELECT * FROM Jigyo_mas");
-    if (firm.Eof()) {
-        return;
-    }
-    firm.Set("処理決算期", job.new_period);
-    for (const char* year : {"決算期開始年", "決算期終了年"}) {
-        if (!firm[year].Is_Null()) {
-            firm.Set(year, firm[year].As_Integer() + job.new_period - base_period);
-        }
-    }
-    firm.Update();
-}
 
 bool Copy_Chart(const Copy_Job& job) {
     const Connection master_store = Cn_Open_Org(job.session);
@@ -181,21 +127,7 @@ void Copy_Elements(const Copy_Job& job) {
         rows.Update();
     }
     if (!has_210) {
-        const Connection master_store = Cn_Open_Org(job.session);
-        Recordset master =
-            master_store.Open("SELECT * FROM W_Yoso WHERE 要素CD>=210 and 要素CD<=219 ORDER BY 要素CD;");
-        for (; !master.Eof(); master.Move_Next()) {
-            const auto code = static_cast<int>(master["要素CD"].As_Integer());
-            if (Has_Element(job.cn, job.new_period, code)) {
-                continue;
-            }
-            rows.Add_New();
-            rows.Set("決算期", job.new_period);
-            rows.Set("要素CD", code);
-            rows.Set("要素名", master["要素名"]);
-            rows.Set("現状", code == 210 ? Value(2) : master["現状"]);
-            rows.Update();
-        }
+        Add_Law_Rows(job.cn, job.session, job.new_period);
     }
     if (!has_106) {
         Make_Room_For_Pension(job.cn, job.new_period);
@@ -226,7 +158,7 @@ void Copy_Notes(const Copy_Job& job) {
 
 void Test_Periods(const Connection& cn, int new_period, int source) {
     const auto registered = [&](int period) {
-        return Has_Row(cn, "Ks_ki", "決算期=" + std::to_string(period));
+        return !cn.Open("SELECT * FROM Ks_ki WHERE 決算期=" + std::to_string(period)).Eof();
     };
     if (registered(new_period)) {
         throw Store_Error(cn.File(), Store_Error::Reason::Bad_Content,
@@ -297,65 +229,54 @@ bool New_Data_Set(Session& session, std::int16_t hojin_kojin, std::int16_t perio
     return true;
 }
 
-bool Period_Copy(Session& session, std::int16_t new_period, std::int16_t base_period, Copy_Mode mode) {
-    Session job_session = session;
-    job_session.Data_Ver = Present_Data_Ver(session);
-    const bool after = mode == Copy_Mode::After;
-    {
-        const Connection cn = Cn_Open(session);
-        const Copy_Job job{cn, job_session, new_period, new_period - (after ? 1 : -1), after};
-        Test_Periods(cn, new_period, job.source);
-        Transaction transaction(cn);
-        Register_Period(job, base_period);
-        if (!Copy_Chart(job)) {
-            Report_Bad_Template(session);
-            return false;
+void Take_Period(const Connection& cn, int period, int former) {
+    Recordset firm = cn.Open("SELECT * FROM Jigyo_mas");
+    if (firm.Eof()) {
+        return;
+    }
+    firm.Set("処理決算期", period);
+    // A fiscal period is one year.
+    for (const char* year : {"決算期開始年", "決算期終了年"}) {
+        if (!firm[year].Is_Null()) {
+            firm.Set(year, firm[year].As_Integer() + period - former);
         }
-        Copy_Works(job);
-        Copy_Elements(job);
-        Copy_Notes(job);
-        transaction.Commit();
     }
-    session.Data_Ver = job_session.Data_Ver;
-    session.Syori_Ki = new_period;
+    firm.Update();
+}
+
+bool Period_Copy(Session& session, std::int16_t new_period, std::int16_t base_period, Copy_Mode mode,
+                 std::optional<int> law_year) {
+    Session next = session;
+    next.Data_Ver = Present_Data_Ver(session);
+    next.Syori_Ki = new_period;
+    const bool after = mode == Copy_Mode::After;
+    const Connection cn = Cn_Open(session);
+    const Copy_Job job{cn, next, new_period, new_period - (after ? 1 : -1), after};
+    Test_Periods(cn, new_period, job.source);
+    Transaction transaction(cn);
+    const std::array<Value, 1> number = {new_period};
+    cn.Execute("INSERT INTO Ks_Ki (決算期) VALUES (?)", number);
+    Take_Period(cn, new_period, base_period);
+    if (!Copy_Chart(job)) {
+        Report_Bad_Template(session);
+        return false;
+    }
     if (!after) {
-        Zen_Get(session, new_period, 2);
-        ZZen_Get(session, new_period, 2);
+        Fill_Prior_Figures(cn, session.Is_Hokkaido(), new_period);
     }
+    Copy_Works(job);
+    Copy_Elements(job);
+    Copy_Notes(job);
+    if (law_year) {
+        Set_Law_Year(cn, session, new_period, *law_year);
+    }
+    // A source that was never in hand under the present tables lacks rows, and with the first period of the
+    // present form the store may lack columns.
+    Table_Edit(cn, next);
+    next.Simyu_Kubun = Get_Simyu_Kubun(cn, new_period);
+    transaction.Commit();
+    session = next;
     return true;
-}
-
-void To_Law2011(const Session& session, int period) {
-    Set_Law_Year(session, period, 2);
-}
-
-void To_Law2012(const Session& session, int period) {
-    Set_Law_Year(session, period, 3);
-}
-
-void To_Law2015(const Session& session, int period) {
-    const Connection cn = Cn_Open(session);
-    Transaction transaction(cn);
-    if (!Has_Element(cn, period, 106)) {
-        Make_Room_For_Pension(cn, period);
-    }
-    Add_Young_Engineer_Rows(cn, period);
-    Set_Element_210(cn, period, 4);
-    transaction.Commit();
-}
-
-void Set_Law_Year(const Session& session, int period, int law_year) {
-    const Connection cn = Cn_Open(session);
-    Transaction transaction(cn);
-    const bool has_106 = Has_Element(cn, period, 106);
-    if (law_year < 3 && has_106) {
-        Park_Pension(cn, period);
-    }
-    if (law_year >= 3 && !has_106) {
-        Make_Room_For_Pension(cn, period);
-    }
-    Set_Element_210(cn, period, law_year);
-    transaction.Commit();
 }
 
 } // namespace morvane

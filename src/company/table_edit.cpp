@@ -113,12 +113,17 @@ void Add_Young_Engineer_Rows(const Connection& cn, int period) {
 
 void Table_Edit_Run(const Session& session) {
     const Connection cn = Cn_Open(session);
-    const Pending pending = Look(cn, session);
-    if (!pending.Any()) {
+    if (!Look(cn, session).Any()) {
         return;
     }
-    const std::string period = std::to_string(session.Syori_Ki);
     Transaction transaction(cn);
+    Table_Edit(cn, session);
+    transaction.Commit();
+}
+
+void Table_Edit(const Connection& cn, const Session& session) {
+    const Pending pending = Look(cn, session);
+    const std::string period = std::to_string(session.Syori_Ki);
     // The two corrections of accounts reach the period in hand alone, yet count as done for the store.
     if (pending.account_161) {
         cn.Execute("UPDATE Ks_Zaihyo SET Ks_Zaihyo.集計識別=False WHERE 決算期=" + period +
@@ -140,7 +145,6 @@ void Table_Edit_Run(const Session& session) {
     if (pending.work_style) {
         Add_Missing_Elements(cn, session.Syori_Ki, 235, work_style_names);
     }
-    transaction.Commit();
 }
 
 } // namespace morvane

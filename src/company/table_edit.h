@@ -12,6 +12,9 @@ namespace morvane {
 /// complete store is not written at all; otherwise all changes are one transaction. Raises Store_Error.
 void Table_Edit_Run(const Session& session);
 
+/// The same on the open working store `cn`, within the caller's transaction.
+void Table_Edit(const Connection& cn, const Session& session);
+
 /// Whether the change `info_no` is entered in the ledger of the store.
 bool Sys_Info_Has(const Connection& cn, int info_no);
 

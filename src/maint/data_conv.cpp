@@ -2,9 +2,10 @@
 #include "maint/data_conv.h"
 
 #include "calc/x2w_dataget.h"
-#include "company/data_set.h"
+#include "company/law_change.h"
 #include "data/same_name.h"
 #include "data/store_file.h"
+#include "session/boxes.h"
 
 #include <algorithm>
 #include <array>
@@ -16,17 +17,8 @@ namespace morvane {
 namespace {
 
 bool Refuse(const Session& session, const std::string& text) {
-    Show_Message(session, {.title = "データ変換メッセージ", .text = text, .beep = true});
+    Tell(session, "データ変換メッセージ", text);
     return false;
-}
-
-bool Ask(const Session& session, const std::string& title, const std::string& text) {
-    return Show_Message(session, {.title = title,
-                                  .text = text,
-                                  .icon = Icon::Warning,
-                                  .buttons = Buttons::Yes_No,
-                                  .default_answer = Answer::No,
-                                  .beep = true}) == Answer::Yes;
 }
 
 std::string Of_Account(const Session& session, int code) {
@@ -104,11 +96,9 @@ void Rename(const Connection& cn, const Session& session, int code, const std::s
 void Merge_Loans(const Connection& cn, const Session& session) {
     const Recordset payables = cn.Open("SELECT * FROM Ks_Zaihyo" + Of_Account(session, 203));
     if (!payables.Eof() && payables["金額"].As_Double() != 0.0) {
-        Show_Message(session, {.title = "データ変換メッセージ",
-                               .text = "「流動負債」の「買掛金」に金額があります。このデータは、個人科目には"
-                                       "無いため削除されます。\n"
-                                       "変換終了後、確認・調整をお願いします。",
-                               .beep = true});
+        Tell(session, "データ変換メッセージ",
+             "「流動負債」の「買掛金」に金額があります。このデータは、個人科目には無いため削除されます。\n"
+             "変換終了後、確認・調整をお願いします。");
     }
     Recordset loans = cn.Open("SELECT * FROM Ks_Zaihyo" + Of_Account(session, 208));
     if (!loans.Eof()) {
@@ -241,16 +231,13 @@ bool Conv_2008_To_2010(Session& session) {
     const std::uint8_t form = session.Data_Ver == 3 ? 5 : 6;
     Convert_Statement(session, form);
     session.Data_Ver = form;
-    Show_Message(session,
-                 {.title = "財務データ変換終了", .text = "データ変換が終了しました。", .beep = true});
+    Tell(session, "財務データ変換終了", "データ変換が終了しました。");
     return true;
 }
 
 bool Dt_Conv(Session& session, const std::filesystem::path& folder) {
     if (folder.empty()) {
-        Show_Message(session, {.title = "フォルダ未指定エラー",
-                               .text = "バックアップファイルのフォルダが指定されていません。",
-                               .beep = true});
+        Tell(session, "フォルダ未指定エラー", "バックアップファイルのフォルダが指定されていません。");
         return false;
     }
     {
@@ -263,7 +250,7 @@ bool Dt_Conv(Session& session, const std::filesystem::path& folder) {
         }
         transaction.Commit();
     }
-    Show_Message(session, {.title = "データ変換完了", .text = "データの変換が終了しました。", .beep = true});
+    Tell(session, "データ変換完了", "データの変換が終了しました。");
     return true;
 }
 

@@ -53,15 +53,18 @@ double Yoso_Get(int code, Recordset& rows) {
 }
 
 std::uint8_t Get_Data_Ver(const Session& session, int period) {
-    const Connection cn = Cn_Open(session);
+    return Get_Data_Ver(Cn_Open(session), session.Is_Hokkaido(), period);
+}
+
+std::uint8_t Get_Data_Ver(const Connection& cn, bool hokkaido, int period) {
     const std::string of_period =
         "SELECT * FROM Ks_Zaihyo WHERE 決算期=" + std::to_string(period) + " AND 建設科目CD=";
     const Recordset marker = cn.Open(of_period + "99;");
-    std::int64_t form = session.Is_Hokkaido() ? 52 : 51;
+    std::int64_t form = hokkaido ? 52 : 51;
     if (!marker.Eof()) {
         form = marker["並び順"].As_Integer(2);
     }
-    if (session.Is_Hokkaido()) {
+    if (hokkaido) {
         if (form == 1 || (form == 2 && cn.Open(of_period + "552;").Eof())) {
             form = 53;
         }

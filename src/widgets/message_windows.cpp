@@ -1,8 +1,11 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "widgets/message_windows.h"
 
+#include "widgets/theme.h"
+
 #include <QApplication>
 #include <QMessageBox>
+#include <QPainter>
 #include <QPushButton>
 #include <array>
 
@@ -35,16 +38,44 @@ bool Has(Buttons buttons, Answer answer) {
     return false;
 }
 
+// A round sign for a notice, a triangle for a question or warning, in the program's colours.
+QPixmap Sign(Icon icon) {
+    constexpr int side = 44;
+    const qreal scale = qApp->devicePixelRatio();
+    QPixmap picture(QSize(side, side) * scale);
+    picture.setDevicePixelRatio(scale);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    const bool notice = icon == Icon::Information;
+    if (notice) {
+        painter.setBrush(QColor(theme::accent));
+        painter.drawEllipse(2, 2, side - 4, side - 4);
+    } else {
+        painter.setBrush(QColor(0xF2, 0xB1, 0x34));
+        painter.setPen(QPen(QColor(0xF2, 0xB1, 0x34), 6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        painter.drawPolygon(QPolygon({QPoint(side / 2, 5), QPoint(side - 5, side - 6), QPoint(5, side - 6)}));
+    }
+    painter.setPen(notice ? QColor(Qt::white) : QColor(theme::text));
+    painter.setFont(theme::Gothic(theme::title_points + 4, true));
+    painter.drawText(QRect(0, notice ? 0 : 6, side, side - (notice ? 0 : 6)), Qt::AlignCenter,
+                     notice ? QStringLiteral("i") : QStringLiteral("!"));
+    return picture;
+}
+
 } // namespace
 
 Answer Message_Windows::Show(const Message_Box& box) {
     QMessageBox window(QApplication::activeModalWidget() != nullptr ? QApplication::activeModalWidget()
                                                                     : QApplication::activeWindow());
+    window.setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                          Qt::WindowCloseButtonHint);
     window.setObjectName(QStringLiteral("Message_Box"));
     window.setWindowTitle(box.title.empty() ? QStringLiteral("Morvane") : QString::fromStdString(box.title));
     window.setTextFormat(Qt::PlainText);
     window.setText(QString::fromStdString(box.text));
-    window.setIcon(box.icon == Icon::Information ? QMessageBox::Information : QMessageBox::Warning);
+    window.setIconPixmap(Sign(box.icon));
     for (const Button_Row& row : button_rows) {
         if (!Has(box.buttons, row.answer)) {
             continue;

@@ -55,9 +55,8 @@ constexpr std::array<Source, 19> sources = {{
 constexpr std::size_t second_prior_rows = 9;
 constexpr std::size_t advances_row = 8;
 
-std::vector<double> Read_Block(const Session& session, int period, std::size_t count) {
-    const int form = Get_Data_Ver(session, period);
-    const Connection cn = Cn_Open(session);
+std::vector<double> Read_Block(const Connection& cn, bool hokkaido, int period, std::size_t count) {
+    const int form = Get_Data_Ver(cn, hokkaido, period);
     Recordset rows =
         cn.Open("SELECT * FROM Ks_Zaihyo WHERE 決算期=" + std::to_string(period) + " ORDER BY 建設科目CD;");
     std::vector<double> amounts;
@@ -72,7 +71,6 @@ std::vector<double> Read_Block(const Session& session, int period, std::size_t c
 }
 
 void Write_Block(const Connection& cn, int period, int first_code, std::span<const double> amounts) {
-    Transaction transaction(cn);
     Recordset rows =
         cn.Open("SELECT * FROM Ks_Zaihyo WHERE 決算期=" + std::to_string(period) + " ORDER BY 建設科目CD;");
     for (std::size_t i = 0; i < amounts.size(); ++i) {
@@ -82,34 +80,52 @@ void Write_Block(const Connection& cn, int period, int first_code, std::span<con
             rows.Update();
         }
     }
-    transaction.Commit();
 }
 
-void Copy_Block(const Session& session, std::int16_t kikan, int back, std::uint8_t dest, int first_code,
-                std::size_t count) {
-    if (kikan < std::numeric_limits<std::int16_t>::min() + back) {
+/// A block of prior figures: of which period back, in which rows.
+struct Block {
+    int back;
+    int first_code;
+    std::size_t count;
+};
+constexpr Block prior = {1, 820, sources.size()};
+constexpr Block second_prior = {2, 800, second_prior_rows};
+
+std::vector<double> Read_Block(const Connection& cn, bool hokkaido, std::int16_t kikan, const Block& block) {
+    if (kikan < std::numeric_limits<std::int16_t>::min() + block.back) {
         throw Run_Time_Error(Run_Time_Error::Kind::Overflow, "前期の決算期の計算で桁あふれが発生しました。");
     }
-    const std::vector<double> amounts = Read_Block(session, kikan - back, count);
+    return Read_Block(cn, hokkaido, kikan - block.back, block.count);
+}
+
+void Copy_Block(const Session& session, std::int16_t kikan, std::uint8_t dest, const Block& block) {
+    const Connection cn = Cn_Open(session);
+    const std::vector<double> amounts = Read_Block(cn, session.Is_Hokkaido(), kikan, block);
     if (amounts.empty()) {
         return;
     }
-    if (dest == 1) {
-        Write_Block({Find_File(session.App_Path, "morv_tmp.dat"), session.Db_Key}, kikan, first_code,
-                    amounts);
-    } else {
-        Write_Block(Cn_Open(session), kikan, first_code, amounts);
-    }
+    const Connection target = dest == 1
+                                  ? Connection(Find_File(session.App_Path, "morv_tmp.dat"), session.Db_Key)
+                                  : Cn_Open(session);
+    Transaction transaction(target);
+    Write_Block(target, kikan, block.first_code, amounts);
+    transaction.Commit();
 }
 
 } // namespace
 
 void Zen_Get(const Session& session, std::int16_t kikan, std::uint8_t dest) {
-    Copy_Block(session, kikan, 1, dest, 820, sources.size());
+    Copy_Block(session, kikan, dest, prior);
 }
 
 void ZZen_Get(const Session& session, std::int16_t kikan, std::uint8_t dest) {
-    Copy_Block(session, kikan, 2, dest, 800, second_prior_rows);
+    Copy_Block(session, kikan, dest, second_prior);
+}
+
+void Fill_Prior_Figures(const Connection& cn, bool hokkaido, std::int16_t kikan) {
+    for (const Block& block : {prior, second_prior}) {
+        Write_Block(cn, kikan, block.first_code, Read_Block(cn, hokkaido, kikan, block));
+    }
 }
 
 } // namespace morvane

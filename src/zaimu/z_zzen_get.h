@@ -16,4 +16,7 @@ void Zen_Get(const Session& session, std::int16_t kikan, std::uint8_t dest);
 /// The same from the second-prior period (`kikan` - 2) into rows 800 to 808.
 void ZZen_Get(const Session& session, std::int16_t kikan, std::uint8_t dest);
 
+/// Both blocks of the working store `cn` within the caller's transaction. Raises as Zen_Get.
+void Fill_Prior_Figures(const Connection& cn, bool hokkaido, std::int16_t kikan);
+
 } // namespace morvane

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "maint/data_conv.h"
 
-#include "company/data_set.h"
+#include "company/law_change.h"
 #include "data/store_file.h"
 #include "maint/csv_out.h"
 #include "session/kyotu_mod.h"

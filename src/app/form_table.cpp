@@ -1,0 +1,114 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "app/form_table.h"
+
+#include "app/frm_dtselect.h"
+#include "app/frm_ver.h"
+#include "company/frm_kssitei.h"
+#include "screens/frm_qanda.h"
+
+#include <array>
+
+namespace morvane {
+
+namespace {
+
+template <class Screen>
+Form* Make(Shell_Port& shell) {
+    return new Screen(shell);
+}
+
+constexpr auto form_rows = std::to_array<Form_Row>({
+    // The shell.
+    {"Frm_DtSelect", Make<Frm_DtSelect>, true},
+    {"Frm_Ver", Make<Frm_Ver>, true},
+    {"Frm_HpOpen", nullptr, true},
+    {"Frm_Settei", nullptr, true},
+    {"Frm_QandA", Make<Frm_QandA>, true},
+    // Companies and periods.
+    {"Frm_JGSitei", nullptr, true},
+    {"Frm_JgNew", nullptr, true},
+    {"Frm_Jgmas", nullptr, true},
+    {"Frm_KsSitei", Make<Frm_KsSitei>},
+    // Statements.
+    {"Frm_KsZaihyo"},
+    {"Frm_KsZaihyoKJ", nullptr, false, "Frm_KsZaihyo"},
+    {"Frm_KsZenki"},
+    {"Frm_KsZenkiKJ", nullptr, false, "Frm_KsZenki"},
+    {"Frm_KsHendo"},
+    {"Frm_KsZaiUP"},
+    {"Frm_KsZaiUPKJ", nullptr, false, "Frm_KsZaiUP"},
+    {"Frm_UPCheck", nullptr, true},
+    {"Frm_UPCheckKJ", nullptr, true, "Frm_UPCheck"},
+    {"Frm_PrKSZaiSti", nullptr, true},
+    {"Frm_YSisan", nullptr, true},
+    // The review.
+    {"Frm_Keiei"},
+    {"Frm_KeieiKz"},
+    {"Frm_Y1_Calc_Check"},
+    {"Frm_Ychart"},
+    {"Frm_Advice"},
+    {"Frm_Syokuta"},
+    {"Frm_Syokuta_2011", nullptr, false, "Frm_Syokuta"},
+    {"Frm_Syokuta_2012", nullptr, false, "Frm_Syokuta"},
+    {"Frm_Syokutakaiz"},
+    {"Frm_Syokutakaiz_2011", nullptr, false, "Frm_Syokutakaiz"},
+    {"Frm_Syokutakaiz_2012", nullptr, false, "Frm_Syokutakaiz"},
+    {"Frm_SyokutaHKzen"},
+    {"Frm_SyokutaHKzen_2011", nullptr, false, "Frm_SyokutaHKzen"},
+    {"Frm_SyokutaHKzen_2012", nullptr, false, "Frm_SyokutaHKzen"},
+    {"Frm_Kanko"},
+    {"Frm_Kanko2", nullptr, false, "Frm_Kanko"},
+    {"Frm_KankoKaiz"},
+    {"Frm_KankoKaiz2", nullptr, false, "Frm_KankoKaiz"},
+    {"Frm_KankoKaiz3", nullptr, false, "Frm_KankoKaiz"},
+    {"Frm_KankoKaizzen"},
+    {"Frm_KankoKaiz2zen", nullptr, false, "Frm_KankoKaizzen"},
+    {"Frm_KankoKaiz3zen", nullptr, false, "Frm_KankoKaizzen"},
+    {"Frm_Gekihen"},
+    {"Frm_KzCopy", nullptr, true},
+    // How a score came about.
+    {"Frm_X2_Calc_Check"},
+    {"Frm_W1_Calc_Check"},
+    {"Frm_W1_Calc_Check2012", nullptr, false, "Frm_W1_Calc_Check"},
+    {"Frm_W2_Calc_Check"},
+    {"Frm_W2_Calc_Check_2011"},
+    {"Frm_W7_Calc_Check_2011"},
+    {"Frm_W8_Calc_Check_2011"},
+    {"Frm_W9_Calc_Check_2015"},
+    {"Frm_W10_Calc_Check_2021"},
+    {"Frm_W_Calc_Check_2011"},
+    {"Frm_XZP_Calc_Check"},
+    {"Frm_Zイ_Calc_Check"},
+    {"Frm_W2_Calc_Table"},
+    {"Frm_Calc_Tbl"},
+    // Rating.
+    {"Frm_Kakuduke"},
+    {"Frm_HatyuSitei", nullptr, true},
+    {"Frm_KakuInfoUP", nullptr, true},
+    {"Frm_KakuHpOpen", nullptr, true},
+    // Reports, maintenance, exchange.
+    {"Frm_PrtSET", nullptr, true},
+    {"Frm_DtHosyu"},
+    {"Frm_DtConv", nullptr, true},
+    {"Frm_MlSend", nullptr, true},
+    {"Frm_DtSend", nullptr, true},
+    {"Frm_DtRec", nullptr, true},
+    {"Frm_ToiSend", nullptr, true},
+});
+
+} // namespace
+
+std::span<const Form_Row> Form_Table() {
+    return form_rows;
+}
+
+const Form_Row* Find_Form(std::string_view name) {
+    for (const Form_Row& row : form_rows) {
+        if (name == row.name) {
+            return &row;
+        }
+    }
+    return nullptr;
+}
+
+} // namespace morvane

@@ -1,0 +1,353 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "app/frm_command.h"
+
+#include "app/form_table.h"
+#include "widgets/theme.h"
+#include "zaimu/zaimu_calc.h"
+
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScrollArea>
+#include <QVBoxLayout>
+#include <array>
+#include <memory>
+
+namespace morvane {
+
+namespace {
+
+QString Text(const std::string& text) {
+    return QString::fromStdString(text);
+}
+
+// A name that is too long for the column keeps its beginning; the tool tip has all of it.
+void Show_Name(QLabel& label, const QString& name) {
+    label.setText(name);
+    label.setToolTip(name);
+}
+
+} // namespace
+
+// ---- Panel_Line
+
+Panel_Line::Panel_Line() {
+    setObjectName(QStringLiteral("Panel_Line"));
+    setFixedWidth(14);
+}
+
+void Panel_Line::Point_At(const QWidget* button) {
+    const QPoint middle = button->mapToGlobal(QPoint(0, button->height() / 2));
+    height_of_line = mapFromGlobal(middle).y();
+    update();
+}
+
+void Panel_Line::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    painter.setPen(QPen(QColor(theme::accent), 3));
+    painter.drawLine(0, height_of_line, width(), height_of_line);
+    painter.drawLine(width() - 2, 0, width() - 2, height());
+}
+
+// ---- building
+
+Frm_Command::Frm_Command(Shell_Port& shell_port, Work_Area& work_area, std::function<void()> end)
+    : shell(shell_port), area(work_area), normal_end(std::move(end)), SyaMei(new QLabel),
+      KsKi_Dsp(new QLabel), JimusyoMei(new QLabel), TiikiMei(new QLabel), panel_line(new Panel_Line) {
+    setObjectName(QStringLiteral("Frm_Command"));
+    shell.session.Edit_Flg = false;
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(0);
+    auto* command = new QFrame;
+    theme::Set_Look(command, "command");
+    command->setFixedWidth(theme::command_width);
+    auto* column = new QVBoxLayout(command);
+    column->setContentsMargins(8, 8, 8, 8);
+    column->setSpacing(4);
+    Add_Heading(*column);
+    Add_Groups(*column);
+    column->addStretch(1);
+    column->addWidget(TiikiMei);
+    row->addWidget(command);
+    row->addWidget(panel_line);
+    for (const Menu_Panel& panel : Menu_Panels()) {
+        row->addWidget(panel_widgets[panel.name] = Make_Panel(panel));
+    }
+    panel_line->hide();
+    JimusyoMei->setVisible(shell.session.Is_Multi());
+    JimusyoMei->setText(Text(shell.session.Office_Name));
+    TiikiMei->setText(Text(shell.session.Todofuken_Mei + " 版"));
+    connect(&area, &Work_Area::All_Closed, this, &Frm_Command::Screens_Closed);
+    if (shell.session.Is_Multi()) {
+        Show_No_Company();
+    } else {
+        Show_Company();
+    }
+}
+
+void Frm_Command::Add_Heading(QVBoxLayout& column) {
+    auto* company = new QFrame;
+    theme::Set_Look(company, "company");
+    auto* lines = new QVBoxLayout(company);
+    lines->setContentsMargins(8, 6, 8, 6);
+    lines->setSpacing(2);
+    const std::array<std::pair<QLabel*, const char*>, 4> labels = {
+        {{JimusyoMei, "JimusyoMei"}, {SyaMei, "SyaMei"}, {KsKi_Dsp, "KsKi_Dsp"}, {TiikiMei, "TiikiMei"}}};
+    for (const auto& [label, name] : labels) {
+        label->setObjectName(QString::fromLatin1(name));
+        label->setTextFormat(Qt::PlainText);
+        label->setWordWrap(label != TiikiMei);
+    }
+    SyaMei->setFont(theme::Gothic(theme::body_points, true));
+    SyaMei->setMaximumHeight(3 * SyaMei->fontMetrics().lineSpacing() + 2);
+    JimusyoMei->setFont(theme::Gothic(9));
+    JimusyoMei->setMaximumHeight(2 * JimusyoMei->fontMetrics().lineSpacing() + 2);
+    KsKi_Dsp->setFont(theme::Gothic(theme::heading_points, true));
+    theme::Set_Look(TiikiMei, "muted");
+    TiikiMei->setAlignment(Qt::AlignRight);
+    lines->addWidget(JimusyoMei);
+    lines->addWidget(SyaMei);
+    lines->addWidget(KsKi_Dsp);
+    column.addWidget(company);
+}
+
+void Frm_Command::Add_Groups(QVBoxLayout& column) {
+    for (const Menu_Group& group : Menu_Groups()) {
+        auto* heading = new QLabel(QString::fromUtf8(group.heading));
+        theme::Set_Look(heading, "muted");
+        heading->setFont(theme::Gothic(9.5, true));
+        column.addSpacing(6);
+        column.addWidget(heading);
+        for (const Menu_Entry& entry : group.entries) {
+            main_buttons.push_back(Add_Button(column, entry));
+        }
+    }
+}
+
+QWidget* Frm_Command::Make_Panel(const Menu_Panel& panel) {
+    auto* widget = new QFrame;
+    widget->setObjectName(QString::fromUtf8(panel.name));
+    theme::Set_Look(widget, "popout");
+    widget->setFixedWidth(theme::command_width - 12);
+    auto* column = new QVBoxLayout(widget);
+    column->setContentsMargins(8, 12, 8, 8);
+    column->setSpacing(6);
+    auto* heading = new QLabel(QString::fromUtf8(panel.heading));
+    theme::Set_Look(heading, "heading");
+    column->addWidget(heading);
+    for (const Menu_Entry& entry : panel.entries) {
+        if (entry.action == Menu_Action::Close_Panel) {
+            column->addSpacing(8);
+        }
+        panel_buttons.push_back(Add_Button(*column, entry));
+    }
+    column->addStretch(1);
+    widget->hide();
+    return widget;
+}
+
+Menu_Button* Frm_Command::Add_Button(QVBoxLayout& column, const Menu_Entry& entry) {
+    auto* button = new Menu_Button(entry, Text(Caption_Of(entry, shell.session)));
+    column.addWidget(button);
+    connect(button, &QPushButton::clicked, this,
+            [this, button] { shell.Guard([this, button] { Press(*button); }); });
+    return button;
+}
+
+Menu_Button* Frm_Command::Button(const char* name) const {
+    return findChild<Menu_Button*>(QString::fromUtf8(name));
+}
+
+// ---- what the menu shows
+
+void Frm_Command::Show_Company() {
+    const Session& session = shell.session;
+    KsKi_Dsp->setText(session.Syori_Ki != 0 || session.Is_Multi()
+                          ? Text("第" + std::to_string(session.Syori_Ki) + "期")
+                          : QStringLiteral("第   期"));
+    Show_Name(*SyaMei, Text(session.Jigyo_Name));
+    area.Set_Hint({});
+    Update_Captions();
+    Update_Enabled();
+}
+
+void Frm_Command::Show_No_Company() {
+    KsKi_Dsp->setText({});
+    Show_Name(*SyaMei, QStringLiteral("事業所が指定されていません！"));
+    area.Set_Hint(QStringLiteral("メニューの「事業所登録・指定」で、処理する事業所を指定してください。"));
+    Update_Captions();
+    Update_Enabled();
+}
+
+void Frm_Command::Show_Registered() {
+    Show_Company();
+    if (shell.session.Is_Corporation()) {
+        Button("Cmd_KsZ3")->Set_Caption(Text(Caption_After_Registration(shell.session)));
+    }
+}
+
+void Frm_Command::Update_Captions() {
+    for (const auto* buttons : {&main_buttons, &panel_buttons}) {
+        for (Menu_Button* button : *buttons) {
+            // The caption of the statement of changes is set by a registration alone.
+            if (button->entry.name != std::string_view("Cmd_KsZ3")) {
+                button->Set_Caption(Text(Caption_Of(button->entry, shell.session)));
+            }
+        }
+    }
+}
+
+void Frm_Command::Update_Enabled() {
+    // While a panel or a screen is open, no other one can replace the data under it.
+    const bool free = open_panel == nullptr && area.Forms().isEmpty();
+    for (Menu_Button* button : main_buttons) {
+        const bool is_end = button->entry.action == Menu_Action::End;
+        button->setEnabled((free || (is_end && open_panel == nullptr)) &&
+                           Is_Enabled(button->entry, shell.session));
+    }
+    for (Menu_Button* button : panel_buttons) {
+        button->setEnabled(!button->entry.corporation_only || Is_Enabled(button->entry, shell.session));
+    }
+}
+
+void Frm_Command::Highlight(Menu_Button* button) {
+    if (Last_Button != nullptr) {
+        Last_Button->Set_Open(false);
+    }
+    Last_Button = button;
+    if (button != nullptr) {
+        button->Set_Open(true);
+    }
+}
+
+void Frm_Command::Focus_First() {
+    const auto& buttons = open_panel != nullptr ? panel_buttons : main_buttons;
+    for (Menu_Button* button : buttons) {
+        if (button->isVisibleTo(window()) && button->isEnabled()) {
+            button->setFocus(Qt::TabFocusReason);
+            return;
+        }
+    }
+}
+
+// ---- what a press does
+
+void Frm_Command::Press(Menu_Button& button) {
+    switch (button.entry.action) {
+    case Menu_Action::Open_Panel:
+        Open_Panel(button);
+        break;
+    case Menu_Action::Close_Panel:
+        Close_Panel();
+        break;
+    case Menu_Action::End:
+        Highlight(nullptr);
+        normal_end();
+        break;
+    case Menu_Action::Open_Form:
+        Open_Screen(button);
+        break;
+    }
+}
+
+void Frm_Command::Open_Panel(Menu_Button& button) {
+    if (!Enter_Panel(shell.session, button.entry)) {
+        return;
+    }
+    open_panel = &Panel_Of(button.entry.target);
+    panel_owner = &button;
+    Update_Captions();
+    Update_Enabled();
+    panel_widgets[open_panel->name]->show();
+    panel_line->show();
+    layout()->activate();
+    panel_line->Point_At(&button);
+    Focus_First();
+}
+
+void Frm_Command::Close_Panel() {
+    if (open_panel == nullptr || !area.Close_All()) {
+        return;
+    }
+    if (open_panel->statements) {
+        Zaimu_Shukei(shell.session, 2);
+    }
+    panel_widgets[open_panel->name]->hide();
+    panel_line->hide();
+    open_panel = nullptr;
+    Update_Captions();
+    Update_Enabled();
+    panel_owner->setFocus(Qt::TabFocusReason);
+}
+
+void Frm_Command::Open_Screen(Menu_Button& button) {
+    // The screen of the family that is open saves and goes first, so that the gates see what it stored.
+    if (!area.Close_All() || !Enter_Screen(shell.session, button.entry)) {
+        return;
+    }
+    for (const Gate gate : button.entry.gates) {
+        if (gate == Gate::Statement) {
+            gate_amounts = Statement_Gate_Amounts(shell.session);
+        }
+    }
+    shell.session.Jg_New_Flg = false;
+    Highlight(&button);
+    Open_Form(Text(Form_Of(button.entry, shell.session)));
+}
+
+void Frm_Command::Open_Form(const QString& form) {
+    const Form_Row* row = Find_Form(form.toStdString());
+    if (row == nullptr || row->make == nullptr) {
+        Show_Message(shell.session, {.title = "", .text = "この画面は準備中です。"});
+        Screens_Closed();
+        return;
+    }
+    shell.session.Edit_Flg = true;
+    std::unique_ptr<Form> screen;
+    try {
+        screen.reset(row->make(shell));
+    } catch (...) {
+        Screens_Closed();
+        throw;
+    }
+    if (!row->modal) {
+        area.Open(screen.release());
+        Update_Enabled();
+        return;
+    }
+    screen->setParent(shell.Window(),
+                      Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
+    screen->exec();
+    screen.reset();
+    Screens_Closed();
+}
+
+void Frm_Command::Screens_Closed() {
+    if (!area.Forms().isEmpty()) {
+        return;
+    }
+    Highlight(nullptr);
+    shell.session.Edit_Flg = false;
+    Update_Enabled();
+    if (QWidget* focus = window()->focusWidget(); focus == nullptr || !isAncestorOf(focus)) {
+        Focus_First();
+    }
+}
+
+void Frm_Command::Other_Firm_Comparison() {
+    if (Enter_Other_Firm(shell.session)) {
+        gate_amounts = Statement_Gate_Amounts(shell.session);
+        Open_Form(QStringLiteral("Frm_KeieiKz"));
+    }
+}
+
+void Frm_Command::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape && open_panel != nullptr) {
+        shell.Guard([this] { Close_Panel(); });
+        return;
+    }
+    QWidget::keyPressEvent(event);
+}
+
+} // namespace morvane

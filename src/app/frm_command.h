@@ -1,0 +1,95 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#pragma once
+
+#include "app/menu_button.h"
+#include "app/work_area.h"
+#include "widgets/shell_port.h"
+
+#include <QLabel>
+#include <QWidget>
+#include <functional>
+#include <map>
+#include <vector>
+
+class QVBoxLayout;
+
+namespace morvane {
+
+/// The line that connects the pressed main button with its panel.
+class Panel_Line : public QWidget {
+  public:
+    Panel_Line();
+    void Point_At(const QWidget* button);
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    int height_of_line = 0;
+};
+
+/// The menu: the column of main buttons at the left of the frame and the panels that open beside it. Every
+/// screen is reached from here.
+class Frm_Command : public QWidget {
+    Q_OBJECT
+
+  public:
+    /// `end` is the normal end of the program (Cmd_End).
+    Frm_Command(Shell_Port& shell_port, Work_Area& work_area, std::function<void()> end);
+
+    /// Labels, captions and buttons by the session: a company is in hand.
+    void Show_Company();
+
+    /// No company is in hand.
+    void Show_No_Company();
+
+    /// A company has just been registered: the caption of the statement of changes follows its data form.
+    void Show_Registered();
+
+    /// The comparison with another firm; no button leads here.
+    void Other_Firm_Comparison();
+
+    /// Opens a form of the table; the menu keeps track of it.
+    void Open_Form(const QString& form);
+
+    /// Puts the focus on the first button that can be pressed.
+    void Focus_First();
+
+    std::array<Value, 4> gate_amounts; ///< accounts 179, 319, 419, 399 as the statement gate found them
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+  private:
+    void Add_Heading(QVBoxLayout& column);
+    void Add_Groups(QVBoxLayout& column);
+    QWidget* Make_Panel(const Menu_Panel& panel);
+    Menu_Button* Add_Button(QVBoxLayout& column, const Menu_Entry& entry);
+    [[nodiscard]] Menu_Button* Button(const char* name) const;
+
+    void Press(Menu_Button& button);
+    void Open_Panel(Menu_Button& button);
+    void Close_Panel();
+    void Open_Screen(Menu_Button& button);
+    void Highlight(Menu_Button* button);
+    void Screens_Closed();
+    void Update_Captions();
+    void Update_Enabled();
+
+    Shell_Port& shell;
+    Work_Area& area;
+    std::function<void()> normal_end;
+    QLabel* SyaMei;
+    QLabel* KsKi_Dsp;
+    QLabel* JimusyoMei;
+    QLabel* TiikiMei;
+    Panel_Line* panel_line;
+    std::vector<Menu_Button*> main_buttons;
+    std::vector<Menu_Button*> panel_buttons;
+    std::map<std::string, QWidget*> panel_widgets;
+    const Menu_Panel* open_panel = nullptr;
+    Menu_Button* panel_owner = nullptr;
+    Menu_Button* Last_Button = nullptr;
+};
+
+} // namespace morvane

@@ -1,0 +1,358 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "app/menu_table.h"
+
+#include "calc/law_year.h"
+
+#include <stdexcept>
+
+namespace morvane {
+
+namespace {
+
+using enum Menu_Action;
+
+constexpr std::array<Menu_Entry, 4> statement_group = {{
+    {.name = "Cmd_KsZ1", .caption = "貸借対照表", .action = Open_Panel, .target = "Mnu_KsZTais"},
+    {.name = "Cmd_KsZ2", .caption = "損益計算書", .action = Open_Panel, .target = "Mnu_KsZSon"},
+    {.name = "Cmd_KsZ3",
+     .caption = "変動計算書",
+     .target = "Frm_KsHendo",
+     .screen_no = 58,
+     .title = "変動計算書",
+     .corporation_only = true},
+    {.name = "Cmd_KsZ4",
+     .caption = "　前期･前々期　データ",
+     .target = "Frm_KsZenki",
+     .role = Form_Role::Prior_Figures,
+     .screen_no = 40,
+     .title = "前期･前々期データ"},
+}};
+
+constexpr std::array<Menu_Entry, 4> simulation_group = {{
+    {.name = "Cmd_Sim1", .caption = "現状分析", .action = Open_Panel, .target = "Mnu_GBun"},
+    {.name = "Cmd_Sim2", .caption = "改善ｼﾐｭﾚｰｼｮﾝ", .action = Open_Panel, .target = "Mnu_UpSim"},
+    {.name = "Cmd_Sim3",
+     .caption = "前期比較",
+     .action = Open_Panel,
+     .target = "Mnu_Zenki",
+     .gates = {Gate::Prior_Period}},
+    {.name = "Cmd_Sim4", .caption = "格付ｼﾐｭﾚｰｼｮﾝ", .target = "Frm_Kakuduke"},
+}};
+
+constexpr std::array<Menu_Entry, 5> other_group = {{
+    {.name = "Cmd_Hojyo1", .caption = "決算期処理", .target = "Frm_KsSitei"},
+    {.name = "Cmd_Hojyo2", .caption = "データ送受信", .action = Open_Panel, .target = "Mnu_Sojyu"},
+    {.name = "Cmd_Hojyo3", .caption = "データ保守", .target = "Frm_DtHosyu", .always = true},
+    {.name = "Cmd_Hojyo4",
+     .caption = "自社情報",
+     .target = "Frm_Jgmas",
+     .role = Form_Role::Own_Company,
+     .multi_caption = "事業所情報"},
+    {.name = "Cmd_End", .caption = "終了", .action = End, .always = true},
+}};
+
+constexpr std::array<Menu_Group, 3> groups = {{
+    {"建設業財務諸表", statement_group},
+    {"シミュレーション", simulation_group},
+    {"補助処理", other_group},
+}};
+
+constexpr Menu_Entry Statement(const char* name, const char* caption, std::uint8_t screen_no,
+                               std::int16_t from, std::int16_t to, const char* title,
+                               const char* ip_class = "") {
+    return {.name = name,
+            .caption = caption,
+            .target = "Frm_KsZaihyo",
+            .role = Form_Role::Statement,
+            .screen_no = screen_no,
+            .title = title,
+            .kamoku_from = from,
+            .kamoku_to = to,
+            .ip_class = ip_class};
+}
+
+constexpr Menu_Entry With_Kojin(Menu_Entry entry, const char* caption, const char* title) {
+    entry.kojin_caption = caption;
+    entry.kojin_title = title;
+    return entry;
+}
+
+constexpr Menu_Entry With_Old_Title(Menu_Entry entry, const char* title) {
+    entry.old_form_title = title;
+    return entry;
+}
+
+constexpr Menu_Entry For_Corporation(Menu_Entry entry) {
+    entry.corporation_only = true;
+    return entry;
+}
+
+constexpr Menu_Entry Print_Statements(const char* name) {
+    return {.name = name, .caption = "印刷", .target = "Frm_PrKSZaiSti"};
+}
+
+constexpr Menu_Entry Close(const char* name) {
+    return {.name = name, .caption = "閉じる", .action = Close_Panel};
+}
+
+constexpr std::array<Menu_Entry, 7> balance_sheet = {{
+    Statement("Cmd_KsT(0)", "流動資産", 41, 100, 129, "貸借対照表－流動資産"),
+    Statement("Cmd_KsT(1)", "有形固定資産  減価償却", 42, 130, 149,
+              "貸借対照表－有形固定資産、減価償却累計額"),
+    With_Kojin(Statement("Cmd_KsT(2)", "無形固定資産  ～繰延資産", 43, 150, 199,
+                         "貸借対照表－無形固定資産、投資等、繰延資産"),
+               " 無形固定資産  投資等", "貸借対照表－無形固定資産、投資等"),
+    Statement("Cmd_KsT(3)", "流動・固定負債", 44, 200, 249, "貸借対照表－流動負債、固定負債"),
+    With_Old_Title(With_Kojin(Statement("Cmd_KsT(4)", "資本金、剰余金", 45, 250, 399,
+                                        "貸借対照表－資本金、法定準備金、剰余金"),
+                              "  期首資本金  事業主勘定", "貸借対照表－期首資本金、事業主勘定"),
+                   "貸借対照表－資本金、利益剰余金、評価・換算差額等"),
+    Print_Statements("Cmd_KsT(5)"),
+    Close("Cmd_KsT(6)"),
+}};
+
+constexpr std::array<Menu_Entry, 8> income_statement = {{
+    Statement("Cmd_KsS(0)", "売上高", 46, 400, 419, "損益計算書－売上高", "Kku"),
+    Statement("Cmd_KsS(1)", "一般管理費", 47, 420, 469, "損益計算書－販売費・一般管理費", "Ipk"),
+    Statement("Cmd_KsS(2)", "営業外損益", 48, 470, 489, "損益計算書－営業外損益", "Ipk"),
+    For_Corporation(
+        Statement("Cmd_KsS(3)", "特別損益  損益処理", 49, 490, 529, "損益計算書－特別損益、損益処分", "Egs")),
+    Statement("Cmd_KsS(4)", "完成工事原価報告書", 50, 530, 579, "損益計算書－完成工事原価報告書"),
+    Statement("Cmd_KsS(5)", " 兼業売上原価  報告書", 51, 700, 729, "損益計算書－兼業事業売上原価報告書"),
+    Print_Statements("Cmd_KsS(6)"),
+    Close("Cmd_KsS(7)"),
+}};
+
+// Present data have no accounts for the appropriation of profit, and no button leads here.
+constexpr std::array<Menu_Entry, 3> appropriation = {{
+    {.name = "Cmd_KsRs(0)",
+     .caption = "利益処分",
+     .target = "Frm_KsZaihyo",
+     .screen_no = 52,
+     .title = "利益処分",
+     .kamoku_from = 600,
+     .kamoku_to = 639},
+    Print_Statements("Cmd_KsRs(1)"),
+    Close("Cmd_KsRs(2)"),
+}};
+
+constexpr std::array<Menu_Entry, 6> current_state = {{
+    {.name = "Cmd_GB(0)",
+     .caption = "経営状況（Ｙ）",
+     .target = "Frm_Keiei",
+     .screen_no = 53,
+     .title = "現状分析－経営状況（Ｙ）",
+     .gates = {Gate::Statement}},
+    {.name = "Cmd_GB(1)",
+     .caption = "利益額・その他（Ｘ２、Ｗ）",
+     .role = Form_Role::X2W_Entry,
+     .screen_no = 54,
+     .title = "現状分析－自己資本額・平均利益額・その他（Ｘ２、Ｗ）"},
+    {.name = "Cmd_GB(2)",
+     .caption = "完工高･技術者（Ｐ、Ｘ１、Ｚ）",
+     .target = "Frm_Kanko",
+     .screen_no = 55,
+     .title = "現状分析－完工高・技術職員数（Ｐ，Ｘ１，Ｚ）"},
+    {.name = "Cmd_GB(3)",
+     .caption = "激変緩和比較",
+     .target = "Frm_Gekihen",
+     .screen_no = 56,
+     .title = "現状分析－激変緩和措置比較",
+     .gates = {Gate::Completed_Work, Gate::Y, Gate::X2W}},
+    {.name = "Cmd_GB(4)",
+     .caption = " 点数ｱｯﾌﾟ ｺﾝｻﾙﾃｰｼｮﾝ",
+     .target = "Frm_Ychart",
+     .screen_no = 57,
+     .title = "現状分析－点数アップコンサル",
+     .gates = {Gate::Y_Short}},
+    Close("Cmd_GB(5)"),
+}};
+
+constexpr std::array<Menu_Entry, 6> improvement = {{
+    {.name = "Cmd_UpS(0)", .caption = "財務改善", .target = "Frm_KsZaiUP", .role = Form_Role::Journal},
+    {.name = "Cmd_UpS(1)",
+     .caption = "経営状況（Ｙ）",
+     .target = "Frm_KeieiKz",
+     .screen_no = 72,
+     .title = "改善シミュレーション－経営状況（Ｙ）",
+     .gates = {Gate::Statement}},
+    {.name = "Cmd_UpS(2)",
+     .caption = "利益額・その他（Ｘ２、Ｗ）",
+     .role = Form_Role::X2W_Improved,
+     .screen_no = 73,
+     .title = "改善シミュレーション－自己資本額・平均利益額・その他（Ｘ２、Ｗ）",
+     .gates = {Gate::Current_X2W}},
+    {.name = "Cmd_UpS(3)",
+     .caption = "完工高･技術者（Ｐ、Ｘ１、Ｚ）",
+     .target = "Frm_KankoKaiz",
+     .screen_no = 74,
+     .title = "改善シミュレーション－完工高・技術職員数（Ｐ，Ｘ１，Ｚ）",
+     .gates = {Gate::Current_X2W, Gate::Improved_X2W}},
+    {.name = "Cmd_UpS(4)", .caption = "  改善後複写 保存･呼出", .target = "Frm_KzCopy"},
+    Close("Cmd_UpS(5)"),
+}};
+
+constexpr std::array<Menu_Entry, 4> prior_period = {{
+    {.name = "Cmd_ZkH(0)",
+     .caption = "経営状況（Ｙ）",
+     .target = "Frm_KeieiKz",
+     .screen_no = 75,
+     .title = "前期比較－経営状況（Ｙ）"},
+    {.name = "Cmd_ZkH(1)",
+     .caption = "利益額・その他（Ｘ２、Ｗ）",
+     .role = Form_Role::X2W_Comparison,
+     .screen_no = 76,
+     .title = "前期比較－従事職員数・その他（Ｘ２、Ｗ）"},
+    {.name = "Cmd_ZkH(2)",
+     .caption = "完工高･技術者（Ｐ、Ｘ１、Ｚ）",
+     .target = "Frm_KankoKaizzen",
+     .screen_no = 77,
+     .title = "前期比較－完工高・技術職員数（Ｐ，Ｘ１，Ｚ）"},
+    Close("Cmd_ZkH(3)"),
+}};
+
+constexpr std::array<Menu_Entry, 4> exchange = {{
+    {.name = "Cmd_Sojyu(0)", .caption = "チェック依頼", .target = "Frm_MlSend"},
+    {.name = "Cmd_Sojyu(1)", .caption = "データ送信", .target = "Frm_DtSend"},
+    {.name = "Cmd_Sojyu(2)", .caption = "データ受信", .target = "Frm_DtRec"},
+    Close("Cmd_Sojyu(3)"),
+}};
+
+constexpr std::array<Menu_Panel, 7> panels = {{
+    {"Mnu_KsZTais", "貸借対照表", 0, "", balance_sheet, true},
+    {"Mnu_KsZSon", "損益計算書", 0, "", income_statement, true},
+    {"Mnu_KsZRis", "利益処分", 0, "", appropriation, true},
+    {"Mnu_GBun", "現状分析", 1, "", current_state},
+    {"Mnu_UpSim", "改善ｼﾐｭﾚｰｼｮﾝ", 2, "改善シミュレーション", improvement},
+    {"Mnu_Zenki", "前期比較", 4, "前期比較", prior_period},
+    {"Mnu_Sojyu", "データ送受信", 0, "", exchange},
+}};
+
+void Set_Mode(Session& session, std::uint8_t mode) {
+    session.Sim_Mode = mode;
+    session.Menu_Mode = mode;
+}
+
+std::string Title_Of(const Menu_Entry& entry, const Session& session) {
+    if (!session.Is_Corporation() && entry.kojin_title != nullptr) {
+        return entry.kojin_title;
+    }
+    const bool old_form = session.Data_Ver == 1 || session.Data_Ver == 2;
+    return session.Is_Corporation() && old_form && entry.old_form_title != nullptr ? entry.old_form_title
+                                                                                   : entry.title;
+}
+
+std::int16_t Visible_Rows(const Session& session, const Menu_Entry& entry) {
+    const Connection cn = Cn_Open(session);
+    const Recordset rows =
+        cn.Open("SELECT * FROM Ks_Zaihyo WHERE 決算期=" + std::to_string(session.Syori_Ki) +
+                " And 建設科目CD>=" + std::to_string(entry.kamoku_from) +
+                " And 建設科目CD<=" + std::to_string(entry.kamoku_to) + " And 非表示識別=False;");
+    return static_cast<std::int16_t>(rows.Count());
+}
+
+} // namespace
+
+std::span<const Menu_Group> Menu_Groups() {
+    return groups;
+}
+
+std::span<const Menu_Panel> Menu_Panels() {
+    return panels;
+}
+
+const Menu_Panel& Panel_Of(std::string_view name) {
+    for (const Menu_Panel& panel : panels) {
+        if (name == panel.name) {
+            return panel;
+        }
+    }
+    throw std::out_of_range("no panel " + std::string(name));
+}
+
+std::string Caption_Of(const Menu_Entry& entry, const Session& session) {
+    if (session.Is_Multi() && entry.multi_caption != nullptr) {
+        return entry.multi_caption;
+    }
+    return session.Hojin_Kojin == 2 && entry.kojin_caption != nullptr ? entry.kojin_caption : entry.caption;
+}
+
+std::string Caption_After_Registration(const Session& session) {
+    return session.Data_Ver == 1 || session.Data_Ver == 2 ? "変動計算書" : "利益処分";
+}
+
+std::string Form_Of(const Menu_Entry& entry, const Session& session) {
+    const bool corporation = session.Is_Corporation();
+    const Law_Year& law = Law_Of(session.Simyu_Kubun);
+    switch (entry.role) {
+    case Form_Role::Fixed:
+        return entry.target;
+    case Form_Role::Statement:
+        return corporation ? "Frm_KsZaihyo" : "Frm_KsZaihyoKJ";
+    case Form_Role::Prior_Figures:
+        return corporation ? "Frm_KsZenki" : "Frm_KsZenkiKJ";
+    case Form_Role::Journal:
+        return corporation ? "Frm_KsZaiUP" : "Frm_KsZaiUPKJ";
+    case Form_Role::X2W_Entry:
+        return law.entry_form;
+    case Form_Role::X2W_Improved:
+        return law.improved_form;
+    case Form_Role::X2W_Comparison:
+        return law.comparison_form;
+    case Form_Role::Own_Company:
+        return session.Is_Multi() ? "Frm_JgNew" : "Frm_Jgmas";
+    }
+    return entry.target;
+}
+
+bool Is_Enabled(const Menu_Entry& entry, const Session& session) {
+    const bool has_company = !session.Is_Multi() || session.Kanri_No != 0;
+    if (!has_company && !entry.always) {
+        return false;
+    }
+    return !entry.corporation_only || session.Hojin_Kojin != 2;
+}
+
+bool Enter_Panel(Session& session, const Menu_Entry& opener) {
+    if (!Pass_Gates(session, opener.gates)) {
+        return false;
+    }
+    const Menu_Panel& panel = Panel_Of(opener.target);
+    if (panel.sim_mode != 0) {
+        Set_Mode(session, panel.sim_mode);
+        if (*panel.sim_title != 0) {
+            session.Sim_Title = panel.sim_title;
+        }
+    }
+    return true;
+}
+
+bool Enter_Screen(Session& session, const Menu_Entry& entry) {
+    if (!Pass_Gates(session, entry.gates)) {
+        return false;
+    }
+    std::int16_t count = session.Kamoku_Cnt;
+    if (entry.kamoku_to != 0) {
+        count = static_cast<std::int16_t>(Visible_Rows(session, entry) - 1);
+    }
+    if (entry.screen_no != 0) {
+        session.Screen_No = entry.screen_no;
+        session.Screen_Title = Title_Of(entry, session);
+    }
+    if (entry.kamoku_to != 0) {
+        session.Zaihyo_Table = "Ks_Zaihyo";
+        session.Ip_Class = entry.ip_class;
+        session.Kamoku_From = entry.kamoku_from;
+        session.Kamoku_To = entry.kamoku_to;
+        session.Kamoku_Cnt = count;
+    }
+    return true;
+}
+
+bool Enter_Other_Firm(Session& session) {
+    Set_Mode(session, 3);
+    session.Screen_Title = "他社比較－経営状況（Ｙ）";
+    return Pass_Gates(session, std::array{Gate::Statement_Other});
+}
+
+} // namespace morvane

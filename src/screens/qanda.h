@@ -1,0 +1,27 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#pragma once
+
+#include "session/session.h"
+
+#include <string>
+
+namespace morvane {
+
+/// The note of a screen in a period: what was asked and what was advised.
+struct Screen_Note {
+    std::string title;    ///< タイトル
+    std::string question; ///< 質問
+    std::string advice;   ///< アドバイス
+
+    friend bool operator==(const Screen_Note&, const Screen_Note&) = default;
+};
+
+/// The note of the open screen (Screen_No) in the period in hand. Without a row the title is that of the
+/// screen. Raises Store_Error.
+Screen_Note Read_Note(const Session& session);
+
+/// Stores the note of the open screen; a part that is blank is stored as Null. A missing row is made where
+/// something was written. One transaction. Raises Store_Error.
+void Save_Note(const Session& session, const Screen_Note& note);
+
+} // namespace morvane

@@ -1,0 +1,19 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "session/boxes.h"
+
+namespace morvane {
+
+void Tell(const Session& session, const std::string& title, const std::string& text) {
+    Show_Message(session, {.title = title, .text = text, .beep = true});
+}
+
+bool Ask(const Session& session, const std::string& title, const std::string& text) {
+    return Show_Message(session, {.title = title,
+                                  .text = text,
+                                  .icon = Icon::Warning,
+                                  .buttons = Buttons::Yes_No,
+                                  .default_answer = Answer::No,
+                                  .beep = true}) == Answer::Yes;
+}
+
+} // namespace morvane

@@ -1,0 +1,125 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "app/menu_table.h"
+
+#include "app/form_table.h"
+#include "app/gates.h"
+#include "support/installation_fixture.h"
+
+#include <set>
+
+namespace morvane::tests {
+namespace {
+
+class Menu_Test : public Installation {
+  protected:
+    Menu_Test() {
+        Make_Company(7, 1, 3);
+    }
+
+    [[nodiscard]] static const Menu_Entry& Entry(const std::string& name) {
+        for (const Menu_Panel& panel : Menu_Panels()) {
+            for (const Menu_Entry& entry : panel.entries) {
+                if (entry.name == name) {
+                    return entry;
+                }
+            }
+        }
+        for (const Menu_Group& group : Menu_Groups()) {
+            for (const Menu_Entry& entry : group.entries) {
+                if (entry.name == name) {
+                    return entry;
+                }
+            }
+        }
+        throw std::out_of_range(name);
+    }
+};
+
+TEST(Menu_Table_Test, Every_entry_leads_to_a_form_of_the_table_or_a_panel_in_both_firm_types_and_all_law_years) {
+    std::set<std::string> names;
+    int entries = 0;
+    const auto test = [&](std::span<const Menu_Entry> list) {
+        for (const Menu_Entry& entry : list) {
+            ++entries;
+            EXPECT_TRUE(names.insert(entry.name).second) << entry.name;
+            for (const std::int16_t hojin_kojin : {std::int16_t{1}, std::int16_t{2}}) {
+                for (std::uint8_t law = 1; law <= 4; ++law) {
+                    Session session;
+                    session.Hojin_Kojin = hojin_kojin;
+                    session.Simyu_Kubun = law;
+                    if (entry.action == Menu_Action::Open_Form) {
+                        EXPECT_NE(Find_Form(Form_Of(entry, session)), nullptr) << entry.name;
+                    } else if (entry.action == Menu_Action::Open_Panel) {
+                        EXPECT_NO_THROW(Panel_Of(entry.target)) << entry.name;
+                    }
+                }
+            }
+        }
+    };
+    for (const Menu_Group& group : Menu_Groups()) {
+        test(group.entries);
+    }
+    for (const Menu_Panel& panel : Menu_Panels()) {
+        test(panel.entries);
+    }
+    EXPECT_EQ(entries, 13 + 38);
+}
+
+TEST_F(Menu_Test, An_entry_tells_the_session_title_and_rows_by_firm_type) {
+    ASSERT_TRUE(Enter_Screen(session, Entry("Cmd_KsT(4)")));
+    EXPECT_EQ(session.Screen_Title, "貸借対照表－資本金、法定準備金、剰余金");
+    EXPECT_EQ(session.Screen_No, 45);
+    const std::string shown = List("SELECT count(*) FROM Ks_Zaihyo WHERE 決算期=3 And 建設科目CD>=250 And "
+                                   "建設科目CD<=399 And 非表示識別=False");
+    EXPECT_EQ(std::to_string(session.Kamoku_Cnt + 1), shown.substr(shown.find('=') + 1));
+    session.Data_Ver = 2;
+    ASSERT_TRUE(Enter_Screen(session, Entry("Cmd_KsT(4)")));
+    EXPECT_EQ(session.Screen_Title, "貸借対照表－資本金、利益剰余金、評価・換算差額等");
+    session.Hojin_Kojin = 2;
+    ASSERT_TRUE(Enter_Screen(session, Entry("Cmd_KsT(4)")));
+    EXPECT_EQ(session.Screen_Title, "貸借対照表－期首資本金、事業主勘定");
+    EXPECT_EQ(Caption_Of(Entry("Cmd_KsT(2)"), session), " 無形固定資産  投資等");
+    EXPECT_EQ(Form_Of(Entry("Cmd_KsT(2)"), session), "Frm_KsZaihyoKJ");
+    EXPECT_FALSE(Is_Enabled(Entry("Cmd_KsS(3)"), session));
+    session.Simyu_Kubun = 4;
+    EXPECT_EQ(Form_Of(Entry("Cmd_UpS(2)"), session), "Frm_Syokutakaiz_2012");
+    ASSERT_TRUE(Enter_Panel(session, Entry("Cmd_Sim2")));
+    EXPECT_EQ(session.Sim_Title, "改善シミュレーション");
+    EXPECT_EQ(session.Menu_Mode, 2);
+}
+
+// Each row makes one more thing ready; the first gate that still refuses is the one that speaks.
+TEST_F(Menu_Test, Gates_refuse_in_their_order) {
+    const auto refusal = [&](const char* entry) {
+        const std::size_t before = messages.shown.size();
+        const bool entered = Enter_Screen(session, Entry(entry));
+        return entered ? std::string("entered") : messages.shown.at(before).text;
+    };
+    EXPECT_EQ(refusal("Cmd_GB(3)"), "完成工事高が未入力です。");
+    EXPECT_EQ(refusal("Cmd_GB(4)"), "Ｙ点の計算が未処理です。");
+    EXPECT_EQ(refusal("Cmd_UpS(2)"), "現状（改善前）のＸ２，Ｗ点の計算が未処理です。");
+    Put_Elements({{202, 5000}, {203, 5000}});
+    EXPECT_EQ(refusal("Cmd_GB(3)"), "Ｙ点の計算が未処理です。\n［経営状況(Y)］を先に開いてください。");
+    Put_Amounts({{400, 900000000}, {399, 500000000}, {199, 500000000}});
+    EXPECT_EQ(refusal("Cmd_GB(4)"), "entered");
+    EXPECT_EQ(refusal("Cmd_GB(3)"), "Ｘ２，Ｗ点の計算が未処理です。");
+    Put_Elements({{200, 0}});
+    EXPECT_EQ(refusal("Cmd_GB(3)"), "entered");
+    EXPECT_EQ(refusal("Cmd_UpS(3)"), "改善後のＸ２，Ｗ点の計算が未処理です。");
+    Put_Elements({{200, 0}}, "改善後0");
+    EXPECT_EQ(refusal("Cmd_UpS(3)"), "entered");
+    EXPECT_EQ(refusal("Cmd_GB(0)"), "entered") << "zero amounts pass the statement gate";
+
+    EXPECT_FALSE(Enter_Panel(session, Entry("Cmd_Sim3")));
+    EXPECT_EQ(messages.shown.back().text, "前期のデータがありません。");
+    Cn_Open(session).Execute("DELETE Ks_Zaihyo.* from Ks_Zaihyo WHERE 決算期=3");
+    EXPECT_EQ(refusal("Cmd_GB(0)"),
+              "建設財務データが不完全です。最低でも総資本、固定資産、売上高は必要です。");
+    EXPECT_FALSE(Enter_Other_Firm(session));
+    EXPECT_EQ(session.Sim_Mode, 3);
+    Cn_Open(session).Execute("DELETE W_Yoso.* from W_Yoso WHERE 決算期=3");
+    EXPECT_TRUE(Gate_Is_Open(session, Gate::Completed_Work)) << "a period without element rows passes";
+}
+
+} // namespace
+} // namespace morvane::tests

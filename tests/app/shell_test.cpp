@@ -1,0 +1,216 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "app/shell.h"
+
+#include "company/datacheck.h"
+#include "company/register.h"
+#include "data/store_file.h"
+#include "session/kidou_ini.h"
+#include "support/ui_fixture.h"
+
+#include <QApplication>
+#include <QMenuBar>
+#include <QProcess>
+#include <QTextBrowser>
+
+namespace morvane::tests {
+namespace {
+
+/// An installation with two companies, and the whole program on it.
+class Shell_Test : public Installation {
+  protected:
+    explicit Shell_Test(bool multi = true) : Installation("13", multi) {
+        if (multi) {
+            Register(12, "青葉建設", 1);
+            Register(34, "港工務店", 2);
+        }
+    }
+
+    void Register(std::int32_t number, const std::string& name, std::int16_t hojin_kojin) {
+        Make_Company(number, hojin_kojin, 5);
+        Cn_Open(session).Execute("UPDATE Jigyo_mas SET 事業所名='" + name + "'");
+        Copy_Store(session.Work_Store, Company_Store(session, number), session.Db_Key);
+        Put_Register_Row(session, {number, name, "ｱ"});
+        session.Kanri_No = 0;
+    }
+
+    Shell::Start Start() {
+        shell = std::make_unique<Shell>(folder.path, messages);
+        shell->end_process = [this](int status) { ended_with = status; };
+        const Shell::Start start = shell->Sub_Main();
+        if (start.running) {
+            EXPECT_TRUE(QTest::qWaitForWindowActive(shell->Frame()));
+        }
+        return start;
+    }
+
+    void Take(std::int32_t number, const std::string& name) {
+        Check_Out(shell->session, number, name);
+        shell->Show_Company();
+    }
+
+    [[nodiscard]] bool Enabled(const char* button) const {
+        return Child<QAbstractButton>(*shell->Frame(), button)->isEnabled();
+    }
+    [[nodiscard]] std::string Label(const char* name) const {
+        return Child<QLabel>(*shell->Frame(), name)->text().toStdString();
+    }
+    void Press(const char* button) { Click(*shell->Frame(), button); }
+    void Trigger(const char* entry) { shell->Frame()->findChild<QAction*>(QString::fromUtf8(entry))->trigger(); }
+
+    std::unique_ptr<Shell> shell;
+    std::optional<int> ended_with;
+};
+
+class Single_Shell_Test : public Shell_Test {
+  protected:
+    Single_Shell_Test() : Shell_Test(false) {
+        Make_Company(1, 2, 3);
+        Cn_Open(session).Execute("UPDATE Jigyo_mas SET 決算期終了年=7, 決算期終了月=3, 決算期終了日=31, "
+                                 "決算期開始年=6, 決算期開始月=4, 決算期開始日=1");
+    }
+};
+
+const std::vector<const char*> company_bound = {"Cmd_KsZ1", "Cmd_KsZ2", "Cmd_KsZ3",   "Cmd_KsZ4",
+                                                "Cmd_Sim1", "Cmd_Sim2", "Cmd_Sim3",   "Cmd_Sim4",
+                                                "Cmd_Hojyo1", "Cmd_Hojyo2", "Cmd_Hojyo4"};
+
+TEST_F(Shell_Test, The_menu_waits_for_a_company_and_follows_it) {
+    ASSERT_TRUE(Start().running);
+    EXPECT_EQ(shell->Frame()->windowTitle().toStdString(), "MorvanePlus");
+    EXPECT_EQ(Label("SyaMei"), "事業所が指定されていません！");
+    EXPECT_EQ(Label("KsKi_Dsp"), "");
+    for (const char* button : company_bound) {
+        EXPECT_FALSE(Enabled(button)) << button;
+    }
+    EXPECT_TRUE(Enabled("Cmd_Hojyo3"));
+    Take(12, "青葉建設");
+    EXPECT_EQ(Label("SyaMei"), "青葉建設");
+    EXPECT_EQ(Label("KsKi_Dsp"), "第5期");
+    for (const char* button : company_bound) {
+        EXPECT_TRUE(Enabled(button)) << button;
+    }
+    // An individual has no statement of changes and other captions.
+    Take(34, "港工務店");
+    EXPECT_FALSE(Enabled("Cmd_KsZ3"));
+    Press("Cmd_KsZ1");
+    EXPECT_TRUE(Child<QWidget>(*shell->Frame(), "Mnu_KsZTais")->isVisible());
+    EXPECT_FALSE(Enabled("Cmd_Sim1")) << "a panel disables the main buttons";
+    EXPECT_EQ(Child<QAbstractButton>(*shell->Frame(), "Cmd_KsT(4)")->text().toStdString(),
+              "  期首資本金  事業主勘定");
+    Press("Cmd_KsT(6)");
+    EXPECT_FALSE(Child<QWidget>(*shell->Frame(), "Mnu_KsZTais")->isVisible());
+    EXPECT_TRUE(Enabled("Cmd_Sim1"));
+    EXPECT_FALSE(Enabled("Cmd_KsZ3"));
+    Press("Cmd_KsZ2");
+    EXPECT_FALSE(Enabled("Cmd_KsS(3)"));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    EXPECT_FALSE(Child<QWidget>(*shell->Frame(), "Mnu_KsZSon")->isVisible());
+}
+
+TEST_F(Shell_Test, A_screen_to_come_says_so_and_leaves_nothing_open) {
+    ASSERT_TRUE(Start().running);
+    Take(12, "青葉建設");
+    Press("Cmd_Hojyo2");
+    messages.shown.clear();
+    Press("Cmd_Sojyu(0)");
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(messages.shown[0].text, "この画面は準備中です。");
+    EXPECT_FALSE(shell->session.Edit_Flg);
+}
+
+TEST_F(Shell_Test, The_frame_goes_only_by_the_end_button_while_a_company_is_in_hand) {
+    ASSERT_TRUE(Start().running);
+    Take(12, "青葉建設");
+    session = shell->session;
+    Put_Amounts({{100, 4321}});
+    EXPECT_FALSE(shell->Frame()->close());
+    EXPECT_EQ(messages.shown.back().text,
+              "指定中の事業所のデータが保存されていません。[終了]ボタンより終了してください。");
+    shell->session.Edit_Flg = true;
+    EXPECT_FALSE(shell->Frame()->close());
+    EXPECT_EQ(messages.shown.back().text, "編集中の画面を閉じてから終了して下さい。");
+    const auto before = State();
+    Press("Cmd_End");
+    EXPECT_EQ(messages.shown.back().text, "編集中の画面を閉じてから終了して下さい。");
+    EXPECT_EQ(State(), before) << "nothing is saved under an open screen";
+    Trigger("Mnu_JgSitei");
+    EXPECT_EQ(messages.shown.back().text, "編集中の画面を閉じてから実行して下さい。");
+    shell->session.Edit_Flg = false;
+    Press("Cmd_End");
+    EXPECT_FALSE(shell->Frame()->isVisible());
+    EXPECT_TRUE(Read_Kidou_Ini(folder.path).Is_Clean());
+    const Connection saved(Company_Store(session, 12), session.Db_Key);
+    EXPECT_EQ(saved.Open("SELECT * FROM Ks_Zaihyo WHERE 建設科目CD=100")["金額"], Value(4321.0));
+    shell.reset();
+    EXPECT_EQ(Instance_Lock::Take(folder.path)->Left_Behind(), 0);
+}
+
+TEST_F(Single_Shell_Test, A_single_firm_has_no_register_and_closes_freely) {
+    ASSERT_TRUE(Start().running);
+    EXPECT_EQ(shell->Frame()->windowTitle().toStdString(), "Morvane");
+    EXPECT_FALSE(shell->Frame()->findChild<QAction*>("Mnu_JgSitei")->isVisible());
+    EXPECT_EQ(Child<QAbstractButton>(*shell->Frame(), "Cmd_Hojyo4")->text().toStdString(), "自社情報");
+    EXPECT_EQ(Label("KsKi_Dsp"), "第3期");
+    EXPECT_TRUE(Enabled("Cmd_KsZ1"));
+    EXPECT_TRUE(shell->Frame()->close());
+}
+
+TEST_F(Single_Shell_Test, Without_an_edition_the_start_asks_for_one_until_it_is_chosen) {
+    Install_Info info = Read_Install_Info(folder.path);
+    info.tiiki_cd.clear();
+    Write_Install_Info(folder.path, info);
+    messages.answers = {Answer::No, Answer::Yes};
+    With_Dialog([&] { EXPECT_FALSE(Start().running); },
+                [&](QDialog& dialog) {
+                    EXPECT_EQ(dialog.objectName(), "Frm_DtSelect");
+                    Click(dialog, "Cmd_Do");
+                    Click(dialog, "Cmd_Cancel");
+                });
+    EXPECT_TRUE(Read_Install_Info(folder.path).tiiki_cd.empty());
+    shell.reset();
+    messages.answers = {Answer::Yes};
+    With_Dialog([&] { Start(); }, [&](QDialog& dialog) { Click(dialog, "Cmd_Kanto"); });
+    EXPECT_EQ(shell->session.Tiiki_CD, "13");
+    EXPECT_EQ(Label("TiikiMei"), "全国 版");
+}
+
+TEST_F(Shell_Test, A_failing_store_names_its_file_and_ends_with_a_failure_status) {
+    ASSERT_TRUE(Start().running);
+    Take(12, "青葉建設");
+    std::filesystem::rename(folder.path / "data", folder.path / "gone");
+    Press("Cmd_End");
+    ASSERT_TRUE(ended_with);
+    EXPECT_NE(*ended_with, 0);
+    EXPECT_NE(messages.shown.back().text.find("000012.dat"), std::string::npos);
+    EXPECT_EQ(Read_Kidou_Ini(folder.path).number, 12) << "the marker tells the next start";
+}
+
+TEST_F(Shell_Test, F1_opens_the_page_of_what_has_the_focus) {
+    ASSERT_TRUE(Start().running);
+    QTest::keyClick(shell->Frame(), Qt::Key_F1);
+    auto* help = shell->Frame()->findChild<QTextBrowser*>("Help_Browser");
+    ASSERT_NE(help, nullptr);
+    EXPECT_TRUE(help->isVisible());
+    EXPECT_TRUE(help->source().fileName().isEmpty() || help->source().fileName() == "index.html");
+}
+
+// The program itself, as it is delivered.
+TEST_F(Shell_Test, A_second_instance_is_refused_and_a_killed_one_leaves_the_lock_free) {
+    std::filesystem::copy_file(MORVANE_PROGRAM, folder.path / "morvane");
+    QProcess first;
+    first.start(QString::fromStdString((folder.path / "morvane").string()), QStringList());
+    ASSERT_TRUE(first.waitForStarted());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !Instance_Lock::Take(folder.path); }, 20000));
+    const auto before = State();
+    const Shell::Start second = Start();
+    EXPECT_FALSE(second.running);
+    EXPECT_EQ(second.status, 1);
+    EXPECT_EQ(messages.shown.back().title, "複数起動エラー");
+    EXPECT_EQ(State(), before);
+    first.kill();
+    ASSERT_TRUE(first.waitForFinished());
+    EXPECT_TRUE(Start().running);
+}
+
+} // namespace
+} // namespace morvane::tests

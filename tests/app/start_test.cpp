@@ -1,0 +1,166 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "app/start_up.h"
+
+#include "company/data_set.h"
+#include "company/datacheck.h"
+#include "company/register.h"
+#include "data/store_file.h"
+#include "session/kidou_ini.h"
+#include "support/installation_fixture.h"
+
+#include <fstream>
+
+namespace morvane::tests {
+namespace {
+
+class Start_Test : public Installation {
+  protected:
+    explicit Start_Test(bool multi = true) : Installation("13", multi) {}
+
+    /// A start of the program: a new session, the lock taken as the operating system left it.
+    Start_Result Start() {
+        messages.shown.clear();
+        session = Make_Session(folder.path, messages);
+        lock.reset();
+        lock.emplace(std::move(*Instance_Lock::Take(folder.path)));
+        return Load_Session(session, *lock, edit_own_company);
+    }
+
+    /// Registers a company with a resting store.
+    void Register(std::int32_t number, const std::string& name) {
+        Make_Company(number, 1, 5);
+        Cn_Open(session).Execute("UPDATE Jigyo_mas SET 事業所名='" + name + "'");
+        Copy_Store(session.Work_Store, Company_Store(session, number), session.Db_Key);
+        Put_Register_Row(session, {number, name, "ｱ"});
+        session.Kanri_No = 0;
+    }
+
+    [[nodiscard]] std::vector<std::string> Titles() const {
+        std::vector<std::string> titles;
+        for (const Message_Box& box : messages.shown) {
+            titles.push_back(box.title);
+        }
+        return titles;
+    }
+
+    std::function<void()> edit_own_company = [] {};
+    std::optional<Instance_Lock> lock;
+};
+
+class Single_Start_Test : public Start_Test {
+  protected:
+    Single_Start_Test() : Start_Test(false) {}
+};
+
+TEST_F(Single_Start_Test, First_run_makes_the_firm_and_asks_for_its_dates_until_they_are_given) {
+    Install_Info info = Read_Install_Info(folder.path);
+    info.office_name = "株式会社 山田\"組\"";
+    info.syori_ki = 28;
+    info.optional_columns = {{"代表者名", "山田"}, {"単位", "2"}};
+    Write_Install_Info(folder.path, info);
+    int edited = 0;
+    edit_own_company = [&] { ++edited; };
+    EXPECT_EQ(Start(), Start_Result::Ready);
+    EXPECT_EQ(Titles(), (std::vector<std::string>{"ご利用のご挨拶", "決算期情報未入力確認"}));
+    EXPECT_EQ(edited, 1);
+    EXPECT_EQ(session.Jigyo_Name, "株式会社 山田\"組\"");
+    EXPECT_EQ(session.Syori_Ki, 28);
+    EXPECT_EQ(session.Data_Ver, 5);
+    EXPECT_EQ(session.Simyu_Kubun, 4);
+    EXPECT_EQ(Field("Jigyo_mas", "代表者名", "1=1"), Value("山田"));
+    EXPECT_EQ(session.Tani_Kbn, 1) << "the unit is yen after every start";
+    EXPECT_EQ(Start(), Start_Result::Ready);
+    EXPECT_EQ(Titles(), (std::vector<std::string>{"決算期情報未入力確認"}));
+    Cn_Open(session).Execute("UPDATE Jigyo_mas SET 決算期終了年=7, 決算期終了月=3, 決算期終了日=31, "
+                             "決算期開始年=6, 決算期開始月=4, 決算期開始日=1");
+    Write_Text_File(folder.path / "kidou.ini", "not a marker");
+    EXPECT_EQ(Start(), Start_Result::Ready) << "the marker is never read in this mode";
+    EXPECT_TRUE(Titles().empty());
+}
+
+TEST_F(Single_Start_Test, Data_older_than_the_form_of_2008_end_the_program) {
+    Start();
+    Cn_Open(session).Execute("UPDATE Ks_Zaihyo SET 並び順=2 WHERE 建設科目CD=99");
+    EXPECT_EQ(Start(), Start_Result::Ended);
+    EXPECT_EQ(messages.shown.back().text, "データが2008年より古いため、起動できません。");
+}
+
+TEST_F(Start_Test, Without_a_company_the_marker_decides) {
+    EXPECT_EQ(Start(), Start_Result::Ready);
+    EXPECT_EQ(Titles(), std::vector<std::string>{"ご利用のご挨拶"});
+    EXPECT_EQ(session.Kanri_No, 0);
+    EXPECT_EQ(Start(), Start_Result::Ready);
+    EXPECT_TRUE(Titles().empty());
+    std::filesystem::remove(folder.path / "kidou.ini");
+    EXPECT_THROW(Start(), Store_Error) << "a missing marker is no clean end";
+}
+
+TEST_F(Start_Test, An_abnormal_end_keeps_the_working_store_and_adopts_its_company) {
+    Register(12, "青葉建設");
+    Register(34, "港工務店");
+    Check_Out(session, 12, "青葉建設");
+    Put_Amounts({{100, 777}});
+    EXPECT_EQ(Start(), Start_Result::Ready);
+    EXPECT_EQ(Titles(), std::vector<std::string>{"前回の異常終了を確認"});
+    EXPECT_EQ(session.Kanri_No, 12);
+    EXPECT_EQ(session.Jigyo_Name, "青葉建設");
+    EXPECT_EQ(Amount(100), 777);
+    Check_Out(session, 34, "港工務店");
+    Check_Out(session, 12, "青葉建設");
+    EXPECT_EQ(Amount(100), 777) << "the first check-in carries the edit over";
+    Normal_End(session, *lock);
+    EXPECT_TRUE(Read_Kidou_Ini(folder.path).Is_Clean());
+    EXPECT_EQ(Start(), Start_Result::Ready);
+    EXPECT_TRUE(Titles().empty());
+    EXPECT_EQ(session.Kanri_No, 0);
+}
+
+// A newly registered company is in hand although the marker is that of a clean end.
+TEST_F(Start_Test, The_lock_file_tells_of_a_company_that_the_marker_does_not_know) {
+    Start();
+    Register(56, "新規建設");
+    session.Kanri_No = 56;
+    lock->Record(56);
+    Put_Amounts({{100, 888}});
+    EXPECT_EQ(Start(), Start_Result::Ready);
+    EXPECT_EQ(session.Kanri_No, 56);
+    EXPECT_EQ(session.Jigyo_Name, "新規建設");
+    EXPECT_EQ(Amount(100), 888);
+    EXPECT_FALSE(May_Unload(session)) << "its data have not been saved";
+    EXPECT_EQ(messages.shown.back().text,
+              "指定中の事業所のデータが保存されていません。[終了]ボタンより終了してください。");
+    EXPECT_EQ(session.Kanri_No, 56);
+    lock->Record(99);
+    Start();
+    EXPECT_EQ(session.Kanri_No, 0) << "the working store is not that company's";
+    EXPECT_TRUE(May_Unload(session));
+}
+
+TEST_F(Start_Test, An_edition_is_chosen_whole_and_keeps_what_stood_there) {
+    Make_Company(7, 1, 3);
+    Choose_Edition(folder.path, "01");
+    const Install_Info info = Read_Install_Info(folder.path);
+    EXPECT_EQ(info.tiiki_cd, "01");
+    EXPECT_EQ(info.todofuken_mei, "北海道");
+    EXPECT_TRUE(Cn_Open(session).Open("SELECT * FROM Jigyo_mas").Eof());
+    EXPECT_NO_THROW(Verify_Store(folder.path / "Morvane.dat.bak", session.Db_Key));
+}
+
+TEST_F(Start_Test, The_updater_is_swapped_only_for_a_file_of_the_installation) {
+    const auto put = [&](const char* name, const char* text) { std::ofstream(folder.path / name) << text; };
+    put("PgUpdata.exe", "old");
+    put("PgUpdataUP.exe", "new");
+    std::filesystem::permissions(folder.path / "PgUpdataUP.exe", std::filesystem::perms(0666));
+    Swap_Updater(folder.path);
+    EXPECT_EQ(Read_Text_File(folder.path / "PgUpdata.exe"), "old") << "anybody may have written the new one";
+    std::filesystem::permissions(folder.path / "PgUpdataUP.exe", std::filesystem::perms(0644));
+    Swap_Updater(folder.path);
+    EXPECT_EQ(Read_Text_File(folder.path / "PgUpdata.exe"), "new");
+    EXPECT_FALSE(std::filesystem::exists(folder.path / "PgUpdataUP.exe"));
+    std::filesystem::create_symlink("/bin/true", folder.path / "PgUpdataUP.exe");
+    Swap_Updater(folder.path);
+    EXPECT_EQ(Read_Text_File(folder.path / "PgUpdata.exe"), "new");
+}
+
+} // namespace
+} // namespace morvane::tests

@@ -1,0 +1,140 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "company/frm_kssitei.h"
+
+#include "company/law_change.h"
+#include "session/kyotu_mod.h"
+#include "support/ui_fixture.h"
+#include "widgets/record_list.h"
+
+#include <QAbstractButton>
+#include <QLabel>
+#include <QLineEdit>
+
+namespace morvane::tests {
+namespace {
+
+/// Periods 33 (law year 2011), 34 (2012) and 35 (2015), the last one in hand.
+class Period_Screen : public Ui_Installation {
+  protected:
+    Period_Screen() {
+        Make_Company(1, 1, 33);
+        Period_Copy(session, 34, 33, Copy_Mode::After, 3);
+        Period_Copy(session, 35, 34, Copy_Mode::After, 4);
+        Set_Law_Year(session, 33, 2);
+        Open();
+    }
+
+    void Open() {
+        form = std::make_unique<Frm_KsSitei>(shell);
+        form->show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(form.get()));
+        list = Child<Record_List>(*form, "Lst_Box");
+    }
+
+    /// The marked law-year option, with the period of the chosen line.
+    [[nodiscard]] std::string Marked() const {
+        std::string marked = std::to_string(list->Selected_Row()) + ":";
+        for (const char* year : {"2008", "2011", "2012", "2015"}) {
+            auto* option = Child<QAbstractButton>(*form, (std::string("Simyu") + year + "_flg").c_str());
+            marked += option->isChecked() ? year : "";
+            marked += option->isEnabled() ? "" : "x";
+        }
+        return marked;
+    }
+
+    void Click_Row(int row) const {
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                          list->visualRect(list->model()->index(row, 0)).center());
+    }
+
+    std::unique_ptr<Frm_KsSitei> form;
+    Record_List* list = nullptr;
+};
+
+TEST_F(Period_Screen, A_Line_Is_Chosen_And_Taken_In_Hand) {
+    EXPECT_EQ(list->Text_At(0, 0).toStdString() + list->Text_At(0, 1).toStdString(), "  33期2011年改正");
+    EXPECT_EQ(list->Text_At(2, 2).toStdString(), "処理中");
+    EXPECT_EQ(Marked(), "2:2015");
+    Click_Row(1);
+    EXPECT_EQ(Marked(), "1:2012");
+    EXPECT_EQ(session.Simyu_Kubun, 4) << "the menu opens forms by it, and period 35 is still in hand";
+    Cn_Open(session).Execute("DELETE * FROM Ks_Zaihyo WHERE 決算期=33 And 建設科目CD=99");
+    Open();
+    Click_Row(0);
+    EXPECT_EQ(Marked(), "0:xxxx");
+    Click(*form, "Cmd_Excute");
+    EXPECT_EQ(messages.shown.back().title, "決算期指定エラー");
+    EXPECT_TRUE(form->isVisible());
+    Click_Row(1);
+    QTest::keyClick(list, Qt::Key_Return);
+    EXPECT_FALSE(form->isVisible());
+    EXPECT_EQ(session.Syori_Ki, 34);
+    EXPECT_EQ(session.Simyu_Kubun, 3);
+    EXPECT_EQ(shell.calls, (std::vector<std::string>{"Show_Company"}));
+}
+
+TEST_F(Period_Screen, A_New_Period_Is_Made_From_The_Proposal) {
+    Click(*form, "Opt(1)");
+    EXPECT_FALSE(list->isVisible());
+    EXPECT_FALSE(Child<QAbstractButton>(*form, "Cmd_Del")->isEnabled());
+    EXPECT_EQ(Child<QAbstractButton>(*form, "Cmd_Excute")->text().toStdString(), "新規登録");
+    EXPECT_EQ(Child<QLineEdit>(*form, "Ks_ki")->text().toStdString(), "36");
+    EXPECT_EQ(Marked(), "2:2015");
+    Click(*form, "Opt(2)");
+    EXPECT_EQ(Child<QLineEdit>(*form, "Ks_ki")->text().toStdString(), "32");
+    EXPECT_EQ(Marked(), "2:2011") << "as the neighbour";
+    // An option now speaks of the period to be made: no question, and no registered period changes.
+    const auto before = State();
+    Click(*form, "Simyu2012_flg");
+    EXPECT_EQ(Marked(), "2:2012");
+    EXPECT_TRUE(messages.shown.empty());
+    Click(*form, "Simyu2008_flg");
+    EXPECT_EQ(messages.shown.back().title, "経審年指定エラー");
+    EXPECT_EQ(Marked(), "2:2012");
+    for (const char* number : {"", "33", "99999"}) {
+        Type_Into(*form, "Ks_ki", number);
+        Click(*form, "Cmd_Excute");
+        EXPECT_FALSE(Child<QLabel>(*form, "Lbl_Fault")->text().isEmpty()) << number;
+        EXPECT_TRUE(Child<QLineEdit>(*form, "Ks_ki")->hasFocus()) << number;
+    }
+    EXPECT_TRUE(State() == before);
+    Type_Into(*form, "Ks_ki", "32");
+    EXPECT_TRUE(Child<QLabel>(*form, "Lbl_Fault")->text().isEmpty());
+    messages.answers = {Answer::Yes};
+    Click(*form, "Cmd_Excute");
+    EXPECT_FALSE(form->isVisible());
+    EXPECT_EQ(session.Syori_Ki, 32);
+    EXPECT_EQ(session.Simyu_Kubun, 3);
+    EXPECT_EQ(shell.calls, (std::vector<std::string>{"Show_Company"}));
+}
+
+TEST_F(Period_Screen, Law_Years_Are_Changed_And_Leaving_Keeps_That_Of_The_Period_In_Hand) {
+    Click_Row(0);
+    messages.answers = {Answer::Yes, Answer::No};
+    Click(*form, "Simyu2012_flg");
+    EXPECT_EQ(Marked(), "0:2012");
+    EXPECT_EQ(list->Text_At(0, 1).toStdString(), "2012年改正");
+    Click_Row(2);
+    Click(*form, "Simyu2011_flg");
+    EXPECT_EQ(Marked(), "2:2012") << "No to 2011 marks 2012";
+    session.Simyu_Kubun = 2;
+    QTest::keyClick(form.get(), Qt::Key_Escape);
+    EXPECT_FALSE(form->isVisible());
+    EXPECT_EQ(session.Simyu_Kubun, 4);
+    EXPECT_EQ(session.Syori_Ki, 35);
+    EXPECT_TRUE(shell.calls.empty());
+}
+
+TEST_F(Period_Screen, The_List_Shows_What_Is_Left_After_A_Deletion) {
+    Click_Row(0);
+    messages.answers = {Answer::Yes};
+    Click(*form, "Cmd_Del");
+    EXPECT_EQ(list->Row_Count(), 2);
+    EXPECT_EQ(Marked(), "1:2015");
+    Click(*form, "Cmd_Del");
+    EXPECT_EQ(messages.shown.back().text, "現在処理中の決算期は削除できません。");
+    EXPECT_EQ(list->Row_Count(), 2);
+}
+
+} // namespace
+} // namespace morvane::tests
