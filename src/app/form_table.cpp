@@ -3,6 +3,8 @@
 
 #include "app/frm_dtselect.h"
 #include "app/frm_ver.h"
+#include "company/frm_jgnew.h"
+#include "company/frm_jgsitei.h"
 #include "company/frm_kssitei.h"
 #include "screens/frm_qanda.h"
 
@@ -25,9 +27,9 @@ constexpr auto form_rows = std::to_array<Form_Row>({
     {"Frm_Settei", nullptr, true},
     {"Frm_QandA", Make<Frm_QandA>, true},
     // Companies and periods.
-    {"Frm_JGSitei", nullptr, true},
-    {"Frm_JgNew", nullptr, true},
-    {"Frm_Jgmas", nullptr, true},
+    {"Frm_JGSitei", Make<Frm_JGSitei>, true},
+    {"Frm_JgNew", Make_Frm_JgNew, true},
+    {"Frm_Jgmas", Make_Frm_Jgmas, true},
     {"Frm_KsSitei", Make<Frm_KsSitei>},
     // Statements.
     {"Frm_KsZaihyo"},
