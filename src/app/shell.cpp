@@ -108,6 +108,10 @@ void Shell::Open_Form(const QString& form) {
     frame->command->Open_Form(form);
 }
 
+void Shell::Toggle_Menu() {
+    frame->command->setVisible(!frame->command->isVisible());
+}
+
 QWidget* Shell::Window() {
     QWidget* modal = QApplication::activeModalWidget();
     return modal != nullptr ? modal : frame.get();

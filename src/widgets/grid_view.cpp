@@ -45,7 +45,7 @@ class Grid_View::Painter : public QAbstractItemDelegate {
         } else if (!data.Text_At(at).isEmpty()) {
             painter->setPen(QColor(theme::text));
             QFont font = view.font();
-            font.setBold(view.is_totals);
+            font.setBold(view.is_totals || data.Is_Strong(at));
             painter->setFont(font);
             Paint_Text(*painter, option.rect, data.Text_At(at), Alignment_Of(column));
         }

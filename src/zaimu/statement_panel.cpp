@@ -93,7 +93,7 @@ constexpr auto formulas = std::to_array<Formula>({
 
 using enum Panel_Group;
 
-constexpr auto lines = std::to_array<Panel_Line>({
+constexpr auto lines = std::to_array<Statement_Line>({
     {"BsIp_Rds", "流動資産合計", Assets, any, {Rds}},
     {"BsIp_Yks", "有形固定資産計", Assets, any, {Yks}},
     {"BsIp_Mks", "無形固定資産計", Assets, any, {Mks}},
@@ -161,9 +161,9 @@ unsigned Statement_Form_Of(const Session& session) {
            (session.Is_Hokkaido() ? hokkaido : national);
 }
 
-std::vector<Panel_Line> Panel_Lines(unsigned form) {
-    std::vector<Panel_Line> seen;
-    for (const Panel_Line& line : lines) {
+std::vector<Statement_Line> Statement_Lines(unsigned form) {
+    std::vector<Statement_Line> seen;
+    for (const Statement_Line& line : lines) {
         if (Applies(line.when, form)) {
             seen.push_back(line);
         }
@@ -191,7 +191,7 @@ void Statement_Panel::Panel_Totals() {
     }
 }
 
-double Statement_Panel::Shown(const Panel_Line& line) const {
+double Statement_Panel::Shown(const Statement_Line& line) const {
     return Sum(*this, line.plus) - Sum(*this, line.minus);
 }
 

@@ -80,7 +80,7 @@ enum class Panel_Field : std::uint8_t {
 enum class Panel_Group : std::uint8_t { Assets, Liabilities, Profit, Check };
 
 /// A line of the panel: fields added and fields subtracted, under the name of its control.
-struct Panel_Line {
+struct Statement_Line {
     const char* control;
     const char* caption;
     Panel_Group group;
@@ -91,7 +91,7 @@ struct Panel_Line {
 };
 
 /// The lines that a firm of that form sees, in order.
-std::vector<Panel_Line> Panel_Lines(unsigned form);
+std::vector<Statement_Line> Statement_Lines(unsigned form);
 
 /// The totals of a whole period beside the section that is keyed.
 class Statement_Panel {
@@ -107,7 +107,7 @@ class Statement_Panel {
     /// Forms all totals anew from the subtotals, with the remainder that makes the balance sheet balance.
     void Panel_Totals();
 
-    [[nodiscard]] double Shown(const Panel_Line& line) const;
+    [[nodiscard]] double Shown(const Statement_Line& line) const;
 
     /// Whether the balance sheet and the income statement agree, to the yen. Of a corporation: retained
     /// earnings carried forward and profit come to the retained earnings and the change of equity.

@@ -127,7 +127,7 @@ Statement_Section::Statement_Section(Session& the_session)
         has_lease = has_lease || std::find(lease_codes.begin(), lease_codes.end(), code) != lease_codes.end();
     }
     form |= has_lease ? with_lease : without_lease;
-    lines = Panel_Lines(form);
+    lines = Statement_Lines(form);
     panel = Statement_Panel(form, period);
     Sec_Subtotals();
     for (const Triple& triple : triples) {

@@ -30,7 +30,7 @@ class Statement_Section {
 
     [[nodiscard]] const std::vector<Statement_Row>& Rows() const { return rows; }
     [[nodiscard]] const Statement_Panel& Panel() const { return panel; }
-    [[nodiscard]] const std::vector<Panel_Line>& Lines() const { return lines; }
+    [[nodiscard]] const std::vector<Statement_Line>& Lines() const { return lines; }
 
     void Set_Name(std::size_t row, const Value& name) { rows.at(row).name = name; }
 
@@ -60,7 +60,7 @@ class Statement_Section {
     Session& session;
     unsigned form;
     std::vector<Statement_Row> rows;
-    std::vector<Panel_Line> lines;
+    std::vector<Statement_Line> lines;
     Statement_Panel panel;
 };
 

@@ -90,7 +90,7 @@ class Section_Test : public Installation {
     }
 
     static double Shown(const Statement_Section& section, std::string_view control) {
-        for (const Panel_Line& line : section.Lines()) {
+        for (const Statement_Line& line : section.Lines()) {
             if (control == line.control) {
                 return section.Panel().Shown(line);
             }
