@@ -13,7 +13,7 @@ namespace morvane {
 Total_Panel::Total_Panel(const QString& heading, std::span<const Total_Field> fields, int characters,
                          QWidget* parent)
     : Section_Box(heading, parent), grid(new QGridLayout) {
-    grid->setHorizontalSpacing(0); // the line over a sum has no gap
+    grid->setHorizontalSpacing(12);
     grid->setVerticalSpacing(2);
     grid->setColumnStretch(0, 1);
     body->setContentsMargins(10, 6, 10, 8);
