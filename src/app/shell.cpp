@@ -114,6 +114,10 @@ void Shell::Place(QWidget* window) {
     placement->Follow(window, window->sizeHint());
 }
 
+void Shell::Toggle_Menu() {
+    frame->command->setVisible(!frame->command->isVisible());
+}
+
 QWidget* Shell::Window() {
     QWidget* modal = QApplication::activeModalWidget();
     return modal != nullptr ? modal : frame.get();

@@ -98,6 +98,9 @@ class Entry_Grid : public QFrame {
     void Set_Tint(int row, int column, QRgb tint);
     [[nodiscard]] QRgb Tint(int row, int column) const { return data->Tint_At({row, column}); }
 
+    /// Shows a row in bold: one that is computed from others.
+    void Set_Strong(int row, bool strong) { data->Set_Strong(row, strong); }
+
     [[nodiscard]] int Row_Count() const { return data->rowCount(); }
     [[nodiscard]] int Column_Count() const { return data->columnCount(); }
 

@@ -60,6 +60,13 @@ void Grid_Data::Set_Tint(Cell_At at, QRgb tint) {
     }
 }
 
+void Grid_Data::Set_Strong(int row, bool strong) {
+    for (int column = 0; column < columnCount(); ++column) {
+        cells[Index({row, column})].strong = strong;
+        Tell({row, column});
+    }
+}
+
 void Grid_Data::Set_Heading(int column, const std::string& heading) {
     columns[static_cast<std::size_t>(column)].heading = heading;
     Q_EMIT headerDataChanged(Qt::Horizontal, column, column);

@@ -58,11 +58,13 @@ class Grid_Data : public QAbstractTableModel {
     [[nodiscard]] const QString& Text_At(Cell_At at) const { return cells[Index(at)].text; }
     [[nodiscard]] bool Is_Locked(Cell_At at) const { return cells[Index(at)].locked; }
     [[nodiscard]] QRgb Tint_At(Cell_At at) const { return cells[Index(at)].tint; }
+    [[nodiscard]] bool Is_Strong(Cell_At at) const { return cells[Index(at)].strong; }
     [[nodiscard]] bool Has(Cell_At at) const;
 
     void Set_Value(Cell_At at, const Value& value);
     void Set_Locked(Cell_At at, bool locked);
     void Set_Tint(Cell_At at, QRgb tint);
+    void Set_Strong(int row, bool strong);
     void Set_Heading(int column, const std::string& heading);
 
     /// The cell of a control name ("Zzki(3)").
@@ -83,6 +85,7 @@ class Grid_Data : public QAbstractTableModel {
         QString text;
         bool locked = false;
         QRgb tint = 0;
+        bool strong = false;
     };
 
     [[nodiscard]] std::size_t Index(Cell_At at) const {

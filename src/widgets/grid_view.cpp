@@ -45,7 +45,7 @@ class Grid_View::Painter : public QAbstractItemDelegate {
         } else if (!data.Text_At(at).isEmpty()) {
             painter->setPen(QColor(theme::text));
             QFont font = view.font();
-            font.setBold(view.is_totals);
+            font.setBold(view.is_totals || data.Is_Strong(at));
             painter->setFont(font);
             if (column.kind == Entry_Kind::Text) {
                 const QRect room = option.rect.adjusted(grid_padding, 0, -grid_padding, 0);

@@ -36,6 +36,9 @@ class Shell_Port {
     /// that is not there yet says so.
     virtual void Open_Form(const QString& form) = 0;
 
+    /// Hides the menu beside the form, so that the form has its room, or shows it again.
+    virtual void Toggle_Menu() = 0;
+
     /// Opens the page of a form in the help window.
     virtual void Show_Help(const QString& form) = 0;
 

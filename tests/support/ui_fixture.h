@@ -21,6 +21,7 @@ class Fake_Shell : public Shell_Port {
     void Show_No_Company() override { calls.emplace_back("Show_No_Company"); }
     void Show_Registered() override { calls.emplace_back("Show_Registered"); }
     void Open_Form(const QString& form) override;
+    void Toggle_Menu() override { calls.emplace_back("Toggle_Menu"); }
     void Show_Help(const QString& form) override { calls.push_back("Show_Help " + form.toStdString()); }
     bool Guard(const std::function<void()>& work) override;
     QWidget* Window() override { return nullptr; }
