@@ -3,12 +3,15 @@
 
 #include "batch/case_file.h"
 #include "batch/check_run.h"
+#include "batch/company_run.h"
 #include "batch/installation.h"
+#include "batch/report_run.h"
 #include "batch/score_run.h"
 #include "calc/law_year.h"
 #include "calc/ten_tables.h"
 #include "data/store_file.h"
 #include "maint/csv_out.h"
+#include "report/report_table.h"
 #include "session/run_time_error.h"
 
 #include <CLI/CLI.hpp>
@@ -133,31 +136,38 @@ struct Score_Arguments {
     unsigned jobs = 0;
 };
 
+const Scenario& Named_Scenario(const std::string& name) {
+    return *std::find_if(scenarios.begin(), scenarios.end(),
+                         [&](const Scenario& scenario) { return scenario.name == name; });
+}
+
 int Run_Score(const Score_Arguments& arguments) {
     const Session session = Open_Installation(arguments.folder, messages);
     Score_Options options;
     options.period = arguments.period;
-    options.scenario = &*std::find_if(scenarios.begin(), scenarios.end(),
-                                      [&](const Scenario& s) { return s.name == arguments.scenario; });
+    options.scenario = &Named_Scenario(arguments.scenario);
     options.format = arguments.format == "json"  ? Score_Format::Json
                      : arguments.format == "csv" ? Score_Format::Csv
                                                  : Score_Format::Table;
     options.jobs = arguments.jobs;
     options.progress = ::isatty(STDERR_FILENO) == 1 && ::isatty(STDOUT_FILENO) == 0;
-    options.companies = Companies_Of(session);
-    if (!arguments.companies.empty()) {
-        const std::vector<Company> all = std::move(options.companies);
-        options.companies.clear();
-        for (const std::int32_t number : arguments.companies) {
-            const auto found = std::find_if(all.begin(), all.end(), [number](const Company& company) {
-                return company.number == number;
-            });
-            // A number that is not registered fails like a company whose file is not there.
-            options.companies.push_back(
-                found == all.end() ? Company{number, "（未登録）", Company::Place::Nowhere} : *found);
-        }
-    }
+    options.companies = Chosen_Companies(session, arguments.companies);
     return Score_Run(session, options, std::cout, std::cerr) == 0 ? status_done : status_failed;
+}
+
+// ---- report
+
+int Run_Report(const Score_Arguments& arguments, const std::string& report, const std::string& output) {
+    const Session session = Open_Installation(arguments.folder, messages);
+    Report_Options options;
+    options.companies = Chosen_Companies(session, arguments.companies);
+    options.period = arguments.period;
+    options.scenario = &Named_Scenario(arguments.scenario);
+    options.report = report;
+    options.output = output;
+    options.jobs = arguments.jobs;
+    options.progress = ::isatty(STDERR_FILENO) == 1;
+    return Report_Run(session, options, std::cerr) == 0 ? status_done : status_failed;
 }
 
 // ---- ten
@@ -228,6 +238,7 @@ class Command_Line {
         Add_Score();
         Add_Export();
         Add_Csv();
+        Add_Report();
         Add_Ten();
         Add_Check();
     }
@@ -273,15 +284,37 @@ class Command_Line {
     void Add_Score() {
         CLI::App* sub = Add("score", "評点を計算します。",
                             "morvane-batch score ~/morvane --company 1 --period 35 --format json");
+        Add_Choice(sub);
+        sub->add_option("--format", score.format, "出力形式")->check(CLI::IsMember({"table", "csv", "json"}));
+        sub->callback([this] { command = [this] { return Run_Score(score); }; });
+    }
+
+    /// Which companies, of which period, in which scenario.
+    void Add_Choice(CLI::App* sub) {
         sub->add_option("DIR", score.folder, "データフォルダ")->required();
         sub->add_option("--company", score.companies, "事業所番号（繰り返し可。省略時はすべて）");
         sub->add_option("--period", score.period, "決算期（省略時は処理中の決算期）");
         sub->add_option("--scenario", score.scenario, "genjo 現状、kaizen 改善後、1～3 保存値")
             ->check(CLI::IsMember({"genjo", "kaizen", "1", "2", "3"}));
-        sub->add_option("--format", score.format, "出力形式")->check(CLI::IsMember({"table", "csv", "json"}));
         sub->add_option("--jobs", score.jobs, "同時に計算する数（省略時は全コア）")
             ->check(CLI::Range(1U, 256U));
-        sub->callback([this] { command = [this] { return Run_Score(score); }; });
+    }
+
+    void Add_Report() {
+        CLI::App* sub = Add("report", "結果通知書をPDFに出力します。",
+                            "morvane-batch report ~/morvane --company 1 -o kekka.pdf");
+        Add_Choice(sub);
+        std::vector<std::string> names;
+        for (const Report_Row& row : Report_Table()) {
+            if (Kekka_Form_Of(row.name)) {
+                names.emplace_back(row.name);
+            }
+        }
+        sub->add_option("--report", report, "帳票（省略時は決算期の改正年の結果通知書）")
+            ->check(CLI::IsMember(names));
+        sub->add_option("-o,--output", output, "出力するPDFファイル、またはフォルダ（事業所ごとに1ファイル）")
+            ->required();
+        sub->callback([this] { command = [this] { return Run_Report(score, report, output); }; });
     }
 
     void Add_Export() {
@@ -327,7 +360,7 @@ class Command_Line {
     std::function<int()> command;
     Init_Arguments init;
     Score_Arguments score;
-    std::string folder, output, table;
+    std::string folder, output, table, report;
     std::vector<std::string> files;
     std::optional<std::int32_t> company;
     std::int64_t value = 0;

@@ -70,6 +70,8 @@ void X2_Calc::Calc_X2(const Review_Figures& figures, WZX_Calc& wzx, bool keep_ba
         Add32(s.Get_Y_Kamoku(469), Sum(s, {436, 724, 729, figures.hokkaido ? 552 : 536}), what_x2);
     const std::int32_t profit_zenki = Add32(s.Get_Y_Kamoku(832), Sum(s, {831, 835, 836, 837}), what_x2);
 
+    Jiko_Ki = {equity, equity_zenki};
+    Rieki_Ki = {profit, profit_zenki};
     X2_Jiko = JikoS == 1 ? equity : Floor_Half(Add32(equity, equity_zenki, what_x2));
     X2_Jiko_Used = X2_Jiko < 0 ? 0 : X2_Jiko;
     X2_1_Ten = wzx.Calc_X2_1_Ten(X2_Jiko_Used);

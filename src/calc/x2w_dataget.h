@@ -6,6 +6,7 @@
 #include "calc/wzx_calc.h"
 #include "session/session.h"
 
+#include <array>
 #include <cstdint>
 
 namespace morvane {
@@ -32,6 +33,8 @@ class X2_Calc {
     std::int32_t X2_Jiko_Used = 0;  ///< the same, not below 0
     std::int32_t X2_Rieki = 0;      ///< 平均利益額 (利払前税引前償却前利益, two periods)
     std::int32_t X2_Rieki_Used = 0; ///< the same, not below 0
+    std::array<std::int32_t, 2> Jiko_Ki{};  ///< 自己資本額 of the base period and of the one before
+    std::array<std::int32_t, 2> Rieki_Ki{}; ///< 利払前税引前償却前利益 of both
     std::int16_t X2_1_Ten = 0;
     std::int16_t X2_2_Ten = 0;
     std::int16_t X2_Ten = 0; ///< X2, at least 454

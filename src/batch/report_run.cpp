@@ -1,0 +1,75 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "batch/report_run.h"
+
+#include "batch/company_run.h"
+#include "data/store_file.h"
+#include "report/kekka.h"
+#include "report/pdf_target.h"
+#include "report/report_table.h"
+
+#include <array>
+#include <cstdio>
+#include <utility>
+
+namespace morvane {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+bool Is_Pdf(const fs::path& output) {
+    return output.extension() == ".pdf" || output.extension() == ".PDF";
+}
+
+fs::path File_Of(const fs::path& output, std::int32_t number) {
+    if (Is_Pdf(output)) {
+        return output;
+    }
+    std::array<char, 32> name{};
+    std::snprintf(name.data(), name.size(), "%06d.pdf", static_cast<int>(number));
+    return output / name.data();
+}
+
+std::string Pdf_Of(const Session& session, const Report_Options& options, const Company& company,
+                   const std::string& date) {
+    const Connection cn(Store_Of(session, company), session.Db_Key, Connection::Mode::Read_Only);
+    Settled_Score score = Score_Company(cn, session.Is_Hokkaido(), options.period, *options.scenario);
+    const char* name =
+        options.report.empty() ? Law_Of(score.figures.law_year).result_report : options.report.c_str();
+    Report_Heading heading;
+    heading.print_date = date;
+    heading.office_name = session.Is_Multi() ? session.Office_Name : "";
+    const Kekka_Figures kekka = Kekka_Read(cn, std::move(score), std::move(heading));
+    Print_State print_state;
+    print_state.Prt_Doing = true;
+    Pdf_Target pdf("結果通知書 " + kekka.heading.Jigyo_Name);
+    Prt_ModSet prt(print_state, pdf);
+    Draw_Kekka(prt, kekka, Kekka_Form_Of(name).value());
+    return pdf.Finish();
+}
+
+} // namespace
+
+std::size_t Report_Run(const Session& session, const Report_Options& options, std::ostream& errors) {
+    if (Is_Pdf(options.output)) {
+        if (options.companies.size() > 1) {
+            throw Usage_Error(
+                "複数の事業所は1つのファイルに出力できません。-o にフォルダを指定してください。");
+        }
+    } else {
+        std::error_code error;
+        fs::create_directories(options.output, error);
+        if (!fs::is_directory(options.output)) {
+            throw Usage_Error("フォルダ「" + options.output.string() + "」を作成できません。");
+        }
+    }
+    const std::string date = Print_Date();
+    const auto print_one = [&](const Company& company) {
+        Write_Text_File(File_Of(options.output, company.number), Pdf_Of(session, options, company, date));
+        return std::string();
+    };
+    return Run_Companies(options.companies, {.jobs = options.jobs, .progress = options.progress, .block = 32},
+                         errors, print_one, [](const Company&, const Company_Outcome&) {});
+}
+
+} // namespace morvane

@@ -1,0 +1,95 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "report/kekka.h"
+
+#include <array>
+#include <ctime>
+#include <string_view>
+#include <utility>
+
+namespace morvane {
+
+namespace {
+
+/// The word of a scenario in the title; the saved ones by their slots.
+constexpr std::array<std::string_view, 5> scenario_words = {"改善前", "改善後", "保存値１", "保存値２",
+                                                            "保存値３"};
+
+// Places of Y_Calc::Y_Yoso whose former figure stands in the statement itself, as the scores take it.
+constexpr std::size_t jiko_sihon = 4;
+constexpr std::size_t so_sihon = 5;
+constexpr std::size_t so_sihon_zenki = 6;
+constexpr std::size_t keijo_rieki = 11;
+constexpr std::size_t cash_flow = 12;
+constexpr std::size_t cash_flow_zenki = 13;
+
+/// What a period before has changed no more, so that its statement as it was closed counts in every scenario.
+void Read_Zenki(const Connection& cn, int period, Kekka_Figures& kekka) {
+    const Review_Figures& figures = kekka.figures;
+    Statement_Figures statement;
+    Read_Statement(cn, period - 1, scenario_genjo.zaihyo_column, statement);
+    if (statement.has_rows) {
+        Y_Calc before;
+        before.Calc_Y(statement, figures.hokkaido, figures.corporation);
+        for (std::size_t i = 0; i < before.Y_Yoso.size(); ++i) {
+            kekka.y_zenki[i] = before.Y_Yoso[i];
+        }
+    }
+    if (kekka.y.has_figures) {
+        kekka.y_zenki[jiko_sihon] = figures.statement.Get_Y_Kamoku(829);
+        kekka.y_zenki[so_sihon] = kekka.y.Y_Yoso[so_sihon_zenki];
+        kekka.y_zenki[keijo_rieki] = kekka.y.Y_Work[0];
+        kekka.y_zenki[cash_flow] = kekka.y.Y_Yoso[cash_flow_zenki];
+    }
+}
+
+} // namespace
+
+std::string Print_Date() {
+    const std::time_t now = std::time(nullptr);
+    std::tm local{};
+    localtime_r(&now, &local);
+    std::array<char, 16> text{};
+    return {text.data(), std::strftime(text.data(), text.size(), "%Y/%m/%d", &local)};
+}
+
+Kekka_Figures Kekka_Read(const Session& session) {
+    const Scenario& scenario = session.Sim_Mode == 2 ? scenario_kaizen : scenario_genjo;
+    const int period = session.Syori_Ki;
+    const Connection cn = Cn_Open(session);
+    const Transaction reading(cn, Transaction::Purpose::Read);
+    Kekka_Figures kekka;
+    kekka.heading = {session.Jigyo_Name, period, Print_Date(), session.Is_Multi() ? session.Office_Name : ""};
+    kekka.word = scenario_words[scenario.number - 1U];
+    Review_Figures& figures = kekka.figures;
+    figures.hokkaido = session.Is_Hokkaido();
+    figures.corporation = session.Is_Corporation();
+    Read_Statement(cn, period, scenario.zaihyo_column, figures.statement);
+    Read_Elements(cn, period, scenario, figures);
+    Read_Works(cn, period, scenario, figures);
+    if (scenario.number != scenario_genjo.number && figures.Is_Empty_Scenario()) {
+        Read_Elements(cn, period, scenario_genjo, figures);
+        Read_Works(cn, period, scenario_genjo, figures);
+    }
+    WZX_Calc wzx;
+    kekka.x2.Calc_X2(figures, wzx, false);
+    kekka.y.Calc_Y(figures.statement, figures.hokkaido, figures.corporation);
+    kekka.items.Load(figures);
+    Read_Zenki(cn, period, kekka);
+    return kekka;
+}
+
+Kekka_Figures Kekka_Read(const Connection& cn, Settled_Score score, Report_Heading heading) {
+    Kekka_Figures kekka;
+    kekka.heading = std::move(heading);
+    kekka.heading.Jigyo_Name = score.jigyo_name;
+    kekka.heading.Syori_Ki = score.period;
+    kekka.word = scenario_words[score.scenario->number - 1U];
+    kekka.figures = std::move(score.figures);
+    kekka.y = score.y;
+    kekka.x2 = score.x2;
+    kekka.items.Load(kekka.figures);
+    Read_Zenki(cn, score.period, kekka);
+    return kekka;
+}
+
+} // namespace morvane

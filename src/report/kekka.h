@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#pragma once
+
+#include "calc/law_year.h"
+#include "report/prt_modset.h"
+#include "screens/settled_score.h"
+#include "session/session.h"
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace morvane {
+
+/// The forms of the result report, by the law years they were made for.
+enum class Kekka_Form : std::uint8_t { Rpt_Kekka = 1, Rpt_Kekka_2011 = 2, Rpt_Kekka_2012 = 3 };
+
+/// What stands at the head of every report page.
+struct Report_Heading {
+    std::string Jigyo_Name;
+    int Syori_Ki = 0;
+    std::string print_date;  ///< year/month/day
+    std::string office_name; ///< the adviser's, empty for a firm of its own
+};
+
+/// Today as the reports print it.
+std::string Print_Date();
+
+/// The figures of the result report (結果通知書): one period in one scenario. Amounts are thousand yen.
+struct Kekka_Figures {
+    Report_Heading heading;
+    std::string word; ///< of the scenario, in the title
+    Review_Figures figures;
+    Social_Items items;
+    Y_Calc y;
+    X2_Calc x2;
+    std::array<std::optional<std::int32_t>, 14> y_zenki; ///< the elements of Y of the period before
+};
+
+/// Reads the period in hand: the stored scores, elements and works of the column that the session's Sim_Mode
+/// names, with Y and X2 computed from its statement. A working scenario that was never started has the
+/// current figures. Raises Store_Error, Run_Time_Error.
+Kekka_Figures Kekka_Read(const Session& session);
+
+/// The same from a settled score of an open store.
+Kekka_Figures Kekka_Read(const Connection& cn, Settled_Score score, Report_Heading heading);
+
+/// Draws the sheet in one of its forms.
+void Draw_Kekka(Prt_ModSet& prt, const Kekka_Figures& kekka, Kekka_Form form);
+
+} // namespace morvane

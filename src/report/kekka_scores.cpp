@@ -1,0 +1,194 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "report/kekka_rows.h"
+#include "report/kekka_sheet.h"
+#include "screens/y_texts.h"
+
+#include <array>
+
+namespace morvane::kekka_sheet {
+
+namespace {
+
+constexpr float band_height = 5.0F;
+constexpr float total_height = 6.5F;
+
+/// The frame of a section: heading above, room for the score below; gives what lies between.
+Area Draw_Section(Page_Layout& page, const Area& area, const char* heading) {
+    page.Text({area.left, area.top, area.right, area.top + band_height}, heading, heading_type);
+    page.Thin(area.left, area.top + band_height, area.right, area.top + band_height);
+    page.Thick(area.left, area.bottom - total_height, area.right, area.bottom - total_height);
+    page.Thick_Box(area);
+    return {area.left, area.top + band_height, area.right, area.bottom - total_height};
+}
+
+void Draw_Total(Page_Layout& page, const Area& area, const char* letter, std::int64_t score) {
+    const Area foot = {area.left, area.bottom - total_height, area.right, area.bottom};
+    page.Text({foot.left + 2, foot.top, foot.left + 20, foot.bottom}, "評点",
+              {font_p_gothic, 9.0F, Align::Spread});
+    page.Text({foot.left + 20, foot.top, foot.left + 40, foot.bottom}, letter, {font_p_gothic, 9.0F});
+    page.Text({foot.right - 30, foot.top, foot.right - 2, foot.bottom}, Figure_Text(score), total_type);
+}
+
+/// Pale rules between the rows of a table and between its columns, where `ruled` says so for the left side.
+void Draw_Grid(Page_Layout& page, const Table_Cells& cells, std::size_t rows) {
+    for (std::size_t row = 1; row < rows; ++row) {
+        page.Pale(cells.area.left, cells.Y(row), cells.area.right, cells.Y(row));
+    }
+}
+
+// ---- Y
+
+struct Indicator {
+    const char* label;
+    const char* unit;
+};
+
+constexpr std::array<Indicator, 8> indicators = {{{"純支払利息比率", "%"},
+                                                  {"負債回転期間", "月"},
+                                                  {"純資本売上総利益率", "%"},
+                                                  {"売上高経常利益率", "%"},
+                                                  {"自己資本固定資産比率", "%"},
+                                                  {"自己資本比率", "%"},
+                                                  {"営業CF", "億円"},
+                                                  {"利益剰余金", "億円"}}};
+
+/// The elements of Y with two periods: their places in Y_Calc::Y_Yoso, whose seventh and last are former
+/// figures.
+struct Balance_Item {
+    const char* label;
+    std::size_t place;
+};
+
+constexpr std::array<Balance_Item, 12> balance_items = {{{"固定資産", 0},
+                                                         {"流動負債", 1},
+                                                         {"固定負債", 2},
+                                                         {"利益剰余金", 3},
+                                                         {"自己資本", 4},
+                                                         {"総資本", 5},
+                                                         {"売上高", 7},
+                                                         {"売上総利益", 8},
+                                                         {"受取利息配当金", 9},
+                                                         {"支払利息", 10},
+                                                         {"経常利益", 11},
+                                                         {"営業CF", 12}}};
+
+void Draw_Indicators(Page_Layout& page, const Area& area, const Kekka_Figures& kekka) {
+    constexpr std::array<Table_Column, 3> columns = {
+        {{26.5F, label_type}, {12.0F, figure_type}, {0.0F, {font_p_mincho, 7.0F, Align::Left}}}};
+    const Table_Cells cells(area, columns, indicators.size());
+    Draw_Grid(page, cells, indicators.size());
+    page.Pale(cells.X(1), area.top, cells.X(1), area.bottom);
+    for (std::size_t i = 0; i < indicators.size(); ++i) {
+        page.Text(cells.Cell(i, 0), indicators[i].label, label_type);
+        page.Text(cells.Cell(i, 1), Indicator_Text(kekka.y.Y_Kekka[i]), {font_p_gothic, 8.0F, Align::Right});
+        page.Text(cells.Cell(i, 2), indicators[i].unit, columns[2].type);
+    }
+}
+
+void Draw_Balance(Page_Layout& page, const Area& area, const Kekka_Figures& kekka) {
+    constexpr std::array<Table_Column, 3> columns = {
+        {{20.0F, label_type}, {15.5F, figure_type}, {0.0F, figure_type}}};
+    const Table_Cells cells(area, columns, balance_items.size());
+    Draw_Grid(page, cells, balance_items.size());
+    for (const std::size_t column : {1U, 2U}) {
+        page.Pale(cells.X(column), area.top, cells.X(column), area.bottom);
+    }
+    for (std::size_t i = 0; i < balance_items.size(); ++i) {
+        const std::size_t place = balance_items[i].place;
+        page.Text(cells.Cell(i, 0), balance_items[i].label, label_type);
+        page.Text(cells.Cell(i, 1), Figure_Text(kekka.y.Y_Yoso[place], true), figure_type);
+        page.Text(cells.Cell(i, 2), Figure_Text(kekka.y_zenki[place].value_or(0), true), figure_type);
+    }
+}
+
+} // namespace
+
+void Draw_X2(Page_Layout& page, const Kekka_Figures& kekka) {
+    constexpr std::array<Table_Column, 6> columns = {{{20.0F, label_type},
+                                                      {18.0F, figure_type},
+                                                      {18.0F, figure_type},
+                                                      {8.5F, {font_p_mincho, 6.5F, Align::Center}},
+                                                      {18.0F, figure_type},
+                                                      {0.0F, score_type}}};
+    const Area inner = Draw_Section(page, x2_area, "自己資本額及び利益額");
+    const Table_Cells cells(inner, columns, 3);
+    page.Thin(inner.left, cells.Y(1), inner.right, cells.Y(1));
+    page.Pale(inner.left, cells.Y(2), inner.right, cells.Y(2));
+    for (const std::size_t column : {1U, 2U, 3U, 5U}) {
+        page.Pale(cells.X(column), inner.top, cells.X(column), inner.bottom);
+    }
+    page.Text(cells.Cell(0, 1), "(当期)", head_type);
+    page.Text(cells.Cell(0, 2), "(前期)", head_type);
+    page.Text(cells.Cells(0, 3, 0, 4), "数値", {font_p_mincho, 7.0F, Align::Spread});
+    page.Text(cells.Cell(0, 5), "評点", {font_p_mincho, 7.0F, Align::Spread});
+
+    const X2_Calc& x2 = kekka.x2;
+    const auto row = [&](std::size_t at, const char* label, const std::array<std::int32_t, 2>& ki,
+                         const char* basis, std::int32_t used, std::int16_t score) {
+        page.Text(cells.Cell(at, 0), label, label_type);
+        page.Text(cells.Cell(at, 1), Figure_Text(ki[0]), figure_type);
+        page.Text(cells.Cell(at, 2), Figure_Text(ki[1]), figure_type);
+        page.Text(cells.Cell(at, 3), basis, columns[3].type);
+        page.Text(cells.Cell(at, 4), Figure_Text(used), figure_type);
+        page.Text(cells.Cell(at, 5), Figure_Text(score), score_type);
+    };
+    row(1, "自己資本額", x2.Jiko_Ki, x2.JikoS == 1 ? "(基準)" : "(平均)", x2.X2_Jiko_Used, x2.X2_1_Ten);
+    row(2, "利益額", x2.Rieki_Ki, "(平均)", x2.X2_Rieki_Used, x2.X2_2_Ten);
+    Draw_Total(page, x2_area, "（Ｘ2）", x2.X2_Ten);
+}
+
+void Draw_Y(Page_Layout& page, const Kekka_Figures& kekka) {
+    constexpr float head_height = 4.5F;
+    constexpr float indicators_width = 45.5F;
+    const Area inner = Draw_Section(page, y_area, "経営状況");
+    const float middle = inner.left + indicators_width;
+    const float head = inner.top + head_height;
+    page.Thin(inner.left, head, inner.right, head);
+    page.Thin(middle, inner.top, middle, inner.bottom);
+    page.Text({inner.left, inner.top, middle, head}, "経営状況分析の指標", head_type);
+    page.Text({middle + 20.0F, inner.top, middle + 35.5F, head}, "(当期)", head_type);
+    page.Text({middle + 35.5F, inner.top, inner.right, head}, "(前期)", head_type);
+    Draw_Indicators(page, {inner.left, head, middle, inner.bottom}, kekka);
+    Draw_Balance(page, {middle, head, inner.right, inner.bottom}, kekka);
+    Draw_Total(page, y_area, "（Ｙ）", kekka.y.Y_Ten);
+}
+
+void Draw_W(Page_Layout& page, const Kekka_Figures& kekka, Kekka_Form form) {
+    constexpr std::array<Table_Column, 3> columns = {
+        {{55.0F, {font_p_mincho, 7.0F}}, {21.5F, {font_p_mincho, 7.0F, Align::Center}}, {0.0F, figure_type}}};
+    const Area inner = Draw_Section(page, w_area, "その他の審査項目（社会性等）");
+    const std::vector<Social_Row> rows = Social_Rows(kekka, form);
+    const Table_Cells cells(inner, columns, rows.size());
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        const Social_Row& row = rows[i];
+        const auto first = i + 1 - static_cast<std::size_t>(row.rows_of_points);
+        const Area points = cells.Cells(first, 2, i, 2);
+        if (row.is_score) {
+            page.Text(cells.Cell(i, 0), row.label, {font_p_gothic, 7.0F});
+            page.Text(points, row.points, score_type);
+        } else {
+            page.Text(cells.Cell(i, 0), row.label, columns[0].type);
+            page.Text(points, row.points, figure_type);
+        }
+        page.Text(cells.Cell(i, 1), row.value, columns[1].type);
+    }
+    for (std::size_t i = 1; i < rows.size(); ++i) {
+        const float y = cells.Y(i);
+        if (rows[i - 1].is_score) {
+            page.Thin(inner.left, y, inner.right, y);
+            continue;
+        }
+        // Points of several rows stand in one cell.
+        bool inside = false;
+        for (std::size_t k = i; k < rows.size(); ++k) {
+            inside = inside || static_cast<std::size_t>(rows[k].rows_of_points) > k - i + 1;
+        }
+        page.Pale(inner.left, y, inside ? cells.X(2) : inner.right, y);
+    }
+    for (const std::size_t column : {1U, 2U}) {
+        page.Pale(cells.X(column), inner.top, cells.X(column), inner.bottom);
+    }
+    Draw_Total(page, w_area, "（Ｗ）", kekka.figures.Yoso(200));
+}
+
+} // namespace morvane::kekka_sheet

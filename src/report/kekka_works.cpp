@@ -1,0 +1,214 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "calc/xzp_dataget.h"
+#include "report/kekka_rows.h"
+#include "report/kekka_sheet.h"
+
+#include <string_view>
+#include <vector>
+
+namespace morvane::kekka_sheet {
+
+namespace {
+
+using Of_Line = const Figure& (*)(const Work_Line&);
+
+template <Figure Work_Line::*Member>
+const Figure& Of(const Work_Line& line) {
+    return line.*Member;
+}
+
+template <std::size_t Kind>
+const Figure& Engineers(const Work_Line& line) {
+    return line.gijutusya[Kind - 1];
+}
+
+/// A column: its width, the heading over it and over those behind it that have none, its own heading of one
+/// to three lines, its figure. The amounts have totals.
+struct Works_Column {
+    float width;
+    const char* group;
+    std::vector<const char*> head;
+    Of_Line figure;
+    Type type = figure_type;
+    bool is_amount = false;
+};
+
+constexpr Type name_type = {font_p_mincho, 7.5F};
+constexpr Type p_type = {font_p_gothic, 9.0F, Align::Right};
+constexpr float amount_width = 13.8F;
+constexpr float prime_width = 12.6F;
+constexpr float engineer_width = 5.9F;
+constexpr std::size_t first_figure = 2; ///< behind code and name
+constexpr const char* engineers_group = "元 請 完 成 工 事 高 及 び 技 術 職 員 数";
+
+/// 補佐, the assistants of supervising engineers, came in 2021 and stand by their weight.
+std::vector<Works_Column> Columns_Of(const Kekka_Figures& kekka, Kekka_Form form) {
+    const char* average = kekka.figures.Yoso(201) == 3 ? "3年平均" : "2年平均";
+    std::vector<Works_Column> columns = {
+        {6.2F, "建設業工事の種類", {}, nullptr, {font_p_mincho, 7.0F, Align::Center}},
+        {20.4F, nullptr, {}, nullptr, name_type},
+        {9.6F, "", {"総合", "評点", "（Ｐ）"}, Of<&Work_Line::P>, p_type},
+        {amount_width, "完 成 工 事 高", {"基準決算"}, Of<&Work_Line::Kijun>, figure_type, true},
+        {amount_width, nullptr, {"以前の決算"}, Of<&Work_Line::Zheikin>, figure_type, true},
+        {amount_width, nullptr, {average}, Of<&Work_Line::Nheikin>, figure_type, true},
+        {8.6F, nullptr, {"評点", "（Ｘ1）"}, Of<&Work_Line::X1>, score_type},
+        {prime_width, engineers_group, {"基準決算"}, Of<&Work_Line::Mkijun>, figure_type, true},
+        {prime_width, nullptr, {"以前の決算"}, Of<&Work_Line::Mzheikin>, figure_type, true},
+        {prime_width, nullptr, {average}, Of<&Work_Line::Mnheikin>, figure_type, true},
+        {engineer_width, nullptr, {"監理"}, Engineers<1>},
+        {engineer_width, nullptr, {"1級"}, Engineers<2>},
+    };
+    if (form == Kekka_Form::Rpt_Kekka_2012) {
+        columns.push_back({engineer_width, nullptr, {"補佐"}, Engineers<6>});
+    }
+    for (const auto& [head, figure] : {std::pair<const char*, Of_Line>{"基幹", Engineers<3>},
+                                       {"2級", Engineers<4>},
+                                       {"他", Engineers<5>}}) {
+        columns.push_back({engineer_width, nullptr, {head}, figure});
+    }
+    columns.push_back({8.4F, nullptr, {"（Ｚ1）"}, Of<&Work_Line::Zi>});
+    columns.push_back({8.4F, nullptr, {"（Ｚ2）"}, Of<&Work_Line::Zro>});
+    columns.push_back({0.0F, nullptr, {"評点", "（Ｚ）"}, Of<&Work_Line::Z>, score_type});
+    return columns;
+}
+
+/// The name of a line on the sheet, shorter than on the screens where that one would not fit.
+std::string_view Name_Of(std::size_t line) {
+    switch (line) {
+    case 5:
+        return "とび・土工";
+    case 11:
+        return "タイル";
+    default:
+        return work_types[line].name;
+    }
+}
+
+class Works_Table {
+  public:
+    Works_Table(Page_Layout& layout, const Kekka_Figures& figures, Kekka_Form form)
+        : page(layout), kekka(figures), columns(Columns_Of(figures, form)), plain(Plain(columns)),
+          cells({left_edge, works_top + works_head, right_edge, works_bottom}, plain, works_rows) {}
+
+    void Draw() {
+        Draw_Rules();
+        Draw_Heads();
+        for (std::size_t i = 0; i < scored_lines; ++i) {
+            Draw_Code_And_Name(i, i);
+            Draw_Line(i, kekka.figures.works[i]);
+        }
+        Draw_Code_And_Name(scored_lines, other_line);
+        Draw_Line(scored_lines, kekka.figures.works[other_line]);
+        Draw_Totals(scored_lines + 1);
+    }
+
+  private:
+    static std::vector<Table_Column> Plain(const std::vector<Works_Column>& columns) {
+        std::vector<Table_Column> plain;
+        for (const Works_Column& column : columns) {
+            plain.push_back({column.width, column.type});
+        }
+        return plain;
+    }
+
+    [[nodiscard]] bool Begins_Group(std::size_t column) const {
+        return column == columns.size() || columns[column].group != nullptr;
+    }
+
+    void Draw_Rules() {
+        const float body = cells.Y(0);
+        for (std::size_t row = 1; row < works_rows; ++row) {
+            page.Pale(left_edge, cells.Y(row), right_edge, cells.Y(row));
+        }
+        for (std::size_t column = first_figure; column < columns.size(); ++column) {
+            const float x = cells.X(column);
+            if (Begins_Group(column)) {
+                page.Thin(x, works_top, x, works_bottom);
+            } else {
+                page.Thin(x, works_top + group_height, x, body);
+                page.Pale(x, body, x, works_bottom);
+            }
+        }
+        page.Thin(left_edge, body, right_edge, body);
+        page.Thin(left_edge, cells.Y(scored_lines), right_edge, cells.Y(scored_lines));
+        page.Thick(left_edge, cells.Y(scored_lines + 1), right_edge, cells.Y(scored_lines + 1));
+        page.Thick_Box({left_edge, works_top, right_edge, works_bottom});
+    }
+
+    void Draw_Heads() {
+        const float body = cells.Y(0);
+        for (std::size_t first = 0; first < columns.size();) {
+            std::size_t behind = first + 1;
+            while (!Begins_Group(behind)) {
+                ++behind;
+            }
+            const Area group = {cells.X(first), works_top, cells.X(behind), works_top + group_height};
+            if (first == 0) {
+                page.Text({group.left, works_top, group.right, body}, columns[first].group,
+                          {font_p_mincho, 8.0F, Align::Spread});
+            } else if (columns[first].group[0] != '\0') {
+                page.Text(group, columns[first].group, {font_p_gothic, 7.5F, Align::Center});
+                page.Thin(group.left, group.bottom, group.right, group.bottom);
+            }
+            first = behind;
+        }
+        for (std::size_t i = first_figure; i < columns.size(); ++i) {
+            const bool alone = columns[i].group != nullptr && columns[i].group[0] == '\0';
+            Draw_Head({cells.X(i), alone ? works_top : works_top + group_height, cells.X(i + 1), body},
+                      columns[i].head);
+        }
+    }
+
+    void Draw_Head(const Area& area, const std::vector<const char*>& lines) {
+        constexpr float line_height = 3.1F;
+        float top = (area.top + area.bottom - line_height * static_cast<float>(lines.size())) / 2;
+        for (const char* line : lines) {
+            page.Text({area.left - 0.3F, top, area.right + 0.3F, top + line_height}, line, head_type);
+            top += line_height;
+        }
+    }
+
+    void Draw_Code_And_Name(std::size_t row, std::size_t line) {
+        page.Text(cells.Cell(row, 0), std::string(work_types[line].label), columns[0].type);
+        Area name = cells.Cell(row, 1);
+        name.left += Is_Sub_Line(line) ? 2.0F : 0.0F;
+        page.Text(name, std::string(Name_Of(line)), name_type);
+    }
+
+    void Draw_Line(std::size_t row, const Work_Line& line) {
+        for (std::size_t i = first_figure; i < columns.size(); ++i) {
+            page.Text(cells.Cell(row, i), Figure_Text(columns[i].figure(line).value, true), columns[i].type);
+        }
+    }
+
+    /// The amounts of all lines but those that are parts of others.
+    void Draw_Totals(std::size_t row) {
+        page.Text(cells.Cells(row, 0, row, 1), "合　　計", {font_p_gothic, 7.5F, Align::Center});
+        for (std::size_t i = first_figure; i < columns.size(); ++i) {
+            if (!columns[i].is_amount) {
+                continue;
+            }
+            std::int64_t total = 0;
+            for (std::size_t line = 0; line < work_line_count; ++line) {
+                total += Is_Sub_Line(line) ? 0 : columns[i].figure(kekka.figures.works[line]).value;
+            }
+            page.Text(cells.Cell(row, i), Figure_Text(total, true), figure_type);
+        }
+    }
+
+    static constexpr float group_height = 4.5F;
+
+    Page_Layout& page;
+    const Kekka_Figures& kekka;
+    const std::vector<Works_Column> columns;
+    const std::vector<Table_Column> plain;
+    const Table_Cells cells;
+};
+
+} // namespace
+
+void Draw_Works(Page_Layout& page, const Kekka_Figures& kekka, Kekka_Form form) {
+    Works_Table(page, kekka, form).Draw();
+}
+
+} // namespace morvane::kekka_sheet

@@ -1,0 +1,60 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace morvane {
+
+/// The two families that stand for the fonts of the reports.
+enum class Report_Face : std::uint8_t { Gothic, Mincho };
+
+/// A line of a report: width in dots, style (0 solid, 1 dashes, 2 dots), colour 0xBBGGRR.
+struct Report_Pen {
+    std::int16_t width = 1;
+    std::int16_t style = 0;
+    std::uint32_t color = 0;
+
+    friend bool operator==(const Report_Pen&, const Report_Pen&) = default;
+};
+
+/// What a report is drawn on: the preview, the printer, a PDF file, a record of the operations. Lengths are
+/// millimetres from the upper left corner of the sheet, sizes of texts points.
+class Print_Target {
+  public:
+    Print_Target() = default;
+    Print_Target(const Print_Target&) = delete;
+    Print_Target& operator=(const Print_Target&) = delete;
+    virtual ~Print_Target() = default;
+
+    /// The width that a character takes.
+    [[nodiscard]] virtual double Char_Width(char32_t character, Report_Face face, double size) const;
+
+    /// A text with its left end at x and its top at y: the baseline is `baseline` of its size below.
+    virtual void Text(const std::string& text, double x, double y, Report_Face face, double size) = 0;
+    virtual void Line(double x1, double y1, double x2, double y2, const Report_Pen& pen) = 0;
+    virtual void Box(double x1, double y1, double x2, double y2, const Report_Pen& pen) = 0;
+    virtual void Circle(double x, double y, double radius, const Report_Pen& pen) = 0;
+    virtual void Page_End() = 0;
+
+    /// The dots of a line's width on paper: 300 to the inch, whatever the device resolves.
+    static constexpr double dots_per_inch = 300.0;
+    static constexpr double mm_per_inch = 25.4;
+    static constexpr double mm_per_point = mm_per_inch / 72.0;
+    /// Both families stand 1802 of 2048 units above the baseline and fill the rest below it.
+    static constexpr double baseline = 1802.0 / 2048.0;
+    static constexpr double sheet_width = 210.0;
+    static constexpr double sheet_height = 297.0;
+};
+
+/// The characters of a UTF-8 text; what is none, and control characters, become blanks.
+std::u32string Characters_Of(std::string_view text);
+
+/// One character as UTF-8.
+std::string Utf8_Of(char32_t character);
+
+/// The text as it can be drawn: valid UTF-8 without control characters.
+std::string Drawable(std::string_view text);
+
+} // namespace morvane

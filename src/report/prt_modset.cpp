@@ -1,0 +1,88 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "report/prt_modset.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace morvane {
+
+namespace {
+
+constexpr std::size_t most_spread = 254;
+
+Report_Face Face_Of(std::string_view font) {
+    return font.find("明朝") != std::string_view::npos ? Report_Face::Mincho : Report_Face::Gothic;
+}
+
+} // namespace
+
+float Prt_ModSet::Width_Of(const std::string& text, const char* font, float size) const {
+    const Report_Face face = Face_Of(font);
+    double sum = 0.0;
+    for (const char32_t character : Characters_Of(text)) {
+        sum += target.Char_Width(character, face, size);
+    }
+    return static_cast<float>(sum);
+}
+
+void Prt_ModSet::Prt_Text(const std::string& text, float x, float y, const char* font, float size) {
+    if (!text.empty()) {
+        target.Text(Drawable(text), X(x), Y(y), Face_Of(font), size * state.Prt_Scale);
+    }
+}
+
+void Prt_ModSet::Prt_Text_Center(const std::string& text, float& x, float y, const char* font, float size) {
+    x -= Width_Of(text, font, size) / 2;
+    Prt_Text(text, x, y, font, size);
+}
+
+void Prt_ModSet::Prt_Text_Right(const std::string& text, float& x, float y, const char* font, float size) {
+    x -= Width_Of(text, font, size);
+    Prt_Text(text, x, y, font, size);
+}
+
+void Prt_ModSet::Prt_Text_Wide(const std::string& text, float x1, float x2, float y, const char* font,
+                               float size) {
+    const std::u32string characters = Characters_Of(text).substr(0, most_spread);
+    if (characters.size() == 1) {
+        float middle = (x1 + x2) / 2;
+        Prt_Text_Center(text, middle, y, font, size);
+        return;
+    }
+    for (std::size_t i = 0; i < characters.size(); ++i) {
+        const float pitch = (x2 - x1) / static_cast<float>(characters.size() - 1);
+        Prt_Text(Utf8_Of(characters[i]), x1 + static_cast<float>(i) * pitch, y, font, size);
+    }
+}
+
+void Prt_ModSet::Take_Width(std::int16_t& width) const {
+    if (!state.Prt_Doing && width != 1) {
+        width = static_cast<std::int16_t>(width / 2);
+    }
+}
+
+void Prt_ModSet::Prt_Line(float x1, float y1, float x2, float y2, std::int16_t& width, int style) {
+    Prt_Line_Color2(x1, y1, x2, y2, width, style, 0);
+}
+
+void Prt_ModSet::Prt_Line_Color(float x1, float y1, float x2, float y2, std::int16_t& width, int style,
+                                const std::uint32_t& color) {
+    Prt_Line_Color2(x1, y1, x2, y2, width, style, color);
+}
+
+void Prt_ModSet::Prt_Line_Color2(float x1, float y1, float x2, float y2, std::int16_t& width, int style,
+                                 std::uint32_t color) {
+    Take_Width(width);
+    target.Line(X(x1), Y(y1), X(x2), Y(y2), {width, static_cast<std::int16_t>(style), color});
+}
+
+void Prt_ModSet::Prt_Box(float x1, float y1, float x2, float y2, std::int16_t& width, int style) {
+    Take_Width(width);
+    target.Box(X(x1), Y(y1), X(x2), Y(y2), {width, static_cast<std::int16_t>(style), 0});
+}
+
+void Prt_ModSet::Prt_Circle(float x, float y, float radius) {
+    target.Circle(X(x), Y(y), state.Prt_Scale * radius, {});
+}
+
+} // namespace morvane

@@ -1,0 +1,102 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "report/report_table.h"
+
+#include <algorithm>
+#include <array>
+#include <memory>
+
+namespace morvane {
+
+namespace {
+
+constexpr int paper_a4 = 9;
+constexpr int upright = 1;
+
+template <Kekka_Form Form>
+Rpt_Draw Read_Kekka(const Session& session) {
+    return [kekka = std::make_shared<const Kekka_Figures>(Kekka_Read(session))](Prt_ModSet& prt) {
+        Draw_Kekka(prt, *kekka, Form);
+    };
+}
+
+// Number 35 came with the revision of 2011: stores from before it lack the row, whichever of the two newer
+// forms meets them first.
+constexpr const char* kekka_2011 = "Rpt_Kekka_2011";
+
+constexpr auto reports = std::to_array<Report_Row>({
+    {"Rpt_Kekka", 17, "結果通知書", nullptr, Read_Kekka<Kekka_Form::Rpt_Kekka>},
+    {"Rpt_Kekka_2011", 35, "結果通知書(2011)", kekka_2011, Read_Kekka<Kekka_Form::Rpt_Kekka_2011>},
+    {"Rpt_Kekka_2012", 35, "結果通知書(2011)", kekka_2011, Read_Kekka<Kekka_Form::Rpt_Kekka_2012>},
+});
+
+std::string Select(const Report_Row& report) {
+    return "SELECT * FROM Report_Info WHERE レポートNo=" + std::to_string(report.report_no) + ";";
+}
+
+void Add_Row(Recordset& rows, const Report_Row& report) {
+    rows.Add_New();
+    rows.Set("レポートNo", report.report_no);
+    rows.Set("書式名称", report.title);
+    rows.Set("オブジェクト名", report.object_name);
+    rows.Set("用紙サイズ", paper_a4);
+    rows.Set("用紙向き", upright);
+    rows.Set("用紙幅", Print_Target::sheet_width);
+    rows.Set("用紙高", Print_Target::sheet_height);
+    rows.Set("上余白", 0);
+    rows.Set("左余白", 0);
+    rows.Update();
+}
+
+} // namespace
+
+std::span<const Report_Row> Report_Table() {
+    return reports;
+}
+
+const Report_Row* Find_Report(std::string_view name) {
+    const auto* const found = std::find_if(reports.begin(), reports.end(),
+                                           [name](const Report_Row& report) { return name == report.name; });
+    return found == reports.end() ? nullptr : found;
+}
+
+std::optional<Kekka_Form> Kekka_Form_Of(std::string_view name) {
+    for (const auto& [form_name, form] : {std::pair{"Rpt_Kekka", Kekka_Form::Rpt_Kekka},
+                                          {"Rpt_Kekka_2011", Kekka_Form::Rpt_Kekka_2011},
+                                          {"Rpt_Kekka_2012", Kekka_Form::Rpt_Kekka_2012}}) {
+        if (name == form_name) {
+            return form;
+        }
+    }
+    return std::nullopt;
+}
+
+void Load_Report_Info(const Connection& cn, const Report_Row& report, Print_State& print_state) {
+    const bool doing = print_state.Prt_Doing;
+    print_state = {};
+    print_state.Prt_Doing = report.keeps_doing && doing;
+    Recordset rows = cn.Open(Select(report));
+    if (rows.Eof()) {
+        if (report.object_name != nullptr) {
+            Add_Row(rows, report);
+        }
+        return;
+    }
+    print_state.Ue_Mrg_Val = static_cast<float>(rows["上余白"].As_Double());
+    print_state.Hida_Mrg_Val = static_cast<float>(rows["左余白"].As_Double());
+    print_state.Prt_Paper = static_cast<std::uint8_t>(rows["用紙サイズ"].As_Integer(paper_a4));
+    print_state.Prt_Muki = static_cast<std::uint8_t>(rows["用紙向き"].As_Integer(upright));
+    print_state.Prt_Top = print_state.Ue_Mrg_Val;
+    print_state.Prt_Left = print_state.Hida_Mrg_Val;
+}
+
+void Save_Report_Info(const Connection& cn, const Report_Row& report, const Print_State& print_state) {
+    Recordset rows = cn.Open(Select(report));
+    if (rows.Eof()) {
+        return;
+    }
+    rows.Set("上余白", static_cast<double>(print_state.Ue_Mrg_Val));
+    rows.Set("左余白", static_cast<double>(print_state.Hida_Mrg_Val));
+    rows.Update();
+}
+
+} // namespace morvane
