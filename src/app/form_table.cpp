@@ -8,6 +8,7 @@
 #include "company/frm_jgnew.h"
 #include "company/frm_jgsitei.h"
 #include "company/frm_kssitei.h"
+#include "report/report_window.h"
 #include "screens/frm_qanda.h"
 #include "screens/frm_ysisan.h"
 #include "zaimu/frm_kshendo.h"
@@ -97,7 +98,10 @@ constexpr auto form_rows = std::to_array<Form_Row>({
     {"Frm_KakuInfoUP", nullptr, true},
     {"Frm_KakuHpOpen", nullptr, true},
     // Reports, maintenance, exchange.
-    {"Frm_PrtSET", nullptr, true},
+    {"Rpt_Kekka", Make_Report<"Rpt_Kekka">, true},
+    {"Rpt_Kekka_2011", Make_Report<"Rpt_Kekka_2011">, true, "Rpt_Kekka"},
+    {"Rpt_Kekka_2012", Make_Report<"Rpt_Kekka_2012">, true, "Rpt_Kekka"},
+    {"Frm_PrtSET", nullptr, true, "Rpt_Kekka"},
     {"Frm_DtHosyu"},
     {"Frm_DtConv", nullptr, true},
     {"Frm_MlSend", nullptr, true},

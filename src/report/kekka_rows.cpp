@@ -193,8 +193,8 @@ Social_Row Printed(const Row& row, K kekka) {
     if (row.value != nullptr && Answered(kekka, row.element)) {
         printed.value = row.value(kekka);
     }
-    if (row.points != 0 && Answered(kekka, row.points)) {
-        printed.points = Figure_Text(kekka.figures.Yoso(row.points));
+    if (row.points != 0) {
+        printed.points = Score_Text(kekka, row.points);
     }
     return printed;
 }
@@ -203,6 +203,10 @@ Social_Row Printed(const Row& row, K kekka) {
 
 std::string Figure_Text(std::int64_t figure, bool zero_blank) {
     return figure == 0 && zero_blank ? "" : Comma_Str(figure);
+}
+
+std::string Score_Text(const Kekka_Figures& kekka, int element) {
+    return Answered(kekka, element) ? Figure_Text(kekka.figures.Yoso(element)) : "";
 }
 
 std::vector<Social_Row> Social_Rows(const Kekka_Figures& kekka, Kekka_Form form) {

@@ -20,6 +20,9 @@ struct Social_Row {
 /// The rows of a form, in their order on the sheet.
 std::vector<Social_Row> Social_Rows(const Kekka_Figures& kekka, Kekka_Form form);
 
+/// The score that an element holds; empty where none was stored.
+std::string Score_Text(const Kekka_Figures& kekka, int element);
+
 /// A figure with commas; `zero_blank` leaves 0 out.
 std::string Figure_Text(std::int64_t figure, bool zero_blank = false);
 

@@ -21,15 +21,15 @@ Area Draw_Section(Page_Layout& page, const Area& area, const char* heading) {
     return {area.left, area.top + band_height, area.right, area.bottom - total_height};
 }
 
-void Draw_Total(Page_Layout& page, const Area& area, const char* letter, std::int64_t score) {
+void Draw_Total(Page_Layout& page, const Area& area, const char* letter, const std::string& score) {
     const Area foot = {area.left, area.bottom - total_height, area.right, area.bottom};
-    page.Text({foot.left + 2, foot.top, foot.left + 20, foot.bottom}, "評点",
+    page.Text({foot.left + 2, foot.top, foot.left + 15, foot.bottom}, "評点",
               {font_p_gothic, 9.0F, Align::Spread});
-    page.Text({foot.left + 20, foot.top, foot.left + 40, foot.bottom}, letter, {font_p_gothic, 9.0F});
-    page.Text({foot.right - 30, foot.top, foot.right - 2, foot.bottom}, Figure_Text(score), total_type);
+    page.Text({foot.left + 15, foot.top, foot.left + 35, foot.bottom}, letter, {font_p_gothic, 9.0F});
+    page.Text({foot.right - 30, foot.top, foot.right - 2, foot.bottom}, score, total_type);
 }
 
-/// Pale rules between the rows of a table and between its columns, where `ruled` says so for the left side.
+/// Pale rules between the rows of a table.
 void Draw_Grid(Page_Layout& page, const Table_Cells& cells, std::size_t rows) {
     for (std::size_t row = 1; row < rows; ++row) {
         page.Pale(cells.area.left, cells.Y(row), cells.area.right, cells.Y(row));
@@ -101,6 +101,36 @@ void Draw_Balance(Page_Layout& page, const Area& area, const Kekka_Figures& kekk
     }
 }
 
+// ---- W
+
+/// A rule under each row: black under a sub-score, and past the points only where these end.
+void Draw_Social_Rules(Page_Layout& page, const Table_Cells& cells, const std::vector<Social_Row>& rows) {
+    for (std::size_t i = 1; i < rows.size(); ++i) {
+        const float y = cells.Y(i);
+        if (rows[i - 1].is_score) {
+            page.Thin(cells.area.left, y, cells.area.right, y);
+            continue;
+        }
+        bool inside = false;
+        for (std::size_t k = i; k < rows.size(); ++k) {
+            inside = inside || static_cast<std::size_t>(rows[k].rows_of_points) > k - i + 1;
+        }
+        page.Pale(cells.area.left, y, inside ? cells.X(2) : cells.area.right, y);
+    }
+}
+
+void Draw_Social_Rows(Page_Layout& page, const Table_Cells& cells, const std::vector<Social_Row>& rows) {
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        const Social_Row& row = rows[i];
+        const auto first = i + 1 - static_cast<std::size_t>(row.rows_of_points);
+        page.Text(cells.Cell(i, 0), row.label,
+                  row.is_score ? Type{font_p_gothic, 7.0F} : cells.columns[0].type);
+        page.Text(cells.Cell(i, 1), row.value, cells.columns[1].type);
+        page.Text(cells.Cells(first, 2, i, 2), row.points, row.is_score ? score_type : figure_type);
+    }
+    Draw_Social_Rules(page, cells, rows);
+}
+
 } // namespace
 
 void Draw_X2(Page_Layout& page, const Kekka_Figures& kekka) {
@@ -134,7 +164,7 @@ void Draw_X2(Page_Layout& page, const Kekka_Figures& kekka) {
     };
     row(1, "自己資本額", x2.Jiko_Ki, x2.JikoS == 1 ? "(基準)" : "(平均)", x2.X2_Jiko_Used, x2.X2_1_Ten);
     row(2, "利益額", x2.Rieki_Ki, "(平均)", x2.X2_Rieki_Used, x2.X2_2_Ten);
-    Draw_Total(page, x2_area, "（Ｘ2）", x2.X2_Ten);
+    Draw_Total(page, x2_area, "（Ｘ2）", Figure_Text(x2.X2_Ten));
 }
 
 void Draw_Y(Page_Layout& page, const Kekka_Figures& kekka) {
@@ -150,7 +180,7 @@ void Draw_Y(Page_Layout& page, const Kekka_Figures& kekka) {
     page.Text({middle + 35.5F, inner.top, inner.right, head}, "(前期)", head_type);
     Draw_Indicators(page, {inner.left, head, middle, inner.bottom}, kekka);
     Draw_Balance(page, {middle, head, inner.right, inner.bottom}, kekka);
-    Draw_Total(page, y_area, "（Ｙ）", kekka.y.Y_Ten);
+    Draw_Total(page, y_area, "（Ｙ）", Figure_Text(kekka.y.Y_Ten));
 }
 
 void Draw_W(Page_Layout& page, const Kekka_Figures& kekka, Kekka_Form form) {
@@ -158,37 +188,18 @@ void Draw_W(Page_Layout& page, const Kekka_Figures& kekka, Kekka_Form form) {
         {{55.0F, {font_p_mincho, 7.0F}}, {21.5F, {font_p_mincho, 7.0F, Align::Center}}, {0.0F, figure_type}}};
     const Area inner = Draw_Section(page, w_area, "その他の審査項目（社会性等）");
     const std::vector<Social_Row> rows = Social_Rows(kekka, form);
-    const Table_Cells cells(inner, columns, rows.size());
-    for (std::size_t i = 0; i < rows.size(); ++i) {
-        const Social_Row& row = rows[i];
-        const auto first = i + 1 - static_cast<std::size_t>(row.rows_of_points);
-        const Area points = cells.Cells(first, 2, i, 2);
-        if (row.is_score) {
-            page.Text(cells.Cell(i, 0), row.label, {font_p_gothic, 7.0F});
-            page.Text(points, row.points, score_type);
-        } else {
-            page.Text(cells.Cell(i, 0), row.label, columns[0].type);
-            page.Text(points, row.points, figure_type);
-        }
-        page.Text(cells.Cell(i, 1), row.value, columns[1].type);
-    }
-    for (std::size_t i = 1; i < rows.size(); ++i) {
-        const float y = cells.Y(i);
-        if (rows[i - 1].is_score) {
-            page.Thin(inner.left, y, inner.right, y);
-            continue;
-        }
-        // Points of several rows stand in one cell.
-        bool inside = false;
-        for (std::size_t k = i; k < rows.size(); ++k) {
-            inside = inside || static_cast<std::size_t>(rows[k].rows_of_points) > k - i + 1;
-        }
-        page.Pale(inner.left, y, inside ? cells.X(2) : inner.right, y);
-    }
+    const float head_height = inner.Height() / static_cast<float>(rows.size() + 1);
+    const Area list = {inner.left, inner.top + head_height, inner.right, inner.bottom};
+    const Table_Cells head({inner.left, inner.top, inner.right, list.top}, columns, 1);
+    page.Text(head.Cell(0, 0), "審査項目", head_type);
+    page.Text(head.Cell(0, 1), "内容", head_type);
+    page.Text(head.Cell(0, 2), "評点", head_type);
+    page.Thin(list.left, list.top, list.right, list.top);
+    Draw_Social_Rows(page, Table_Cells(list, columns, rows.size()), rows);
     for (const std::size_t column : {1U, 2U}) {
-        page.Pale(cells.X(column), inner.top, cells.X(column), inner.bottom);
+        page.Pale(head.X(column), inner.top, head.X(column), inner.bottom);
     }
-    Draw_Total(page, w_area, "（Ｗ）", kekka.figures.Yoso(200));
+    Draw_Total(page, w_area, "（Ｗ）", Score_Text(kekka, 200));
 }
 
 } // namespace morvane::kekka_sheet

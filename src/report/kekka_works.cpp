@@ -34,15 +34,17 @@ struct Works_Column {
 };
 
 constexpr Type name_type = {font_p_mincho, 7.5F};
-constexpr Type p_type = {font_p_gothic, 9.0F, Align::Right};
+constexpr Type p_type = {font_p_gothic, 8.5F, Align::Right};
 constexpr float amount_width = 13.8F;
 constexpr float prime_width = 12.6F;
-constexpr float engineer_width = 5.9F;
-constexpr std::size_t first_figure = 2; ///< behind code and name
+constexpr float engineers_width = 35.4F; // all of them together
+constexpr std::size_t first_figure = 2;  ///< behind code and name
 constexpr const char* engineers_group = "元 請 完 成 工 事 高 及 び 技 術 職 員 数";
 
 /// 補佐, the assistants of supervising engineers, came in 2021 and stand by their weight.
 std::vector<Works_Column> Columns_Of(const Kekka_Figures& kekka, Kekka_Form form) {
+    const bool with_hosa = form == Kekka_Form::Rpt_Kekka_2012;
+    const float engineer_width = engineers_width / (with_hosa ? 6.0F : 5.0F);
     const char* average = kekka.figures.Yoso(201) == 3 ? "3年平均" : "2年平均";
     std::vector<Works_Column> columns = {
         {6.2F, "建設業工事の種類", {}, nullptr, {font_p_mincho, 7.0F, Align::Center}},
@@ -58,7 +60,7 @@ std::vector<Works_Column> Columns_Of(const Kekka_Figures& kekka, Kekka_Form form
         {engineer_width, nullptr, {"監理"}, Engineers<1>},
         {engineer_width, nullptr, {"1級"}, Engineers<2>},
     };
-    if (form == Kekka_Form::Rpt_Kekka_2012) {
+    if (with_hosa) {
         columns.push_back({engineer_width, nullptr, {"補佐"}, Engineers<6>});
     }
     for (const auto& [head, figure] : {std::pair<const char*, Of_Line>{"基幹", Engineers<3>},

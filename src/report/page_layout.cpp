@@ -7,11 +7,13 @@ namespace morvane {
 
 namespace {
 
-constexpr float padding = 0.7F;
+constexpr float padding = 0.9F;
 constexpr std::int16_t thin_dots = 1;
 constexpr std::int16_t thick_dots = 4;
 constexpr std::uint32_t pale_grey = 0xB4B4B4;
-constexpr float spread_margin = 1.5F;
+constexpr float spread_margin = 3.0F;
+/// Figures and capitals stand on the baseline, which leaves more room above them than below.
+constexpr float lift = 0.03F;
 
 } // namespace
 
@@ -24,7 +26,7 @@ void Page_Layout::Text(const Area& cell, const std::string& text, const Type& ty
     const float size = std::min({type.size, wanted > room ? type.size * room / wanted : type.size,
                                  cell.Height() / static_cast<float>(Print_Target::mm_per_point)});
     const float height = size * static_cast<float>(Print_Target::mm_per_point);
-    const float top = (cell.top + cell.bottom - height) / 2;
+    const float top = std::max(cell.top, (cell.top + cell.bottom - height) / 2 - lift * height);
     float x = cell.left + padding;
     switch (type.align) {
     case Align::Left:

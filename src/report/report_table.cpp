@@ -21,12 +21,13 @@ Rpt_Draw Read_Kekka(const Session& session) {
 
 // Number 35 came with the revision of 2011: stores from before it lack the row, whichever of the two newer
 // forms meets them first.
+constexpr const char* kekka_title = "結果通知書(2011)";
 constexpr const char* kekka_2011 = "Rpt_Kekka_2011";
 
 constexpr auto reports = std::to_array<Report_Row>({
-    {"Rpt_Kekka", 17, "結果通知書", nullptr, Read_Kekka<Kekka_Form::Rpt_Kekka>},
-    {"Rpt_Kekka_2011", 35, "結果通知書(2011)", kekka_2011, Read_Kekka<Kekka_Form::Rpt_Kekka_2011>},
-    {"Rpt_Kekka_2012", 35, "結果通知書(2011)", kekka_2011, Read_Kekka<Kekka_Form::Rpt_Kekka_2012>},
+    {"Rpt_Kekka", 17, "結果通知書", nullptr, nullptr, Read_Kekka<Kekka_Form::Rpt_Kekka>},
+    {"Rpt_Kekka_2011", 35, "結果通知書", kekka_title, kekka_2011, Read_Kekka<Kekka_Form::Rpt_Kekka_2011>},
+    {"Rpt_Kekka_2012", 35, "結果通知書", kekka_title, kekka_2011, Read_Kekka<Kekka_Form::Rpt_Kekka_2012>},
 });
 
 std::string Select(const Report_Row& report) {
@@ -36,7 +37,7 @@ std::string Select(const Report_Row& report) {
 void Add_Row(Recordset& rows, const Report_Row& report) {
     rows.Add_New();
     rows.Set("レポートNo", report.report_no);
-    rows.Set("書式名称", report.title);
+    rows.Set("書式名称", report.row_title);
     rows.Set("オブジェクト名", report.object_name);
     rows.Set("用紙サイズ", paper_a4);
     rows.Set("用紙向き", upright);
@@ -70,7 +71,7 @@ std::optional<Kekka_Form> Kekka_Form_Of(std::string_view name) {
     return std::nullopt;
 }
 
-void Load_Report_Info(const Connection& cn, const Report_Row& report, Print_State& print_state) {
+Sheet_Size Load_Report_Info(const Connection& cn, const Report_Row& report, Print_State& print_state) {
     const bool doing = print_state.Prt_Doing;
     print_state = {};
     print_state.Prt_Doing = report.keeps_doing && doing;
@@ -79,7 +80,7 @@ void Load_Report_Info(const Connection& cn, const Report_Row& report, Print_Stat
         if (report.object_name != nullptr) {
             Add_Row(rows, report);
         }
-        return;
+        return {};
     }
     print_state.Ue_Mrg_Val = static_cast<float>(rows["上余白"].As_Double());
     print_state.Hida_Mrg_Val = static_cast<float>(rows["左余白"].As_Double());
@@ -87,6 +88,8 @@ void Load_Report_Info(const Connection& cn, const Report_Row& report, Print_Stat
     print_state.Prt_Muki = static_cast<std::uint8_t>(rows["用紙向き"].As_Integer(upright));
     print_state.Prt_Top = print_state.Ue_Mrg_Val;
     print_state.Prt_Left = print_state.Hida_Mrg_Val;
+    const Sheet_Size stored = {rows["用紙幅"].As_Double(), rows["用紙高"].As_Double()};
+    return stored.width > 0 && stored.height > 0 ? stored : Sheet_Size{};
 }
 
 void Save_Report_Info(const Connection& cn, const Report_Row& report, const Print_State& print_state) {

@@ -1,0 +1,84 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#pragma once
+
+#include "report/recorded_sheet.h"
+#include "report/report_table.h"
+#include "report/sheet_view.h"
+#include "widgets/form.h"
+
+#include <algorithm>
+#include <functional>
+#include <memory>
+
+class QLabel;
+class QPrinter;
+
+namespace morvane {
+
+/// The window of every report: the preview of its sheet, page setting, print, PDF. The figures are read when
+/// it opens; each change draws the whole report anew. It keeps the margins when it closes.
+class Report_Window : public Form {
+    Q_OBJECT
+
+  public:
+    /// Reads the report's margins and figures. Raises Store_Error, Run_Time_Error.
+    Report_Window(Shell_Port& shell_port, const Report_Row& report_row);
+    ~Report_Window() override;
+
+    /// The printer in use: the system's own until another one is chosen.
+    QPrinter& Printer();
+
+    /// Asks for the file of a PDF, with a name to begin with; an empty one cancels. Tests put their own here.
+    std::function<QString(const QString&)> choose_pdf_file;
+
+    [[nodiscard]] const Recorded_Sheet& Preview() const { return preview; }
+    [[nodiscard]] QSize sizeHint() const override { return {960, 720}; }
+
+  Q_SIGNALS:
+    void Refused(); ///< a beep: the scale is at its end
+
+  protected:
+    bool May_Close() override;
+
+  private:
+    void Lay_Out();
+    void Draw();
+    void Zoom(int steps, bool beep);
+    void Turn_Page(int by);
+    void Show_Page();
+    void Pg_Set();
+    void Prt_Exe();
+    void Pdf_Save();
+    void Draw_On_Paper(Print_Target& target);
+    void Print_On(QPrinter& printer);
+    int CommonDialog1(int copies);
+    void Set_Paper();
+
+    const Report_Row& report;
+    Print_State& prt; ///< of the session
+    Rpt_Draw draw;
+    Sheet_Size paper; ///< of the preview
+    std::size_t page = 0;
+    Recorded_Sheet preview;
+    std::unique_ptr<QPrinter> own_printer;
+    Sheet_View* view;
+    QLabel* scale_label;
+    QLabel* page_label;
+    QPushButton* former_page;
+    QPushButton* next_page;
+};
+
+/// A report's name as an argument of a template.
+template <std::size_t Size>
+struct Report_Name {
+    char text[Size];
+    constexpr Report_Name(const char (&name)[Size]) { std::copy_n(name, Size, text); }
+};
+
+/// Makes the window of the report of that name, for the table of forms.
+template <Report_Name Name>
+Form* Make_Report(Shell_Port& shell) {
+    return new Report_Window(shell, *Find_Report(Name.text));
+}
+
+} // namespace morvane

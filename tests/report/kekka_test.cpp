@@ -1,0 +1,421 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "report/kekka.h"
+
+#include "batch/case_file.h"
+#include "company/datacheck.h"
+#include "report/recorded_sheet.h"
+#include "report/report_table.h"
+#include "session/kyotu_mod.h"
+#include "support/installation_fixture.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numeric>
+
+namespace morvane::tests {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A text on the sheet with its box.
+struct Box_Of_Text {
+    std::string text;
+    double left, top, right, bottom;
+    double size;
+};
+
+std::vector<Box_Of_Text> Texts_Of(const Recorded_Sheet& sheet) {
+    std::vector<Box_Of_Text> boxes;
+    for (const Drawn& drawn : sheet.Pages().front()) {
+        if (const auto* text = std::get_if<Drawn_Text>(&drawn)) {
+            double width = 0;
+            for (const char32_t character : Characters_Of(text->text)) {
+                width += sheet.Char_Width(character, text->face, text->size);
+            }
+            boxes.push_back({text->text, text->x, text->y, text->x + width,
+                             text->y + text->size * Print_Target::mm_per_point, text->size});
+        }
+    }
+    return boxes;
+}
+
+void Draw(Recorded_Sheet& sheet, const Kekka_Figures& kekka, Kekka_Form form, bool doing = true) {
+    Print_State state;
+    state.Prt_Doing = doing;
+    Prt_ModSet prt(state, sheet);
+    Draw_Kekka(prt, kekka, form);
+}
+
+std::vector<Box_Of_Text> Texts_Of(const Kekka_Figures& kekka, Kekka_Form form) {
+    Recorded_Sheet sheet;
+    Draw(sheet, kekka, form);
+    EXPECT_EQ(sheet.Pages().size(), 1U);
+    return Texts_Of(sheet);
+}
+
+/// The texts in the line of a text, from left to right; between `from` and `to` millimetres.
+std::vector<Box_Of_Text> Line_Of(const std::vector<Box_Of_Text>& texts, const std::string& first,
+                                 double from = 0, double to = 210) {
+    const auto found = std::find_if(texts.begin(), texts.end(), [&](const Box_Of_Text& text) {
+        return text.text == first && text.left >= from;
+    });
+    std::vector<Box_Of_Text> line;
+    if (found == texts.end()) {
+        ADD_FAILURE() << "not on the sheet: " << first;
+        return line;
+    }
+    std::copy_if(texts.begin(), texts.end(), std::back_inserter(line), [&](const Box_Of_Text& text) {
+        return std::abs((text.top + text.bottom) - (found->top + found->bottom)) < 1.2 && text.left >= from &&
+               text.right <= to;
+    });
+    std::sort(line.begin(), line.end(), [](const auto& a, const auto& b) { return a.left < b.left; });
+    return line;
+}
+
+std::string Joined(const std::vector<Box_Of_Text>& line) {
+    std::string joined;
+    for (const Box_Of_Text& text : line) {
+        joined += (joined.empty() ? "" : "|") + text.text;
+    }
+    return joined;
+}
+
+class Kekka_Test : public Installation {
+  protected:
+    using Installation::Installation;
+
+    /// Takes a sample in hand and stores the scores that its screens would hold.
+    Settled_Score Take_In_Hand(const std::string& sample, int number, int period, const Scenario& scenario) {
+        Import_Case(session, fs::path(MORVANE_SAMPLES) / sample);
+        session.Work_Store = Company_Store(session, number);
+        session.Kanri_No = number;
+        session.Syori_Ki = static_cast<std::int16_t>(period);
+        session.Sim_Mode = scenario.number;
+        const Connection cn = Cn_Open(session);
+        Settled_Score score = Score_Company(cn, session.Is_Hokkaido(), period, scenario);
+        session.Jigyo_Name = score.jigyo_name;
+        session.Hojin_Kojin = score.figures.corporation ? 1 : 2;
+        Review_Figures stored = score.figures;
+        Transaction transaction(cn);
+        Write_Elements(cn, period, scenario, stored);
+        Write_Works(cn, period, scenario, stored);
+        transaction.Commit();
+        return score;
+    }
+};
+
+class Kekka_Hokkaido_Test : public Kekka_Test {
+  protected:
+    Kekka_Hokkaido_Test() : Kekka_Test("01", true) {}
+};
+
+std::string Zero_Blank(const Figure& figure) {
+    return figure.value == 0 ? "" : Comma_Str(figure.value);
+}
+
+/// Each work type stands at its code with its figures in the columns' order, and every column at one right
+/// edge; Y, X2 and W at their names.
+void Expect_Score(const Settled_Score& score, const Kekka_Figures& kekka, Kekka_Form form) {
+    const std::vector<Box_Of_Text> texts = Texts_Of(kekka, form);
+    std::array<double, 15> edges{};
+    int lines = 0;
+    for (std::size_t i = 0; i < scored_lines; ++i) {
+        const Work_Line& line = score.figures.works[i];
+        if (!line.P.up) {
+            continue;
+        }
+        ++lines;
+        const auto& e = line.gijutusya;
+        std::vector<std::string> expected;
+        for (const Figure* figure :
+             {&line.P, &line.Kijun, &line.Zheikin, &line.Nheikin, &line.X1, &line.Mkijun, &line.Mzheikin,
+              &line.Mnheikin, e.data(), &e[1], &e[5], &e[2], &e[3], &e[4], &line.Zi}) {
+            if (figure != &e[5] || form == Kekka_Form::Rpt_Kekka_2012) {
+                expected.push_back(Zero_Blank(*figure));
+            }
+        }
+        static constexpr std::array codes = {"010", "011", "020", "030", "040", "050", "051", "060",
+                                             "070", "080", "090", "100", "110", "111", "120", "130",
+                                             "140", "150", "160", "170", "180", "190", "200", "210",
+                                             "220", "230", "240", "250", "260", "270", "280", "290"};
+        const auto printed = Line_Of(texts, codes[i]);
+        std::size_t at = 2;
+        for (std::size_t column = 0; column < expected.size(); ++column) {
+            if (expected[column].empty()) {
+                continue;
+            }
+            ASSERT_LT(at, printed.size()) << codes[i];
+            EXPECT_EQ(printed[at].text, expected[column]) << codes[i] << " column " << column;
+            if (edges[column] == 0) {
+                edges[column] = printed[at].right;
+            }
+            EXPECT_NEAR(printed[at].right, edges[column], 0.01) << codes[i] << " column " << column;
+            ++at;
+        }
+        EXPECT_EQ(printed.at(at).text, Zero_Blank(line.Zro));
+        EXPECT_EQ(printed.at(at + 1).text, Zero_Blank(line.Z));
+        EXPECT_EQ(printed.size(), at + 2) << codes[i];
+    }
+    EXPECT_GT(lines, 0);
+    double before = 0;
+    for (const double edge : edges) {
+        EXPECT_TRUE(edge == 0 || edge > before);
+        before = std::max(before, edge);
+    }
+    EXPECT_EQ(Line_Of(texts, "（Ｘ2）", 0, 110).back().text, Comma_Str(score.x2.X2_Ten));
+    EXPECT_EQ(Line_Of(texts, "（Ｙ）", 0, 110).back().text, Comma_Str(score.y.Y_Ten));
+    EXPECT_EQ(Line_Of(texts, "（Ｗ）", 110).back().text, Comma_Str(score.figures.Yoso(200)));
+    EXPECT_EQ(Joined(Line_Of(texts, "建設業の経理の状況", 110)),
+              "建設業の経理の状況|" + std::to_string(score.figures.Yoso(140)));
+}
+
+/// The stored scores and the settled ones make the same sheet.
+void Expect_Two_Roads_Agree(const Session& session, Settled_Score score, Kekka_Form form) {
+    const Kekka_Figures from_session = Kekka_Read(session);
+    const Kekka_Figures from_score = Kekka_Read(Cn_Open(session), std::move(score), from_session.heading);
+    std::array<std::string, 2> sheets;
+    for (std::size_t i = 0; i < 2; ++i) {
+        for (const Box_Of_Text& text : Texts_Of(i == 0 ? from_session : from_score, form)) {
+            sheets[i] += text.text + "@" + std::to_string(text.left) + "," + std::to_string(text.top) + "\n";
+        }
+    }
+    EXPECT_EQ(sheets[0], sheets[1]);
+}
+
+TEST_F(Kekka_Test, Samples_Print_Their_Scores) {
+    struct Row {
+        const char* sample;
+        int number, period;
+        const Scenario& scenario;
+        Kekka_Form form;
+        const char* title;
+    };
+    const Row rows[] = {
+        {"aoba_kensetsu.json", 1, 35, scenario_genjo, Kekka_Form::Rpt_Kekka_2012, "（改善前）"},
+        {"tanaka_komuten.json", 2, 19, scenario_genjo, Kekka_Form::Rpt_Kekka_2012, "（改善前）"},
+        {"midori_denki.json", 4, 20, scenario_genjo, Kekka_Form::Rpt_Kekka_2011, "（改善前）"},
+        {"midori_denki.json", 4, 21, scenario_genjo, Kekka_Form::Rpt_Kekka_2012, "（改善前）"},
+        {"sakura_setsubi.json", 5, 28, scenario_kaizen, Kekka_Form::Rpt_Kekka_2012, "（改善後）"},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(std::string(row.sample) + " " + std::to_string(row.period));
+        const Settled_Score score = Take_In_Hand(row.sample, row.number, row.period, row.scenario);
+        const Kekka_Figures kekka = Kekka_Read(session);
+        Expect_Score(score, kekka, row.form);
+        Expect_Two_Roads_Agree(session, score, row.form);
+        const auto texts = Texts_Of(kekka, row.form);
+        Line_Of(texts, std::string("経営事項審査 シミュレーション結果") + row.title);
+        EXPECT_EQ(Joined(Line_Of(texts, "事業所名：")),
+                  "事業所名：|" + score.jigyo_name + "|（第" + std::to_string(row.period) + "期決算）");
+    }
+}
+
+TEST_F(Kekka_Hokkaido_Test, Sample_Prints_Its_Score) {
+    const Settled_Score score = Take_In_Hand("hokurei_doboku.json", 3, 42, scenario_genjo);
+    const Kekka_Figures kekka = Kekka_Read(session);
+    Expect_Score(score, kekka, Kekka_Form::Rpt_Kekka_2012);
+    const auto texts = Texts_Of(kekka, Kekka_Form::Rpt_Kekka_2012);
+    // The parts of 土木, とび・土工 and 鋼構造物 do not count twice; sums by hand from the case file.
+    EXPECT_EQ(Joined(Line_Of(texts, "合　　計")), "合　　計|984,730|957,230|966,396|673,701|675,188|674,693");
+    EXPECT_EQ(Joined(Line_Of(texts, "利益額", 0, 110)), "利益額|48,844|41,781|(平均)|45,312|688");
+    EXPECT_EQ(Joined(Line_Of(texts, "固定資産", 0, 110)), "固定資産|246,172|243,552");
+}
+
+TEST_F(Kekka_Test, An_Untouched_Scenario_Prints_The_Current_Figures) {
+    Take_In_Hand("aoba_kensetsu.json", 1, 35, scenario_genjo);
+    std::array<std::vector<Box_Of_Text>, 2> sheets;
+    for (const std::uint8_t mode : {std::uint8_t{1}, std::uint8_t{2}}) {
+        session.Sim_Mode = mode;
+        sheets[mode - 1U] = Texts_Of(Kekka_Read(session), Kekka_Form::Rpt_Kekka_2012);
+    }
+    ASSERT_EQ(sheets[0].size(), sheets[1].size());
+    int differences = 0;
+    for (std::size_t i = 0; i < sheets[0].size(); ++i) {
+        if (sheets[0][i].text != sheets[1][i].text) {
+            ++differences;
+            EXPECT_EQ(sheets[1][i].text, "経営事項審査 シミュレーション結果（改善後）");
+        }
+    }
+    EXPECT_EQ(differences, 1);
+}
+
+// ---- the forms and the law years
+
+Kekka_Figures Figures_Of_Law(int law) {
+    Kekka_Figures kekka;
+    kekka.figures.law_year = law;
+    for (Element& element : kekka.figures.elements) {
+        element = {1, true, true, false};
+    }
+    kekka.items.Load(kekka.figures);
+    kekka.items.keiri_kansa = 3;
+    kekka.items.Horei = 2;
+    kekka.items.wlb = {4, 1, 0};
+    kekka.items.rireki = 2;
+    return kekka;
+}
+
+TEST(Kekka_Form_Test, Rows_By_Law_Year) {
+    const auto absent = [](const std::vector<Box_Of_Text>& texts, const std::string& label) {
+        return std::none_of(texts.begin(), texts.end(),
+                            [&](const Box_Of_Text& t) { return t.text == label; });
+    };
+    struct Row {
+        const char* label;
+        std::array<const char*, 4> lines; ///< by law year; null: the form has no such row
+    };
+    const Row rows[] = {
+        {"健保及び厚生年金加入の有無", {"有", "有", nullptr, nullptr}},
+        {"健康保険│厚生年金保険加入の有無", {nullptr, nullptr, "有│有", "有│有"}},
+        {"法定外労働災害補償制度加入の有無", {"有", "有", "有", "有"}},
+        {"若年技術職員の継続的な育成及び確保", {nullptr, nullptr, "適用外", "1/1（1%）|1"}},
+        {"女性の活躍推進の法律に基づく認定", {nullptr, nullptr, "適用外", "えるぼし第1段目"}},
+        {"次世代育成支援法に基づく認定の状況", {nullptr, nullptr, "適用外", "プラチナくるみん|1"}},
+        {"工事に従事する者の就業履歴の措置の実施状況", {nullptr, nullptr, "適用外", "全ての公共工事|1"}},
+        {"労働福祉の状況", {"1", "1", nullptr, nullptr}},
+        {"建設工事の担い手育成に関する取組の状況", {nullptr, nullptr, "1", "1"}},
+        {"営業年数", {"1年", nullptr, nullptr, nullptr}},
+        {"営業年数│民事再生法等適用の有無", {nullptr, "1年│有", "1年│有", "1年│有"}},
+        {"営業停止処分の有無│指示処分の有無", {"有│無", "有│無", "有│無", "有│無"}},
+        {"監査の受審状況", {"監査人", "監査人", "監査人", "監査人"}},
+        {"建設機械の保有及びリース台数│点数", {nullptr, "1台|1", "1台|1", "1台|1"}},
+        {"エコアクション21認証の有無", {nullptr, nullptr, "適用外", "有"}},
+        {"補佐", {nullptr, nullptr, "", ""}},
+    };
+    for (int law = 1; law <= 4; ++law) {
+        const Kekka_Form form = Kekka_Form_Of(Law_Of(law).result_report).value();
+        const auto texts = Texts_Of(Figures_Of_Law(law), form);
+        for (const Row& row : rows) {
+            SCOPED_TRACE(std::string(row.label) + " at law year " + std::to_string(law));
+            const char* expected = row.lines[static_cast<std::size_t>(law - 1)];
+            if (expected == nullptr) {
+                EXPECT_TRUE(absent(texts, row.label));
+            } else if (*expected == '\0') {
+                EXPECT_FALSE(absent(texts, row.label));
+            } else {
+                EXPECT_EQ(Joined(Line_Of(texts, row.label, 110)), std::string(row.label) + "|" + expected);
+            }
+        }
+    }
+}
+
+// ---- the sheet
+
+/// Every figure as long as it can be, names of 40 full-width characters.
+Kekka_Figures Longest_Figures(int law) {
+    Kekka_Figures kekka = Figures_Of_Law(law);
+    std::string name;
+    for (int i = 0; i < 40; ++i) {
+        name += "鑑";
+    }
+    kekka.heading = {name, 999, "2026/12/31", name};
+    kekka.word = "改善前";
+    for (Work_Line& line : kekka.figures.works) {
+        for (Figure* figure : {&line.Kijun, &line.Zheikin, &line.Nheikin, &line.Mkijun, &line.Mzheikin,
+                               &line.Mnheikin, &line.P, &line.X1, &line.Zi, &line.Zro, &line.Z}) {
+            figure->Set(INT32_MIN);
+        }
+        for (Figure& figure : line.gijutusya) {
+            figure.Set(99'999);
+        }
+    }
+    for (Element& element : kekka.figures.elements) {
+        element.value = -INT32_MAX;
+    }
+    Social_Items& items = kekka.items;
+    items.Kjm = {INT32_MAX, INT32_MAX};
+    items.Kihatu = {INT32_MIN, INT32_MIN};
+    items.JyakunenAll = items.JyakunenK = items.JyakunenS = items.JyakunenK_ritu = INT32_MAX;
+    items.tishikiGJ = {INT32_MAX, 1};
+    items.tishikiGN = {INT32_MIN, INT32_MIN, INT32_MIN};
+    items.Kikai = items.Enen = INT32_MAX;
+    items.rireki = 5;
+    kekka.y.Y_Yoso.fill(INT32_MIN);
+    kekka.y_zenki.fill(INT32_MIN);
+    kekka.y.Y_Kekka.fill(-99999.999F);
+    kekka.y.Y_Ten = INT16_MIN;
+    kekka.x2.Jiko_Ki = kekka.x2.Rieki_Ki = {INT32_MIN, INT32_MIN};
+    kekka.x2.X2_Jiko_Used = kekka.x2.X2_Rieki_Used = INT32_MAX;
+    kekka.x2.X2_1_Ten = kekka.x2.X2_2_Ten = kekka.x2.X2_Ten = INT16_MIN;
+    return kekka;
+}
+
+TEST(Kekka_Form_Test, Texts_Keep_Apart_And_On_The_Sheet) {
+    for (int law = 1; law <= 4; ++law) {
+        const auto texts = Texts_Of(Longest_Figures(law), Kekka_Form_Of(Law_Of(law).result_report).value());
+        for (std::size_t i = 0; i < texts.size(); ++i) {
+            const Box_Of_Text& a = texts[i];
+            EXPECT_TRUE(a.left >= 10 && a.right <= 200 && a.top >= 7 && a.bottom <= 290) << a.text;
+            EXPECT_GT(a.size, 2.0) << a.text;
+            for (std::size_t k = i + 1; k < texts.size(); ++k) {
+                const Box_Of_Text& b = texts[k];
+                const bool apart = a.right <= b.left + 0.01 || b.right <= a.left + 0.01 ||
+                                   a.bottom <= b.top + 0.01 || b.bottom <= a.top + 0.01;
+                EXPECT_TRUE(apart) << a.text << " and " << b.text << " at law year " << law;
+            }
+        }
+    }
+}
+
+TEST(Kekka_Form_Test, Preview_And_Print_Differ_By_The_Rules_Only) {
+    Recorded_Sheet print;
+    Recorded_Sheet preview;
+    Draw(print, Longest_Figures(4), Kekka_Form::Rpt_Kekka_2012, true);
+    Draw(preview, Longest_Figures(4), Kekka_Form::Rpt_Kekka_2012, false);
+    const auto& printed = print.Pages().front();
+    const auto& shown = preview.Pages().front();
+    ASSERT_EQ(printed.size(), shown.size());
+    int thinner = 0;
+    for (std::size_t i = 0; i < printed.size(); ++i) {
+        ASSERT_EQ(printed[i].index(), shown[i].index());
+        if (const auto* text = std::get_if<Drawn_Text>(&printed[i])) {
+            const auto& other = std::get<Drawn_Text>(shown[i]);
+            EXPECT_EQ(std::tie(text->text, text->x, text->y, text->size),
+                      std::tie(other.text, other.x, other.y, other.size));
+        } else if (const auto* line = std::get_if<Drawn_Line>(&printed[i])) {
+            const auto& other = std::get<Drawn_Line>(shown[i]);
+            EXPECT_EQ(std::tie(line->x1, line->y1, line->x2, line->y2),
+                      std::tie(other.x1, other.y1, other.x2, other.y2));
+            EXPECT_EQ(other.pen.width, line->pen.width == 1 ? 1 : line->pen.width / 2);
+            thinner += line->pen.width != other.pen.width ? 1 : 0;
+        }
+    }
+    EXPECT_GT(thinner, 0);
+}
+
+// ---- the row of the margins
+
+TEST_F(Kekka_Test, Margins_By_Report_Number) {
+    Make_Company(1, 1, 1);
+    const Report_Row& newest = *Find_Report("Rpt_Kekka_2012");
+    const Report_Row& oldest = *Find_Report("Rpt_Kekka");
+    const Connection cn = Cn_Open(session);
+    cn.Execute("DELETE * FROM Report_Info WHERE レポートNo=17;");
+    Print_State state;
+    state.Prt_Scale = 0.5F;
+    state.Prt_Busu = 3;
+    state.Prt_Doing = true;
+    Load_Report_Info(cn, newest, state);
+    EXPECT_EQ(state.Prt_Scale, 1.0F);
+    EXPECT_EQ(state.Prt_Busu, 1);
+    EXPECT_FALSE(state.Prt_Doing);
+    const std::string rows =
+        "SELECT レポートNo, 書式名称, オブジェクト名, 用紙サイズ, 用紙向き, 用紙幅, 用紙高, "
+        "上余白, 左余白 FROM Report_Info WHERE レポートNo=17 Or レポートNo=35";
+    EXPECT_EQ(List(rows), "35=結果通知書(2011)=Rpt_Kekka_2011=9=1=210=297=0=0");
+
+    // Number 35 is shared; number 17 is not repaired and keeps nothing.
+    state.Ue_Mrg_Val = 2.5F;
+    state.Hida_Mrg_Val = 3.0F;
+    Save_Report_Info(cn, newest, state);
+    Save_Report_Info(cn, oldest, state);
+    Load_Report_Info(cn, *Find_Report("Rpt_Kekka_2011"), state);
+    EXPECT_EQ(state.Prt_Top, 2.5F);
+    EXPECT_EQ(state.Prt_Left, 3.0F);
+    Load_Report_Info(cn, oldest, state);
+    EXPECT_EQ(state.Prt_Top, 0.0F);
+    EXPECT_EQ(List("SELECT レポートNo FROM Report_Info WHERE レポートNo=17"), "");
+}
+
+} // namespace
+} // namespace morvane::tests

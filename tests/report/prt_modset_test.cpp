@@ -1,0 +1,121 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "report/prt_modset.h"
+
+#include "report/pdf_target.h"
+#include "report/recorded_sheet.h"
+
+#include <gtest/gtest.h>
+
+namespace morvane::tests {
+namespace {
+
+const Drawn_Text& Text_At(const Recorded_Sheet& sheet, std::size_t index) {
+    return std::get<Drawn_Text>(sheet.Pages().front().at(index));
+}
+
+TEST(Prt_ModSet_Test, Points_Are_Scaled_And_Margins_Are_Not) {
+    const Print_State state{.Prt_Scale = 0.5F, .Prt_Left = 3, .Prt_Top = 5};
+    Recorded_Sheet sheet;
+    Prt_ModSet prt(state, sheet);
+    prt.Prt_Text("評点", 20, 40, font_p_mincho, 8);
+    std::int16_t width = 1;
+    prt.Prt_Box(10, 20, 30, 40, width, 0);
+    prt.Prt_Circle(10, 20, 4);
+    EXPECT_EQ(Text_At(sheet, 0).x, 13);
+    EXPECT_EQ(Text_At(sheet, 0).y, 25);
+    EXPECT_EQ(Text_At(sheet, 0).size, 4);
+    EXPECT_EQ(Text_At(sheet, 0).face, Report_Face::Mincho);
+    const auto& box = std::get<Drawn_Box>(sheet.Pages().front()[1]);
+    EXPECT_EQ(box.x1, 8);
+    EXPECT_EQ(box.y2, 25);
+    EXPECT_EQ(std::get<Drawn_Circle>(sheet.Pages().front()[2]).radius, 2);
+}
+
+TEST(Prt_ModSet_Test, Widths_On_The_Preview) {
+    struct Row {
+        std::int16_t width, shown;
+    };
+    for (const Row& row : {Row{1, 1}, {2, 1}, {3, 1}, {4, 2}, {5, 2}}) {
+        for (const bool doing : {false, true}) {
+            const Print_State state{.Prt_Doing = doing};
+            const std::int16_t expected = doing ? row.width : row.shown;
+            Recorded_Sheet sheet;
+            Prt_ModSet prt(state, sheet);
+            const std::uint32_t color = 0x0000FF;
+            std::array<std::int16_t, 4> widths{};
+            widths.fill(row.width);
+            prt.Prt_Line(0, 0, 1, 1, widths[0], 0);
+            prt.Prt_Line_Color(0, 0, 1, 1, widths[1], 1, color);
+            prt.Prt_Line_Color2(0, 0, 1, 1, widths[2], 0, color);
+            prt.Prt_Box(0, 0, 1, 1, widths[3], 0);
+            for (std::size_t i = 0; i < 3; ++i) {
+                const auto& line = std::get<Drawn_Line>(sheet.Pages().front()[i]);
+                EXPECT_EQ(line.pen,
+                          (Report_Pen{expected, static_cast<std::int16_t>(i == 1), i == 0 ? 0 : color}));
+            }
+            for (const std::int16_t width : widths) {
+                EXPECT_EQ(width, expected) << "the caller's width";
+            }
+        }
+    }
+}
+
+TEST(Prt_ModSet_Test, Texts_Change_The_Callers_X) {
+    const Print_State state{.Prt_Scale = 0.75F};
+    Recorded_Sheet sheet;
+    Prt_ModSet prt(state, sheet);
+    // Four full-width characters of 10 points.
+    const auto width = static_cast<float>(4 * 10 * Print_Target::mm_per_point);
+    float center = 100;
+    float right = 100;
+    prt.Prt_Text_Center("総合評点", center, 0, font_gothic, 10);
+    prt.Prt_Text_Right("総合評点", right, 0, font_gothic, 10);
+    EXPECT_NEAR(center, 100 - width / 2, 1e-4);
+    EXPECT_NEAR(right, 100 - width, 1e-4);
+    EXPECT_NEAR(Text_At(sheet, 1).x, 0.75 * static_cast<double>(right), 1e-4);
+
+    prt.Prt_Text_Wide("改善前", 10, 40, 0, font_gothic, 10);
+    EXPECT_EQ(Text_At(sheet, 2).text, "改");
+    EXPECT_NEAR(Text_At(sheet, 3).x, 0.75 * 25, 1e-4);
+    EXPECT_NEAR(Text_At(sheet, 4).x, 0.75 * 40, 1e-4);
+    prt.Prt_Text_Wide("前", 10, 40, 0, font_gothic, 10);
+    EXPECT_NEAR(Text_At(sheet, 5).x, 0.75 * (25 - static_cast<double>(width) / 8), 1e-4);
+    prt.Prt_Text_Wide("", 10, 40, 0, font_gothic, 10);
+    EXPECT_EQ(sheet.Pages().front().size(), 6U);
+}
+
+// What a store may hold must not cost the page.
+TEST(Prt_ModSet_Test, Texts_That_Are_None) {
+    struct Row {
+        std::string text, drawn;
+    };
+    for (const Row& row : {Row{"青葉\xE5\x8F", "青葉 "},
+                           {"\xFF"
+                            "a",
+                            " a"},
+                           {"a\nb\tc\x7F", "a b c "},
+                           {"\xC0\x80", " "},
+                           {"\xED\xA0\x80", " "},
+                           {"𠮷野", "𠮷野"}}) {
+        EXPECT_EQ(Drawable(row.text), row.drawn);
+        Pdf_Target pdf(row.text);
+        pdf.Text(Drawable(row.text), 10, 10, Report_Face::Gothic, 10);
+        EXPECT_TRUE(pdf.Finish().starts_with("%PDF-"));
+    }
+}
+
+TEST(Prt_ModSet_Test, A_Page_Begins_With_What_Is_Drawn_Behind_Its_End) {
+    const Print_State state;
+    Recorded_Sheet sheet;
+    Prt_ModSet prt(state, sheet);
+    prt.Prt_Text("1", 0, 0, font_gothic, 10);
+    prt.Prt_Page_End();
+    EXPECT_EQ(sheet.Pages().size(), 1U);
+    prt.Prt_Text("2", 0, 0, font_gothic, 10);
+    prt.Prt_Page_End();
+    ASSERT_EQ(sheet.Pages().size(), 2U);
+    EXPECT_EQ(std::get<Drawn_Text>(sheet.Pages()[1].front()).text, "2");
+}
+
+} // namespace
+} // namespace morvane::tests

@@ -1,0 +1,229 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "report/report_window.h"
+
+#include "batch/case_file.h"
+#include "company/datacheck.h"
+#include "data/store_file.h"
+#include "report/painter_target.h"
+#include "support/ui_fixture.h"
+
+#include <QApplication>
+#include <QImage>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPainter>
+#include <QPrinter>
+#include <QSignalSpy>
+#include <QWheelEvent>
+
+namespace morvane::tests {
+namespace {
+
+namespace fs = std::filesystem;
+
+class Report_Window_Test : public Ui_Installation {
+  protected:
+    Report_Window_Test() {
+        Import_Case(session, fs::path(MORVANE_SAMPLES) / "sakura_setsubi.json");
+        session.Work_Store = Company_Store(session, 5);
+        session.Kanri_No = 5;
+        session.Jigyo_Name = "さくら見本設備株式会社";
+        session.Syori_Ki = 28;
+        session.Simyu_Kubun = 4;
+        Open();
+    }
+
+    void Open(const char* name = "Rpt_Kekka_2012") {
+        window = std::make_unique<Report_Window>(shell, *Find_Report(name));
+        window->show();
+    }
+
+    std::unique_ptr<Report_Window> window;
+};
+
+QString Title_Of(const Recorded_Sheet& sheet) {
+    for (const Drawn& drawn : sheet.Pages().front()) {
+        const auto* text = std::get_if<Drawn_Text>(&drawn);
+        if (text != nullptr && text->size > 14 * 0.25 && text->text.starts_with("経営事項審査")) {
+            return QString::fromStdString(text->text);
+        }
+    }
+    return {};
+}
+
+TEST_F(Report_Window_Test, Scale_Goes_In_Steps_And_Beeps_At_Its_Ends) {
+    auto* sheet = Child<QWidget>(*window, "Yousi");
+    const QSize whole = sheet->size();
+    EXPECT_EQ(Title_Of(window->Preview()), QStringLiteral("経営事項審査 シミュレーション結果（改善前）"));
+    QSignalSpy beeps(window.get(), &Report_Window::Refused);
+    for (const float scale : {1.25F, 1.5F}) {
+        Click(*window, "Kakudai");
+        EXPECT_EQ(session.Prt.Prt_Scale, scale);
+        EXPECT_NEAR(sheet->width(), whole.width() * static_cast<double>(scale), 2);
+    }
+    Click(*window, "Kakudai");
+    EXPECT_EQ(session.Prt.Prt_Scale, 1.5F);
+    EXPECT_EQ(beeps.count(), 1);
+    for (int i = 0; i < 6; ++i) {
+        Click(*window, "SyukuSyo");
+    }
+    EXPECT_EQ(session.Prt.Prt_Scale, 0.25F);
+    EXPECT_EQ(beeps.count(), 2);
+    EXPECT_EQ(Child<QLabel>(*window, "Lbl_Scale")->text(), QStringLiteral("25%"));
+    const QPoint middle = sheet->rect().center();
+    QWheelEvent wheel(middle, sheet->mapToGlobal(middle), {}, {0, 120}, Qt::NoButton, Qt::ControlModifier,
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(sheet, &wheel);
+    EXPECT_EQ(session.Prt.Prt_Scale, 0.5F);
+}
+
+TEST_F(Report_Window_Test, The_Sheet_Is_Dragged_And_Turned_By_Keys) {
+    auto* sheet = Child<QWidget>(*window, "Yousi");
+    auto* view = Child<QWidget>(*window, "Sheet_View");
+    const QPoint before = sheet->pos();
+    QTest::mousePress(sheet, Qt::LeftButton, {}, {200, 200});
+    QTest::mouseMove(sheet, {170, 120});
+    EXPECT_EQ(sheet->pos(), before + QPoint(-30, -80));
+    QTest::mouseRelease(sheet, Qt::LeftButton, {}, {200, 190});
+    EXPECT_EQ(sheet->pos(), before + QPoint(-30, -90));
+    QTest::mouseMove(sheet, {10, 10});
+    EXPECT_EQ(sheet->pos(), before + QPoint(-30, -90)) << "the button is up";
+    QTest::keyClick(view, Qt::Key_Home);
+    EXPECT_EQ(sheet->y(), before.y());
+    QTest::keyClick(view, Qt::Key_PageDown);
+    EXPECT_LT(sheet->y(), before.y() - 100);
+    QTest::keyClick(view, Qt::Key_End);
+    EXPECT_LE(sheet->geometry().bottom(), sheet->parentWidget()->height());
+}
+
+TEST_F(Report_Window_Test, Margins_Are_Kept_For_The_Report_Number) {
+    With_Dialog([&] { Click(*window, "Pg_Set"); },
+                [&](QDialog& dialog) {
+                    Type_Into(dialog, "Ue_Mrg", "1.2.3");
+                    Click(dialog, "Cmd_OK");
+                    EXPECT_TRUE(dialog.isVisible());
+                    EXPECT_EQ(Child<QLineEdit>(dialog, "Ue_Mrg")->text(), QStringLiteral("0"));
+                    Type_Into(dialog, "Busu", "0");
+                    Click(dialog, "Cmd_OK");
+                    Type_Into(dialog, "Ue_Mrg", "-1a2.5");
+                    Type_Into(dialog, "Hida_Mrg", "3");
+                    Type_Into(dialog, "Busu", "2");
+                    EXPECT_EQ(dialog.findChild<QLineEdit*>("St_Page"), nullptr);
+                    Click(dialog, "Cmd_OK");
+                });
+    ASSERT_EQ(messages.shown.size(), 2U);
+    EXPECT_EQ(messages.shown[0].title, "実行時エラー");
+    EXPECT_EQ(messages.shown[0].text, "上余白「1.2.3」は数値ではありません。");
+    EXPECT_EQ(messages.shown[1].text, "印刷部数は1～255で入力してください。");
+    EXPECT_EQ(session.Prt.Prt_Top, 12.5F);
+    EXPECT_EQ(session.Prt.Prt_Left, 3.0F);
+    EXPECT_EQ(session.Prt.Prt_Busu, 2);
+    With_Dialog([&] { Click(*window, "Pg_Set"); },
+                [](QDialog& dialog) {
+                    Type_Into(dialog, "Ue_Mrg", "99");
+                    Click(dialog, "Cmd_Can");
+                });
+    EXPECT_EQ(session.Prt.Ue_Mrg_Val, 12.5F);
+    Click(*window, "Tojiru");
+    EXPECT_FALSE(window->isVisible());
+    session.Prt = {};
+    Open("Rpt_Kekka_2011");
+    EXPECT_EQ(session.Prt.Prt_Top, 12.5F);
+    EXPECT_EQ(session.Prt.Prt_Busu, 1);
+    Open("Rpt_Kekka");
+    EXPECT_EQ(session.Prt.Prt_Top, 0.0F);
+}
+
+TEST_F(Report_Window_Test, A_Printer_That_Fails_Leaves_The_Preview) {
+    const fs::path file = folder.path / "printed.pdf";
+    struct Row {
+        const char* what;
+        std::function<void(QPrinter&)> choose;
+        bool fails;
+    };
+    const Row rows[] = {
+        {"no printer at all", [](QPrinter&) {}, true},
+        {"a queue that is not there", [](QPrinter& printer) { printer.setPrinterName("nai"); }, true},
+        {"a file that cannot be written",
+         [](QPrinter& printer) { printer.setOutputFileName("/nai/printed.pdf"); }, true},
+        {"a file", [&](QPrinter& printer) { printer.setOutputFileName(QString::fromStdString(file)); },
+         false},
+    };
+    Click(*window, "SyukuSyo");
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.what);
+        messages.shown.clear();
+        row.choose(window->Printer());
+        Click(*window, "Prt_Exe");
+        ASSERT_EQ(messages.shown.size(), row.fails ? 1U : 0U);
+        if (row.fails) {
+            EXPECT_EQ(messages.shown[0].title, "Sorvek");
+            EXPECT_EQ(messages.shown[0].text,
+                      "ﾌﾟﾘﾝﾀｴﾗｰです。\n接続状態（電源、用紙ｻｲｽﾞ等）を確認してください。");
+        }
+        EXPECT_EQ(session.Prt.Prt_Scale, 0.75F);
+        EXPECT_FALSE(session.Prt.Prt_Doing);
+        EXPECT_TRUE(window->isVisible());
+    }
+    EXPECT_GT(fs::file_size(file), 10'000U);
+}
+
+TEST_F(Report_Window_Test, A_Pdf_Is_Saved_Or_The_Failure_Told) {
+    const fs::path file = folder.path / "kekka.pdf";
+    QString asked;
+    window->choose_pdf_file = [&](const QString& suggested) {
+        asked = suggested;
+        return QString::fromStdString((folder.path / "kekka").string());
+    };
+    Click(*window, "Pdf_Save");
+    EXPECT_TRUE(asked.endsWith(QStringLiteral("結果通知書_さくら見本設備株式会社_第28期.pdf")))
+        << asked.toStdString();
+    EXPECT_TRUE(Read_Text_File(file).starts_with("%PDF-"));
+    EXPECT_TRUE(messages.shown.empty());
+    window->choose_pdf_file = [](const QString&) { return QStringLiteral("/nai/kekka.pdf"); };
+    Click(*window, "Pdf_Save");
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(messages.shown[0].title, "PDF保存エラー");
+    window->choose_pdf_file = [](const QString&) { return QString(); };
+    Click(*window, "Pdf_Save");
+    EXPECT_EQ(messages.shown.size(), 1U);
+    EXPECT_FALSE(session.Prt.Prt_Doing);
+}
+
+// The sheet is laid out by the widths of the fonts' own tables; what the painter draws must be as wide.
+TEST_F(Report_Window_Test, Painted_Texts_Are_As_Wide_As_Laid_Out) {
+    constexpr double dots_per_mm = 96 / 25.4;
+    for (const double size : {5.0, 7.5, 8.5, 13.0}) {
+        for (const Report_Face face : {Report_Face::Gothic, Report_Face::Mincho}) {
+            for (const char* text : {"|1,234,567,890|", "|ISO9001登録の有無|", "|ﾌﾟﾚｽﾄﾚｽﾄｺﾝｸﾘｰﾄ|"}) {
+                QImage image(400, 40, QImage::Format_Grayscale8);
+                image.fill(Qt::white);
+                QPainter painter(&image);
+                Painter_Target target(painter, dots_per_mm);
+                target.Text(text, 5, 2, face, size);
+                painter.end();
+                double laid_out = 0;
+                for (const char32_t character : Characters_Of(text)) {
+                    laid_out += target.Char_Width(character, face, size) * dots_per_mm;
+                }
+                const double bar = target.Char_Width(U'|', face, size) * dots_per_mm;
+                // From the first bar to the last one.
+                int first = image.width();
+                int last = 0;
+                for (int x = 0; x < image.width(); ++x) {
+                    for (int y = 0; y < image.height(); ++y) {
+                        if (qGray(image.pixel(x, y)) < 200) {
+                            first = std::min(first, x);
+                            last = x;
+                        }
+                    }
+                }
+                EXPECT_NEAR(last - first, laid_out - bar, 1.5) << text << " " << size;
+                EXPECT_NEAR(first, 5 * dots_per_mm + bar / 2, 1.5) << text << " " << size;
+            }
+        }
+    }
+}
+
+} // namespace
+} // namespace morvane::tests
