@@ -22,14 +22,13 @@ struct Numbered {
     std::vector<Total_Field> fields;
 };
 
-template <std::size_t N>
-Numbered Number(const std::array<const char*, N>& captions, const std::string& before,
-                const std::string& after, std::size_t first) {
+Numbered Number(const std::vector<const char*>& captions, const std::string& before, const std::string& after,
+                std::size_t first) {
     Numbered numbered;
-    for (std::size_t i = 0; i < N; ++i) {
+    for (std::size_t i = 0; i < captions.size(); ++i) {
         numbered.names.push_back(before + std::to_string(i + first) + after);
     }
-    for (std::size_t i = 0; i < N; ++i) {
+    for (std::size_t i = 0; i < captions.size(); ++i) {
         numbered.fields.push_back({numbered.names[i].c_str(), captions[i]});
     }
     return numbered;
@@ -42,16 +41,21 @@ Frm_YSisan::Frm_YSisan(Shell_Port& shell_port)
     Y_Calc y;
     y.Calc_Y(shell.session, 1);
 
-    const Numbered elements = Number(y_element_captions, "Yoso(", ")", 0);
+    std::vector<const char*> captions;
+    for (const Y_Element& element : y_elements) {
+        captions.push_back(element.caption);
+    }
+    const Numbered elements = Number(captions, "Yoso(", ")", 0);
     auto* Yoso = new Total_Panel(QStringLiteral("８指標計算要素"), elements.fields);
-    for (std::size_t i = 0; i < y.Y_Yoso.size(); ++i) {
-        Yoso->Set_Value(elements.names[i], y.Y_Yoso[i]);
+    for (std::size_t i = 0; i < y_elements.size(); ++i) {
+        Yoso->Set_Value(elements.names[i], y.Y_Yoso[y_elements[i].place]);
     }
     auto* unit = new QLabel(QStringLiteral("金額単位：千円"));
     theme::Set_Look(unit, "muted");
     Yoso->body->insertWidget(0, unit, 0, Qt::AlignRight);
 
-    const Numbered indicators = Number(y_indicator_captions, "kekka", "", 1);
+    const Numbered indicators =
+        Number({y_indicator_captions.begin(), y_indicator_captions.end()}, "kekka", "", 1);
     auto* kekka = new Total_Panel(QStringLiteral("８指標"), indicators.fields, 12);
     for (std::size_t i = 0; i < y.Y_Kekka.size(); ++i) {
         kekka->Set_Text(indicators.names[i], QString::fromStdString(Indicator_Text(y.Y_Kekka[i])));

@@ -8,21 +8,27 @@
 
 namespace morvane {
 
-/// The fourteen elements of Y, in thousand yen, in the order of Y_Calc.
-inline constexpr std::array<const char*, 14> y_element_captions = {"売上高",
-                                                                   "売上総利益",
-                                                                   "受取利息配当金",
-                                                                   "支払利息",
-                                                                   "経常（事業主）利益",
-                                                                   "営業ｷｬｯｼｭﾌﾛｰ（当期）",
-                                                                   "営業ｷｬｯｼｭﾌﾛｰ（前期）",
-                                                                   "固定資産",
-                                                                   "流動負債",
-                                                                   "固定負債",
-                                                                   "利益剰余金",
-                                                                   "自己資本",
-                                                                   "総資本（当期）",
-                                                                   "総資本（前期）"};
+/// An element of Y as the screens show it.
+struct Y_Element {
+    const char* caption;
+    std::size_t place; ///< in Y_Yoso
+};
+
+/// The fourteen elements of Y, thousand yen, in the order of the screens.
+inline constexpr std::array<Y_Element, 14> y_elements = {{{"売上高", 7},
+                                                          {"売上総利益", 8},
+                                                          {"受取利息配当金", 9},
+                                                          {"支払利息", 10},
+                                                          {"経常（事業主）利益", 11},
+                                                          {"営業ｷｬｯｼｭﾌﾛｰ（当期）", 12},
+                                                          {"営業ｷｬｯｼｭﾌﾛｰ（前期）", 13},
+                                                          {"固定資産", 0},
+                                                          {"流動負債", 1},
+                                                          {"固定負債", 2},
+                                                          {"利益剰余金", 3},
+                                                          {"自己資本", 4},
+                                                          {"総資本（当期）", 5},
+                                                          {"総資本（前期）", 6}}};
 
 /// The eight indicators X1 to X8.
 inline constexpr std::array<const char*, 8> y_indicator_captions = {
