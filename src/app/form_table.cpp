@@ -2,6 +2,8 @@
 #include "app/form_table.h"
 
 #include "app/frm_dtselect.h"
+#include "app/frm_hpopen.h"
+#include "app/frm_settei.h"
 #include "app/frm_ver.h"
 #include "company/frm_jgnew.h"
 #include "company/frm_jgsitei.h"
@@ -25,10 +27,12 @@ Form* Make(Shell_Port& shell) {
 
 constexpr auto form_rows = std::to_array<Form_Row>({
     // The shell.
+    {"Frm_Main", nullptr, false, "Frm_Command"},
+    {"Frm_Command"},
     {"Frm_DtSelect", Make<Frm_DtSelect>, true},
     {"Frm_Ver", Make<Frm_Ver>, true},
-    {"Frm_HpOpen", nullptr, true},
-    {"Frm_Settei", nullptr, true},
+    {"Frm_HpOpen", Make<Frm_HpOpen>, true},
+    {"Frm_Settei", Make<Frm_Settei>, true},
     {"Frm_QandA", Make<Frm_QandA>, true},
     // Companies and periods.
     {"Frm_JGSitei", Make<Frm_JGSitei>, true},

@@ -122,6 +122,9 @@ class Entry_Grid : public QFrame {
     [[nodiscard]] bool Is_Edited() const;
     void Set_Unedited();
 
+    /// Nothing remains to be undone; after values were loaded.
+    void Forget_Changes() { undo_stack.clear(); }
+
     void Undo() { Step(true); }
     void Redo() { Step(false); }
 
@@ -192,6 +195,8 @@ class Entry_Grid : public QFrame {
     [[nodiscard]] QRect Marked() const;
     [[nodiscard]] bool Has_Block() const { return !view->Block().isNull(); }
 
+    // Values by name and totals (entry_grid_values.cpp).
+    [[nodiscard]] std::optional<Cell_At> Find_Total(std::string_view name) const;
     void Fit_Foot();
 
     Grid_Data* data;

@@ -21,10 +21,11 @@ enum class Cell_Use {
 
 /// One column of an Entry_Grid. Texts are UTF-8; a heading may have several lines.
 struct Grid_Column {
-    std::string name = {};    ///< of the control array: its row 3 is "name(3)"
-    std::string heading = {}; ///< for a Button also what stands on it
-    std::string group = {};   ///< heading above consecutive columns of the same group
+    std::string name = {}; ///< of the control array: its row 3 is "name(3)"
+    std::string heading = {};
+    std::string group = {}; ///< heading above consecutive columns of the same group
     Cell_Use use = Cell_Use::Entry;
+    std::string button = {}; ///< what stands on a Button
     Entry_Kind kind = Entry_Kind::Amount;
     int width = 14;           ///< in half-width characters; 0 takes the room that is left
     int max_length = 11;      ///< of the typed text

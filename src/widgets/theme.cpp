@@ -47,7 +47,7 @@ QMenuBar::item { padding: 4px 10px; border-radius: 3px; background: transparent;
 QMenuBar::item:selected { background: %soft; color: %accent; }
 QMenuBar::item:disabled { color: %disabled; }
 QPushButton { background: %surface; border: 1px solid %line; border-radius: 3px; padding: 3px 14px;
-              min-height: 22px; }
+              min-height: 22px; outline: none; }
 QPushButton:hover { border-color: %accent; }
 QPushButton:focus { border: 1px solid %accent; background: %soft; }
 QPushButton:pressed { background: %line; }
@@ -62,6 +62,8 @@ QPushButton[look="menu"]:hover { border-color: %accent; }
 QPushButton[look="menu"]:focus { border: 2px solid %accent; padding: 3px 7px; }
 QPushButton[look="menu"][open="true"] { background: %open; border-color: %accent; }
 QPushButton[look="menu"]:disabled { color: %disabled; background: #ECEEF0; border-color: #D9DDE2; }
+QPushButton[look="menu"][open="true"]:disabled { background: %open; border-color: %accent; color: %text; }
+QPushButton[look="choice"] { min-width: 180px; min-height: 44px; font-size: 14pt; font-weight: bold; }
 QPushButton[look="kana"] { padding: 0; min-width: 26px; min-height: 24px; }
 QPushButton[look="kana"]:checked { background: %accent; color: white; border-color: %accent; }
 QLineEdit, QPlainTextEdit, QTextEdit, QSpinBox, QComboBox { background: %surface; border: 1px solid %line;
@@ -94,6 +96,7 @@ QTableView[look="grid"] { border: 0; }
 QFrame[look="grid_frame"] { background: %surface; border: 1px solid %line; }
 QFrame[look="grid_foot"] { background: %soft; border: 0; border-top: 2px solid %accent; }
 QTableView::item:selected, QListView::item:selected { background: %selected; color: %text; }
+QHeaderView { background: %soft; border: 0; }
 QHeaderView::section { background: %soft; color: %text; border: 0; border-right: 1px solid %line;
               border-bottom: 1px solid %line; padding: 3px 8px; font-weight: bold; }
 QFrame[look="section"] { background: %surface; border: 1px solid %line; border-radius: 4px; }
@@ -102,9 +105,10 @@ QLabel[look="band"] { background: %soft; color: %accent; font-weight: bold; padd
 QLabel[look="title"] { font-size: 14pt; font-weight: bold; }
 QLabel[look="heading"] { font-size: 12pt; font-weight: bold; }
 QLabel[look="muted"] { color: %muted; }
-QLabel[look="panel_heading"] { color: %accent; font-weight: bold; padding-top: 4px; }
-QLabel[look="panel_figure"] { border-bottom: 1px solid %grid; }
-QLabel[look="panel_sum"] { font-weight: bold; border-top: 1px solid %muted; background: %shown; }
+QLabel[look="panel_heading"] { color: %accent; font-weight: bold; padding: 6px 8px 0 8px; }
+QLabel[look="panel_figure"] { border: 0; border-bottom: 1px solid %grid; padding: 0 8px; }
+QLabel[look="panel_sum"] { font-weight: bold; border: 0; border-top: 1px solid %muted; padding: 0 8px;
+              background: %shown; }
 QLabel[look="check"] { font-weight: bold; padding: 3px; }
 QFrame[look="header"] { background: %surface; border: 0; border-bottom: 2px solid %accent; }
 QFrame[look="command"] { background: #E9EDF2; border: 0; border-right: 1px solid %line; }
@@ -134,6 +138,8 @@ QTabBar::tab:focus { color: %accent; border-color: %accent; }
 QProgressBar { background: %surface; border: 1px solid %line; border-radius: 3px; text-align: center;
               min-height: 16px; }
 QProgressBar::chunk { background: %accent; border-radius: 2px; }
+QMessageBox { background: %surface; }
+QMessageBox QPushButton { min-width: 72px; }
 QToolTip { border: 1px solid %line; padding: 3px; }
 )");
     for (const auto& [mark, colour] : {std::pair{"%surface", surface},
