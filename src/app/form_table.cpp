@@ -4,6 +4,8 @@
 #include "app/frm_dtselect.h"
 #include "app/frm_ver.h"
 #include "company/frm_kssitei.h"
+#include "screens/frm_kanko.h"
+#include "screens/frm_keiei.h"
 #include "screens/frm_qanda.h"
 
 #include <array>
@@ -15,6 +17,14 @@ namespace {
 template <class Screen>
 Form* Make(Shell_Port& shell) {
     return new Screen(shell);
+}
+
+// The screens of the work types are one class.
+Form* Make_Kanko(Shell_Port& shell) {
+    return new Frm_Kanko(shell, "Frm_Kanko");
+}
+Form* Make_Kanko2(Shell_Port& shell) {
+    return new Frm_Kanko(shell, "Frm_Kanko2");
 }
 
 constexpr auto form_rows = std::to_array<Form_Row>({
@@ -42,7 +52,7 @@ constexpr auto form_rows = std::to_array<Form_Row>({
     {"Frm_PrKSZaiSti", nullptr, true},
     {"Frm_YSisan", nullptr, true},
     // The review.
-    {"Frm_Keiei"},
+    {"Frm_Keiei", Make<Frm_Keiei>},
     {"Frm_KeieiKz"},
     {"Frm_Y1_Calc_Check"},
     {"Frm_Ychart"},
@@ -56,8 +66,8 @@ constexpr auto form_rows = std::to_array<Form_Row>({
     {"Frm_SyokutaHKzen"},
     {"Frm_SyokutaHKzen_2011", nullptr, false, "Frm_SyokutaHKzen"},
     {"Frm_SyokutaHKzen_2012", nullptr, false, "Frm_SyokutaHKzen"},
-    {"Frm_Kanko"},
-    {"Frm_Kanko2", nullptr, false, "Frm_Kanko"},
+    {"Frm_Kanko", Make_Kanko},
+    {"Frm_Kanko2", Make_Kanko2, false, "Frm_Kanko"},
     {"Frm_KankoKaiz"},
     {"Frm_KankoKaiz2", nullptr, false, "Frm_KankoKaiz"},
     {"Frm_KankoKaiz3", nullptr, false, "Frm_KankoKaiz"},

@@ -97,8 +97,8 @@ std::optional<std::int32_t> Kanko_Entry::Shown_Total(int column) const {
 bool Kanko_Entry::Can_Check(int row) const {
     const std::size_t index = Line_Of_Row(row);
     const Work_Line& line = kanko.lines[index];
-    const bool has_entry = screen.gijutu ? line.Has_Engineer() || line.Has_Motouke() : line.Has_Kanko();
-    return has_entry && index < scored_lines;
+    const bool has_text = Shows(line, screen.gijutu ? Kanko_Shows::With_Any : Kanko_Shows::With_Work);
+    return has_text && index < scored_lines;
 }
 
 void Kanko_Entry::Save(const Session& session) const {

@@ -37,7 +37,7 @@ class Kanko_Entry {
     /// The total of a column; empty where it has none.
     [[nodiscard]] std::optional<std::int32_t> Shown_Total(int column) const;
 
-    /// Whether the calculation checks of a line can be opened: it has a score, and an entry of this screen.
+    /// Whether the calculation checks of a line can be opened: it shows scores.
     [[nodiscard]] bool Can_Check(int row) const;
 
     [[nodiscard]] std::int32_t Kanko_Avg() const { return kanko.Kanko_Avg; }

@@ -96,6 +96,7 @@ QPushButton* Form::Add_Help_Button() {
 
 QPushButton* Form::Add_Menu_Button() {
     QPushButton* button = Add_Button(QStringLiteral("Cmd_Mnu"), {}, nullptr, true);
+    button->setFocusPolicy(Qt::TabFocus); // a click leaves the entry where it is
     const auto say = [this, button] {
         button->setText(shell.Is_Menu_Shown() ? QStringLiteral("« ﾒﾆｭｰを隠す")
                                               : QStringLiteral("» ﾒﾆｭｰを表示"));

@@ -62,6 +62,7 @@ QPushButton[look="menu"]:hover { border-color: %accent; }
 QPushButton[look="menu"]:focus { border: 2px solid %accent; padding: 3px 7px; }
 QPushButton[look="menu"][open="true"] { background: %open; border-color: %accent; }
 QPushButton[look="menu"]:disabled { color: %disabled; background: #ECEEF0; border-color: #D9DDE2; }
+QPushButton[look="check_button"] { padding: 1px 8px; min-height: 20px; }
 QPushButton[look="kana"] { padding: 0; min-width: 26px; min-height: 24px; }
 QPushButton[look="kana"]:checked { background: %accent; color: white; border-color: %accent; }
 QLineEdit, QPlainTextEdit, QTextEdit, QSpinBox, QComboBox { background: %surface; border: 1px solid %line;
@@ -102,6 +103,7 @@ QLabel[look="band"] { background: %soft; color: %accent; font-weight: bold; padd
 QLabel[look="title"] { font-size: 14pt; font-weight: bold; }
 QLabel[look="heading"] { font-size: 12pt; font-weight: bold; }
 QLabel[look="muted"] { color: %muted; }
+QLabel[look="group"] { background: %soft; color: %accent; font-weight: bold; padding: 0 6px; }
 QLabel[look="panel_heading"] { color: %accent; font-weight: bold; padding-top: 4px; }
 QLabel[look="panel_figure"] { border-bottom: 1px solid %grid; }
 QLabel[look="panel_sum"] { font-weight: bold; border-top: 1px solid %muted; background: %shown; }
