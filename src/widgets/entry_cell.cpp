@@ -16,6 +16,53 @@
 
 namespace morvane {
 
+QString Filtered_Text(Entry_Kind kind, const QString& choices, const QString& input, bool& refused) {
+    refused = false;
+    QString kept;
+    for (const QChar original : input) {
+        const QChar c = kind == Entry_Kind::Text ? original : Half_Width(original);
+        const bool is_digit = c >= QLatin1Char('0') && c <= QLatin1Char('9');
+        bool takes = false;
+        switch (kind) {
+        case Entry_Kind::Text:
+            // Characters beyond the basic plane and those of the user's own (外字) are text as well.
+            takes = c.category() != QChar::Other_Control && c != QChar::LineSeparator &&
+                    c != QChar::ParagraphSeparator;
+            break;
+        case Entry_Kind::Digits:
+            takes = is_digit;
+            break;
+        case Entry_Kind::Amount:
+            takes = is_digit || c == QLatin1Char('-');
+            break;
+        case Entry_Kind::Choice:
+            takes = choices.contains(c);
+            break;
+        }
+        if (takes) {
+            kept += c;
+        } else {
+            refused = true;
+        }
+    }
+    return kept;
+}
+
+Value Entry_Value(Entry_Kind kind, const QString& bare) {
+    if (bare.isEmpty()) {
+        return {};
+    }
+    if (kind == Entry_Kind::Amount && Is_Number(bare)) {
+        return Value(bare.toDouble());
+    }
+    if (kind == Entry_Kind::Digits && Is_Number(bare)) {
+        bool fits = false;
+        const qlonglong number = bare.toLongLong(&fits);
+        return fits ? Value(static_cast<std::int64_t>(number)) : Value(bare.toDouble());
+    }
+    return bare.toStdString();
+}
+
 Entry_Cell::Entry_Cell(Entry_Kind entry_kind, QWidget* parent) : QLineEdit(parent) {
     Set_Kind(entry_kind);
 }
@@ -67,50 +114,7 @@ Value Entry_Cell::Entry() const {
     if (kind == Entry_Kind::Amount && !bare.isEmpty() && !Is_Number(bare)) {
         bare = accepted;
     }
-    if (bare.isEmpty()) {
-        return {};
-    }
-    if (kind == Entry_Kind::Amount && Is_Number(bare)) {
-        return Value(bare.toDouble());
-    }
-    if (kind == Entry_Kind::Digits && Is_Number(bare)) {
-        bool fits = false;
-        const qlonglong number = bare.toLongLong(&fits);
-        return fits ? Value(static_cast<std::int64_t>(number)) : Value(bare.toDouble());
-    }
-    return bare.toStdString();
-}
-
-QString Entry_Cell::Filtered(const QString& input, bool& refused) const {
-    refused = false;
-    QString kept;
-    for (const QChar original : input) {
-        const QChar c = kind == Entry_Kind::Text ? original : Half_Width(original);
-        const bool is_digit = c >= QLatin1Char('0') && c <= QLatin1Char('9');
-        bool takes = false;
-        switch (kind) {
-        case Entry_Kind::Text:
-            // Characters beyond the basic plane and those of the user's own (外字) are text as well.
-            takes = c.category() != QChar::Other_Control && c != QChar::LineSeparator &&
-                    c != QChar::ParagraphSeparator;
-            break;
-        case Entry_Kind::Digits:
-            takes = is_digit;
-            break;
-        case Entry_Kind::Amount:
-            takes = is_digit || c == QLatin1Char('-');
-            break;
-        case Entry_Kind::Choice:
-            takes = choices.contains(c);
-            break;
-        }
-        if (takes) {
-            kept += c;
-        } else {
-            refused = true;
-        }
-    }
-    return kept;
+    return Entry_Value(kind, bare);
 }
 
 // What of a text finds room in place of the selection. A character of two code units is not cut in half.
@@ -137,7 +141,7 @@ void Entry_Cell::Take_Text(const QString& input) {
         return;
     }
     bool refused = false;
-    QString kept = Filtered(input, refused);
+    QString kept = Filtered_Text(kind, choices, input, refused);
     if (kind == Entry_Kind::Choice && !kept.isEmpty()) {
         kept = kept.right(1);
         selectAll();
@@ -158,7 +162,8 @@ void Entry_Cell::Take_Pasted(const QString& pasted) {
         return;
     }
     bool refused = false;
-    QString figure = Filtered(kind == Entry_Kind::Amount ? Bare_Figure(pasted) : pasted.trimmed(), refused);
+    const QString bare = kind == Entry_Kind::Amount ? Bare_Figure(pasted) : pasted.trimmed();
+    QString figure = Filtered_Text(kind, choices, bare, refused);
     figure = Fitting(figure, refused);
     if (refused) {
         Refuse();
@@ -206,7 +211,7 @@ void Entry_Cell::inputMethodEvent(QInputMethodEvent* event) {
         return;
     }
     bool refused = false;
-    const QString commit = Fitting(Filtered(event->commitString(), refused), refused);
+    const QString commit = Fitting(Filtered_Text(kind, choices, event->commitString(), refused), refused);
     QInputMethodEvent fitting(event->preeditString(), event->attributes());
     fitting.setCommitString(commit, event->replacementStart(), event->replacementLength());
     QLineEdit::inputMethodEvent(&fitting);
@@ -252,7 +257,7 @@ void Entry_Cell::Begin_Entry() {
 }
 
 void Entry_Cell::Leave() {
-    if (!Finish_Entry()) {
+    if (!Finish_Entry() || !May_Leave()) {
         // The focus cannot be called back while it is on its way.
         QTimer::singleShot(0, this, [this] { setFocus(Qt::OtherFocusReason); });
         return;

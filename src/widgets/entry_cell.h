@@ -15,6 +15,14 @@ enum class Entry_Kind {
     Choice  ///< one of a few keys
 };
 
+/// What remains of a text after the key filter of a kind; sets `refused` where something was dropped.
+/// `choices` are the keys of a Choice.
+QString Filtered_Text(Entry_Kind kind, const QString& choices, const QString& input, bool& refused);
+
+/// A typed text as a value: Null where it is blank, a number for Amount and Digits where it reads as one,
+/// else text.
+Value Entry_Value(Entry_Kind kind, const QString& bare);
+
 /// An entry cell: tinted while it has the focus, with a key filter that beeps at a key it does not take; all
 /// ways in (keys, input method, paste, drop) pass it. An amount is bare in focus and gets its commas when
 /// left; a text that is no number then goes back to the former value and the focus stays. Full-width digits
@@ -54,10 +62,6 @@ class Entry_Cell : public QLineEdit {
     [[nodiscard]] QString Bare() const;
     [[nodiscard]] std::string Bare_Text() const { return Bare().toStdString(); }
 
-    /// What remains of a pasted or typed text after the key filter; sets `refused` where something was
-    /// dropped.
-    [[nodiscard]] QString Filtered(const QString& input, bool& refused) const;
-
     /// Takes what is typed and composed as the entry. A text that is no number goes back to the former value
     /// with a beep: false.
     bool Finish_Entry();
@@ -82,6 +86,9 @@ class Entry_Cell : public QLineEdit {
 
     /// Takes a text from the clipboard or a drop in place of the selected text.
     virtual void Take_Pasted(const QString& pasted);
+
+    /// Asked when the focus has gone and the text is an entry; false calls the focus back.
+    virtual bool May_Leave() { return true; }
 
     /// Undoes the last change of the text in this cell.
     virtual void Undo_Last() { undo(); }

@@ -70,9 +70,14 @@ QLineEdit { min-height: 22px; max-height: 22px; }
 QComboBox { min-height: 22px; }
 QLineEdit:focus, QPlainTextEdit:focus { background: %focus; border: 1px solid %accent; }
 QLineEdit:read-only, QLineEdit:read-only:focus { background: %locked; }
+QLineEdit[look="grid"] { border: 1px solid %accent; border-radius: 0; padding: 0 3px; background: %focus;
+              min-height: 0; max-height: 1000px; }
+QLineEdit[look="grid"]:read-only { background: %locked; }
 QLineEdit:disabled { background: %window; color: #9AA5B1; }
 QTableView, QListView, QTextBrowser { background: %surface; border: 1px solid %line; gridline-color: #E2E7ED;
               selection-background-color: %soft; selection-color: %text; }
+QTableView[look="grid"] { border: 0; }
+QFrame[look="grid_frame"] { background: %surface; border: 1px solid %line; }
 QTableView::item:selected, QListView::item:selected { background: #CFE0F4; color: %text; }
 QHeaderView::section { background: %soft; color: %text; border: 0; border-right: 1px solid %line;
               border-bottom: 1px solid %line; padding: 3px 8px; font-weight: bold; }

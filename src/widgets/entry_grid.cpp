@@ -1,0 +1,379 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "widgets/entry_grid.h"
+
+#include "widgets/grid_cell.h"
+#include "widgets/theme.h"
+
+#include <QApplication>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QScopedValueRollback>
+#include <QScrollBar>
+#include <QVBoxLayout>
+#include <stdexcept>
+
+namespace morvane {
+
+namespace {
+
+QString Text(const std::string& text) {
+    return QString::fromStdString(text);
+}
+
+} // namespace
+
+Entry_Grid::Entry_Grid(std::vector<Grid_Column> columns, int rows, QWidget* parent)
+    : QFrame(parent), data(new Grid_Data(std::move(columns), rows, this)), view(new Grid_View(*data, this)),
+      editor(new Grid_Cell(*this, view->viewport())) {
+    theme::Set_Look(this, "grid_frame");
+    // A click goes to a cell, which takes the focus without the grid's help.
+    setFocusPolicy(Qt::TabFocus);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(1, 1, 1, 1);
+    layout->setSpacing(0);
+    layout->addWidget(view, 1);
+    connect(view, &Grid_View::Pressed_At, this, [this](int row, int column, bool extend) {
+        Pressed({row, column}, extend);
+    });
+    connect(view, &Grid_View::Dragged_To, this, [this](int row, int column) { Extend_To({row, column}); });
+    connect(view, &Grid_View::Laid_Out, this, [this] { Put_Editor(); });
+    connect(editor, &Entry_Cell::Left, this, [this] { Editor_Left(); });
+    current = First_Cell();
+}
+
+Entry_Grid::~Entry_Grid() {
+    // The view and the editor look at what goes with this object; they must not outlive it.
+    delete foot_row;
+    delete view;
+}
+
+void Entry_Grid::Set_Row_Count(int rows) {
+    const bool in_entry = !editor->isHidden();
+    data->Reset(rows);
+    undo_stack.clear();
+    view->Set_Block({});
+    current = First_Cell();
+    if (in_entry && current.row >= 0) {
+        Place(current);
+    } else {
+        editor->hide();
+        view->Set_Current({});
+    }
+    updateGeometry();
+}
+
+void Entry_Grid::Set_Captions(const std::vector<Grid_Caption>& captions,
+                              const std::vector<std::vector<std::string>>& rows) {
+    std::vector<std::vector<QString>> texts;
+    data->row_names.clear();
+    for (const auto& row : rows) {
+        auto& fields = texts.emplace_back();
+        for (const std::string& field : row) {
+            fields.push_back(Text(field));
+        }
+        data->row_names.push_back(QStringList(fields.begin(), fields.end()).join(u' '));
+    }
+    view->captions->Set_Captions(captions, std::move(texts));
+    Set_Totals(std::vector<Grid_Total>(totals));
+}
+
+void Entry_Grid::Set_Totals(const std::vector<Grid_Total>& total_rows) {
+    delete foot_row;
+    foot_row = nullptr;
+    foot = nullptr;
+    totals = total_rows;
+    view->setHorizontalScrollBarPolicy(totals.empty() ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
+    if (totals.empty()) {
+        return;
+    }
+    std::vector<Grid_Column> columns;
+    for (int column = 0; column < data->columnCount(); ++column) {
+        Grid_Column& shown = columns.emplace_back(data->Column(column));
+        shown.use = Cell_Use::Shown;
+        shown.locked = nullptr;
+    }
+    total_data = std::make_unique<Grid_Data>(std::move(columns), static_cast<int>(totals.size()), nullptr);
+    foot_row = new QWidget(this);
+    foot = new Grid_View(*total_data, foot_row);
+    foot->is_totals = true;
+    foot->header->hide();
+    foot->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    std::vector<std::vector<QString>> captions;
+    for (const Grid_Total& total : totals) {
+        captions.push_back({Text(total.caption)});
+        total_data->row_names.push_back(Text(total.caption));
+    }
+    foot->captions->Set_Captions({{.heading = {}, .width = 1}}, std::move(captions));
+    foot->captions->widths = {view->captions->Width()};
+    foot->captions->setFixedWidth(view->captions->Width());
+    foot->captions->setHidden(view->captions->isHidden());
+    foot_gap = new QWidget;
+    auto* row = new QHBoxLayout(foot_row);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(0);
+    row->addWidget(foot, 1);
+    row->addWidget(foot_gap);
+    layout()->addWidget(foot_row);
+    connect(view->header, &QHeaderView::sectionResized, foot,
+            [this](int column, int, int width) { foot->setColumnWidth(column, width); });
+    for (int column = 0; column < data->columnCount(); ++column) {
+        foot->header->setSectionResizeMode(column, QHeaderView::Fixed);
+        foot->setColumnWidth(column, view->columnWidth(column));
+    }
+    connect(foot->horizontalScrollBar(), &QScrollBar::valueChanged, view->horizontalScrollBar(),
+            &QScrollBar::setValue);
+    connect(view->horizontalScrollBar(), &QScrollBar::valueChanged, foot->horizontalScrollBar(),
+            &QScrollBar::setValue);
+    connect(foot->horizontalScrollBar(), &QScrollBar::rangeChanged, foot, [this] { Fit_Foot(); });
+    connect(view->verticalScrollBar(), &QScrollBar::rangeChanged, foot, [this] { Fit_Foot(); });
+    Fit_Foot();
+}
+
+// The totals stand under the columns above them whether or not scroll bars are there.
+void Entry_Grid::Fit_Foot() {
+    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, view->verticalScrollBar());
+    const bool scrolls_down = view->verticalScrollBar()->minimum() < view->verticalScrollBar()->maximum();
+    const bool scrolls_across =
+        foot->horizontalScrollBar()->minimum() < foot->horizontalScrollBar()->maximum();
+    foot_gap->setFixedWidth(scrolls_down ? bar : 0);
+    foot->setFixedHeight(total_data->rowCount() * theme::cell_height + (scrolls_across ? bar : 0));
+}
+
+void Entry_Grid::Set_Heading(int column, const std::string& heading) {
+    data->Set_Heading(column, heading);
+    view->header->viewport()->update();
+}
+
+void Entry_Grid::Set_Value(int row, int column, const Value& value) {
+    const Cell_At at{row, column};
+    data->Set_Value(at, value);
+    if (at == current) {
+        editor->Load(at);
+        if (editor->hasFocus()) {
+            editor->selectAll();
+        }
+    }
+}
+
+void Entry_Grid::Set_Total(int total, int column, const Value& value) {
+    total_data->Set_Value({total, column}, value);
+}
+
+bool Entry_Grid::Is_Typed() const {
+    return editor->Is_Typed() && !leaving;
+}
+
+Value Entry_Grid::Get_Value(int row, int column) const {
+    return Cell_At{row, column} == current && Is_Typed() ? editor->Entry() : data->Value_At({row, column});
+}
+
+void Entry_Grid::Set_Value(std::string_view name, const Value& value) {
+    if (const auto at = data->Find(name)) {
+        Set_Value(at->row, at->column, value);
+        return;
+    }
+    for (std::size_t total = 0; total < totals.size(); ++total) {
+        for (int column = 0; column < data->columnCount(); ++column) {
+            if (data->Column(column).name + totals[total].suffix == name) {
+                Set_Total(static_cast<int>(total), column, value);
+                return;
+            }
+        }
+    }
+    throw std::out_of_range("no cell " + std::string(name));
+}
+
+Value Entry_Grid::Get_Value(std::string_view name) const {
+    if (const auto at = data->Find(name)) {
+        return Get_Value(at->row, at->column);
+    }
+    throw std::out_of_range("no cell " + std::string(name));
+}
+
+QString Entry_Grid::Cell_Text(std::string_view name) const {
+    if (const auto at = data->Find(name)) {
+        return *at == current && !editor->isHidden() ? editor->text() : data->Text_At(*at);
+    }
+    for (std::size_t total = 0; total < totals.size(); ++total) {
+        for (int column = 0; column < data->columnCount(); ++column) {
+            if (data->Column(column).name + totals[total].suffix == name) {
+                return total_data->Text_At({static_cast<int>(total), column});
+            }
+        }
+    }
+    throw std::out_of_range("no cell " + std::string(name));
+}
+
+void Entry_Grid::Set_Locked(int row, int column, bool locked) {
+    data->Set_Locked({row, column}, locked);
+    if (Cell_At{row, column} == current) {
+        editor->Set_Locked(locked || data->Column(column).use == Cell_Use::Button);
+        editor->update();
+    }
+}
+
+void Entry_Grid::Set_Tint(int row, int column, QRgb tint) {
+    for (int r = std::max(row, 0); r < (row < 0 ? data->rowCount() : row + 1); ++r) {
+        for (int c = std::max(column, 0); c < (column < 0 ? data->columnCount() : column + 1); ++c) {
+            data->Set_Tint({r, c}, tint);
+        }
+    }
+}
+
+bool Entry_Grid::Is_Edited() const {
+    return !undo_stack.isClean() || Is_Typed();
+}
+
+void Entry_Grid::Set_Unedited() {
+    undo_stack.setClean();
+}
+
+// Leaves the current cell as a whole: its entry, what the screen says to it, its place among the changes.
+bool Entry_Grid::Leave() {
+    if (leaving || current.row < 0) {
+        return true;
+    }
+    const Cell_At at = current;
+    const Value former = data->Value_At(at);
+    const bool typed = Is_Typed();
+    const Value later = typed ? editor->Entry() : former;
+    const bool changed = typed && !(former == later);
+    {
+        const QScopedValueRollback guard(leaving, true);
+        data->Set_Value(at, later);
+        if (on_left && !on_left(at.row, at.column) && changed) {
+            data->Set_Value(at, former);
+            editor->Load(at);
+            editor->selectAll();
+            QApplication::beep();
+            Q_EMIT Values_Restored();
+            return false;
+        }
+    }
+    if (changed) {
+        last_applied = {at};
+        Remember({{at, former, later}});
+        Q_EMIT Values_Changed();
+    }
+    Q_EMIT Cell_Left(at.row, at.column);
+    return true;
+}
+
+bool Entry_Grid::Finish_Entry() {
+    if (!Is_Typed()) {
+        return true;
+    }
+    if (!editor->Finish_Entry() || !Leave()) {
+        return false;
+    }
+    editor->Load(current);
+    return true;
+}
+
+bool Entry_Grid::Go_To(int row, int column) {
+    const Cell_At at{row, column};
+    if (!data->Has(at) || data->Column(column).use == Cell_Use::Shown) {
+        return false;
+    }
+    if (!editor->isHidden() && (!editor->Finish_Entry() || !Leave())) {
+        return false;
+    }
+    Place(at);
+    return true;
+}
+
+bool Entry_Grid::Focus_Cell(int row, int column) {
+    if (!Go_To(row, column)) {
+        return false;
+    }
+    Show_Editor();
+    return true;
+}
+
+bool Entry_Grid::Focus_Cell(std::string_view name) {
+    const auto at = data->Find(name);
+    return at && Focus_Cell(at->row, at->column);
+}
+
+void Entry_Grid::Place(Cell_At at) {
+    view->Set_Block({});
+    current = at;
+    block_end = at;
+    view->scrollTo(data->index(at.row, at.column));
+    view->Set_Current(at);
+    editor->Load(at);
+    Name_Editor();
+    Put_Editor();
+    if (editor->hasFocus()) {
+        editor->selectAll();
+        Q_EMIT Cell_Entered(at.row, at.column);
+    }
+}
+
+void Entry_Grid::Put_Editor() {
+    if (current.row >= 0) {
+        editor->setGeometry(view->Cell_Rect(current));
+    }
+}
+
+void Entry_Grid::Name_Editor() {
+    const Grid_Column& column = data->Column(current.column);
+    editor->setObjectName(QStringLiteral("%1(%2)").arg(Text(column.name)).arg(current.row));
+    const QString row = data->headerData(current.row, Qt::Vertical, Qt::AccessibleTextRole).toString();
+    const QString heading =
+        data->headerData(current.column, Qt::Horizontal, Qt::AccessibleTextRole).toString();
+    editor->setAccessibleName(QString(row + u' ' + heading).simplified());
+}
+
+void Entry_Grid::Show_Editor() {
+    if (current.row < 0) {
+        return;
+    }
+    if (!editor->isVisible()) {
+        Place(current);
+        editor->show();
+    }
+    if (!editor->hasFocus()) {
+        editor->setFocus(Qt::OtherFocusReason);
+        Q_EMIT Cell_Entered(current.row, current.column);
+    }
+}
+
+// The focus has gone out of the grid and the entry holds.
+void Entry_Grid::Editor_Left() {
+    view->Set_Block({});
+    editor->hide();
+    editor->Load(current);
+    view->Set_Current(current);
+}
+
+void Entry_Grid::focusInEvent(QFocusEvent* event) {
+    QFrame::focusInEvent(event);
+    Show_Editor();
+}
+
+// Only a grid without entry cells keeps the focus itself: its keys scroll.
+void Entry_Grid::keyPressEvent(QKeyEvent* event) {
+    const bool across = event->key() == Qt::Key_Left || event->key() == Qt::Key_Right;
+    if (current.row < 0) {
+        QScrollBar* bar = across ? view->horizontalScrollBar() : view->verticalScrollBar();
+        QApplication::sendEvent(bar, event);
+        return;
+    }
+    QFrame::keyPressEvent(event);
+}
+
+QSize Entry_Grid::sizeHint() const {
+    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    int width = view->captions->isHidden() ? 0 : view->captions->Width();
+    width += view->header->length() + bar + 2;
+    const int rows = data->rowCount() + static_cast<int>(totals.size());
+    return {width, view->header->sizeHint().height() + rows * theme::cell_height + 2};
+}
+
+QSize Entry_Grid::minimumSizeHint() const {
+    const int rows = std::min(data->rowCount(), 4) + static_cast<int>(totals.size());
+    return {240, view->header->sizeHint().height() + rows * theme::cell_height + 2};
+}
+
+} // namespace morvane

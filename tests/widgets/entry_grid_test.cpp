@@ -1,0 +1,268 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "widgets/entry_grid.h"
+
+#include "support/ui_fixture.h"
+#include "widgets/grid_block.h"
+
+#include <QClipboard>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace morvane::tests {
+namespace {
+
+/// Three rows of: an amount, a shown figure, an amount whose row 1 is locked, a choice, a button.
+std::vector<Grid_Column> Columns() {
+    return {
+        {.name = "A", .heading = "前期", .group = "完工高"},
+        {.name = "S", .heading = "平均", .group = "完工高", .use = Cell_Use::Shown},
+        {.name = "B", .heading = "基準\n決算", .max_length = 6, .locked = [](int row) { return row == 1; }},
+        {.name = "C", .heading = "区分", .kind = Entry_Kind::Choice, .choices = "12"},
+        {.name = "P", .heading = "計算", .use = Cell_Use::Button}};
+}
+
+class Entry_Grid_Test : public ::testing::Test {
+  protected:
+    Entry_Grid_Test() {
+        auto* layout = new QVBoxLayout(&window);
+        layout->addWidget(&before);
+        layout->addWidget(grid);
+        layout->addWidget(&after);
+        grid->Set_Captions({{"工種", 10}}, {{"土木"}, {"建築"}, {"大工"}});
+        window.resize(800, 400);
+        window.show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        grid->setFocus(Qt::TabFocusReason);
+    }
+
+    /// Presses a key where the focus is.
+    static void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+    }
+    static void Type(const char* keys) { QTest::keyClicks(QApplication::focusWidget(), keys); }
+
+    /// The name of what has the focus, in the grid the control name of the cell.
+    static std::string Place() { return QApplication::focusWidget()->objectName().toStdString(); }
+
+    /// The texts of all rows of the columns A, B, C.
+    std::string Texts() const {
+        std::string texts;
+        for (int row = 0; row < 3; ++row) {
+            for (const char* column : {"A", "B", "C"}) {
+                texts += grid->Cell_Text(column + ("(" + std::to_string(row) + ")")).toStdString() + "|";
+            }
+        }
+        return texts;
+    }
+
+    void Paste(const char* text) {
+        QApplication::clipboard()->setText(QString::fromUtf8(text));
+        Key(Qt::Key_V, Qt::ControlModifier);
+    }
+
+    QWidget window;
+    QPushButton before;
+    Entry_Grid* grid = new Entry_Grid(Columns(), 3);
+    QPushButton after;
+};
+
+TEST_F(Entry_Grid_Test, Keys_move_through_the_cells) {
+    using enum Qt::Key;
+    using enum Qt::KeyboardModifier;
+    const Grid_Keys same_column{.wrap = Grid_Wrap::Same_Column, .row_step_at_right = -1};
+    const Grid_Keys stop{.wrap = Grid_Wrap::Stop, .enter_along_row = true, .arrows_leave = true};
+    const struct {
+        Grid_Keys keys;
+        const char* from;
+        Qt::Key key;
+        Qt::KeyboardModifiers modifiers;
+        const char* to;
+    } moves[] = {
+        {{}, "A(0)", Key_Return, NoModifier, "A(1)"},
+        {{}, "A(2)", Key_Return, NoModifier, "B(0)"},
+        {{}, "C(2)", Key_Down, NoModifier, "A(0)"},
+        {{}, "B(0)", Key_Up, NoModifier, "A(2)"},
+        {{}, "B(0)", Key_Down, NoModifier, "B(1)"}, // locked
+        {{}, "A(0)", Key_Tab, NoModifier, "B(0)"},
+        {{}, "C(0)", Key_Tab, NoModifier, "A(1)"},
+        {{}, "A(1)", Key_Backtab, NoModifier, "C(0)"},
+        {{}, "C(1)", Key_Right, ControlModifier, "P(1)"},
+        {{}, "P(1)", Key_Right, ControlModifier, "A(2)"},
+        {{}, "A(0)", Key_Left, ControlModifier, "C(2)"},
+        {{}, "B(0)", Key_Right, NoModifier, "B(0)"},
+        {{}, "B(1)", Key_End, ControlModifier, "C(2)"},
+        {same_column, "A(2)", Key_Return, NoModifier, "A(0)"},
+        {same_column, "A(0)", Key_Up, NoModifier, "A(2)"},
+        {same_column, "P(0)", Key_Right, ControlModifier, "A(2)"},
+        {stop, "A(2)", Key_Down, NoModifier, "A(2)"},
+        {stop, "A(0)", Key_Return, NoModifier, "B(0)"},
+        {stop, "C(2)", Key_Return, NoModifier, "C(2)"},
+        {stop, "A(0)", Key_Right, NoModifier, "B(0)"},
+    };
+    for (const auto& move : moves) {
+        grid->Set_Keys(move.keys);
+        ASSERT_TRUE(grid->Focus_Cell(move.from));
+        Key(move.key, move.modifiers);
+        EXPECT_EQ(Place(), move.to) << move.from << " " << move.key;
+    }
+}
+
+TEST_F(Entry_Grid_Test, Tab_comes_in_and_goes_out) {
+    grid->Focus_Cell("C(2)");
+    Key(Qt::Key_Tab);
+    EXPECT_TRUE(after.hasFocus());
+    grid->Focus_Cell("A(0)");
+    Key(Qt::Key_Backtab);
+    EXPECT_TRUE(before.hasFocus());
+    Key(Qt::Key_Tab);
+    EXPECT_EQ(Place(), "A(0)");
+}
+
+TEST_F(Entry_Grid_Test, An_entry_holds_when_its_cell_is_left_by_any_way) {
+    std::string told;
+    QObject::connect(grid, &Entry_Grid::Cell_Left, [&](int row, int column) {
+        told +=
+            std::to_string(row) + std::to_string(column) + "=" + grid->Get_Value(row, column).As_Text() + " ";
+    });
+    Type("1234567");
+    EXPECT_EQ(grid->Get_Value("A(0)"), Value(1234567.0)) << "the running entry is seen";
+    Key(Qt::Key_Return);
+    Type("5");
+    QTest::mouseClick(&after, Qt::LeftButton);
+    grid->Focus_Cell("A(2)");
+    Type("-6000");
+    auto* view = grid->findChild<Grid_View*>();
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, view->Cell_Rect({0, 2}).center());
+    EXPECT_EQ(Place(), "B(0)");
+    Type("77");
+    EXPECT_TRUE(grid->Finish_Entry());
+    EXPECT_EQ(told, "00=1234567 10=5 20=-6000 02=77 ");
+    EXPECT_EQ(Texts(), "1,234,567|77||5|||-6,000|||");
+    EXPECT_EQ(QApplication::focusWidget()->accessibleName().toStdString(), "土木 基準 決算");
+}
+
+TEST_F(Entry_Grid_Test, Cells_take_only_their_keys) {
+    Type("--5");
+    Key(Qt::Key_Return);
+    EXPECT_EQ(Place(), "A(0)") << "no number: the focus stays";
+    EXPECT_EQ(grid->Cell_Text("A(0)"), "");
+    grid->Set_Value("B(1)", 40);
+    grid->Focus_Cell("B(1)");
+    Type("9");
+    Key(Qt::Key_Delete);
+    EXPECT_EQ(grid->Cell_Text("B(1)"), "40") << "locked";
+    grid->Focus_Cell("C(1)");
+    Type("132");
+    EXPECT_EQ(grid->Cell_Text("C(1)"), "2");
+    int pressed = 0;
+    QObject::connect(grid, &Entry_Grid::Button_Pressed, [&](int row, int) { pressed += row; });
+    grid->Focus_Cell("P(2)");
+    Type(" ");
+    grid->Set_Locked(2, 4, true);
+    Type(" ");
+    EXPECT_EQ(pressed, 2) << "a locked button is disabled";
+}
+
+TEST_F(Entry_Grid_Test, The_screen_can_take_an_entry_back) {
+    grid->Set_Value("A(0)", 100);
+    grid->Set_Value("A(1)", 999.5);
+    bool holds = true;
+    std::string seen;
+    int restored = 0;
+    grid->on_left = [&](int row, int column) {
+        seen += grid->Get_Value(row, column).As_Text() + " ";
+        return holds;
+    };
+    QObject::connect(grid, &Entry_Grid::Values_Restored, [&] { ++restored; });
+    holds = false;
+    Type("2147483648");
+    for (const auto& leave : std::vector<std::function<void()>>{
+             [] { Key(Qt::Key_Return); }, [&] { QTest::mouseClick(&after, Qt::LeftButton); }}) {
+        leave();
+        QTest::qWait(1);
+        EXPECT_EQ(Place(), "A(0)");
+        EXPECT_EQ(grid->Cell_Text("A(0)"), "100");
+        Type("3");
+    }
+    EXPECT_EQ(restored, 2);
+    Key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_FALSE(grid->Is_Edited()) << "nothing taken back remains to be undone";
+    Key(Qt::Key_Down);
+    Key(Qt::Key_Down);
+    EXPECT_EQ(Place(), "A(2)") << "an unchanged cell is left in any case";
+    EXPECT_EQ(seen, "2147483648 3 100 999.5 ");
+    EXPECT_EQ(grid->Get_Value("A(1)"), Value(999.5));
+}
+
+TEST_F(Entry_Grid_Test, A_block_is_pasted_cell_by_cell_and_undone_at_once) {
+    std::vector<Paste_Refused> refused;
+    grid->on_refused = [&](const std::vector<Paste_Refused>& cells) { refused = cells; };
+    grid->Set_Value("A(1)", 5);
+    grid->Set_Value("B(1)", 6);
+    Paste("\"1,200\"\tx\t￥３０\t2\r\n\t\t7\t3\r\n(8)\t\t1234567\t1\t\t9\r\n△4\r\n");
+    EXPECT_EQ(Texts(), "1200|30|2||6||-8||1|") << "in place, blanks clear, locked cells stay";
+    ASSERT_EQ(refused.size(), 4U);
+    const std::string text = grid->Refusal_Text(refused);
+    EXPECT_NE(text.find("2行目「区分」：3"), std::string::npos) << text;
+    EXPECT_NE(text.find("3行目「基準 決算」：1234567"), std::string::npos) << "too long for the cell";
+    EXPECT_NE(text.find("3行目6列目（表の外）：9"), std::string::npos);
+    EXPECT_NE(text.find("4行目"), std::string::npos);
+    Key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Texts(), "|||5|6|||||");
+    EXPECT_FALSE(grid->Is_Edited());
+    Key(Qt::Key_Y, Qt::ControlModifier);
+    EXPECT_EQ(Texts(), "1200|30|2||6||-8||1|");
+    grid->on_block = [](const std::vector<Cell_At>& cells) { return cells.size() > 2; };
+    Paste("1\n2\n");
+    EXPECT_EQ(Texts(), "1200|30|2||6||-8||1|") << "the screen has taken the paste back";
+}
+
+TEST_F(Entry_Grid_Test, A_marked_block_is_copied_and_cleared) {
+    grid->Set_Value("A(0)", 1234);
+    grid->Set_Value("S(1)", "a\tb");
+    grid->Set_Value("B(1)", 7);
+    grid->Set_Value("A(2)", 1);
+    Key(Qt::Key_Down, Qt::ShiftModifier);
+    Key(Qt::Key_Right, Qt::ControlModifier | Qt::ShiftModifier);
+    Key(Qt::Key_Right, Qt::ControlModifier | Qt::ShiftModifier);
+    Key(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text().toStdString(), "1234\t\t\n\t\"a\tb\"\t7\n");
+    EXPECT_EQ(Read_Block(QApplication::clipboard()->text())[1][1], "a\tb");
+    Key(Qt::Key_Delete);
+    EXPECT_EQ(Texts(), "||||7||1|||");
+}
+
+TEST_F(Entry_Grid_Test, Single_entries_are_undone_where_they_were_made) {
+    Type("1");
+    Key(Qt::Key_Return);
+    Type("2");
+    Key(Qt::Key_Return);
+    Type("34");
+    Key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Texts(), "1|||2||||||") << "first what is being typed";
+    Key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Place(), "A(1)");
+    Key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Texts(), "|||||||||");
+    Key(Qt::Key_Y, Qt::ControlModifier);
+    EXPECT_EQ(Texts(), "1|||||||||");
+}
+
+TEST_F(Entry_Grid_Test, Totals_stand_under_their_columns) {
+    grid->Set_Totals({{"合計"}});
+    grid->Set_Value("A_Kei", 1234567);
+    EXPECT_EQ(grid->Cell_Text("A_Kei"), "1,234,567");
+    const QList<Grid_View*> views = grid->findChildren<Grid_View*>();
+    ASSERT_EQ(views.size(), 2);
+    window.resize(300, 150);
+    QTest::qWait(1);
+    grid->Focus_Cell("C(2)");
+    for (int column = 0; column < 5; ++column) {
+        EXPECT_EQ(views[0]->columnViewportPosition(column), views[1]->columnViewportPosition(column));
+    }
+    EXPECT_LT(views[0]->columnViewportPosition(0), 0) << "scrolled";
+    EXPECT_THROW(static_cast<void>(grid->Cell_Text("A(3)")), std::out_of_range);
+}
+
+} // namespace
+} // namespace morvane::tests
