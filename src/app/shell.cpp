@@ -108,6 +108,18 @@ void Shell::Open_Form(const QString& form) {
     frame->command->Open_Form(form);
 }
 
+void Shell::Replace_Form(Form* screen, const QString& sister) {
+    frame->command->Replace_Form(screen, sister);
+}
+
+void Shell::Toggle_Menu() {
+    frame->command->setHidden(Is_Menu_Shown());
+}
+
+bool Shell::Is_Menu_Shown() const {
+    return !frame->command->isHidden();
+}
+
 QWidget* Shell::Window() {
     QWidget* modal = QApplication::activeModalWidget();
     return modal != nullptr ? modal : frame.get();

@@ -93,7 +93,8 @@ void Entry_Grid::Set_Totals(const std::vector<Grid_Total>& total_rows) {
         shown.locked = nullptr;
     }
     total_data = std::make_unique<Grid_Data>(std::move(columns), static_cast<int>(totals.size()), nullptr);
-    foot_row = new QWidget(this);
+    foot_row = new QFrame(this);
+    theme::Set_Look(foot_row, "grid_foot");
     foot = new Grid_View(*total_data, foot_row);
     foot->is_totals = true;
     foot->header->hide();
@@ -131,7 +132,7 @@ void Entry_Grid::Set_Totals(const std::vector<Grid_Total>& total_rows) {
 
 // The totals stand under the columns above them whether or not scroll bars are there.
 void Entry_Grid::Fit_Foot() {
-    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, view->verticalScrollBar());
+    const int bar = view->verticalScrollBar()->sizeHint().width();
     const bool scrolls_down = view->verticalScrollBar()->minimum() < view->verticalScrollBar()->maximum();
     const bool scrolls_across =
         foot->horizontalScrollBar()->minimum() < foot->horizontalScrollBar()->maximum();
@@ -364,16 +365,16 @@ void Entry_Grid::keyPressEvent(QKeyEvent* event) {
 }
 
 QSize Entry_Grid::sizeHint() const {
-    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    const int bar = view->verticalScrollBar()->sizeHint().width();
     int width = view->captions->isHidden() ? 0 : view->captions->Width();
     width += view->header->length() + bar + 2;
     const int rows = data->rowCount() + static_cast<int>(totals.size());
-    return {width, view->header->sizeHint().height() + rows * theme::cell_height + 2};
+    return {width, view->header->sizeHint().height() + rows * theme::cell_height + 4};
 }
 
 QSize Entry_Grid::minimumSizeHint() const {
     const int rows = std::min(data->rowCount(), 4) + static_cast<int>(totals.size());
-    return {240, view->header->sizeHint().height() + rows * theme::cell_height + 2};
+    return {240, view->header->sizeHint().height() + rows * theme::cell_height + 4};
 }
 
 } // namespace morvane

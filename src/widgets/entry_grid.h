@@ -195,7 +195,7 @@ class Entry_Grid : public QFrame {
     Grid_View* view;
     std::unique_ptr<Grid_Data> total_data;
     Grid_View* foot = nullptr;
-    QWidget* foot_row = nullptr;
+    QFrame* foot_row = nullptr;
     QWidget* foot_gap = nullptr;
     std::vector<Grid_Total> totals;
     Grid_Cell* editor;

@@ -58,7 +58,7 @@ QSize Grid_Header::sizeHint() const {
     return {QHeaderView::sizeHint().width(), lines * line + 8 + (grouped ? line + 6 : 0)};
 }
 
-// The room of the group over a column, all its columns wide.
+// The room of the group over a column, all its columns wide as far as they are in view.
 QRect Grid_Header::Group_Rect(int column) const {
     const std::string& group = grid_data.Column(column).group;
     int first = column;
@@ -71,7 +71,9 @@ QRect Grid_Header::Group_Rect(int column) const {
     }
     const int left = sectionViewportPosition(first);
     const int right = sectionViewportPosition(last) + sectionSize(last);
-    return {left, 0, right - left, QFontMetrics(Bold(font())).lineSpacing() + 6};
+    const QRect group_rect(left, 0, right - left, QFontMetrics(Bold(font())).lineSpacing() + 6);
+    // Its text stands in the middle of what is to be seen of it.
+    return group_rect.intersected(QRect(0, 0, viewport()->width(), height()));
 }
 
 void Grid_Header::paintSection(QPainter* painter, const QRect& rect, int column) const {

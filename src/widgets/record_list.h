@@ -67,6 +67,7 @@ class Record_List : public QTableView {
 
   private:
     class Model;
+    class Painter;
 
     Model* records;
     int find_column = -1;

@@ -34,7 +34,7 @@ QPalette Palette() {
     palette.setColor(QPalette::PlaceholderText, muted);
     palette.setColor(QPalette::Link, accent);
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-        palette.setColor(QPalette::Disabled, role, QColor(0x9A, 0xA5, 0xB1));
+        palette.setColor(QPalette::Disabled, role, QColor(disabled));
     }
     return palette;
 }
@@ -45,14 +45,14 @@ QString Style_Sheet() {
 QMenuBar { background: %surface; border-bottom: 1px solid %line; padding: 2px 4px; }
 QMenuBar::item { padding: 4px 10px; border-radius: 3px; background: transparent; }
 QMenuBar::item:selected { background: %soft; color: %accent; }
-QMenuBar::item:disabled { color: #9AA5B1; }
+QMenuBar::item:disabled { color: %disabled; }
 QPushButton { background: %surface; border: 1px solid %line; border-radius: 3px; padding: 3px 14px;
               min-height: 22px; }
 QPushButton:hover { border-color: %accent; }
 QPushButton:focus { border: 1px solid %accent; background: %soft; }
 QPushButton:pressed { background: %line; }
 QPushButton:default { border: 1px solid %accent; color: %accent; }
-QPushButton:disabled { background: %window; color: #9AA5B1; }
+QPushButton:disabled { background: %window; border-color: %pale; color: %disabled; }
 QPushButton[look="primary"] { background: %accent; border-color: %accent; color: white; }
 QPushButton[look="primary"]:hover { background: #2A70BF; }
 QPushButton[look="primary"]:focus { background: #2A70BF; border: 2px solid %focus; padding: 2px 13px; }
@@ -61,24 +61,39 @@ QPushButton[look="menu"] { background: %rest; border: 1px solid #C4C4C4; padding
 QPushButton[look="menu"]:hover { border-color: %accent; }
 QPushButton[look="menu"]:focus { border: 2px solid %accent; padding: 3px 7px; }
 QPushButton[look="menu"][open="true"] { background: %open; border-color: %accent; }
-QPushButton[look="menu"]:disabled { color: #9AA5B1; background: #ECEEF0; border-color: #D9DDE2; }
+QPushButton[look="menu"]:disabled { color: %disabled; background: #ECEEF0; border-color: #D9DDE2; }
 QPushButton[look="kana"] { padding: 0; min-width: 26px; min-height: 24px; }
 QPushButton[look="kana"]:checked { background: %accent; color: white; border-color: %accent; }
-QLineEdit, QPlainTextEdit, QSpinBox, QComboBox { background: %surface; border: 1px solid %line; border-radius: 2px;
-              padding: 1px 5px; selection-background-color: %accent; }
+QLineEdit, QPlainTextEdit, QTextEdit, QSpinBox, QComboBox { background: %surface; border: 1px solid %line;
+              border-radius: 2px; padding: 1px 5px; selection-background-color: %accent;
+              selection-color: white; }
 QLineEdit { min-height: 22px; max-height: 22px; }
-QComboBox { min-height: 22px; }
-QLineEdit:focus, QPlainTextEdit:focus { background: %focus; border: 1px solid %accent; }
-QLineEdit:read-only, QLineEdit:read-only:focus { background: %locked; }
+QLineEdit:hover, QPlainTextEdit:hover, QTextEdit:hover, QComboBox:hover, QSpinBox:hover { border-color: #93A4B7; }
+QComboBox, QSpinBox { min-height: 22px; }
+QComboBox:focus, QSpinBox:focus { border: 1px solid %accent; background: %soft; }
+QComboBox:disabled, QSpinBox:disabled { background: %window; color: %disabled; }
+QComboBox::drop-down { border: 0; width: 22px; }
+QComboBox::down-arrow, QSpinBox::down-arrow { image: url(:/chevron-down.svg); width: 12px; height: 12px; }
+QSpinBox::up-arrow { image: url(:/chevron-up.svg); width: 12px; height: 12px; }
+QSpinBox::up-button, QSpinBox::down-button { border: 0; width: 20px; }
+QComboBox QAbstractItemView { border: 1px solid %line; outline: 0; selection-background-color: %soft;
+              selection-color: %text; }
+QLineEdit:focus, QPlainTextEdit:focus, QTextEdit:focus { background: %focus; border: 1px solid %accent; }
+QLineEdit:read-only { background: %locked; }
+QPlainTextEdit:read-only, QTextEdit:read-only { background: %window; }
 QLineEdit[look="grid"] { border: 1px solid %accent; border-radius: 0; padding: 0 3px; background: %focus;
               min-height: 0; max-height: 1000px; }
 QLineEdit[look="grid"]:read-only { background: %locked; }
-QLineEdit:disabled { background: %window; color: #9AA5B1; }
-QTableView, QListView, QTextBrowser { background: %surface; border: 1px solid %line; gridline-color: #E2E7ED;
-              selection-background-color: %soft; selection-color: %text; }
+QLineEdit:disabled { background: %window; border-color: %pale; color: %disabled; }
+QCheckBox, QRadioButton { spacing: 6px; padding: 2px; border: 1px solid transparent; border-radius: 2px; }
+QCheckBox:focus, QRadioButton:focus { border: 1px solid %accent; background: %soft; }
+QCheckBox:disabled, QRadioButton:disabled { color: %disabled; }
+QTableView, QListView, QTextBrowser { background: %surface; border: 1px solid %line; gridline-color: %grid;
+              selection-background-color: %soft; selection-color: %text; outline: 0; }
 QTableView[look="grid"] { border: 0; }
 QFrame[look="grid_frame"] { background: %surface; border: 1px solid %line; }
-QTableView::item:selected, QListView::item:selected { background: #CFE0F4; color: %text; }
+QFrame[look="grid_foot"] { background: %soft; border: 0; border-top: 2px solid %accent; }
+QTableView::item:selected, QListView::item:selected { background: %selected; color: %text; }
 QHeaderView::section { background: %soft; color: %text; border: 0; border-right: 1px solid %line;
               border-bottom: 1px solid %line; padding: 3px 8px; font-weight: bold; }
 QFrame[look="section"] { background: %surface; border: 1px solid %line; border-radius: 4px; }
@@ -87,6 +102,10 @@ QLabel[look="band"] { background: %soft; color: %accent; font-weight: bold; padd
 QLabel[look="title"] { font-size: 14pt; font-weight: bold; }
 QLabel[look="heading"] { font-size: 12pt; font-weight: bold; }
 QLabel[look="muted"] { color: %muted; }
+QLabel[look="panel_heading"] { color: %accent; font-weight: bold; padding-top: 4px; }
+QLabel[look="panel_figure"] { border-bottom: 1px solid %grid; }
+QLabel[look="panel_sum"] { font-weight: bold; border-top: 1px solid %muted; background: %shown; }
+QLabel[look="check"] { font-weight: bold; padding: 3px; }
 QFrame[look="header"] { background: %surface; border: 0; border-bottom: 2px solid %accent; }
 QFrame[look="command"] { background: #E9EDF2; border: 0; border-right: 1px solid %line; }
 QFrame[look="popout"] { background: %surface; border: 0; border-right: 1px solid %line; }
@@ -94,6 +113,27 @@ QFrame[look="company"] { background: %accent; border: 0; border-radius: 4px; }
 QFrame[look="company"] QLabel { color: white; }
 QMdiArea { border: 0; }
 QScrollArea { border: 0; background: transparent; }
+QScrollBar { background: #EBEEF2; border: 0; }
+QScrollBar:vertical { width: 13px; }
+QScrollBar:horizontal { height: 13px; }
+QScrollBar::handle { background: #BCC7D3; border-radius: 4px; margin: 2px; }
+QScrollBar::handle:hover { background: #93A4B7; }
+QScrollBar::handle:vertical { min-height: 32px; }
+QScrollBar::handle:horizontal { min-width: 32px; }
+QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; }
+QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }
+QMenu { background: %surface; border: 1px solid %line; padding: 4px; }
+QMenu::item { padding: 4px 24px 4px 12px; border-radius: 3px; }
+QMenu::item:selected { background: %soft; color: %accent; }
+QMenu::item:disabled { color: %disabled; background: transparent; }
+QMenu::separator { height: 1px; background: %line; margin: 4px 8px; }
+QTabWidget::pane { border: 1px solid %line; background: %surface; top: -1px; }
+QTabBar::tab { background: %window; border: 1px solid %line; padding: 5px 16px; margin-right: 2px; }
+QTabBar::tab:selected { background: %surface; border-bottom-color: %surface; color: %accent; font-weight: bold; }
+QTabBar::tab:focus { color: %accent; border-color: %accent; }
+QProgressBar { background: %surface; border: 1px solid %line; border-radius: 3px; text-align: center;
+              min-height: 16px; }
+QProgressBar::chunk { background: %accent; border-radius: 2px; }
 QToolTip { border: 1px solid %line; padding: 3px; }
 )");
     for (const auto& [mark, colour] : {std::pair{"%surface", surface},
@@ -106,6 +146,11 @@ QToolTip { border: 1px solid %line; padding: 3px; }
                                        {"%open", button_open},
                                        {"%locked", locked},
                                        {"%muted", muted},
+                                       {"%disabled", disabled},
+                                       {"%selected", selected},
+                                       {"%shown", shown},
+                                       {"%pale", 0xFFDDE3EA},
+                                       {"%grid", grid_line},
                                        {"%text", text}}) {
         sheet.replace(QLatin1String(mark), Name(colour));
     }

@@ -1,0 +1,97 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "widgets/total_panel.h"
+
+#include "session/kyotu_mod.h"
+#include "widgets/theme.h"
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+namespace morvane {
+
+Total_Panel::Total_Panel(const QString& heading, std::span<const Total_Field> fields, int characters,
+                         QWidget* parent)
+    : Section_Box(heading, parent), grid(new QGridLayout) {
+    grid->setHorizontalSpacing(12);
+    grid->setVerticalSpacing(2);
+    grid->setColumnStretch(0, 1);
+    body->setContentsMargins(10, 6, 10, 8);
+    body->addLayout(grid);
+    body->addStretch(1);
+    for (const Total_Field& field : fields) {
+        Add_Line(field, characters);
+    }
+}
+
+void Total_Panel::Add_Line(const Total_Field& field, int characters) {
+    using Line = Total_Field::Line;
+    const int row = grid->rowCount();
+    const QString caption = QString::fromUtf8(field.caption);
+    auto* figure = new QLabel;
+    figure->setObjectName(QString::fromUtf8(field.name));
+    figure->setAccessibleName(caption);
+    figure->setMinimumHeight(20);
+    Shown shown;
+    shown.figure = figure;
+    if (field.line == Line::Check || field.line == Line::Heading) {
+        figure->setText(caption);
+        theme::Set_Look(figure, field.line == Line::Check ? "check" : "panel_heading");
+        figure->setAlignment((field.line == Line::Check ? Qt::AlignHCenter : Qt::AlignLeft) |
+                             Qt::AlignVCenter);
+        grid->addWidget(figure, row, 0, 1, 2);
+    } else {
+        shown.caption = new QLabel(caption);
+        const char* look = field.line == Line::Sum ? "panel_sum" : "panel_figure";
+        theme::Set_Look(shown.caption, look);
+        theme::Set_Look(figure, look);
+        figure->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        figure->setMinimumWidth(fontMetrics().horizontalAdvance(QLatin1Char('0')) * characters);
+        figure->setTextInteractionFlags(Qt::TextSelectableByMouse);
+        grid->addWidget(shown.caption, row, 0);
+        grid->addWidget(figure, row, 1);
+    }
+    if (field.line != Line::Heading) {
+        lines[field.name] = shown;
+    }
+}
+
+void Total_Panel::Set_Value(const std::string& name, const Value& value) {
+    Shown& line = lines.at(name);
+    if (line.value == value && !line.figure->text().isEmpty()) {
+        return;
+    }
+    line.value = value;
+    line.figure->setText(QString::fromStdString(Comma_Str(value)));
+}
+
+void Total_Panel::Set_Text(const std::string& name, const QString& text) {
+    Shown& line = lines.at(name);
+    line.value = text.toStdString();
+    line.figure->setText(text);
+}
+
+QString Total_Panel::Text(const std::string& name) const {
+    return lines.at(name).figure->text();
+}
+
+void Total_Panel::Set_Check(const std::string& name, bool holds, const QString& text) {
+    Shown& line = lines.at(name);
+    line.holds = holds;
+    line.value = text.toStdString();
+    line.figure->setText(text);
+    QPalette palette = line.figure->palette();
+    palette.setColor(QPalette::Window, QColor(holds ? theme::check_yes : theme::check_no));
+    palette.setColor(QPalette::WindowText, holds ? QColor(theme::text) : QColor(Qt::white));
+    line.figure->setAutoFillBackground(true);
+    line.figure->setPalette(palette);
+}
+
+void Total_Panel::Set_Caption(const std::string& name, const QString& caption) {
+    if (QLabel* label = lines.at(name).caption) {
+        label->setText(caption);
+    }
+    lines.at(name).figure->setAccessibleName(caption);
+}
+
+} // namespace morvane

@@ -1,0 +1,85 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "widgets/window_placement.h"
+
+#include <QEvent>
+#include <QGuiApplication>
+#include <QScreen>
+#include <QWidget>
+#include <algorithm>
+
+namespace morvane {
+
+namespace {
+
+// Room for the title bar, which the window manager puts above a window's own area.
+constexpr int title_bar = 32;
+
+QList<QRect> Free_Areas() {
+    QList<QRect> areas;
+    for (const QScreen* screen : QGuiApplication::screens()) {
+        areas.append(screen->availableGeometry().adjusted(0, title_bar, 0, 0));
+    }
+    return areas;
+}
+
+} // namespace
+
+QRect On_Screen(const QRect& wanted, const QList<QRect>& screens) {
+    const auto shared = [&](const QRect& screen) {
+        const QRect common = screen.intersected(wanted);
+        return qint64{common.width()} * common.height();
+    };
+    const QRect& screen =
+        *std::max_element(screens.begin(), screens.end(),
+                          [&](const QRect& a, const QRect& b) { return shared(a) < shared(b); });
+    QRect placed(wanted.topLeft(), wanted.size().boundedTo(screen.size()));
+    placed.moveLeft(std::clamp(placed.left(), screen.left(), screen.right() + 1 - placed.width()));
+    placed.moveTop(std::clamp(placed.top(), screen.top(), screen.bottom() + 1 - placed.height()));
+    return placed;
+}
+
+Window_Placement::Window_Placement(const std::filesystem::path& app_path)
+    : settings(QString::fromStdString((app_path / "windows.ini").string()), QSettings::IniFormat) {}
+
+void Window_Placement::Follow(QWidget* window, const QSize& default_size) {
+    const QString name = window->objectName();
+    const QRect stored(settings.value(name + QStringLiteral("/x")).toInt(),
+                       settings.value(name + QStringLiteral("/y")).toInt(),
+                       settings.value(name + QStringLiteral("/width")).toInt(),
+                       settings.value(name + QStringLiteral("/height")).toInt());
+    const QList<QRect> screens = Free_Areas();
+    if (stored.width() >= window->minimumWidth() && stored.height() >= window->minimumHeight() &&
+        stored.isValid()) {
+        window->setGeometry(On_Screen(stored, screens));
+    } else {
+        const QWidget* parent = window->parentWidget();
+        QRect middle({}, default_size);
+        middle.moveCenter(parent != nullptr ? parent->window()->geometry().center() : screens[0].center());
+        window->setGeometry(On_Screen(middle, screens));
+    }
+    if (settings.value(name + QStringLiteral("/maximized")).toBool()) {
+        window->setWindowState(window->windowState() | Qt::WindowMaximized);
+    }
+    window->installEventFilter(this);
+}
+
+bool Window_Placement::eventFilter(QObject* watched, QEvent* event) {
+    // An iconified window is hidden by the window manager, spontaneously.
+    if (event->type() == QEvent::Hide && !event->spontaneous()) {
+        Keep(*qobject_cast<QWidget*>(watched));
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void Window_Placement::Keep(const QWidget& window) {
+    const QRect place = window.isMaximized() ? window.normalGeometry() : window.geometry();
+    const QString name = window.objectName();
+    settings.setValue(name + QStringLiteral("/x"), place.x());
+    settings.setValue(name + QStringLiteral("/y"), place.y());
+    settings.setValue(name + QStringLiteral("/width"), place.width());
+    settings.setValue(name + QStringLiteral("/height"), place.height());
+    settings.setValue(name + QStringLiteral("/maximized"), window.isMaximized());
+    settings.sync();
+}
+
+} // namespace morvane

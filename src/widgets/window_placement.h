@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#pragma once
+
+#include <QList>
+#include <QObject>
+#include <QRect>
+#include <QSettings>
+#include <filesystem>
+
+class QWidget;
+
+namespace morvane {
+
+/// Keeps where windows stand and how large they are, by objectName, in windows.ini of the installation
+/// folder. Where the folder cannot be written, windows open at their default places.
+class Window_Placement : public QObject {
+  public:
+    explicit Window_Placement(const std::filesystem::path& app_path);
+
+    /// Puts a window to where it stood, or in its default size to the middle of the screen (a dialog to the
+    /// middle of its parent), and keeps its place whenever it is hidden or closed. Never off the screen.
+    void Follow(QWidget* window, const QSize& default_size);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    void Keep(const QWidget& window);
+
+    QSettings settings;
+};
+
+/// A window's place as near to `wanted` as it is wholly on one of the screens (their free areas, at least
+/// one).
+QRect On_Screen(const QRect& wanted, const QList<QRect>& screens);
+
+} // namespace morvane
