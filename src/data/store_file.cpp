@@ -25,8 +25,9 @@ namespace {
 class Descriptor {
   public:
     /// Failures name the file `shown`: of a draft its target.
-    Descriptor(const fs::path& path, int flags, const std::string& doing, const fs::path& shown)
-        : file(shown), number(::open(path.c_str(), flags | O_CLOEXEC, 0644)) {
+    Descriptor(const fs::path& path, int flags, const std::string& doing, const fs::path& shown,
+               mode_t mode = 0644)
+        : file(shown), number(::open(path.c_str(), flags | O_CLOEXEC, mode)) {
         if (number < 0) {
             Throw_Errno(file, doing);
         }
@@ -195,9 +196,11 @@ File_Replacement File_Replacement::With_Store(const fs::path& source, const fs::
     return replacement;
 }
 
-File_Replacement File_Replacement::With_Text(std::string_view text, const fs::path& target) {
+File_Replacement File_Replacement::With_Text(std::string_view text, const fs::path& target,
+                                             File_Readers readers) {
     File_Replacement replacement(target);
-    const Descriptor out(replacement.temporary, O_WRONLY | O_CREAT | O_TRUNC, "書き込み", target);
+    const Descriptor out(replacement.temporary, O_WRONLY | O_CREAT | O_TRUNC, "書き込み", target,
+                         readers == File_Readers::Owner ? 0600 : 0644);
     out.Write_All(text.data(), text.size());
     out.Flush();
     return replacement;
@@ -293,8 +296,8 @@ void Copy_Store(const fs::path& source, const fs::path& target, const Store_Key&
     File_Replacement::With_Store(source, target, key).Commit();
 }
 
-void Write_Text_File(const fs::path& target, std::string_view text) {
-    File_Replacement::With_Text(text, target).Commit();
+void Write_Text_File(const fs::path& target, std::string_view text, File_Readers readers) {
+    File_Replacement::With_Text(text, target, readers).Commit();
 }
 
 std::string Read_Text_File(const fs::path& file) {

@@ -18,6 +18,12 @@ std::filesystem::path Find_File(const std::filesystem::path& folder, std::string
 /// Reads every page of a store with the key. Raises Store_Error where it does not open or verify.
 void Verify_Store(const std::filesystem::path& store, const Store_Key& key);
 
+/// Who can read a file that is written.
+enum class File_Readers {
+    All,  ///< whom the umask allows
+    Owner ///< nobody but its owner: it holds secrets
+};
+
 /// A file about to be replaced: the new content stands beside the target, complete and flushed to disk, and
 /// Commit renames it over. Until then, and when the object goes without Commit, the target is as it was.
 class File_Replacement {
@@ -28,7 +34,8 @@ class File_Replacement {
                                        const std::filesystem::path& target, const Store_Key& key);
 
     /// The new content is `text`.
-    static File_Replacement With_Text(std::string_view text, const std::filesystem::path& target);
+    static File_Replacement With_Text(std::string_view text, const std::filesystem::path& target,
+                                      File_Readers readers = File_Readers::All);
 
     File_Replacement(File_Replacement&& other) noexcept;
     File_Replacement& operator=(File_Replacement&&) = delete;
@@ -73,7 +80,8 @@ void Copy_Store(const std::filesystem::path& source, const std::filesystem::path
                 const Store_Key& key);
 
 /// Writes a small text file whole: beside the target first, then renamed. Raises Store_Error.
-void Write_Text_File(const std::filesystem::path& target, std::string_view text);
+void Write_Text_File(const std::filesystem::path& target, std::string_view text,
+                     File_Readers readers = File_Readers::All);
 
 /// Reads a small text file. Raises Store_Error.
 std::string Read_Text_File(const std::filesystem::path& file);

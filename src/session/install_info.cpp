@@ -4,6 +4,7 @@
 #include "data/store_error.h"
 #include "data/store_file.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <nlohmann/json.hpp>
@@ -34,8 +35,11 @@ std::string Text(const Json& record, const char* key) {
     return found == record.end() || found->is_null() ? std::string() : found->get<std::string>();
 }
 
+constexpr const char* network_key = "通信設定";
+constexpr const char* security_names[] = {"なし", "STARTTLS", "TLS"};
+
 constexpr const char* own_keys[] = {"管理者識別", "UserID", "地域CD",   "都道府県名", "法人個人識別",
-                                    "処理決算期", "管理No", "事業所名", "接続確認先"};
+                                    "処理決算期", "管理No", "事業所名", "接続確認先", network_key};
 
 bool Is_Own_Key(const std::string& key) {
     for (const char* own : own_keys) {
@@ -46,10 +50,53 @@ bool Is_Own_Key(const std::string& key) {
     return false;
 }
 
-Install_Info From_Json(const Json& record) {
-    if (!record.is_object()) {
-        throw std::invalid_argument("設定の形ではありません");
+// A field of any type as the text that stands for it in the store.
+std::string Plain_Text(const Json& value) {
+    return value.is_string() ? value.get<std::string>() : value.dump();
+}
+
+Network_Settings Network_From_Json(const Json& record) {
+    std::map<std::string, std::string> texts;
+    for (const Network_Field& field : Network_Fields()) {
+        const auto found = record.find(field.key);
+        if (found == record.end() || found->is_null()) {
+            continue;
+        }
+        std::string text = Plain_Text(*found);
+        if (field.security != nullptr) {
+            const auto* name = std::find(std::begin(security_names), std::end(security_names), text);
+            if (name == std::end(security_names)) {
+                throw std::invalid_argument(std::string(field.key) + " は なし、STARTTLS、TLS のどれかです");
+            }
+            text = std::to_string(name - std::begin(security_names));
+        } else if (field.number != nullptr) {
+            text = std::to_string(Whole_Number<std::uint16_t>(record, field.key, 0));
+        }
+        texts[field.control] = std::move(text);
     }
+    return Network_Of_Texts(texts);
+}
+
+// Puts the settings into the record; defaults need no entry.
+void Network_To_Json(const Network_Settings& settings, Json& record) {
+    auto texts = Network_Texts(settings);
+    auto defaults = Network_Texts({});
+    for (const Network_Field& field : Network_Fields()) {
+        const std::string& text = texts[field.control];
+        if (text == defaults[field.control] && !record.contains(field.key)) {
+            continue;
+        }
+        if (field.security != nullptr) {
+            record[field.key] = security_names[std::stoul(text)];
+        } else if (field.number != nullptr) {
+            record[field.key] = std::stoi(text);
+        } else {
+            record[field.key] = text;
+        }
+    }
+}
+
+Install_Info From_Json(const Json& record) {
     Install_Info info;
     info.kanri_flg = Whole_Number<std::uint8_t>(record, "管理者識別", 0);
     info.user_id = Text(record, "UserID");
@@ -60,28 +107,45 @@ Install_Info From_Json(const Json& record) {
     info.kanri_no = Whole_Number<std::int32_t>(record, "管理No", 0);
     info.office_name = Text(record, "事業所名");
     info.net_check_host = Text(record, "接続確認先");
+    if (const auto network = record.find(network_key); network != record.end()) {
+        info.network = Network_From_Json(*network);
+    }
     for (const auto& [key, value] : record.items()) {
         if (!Is_Own_Key(key) && !value.is_null()) {
-            info.optional_columns[key] = value.is_string() ? value.get<std::string>() : value.dump();
+            info.optional_columns[key] = Plain_Text(value);
         }
     }
     return info;
+}
+
+Json Read_Record(const std::filesystem::path& file) {
+    const std::string text = Read_Text_File(file);
+    try {
+        Json record = Json::parse(text);
+        if (!record.is_object() || !record.value(network_key, Json::object()).is_object()) {
+            throw std::invalid_argument("設定の形ではありません");
+        }
+        return record;
+    } catch (const std::exception& error) {
+        throw Store_Error(file, Store_Error::Reason::Bad_Content, error.what());
+    }
 }
 
 } // namespace
 
 Install_Info Read_Install_Info(const std::filesystem::path& app_path) {
     const std::filesystem::path file = Find_File(app_path, install_info_file);
-    const std::string text = Read_Text_File(file);
+    const Json record = Read_Record(file);
     try {
-        return From_Json(Json::parse(text));
+        return From_Json(record);
     } catch (const std::exception& error) {
         throw Store_Error(file, Store_Error::Reason::Bad_Content, error.what());
     }
 }
 
 void Write_Install_Info(const std::filesystem::path& app_path, const Install_Info& info) {
-    Json record;
+    const std::filesystem::path file = Find_File(app_path, install_info_file);
+    Json record = std::filesystem::exists(file) ? Read_Record(file) : Json::object();
     record["管理者識別"] = info.kanri_flg;
     record["UserID"] = info.user_id;
     record["地域CD"] = info.tiiki_cd;
@@ -92,9 +156,17 @@ void Write_Install_Info(const std::filesystem::path& app_path, const Install_Inf
     record["事業所名"] = info.office_name;
     record["接続確認先"] = info.net_check_host;
     for (const auto& [key, value] : info.optional_columns) {
-        record[key] = value;
+        // A number that was read stays one.
+        if (const auto found = record.find(key); found == record.end() || Plain_Text(*found) != value) {
+            record[key] = value;
+        }
     }
-    Write_Text_File(app_path / install_info_file, record.dump(1) + "\n");
+    Json network = record.value(network_key, Json::object());
+    Network_To_Json(info.network, network);
+    if (!network.empty()) {
+        record[network_key] = std::move(network);
+    }
+    Write_Text_File(file, record.dump(1) + "\n", File_Readers::Owner);
 }
 
 } // namespace morvane

@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
+#include "session/network_settings.h"
+
 #include <cstdint>
 #include <filesystem>
 #include <map>
@@ -20,6 +22,7 @@ struct Install_Info {
     std::int32_t kanri_no = 0;    ///< 管理No
     std::string office_name;      ///< 事業所名
     std::string net_check_host;   ///< 接続確認先: host[:port] that the connection test reaches
+    Network_Settings network;     ///< 通信設定: an object with the keys of Network_Fields
     /// Further columns of the company record by their store names (text or number as text); absent means
     /// Null.
     std::map<std::string, std::string> optional_columns;
@@ -32,7 +35,8 @@ inline constexpr const char* install_info_file = "install_info.json";
 /// such.
 Install_Info Read_Install_Info(const std::filesystem::path& app_path);
 
-/// Writes the settings, whole or not at all. Raises Store_Error.
+/// Writes the settings, whole or not at all; what the file holds beyond them stays. Only the owner can read
+/// the file, for it holds passwords. Raises Store_Error.
 void Write_Install_Info(const std::filesystem::path& app_path, const Install_Info& info);
 
 } // namespace morvane

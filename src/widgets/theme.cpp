@@ -104,9 +104,10 @@ QLabel[look="title"] { font-size: 14pt; font-weight: bold; }
 QLabel[look="heading"] { font-size: 12pt; font-weight: bold; }
 QLabel[look="muted"] { color: %muted; }
 QLabel[look="group"] { background: %soft; color: %accent; font-weight: bold; padding: 0 6px; }
-QLabel[look="panel_heading"] { color: %accent; font-weight: bold; padding-top: 4px; }
-QLabel[look="panel_figure"] { border-bottom: 1px solid %grid; }
-QLabel[look="panel_sum"] { font-weight: bold; border-top: 1px solid %muted; background: %shown; }
+QLabel[look="panel_heading"] { color: %accent; font-weight: bold; padding: 6px 8px 0 8px; }
+QLabel[look="panel_figure"] { border: 0; border-bottom: 1px solid %grid; padding: 0 8px; }
+QLabel[look="panel_sum"] { font-weight: bold; border: 0; border-top: 1px solid %muted; padding: 0 8px;
+              background: %shown; }
 QLabel[look="check"] { font-weight: bold; padding: 3px; }
 QFrame[look="header"] { background: %surface; border: 0; border-bottom: 2px solid %accent; }
 QFrame[look="command"] { background: #E9EDF2; border: 0; border-right: 1px solid %line; }

@@ -13,10 +13,10 @@ namespace morvane {
 Total_Panel::Total_Panel(const QString& heading, std::span<const Total_Field> fields, int characters,
                          QWidget* parent)
     : Section_Box(heading, parent), grid(new QGridLayout) {
-    grid->setHorizontalSpacing(12);
-    grid->setVerticalSpacing(2);
+    grid->setHorizontalSpacing(0);
+    grid->setVerticalSpacing(0);
     grid->setColumnStretch(0, 1);
-    body->setContentsMargins(10, 6, 10, 8);
+    body->setContentsMargins(6, 4, 6, 8);
     body->addLayout(grid);
     body->addStretch(1);
     for (const Total_Field& field : fields) {
@@ -31,7 +31,9 @@ void Total_Panel::Add_Line(const Total_Field& field, int characters) {
     auto* figure = new QLabel;
     figure->setObjectName(QString::fromUtf8(field.name));
     figure->setAccessibleName(caption);
-    figure->setMinimumHeight(20);
+    figure->setMinimumHeight(22);
+    // The style sheet gives the distances, also to those with a frame.
+    figure->setIndent(0);
     Shown shown;
     shown.figure = figure;
     if (field.line == Line::Check || field.line == Line::Heading) {
@@ -42,11 +44,12 @@ void Total_Panel::Add_Line(const Total_Field& field, int characters) {
         grid->addWidget(figure, row, 0, 1, 2);
     } else {
         shown.caption = new QLabel(caption);
+        shown.caption->setIndent(0);
         const char* look = field.line == Line::Sum ? "panel_sum" : "panel_figure";
         theme::Set_Look(shown.caption, look);
         theme::Set_Look(figure, look);
         figure->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        figure->setMinimumWidth(fontMetrics().horizontalAdvance(QLatin1Char('0')) * characters);
+        figure->setMinimumWidth(fontMetrics().horizontalAdvance(QLatin1Char('0')) * characters + 16);
         figure->setTextInteractionFlags(Qt::TextSelectableByMouse);
         grid->addWidget(shown.caption, row, 0);
         grid->addWidget(figure, row, 1);

@@ -1,0 +1,254 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "app/frm_settei.h"
+
+#include "data/store_error.h"
+#include "session/kyotu_mod.h"
+#include "session/network_settings.h"
+#include "widgets/section_box.h"
+#include "widgets/theme.h"
+
+#include <QCoreApplication>
+#include <QGridLayout>
+#include <QPointer>
+#include <QPushButton>
+#include <QThreadPool>
+#include <QVBoxLayout>
+#include <algorithm>
+
+namespace morvane {
+
+namespace {
+
+constexpr const char* security_hint = "０：なし　１：STARTTLS　２：TLS";
+
+constexpr Field smtp_fields[] = {
+    {.name = "Smtp_Host", .caption = "送信サーバー", .max_length = 253, .width = 34},
+    {.name = "Smtp_Port", .caption = "送信ポート", .kind = Entry_Kind::Digits, .max_length = 5, .width = 6},
+    {.name = "Smtp_Security",
+     .caption = "送信の保護",
+     .kind = Entry_Kind::Choice,
+     .max_length = 1,
+     .width = 2,
+     .hint = security_hint,
+     .choices = "012"},
+    {.name = "Smtp_User", .caption = "送信ユーザー", .width = 34},
+    {.name = "Smtp_Password", .caption = "送信パスワード", .width = 34, .password = true},
+    {.name = "Sender_Address", .caption = "差出人アドレス", .max_length = 320, .width = 34},
+    {.name = "Sender_Name", .caption = "差出人名", .max_length = 100, .width = 34},
+    {.name = "Support_Mailbox", .caption = "送信先（サポート）", .max_length = 320, .width = 34},
+};
+
+constexpr Field imap_fields[] = {
+    {.name = "Imap_Host", .caption = "受信サーバー", .max_length = 253, .width = 34},
+    {.name = "Imap_Port", .caption = "受信ポート", .kind = Entry_Kind::Digits, .max_length = 5, .width = 6},
+    {.name = "Imap_Security",
+     .caption = "受信の保護",
+     .kind = Entry_Kind::Choice,
+     .max_length = 1,
+     .width = 2,
+     .hint = security_hint,
+     .choices = "012"},
+    {.name = "Imap_User", .caption = "受信ユーザー", .width = 34},
+    {.name = "Imap_Password", .caption = "受信パスワード", .width = 34, .password = true},
+};
+
+constexpr Field host_fields[] = {
+    {.name = "Net_Check_Host",
+     .caption = "接続確認先",
+     .max_length = 260,
+     .width = 34,
+     .hint = "ホスト名 または ホスト名:ポート番号"},
+    {.name = "Help_Host", .caption = "解説ページのホスト", .max_length = 500, .width = 60},
+    {.name = "User_Page", .caption = "利用者ページ", .max_length = 500, .width = 60},
+};
+
+constexpr Field rating_fields[] = {
+    {.name = "Rating_Page", .caption = "格付情報ページ", .max_length = 500, .width = 60},
+    {.name = "Rating_Source", .caption = "格付データの取得元", .max_length = 500, .width = 60},
+};
+
+struct Group {
+    const char* heading;
+    std::span<const Field> fields;
+    int row;
+    int column;
+    int columns;
+};
+
+const Group group_rows[] = {
+    {"メール送信", smtp_fields, 0, 0, 1},
+    {"メール受信", imap_fields, 0, 1, 1},
+    {"接続先", host_fields, 1, 0, 2},
+    {"格付情報の取得", rating_fields, 2, 0, 2},
+};
+
+/// A host to be tested: the entries that hold it and its port.
+struct Probe {
+    const char* caption;
+    const char* host;
+    const char* port;
+};
+
+constexpr Probe probes[] = {
+    {"接続確認先", net_check_control, nullptr},
+    {"送信サーバー", "Smtp_Host", "Smtp_Port"},
+    {"受信サーバー", "Imap_Host", "Imap_Port"},
+};
+
+} // namespace
+
+Frm_Settei::Frm_Settei(Shell_Port& shell_port)
+    : Form(shell_port, QStringLiteral("Frm_Settei"), QStringLiteral("通信設定")) {
+    auto* grid = new QGridLayout;
+    grid->setSpacing(theme::panel_gap);
+    int caption_width = 0;
+    for (const Group& group : group_rows) {
+        auto* box = new Section_Box(QString::fromUtf8(group.heading));
+        auto* fields = new Field_Form(group.fields);
+        box->body->addWidget(fields);
+        box->body->addStretch(1);
+        grid->addWidget(box, group.row, group.column, 1, group.columns);
+        caption_width = std::max(caption_width, fields->Caption_Width());
+        groups.push_back(fields);
+    }
+    for (Field_Form* group : groups) {
+        group->Set_Caption_Width(caption_width);
+    }
+    body->addLayout(grid);
+    body->addStretch(1);
+    test_button = Add_Button(QStringLiteral("Cmd_Test"), QStringLiteral("接続テスト"), nullptr, true);
+    Wire(test_button, &QPushButton::clicked, [this] { Test_Connections(); });
+    Wire(Add_Button(QStringLiteral("Cmd_Excute"), QStringLiteral("保存終了"), "primary"),
+         &QPushButton::clicked, [this] { Save(); });
+    Wire(Add_Button(QStringLiteral("Cmd_Cancel"), QStringLiteral("キャンセル")), &QPushButton::clicked,
+         [this] { reject(); });
+    Add_Help_Button();
+    shell.Guard([this] { Load(); });
+    groups.front()->Focus("Smtp_Host");
+}
+
+void Frm_Settei::Load() {
+    const Install_Info info = Read_Install_Info(shell.session.App_Path);
+    auto texts = Network_Texts(info.network);
+    texts[net_check_control] = info.net_check_host;
+    for (Field_Form* group : groups) {
+        group->Set_Texts(texts);
+    }
+}
+
+std::map<std::string, std::string> Frm_Settei::Texts() const {
+    std::map<std::string, std::string> texts;
+    for (const Field_Form* group : groups) {
+        texts.merge(group->Texts());
+    }
+    return texts;
+}
+
+bool Frm_Settei::Is_Edited() const {
+    return std::any_of(groups.begin(), groups.end(),
+                       [](const Field_Form* group) { return group->Is_Edited(); });
+}
+
+bool Frm_Settei::Entries_Hold() {
+    const auto fault = Test_Network_Settings(Texts());
+    if (!fault) {
+        return true;
+    }
+    Show_Message(shell.session, {.title = "通信設定エラー", .text = fault->text, .beep = true});
+    for (const Field_Form* group : groups) {
+        if (group->Has(fault->control)) {
+            group->Focus(fault->control);
+        }
+    }
+    return false;
+}
+
+void Frm_Settei::Save() {
+    if (!Entries_Hold()) {
+        return;
+    }
+    const auto texts = Texts();
+    try {
+        Install_Info info = Read_Install_Info(shell.session.App_Path);
+        info.network = Network_Of_Texts(texts);
+        info.net_check_host = texts.at(net_check_control);
+        Write_Install_Info(shell.session.App_Path, info);
+    } catch (const Store_Error& error) {
+        // What was typed stays on the screen for another attempt.
+        Show_Message(shell.session, {.title = "保存エラー",
+                                     .text = std::string("通信設定を保存できませんでした。\n") + error.what(),
+                                     .icon = Icon::Warning,
+                                     .beep = true});
+        return;
+    }
+    Close_Form();
+}
+
+bool Frm_Settei::May_Close() {
+    return !Is_Edited() ||
+           Show_Message(shell.session, {.title = "編集破棄確認",
+                                        .text = "編集中の通信設定を保存せずに終了します。\nよろしいですか？",
+                                        .icon = Icon::Warning,
+                                        .buttons = Buttons::Yes_No,
+                                        .default_answer = Answer::No,
+                                        .beep = true}) == Answer::Yes;
+}
+
+// A host that does not answer takes seconds, so it is asked beside the window.
+void Frm_Settei::Test_Connections() {
+    if (!Entries_Hold()) {
+        return;
+    }
+    const auto texts = Texts();
+    std::vector<std::pair<std::string, std::string>> hosts;
+    for (const Probe& probe : probes) {
+        const std::string& host = texts.at(probe.host);
+        if (!host.empty()) {
+            hosts.emplace_back(probe.caption,
+                               probe.port == nullptr ? host : host + ":" + texts.at(probe.port));
+        }
+    }
+    if (hosts.empty()) {
+        Show_Message(shell.session,
+                     {.title = "接続テスト", .text = "接続確認先を入力してください。", .beep = true});
+        groups[2]->Focus(net_check_control);
+        return;
+    }
+    test_button->setEnabled(false);
+    test_button->setText(QStringLiteral("接続テスト中…"));
+    QThreadPool::globalInstance()->start([hosts, form = QPointer<Frm_Settei>(this)] {
+        std::vector<std::string> lines;
+        bool all_reached = true;
+        for (const auto& [caption, host] : hosts) {
+            const bool reached = Net_Check(host) == "1";
+            all_reached = all_reached && reached;
+            lines.push_back(caption + "（" + host + "）：" +
+                            (reached ? "接続できました。" : "接続できません。"));
+        }
+        QMetaObject::invokeMethod(QCoreApplication::instance(), [form, lines, all_reached] {
+            if (form) {
+                form->Show_Connections(lines, all_reached);
+            }
+        });
+    });
+}
+
+void Frm_Settei::Show_Connections(const std::vector<std::string>& lines, bool all_reached) {
+    test_button->setEnabled(true);
+    test_button->setText(QStringLiteral("接続テスト"));
+    std::string text;
+    for (const std::string& line : lines) {
+        text += (text.empty() ? "" : "\n") + line;
+    }
+    if (!all_reached) {
+        text += "\nご使用のPCがインターネットに接続可能か確認してください。";
+    }
+    shell.Guard([&] {
+        Show_Message(shell.session, {.title = "接続テスト",
+                                     .text = text,
+                                     .icon = all_reached ? Icon::Information : Icon::Warning,
+                                     .beep = !all_reached});
+    });
+}
+
+} // namespace morvane

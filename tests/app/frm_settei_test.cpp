@@ -1,0 +1,93 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "app/frm_settei.h"
+
+#include "support/failing_writes.h"
+#include "support/ui_fixture.h"
+
+#include <QPushButton>
+#include <QThreadPool>
+#include <arpa/inet.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+namespace morvane::tests {
+namespace {
+
+class Frm_Settei_Test : public Ui_Installation {
+  protected:
+    Frm_Settei_Test() {
+        form.show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&form));
+    }
+
+    Frm_Settei form{shell};
+};
+
+TEST_F(Frm_Settei_Test, What_is_entered_is_saved) {
+    Type_Into(form, "Smtp_Host", "smtp.example.jp");
+    Type_Into(form, "Smtp_Port", "70000");
+    Type_Into(form, "Smtp_Security", "2");
+    Type_Into(form, "Smtp_Password", "ひみつ");
+    Type_Into(form, "Sender_Address", "a@example.jp");
+    Type_Into(form, "Net_Check_Host", "www.example.jp:80");
+    Click(form, "Cmd_Excute");
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(messages.shown[0].title, "通信設定エラー");
+    EXPECT_EQ(form.focusWidget()->objectName().toStdString(), "Smtp_Port");
+    Type_Into(form, "Smtp_Port", "465");
+    {
+        const Failing_Writes full_disk(1);
+        Click(form, "Cmd_Excute");
+    }
+    EXPECT_EQ(messages.shown.back().title, "保存エラー");
+    EXPECT_TRUE(form.isVisible()) << "nothing typed is lost";
+    Click(form, "Cmd_Excute");
+    EXPECT_FALSE(form.isVisible());
+    const Install_Info info = Read_Install_Info(folder.path);
+    EXPECT_EQ(info.network.smtp.host, "smtp.example.jp");
+    EXPECT_EQ(info.network.smtp.port, 465);
+    EXPECT_EQ(info.network.smtp.security, Mail_Security::Tls);
+    EXPECT_EQ(info.network.smtp.password, "ひみつ");
+    EXPECT_EQ(info.net_check_host, "www.example.jp:80");
+    EXPECT_EQ(info.tiiki_cd, session.Tiiki_CD);
+}
+
+TEST_F(Frm_Settei_Test, Edits_are_not_dropped_unasked) {
+    Type_Into(form, "User_Page", "https://example.jp");
+    Click(form, "Cmd_Cancel");
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(messages.shown[0].title, "編集破棄確認");
+    EXPECT_TRUE(form.isVisible()) << "No by default";
+    Type_Into(form, "User_Page", "");
+    Click(form, "Cmd_Cancel");
+    EXPECT_EQ(messages.shown.size(), 1U) << "back to what it was";
+    EXPECT_FALSE(form.isVisible());
+}
+
+TEST_F(Frm_Settei_Test, The_connection_test_tells_of_each_host) {
+    Click(form, "Cmd_Test");
+    ASSERT_EQ(messages.shown.size(), 1U) << "no host";
+    const int listener = socket(AF_INET, SOCK_STREAM, 0);
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t size = sizeof address;
+    ASSERT_EQ(bind(listener, reinterpret_cast<sockaddr*>(&address), size), 0);
+    ASSERT_EQ(listen(listener, 1), 0);
+    ASSERT_EQ(getsockname(listener, reinterpret_cast<sockaddr*>(&address), &size), 0);
+    const std::string port = std::to_string(ntohs(address.sin_port));
+    const auto test = [&] {
+        Click(form, "Cmd_Test");
+        EXPECT_FALSE(Child<QPushButton>(form, "Cmd_Test")->isEnabled());
+        QThreadPool::globalInstance()->waitForDone();
+        QCoreApplication::processEvents();
+        return messages.shown.back().text;
+    };
+    Type_Into(form, "Net_Check_Host", ("127.0.0.1:" + port).c_str());
+    EXPECT_EQ(test(), "接続確認先（127.0.0.1:" + port + "）：接続できました。");
+    close(listener);
+    EXPECT_NE(test().find("：接続できません。"), std::string::npos);
+}
+
+} // namespace
+} // namespace morvane::tests

@@ -1,0 +1,98 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "session/network_settings.h"
+
+#include "data/store_file.h"
+#include "support/installation_fixture.h"
+
+#include <nlohmann/json.hpp>
+
+namespace morvane::tests {
+namespace {
+
+namespace fs = std::filesystem;
+
+class Network_Settings_Test : public Installation {
+  protected:
+    [[nodiscard]] nlohmann::json File() const {
+        return nlohmann::json::parse(Read_Text_File(folder.path / install_info_file));
+    }
+};
+
+TEST_F(Network_Settings_Test, Settings_Come_Back_And_Other_Keys_Stay) {
+    Write_Text_File(folder.path / install_info_file,
+                    R"({"管理者識別": 11, "許可番号1": 7, "予備": {"a": [1]}, "通信設定": {"将来": true}})");
+    Install_Info info = Read_Install_Info(folder.path);
+    EXPECT_EQ(info.network.smtp.port, 587);
+    EXPECT_EQ(info.network.imap.security, Mail_Security::Tls);
+    // Every entry by its own text, so that two that share a place would show.
+    auto texts = Network_Texts(info.network);
+    int number = 1000;
+    for (const Network_Field& field : Network_Fields()) {
+        texts[field.control] = field.security != nullptr ? "0" : std::to_string(++number);
+    }
+    info.network = Network_Of_Texts(texts);
+    Write_Install_Info(folder.path, info);
+    EXPECT_EQ(Network_Texts(Read_Install_Info(folder.path).network), texts);
+    EXPECT_EQ(File()["許可番号1"], 7);
+    EXPECT_EQ(File()["予備"]["a"][0], 1);
+    EXPECT_EQ(File()["通信設定"]["将来"], true);
+    EXPECT_EQ(File()["通信設定"]["送信の保護"], "なし");
+    EXPECT_EQ(fs::status(folder.path / install_info_file).permissions(),
+              fs::perms::owner_read | fs::perms::owner_write)
+        << "it holds passwords";
+    for (const char* damaged : {R"({"通信設定": {"送信の保護": "SSL"}})",
+                                R"({"通信設定": {"送信ポート": 65536}})", R"({"通信設定": [1]})"}) {
+        Write_Text_File(folder.path / install_info_file, damaged);
+        EXPECT_THROW(static_cast<void>(Read_Install_Info(folder.path)), Store_Error) << damaged;
+    }
+}
+
+TEST(Network_Fault_Test, Entries_That_Cannot_Be_Used_Are_Named) {
+    const std::map<std::string, std::string> whole = {{"Smtp_Host", "smtp.example.co.jp"},
+                                                      {"Smtp_Port", "65535"},
+                                                      {"Smtp_Security", "1"},
+                                                      {"Sender_Address", "a.b@x-y.jp"},
+                                                      {"Imap_Host", "10.0.0.1"},
+                                                      {"Imap_Port", "1"},
+                                                      {"Imap_Security", "2"},
+                                                      {"Imap_User", "見本"}};
+    EXPECT_FALSE(Test_Network_Settings(whole).has_value());
+    EXPECT_FALSE(Test_Network_Settings({}).has_value()) << "nothing set up";
+    const struct {
+        const char* control;
+        std::vector<const char*> refused;
+        std::vector<const char*> taken;
+    } cases[] = {
+        {"Smtp_Host",
+         {"a b", "-a.jp", "a..jp", "a.jp.", "例.jp", "a.jp:25", "a_b.jp"},
+         {"localhost", "3com.jp"}},
+        {"Imap_Port", {"", "0", "65536", "-1", "25x", " 25"}, {"143"}},
+        {"Imap_Security", {"", "3"}, {"0"}},
+        {"Sender_Address",
+         {"", "a", "a@", "@a.jp", "a@b", "a b@c.jp", "a@b.jp\r\nBcc: x@y.jp", "名@a.jp"},
+         {"a+b@c.jp"}},
+        {"Imap_User", {""}, {"a@b.jp"}},
+        {"Net_Check_Host", {"a.jp:0", "https://a.jp", ":80"}, {"a.jp", "a.jp:80"}},
+        {"Help_Host", {"ftp://a.jp", "a.jp/x"}, {"a.jp", "http://a.jp:8080/x"}},
+        {"User_Page",
+         {"a.jp", "https://", "https://a.jp/x y", "file:///etc", "https://a.jp\"x"},
+         {"https://a.jp", "http://a.jp/頁?x=1#y"}},
+    };
+    for (const auto& c : cases) {
+        auto texts = whole;
+        for (const char* text : c.refused) {
+            texts[c.control] = text;
+            const auto fault = Test_Network_Settings(texts);
+            ASSERT_TRUE(fault.has_value()) << c.control << " " << text;
+            EXPECT_EQ(fault->control, c.control) << fault->text;
+        }
+        for (const char* text : c.taken) {
+            texts[c.control] = text;
+            const auto fault = Test_Network_Settings(texts);
+            EXPECT_FALSE(fault.has_value()) << fault->text;
+        }
+    }
+}
+
+} // namespace
+} // namespace morvane::tests
