@@ -2,7 +2,11 @@
 #include "app/form_table.h"
 
 #include "app/frm_dtselect.h"
+#include "app/frm_hpopen.h"
+#include "app/frm_settei.h"
 #include "app/frm_ver.h"
+#include "company/frm_jgnew.h"
+#include "company/frm_jgsitei.h"
 #include "company/frm_kssitei.h"
 #include "screens/frm_kanko.h"
 #include "screens/frm_keiei.h"
@@ -29,15 +33,17 @@ Form* Make_Kanko2(Shell_Port& shell) {
 
 constexpr auto form_rows = std::to_array<Form_Row>({
     // The shell.
+    {"Frm_Main", nullptr, false, "Frm_Command"},
+    {"Frm_Command"},
     {"Frm_DtSelect", Make<Frm_DtSelect>, true},
     {"Frm_Ver", Make<Frm_Ver>, true},
-    {"Frm_HpOpen", nullptr, true},
-    {"Frm_Settei", nullptr, true},
+    {"Frm_HpOpen", Make<Frm_HpOpen>, true},
+    {"Frm_Settei", Make<Frm_Settei>, true},
     {"Frm_QandA", Make<Frm_QandA>, true},
     // Companies and periods.
-    {"Frm_JGSitei", nullptr, true},
-    {"Frm_JgNew", nullptr, true},
-    {"Frm_Jgmas", nullptr, true},
+    {"Frm_JGSitei", Make<Frm_JGSitei>, true},
+    {"Frm_JgNew", Make_Frm_JgNew, true},
+    {"Frm_Jgmas", Make_Frm_Jgmas, true},
     {"Frm_KsSitei", Make<Frm_KsSitei>},
     // Statements.
     {"Frm_KsZaihyo"},

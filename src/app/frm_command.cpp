@@ -318,6 +318,7 @@ void Frm_Command::Open_Form(const QString& form) {
     }
     screen->setParent(shell.Window(),
                       Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
+    shell.Place(screen.get());
     screen->exec();
     screen.reset();
     Screens_Closed();

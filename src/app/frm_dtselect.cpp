@@ -25,8 +25,7 @@ Frm_DtSelect::Frm_DtSelect(Shell_Port& shell_port)
         auto* column = new QVBoxLayout;
         auto* button = new QPushButton(QString::fromUtf8(caption));
         button->setObjectName(QString::fromLatin1(name));
-        button->setMinimumSize(200, 56);
-        button->setFont(theme::Gothic(theme::title_points, true));
+        theme::Set_Look(button, "choice");
         button->setAutoDefault(false);
         auto* label = new QLabel(QString::fromUtf8(hint));
         theme::Set_Look(label, "muted");

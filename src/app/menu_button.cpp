@@ -15,7 +15,7 @@ Menu_Button::Menu_Button(const Menu_Entry& menu_entry, const QString& caption) :
     setObjectName(QString::fromUtf8(entry.name));
     theme::Set_Look(this, "menu");
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    setFixedHeight(36);
+    setFixedHeight(38);
     setAutoDefault(false);
     Set_Caption(caption);
 }
@@ -44,6 +44,9 @@ void Menu_Button::paintEvent(QPaintEvent* /*event*/) {
     if (QFontMetrics(own).horizontalAdvance(caption.simplified()) > room.width()) {
         static const QRegularExpression blanks(QStringLiteral("[ \u3000]+"));
         lines.replace(blanks, QStringLiteral("\n"));
+        if (!lines.contains(QLatin1Char('\n'))) {
+            lines.replace(QStringLiteral("（"), QStringLiteral("\n（"));
+        }
     } else {
         lines = caption.simplified();
     }

@@ -73,6 +73,8 @@ Shell::Start Shell::Load_Frame() {
                                                               [this] { return May_Close(); },
                                                               [this](QWidget* widget) { Help_For(widget); }});
     qApp->installEventFilter(this);
+    placement = std::make_unique<Window_Placement>(own_session.App_Path);
+    placement->Follow(frame.get(), QSize(1320, 720));
     frame->show();
     const Start_Result result =
         Load_Session(own_session, *lock, [this] { Open_Form(QStringLiteral("Frm_Jgmas")); });
@@ -118,6 +120,10 @@ void Shell::Toggle_Menu() {
 
 bool Shell::Is_Menu_Shown() const {
     return !frame->command->isHidden();
+}
+
+void Shell::Place(QWidget* window) {
+    placement->Follow(window, window->sizeHint());
 }
 
 QWidget* Shell::Window() {
@@ -191,7 +197,7 @@ void Shell::Help_For(QWidget* widget) {
     if (form == nullptr && frame != nullptr) {
         form = frame->area->Top();
     }
-    Show_Help(form != nullptr ? form->objectName() : QStringLiteral("index"));
+    Show_Help(form != nullptr ? form->objectName() : QStringLiteral("Frm_Command"));
 }
 
 bool Shell::eventFilter(QObject* watched, QEvent* event) {

@@ -5,6 +5,7 @@
 #include "app/help_window.h"
 #include "session/instance_lock.h"
 #include "widgets/shell_port.h"
+#include "widgets/window_placement.h"
 
 #include <QObject>
 #include <QPointer>
@@ -42,6 +43,7 @@ class Shell : public QObject, public Shell_Port {
     void Toggle_Menu() override;
     [[nodiscard]] bool Is_Menu_Shown() const override;
     void Show_Help(const QString& form) override;
+    void Place(QWidget* window) override;
     bool Guard(const std::function<void()>& work) override;
     QWidget* Window() override;
 
@@ -64,6 +66,7 @@ class Shell : public QObject, public Shell_Port {
     Session own_session;
     Messages& messages;
     std::optional<Instance_Lock> lock;
+    std::unique_ptr<Window_Placement> placement;
     std::unique_ptr<Frm_Main> frame;
     QPointer<Help_Window> help;
 };

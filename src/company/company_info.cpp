@@ -27,15 +27,15 @@ constexpr std::array<Company_Field, 21> fields = {{
     {"Bilmei", "ビル名", "ビル名", "", Address, Text, false, 60},
     {"Tel", "電話番号", "電話番号", "", Address, Text, false, 20},
     {"Fax", "Fax番号", "FAX番号", "", Address, Text, false, 20},
-    {"EMail", "EMail", "E-Mail", "", Address, Text, false, 100},
     {"Tanto", "担当者名", "担当者名", "", Address, Text, false, 30},
-    {"Ks_ki", "処理決算期", "決算期", "", Period, Digits, true, 5},
+    {"EMail", "EMail", "E-Mail", "", Address, Text, false, 100},
+    {"Ks_ki", "処理決算期", "決算期", "期", Period, Digits, true, 5},
     {"Ksnen_St", "決算期開始年", "決算期間始　年", "年", Period, Digits, true, 2},
     {"KsTuki_St", "決算期開始月", "決算期間始　月", "月", Period, Digits, true, 2},
     {"KsHi_St", "決算期開始日", "決算期間始　日", "日", Period, Digits, true, 2},
     {"Ksnen_Ed", "決算期終了年", "決算期間終　年", "年", Period, Digits, true, 2},
     {"KsTuki_Ed", "決算期終了月", "決算期間終　月", "月", Period, Digits, true, 2},
-    {"KsHi_Ed", "決算期終了日", "決算期間終　日", "日", Period, Digits, true, 2},
+    {"KsHi_Ed", "決算期終了日", "決算期間終　日", "日（和暦）", Period, Digits, true, 2},
     {"HoKo", "法人個人識別", "法人・個人", "・・・法人：1　個人：2", Kind, Choice, true, 1},
 }};
 

@@ -15,7 +15,7 @@ void New_Installation(const std::filesystem::path& templates, const std::filesys
     std::error_code error;
     std::filesystem::create_directories(folder / "data", error);
     if (error) {
-        throw Store_Error(folder, Reason_Of_Errno(error.value()), error.message());
+        throw Store_Error(folder, Reason_Of_Errno(error.value()), "フォルダの作成");
     }
     const Store_Key key = Store_Key::Derive(Session::default_password);
     for (const char* name : Template_Names()) {

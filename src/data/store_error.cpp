@@ -2,7 +2,6 @@
 #include "data/store_error.h"
 
 #include <cerrno>
-#include <system_error>
 #include <utility>
 
 namespace morvane {
@@ -73,8 +72,10 @@ Store_Error::Reason Reason_Of_Errno(int error_number) {
 
 void Throw_Errno(const std::filesystem::path& file, const std::string& doing) {
     const int error_number = errno;
-    throw Store_Error(file, Reason_Of_Errno(error_number),
-                      doing + "、" + std::generic_category().message(error_number));
+    const Store_Error::Reason reason = Reason_Of_Errno(error_number);
+    const bool is_told = reason != Store_Error::Reason::Failed;
+    throw Store_Error(file, reason,
+                      is_told ? doing : doing + "、システムのエラー番号 " + std::to_string(error_number));
 }
 
 } // namespace morvane

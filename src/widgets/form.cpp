@@ -4,6 +4,7 @@
 #include "widgets/theme.h"
 
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -69,6 +70,15 @@ void Form::reject() {
     if (may_close) {
         QDialog::reject();
     }
+}
+
+void Form::keyPressEvent(QKeyEvent* event) {
+    auto* button = qobject_cast<QPushButton*>(focusWidget());
+    if (button != nullptr && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
+        button->animateClick();
+        return;
+    }
+    QDialog::keyPressEvent(event);
 }
 
 QPushButton* Form::Add_Button(const QString& name, const QString& caption, const char* look, bool left) {

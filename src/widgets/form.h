@@ -34,6 +34,9 @@ class Form : public QDialog {
     void reject() override;
 
   protected:
+    /// Enter presses the button that has the focus.
+    void keyPressEvent(QKeyEvent* event) override;
+
     /// Asked before the form closes by its cancel path; false keeps it open.
     virtual bool May_Close() { return true; }
 

@@ -193,6 +193,13 @@ void Record_List::keyPressEvent(QKeyEvent* event) {
         event->accept();
         return;
     }
+    // With nothing selected the first arrow key selects the first record instead of passing over it.
+    if (Selected_Row() < 0 && records->rowCount() > 0 &&
+        (event->key() == Qt::Key_Down || event->key() == Qt::Key_Up)) {
+        Select_Row(0);
+        event->accept();
+        return;
+    }
     QTableView::keyPressEvent(event);
 }
 

@@ -54,6 +54,9 @@ class Shell_Port {
     /// box and ends the process with a failure status. Every slot of a form runs inside.
     virtual bool Guard(const std::function<void()>& work) = 0;
 
+    /// Puts a dialog to where it last stood and keeps its place.
+    virtual void Place(QWidget* /*window*/) {}
+
     /// The window over which boxes and dialogs stand; may be null.
     virtual QWidget* Window() = 0;
 };

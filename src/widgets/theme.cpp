@@ -47,7 +47,7 @@ QMenuBar::item { padding: 4px 10px; border-radius: 3px; background: transparent;
 QMenuBar::item:selected { background: %soft; color: %accent; }
 QMenuBar::item:disabled { color: %disabled; }
 QPushButton { background: %surface; border: 1px solid %line; border-radius: 3px; padding: 3px 14px;
-              min-height: 22px; }
+              min-height: 22px; outline: none; }
 QPushButton:hover { border-color: %accent; }
 QPushButton:focus { border: 1px solid %accent; background: %soft; }
 QPushButton:pressed { background: %line; }
@@ -63,6 +63,7 @@ QPushButton[look="menu"]:focus { border: 2px solid %accent; padding: 3px 7px; }
 QPushButton[look="menu"][open="true"] { background: %open; border-color: %accent; }
 QPushButton[look="menu"]:disabled { color: %disabled; background: #ECEEF0; border-color: #D9DDE2; }
 QPushButton[look="check_button"] { padding: 1px 8px; min-height: 20px; }
+QPushButton[look="choice"] { min-width: 180px; min-height: 44px; font-size: 14pt; font-weight: bold; }
 QPushButton[look="kana"] { padding: 0; min-width: 26px; min-height: 24px; }
 QPushButton[look="kana"]:checked { background: %accent; color: white; border-color: %accent; }
 QLineEdit, QPlainTextEdit, QTextEdit, QSpinBox, QComboBox { background: %surface; border: 1px solid %line;

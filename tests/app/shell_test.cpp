@@ -38,7 +38,7 @@ class Shell_Test : public Installation {
         shell->end_process = [this](int status) { ended_with = status; };
         const Shell::Start start = shell->Sub_Main();
         if (start.running) {
-            EXPECT_TRUE(QTest::qWaitForWindowActive(shell->Frame()));
+            EXPECT_TRUE(QTest::qWaitForWindowExposed(shell->Frame()));
         }
         return start;
     }
@@ -169,7 +169,12 @@ TEST_F(Single_Shell_Test, Without_an_edition_the_start_asks_for_one_until_it_is_
     EXPECT_TRUE(Read_Install_Info(folder.path).tiiki_cd.empty());
     shell.reset();
     messages.answers = {Answer::Yes};
-    With_Dialog([&] { Start(); }, [&](QDialog& dialog) { Click(dialog, "Cmd_Kanto"); });
+    // The first run then asks for the period's dates in the company screen.
+    With_Dialogs([&] { Start(); }, {[&](QDialog& dialog) { Click(dialog, "Cmd_Kanto"); },
+                                    [&](QDialog& dialog) {
+                                        EXPECT_EQ(dialog.objectName(), "Frm_Jgmas");
+                                        Click(dialog, "Cmd_Cancel");
+                                    }});
     EXPECT_EQ(shell->session.Tiiki_CD, "13");
     EXPECT_EQ(Label("TiikiMei"), "全国 版");
 }
@@ -191,7 +196,7 @@ TEST_F(Shell_Test, F1_opens_the_page_of_what_has_the_focus) {
     auto* help = shell->Frame()->findChild<QTextBrowser*>("Help_Browser");
     ASSERT_NE(help, nullptr);
     EXPECT_TRUE(help->isVisible());
-    EXPECT_TRUE(help->source().fileName().isEmpty() || help->source().fileName() == "index.html");
+    EXPECT_EQ(help->source().fileName().toStdString(), "Frm_Command.html");
 }
 
 // The program itself, as it is delivered.

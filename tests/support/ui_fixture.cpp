@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QLineEdit>
+#include <QPointer>
 #include <QPushButton>
 #include <QTimer>
 
@@ -55,20 +56,30 @@ void Type_Into(QWidget& form, const char* cell, const char* keys) {
     }
 }
 
-void With_Dialog(const std::function<void()>& act, const std::function<void(QDialog&)>& during) {
-    bool opened = false;
-    // Behind every event that stands in the queue, as often as it takes for the dialog to come up.
-    std::function<void()> look = [&] {
+void With_Dialogs(const std::function<void()>& act, const std::vector<std::function<void(QDialog&)>>& during) {
+    std::size_t opened = 0;
+    QPointer<QWidget> last;
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, &look, [&] {
         auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-        if (dialog == nullptr) {
+        if (dialog == nullptr || dialog == last) {
             return;
         }
-        opened = true;
-        during(*dialog);
-    };
-    QTimer::singleShot(0, qApp, look);
+        last = dialog;
+        if (opened < during.size()) {
+            during[opened++](*dialog);
+        } else {
+            ADD_FAILURE() << "a dialog nobody waits for: " << dialog->objectName().toStdString();
+            dialog->done(QDialog::Rejected);
+        }
+    });
+    look.start(1);
     act();
-    EXPECT_TRUE(opened) << "no dialog opened";
+    EXPECT_EQ(opened, during.size()) << "dialogs that opened";
+}
+
+void With_Dialog(const std::function<void()>& act, const std::function<void(QDialog&)>& during) {
+    With_Dialogs(act, {during});
 }
 
 } // namespace morvane::tests

@@ -60,4 +60,8 @@ void Type_Into(QWidget& form, const char* cell, const char* keys);
 /// Runs `act`, which opens a modal dialog, and `during` while that dialog is open. Fails where none opens.
 void With_Dialog(const std::function<void()>& act, const std::function<void(QDialog&)>& during);
 
+/// The same for dialogs that open one after the other, or one over the other; a further one fails and is
+/// rejected.
+void With_Dialogs(const std::function<void()>& act, const std::vector<std::function<void(QDialog&)>>& during);
+
 } // namespace morvane::tests
