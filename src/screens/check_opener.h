@@ -1,15 +1,13 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
-#include "screens/check_sheet.h"
+#include "screens/check_screen.h"
 #include "widgets/form.h"
 
 #include <QPointer>
 #include <functional>
 
 namespace morvane {
-
-class Check_Screen;
 
 /// The opener's side of the check screens: an entry screen owns one and has at most one check screen open
 /// beside it, as a modeless window of its own that goes with it.

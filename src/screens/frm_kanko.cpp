@@ -217,10 +217,9 @@ void Frm_Kanko::Show_Results() {
 
 // ---- leaving
 
-void Frm_Kanko::Open_Check(int /*row*/, int /*column*/) {
-    if (Save_First()) {
-        shell.Open_Form(QStringLiteral("Frm_XZP_Calc_Check"));
-    }
+void Frm_Kanko::Open_Check(int row, int column) {
+    const char* mode = entry.screen.columns[static_cast<std::size_t>(column)].mode;
+    checks.Open(XZP_Request(mode, Line_Of_Row(row)), [this] { return Save_First(); });
 }
 
 bool Frm_Kanko::Finish_Entry() {
@@ -245,7 +244,7 @@ bool Frm_Kanko::Save_First() {
 }
 
 bool Frm_Kanko::May_Close() {
-    return Finish_Entry() && Save_First();
+    return checks.May_Close() && Finish_Entry() && Save_First();
 }
 
 } // namespace morvane

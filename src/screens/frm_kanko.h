@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
+#include "screens/check_opener.h"
 #include "screens/kanko_entry.h"
 #include "widgets/entry_grid.h"
 #include "widgets/form.h"
@@ -38,6 +39,7 @@ class Frm_Kanko : public Form {
     bool Save_First();
 
     Kanko_Entry entry;
+    Check_Opener checks{*this, shell};
     Entry_Grid* grid;
     Entry_Cell* Kanko_Avg = nullptr; ///< on the screen of completed work
     QLabel* basis;                   ///< the scores that P takes besides
