@@ -324,10 +324,20 @@ void Frm_Command::Open_Form(const QString& form) {
     Screens_Closed();
 }
 
+void Frm_Command::Replace_Form(Form* screen, const QString& sister) {
+    replacing = true;
+    screen->reject();
+    replacing = false;
+    if (!area.Forms().contains(screen)) {
+        Open_Form(sister);
+    }
+}
+
 void Frm_Command::Screens_Closed() {
-    if (!area.Forms().isEmpty()) {
+    if (replacing || !area.Forms().isEmpty()) {
         return;
     }
+    show();
     Highlight(nullptr);
     shell.session.Edit_Flg = false;
     setVisible(true);

@@ -52,6 +52,9 @@ class Frm_Command : public QWidget {
     /// Opens a form of the table; the menu keeps track of it.
     void Open_Form(const QString& form);
 
+    /// Closes a screen and opens its sister in its place: for the menu they are one screen.
+    void Replace_Form(Form* screen, const QString& sister);
+
     /// Puts the focus on the first button that can be pressed.
     void Focus_First();
 
@@ -90,6 +93,7 @@ class Frm_Command : public QWidget {
     const Menu_Panel* open_panel = nullptr;
     Menu_Button* panel_owner = nullptr;
     Menu_Button* Last_Button = nullptr;
+    bool replacing = false; ///< one screen has closed and its sister is to come
 };
 
 } // namespace morvane

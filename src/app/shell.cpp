@@ -110,12 +110,20 @@ void Shell::Open_Form(const QString& form) {
     frame->command->Open_Form(form);
 }
 
-void Shell::Place(QWidget* window) {
-    placement->Follow(window, window->sizeHint());
+void Shell::Replace_Form(Form* screen, const QString& sister) {
+    frame->command->Replace_Form(screen, sister);
 }
 
 void Shell::Toggle_Menu() {
-    frame->command->setVisible(!frame->command->isVisible());
+    frame->command->setHidden(Is_Menu_Shown());
+}
+
+bool Shell::Is_Menu_Shown() const {
+    return !frame->command->isHidden();
+}
+
+void Shell::Place(QWidget* window) {
+    placement->Follow(window, window->sizeHint());
 }
 
 QWidget* Shell::Window() {

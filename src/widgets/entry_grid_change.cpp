@@ -106,7 +106,8 @@ void Entry_Grid::Clear_Block() {
 // A pasted text as an entry of a column; false where its key filter or length would not take it whole.
 bool Entry_Grid::Read_Cell(int column, const QString& text, Value& value) const {
     const Grid_Column& kind = data->Column(column);
-    const QString bare = kind.kind == Entry_Kind::Amount ? Bare_Figure(text)
+    const bool is_figure = kind.kind == Entry_Kind::Amount || kind.kind == Entry_Kind::Digits;
+    const QString bare = is_figure                       ? Bare_Figure(text)
                          : kind.kind == Entry_Kind::Text ? text.simplified()
                                                          : text.trimmed();
     bool refused = false;
