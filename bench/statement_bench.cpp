@@ -26,7 +26,9 @@ class Bare_Shell : public Shell_Port {
     void Show_No_Company() override {}
     void Show_Registered() override {}
     void Open_Form(const QString& /*form*/) override {}
+    void Replace_Form(Form* /*screen*/, const QString& /*sister*/) override {}
     void Toggle_Menu() override {}
+    [[nodiscard]] bool Is_Menu_Shown() const override { return true; }
     void Show_Help(const QString& /*form*/) override {}
     bool Guard(const std::function<void()>& work) override {
         work();

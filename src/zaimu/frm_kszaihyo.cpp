@@ -191,12 +191,10 @@ void Frm_KsZaihyo::Fit_Panels() {
 
 void Frm_KsZaihyo::Add_Buttons() {
     Add_Help_Button();
-    QPushButton* Cmd_Mnu = Add_Button(QStringLiteral("Cmd_Mnu"), QStringLiteral("メニュー"), nullptr, true);
-    Cmd_Mnu->setToolTip(QStringLiteral("メニューを隠す／表示する"));
+    Add_Menu_Button();
     buttons->insertWidget(2, new Note_Button(shell));
     QPushButton* Y_Disp = Add_Button(QStringLiteral("Y_Disp"), QStringLiteral("Ｙ点試算"));
     Add_Closing_Buttons();
-    Wire(Cmd_Mnu, &QPushButton::clicked, [this] { shell.Toggle_Menu(); });
     Wire(Y_Disp, &QPushButton::clicked, [this] {
         bool opens = false;
         if (grid->Finish_Entry() &&
