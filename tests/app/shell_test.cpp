@@ -122,6 +122,19 @@ TEST_F(Shell_Test, A_screen_to_come_says_so_and_leaves_nothing_open) {
     EXPECT_FALSE(shell->session.Edit_Flg);
 }
 
+TEST_F(Shell_Test, The_menu_gives_way_to_a_screen_and_is_back_when_it_closes) {
+    ASSERT_TRUE(Start().running);
+    Take(12, "青葉建設");
+    Press("Cmd_KsZ1");
+    Press("Cmd_KsT(0)");
+    for (const bool visible : {false, true, false}) {
+        Press("Cmd_Mnu");
+        EXPECT_EQ(shell->Frame()->command->isVisible(), visible);
+    }
+    Press("Tojiru");
+    EXPECT_TRUE(shell->Frame()->command->isVisible());
+}
+
 TEST_F(Shell_Test, The_frame_goes_only_by_the_end_button_while_a_company_is_in_hand) {
     ASSERT_TRUE(Start().running);
     Take(12, "青葉建設");

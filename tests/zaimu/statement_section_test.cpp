@@ -170,7 +170,9 @@ TEST_P(Firm_Test, Depreciation_comes_off_the_asset_above_it) {
     if (session.Is_Corporation()) {
         costs.push_back(140);
     }
+    Put_Amounts({{130, 70}, {131, 20}});
     Statement_Section section = Open(130);
+    EXPECT_EQ(section.Rows()[2].amount, Value(50.0)) << "imported without its book value";
     for (const int cost : costs) {
         const std::size_t row = Row_Of(section, cost);
         EXPECT_FALSE(section.Rows()[row + 1].name_open) << cost;
