@@ -113,6 +113,7 @@ QWidget* Frm_Kanko::Make_Head() {
     theme::Set_Look(unit, "muted");
     head->addSpacing(16);
     head->addWidget(unit);
+    Show_Years();
     Show_Results();
     return line;
 }
@@ -174,9 +175,10 @@ void Frm_Kanko::Take_Avg() {
     try {
         entry.Take_Kanko_Avg(years.Is_Null() ? 2 : static_cast<std::int32_t>(years.As_Integer()));
     } catch (...) {
-        Kanko_Avg->Set_Value(std::to_string(entry.Kanko_Avg()));
+        Show_Years();
         throw;
     }
+    Show_Years();
     Show_Results();
 }
 
@@ -192,8 +194,20 @@ void Frm_Kanko::Show_Entries() {
     }
 }
 
-void Frm_Kanko::Show_Results() {
+void Frm_Kanko::Show_Years() {
     const std::string years = std::to_string(entry.Kanko_Avg());
+    for (int column = 0; column < grid->Column_Count(); ++column) {
+        const Kanko_Column& shown = entry.screen.columns[static_cast<std::size_t>(column)];
+        if (shown.name == std::string_view("Nheikin")) {
+            grid->Set_Heading(column, years + shown.heading);
+        }
+    }
+    if (Kanko_Avg != nullptr) {
+        Kanko_Avg->Set_Value(years);
+    }
+}
+
+void Frm_Kanko::Show_Results() {
     for (int column = 0; column < grid->Column_Count(); ++column) {
         const Kanko_Column& shown = entry.screen.columns[static_cast<std::size_t>(column)];
         for (int row = 0; row < kanko_rows; ++row) {
@@ -204,12 +218,6 @@ void Frm_Kanko::Show_Results() {
             }
         }
         grid->Set_Total(0, column, Shown_Value(entry.Shown_Total(column)));
-        if (shown.name == std::string_view("Nheikin")) {
-            grid->Set_Heading(column, years + shown.heading);
-        }
-    }
-    if (Kanko_Avg != nullptr) {
-        Kanko_Avg->Set_Value(years);
     }
     const Kanko::Scores& scores = entry.Scores();
     basis->setText(QStringLiteral("Ｙ %1　　Ｘ２ %2　　Ｗ %3").arg(scores.Y).arg(scores.X2).arg(scores.W));

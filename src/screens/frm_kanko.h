@@ -33,6 +33,7 @@ class Frm_Kanko : public Form {
     bool Take(const std::vector<Cell_At>& cells);
     void Take_Avg();
     void Show_Entries();
+    void Show_Years();
     void Show_Results();
     void Open_Check(int row, int column);
     bool Finish_Entry();

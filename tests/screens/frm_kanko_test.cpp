@@ -394,6 +394,8 @@ TEST_F(Kanko_Window, Checks_open_where_a_line_has_scores) {
             EXPECT_EQ(messages.shown[1].title, "クローズエラー");
             EXPECT_TRUE(form->isVisible());
             check->reject();
+            form->activateWindow();
+            ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
         }
         Close();
     }
