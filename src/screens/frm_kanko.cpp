@@ -3,7 +3,7 @@
 
 #include "calc/law_year.h"
 #include "calc/xzp_dataget.h"
-#include "screens/note_button.h"
+#include "widgets/note_button.h"
 #include "session/boxes.h"
 #include "session/kyotu_mod.h"
 #include "widgets/entry_cell.h"

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "screens/frm_keiei.h"
 
-#include "screens/note_button.h"
+#include "widgets/note_button.h"
 #include "screens/rate_bar.h"
 #include "session/kyotu_mod.h"
 #include "widgets/section_box.h"
