@@ -34,7 +34,8 @@ class Frm_Kanko : public Form {
     void Take_Avg();
     void Show_Entries();
     void Show_Years();
-    void Show_Results();
+    void Show_Kanko();
+    void Set_Cmd_Enable();
     void Open_Check(int row, int column);
     bool Finish_Entry();
     bool Save_First();
