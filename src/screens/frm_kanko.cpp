@@ -82,6 +82,9 @@ Frm_Kanko::Frm_Kanko(Shell_Port& shell_port, const char* form)
     body->addWidget(grid, 1);
     Make_Buttons();
     setFocusProxy(grid);
+    if (Kanko_Avg != nullptr) {
+        setTabOrder(Kanko_Avg, grid);
+    }
     if (entry.Fault()) {
         Tell(shell.session, "実行時エラー",
              entry.Fault()->what() + std::string("\n保存されている数値を確認し、修正してください。"));

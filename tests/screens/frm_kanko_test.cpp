@@ -262,6 +262,11 @@ TEST_F(Kanko_Window, Keys_move_as_in_a_form) {
     ASSERT_TRUE(grid->Focus_Cell("Kijun(0)"));
     auto* cell = qobject_cast<QLineEdit*>(QApplication::focusWidget());
     EXPECT_EQ(cell->selectedText(), "1000") << "the bare number";
+    ASSERT_TRUE(grid->Focus_Cell(0, 0));
+    Key(Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(Place(), "Kanko_Avg");
+    Key(Key_Tab);
+    EXPECT_EQ(Place(), "Zzki(0)");
 }
 
 TEST_F(Kanko_Window, Years_of_the_average) {
