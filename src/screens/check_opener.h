@@ -9,8 +9,6 @@
 
 namespace morvane {
 
-class Check_Screen;
-
 /// The opener's side of the check screens: an entry screen owns one and has at most one check screen open
 /// beside it, as a modeless window of its own that goes with it.
 ///
@@ -35,7 +33,7 @@ class Check_Opener {
   private:
     Form& owner;
     Shell_Port& shell;
-    QPointer<Check_Screen> open;
+    QPointer<Form> open;
 };
 
 } // namespace morvane
