@@ -12,6 +12,10 @@
 #include "screens/frm_keiei.h"
 #include "screens/frm_qanda.h"
 #include "screens/frm_syokuta.h"
+#include "screens/frm_ysisan.h"
+#include "zaimu/frm_kshendo.h"
+#include "zaimu/frm_kszaihyo.h"
+#include "zaimu/frm_kszenki.h"
 
 #include <array>
 
@@ -47,17 +51,17 @@ constexpr auto form_rows = std::to_array<Form_Row>({
     {"Frm_Jgmas", Make_Frm_Jgmas, true},
     {"Frm_KsSitei", Make<Frm_KsSitei>},
     // Statements.
-    {"Frm_KsZaihyo"},
-    {"Frm_KsZaihyoKJ", nullptr, false, "Frm_KsZaihyo"},
-    {"Frm_KsZenki"},
-    {"Frm_KsZenkiKJ", nullptr, false, "Frm_KsZenki"},
-    {"Frm_KsHendo"},
+    {"Frm_KsZaihyo", Make<Frm_KsZaihyo>},
+    {"Frm_KsZaihyoKJ", Make<Frm_KsZaihyo>, false, "Frm_KsZaihyo"},
+    {"Frm_KsZenki", Make<Frm_KsZenki>},
+    {"Frm_KsZenkiKJ", Make<Frm_KsZenki>, false, "Frm_KsZenki"},
+    {"Frm_KsHendo", Make<Frm_KsHendo>},
     {"Frm_KsZaiUP"},
     {"Frm_KsZaiUPKJ", nullptr, false, "Frm_KsZaiUP"},
     {"Frm_UPCheck", nullptr, true},
     {"Frm_UPCheckKJ", nullptr, true, "Frm_UPCheck"},
     {"Frm_PrKSZaiSti", nullptr, true},
-    {"Frm_YSisan", nullptr, true},
+    {"Frm_YSisan", Make<Frm_YSisan>, true},
     // The review.
     {"Frm_Keiei", Make<Frm_Keiei>},
     {"Frm_KeieiKz"},

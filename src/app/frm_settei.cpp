@@ -2,6 +2,7 @@
 #include "app/frm_settei.h"
 
 #include "data/store_error.h"
+#include "session/boxes.h"
 #include "session/kyotu_mod.h"
 #include "session/network_settings.h"
 #include "widgets/section_box.h"
@@ -22,34 +23,52 @@ namespace {
 constexpr const char* security_hint = "０：なし　１：STARTTLS　２：TLS";
 
 constexpr Field smtp_fields[] = {
-    {.name = "Smtp_Host", .caption = "送信サーバー", .max_length = 253, .width = 34},
-    {.name = "Smtp_Port", .caption = "送信ポート", .kind = Entry_Kind::Digits, .max_length = 5, .width = 6},
+    {.name = "Smtp_Host", .caption = "送信サーバー（SMTP）", .max_length = 253, .width = 34},
+    {.name = "Smtp_Port",
+     .caption = "ポート番号",
+     .kind = Entry_Kind::Digits,
+     .max_length = 5,
+     .width = 6,
+     .label = "送信ポート番号"},
     {.name = "Smtp_Security",
-     .caption = "送信の保護",
+     .caption = "暗号化",
      .kind = Entry_Kind::Choice,
-     .max_length = 1,
      .width = 2,
      .hint = security_hint,
-     .choices = "012"},
-    {.name = "Smtp_User", .caption = "送信ユーザー", .width = 34},
-    {.name = "Smtp_Password", .caption = "送信パスワード", .width = 34, .password = true},
-    {.name = "Sender_Address", .caption = "差出人アドレス", .max_length = 320, .width = 34},
+     .choices = "012",
+     .label = "送信の暗号化"},
+    {.name = "Smtp_User", .caption = "ユーザー名", .width = 34, .label = "送信ユーザー名"},
+    {.name = "Smtp_Password",
+     .caption = "パスワード",
+     .width = 34,
+     .label = "送信パスワード",
+     .password = true},
+    {.name = "Sender_Address", .caption = "差出人のメールアドレス", .max_length = 320, .width = 34},
     {.name = "Sender_Name", .caption = "差出人名", .max_length = 100, .width = 34},
-    {.name = "Support_Mailbox", .caption = "送信先（サポート）", .max_length = 320, .width = 34},
+    {.name = "Support_Mailbox", .caption = "送信先", .max_length = 320, .width = 34},
 };
 
 constexpr Field imap_fields[] = {
-    {.name = "Imap_Host", .caption = "受信サーバー", .max_length = 253, .width = 34},
-    {.name = "Imap_Port", .caption = "受信ポート", .kind = Entry_Kind::Digits, .max_length = 5, .width = 6},
+    {.name = "Imap_Host", .caption = "受信サーバー（IMAP）", .max_length = 253, .width = 34},
+    {.name = "Imap_Port",
+     .caption = "ポート番号",
+     .kind = Entry_Kind::Digits,
+     .max_length = 5,
+     .width = 6,
+     .label = "受信ポート番号"},
     {.name = "Imap_Security",
-     .caption = "受信の保護",
+     .caption = "暗号化",
      .kind = Entry_Kind::Choice,
-     .max_length = 1,
      .width = 2,
      .hint = security_hint,
-     .choices = "012"},
-    {.name = "Imap_User", .caption = "受信ユーザー", .width = 34},
-    {.name = "Imap_Password", .caption = "受信パスワード", .width = 34, .password = true},
+     .choices = "012",
+     .label = "受信の暗号化"},
+    {.name = "Imap_User", .caption = "ユーザー名", .width = 34, .label = "受信ユーザー名"},
+    {.name = "Imap_Password",
+     .caption = "パスワード",
+     .width = 34,
+     .label = "受信パスワード",
+     .password = true},
 };
 
 constexpr Field host_fields[] = {
@@ -60,10 +79,10 @@ constexpr Field host_fields[] = {
      .hint = "ホスト名 または ホスト名:ポート番号"},
     {.name = "Help_Host", .caption = "解説ページのホスト", .max_length = 500, .width = 60},
     {.name = "User_Page", .caption = "利用者ページ", .max_length = 500, .width = 60},
+    {.name = "Rating_Page", .caption = "格付情報ページ", .max_length = 500, .width = 60},
 };
 
 constexpr Field rating_fields[] = {
-    {.name = "Rating_Page", .caption = "格付情報ページ", .max_length = 500, .width = 60},
     {.name = "Rating_Source", .caption = "格付データの取得元", .max_length = 500, .width = 60},
 };
 
@@ -154,7 +173,7 @@ bool Frm_Settei::Entries_Hold() {
     if (!fault) {
         return true;
     }
-    Show_Message(shell.session, {.title = "通信設定エラー", .text = fault->text, .beep = true});
+    Tell(shell.session, "通信設定エラー", fault->text);
     for (const Field_Form* group : groups) {
         if (group->Has(fault->control)) {
             group->Focus(fault->control);
@@ -175,10 +194,7 @@ void Frm_Settei::Save() {
         Write_Install_Info(shell.session.App_Path, info);
     } catch (const Store_Error& error) {
         // What was typed stays on the screen for another attempt.
-        Show_Message(shell.session, {.title = "保存エラー",
-                                     .text = std::string("通信設定を保存できませんでした。\n") + error.what(),
-                                     .icon = Icon::Warning,
-                                     .beep = true});
+        Tell(shell.session, "保存エラー", std::string("通信設定を保存できませんでした。\n") + error.what());
         return;
     }
     Close_Form();
@@ -186,12 +202,7 @@ void Frm_Settei::Save() {
 
 bool Frm_Settei::May_Close() {
     return !Is_Edited() ||
-           Show_Message(shell.session, {.title = "編集破棄確認",
-                                        .text = "編集中の通信設定を保存せずに終了します。\nよろしいですか？",
-                                        .icon = Icon::Warning,
-                                        .buttons = Buttons::Yes_No,
-                                        .default_answer = Answer::No,
-                                        .beep = true}) == Answer::Yes;
+           Ask(shell.session, "編集破棄確認", "編集中の通信設定を保存せずに終了します。\nよろしいですか？");
 }
 
 // A host that does not answer takes seconds, so it is asked beside the window.
@@ -209,8 +220,7 @@ void Frm_Settei::Test_Connections() {
         }
     }
     if (hosts.empty()) {
-        Show_Message(shell.session,
-                     {.title = "接続テスト", .text = "接続確認先を入力してください。", .beep = true});
+        Tell(shell.session, "接続テスト", "接続確認先を入力してください。");
         groups[2]->Focus(net_check_control);
         return;
     }
@@ -226,7 +236,7 @@ void Frm_Settei::Test_Connections() {
                             (reached ? "接続できました。" : "接続できません。"));
         }
         QMetaObject::invokeMethod(QCoreApplication::instance(), [form, lines, all_reached] {
-            if (form) {
+            if (form && form->isVisible()) {
                 form->Show_Connections(lines, all_reached);
             }
         });

@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "company/company_info.h"
 
+#include "session/boxes.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -63,7 +65,7 @@ constexpr std::array<Required, 11> required = {{{"JigyoCD", "事業所番号"},
 
 std::string Refuse(const Session& session, const char* control, const std::string& title,
                    const std::string& text) {
-    Show_Message(session, {.title = title, .text = text, .beep = true});
+    Tell(session, title, text);
     return control;
 }
 
@@ -201,9 +203,7 @@ bool Test_Period(const Session& session, std::string_view text) {
     if (period >= 0 && period <= std::numeric_limits<std::int16_t>::max()) {
         return true;
     }
-    Show_Message(session, {.title = "決算期エラー",
-                           .text = "決算期は 0 から 32767 までの数字で入力してください。",
-                           .beep = true});
+    Tell(session, "決算期エラー", "決算期は 0 から 32767 までの数字で入力してください。");
     return false;
 }
 

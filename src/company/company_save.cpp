@@ -9,6 +9,7 @@
 #include "company/pending_work.h"
 #include "company/period_shift.h"
 #include "data/store_file.h"
+#include "session/boxes.h"
 #include "session/kidou_ini.h"
 
 #include <optional>
@@ -21,25 +22,14 @@ namespace {
 
 using Outcome = Save_Result::Outcome;
 
-constexpr const char* are_you_sure = "よろしいですか？";
-
 bool Confirmed(const Session& session, const std::string& title, const std::string& text) {
-    return Show_Message(session, {.title = title,
-                                  .text = text + "\n" + are_you_sure,
-                                  .icon = Icon::Warning,
-                                  .buttons = Buttons::Yes_No,
-                                  .default_answer = Answer::No,
-                                  .beep = true}) == Answer::Yes;
-}
-
-void Report(const Session& session, const std::string& title, const std::string& text) {
-    Show_Message(session, {.title = title, .text = text, .beep = true});
+    return Ask(session, title, text + "\nよろしいですか？");
 }
 
 Save_Result Report_Failure(const Session& session, const Store_Error& error) {
-    Report(session, "保存エラー",
-           std::string(error.what()) + "\n何も保存されていません。入力した内容は画面に残っています。\n"
-                                       "原因を取り除いてから、もう一度保存してください。");
+    Tell(session, "保存エラー",
+         std::string(error.what()) + "\n何も保存されていません。入力した内容は画面に残っています。\n"
+                                     "原因を取り除いてから、もう一度保存してください。");
     return {Outcome::Failed, ""};
 }
 
@@ -81,7 +71,7 @@ class Company_Saving {
 
     Save_Result Shift_Now() {
         if (Is_Blank(entry.Text("Ks_ki"))) {
-            Report(
+            Tell(
                 session, "決算期入力確認",
                 "決算期は省略できません。必須項目です。\n個人事業の場合も事業年度等として入力してください。");
             return {Outcome::Refused, "Ks_ki"};
@@ -140,7 +130,7 @@ class Company_Saving {
             return true;
         }
         if (Is_Number_Taken(session, number, is_new ? 0 : session.Kanri_No)) {
-            Report(session, "事業所番号重複エラー", "事業所番号が重複しています。確認修正してください。");
+            Tell(session, "事業所番号重複エラー", "事業所番号が重複しています。確認修正してください。");
             return false;
         }
         return is_new ||
@@ -161,10 +151,10 @@ class Company_Saving {
         if (test == Shift_Test::Possible) {
             return true;
         }
-        Report(session, "決算期変更確認",
-               std::string(test == Shift_Test::Below_Zero ? "既に登録されている決算期がマイナスになります。"
-                                                          : "既に登録されている決算期が32767を超えます。") +
-                   "\nこの決算期には変更できません。");
+        Tell(session, "決算期変更確認",
+             std::string(test == Shift_Test::Below_Zero ? "既に登録されている決算期がマイナスになります。"
+                                                        : "既に登録されている決算期が32767を超えます。") +
+                 "\nこの決算期には変更できません。");
         return Put_Back("Ks_ki");
     }
 

@@ -255,6 +255,10 @@ bool Period_Copy(Session& session, std::int16_t new_period, std::int16_t base_pe
     Test_Periods(cn, new_period, job.source);
     Transaction transaction(cn);
     const std::array<Value, 1> number = {new_period};
+    // Rows of a period that is registered no more (a change of firm type leaves elements) stand in the way.
+    for (const char* table : {"Ks_Zaihyo", "Kandaka_Gj", "W_Yoso"}) {
+        cn.Execute(std::string("DELETE * FROM ") + table + " WHERE 決算期=?", number);
+    }
     cn.Execute("INSERT INTO Ks_Ki (決算期) VALUES (?)", number);
     Take_Period(cn, new_period, base_period);
     if (!Copy_Chart(job)) {

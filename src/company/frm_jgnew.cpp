@@ -3,6 +3,7 @@
 
 #include "company/company_save.h"
 #include "company/kana.h"
+#include "session/boxes.h"
 #include "widgets/field_form.h"
 #include "widgets/section_box.h"
 #include "widgets/theme.h"
@@ -142,12 +143,7 @@ class Frm_Company : public Form {
         const std::string what = screen == Company_Screen::Jg_New
                                      ? "編集中の事業所情報を保存せずに終了します。"
                                      : "編集中の自社情報を保存せずに終了します。";
-        return Show_Message(shell.session, {.title = "編集破棄確認",
-                                            .text = what + "\nよろしいですか？",
-                                            .icon = Icon::Warning,
-                                            .buttons = Buttons::Yes_No,
-                                            .default_answer = Answer::No,
-                                            .beep = true}) == Answer::Yes;
+        return Ask(shell.session, "編集破棄確認", what + "\nよろしいですか？");
     }
 
   private:

@@ -4,6 +4,7 @@
 #include "company/datacheck.h"
 #include "company/pending_work.h"
 #include "data/store_file.h"
+#include "session/boxes.h"
 
 #include <algorithm>
 #include <array>
@@ -41,32 +42,22 @@ void Delete_Row(const Connection& cn, std::int32_t number) {
 }
 
 bool Report_Not_Deleted(const Session& session, const Store_Error& error) {
-    Show_Message(session, {.title = "事業所削除エラー",
-                           .text = std::string(error.what()) + "\n事業所は削除されていません。",
-                           .beep = true});
+    Tell(session, "事業所削除エラー", std::string(error.what()) + "\n事業所は削除されていません。");
     return false;
 }
 
 bool Confirm_Deletion(const Session& session, const std::optional<Register_Row>& chosen) {
     if (!chosen) {
-        Show_Message(
-            session,
-            {.title = "事業所未指定エラー", .text = "処理する事業所を指定してください。", .beep = true});
+        Tell(session, "事業所未指定エラー", "処理する事業所を指定してください。");
         return false;
     }
     if (chosen->number == session.Kanri_No && chosen->number != 0) {
-        Show_Message(session,
-                     {.title = "事業所削除エラー", .text = "指定中の事業所は削除できません。", .beep = true});
+        Tell(session, "事業所削除エラー", "指定中の事業所は削除できません。");
         return false;
     }
-    return Show_Message(session, {.title = "事業所データ削除確認",
-                                  .text = "「" + chosen->name +
-                                          "」の\n全データを削除します。一旦削除すると元には戻せません。\n"
-                                          "よろしいですか？",
-                                  .icon = Icon::Warning,
-                                  .buttons = Buttons::Yes_No,
-                                  .default_answer = Answer::No,
-                                  .beep = true}) == Answer::Yes;
+    return Ask(session, "事業所データ削除確認",
+               "「" + chosen->name +
+                   "」の\n全データを削除します。一旦削除すると元には戻せません。\nよろしいですか？");
 }
 
 /// The data file goes while the register holds the deletion of the row ready. False where it cannot go.
@@ -164,23 +155,17 @@ bool Is_Number_Taken(const Session& session, std::int32_t number, std::int32_t o
 
 Taken Take_Company(Session& session, const std::optional<Register_Row>& chosen) {
     if (!chosen) {
-        Show_Message(
-            session,
-            {.title = "事業所未指定エラー", .text = "処理する事業所を指定してください。", .beep = true});
+        Tell(session, "事業所未指定エラー", "処理する事業所を指定してください。");
         return Taken::Refused;
     }
     // Number 0 is "no company in hand": what is keyed into such a company would never be saved.
     if (chosen->number == 0) {
-        Show_Message(
-            session,
-            {.title = "事業所番号エラー", .text = "事業所番号が 0 の事業所は指定できません。", .beep = true});
+        Tell(session, "事業所番号エラー", "事業所番号が 0 の事業所は指定できません。");
         return Taken::Refused;
     }
     Check_Out(session, chosen->number, chosen->name);
     if (session.Data_Ver < 3) {
-        Show_Message(session, {.title = "データ異常エラー",
-                               .text = "データが2008年より古いため、事業所指定できません。",
-                               .beep = true});
+        Tell(session, "データ異常エラー", "データが2008年より古いため、事業所指定できません。");
         return Taken::Too_Old;
     }
     return Taken::In_Hand;

@@ -3,10 +3,10 @@
 
 #include "calc/law_year.h"
 #include "calc/xzp_dataget.h"
-#include "screens/note_button.h"
 #include "session/boxes.h"
 #include "session/kyotu_mod.h"
 #include "widgets/entry_cell.h"
+#include "widgets/note_button.h"
 #include "widgets/theme.h"
 
 #include <QHBoxLayout>

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "screens/frm_syokuta.h"
 
-#include "screens/note_button.h"
 #include "screens/syokuta_edit.h"
 #include "session/boxes.h"
+#include "widgets/note_button.h"
 #include "widgets/theme.h"
 
 #include <QFrame>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "screens/syokuta_edit.h"
 
-#include "widgets/figure_text.h"
+#include "widgets/entry_text.h"
 
 #include <QKeyEvent>
 
@@ -44,7 +44,9 @@ void Syokuta_Edit::keyPressEvent(QKeyEvent* event) {
         event->accept();
         return;
     }
-    if (cell.amount && !event->text().isEmpty() && Half_Width(event->text().front()) == QLatin1Char('-')) {
+    bool refused = false;
+    if (cell.amount && !event->text().isEmpty() &&
+        Filtered_Text(Entry_Kind::Amount, {}, event->text(), refused) == QLatin1String("-")) {
         Refuse();
         event->accept();
         return;

@@ -15,7 +15,7 @@ using enum Network_Entry;
 constexpr Network_Field fields[] = {
     {"Smtp_Host", "送信サーバー", Host, [](S& s) -> std::string& { return s.smtp.host; }},
     {"Smtp_Port", "送信ポート", Port, nullptr, [](S& s) -> int& { return s.smtp.port; }},
-    {"Smtp_Security", "送信の保護", Security, nullptr, nullptr,
+    {"Smtp_Security", "送信の暗号化", Security, nullptr, nullptr,
      [](S& s) -> Mail_Security& { return s.smtp.security; }},
     {"Smtp_User", "送信ユーザー", Text, [](S& s) -> std::string& { return s.smtp.user; }},
     {"Smtp_Password", "送信パスワード", Password, [](S& s) -> std::string& { return s.smtp.password; }},
@@ -24,7 +24,7 @@ constexpr Network_Field fields[] = {
     {"Support_Mailbox", "送信先", Mail, [](S& s) -> std::string& { return s.support_mailbox; }},
     {"Imap_Host", "受信サーバー", Host, [](S& s) -> std::string& { return s.imap.host; }},
     {"Imap_Port", "受信ポート", Port, nullptr, [](S& s) -> int& { return s.imap.port; }},
-    {"Imap_Security", "受信の保護", Security, nullptr, nullptr,
+    {"Imap_Security", "受信の暗号化", Security, nullptr, nullptr,
      [](S& s) -> Mail_Security& { return s.imap.security; }},
     {"Imap_User", "受信ユーザー", Text, [](S& s) -> std::string& { return s.imap.user; }},
     {"Imap_Password", "受信パスワード", Password, [](S& s) -> std::string& { return s.imap.password; }},
@@ -136,13 +136,13 @@ struct Needed {
 };
 
 constexpr Needed needed_fields[] = {
-    {"Smtp_Host", "Smtp_Port", "送信ポートが入力されていません。"},
-    {"Smtp_Host", "Smtp_Security", "送信の保護が入力されていません。"},
-    {"Smtp_Host", "Sender_Address", "差出人アドレスが入力されていません。メールの送信に必要です。"},
+    {"Smtp_Host", "Smtp_Port", "送信サーバーのポート番号が入力されていません。"},
+    {"Smtp_Host", "Smtp_Security", "送信の暗号化が入力されていません。"},
+    {"Smtp_Host", "Sender_Address", "差出人のメールアドレスが入力されていません。メールの送信に必要です。"},
     {"Smtp_User", "Smtp_Host", "送信サーバーが入力されていません。"},
-    {"Imap_Host", "Imap_Port", "受信ポートが入力されていません。"},
-    {"Imap_Host", "Imap_Security", "受信の保護が入力されていません。"},
-    {"Imap_Host", "Imap_User", "受信ユーザーが入力されていません。メールの受信に必要です。"},
+    {"Imap_Host", "Imap_Port", "受信サーバーのポート番号が入力されていません。"},
+    {"Imap_Host", "Imap_Security", "受信の暗号化が入力されていません。"},
+    {"Imap_Host", "Imap_User", "受信サーバーのユーザー名が入力されていません。メールの受信に必要です。"},
     {"Imap_User", "Imap_Host", "受信サーバーが入力されていません。"},
 };
 

@@ -2,7 +2,6 @@
 #include "widgets/entry_cell.h"
 
 #include "session/kyotu_mod.h"
-#include "widgets/figure_text.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -15,53 +14,6 @@
 #include <QTimer>
 
 namespace morvane {
-
-QString Filtered_Text(Entry_Kind kind, const QString& choices, const QString& input, bool& refused) {
-    refused = false;
-    QString kept;
-    for (const QChar original : input) {
-        const QChar c = kind == Entry_Kind::Text ? original : Half_Width(original);
-        const bool is_digit = c >= QLatin1Char('0') && c <= QLatin1Char('9');
-        bool takes = false;
-        switch (kind) {
-        case Entry_Kind::Text:
-            // Characters beyond the basic plane and those of the user's own (外字) are text as well.
-            takes = c.category() != QChar::Other_Control && c != QChar::LineSeparator &&
-                    c != QChar::ParagraphSeparator;
-            break;
-        case Entry_Kind::Digits:
-            takes = is_digit;
-            break;
-        case Entry_Kind::Amount:
-            takes = is_digit || c == QLatin1Char('-');
-            break;
-        case Entry_Kind::Choice:
-            takes = choices.contains(c);
-            break;
-        }
-        if (takes) {
-            kept += c;
-        } else {
-            refused = true;
-        }
-    }
-    return kept;
-}
-
-Value Entry_Value(Entry_Kind kind, const QString& bare) {
-    if (bare.isEmpty()) {
-        return {};
-    }
-    if (kind == Entry_Kind::Amount && Is_Number(bare)) {
-        return Value(bare.toDouble());
-    }
-    if (kind == Entry_Kind::Digits && Is_Number(bare)) {
-        bool fits = false;
-        const qlonglong number = bare.toLongLong(&fits);
-        return fits ? Value(static_cast<std::int64_t>(number)) : Value(bare.toDouble());
-    }
-    return bare.toStdString();
-}
 
 Entry_Cell::Entry_Cell(Entry_Kind entry_kind, QWidget* parent) : QLineEdit(parent) {
     Set_Kind(entry_kind);

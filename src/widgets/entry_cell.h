@@ -1,27 +1,11 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
-#include "data/value.h"
+#include "widgets/entry_text.h"
 
 #include <QLineEdit>
 
 namespace morvane {
-
-/// What a cell takes from the keyboard.
-enum class Entry_Kind {
-    Text,   ///< any text
-    Digits, ///< "0" to "9"
-    Amount, ///< digits and "-"; shown with commas while it has no focus
-    Choice  ///< one of a few keys
-};
-
-/// What remains of a text after the key filter of a kind; sets `refused` where something was dropped.
-/// `choices` are the keys of a Choice.
-QString Filtered_Text(Entry_Kind kind, const QString& choices, const QString& input, bool& refused);
-
-/// A typed text as a value: Null where it is blank, a number for Amount and Digits where it reads as one,
-/// else text.
-Value Entry_Value(Entry_Kind kind, const QString& bare);
 
 /// An entry cell: tinted while it has the focus, with a key filter that beeps at a key it does not take; all
 /// ways in (keys, input method, paste, drop) pass it. An amount is bare in focus and gets its commas when

@@ -98,6 +98,9 @@ class Entry_Grid : public QFrame {
     void Set_Tint(int row, int column, QRgb tint);
     [[nodiscard]] QRgb Tint(int row, int column) const { return data->Tint_At({row, column}); }
 
+    /// Shows a row in bold: one that is computed from others.
+    void Set_Strong(int row, bool strong) { data->Set_Strong(row, strong); }
+
     [[nodiscard]] int Row_Count() const { return data->rowCount(); }
     [[nodiscard]] int Column_Count() const { return data->columnCount(); }
 
@@ -118,6 +121,9 @@ class Entry_Grid : public QFrame {
     /// Whether the user has changed anything since Set_Unedited.
     [[nodiscard]] bool Is_Edited() const;
     void Set_Unedited();
+
+    /// Nothing remains to be undone; after values were loaded.
+    void Forget_Changes() { undo_stack.clear(); }
 
     void Undo() { Step(true); }
     void Redo() { Step(false); }
@@ -189,6 +195,8 @@ class Entry_Grid : public QFrame {
     [[nodiscard]] QRect Marked() const;
     [[nodiscard]] bool Has_Block() const { return !view->Block().isNull(); }
 
+    // Values by name and totals (entry_grid_values.cpp).
+    [[nodiscard]] std::optional<Cell_At> Find_Total(std::string_view name) const;
     void Fit_Foot();
 
     Grid_Data* data;

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "widgets/entry_grid.h"
-#include "widgets/figure_text.h"
+#include "widgets/entry_text.h"
 #include "widgets/grid_block.h"
 #include "widgets/grid_cell.h"
 

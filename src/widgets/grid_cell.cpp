@@ -22,7 +22,7 @@ Grid_Cell::Grid_Cell(Entry_Grid& entry_grid, QWidget* parent)
 void Grid_Cell::Load(Cell_At at) {
     const Grid_Column& column = grid.data->Column(at.column);
     is_button = column.use == Cell_Use::Button;
-    button = is_button ? QString::fromStdString(column.heading) : QString();
+    button = is_button ? QString::fromStdString(column.button) : QString();
     Set_Kind(column.kind);
     setAlignment(Alignment_Of(column));
     Set_Choices(QString::fromStdString(column.choices));

@@ -60,6 +60,13 @@ void Grid_Data::Set_Tint(Cell_At at, QRgb tint) {
     }
 }
 
+void Grid_Data::Set_Strong(int row, bool strong) {
+    for (int column = 0; column < columnCount(); ++column) {
+        cells[Index({row, column})].strong = strong;
+        Tell({row, column});
+    }
+}
+
 void Grid_Data::Set_Heading(int column, const std::string& heading) {
     columns[static_cast<std::size_t>(column)].heading = heading;
     Q_EMIT headerDataChanged(Qt::Horizontal, column, column);
@@ -86,9 +93,11 @@ std::optional<Cell_At> Grid_Data::Find(std::string_view name) const {
 QVariant Grid_Data::data(const QModelIndex& index, int role) const {
     const Cell_At at{index.row(), index.column()};
     switch (role) {
-    case Qt::DisplayRole:
     case Qt::ToolTipRole:
-        return Column(at.column).use == Cell_Use::Button ? QString::fromStdString(Column(at.column).heading)
+        // A name may be longer than its column.
+        return Column(at.column).kind == Entry_Kind::Text ? Text_At(at) : QVariant();
+    case Qt::DisplayRole:
+        return Column(at.column).use == Cell_Use::Button ? QString::fromStdString(Column(at.column).button)
                                                          : Text_At(at);
     case Qt::TextAlignmentRole:
         return static_cast<int>(Alignment_Of(Column(at.column)));

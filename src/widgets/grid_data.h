@@ -21,10 +21,11 @@ enum class Cell_Use {
 
 /// One column of an Entry_Grid. Texts are UTF-8; a heading may have several lines.
 struct Grid_Column {
-    std::string name = {};    ///< of the control array: its row 3 is "name(3)"
-    std::string heading = {}; ///< for a Button also what stands on it
-    std::string group = {};   ///< heading above consecutive columns of the same group
+    std::string name = {}; ///< of the control array: its row 3 is "name(3)"
+    std::string heading = {};
+    std::string group = {}; ///< heading above consecutive columns of the same group
     Cell_Use use = Cell_Use::Entry;
+    std::string button = {}; ///< what stands on a Button
     Entry_Kind kind = Entry_Kind::Amount;
     int width = 14;           ///< in half-width characters; 0 takes the room that is left
     int max_length = 11;      ///< of the typed text
@@ -57,11 +58,13 @@ class Grid_Data : public QAbstractTableModel {
     [[nodiscard]] const QString& Text_At(Cell_At at) const { return cells[Index(at)].text; }
     [[nodiscard]] bool Is_Locked(Cell_At at) const { return cells[Index(at)].locked; }
     [[nodiscard]] QRgb Tint_At(Cell_At at) const { return cells[Index(at)].tint; }
+    [[nodiscard]] bool Is_Strong(Cell_At at) const { return cells[Index(at)].strong; }
     [[nodiscard]] bool Has(Cell_At at) const;
 
     void Set_Value(Cell_At at, const Value& value);
     void Set_Locked(Cell_At at, bool locked);
     void Set_Tint(Cell_At at, QRgb tint);
+    void Set_Strong(int row, bool strong);
     void Set_Heading(int column, const std::string& heading);
 
     /// The cell of a control name ("Zzki(3)").
@@ -82,6 +85,7 @@ class Grid_Data : public QAbstractTableModel {
         QString text;
         bool locked = false;
         QRgb tint = 0;
+        bool strong = false;
     };
 
     [[nodiscard]] std::size_t Index(Cell_At at) const {

@@ -12,7 +12,7 @@ namespace morvane {
 namespace {
 
 // A figure that finds no room is squeezed, never cut: a cut figure reads as another one.
-void Paint_Text(QPainter& painter, const QRect& rect, const QString& text, Qt::Alignment alignment) {
+void Paint_Figure(QPainter& painter, const QRect& rect, const QString& text, Qt::Alignment alignment) {
     const QRect room = rect.adjusted(grid_padding, 0, -grid_padding, 0);
     const int width = painter.fontMetrics().horizontalAdvance(text);
     if (width <= room.width()) {
@@ -40,14 +40,21 @@ class Grid_View::Painter : public QAbstractItemDelegate {
         const Grid_Column& column = data.Column(at.column);
         painter->fillRect(option.rect, QColor(Ground(at)));
         if (column.use == Cell_Use::Button) {
-            Paint_Grid_Button(*painter, option.rect, QString::fromStdString(column.heading),
+            Paint_Grid_Button(*painter, option.rect, QString::fromStdString(column.button),
                               !data.Is_Locked(at), false);
         } else if (!data.Text_At(at).isEmpty()) {
             painter->setPen(QColor(theme::text));
             QFont font = view.font();
-            font.setBold(view.is_totals);
+            font.setBold(view.is_totals || data.Is_Strong(at));
             painter->setFont(font);
-            Paint_Text(*painter, option.rect, data.Text_At(at), Alignment_Of(column));
+            if (column.kind == Entry_Kind::Text) {
+                const QRect room = option.rect.adjusted(grid_padding, 0, -grid_padding, 0);
+                painter->drawText(
+                    room, static_cast<int>(Alignment_Of(column)) | Qt::TextSingleLine,
+                    painter->fontMetrics().elidedText(data.Text_At(at), Qt::ElideRight, room.width()));
+            } else {
+                Paint_Figure(*painter, option.rect, data.Text_At(at), Alignment_Of(column));
+            }
         }
         if (view.block.contains(at.column, at.row)) {
             QColor veil(theme::accent);

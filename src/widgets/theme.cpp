@@ -63,6 +63,7 @@ QPushButton[look="menu"]:focus { border: 2px solid %accent; padding: 3px 7px; }
 QPushButton[look="menu"][open="true"] { background: %open; border-color: %accent; }
 QPushButton[look="menu"]:disabled { color: %disabled; background: #ECEEF0; border-color: #D9DDE2; }
 QPushButton[look="check_button"] { padding: 1px 8px; min-height: 20px; }
+QPushButton[look="menu"][open="true"]:disabled { background: %open; border-color: %accent; color: %text; }
 QPushButton[look="choice"] { min-width: 180px; min-height: 44px; font-size: 14pt; font-weight: bold; }
 QPushButton[look="kana"] { padding: 0; min-width: 26px; min-height: 24px; }
 QPushButton[look="kana"]:checked { background: %accent; color: white; border-color: %accent; }
@@ -96,6 +97,7 @@ QTableView[look="grid"] { border: 0; }
 QFrame[look="grid_frame"] { background: %surface; border: 1px solid %line; }
 QFrame[look="grid_foot"] { background: %soft; border: 0; border-top: 2px solid %accent; }
 QTableView::item:selected, QListView::item:selected { background: %selected; color: %text; }
+QHeaderView { background: %soft; border: 0; }
 QHeaderView::section { background: %soft; color: %text; border: 0; border-right: 1px solid %line;
               border-bottom: 1px solid %line; padding: 3px 8px; font-weight: bold; }
 QFrame[look="section"] { background: %surface; border: 1px solid %line; border-radius: 4px; }
@@ -138,6 +140,8 @@ QTabBar::tab:focus { color: %accent; border-color: %accent; }
 QProgressBar { background: %surface; border: 1px solid %line; border-radius: 3px; text-align: center;
               min-height: 16px; }
 QProgressBar::chunk { background: %accent; border-radius: 2px; }
+QMessageBox { background: %surface; }
+QMessageBox QPushButton { min-width: 72px; }
 QToolTip { border: 1px solid %line; padding: 3px; }
 )");
     for (const auto& [mark, colour] : {std::pair{"%surface", surface},

@@ -12,9 +12,7 @@ namespace {
 
 class Menu_Test : public Installation {
   protected:
-    Menu_Test() {
-        Make_Company(7, 1, 3);
-    }
+    Menu_Test() { Make_Company(7, 1, 3); }
 
     [[nodiscard]] static const Menu_Entry& Entry(const std::string& name) {
         for (const Menu_Panel& panel : Menu_Panels()) {
@@ -35,7 +33,8 @@ class Menu_Test : public Installation {
     }
 };
 
-TEST(Menu_Table_Test, Every_entry_leads_to_a_form_of_the_table_or_a_panel_in_both_firm_types_and_all_law_years) {
+TEST(Menu_Table_Test,
+     Every_entry_leads_to_a_form_of_the_table_or_a_panel_in_both_firm_types_and_all_law_years) {
     std::set<std::string> names;
     int entries = 0;
     const auto test = [&](std::span<const Menu_Entry> list) {

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "app/shell.h"
 
+#include "app/crash_session.h"
 #include "company/datacheck.h"
 #include "company/register.h"
 #include "data/store_file.h"
@@ -10,6 +11,7 @@
 #include <QApplication>
 #include <QMenuBar>
 #include <QProcess>
+#include <QProcessEnvironment>
 #include <QTextBrowser>
 
 namespace morvane::tests {
@@ -55,7 +57,9 @@ class Shell_Test : public Installation {
         return Child<QLabel>(*shell->Frame(), name)->text().toStdString();
     }
     void Press(const char* button) { Click(*shell->Frame(), button); }
-    void Trigger(const char* entry) { shell->Frame()->findChild<QAction*>(QString::fromUtf8(entry))->trigger(); }
+    void Trigger(const char* entry) {
+        shell->Frame()->findChild<QAction*>(QString::fromUtf8(entry))->trigger();
+    }
 
     std::unique_ptr<Shell> shell;
     std::optional<int> ended_with;
@@ -70,8 +74,8 @@ class Single_Shell_Test : public Shell_Test {
     }
 };
 
-const std::vector<const char*> company_bound = {"Cmd_KsZ1", "Cmd_KsZ2", "Cmd_KsZ3",   "Cmd_KsZ4",
-                                                "Cmd_Sim1", "Cmd_Sim2", "Cmd_Sim3",   "Cmd_Sim4",
+const std::vector<const char*> company_bound = {"Cmd_KsZ1",   "Cmd_KsZ2",   "Cmd_KsZ3",  "Cmd_KsZ4",
+                                                "Cmd_Sim1",   "Cmd_Sim2",   "Cmd_Sim3",  "Cmd_Sim4",
                                                 "Cmd_Hojyo1", "Cmd_Hojyo2", "Cmd_Hojyo4"};
 
 TEST_F(Shell_Test, The_menu_waits_for_a_company_and_follows_it) {
@@ -197,6 +201,37 @@ TEST_F(Shell_Test, F1_opens_the_page_of_what_has_the_focus) {
     ASSERT_NE(help, nullptr);
     EXPECT_TRUE(help->isVisible());
     EXPECT_EQ(help->source().fileName().toStdString(), "Frm_Command.html");
+}
+
+// A whole session in a process of its own that is killed with a company in hand.
+TEST_F(Shell_Test, After_a_kill_the_next_start_has_every_edit_and_all_files_agree) {
+    // The list and the company screen need what a registration gives.
+    for (const int number : {12, 34}) {
+        Connection(Company_Store(session, number), session.Db_Key)
+            .Execute(
+                "UPDATE Jigyo_mas SET 事業所カナ名='ｱ', 決算期終了年=7, 決算期終了月=3, 決算期終了日=31, "
+                "決算期開始年=6, 決算期開始月=4, 決算期開始日=1");
+    }
+    QProcess killed;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QString::fromLatin1(crash_variable), QString::fromStdString(folder.path.string()));
+    killed.setProcessEnvironment(environment);
+    killed.setProcessChannelMode(QProcess::ForwardedChannels);
+    killed.start(QApplication::applicationFilePath(), QStringList());
+    ASSERT_TRUE(killed.waitForFinished(60000));
+    ASSERT_EQ(killed.exitStatus(), QProcess::CrashExit) << killed.exitCode();
+
+    ASSERT_TRUE(Start().running);
+    EXPECT_EQ(messages.shown.back().title, "前回の異常終了を確認");
+    EXPECT_EQ(shell->session.Kanri_No, 34);
+    EXPECT_EQ(Label("KsKi_Dsp"), "第6期") << "the period made before the kill";
+    EXPECT_EQ(Read_Register(session).at(0).name, "青葉改");
+    const Connection saved(Company_Store(session, 12), session.Db_Key);
+    EXPECT_EQ(saved.Open("SELECT * FROM Jigyo_mas")["事業所名"], Value("青葉改"));
+    Press("Cmd_End");
+    EXPECT_TRUE(Read_Kidou_Ini(folder.path).Is_Clean());
+    const Connection other(Company_Store(session, 34), session.Db_Key);
+    EXPECT_EQ(other.Open("SELECT * FROM Ks_ki").Count(), 2U);
 }
 
 // The program itself, as it is delivered.

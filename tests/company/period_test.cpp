@@ -379,6 +379,9 @@ TEST_F(Period_Test, The_Firm_Type_Changes_Captions_And_Wipes) {
     }
     Run({"DELETE * FROM Ks_Zaihyo WHERE 建設科目CD=234"});
     EXPECT_NO_THROW(To_Houjin(session, 0));
+    // The wipe left the elements of period 7.
+    EXPECT_TRUE(Period_Copy(session, 7, 6, Copy_Mode::After));
+    EXPECT_EQ(List("SELECT count(*) FROM W_Yoso WHERE 決算期=7 And 要素CD=111"), "1");
 }
 
 TEST_F(Period_Test, No_Failing_Write_Leaves_A_Half_Done_Change) {

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "screens/frm_qanda.h"
 
-#include "screens/note_button.h"
+#include "widgets/note_button.h"
 #include "support/failing_writes.h"
 #include "support/ui_fixture.h"
 

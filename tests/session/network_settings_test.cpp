@@ -36,11 +36,11 @@ TEST_F(Network_Settings_Test, Settings_Come_Back_And_Other_Keys_Stay) {
     EXPECT_EQ(File()["許可番号1"], 7);
     EXPECT_EQ(File()["予備"]["a"][0], 1);
     EXPECT_EQ(File()["通信設定"]["将来"], true);
-    EXPECT_EQ(File()["通信設定"]["送信の保護"], "なし");
+    EXPECT_EQ(File()["通信設定"]["送信の暗号化"], "なし");
     EXPECT_EQ(fs::status(folder.path / install_info_file).permissions(),
               fs::perms::owner_read | fs::perms::owner_write)
         << "it holds passwords";
-    for (const char* damaged : {R"({"通信設定": {"送信の保護": "SSL"}})",
+    for (const char* damaged : {R"({"通信設定": {"送信の暗号化": "SSL"}})",
                                 R"({"通信設定": {"送信ポート": 65536}})", R"({"通信設定": [1]})"}) {
         Write_Text_File(folder.path / install_info_file, damaged);
         EXPECT_THROW(static_cast<void>(Read_Install_Info(folder.path)), Store_Error) << damaged;

@@ -56,7 +56,8 @@ void Type_Into(QWidget& form, const char* cell, const char* keys) {
     }
 }
 
-void With_Dialogs(const std::function<void()>& act, const std::vector<std::function<void(QDialog&)>>& during) {
+void With_Dialogs(const std::function<void()>& act,
+                  const std::vector<std::function<void(QDialog&)>>& during) {
     std::size_t opened = 0;
     QPointer<QWidget> last;
     QTimer look;

@@ -1,4 +1,5 @@
 // SPDX-FileCopyrightText: The Morvane developers
+#include "app/crash_session.h"
 #include "widgets/theme.h"
 
 #include <QApplication>
@@ -12,5 +13,8 @@ int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     morvane::theme::Apply(application);
+    if (qEnvironmentVariableIsSet(morvane::tests::crash_variable)) {
+        morvane::tests::Run_Crash_Session(qEnvironmentVariable(morvane::tests::crash_variable).toStdString());
+    }
     return RUN_ALL_TESTS();
 }

@@ -2,7 +2,7 @@
 #include "widgets/entry_cell.h"
 
 #include "support/ui_fixture.h"
-#include "widgets/figure_text.h"
+#include "widgets/entry_text.h"
 
 #include <QClipboard>
 #include <QDropEvent>
@@ -190,7 +190,7 @@ TEST_F(Entry_Cell_Test, A_window_over_the_cells_own_does_not_leave_it) {
     EXPECT_EQ(cell.text().toStdString(), "1,234");
 }
 
-TEST(Figure_Text_Test, Figures_of_other_programs) {
+TEST(Entry_Text_Test, Figures_of_other_programs) {
     const struct {
         const char* shown;
         const char* bare;

@@ -18,7 +18,7 @@ std::vector<Grid_Column> Columns() {
         {.name = "S", .heading = "平均", .group = "完工高", .use = Cell_Use::Shown},
         {.name = "B", .heading = "基準\n決算", .max_length = 6, .locked = [](int row) { return row == 1; }},
         {.name = "C", .heading = "区分", .kind = Entry_Kind::Choice, .choices = "12"},
-        {.name = "P", .heading = "計算", .use = Cell_Use::Button}};
+        {.name = "P", .heading = "計算", .use = Cell_Use::Button, .button = "チェック"}};
 }
 
 class Entry_Grid_Test : public ::testing::Test {
@@ -139,6 +139,18 @@ TEST_F(Entry_Grid_Test, An_entry_holds_when_its_cell_is_left_by_any_way) {
     EXPECT_EQ(told, "00=1234567 10=5 20=-6000 02=77 ");
     EXPECT_EQ(Texts(), "1,234,567|77||5|||-6,000|||");
     EXPECT_EQ(QApplication::focusWidget()->accessibleName().toStdString(), "土木 基準 決算");
+}
+
+TEST_F(Entry_Grid_Test, What_is_composed_belongs_to_its_cell) {
+    Entry_Grid names({{.name = "Kamk", .kind = Entry_Kind::Text}}, 2);
+    names.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&names));
+    names.Focus_Cell("Kamk(0)");
+    QInputMethodEvent composing("現金", {});
+    QApplication::sendEvent(QApplication::focusWidget(), &composing);
+    Key(Qt::Key_Return);
+    EXPECT_EQ(names.Cell_Text("Kamk(0)").toStdString(), "現金");
+    EXPECT_EQ(names.Cell_Text("Kamk(1)").toStdString(), "");
 }
 
 TEST_F(Entry_Grid_Test, Cells_take_only_their_keys) {

@@ -1,5 +1,5 @@
 // SPDX-FileCopyrightText: The Morvane developers
-#include "screens/note_button.h"
+#include "widgets/note_button.h"
 
 #include "session/kyotu_mod.h"
 #include "widgets/theme.h"
