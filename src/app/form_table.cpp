@@ -11,6 +11,7 @@
 #include "screens/frm_kanko.h"
 #include "screens/frm_keiei.h"
 #include "screens/frm_qanda.h"
+#include "screens/frm_syokuta.h"
 #include "screens/frm_ysisan.h"
 #include "zaimu/frm_kshendo.h"
 #include "zaimu/frm_kszaihyo.h"
@@ -67,9 +68,9 @@ constexpr auto form_rows = std::to_array<Form_Row>({
     {"Frm_Y1_Calc_Check", nullptr, false, "Calc_Check"},
     {"Frm_Ychart"},
     {"Frm_Advice"},
-    {"Frm_Syokuta"},
-    {"Frm_Syokuta_2011", nullptr, false, "Frm_Syokuta"},
-    {"Frm_Syokuta_2012", nullptr, false, "Frm_Syokuta"},
+    {"Frm_Syokuta", Make<Frm_Syokuta>},
+    {"Frm_Syokuta_2011", Make<Frm_Syokuta>, false, "Frm_Syokuta"},
+    {"Frm_Syokuta_2012", Make<Frm_Syokuta>, false, "Frm_Syokuta"},
     {"Frm_Syokutakaiz"},
     {"Frm_Syokutakaiz_2011", nullptr, false, "Frm_Syokutakaiz"},
     {"Frm_Syokutakaiz_2012", nullptr, false, "Frm_Syokutakaiz"},

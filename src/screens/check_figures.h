@@ -41,6 +41,7 @@ struct Sheet_Text {
     const char* title = "";
     const char* help_key = "";
     const char* help_key_2011 = nullptr; ///< from law year 2 on, where it differs
+    bool amounts = false;
     std::vector<Sheet_Line> inputs = {};
     std::vector<const char*> formula = {};
     std::vector<Sheet_Line> results = {};

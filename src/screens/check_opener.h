@@ -33,7 +33,7 @@ class Check_Opener {
   private:
     Form& owner;
     Shell_Port& shell;
-    QPointer<Check_Screen> open;
+    QPointer<Form> open;
 };
 
 } // namespace morvane

@@ -43,7 +43,8 @@ QLabel* Figure(const Named_Text& value) {
     return label;
 }
 
-constexpr int line_width = 640; // of a formula, before it is broken
+constexpr int line_width = 860;    // of a formula, before it is broken
+constexpr int most_in_column = 12; // inputs under each other
 
 } // namespace
 
@@ -82,23 +83,30 @@ void Check_Screen::Add_Figures() {
     if (sheet.inputs.empty()) {
         return;
     }
-    auto* box = new Section_Box(QStringLiteral("計算要素"));
+    auto* box = new Section_Box(sheet.amounts ? QStringLiteral("計算要素　（金額単位：千円）")
+                                              : QStringLiteral("計算要素"));
     auto* grid = new QGridLayout;
     grid->setHorizontalSpacing(24);
     grid->setVerticalSpacing(4);
-    grid->setColumnStretch(0, 1);
-    int row = 0;
-    for (const Check_Line& line : sheet.inputs) {
-        QLabel* caption = Plain(Text(line.caption));
-        caption->setObjectName(Numbered("要素", row + 1));
+    const int count = static_cast<int>(sheet.inputs.size());
+    const int blocks = count > most_in_column ? 2 : 1;
+    const int in_block = (count + blocks - 1) / blocks;
+    for (int i = 0; i < count; ++i) {
+        const Check_Line& line = sheet.inputs[static_cast<std::size_t>(i)];
+        QLabel* caption = Plain(Text(line.caption).trimmed());
+        caption->setObjectName(Numbered("要素", i + 1));
         QLabel* value = Figure(line.value);
         if (line.value.name.empty()) {
-            value->setObjectName(Numbered("要素値", row + 1));
+            value->setObjectName(Numbered("要素値", i + 1));
         }
         value->setAccessibleName(caption->text());
-        grid->addWidget(caption, row, 0);
-        grid->addWidget(value, row, 1);
-        ++row;
+        const int column = i / in_block * 3;
+        grid->addWidget(caption, i % in_block, column);
+        grid->addWidget(value, i % in_block, column + 1);
+        grid->setColumnStretch(column, 1);
+    }
+    if (blocks > 1) {
+        grid->setColumnMinimumWidth(2, 24);
     }
     box->body->addLayout(grid);
     body->addWidget(box);

@@ -108,6 +108,7 @@ Check_Sheet Make_Check_Sheet(const Session& session, const Check_Request& reques
     const Sheet_Text& text = Find(request.mode, law);
     Check_Sheet sheet;
     sheet.title = text.title;
+    sheet.amounts = text.amounts;
     sheet.inputs = Lines(text.inputs, f);
     sheet.formula.assign(text.formula.begin(), text.formula.end());
     sheet.results = Lines(text.results, f);

@@ -4,6 +4,7 @@
 #include "calc/law_year.h"
 #include "session/session.h"
 
+#include <set>
 #include <string>
 #include <vector>
 
@@ -53,6 +54,7 @@ struct Check_Line {
 struct Check_Table {
     std::string heading;
     std::vector<std::string> columns; ///< headings
+    std::set<int> words;              ///< columns of words, at the left; the others are figures
     std::vector<std::vector<Named_Text>> rows;
     int mark = -1;  ///< row in force, -1 none
     int blocks = 1; ///< side by side
@@ -62,6 +64,7 @@ struct Check_Table {
 struct Check_Sheet {
     std::string title;
     std::string sub_title;
+    bool amounts = false; ///< the inputs are thousand yen
     std::vector<Check_Line> inputs;
     std::vector<std::string> formula;            ///< lines of lbl_San
     std::vector<std::vector<Named_Text>> filled; ///< formulas with figures in their places

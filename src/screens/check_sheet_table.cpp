@@ -19,7 +19,7 @@ std::string Name(const char* control, std::size_t index) {
 /// A table of the law: limits (lbl_Gak, from below and from above), formulas (lbl_HyouTen), the row in force.
 Check_Sheet Calc_Tbl(const Check_Sheet& of) {
     const Tbl_Lists lists = Set_Tbl_Lists(of.Tbl_Disp_No, of.law_year);
-    Check_Table table{lists.heading, {"以上", "未満", "評点の算式"}, {}, of.table_row, 2};
+    Check_Table table{lists.heading, {"以上", "未満", "評点の算式"}, {2}, {}, of.table_row, 2};
     for (std::size_t row = 0; row < lists.formulas.size(); ++row) {
         const std::string from = row < lists.limits.size() ? lists.limits[row] + "以上" : "";
         const std::string to = row > 0 ? lists.limits[row - 1] + "未満" : "";
@@ -45,7 +45,7 @@ Check_Table Audit_Table() {
                                               {2, "会計参与の設置"},
                                               {1, "経理処理の適正を確認した旨の書類の提出"},
                                               {0, "無"}}};
-    Check_Table table{"【別表１】", {"監査の受審状況", "点数"}, {}, -1, 1};
+    Check_Table table{"【別表１】", {"監査の受審状況", "点数"}, {0}, {}, -1, 1};
     for (const Audit& audit : audits) {
         WZX_Calc wzx;
         wzx.Calc_W5_Ten(audit.kansa, 0, 0, 0);
@@ -65,7 +65,7 @@ std::string Needed_Text(float needed) {
 
 /// The points of the accountants, by completed work.
 Check_Table Staff_Table() {
-    Check_Table table{"【別表２】", {"年間平均完成工事高"}, {}, -1, 1};
+    Check_Table table{"【別表２】", {"年間平均完成工事高"}, {0}, {}, -1, 1};
     for (const std::int16_t ten : w5_points) {
         table.columns.push_back(std::to_string(ten) + "点");
     }

@@ -49,7 +49,7 @@ std::string Tenths(float value) {
 /// A table of an item and its points, marked where the item stands.
 class Points_Table {
   public:
-    Points_Table(const char* item, int blocks) { table = {"", {item, "点数"}, {}, -1, blocks}; }
+    Points_Table(const char* item, int blocks) { table = {"", {item, "点数"}, {0}, {}, -1, blocks}; }
 
     void Add(const std::string& item, std::int32_t ten, bool in_force) {
         if (in_force) {
@@ -325,6 +325,7 @@ std::vector<Sheet_Text> Sheets_Of_W2_To_W6() {
          .form = "Frm_W2_Calc_Check",
          .title = "（Ｗ５）経理に関する状況 計算詳細チェック",
          .help_key = "W5",
+         .amounts = true,
          .inputs = {{" 監査の受審( 0無  1経理処理の適正を確認した旨の書類の提出  2会計参与の設置  "
                      "3会計監査人の設置)",
                      Item<&S::keiri_kansa>},
@@ -347,6 +348,7 @@ std::vector<Sheet_Text> Sheets_Of_W2_To_W6() {
          .form_2012 = form_w1_2012,
          .title = "（Ｗ６）研究開発の状況 計算詳細チェック",
          .help_key = "W6",
+         .amounts = true,
          .inputs = {{"監査の受審", Audit},
                     {"研究開発費（前期）", Item_Of<&S::Kihatu, 0>},
                     {"研究開発費（後期）", Item_Of<&S::Kihatu, 1>}},

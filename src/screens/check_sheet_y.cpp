@@ -33,6 +33,8 @@ std::string Points_A(const Check_Figures& f) {
     return Fixed(static_cast<double>(f.y.Y_A_Ten), 2);
 }
 
+constexpr std::size_t indicators = 8; // before the points and the score
+
 constexpr const char* rounded_5 = "（小数点以下5位未満の端数は四捨五入）";
 constexpr const char* rounded_3 = "（小数点以下3位未満の端数は四捨五入）";
 
@@ -160,7 +162,9 @@ const std::vector<Sheet_Text>& Y1_Sheets() {
         for (const Sheet_Text& sheet : Scores()) {
             all.push_back(sheet);
         }
-        for (Sheet_Text& sheet : all) {
+        for (std::size_t i = 0; i < all.size(); ++i) {
+            Sheet_Text& sheet = all[i];
+            sheet.amounts = i < indicators;
             sheet.form = "Frm_Y1_Calc_Check";
             sheet.help_key = sheet.mode;
         }

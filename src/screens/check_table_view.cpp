@@ -14,12 +14,18 @@ namespace {
 QLabel* Cell(const QString& text, QRgb ground) {
     auto* label = new QLabel(text);
     label->setTextFormat(Qt::PlainText);
-    label->setContentsMargins(8, 1, 8, 1);
+    label->setContentsMargins(8, 2, 8, 2);
     label->setAutoFillBackground(true);
     QPalette palette = label->palette();
     palette.setColor(QPalette::Window, QColor(ground));
     label->setPalette(palette);
     return label;
+}
+
+// Words and formulas stand at the left, figures and limits at the right.
+Qt::Alignment Alignment(const Check_Table& table, int column) {
+    const bool left = table.words.contains(column);
+    return (left ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter;
 }
 
 } // namespace
@@ -51,7 +57,7 @@ Check_Table_View::Check_Table_View(const Check_Table& table, QWidget* parent) : 
             QLabel* heading =
                 Cell(QString::fromStdString(table.columns[static_cast<std::size_t>(c)]), theme::accent_soft);
             heading->setFont(theme::Gothic(theme::body_points, true));
-            heading->setAlignment(Qt::AlignCenter);
+            heading->setAlignment(Alignment(table, c));
             grid->addWidget(heading, 0, first + c);
         }
         for (std::size_t i = 0; i < in_block; ++i) {
@@ -60,7 +66,7 @@ Check_Table_View::Check_Table_View(const Check_Table& table, QWidget* parent) : 
                 Add_Row(*grid, table, row, static_cast<int>(i) + 1, first);
             }
         }
-        grid->setColumnStretch(first + columns - 1, 1);
+        grid->setColumnStretch(first, 1);
     }
     whole->addWidget(frame);
 }
@@ -69,14 +75,13 @@ void Check_Table_View::Add_Row(QGridLayout& grid, const Check_Table& table, std:
                                int column) {
     const bool in_force = static_cast<int>(row) == table.mark;
     const QRgb ground = in_force ? theme::best : at % 2 == 0 ? theme::zebra : theme::surface;
+    int index = 0;
     for (const Named_Text& text : table.rows[row]) {
         QLabel* cell = Cell(QString::fromStdString(text.text), ground);
         cell->setObjectName(QString::fromStdString(text.name));
-        // Words stand at the left, figures and limits at the right.
-        const bool words = table.columns.size() < 3 && &text == &table.rows[row].front();
-        const bool formula = text.name.starts_with("lbl_HyouTen");
-        cell->setAlignment((words || formula ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter);
-        grid.addWidget(cell, at, column++);
+        cell->setAlignment(Alignment(table, index));
+        grid.addWidget(cell, at, column + index);
+        ++index;
     }
 }
 

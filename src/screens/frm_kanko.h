@@ -33,7 +33,9 @@ class Frm_Kanko : public Form {
     bool Take(const std::vector<Cell_At>& cells);
     void Take_Avg();
     void Show_Entries();
-    void Show_Results();
+    void Show_Years();
+    void Show_Kanko();
+    void Set_Cmd_Enable();
     void Open_Check(int row, int column);
     bool Finish_Entry();
     bool Save_First();

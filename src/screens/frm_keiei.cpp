@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "screens/frm_keiei.h"
 
-#include "widgets/note_button.h"
 #include "screens/rate_bar.h"
 #include "session/kyotu_mod.h"
+#include "widgets/note_button.h"
 #include "widgets/section_box.h"
 #include "widgets/theme.h"
 #include "widgets/total_panel.h"

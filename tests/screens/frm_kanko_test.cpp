@@ -262,6 +262,11 @@ TEST_F(Kanko_Window, Keys_move_as_in_a_form) {
     ASSERT_TRUE(grid->Focus_Cell("Kijun(0)"));
     auto* cell = qobject_cast<QLineEdit*>(QApplication::focusWidget());
     EXPECT_EQ(cell->selectedText(), "1000") << "the bare number";
+    ASSERT_TRUE(grid->Focus_Cell(0, 0));
+    Key(Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(Place(), "Kanko_Avg");
+    Key(Key_Tab);
+    EXPECT_EQ(Place(), "Zzki(0)");
 }
 
 TEST_F(Kanko_Window, Years_of_the_average) {
@@ -315,6 +320,32 @@ TEST_F(Kanko_Window, An_overflow_puts_the_entry_back) {
         Close();
         EXPECT_EQ(State(), before);
     }
+}
+
+TEST_F(Kanko_Window, Stored_figures_beyond_the_tables_can_be_corrected) {
+    Put_Work(0, {{"完工高前期", 48'000'000}, {"完工高基準", 48'000'000}});
+    const auto before = State();
+    for (const bool corrected : {false, true}) {
+        messages.shown.clear();
+        Open("Frm_Kanko");
+        ASSERT_EQ(messages.shown.size(), 1U);
+        EXPECT_EQ(messages.shown[0].title, "実行時エラー");
+        Key_Into("Zki(0)", "48000001");
+        EXPECT_EQ(Texts(0, shown), "|48,000,001|48,000,000||||||") << "no score in its place";
+        Click(*form, "Tojiru");
+        EXPECT_EQ(messages.shown.back().title, "保存エラー");
+        EXPECT_TRUE(form->isVisible());
+        if (!corrected) {
+            messages.answers = {Answer::Yes};
+            Close();
+            EXPECT_EQ(State(), before);
+        }
+    }
+    Key_Into("Zki(0)", "0");
+    Key_Into("Kijun(0)", "2");
+    EXPECT_EQ(Texts(0, {"Nheikin", "X1"}), "1|397|");
+    Close();
+    EXPECT_EQ(List("SELECT 完工高平均 FROM Kandaka_Gj WHERE 工種CD=0"), "1");
 }
 
 TEST_F(Kanko_Window, A_block_from_a_spreadsheet_is_one_step) {
@@ -394,6 +425,8 @@ TEST_F(Kanko_Window, Checks_open_where_a_line_has_scores) {
             EXPECT_EQ(messages.shown[1].title, "クローズエラー");
             EXPECT_TRUE(form->isVisible());
             check->reject();
+            form->activateWindow();
+            ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
         }
         Close();
     }

@@ -22,7 +22,10 @@ class Fake_Shell : public Shell_Port {
     void Show_Registered() override { calls.emplace_back("Show_Registered"); }
     void Open_Form(const QString& form) override;
     void Replace_Form(Form* screen, const QString& sister) override;
-    void Toggle_Menu() override { menu_shown = !menu_shown; }
+    void Toggle_Menu() override {
+        calls.emplace_back("Toggle_Menu");
+        menu_shown = !menu_shown;
+    }
     [[nodiscard]] bool Is_Menu_Shown() const override { return menu_shown; }
     void Show_Help(const QString& form) override { calls.push_back("Show_Help " + form.toStdString()); }
     bool Guard(const std::function<void()>& work) override;

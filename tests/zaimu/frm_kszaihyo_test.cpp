@@ -220,7 +220,7 @@ TEST_F(Corporation_Screen, Captions_are_keyed_and_pasted_where_they_are_open) {
     Key(Qt::Key_Down);
     ASSERT_TRUE(grid->Focus_Cell("Kamk(11)"));
     Type("x");
-    EXPECT_EQ(Cell("Gaku(4)"), "") << "the mark of deduction is a column of its own";
+    EXPECT_EQ(Cell("Gaku(4)"), "700") << "the mark of deduction between them is no column of a paste";
     Click(*form, "Tojiru");
     EXPECT_EQ(List("SELECT 建設科目名 FROM Ks_Zaihyo WHERE 建設科目CD In (105, 112) ORDER BY 建設科目CD"),
               "電子記録債権 x");
