@@ -340,7 +340,6 @@ void Frm_Command::Screens_Closed() {
     show();
     Highlight(nullptr);
     shell.session.Edit_Flg = false;
-    setVisible(true);
     Update_Enabled();
     if (QWidget* focus = window()->focusWidget(); focus == nullptr || !isAncestorOf(focus)) {
         Focus_First();

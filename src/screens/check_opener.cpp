@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "screens/check_opener.h"
 
-#include "screens/check_screen.h"
 #include "session/boxes.h"
 
 namespace morvane {

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
-#include "screens/check_sheet.h"
+#include "screens/check_screen.h"
 #include "widgets/form.h"
 
 #include <QPointer>

@@ -82,6 +82,13 @@ Frm_Kanko::Frm_Kanko(Shell_Port& shell_port, const char* form)
     body->addWidget(grid, 1);
     Make_Buttons();
     setFocusProxy(grid);
+    if (Kanko_Avg != nullptr) {
+        setTabOrder(Kanko_Avg, grid);
+    }
+    if (entry.Fault()) {
+        Tell(shell.session, "実行時エラー",
+             entry.Fault()->what() + std::string("\n保存されている数値を確認し、修正してください。"));
+    }
 }
 
 QWidget* Frm_Kanko::Make_Head() {
@@ -113,7 +120,9 @@ QWidget* Frm_Kanko::Make_Head() {
     theme::Set_Look(unit, "muted");
     head->addSpacing(16);
     head->addWidget(unit);
-    Show_Results();
+    Show_Years();
+    Show_Kanko();
+    Set_Cmd_Enable();
     return line;
 }
 
@@ -165,7 +174,8 @@ bool Frm_Kanko::Take(const std::vector<Cell_At>& cells) {
                 {at.row, at.column, value.Is_Null() ? std::nullopt : std::optional(value.As_Integer())});
         }
         entry.Take(entered);
-        Show_Results();
+        Show_Kanko();
+        Set_Cmd_Enable();
     });
 }
 
@@ -174,10 +184,12 @@ void Frm_Kanko::Take_Avg() {
     try {
         entry.Take_Kanko_Avg(years.Is_Null() ? 2 : static_cast<std::int32_t>(years.As_Integer()));
     } catch (...) {
-        Kanko_Avg->Set_Value(std::to_string(entry.Kanko_Avg()));
+        Show_Years();
         throw;
     }
-    Show_Results();
+    Show_Years();
+    Show_Kanko();
+    Set_Cmd_Enable();
 }
 
 void Frm_Kanko::Show_Entries() {
@@ -192,18 +204,10 @@ void Frm_Kanko::Show_Entries() {
     }
 }
 
-void Frm_Kanko::Show_Results() {
+void Frm_Kanko::Show_Years() {
     const std::string years = std::to_string(entry.Kanko_Avg());
     for (int column = 0; column < grid->Column_Count(); ++column) {
         const Kanko_Column& shown = entry.screen.columns[static_cast<std::size_t>(column)];
-        for (int row = 0; row < kanko_rows; ++row) {
-            if (shown.use == Kanko_Use::Check) {
-                grid->Set_Locked(row, column, !entry.Can_Check(row));
-            } else if (shown.use == Kanko_Use::Result || shown.use == Kanko_Use::Score) {
-                grid->Set_Value(row, column, Shown_Value(entry.Shown(row, column)));
-            }
-        }
-        grid->Set_Total(0, column, Shown_Value(entry.Shown_Total(column)));
         if (shown.name == std::string_view("Nheikin")) {
             grid->Set_Heading(column, years + shown.heading);
         }
@@ -211,16 +215,41 @@ void Frm_Kanko::Show_Results() {
     if (Kanko_Avg != nullptr) {
         Kanko_Avg->Set_Value(years);
     }
+}
+
+void Frm_Kanko::Show_Kanko() {
+    for (int column = 0; column < grid->Column_Count(); ++column) {
+        const Kanko_Use use = entry.screen.columns[static_cast<std::size_t>(column)].use;
+        if (use == Kanko_Use::Result || use == Kanko_Use::Score) {
+            for (int row = 0; row < kanko_rows; ++row) {
+                grid->Set_Value(row, column, Shown_Value(entry.Shown(row, column)));
+            }
+        }
+        grid->Set_Total(0, column, Shown_Value(entry.Shown_Total(column)));
+    }
     const Kanko::Scores& scores = entry.Scores();
-    basis->setText(QStringLiteral("Ｙ %1　　Ｘ２ %2　　Ｗ %3").arg(scores.Y).arg(scores.X2).arg(scores.W));
+    basis->setText(
+        entry.Fault()
+            ? QString::fromUtf8(entry.Fault()->what())
+            : QStringLiteral("Ｙ %1　　Ｘ２ %2　　Ｗ %3").arg(scores.Y).arg(scores.X2).arg(scores.W));
+}
+
+void Frm_Kanko::Set_Cmd_Enable() {
+    for (int column = 0; column < grid->Column_Count(); ++column) {
+        if (entry.screen.columns[static_cast<std::size_t>(column)].use != Kanko_Use::Check) {
+            continue;
+        }
+        for (int row = 0; row < kanko_rows; ++row) {
+            grid->Set_Locked(row, column, !entry.Can_Check(row));
+        }
+    }
 }
 
 // ---- leaving
 
-void Frm_Kanko::Open_Check(int /*row*/, int /*column*/) {
-    if (Save_First()) {
-        shell.Open_Form(QStringLiteral("Frm_XZP_Calc_Check"));
-    }
+void Frm_Kanko::Open_Check(int row, int column) {
+    const char* mode = entry.screen.columns[static_cast<std::size_t>(column)].mode;
+    checks.Open(XZP_Request(mode, Line_Of_Row(row)), [this] { return Save_First(); });
 }
 
 bool Frm_Kanko::Finish_Entry() {
@@ -245,7 +274,15 @@ bool Frm_Kanko::Save_First() {
 }
 
 bool Frm_Kanko::May_Close() {
-    return Finish_Entry() && Save_First();
+    if (!checks.May_Close() || !Finish_Entry()) {
+        return false;
+    }
+    if (entry.Fault()) {
+        return Ask(shell.session, "保存エラー",
+                   entry.Fault()->what() +
+                       std::string("\n計算できないため保存できません。入力した内容を破棄して閉じますか？"));
+    }
+    return Save_First();
 }
 
 } // namespace morvane

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
+#include "screens/check_opener.h"
 #include "screens/kanko_entry.h"
 #include "widgets/entry_grid.h"
 #include "widgets/form.h"
@@ -32,12 +33,15 @@ class Frm_Kanko : public Form {
     bool Take(const std::vector<Cell_At>& cells);
     void Take_Avg();
     void Show_Entries();
-    void Show_Results();
+    void Show_Years();
+    void Show_Kanko();
+    void Set_Cmd_Enable();
     void Open_Check(int row, int column);
     bool Finish_Entry();
     bool Save_First();
 
     Kanko_Entry entry;
+    Check_Opener checks{*this, shell};
     Entry_Grid* grid;
     Entry_Cell* Kanko_Avg = nullptr; ///< on the screen of completed work
     QLabel* basis;                   ///< the scores that P takes besides

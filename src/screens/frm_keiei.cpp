@@ -94,12 +94,13 @@ QWidget* Frm_Keiei::Make_Elements() {
         names[i] = "Yoso(" + std::to_string(i) + ")";
         fields[i] = {names[i].c_str(), keiei_elements[i].caption};
     }
-    auto* panel = new Total_Panel(QStringLiteral("８指標計算要素"), fields, 11);
+    auto* panel = new Total_Panel(QStringLiteral("８指標計算要素"), fields, 10);
     for (std::size_t i = 0; i < fields.size(); ++i) {
         panel->Set_Text(names[i], Text(texts.Yoso[i]));
     }
-    panel->body->addStretch(1);
-    panel->body->addWidget(Muted(QStringLiteral("金額単位：千円")), 0, Qt::AlignRight);
+    QLabel* unit = Muted(QStringLiteral("金額単位：千円"));
+    unit->setContentsMargins(0, 0, 8, 0);
+    panel->body->insertWidget(1, unit, 0, Qt::AlignRight);
     return panel;
 }
 
@@ -107,7 +108,7 @@ QWidget* Frm_Keiei::Make_Indicators() {
     auto* panel = new Section_Box(QStringLiteral("経営状況分析　８指標"));
     panel->body->setContentsMargins(12, 6, 12, 6);
     auto* grid = new QGridLayout;
-    grid->setHorizontalSpacing(12);
+    grid->setHorizontalSpacing(8);
     grid->setVerticalSpacing(0);
     grid->setColumnStretch(name_column, 1);
     grid->addWidget(Muted(QStringLiteral("計算結果")), 0, value_column, 1, 2, Qt::AlignRight);
@@ -159,7 +160,8 @@ QWidget* Frm_Keiei::Make_Score() {
     auto* panel = new QFrame;
     theme::Set_Look(panel, "section");
     auto* grid = new QGridLayout(panel);
-    grid->setContentsMargins(12, 10, 12, 10);
+    grid->setContentsMargins(12, 8, 12, 8);
+    grid->setVerticalSpacing(4);
     grid->setHorizontalSpacing(8);
     grid->setColumnStretch(0, 1);
     grid->addWidget(new QLabel(QStringLiteral(" 経営状況点数")), 0, 0);
@@ -170,7 +172,7 @@ QWidget* Frm_Keiei::Make_Score() {
     theme::Set_Look(caption, "heading");
     grid->addWidget(caption, 2, 0, 1, 2);
     grid->addWidget(Make_Check(check_of_score, QStringLiteral("経営状況評点（Y）")), 2, 2);
-    auto* score = Figure_Label(QStringLiteral("Y"), texts.Y, 36);
+    auto* score = Figure_Label(QStringLiteral("Y"), texts.Y, 32);
     QPalette palette = score->palette();
     palette.setColor(QPalette::WindowText, QColor(theme::accent));
     score->setPalette(palette);
@@ -203,8 +205,8 @@ void Frm_Keiei::Make_Buttons() {
     setFocusProxy(close);
 }
 
-void Frm_Keiei::Open_Check(int /*index*/) {
-    shell.Open_Form(QStringLiteral("Frm_Y1_Calc_Check"));
+void Frm_Keiei::Open_Check(int index) {
+    checks.Open(Y1_Request(index), [] { return true; });
 }
 
 } // namespace morvane

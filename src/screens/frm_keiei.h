@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
+#include "screens/check_opener.h"
 #include "screens/keiei.h"
 #include "widgets/form.h"
 
@@ -21,6 +22,9 @@ class Frm_Keiei : public Form {
     /// Raises Store_Error, Run_Time_Error.
     explicit Frm_Keiei(Shell_Port& shell_port);
 
+  protected:
+    bool May_Close() override { return checks.May_Close(); }
+
   private:
     [[nodiscard]] QWidget* Make_Elements();
     [[nodiscard]] QWidget* Make_Indicators();
@@ -32,6 +36,7 @@ class Frm_Keiei : public Form {
 
     Y_Calc y;
     Keiei_Texts texts;
+    Check_Opener checks{*this, shell};
 };
 
 } // namespace morvane

@@ -33,7 +33,11 @@ Kanko_Entry::Kanko_Entry(const Session& session, const Kanko_Screen& screen_row)
     X2_Calc x2;
     x2.Calc_X2(figures, wzx, false);
     kanko.Load_Kanko(figures, x2.X2_Ten, y.Y_Ten);
-    Calculate();
+    try {
+        Calculate();
+    } catch (const Run_Time_Error& error) {
+        fault = error;
+    }
 }
 
 void Kanko_Entry::Calculate() {
@@ -44,34 +48,38 @@ void Kanko_Entry::Calculate() {
     }
 }
 
-void Kanko_Entry::Take(std::span<const Kanko_Entered> entered) {
-    const auto former = kanko.lines;
+template <class Held>
+void Kanko_Entry::Change(Held& held, const Held& next) {
+    const Held former = held;
+    held = next;
     try {
-        for (const Kanko_Entered& entry : entered) {
-            const Kanko_Column& column = Column(screen, entry.column);
-            Figure& figure = column.figure(kanko.lines[Line_Of_Row(entry.row)]);
-            if (entry.number) {
-                figure.Set(Within_Column(column.use, *entry.number));
-            } else {
-                figure.Set_Null();
-            }
-        }
         Calculate();
-    } catch (...) {
-        kanko.lines = former;
-        throw;
+        fault.reset();
+    } catch (const Run_Time_Error& error) {
+        if (!fault) {
+            held = former;
+            throw;
+        }
+        fault = error;
     }
 }
 
-void Kanko_Entry::Take_Kanko_Avg(std::int32_t years) {
-    const std::int32_t former = kanko.Kanko_Avg;
-    try {
-        kanko.Kanko_Avg = years;
-        Calculate();
-    } catch (...) {
-        kanko.Kanko_Avg = former;
-        throw;
+void Kanko_Entry::Take(std::span<const Kanko_Entered> entered) {
+    auto lines = kanko.lines;
+    for (const Kanko_Entered& entry : entered) {
+        const Kanko_Column& column = Column(screen, entry.column);
+        Figure& figure = column.figure(lines[Line_Of_Row(entry.row)]);
+        if (entry.number) {
+            figure.Set(Within_Column(column.use, *entry.number));
+        } else {
+            figure.Set_Null();
+        }
     }
+    Change(kanko.lines, lines);
+}
+
+void Kanko_Entry::Take_Kanko_Avg(std::int32_t years) {
+    Change(kanko.Kanko_Avg, years);
 }
 
 std::optional<std::int32_t> Kanko_Entry::Shown(int row, int column) const {
@@ -81,14 +89,15 @@ std::optional<std::int32_t> Kanko_Entry::Shown(int row, int column) const {
     const Figure& figure = shown.figure(line);
     bool is_seen = figure.up;
     if (shown.use == Kanko_Use::Result || shown.use == Kanko_Use::Score) {
-        is_seen = Shows(line, shown.shows) && (shown.use == Kanko_Use::Result || index < scored_lines);
+        is_seen =
+            !fault && Shows(line, shown.shows) && (shown.use == Kanko_Use::Result || index < scored_lines);
     }
     return is_seen ? std::optional(figure.value) : std::nullopt;
 }
 
 std::optional<std::int32_t> Kanko_Entry::Shown_Total(int column) const {
     const auto total = Column(screen, column).total;
-    if (total == nullptr) {
+    if (total == nullptr || fault) {
         return std::nullopt;
     }
     return total(screen.gijutu ? kanko.motouke : kanko.totals, kanko.Kanko_Avg);
@@ -98,10 +107,13 @@ bool Kanko_Entry::Can_Check(int row) const {
     const std::size_t index = Line_Of_Row(row);
     const Work_Line& line = kanko.lines[index];
     const bool has_text = Shows(line, screen.gijutu ? Kanko_Shows::With_Any : Kanko_Shows::With_Work);
-    return has_text && index < scored_lines;
+    return !fault && has_text && index < scored_lines;
 }
 
 void Kanko_Entry::Save(const Session& session) const {
+    if (fault) {
+        throw Run_Time_Error(*fault);
+    }
     Save_Kanko(session, screen.scenario, kanko, screen.gijutu);
 }
 

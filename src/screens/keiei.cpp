@@ -30,7 +30,9 @@ std::string Fixed_Str(float figure, int decimals) {
     double decimal = 0.0;
     std::from_chars(digits.data(), end, decimal);
     const double scale = std::pow(10.0, decimals);
-    double rounded = std::round(decimal * scale) / scale;
+    // A float has at most nine digits, so that nothing but a half lies as near to a half.
+    constexpr double beyond_noise = 1.0 + 1e-12;
+    double rounded = std::round(decimal * scale * beyond_noise) / scale;
     if (rounded == 0.0) {
         rounded = 0.0; // no "-0.0"
     }

@@ -106,7 +106,6 @@ QPushButton* Form::Add_Help_Button() {
 
 QPushButton* Form::Add_Menu_Button() {
     QPushButton* button = Add_Button(QStringLiteral("Cmd_Mnu"), {}, nullptr, true);
-    button->setFocusPolicy(Qt::TabFocus); // a click leaves the entry where it is
     const auto say = [this, button] {
         button->setText(shell.Is_Menu_Shown() ? QStringLiteral("« ﾒﾆｭｰを隠す")
                                               : QStringLiteral("» ﾒﾆｭｰを表示"));
@@ -116,6 +115,9 @@ QPushButton* Form::Add_Menu_Button() {
     Wire(button, &QPushButton::clicked, [this, say] {
         shell.Toggle_Menu();
         say();
+        if (focusProxy() != nullptr) {
+            setFocus(Qt::OtherFocusReason); // the keying goes on where it was
+        }
     });
     return button;
 }

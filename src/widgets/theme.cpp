@@ -62,8 +62,8 @@ QPushButton[look="menu"]:hover { border-color: %accent; }
 QPushButton[look="menu"]:focus { border: 2px solid %accent; padding: 3px 7px; }
 QPushButton[look="menu"][open="true"] { background: %open; border-color: %accent; }
 QPushButton[look="menu"]:disabled { color: %disabled; background: #ECEEF0; border-color: #D9DDE2; }
-QPushButton[look="check_button"] { padding: 1px 8px; min-height: 20px; }
 QPushButton[look="menu"][open="true"]:disabled { background: %open; border-color: %accent; color: %text; }
+QPushButton[look="check_button"] { padding: 1px 8px; min-height: 20px; }
 QPushButton[look="choice"] { min-width: 180px; min-height: 44px; font-size: 14pt; font-weight: bold; }
 QPushButton[look="kana"] { padding: 0; min-width: 26px; min-height: 24px; }
 QPushButton[look="kana"]:checked { background: %accent; color: white; border-color: %accent; }

@@ -6,6 +6,7 @@
 #include "company/register.h"
 #include "data/store_file.h"
 #include "session/kidou_ini.h"
+#include "support/failing_writes.h"
 #include "support/ui_fixture.h"
 
 #include <QApplication>
@@ -192,6 +193,40 @@ TEST_F(Shell_Test, A_failing_store_names_its_file_and_ends_with_a_failure_status
     EXPECT_NE(*ended_with, 0);
     EXPECT_NE(messages.shown.back().text.find("000012.dat"), std::string::npos);
     EXPECT_EQ(Read_Kidou_Ini(folder.path).number, 12) << "the marker tells the next start";
+}
+
+TEST_F(Shell_Test, Sister_screens_are_one_screen_for_the_menu) {
+    ASSERT_TRUE(Start().running);
+    Take(12, "青葉建設");
+    Press("Cmd_Sim1");
+    Press("Cmd_GB(2)");
+    Frm_Main& frame = *shell->Frame();
+    const auto expect_open = [&](const char* form, bool menu) {
+        QApplication::processEvents();
+        ASSERT_EQ(frame.area->Forms().size(), 1);
+        EXPECT_EQ(frame.area->Top()->objectName().toStdString(), form);
+        EXPECT_EQ(Form::Of(QApplication::focusWidget()), frame.area->Top());
+        EXPECT_TRUE(shell->session.Edit_Flg);
+        EXPECT_TRUE(Child<QWidget>(frame, "Cmd_GB(2)")->property("open").toBool());
+        EXPECT_EQ(frame.command->isVisible(), menu);
+    };
+    expect_open("Frm_Kanko", true);
+    Press("Cmd_Mnu");
+    expect_open("Frm_Kanko", false);
+    {
+        const Failing_Writes failing(1, Failing_Writes::Manner::From_Then_On);
+        Press("edit_z");
+    }
+    EXPECT_EQ(messages.shown.back().title, "保存エラー");
+    expect_open("Frm_Kanko", false);
+    Press("edit_z");
+    expect_open("Frm_Kanko2", false);
+    Press("edit_x1");
+    expect_open("Frm_Kanko", false);
+    Press("Tojiru");
+    EXPECT_FALSE(shell->session.Edit_Flg);
+    EXPECT_TRUE(frame.command->isVisible()) << "the menu comes back with the last screen";
+    EXPECT_FALSE(Child<QWidget>(frame, "Cmd_GB(2)")->property("open").toBool());
 }
 
 TEST_F(Shell_Test, F1_opens_the_page_of_what_has_the_focus) {
