@@ -10,6 +10,9 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QShowEvent>
 #include <QVBoxLayout>
 
 namespace morvane {
@@ -62,21 +65,39 @@ Check_Screen* Check_Screen::Show_Beside(Form& owner, Shell_Port& shell, const QS
 }
 
 Check_Screen::Check_Screen(Shell_Port& shell_port, const QString& form, Check_Sheet the_sheet)
-    : Form(shell_port, form, Text(the_sheet.title)), sheet(std::move(the_sheet)) {
+    : Form(shell_port, form, Text(the_sheet.title)), sheet(std::move(the_sheet)), scroll(new QScrollArea) {
     Set_Sub_Title(Text(sheet.sub_title));
+    auto* whole = new QWidget;
+    content = new QVBoxLayout(whole);
+    content->setContentsMargins(0, 0, 0, 0);
+    content->setSpacing(theme::panel_gap);
     Add_Figures();
     Add_Formula();
     Add_Results();
     for (const std::string& closing : sheet.closing) {
         QLabel* label = Plain(Text(closing));
         theme::Set_Look(label, "muted");
-        body->addWidget(label);
+        content->addWidget(label);
     }
     for (const Check_Table& shown : sheet.tables) {
-        body->addWidget(new Check_Table_View(shown));
+        content->addWidget(new Check_Table_View(shown));
     }
-    body->addStretch(1);
+    content->addStretch(1);
+    scroll->setWidgetResizable(true);
+    scroll->setFocusPolicy(Qt::NoFocus);
+    scroll->setWidget(whole);
+    body->addWidget(scroll, 1);
     Add_Buttons();
+}
+
+// As large as its content where the display has the room; the sizes hold once the fonts are set.
+void Check_Screen::showEvent(QShowEvent* event) {
+    if (!event->spontaneous()) {
+        const QSize around = sizeHint() - scroll->sizeHint();
+        const QSize room = screen()->availableSize() - QSize(24, 48);
+        resize((scroll->widget()->sizeHint() + around).expandedTo(minimumSizeHint()).boundedTo(room));
+    }
+    Form::showEvent(event);
 }
 
 void Check_Screen::Add_Figures() {
@@ -109,7 +130,7 @@ void Check_Screen::Add_Figures() {
         grid->setColumnMinimumWidth(2, 24);
     }
     box->body->addLayout(grid);
-    body->addWidget(box);
+    content->addWidget(box);
 }
 
 void Check_Screen::Add_Formula() {
@@ -143,7 +164,7 @@ void Check_Screen::Add_Formula() {
         row->addStretch(1);
         box->body->addLayout(row);
     }
-    body->addWidget(box);
+    content->addWidget(box);
 }
 
 void Check_Screen::Add_Results() {
@@ -172,7 +193,7 @@ void Check_Screen::Add_Results() {
         grid->addWidget(value, row, 1);
     }
     box->body->addLayout(grid);
-    body->addWidget(box);
+    content->addWidget(box);
 }
 
 void Check_Screen::Add_Buttons() {

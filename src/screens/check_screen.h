@@ -6,6 +6,9 @@
 
 #include <QPointer>
 
+class QScrollArea;
+class QVBoxLayout;
+
 namespace morvane {
 
 /// A window that shows how a score came about, or a table of the law behind it: whatever its sheet says. It
@@ -19,6 +22,7 @@ class Check_Screen : public Form {
 
   protected:
     bool May_Close() override;
+    void showEvent(QShowEvent* event) override;
 
   private:
     Check_Screen(Shell_Port& shell_port, const QString& form, Check_Sheet the_sheet);
@@ -30,7 +34,9 @@ class Check_Screen : public Form {
     void Open_Table();
 
     Check_Sheet sheet;
-    QPointer<Check_Screen> table; ///< the window behind Cmd_Tbl while it is open
+    QScrollArea* scroll;
+    QVBoxLayout* content = nullptr; ///< what it scrolls
+    QPointer<Check_Screen> table;   ///< the window behind Cmd_Tbl while it is open
 };
 
 } // namespace morvane

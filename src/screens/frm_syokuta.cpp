@@ -21,8 +21,9 @@ namespace morvane {
 
 namespace {
 
-constexpr int beside_figure = 18;   // of a shown figure, so that it is as wide as an entry
-constexpr int longest_in_line = 21; // characters of a caption
+constexpr int beside_sheet = 12 + 14; // margins and scroll bar
+constexpr int beside_figure = 18;     // of a shown figure, so that it is as wide as an entry
+constexpr int longest_in_line = 21;   // characters of a caption
 constexpr int row_height = 26;
 constexpr int side = 10; // at the left and right inside a group
 
@@ -42,7 +43,7 @@ QLabel* Figure_Label(const Syokuta_Cell& cell, bool strong) {
     label->setFont(theme::Gothic(theme::body_points, strong));
     label->setTextFormat(Qt::PlainText);
     label->setFixedWidth(label->fontMetrics().horizontalAdvance(QLatin1Char('0')) * cell.digits +
-                         (strong ? 12 : beside_figure));
+                         (strong ? 10 : beside_figure));
     label->setFixedHeight(22);
     label->setContentsMargins(4, 0, 4, 0);
     label->setAutoFillBackground(true);
@@ -90,10 +91,11 @@ Frm_Syokuta::Frm_Syokuta(Shell_Port& shell_port)
             groups.push_back({&group, Make_Group(group)});
         }
     }
-    body->setContentsMargins(8, 8, 8, 8);
-    Arrange(true);
-    room_for_three = sheet->minimumSizeHint().width() + 16;
-    Arrange(false);
+    body->setContentsMargins(6, 8, 6, 8);
+    for (int count : {1, 2, 3}) {
+        Arrange(count);
+        room_for[static_cast<std::size_t>(count - 1)] = sheet->minimumSizeHint().width() + beside_sheet;
+    }
     scroll->setWidgetResizable(true);
     scroll->setFocusPolicy(Qt::NoFocus);
     scroll->setWidget(sheet);
@@ -246,16 +248,19 @@ void Frm_Syokuta::Add_Check(QHBoxLayout& line, const char* score) {
 
 // ---- layout
 
-void Frm_Syokuta::Arrange(bool three_columns) {
-    in_three = three_columns;
+int Frm_Syokuta::Column_Of(const Syokuta_Group& group) const {
+    return column_count == 1 ? 0 : column_count == 2 ? group.of_two : group.of_three;
+}
+
+void Frm_Syokuta::Arrange(int count) {
+    column_count = count;
     for (QVBoxLayout* column : columns) {
         while (QLayoutItem* item = column->takeAt(0)) {
             delete item;
         }
     }
     for (const Placed_Group& placed : groups) {
-        const int column = three_columns ? placed.group->of_three : placed.group->of_two;
-        columns[static_cast<std::size_t>(column)]->addWidget(placed.box);
+        columns[static_cast<std::size_t>(Column_Of(*placed.group))]->addWidget(placed.box);
     }
     auto* row = static_cast<QHBoxLayout*>(sheet->layout());
     for (std::size_t i = 0; i < columns.size(); ++i) {
@@ -265,11 +270,15 @@ void Frm_Syokuta::Arrange(bool three_columns) {
     }
 }
 
+// As many columns as there is room for.
 void Frm_Syokuta::resizeEvent(QResizeEvent* event) {
     Form::resizeEvent(event);
-    const bool three = event->size().width() >= room_for_three;
-    if (three != in_three) {
-        Arrange(three);
+    int count = 3;
+    while (count > 1 && event->size().width() < room_for[static_cast<std::size_t>(count - 1)]) {
+        --count;
+    }
+    if (count != column_count) {
+        Arrange(count);
     }
 }
 
@@ -367,7 +376,7 @@ void Frm_Syokuta::Step_Down(const Syokuta_Edit& from, int direction) {
     const auto column = [this](const QWidget& widget) {
         for (const Placed_Group& placed : groups) {
             if (placed.box->isAncestorOf(&widget)) {
-                return in_three ? placed.group->of_three : placed.group->of_two;
+                return Column_Of(*placed.group);
             }
         }
         return -1;

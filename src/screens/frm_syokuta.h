@@ -37,7 +37,8 @@ class Frm_Syokuta : public Form {
     QWidget* Make_Row(const Syokuta_Row& row);
     void Add_Cell(QHBoxLayout& line, const Syokuta_Cell& cell, const char* caption);
     void Add_Check(QHBoxLayout& line, const char* score);
-    void Arrange(bool three_columns);
+    [[nodiscard]] int Column_Of(const Syokuta_Group& group) const;
+    void Arrange(int count);
 
     void Show_W_2012();
     bool Take_Entry(Syokuta_Edit& edit);
@@ -65,8 +66,8 @@ class Frm_Syokuta : public Form {
     QScrollArea* scroll;
     QWidget* sheet;
     QLabel* hint;
-    int room_for_three = 0; ///< width of the screen that three columns need, pixels
-    bool in_three = false;
+    std::array<int, 3> room_for{}; ///< width of the screen that one, two, three columns need, pixels
+    int column_count = 0;
 };
 
 } // namespace morvane
