@@ -107,6 +107,7 @@ Frm_Syokuta::Frm_Syokuta(Shell_Port& shell_port)
     hint->setObjectName(QStringLiteral("Lbl_Hint"));
     hint->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     buttons->insertWidget(3, hint, 1);
+    buttons->setStretch(4, 0);
     auto* Tojiru = Add_Button(QStringLiteral("Tojiru"), QStringLiteral("閉じる"), "primary");
     connect(Tojiru, &QPushButton::clicked, this, &Frm_Syokuta::reject);
     if (entry.Fault()) {
