@@ -34,6 +34,7 @@ Grid_Column Column_Of(const Kanko_Column& column) {
         shown.format = [](const Value& value) { return QString::fromStdString(Comma_Str(value)); };
         break;
     case Kanko_Use::Check:
+        shown.button = "計算";
         shown.use = Cell_Use::Button;
         break;
     case Kanko_Use::Result:

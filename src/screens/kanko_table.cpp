@@ -40,13 +40,13 @@ constexpr const char* check = "計算チェック";
 
 // In the order of the notice of results: what was done, its averages, the scores they give.
 constexpr std::array kanko_columns = std::to_array<Kanko_Column>({
-    {"Zzki", "前々期", completed, Amount, 9, Of<&Work_Line::Zzki>, With_Work, Total<&Kanko_Totals::Zzki>},
-    {"Zki", "前期", completed, Amount, 9, Of<&Work_Line::Zki>, With_Work, Total<&Kanko_Totals::Zki>},
-    {"Kijun", "基準決算", completed, Amount, 9, Of<&Work_Line::Kijun>, With_Work,
+    {"Zzki", "前々期", completed, Amount, 8, Of<&Work_Line::Zzki>, With_Work, Total<&Kanko_Totals::Zzki>},
+    {"Zki", "前期", completed, Amount, 8, Of<&Work_Line::Zki>, With_Work, Total<&Kanko_Totals::Zki>},
+    {"Kijun", "基準決算", completed, Amount, 8, Of<&Work_Line::Kijun>, With_Work,
      Total<&Kanko_Totals::Kijun>},
-    {"Zheikin", "前平均", completed, Result, 9, Of<&Work_Line::Zheikin>, With_Work,
+    {"Zheikin", "前平均", completed, Result, 8, Of<&Work_Line::Zheikin>, With_Work,
      Total<&Kanko_Totals::Zheikin>},
-    {"Nheikin", "年平均", completed, Result, 9, Of<&Work_Line::Nheikin>, With_Work, Total_Of_Averages},
+    {"Nheikin", "年平均", completed, Result, 8, Of<&Work_Line::Nheikin>, With_Work, Total_Of_Averages},
     {"X1", "Ｘ１", score, Score, 5, Of<&Work_Line::X1>},
     {"Z", "Ｚ", score, Score, 5, Of<&Work_Line::Z>},
     {"P", "総合評点\n（Ｐ）", score, Score, 6, Of<&Work_Line::P>},

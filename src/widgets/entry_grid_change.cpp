@@ -121,6 +121,17 @@ bool Entry_Grid::Read_Cell(int column, const QString& text, Value& value) const 
     return true;
 }
 
+// The column of the grid that takes the column `offset` of a block whose first one is `first`.
+int Entry_Grid::Block_Column(int first, int offset) const {
+    int column = first;
+    for (; column < data->columnCount(); ++column) {
+        if (data->Column(column).in_blocks && offset-- == 0) {
+            return column;
+        }
+    }
+    return column + offset;
+}
+
 void Entry_Grid::Paste_Block(const QString& text) {
     if (current.row < 0) {
         return;
@@ -137,7 +148,7 @@ void Entry_Grid::Paste_Block(const QString& text) {
         const int columns = one ? marked.width() : static_cast<int>(line.size());
         for (int c = 0; c < columns; ++c) {
             const QString& cell = line[one ? 0 : static_cast<std::size_t>(c)];
-            const Cell_At at{marked.top() + r, marked.left() + c};
+            const Cell_At at{marked.top() + r, Block_Column(marked.left(), c)};
             Value value;
             if (!data->Has(at)) {
                 if (!cell.trimmed().isEmpty()) {
@@ -167,7 +178,9 @@ QString Entry_Grid::Copied_Text() const {
     for (int row = marked.top(); row <= marked.bottom(); ++row) {
         auto& line = block.emplace_back();
         for (int column = marked.left(); column <= marked.right(); ++column) {
-            line.push_back(QString::fromStdString(Get_Value(row, column).As_Text()));
+            if (data->Column(column).in_blocks) {
+                line.push_back(QString::fromStdString(Get_Value(row, column).As_Text()));
+            }
         }
     }
     return Write_Block(block);

@@ -119,6 +119,7 @@ QFrame[look="company"] { background: %accent; border: 0; border-radius: 4px; }
 QFrame[look="company"] QLabel { color: white; }
 QMdiArea { border: 0; }
 QScrollArea { border: 0; background: transparent; }
+QAbstractScrollArea::corner { border: 0; background: transparent; }
 QScrollBar { background: #EBEEF2; border: 0; }
 QScrollBar:vertical { width: 13px; }
 QScrollBar:horizontal { height: 13px; }
