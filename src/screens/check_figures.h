@@ -57,6 +57,14 @@ const std::vector<Sheet_Text>& W_Sheets();
 const std::vector<Sheet_Text>& XZP_Sheets();
 const std::vector<Sheet_Text>& Y1_Sheets();
 
+/// The points of an item of W, in a table that is marked where the item stands.
+void Table_Of_W2(const Check_Figures& f, Check_Sheet& sheet);
+void Table_Of_W3(const Check_Figures& f, Check_Sheet& sheet);
+void Table_Of_W4(const Check_Figures& f, Check_Sheet& sheet);
+void Table_Of_W6(const Check_Figures& f, Check_Sheet& sheet);
+void Table_Of_W7(const Check_Figures& f, Check_Sheet& sheet);
+void Table_Of_W8(const Check_Figures& f, Check_Sheet& sheet);
+
 inline std::string Number(std::int32_t value) {
     return Comma_Str(value);
 }

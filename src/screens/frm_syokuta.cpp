@@ -107,8 +107,13 @@ Frm_Syokuta::Frm_Syokuta(Shell_Port& shell_port)
     hint->setObjectName(QStringLiteral("Lbl_Hint"));
     hint->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     buttons->insertWidget(3, hint, 1);
+    buttons->setStretch(4, 0);
     auto* Tojiru = Add_Button(QStringLiteral("Tojiru"), QStringLiteral("閉じる"), "primary");
     connect(Tojiru, &QPushButton::clicked, this, &Frm_Syokuta::reject);
+    if (entry.Fault()) {
+        Tell(shell.session, "実行時エラー",
+             entry.Fault()->what() + std::string("\n保存されている数値を確認し、修正してください。"));
+    }
     Show_W_2012();
     setFocusProxy(edits.front());
 }
@@ -287,7 +292,8 @@ void Frm_Syokuta::resizeEvent(QResizeEvent* event) {
 void Frm_Syokuta::Show_W_2012() {
     const Syokuta& shown = entry.Shown();
     for (const Shown_Cell& shown_cell : labels) {
-        shown_cell.label->setText(QString::fromStdString(shown_cell.cell->shown(shown)));
+        shown_cell.label->setText(entry.Fault() ? QString()
+                                                : QString::fromStdString(shown_cell.cell->shown(shown)));
     }
     Social_Items items = shown.items;
     for (Syokuta_Edit* edit : edits) {
@@ -303,12 +309,12 @@ bool Frm_Syokuta::Take_Entry(Syokuta_Edit& edit) {
     bool taken = false;
     shell.Guard([&] {
         const std::int32_t value = edit.Number();
-        const std::string fault = Syokuta_Entry::Fault(edit.cell.name, value);
-        if (fault.empty()) {
+        const std::string refusal = Syokuta_Entry::Refusal(edit.cell.name, value);
+        if (refusal.empty()) {
             entry.Take(edit.cell.place, value);
             taken = true;
         } else {
-            Tell(shell.session, "入力エラー", fault);
+            Tell(shell.session, "入力エラー", refusal);
         }
     });
     if (!taken) {
@@ -335,6 +341,8 @@ std::string Frm_Syokuta::Store() {
         entry.Store(shell.session);
         return {};
     } catch (const Store_Error& error) {
+        return error.what();
+    } catch (const Run_Time_Error& error) {
         return error.what();
     }
 }

@@ -12,9 +12,14 @@ Syokuta_Entry::Syokuta_Entry(const Session& session, int scenario_number)
     // Found here, before anything is typed, and not on storing.
     Y_Calc().Calc_Y(figures.statement, figures.hokkaido, figures.corporation);
     screen.Load_W_2012(figures);
-    screen.x2.Calc_X2(figures, wzx, false);
     shown = screen;
-    screen.Calc_W_2012(figures, wzx);
+    try {
+        screen.x2.Calc_X2(figures, wzx, false);
+        shown = screen;
+        screen.Calc_W_2012(figures, wzx);
+    } catch (const Run_Time_Error& error) {
+        fault = error;
+    }
 }
 
 void Syokuta_Entry::Take(std::int32_t& (*place)(Social_Items&), std::int32_t value) {
@@ -23,14 +28,30 @@ void Syokuta_Entry::Take(std::int32_t& (*place)(Social_Items&), std::int32_t val
     if (next.items.JikoS == 0) {
         next.items.JikoS = 1;
     }
-    next.Calc_W_2012(figures, wzx);
-    Syokuta first_pass = next;
-    next.Calc_W_2012(figures, wzx);
+    try {
+        next.Calc_W_2012(figures, wzx);
+        const Syokuta first_pass = next;
+        next.Calc_W_2012(figures, wzx);
+        fault.reset();
+        shown = first_pass;
+    } catch (const Run_Time_Error& error) {
+        if (!fault) {
+            throw;
+        }
+        fault = error;
+        shown = next;
+    }
     screen = next;
-    shown = first_pass;
 }
 
-std::string Syokuta_Entry::Fault(const std::string& control, std::int32_t value) {
+void Syokuta_Entry::Store(const Session& session) const {
+    if (fault) {
+        throw Run_Time_Error(*fault);
+    }
+    Store_W_2012(session, scenario, screen);
+}
+
+std::string Syokuta_Entry::Refusal(const std::string& control, std::int32_t value) {
     for (const Social_Field& field : Social_Fields()) {
         if (field.control == control && value > field.limit) {
             return std::string(field.caption) + "は" + std::to_string(field.limit) +

@@ -272,14 +272,11 @@ std::vector<Syokuta_Group> Groups_Of_W2_To_W4() {
          .check = "W4",
          .of_two = 1,
          .of_three = 2,
-         .rows =
-             {{.caption = " ( 0無  1指示を受けた場合  2営業の全部もしくは一部の停止を命ぜられた場合)",
-               .cells =
-                   {{.name = "Horei",
-                     .place = One<&S::Horei>,
-                     .keys = "012",
-                     .hint =
-                         "0：無　1：指示を受けた場合　2：営業の全部もしくは一部の停止を命ぜられた場合"}}}}},
+         .rows = {{.caption = " ( 0無  1指示を受けた場合  2営業の全部もしくは一部の停止を命ぜられた場合)",
+                   .cells = {{.name = "Horei",
+                              .place = One<&S::Horei>,
+                              .keys = "012",
+                              .hint = "0：無　1：指示を受けた　2：営業の停止を命ぜられた"}}}}},
     };
 }
 

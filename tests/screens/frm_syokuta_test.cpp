@@ -264,10 +264,30 @@ TEST_F(Syokuta_Screen, What_Cannot_Be_Computed_Or_Stored_Goes_Back) {
     EXPECT_FALSE(form.isVisible());
 }
 
-TEST_F(Syokuta_Screen, Without_A_Score_Of_The_Statements_It_Does_Not_Open) {
+// Statements that changed under a stored choice: the screen opens without scores, stores nothing and lets the
+// choice be corrected.
+TEST_F(Syokuta_Screen, What_Is_Stored_And_Cannot_Be_Computed_Can_Be_Corrected) {
     Take_Sample("aoba_kensetsu.json", 4);
-    Put_Amounts({{319, 33'000'000'000.0}});
-    EXPECT_THROW(Frm_Syokuta{shell}, Run_Time_Error);
+    Put_Amounts({{319, 1'000'000.0}, {829, 70'000'000'000.0}});
+    Put_Elements({{1, 2}});
+    const std::string stored = List(stored_scores);
+    Frm_Syokuta form(shell);
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(messages.shown[0].title, "実行時エラー");
+    Show(form);
+    Enter(form, "Saisei", "1");
+    EXPECT_EQ(Shown(form, "X2") + Shown(form, "W"), "");
+    Click(form, "Tojiru");
+    EXPECT_TRUE(form.isVisible());
+    EXPECT_EQ(messages.shown.back().title, "保存エラー");
+    EXPECT_EQ(List(stored_scores), stored);
+    Enter(form, "JikoS(0)", "1");
+    EXPECT_NE(Shown(form, "W"), "");
+    Click(form, "Tojiru");
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_EQ(Now().Yoso(1), 1);
+    EXPECT_EQ(Now().Yoso(211), 1);
+    // Without Y there is nothing to correct here.
     Put_Amounts({{319, 0.0}, {229, 2'000'000'000'000.0}, {248, 2'000'000'000'000.0}});
     EXPECT_THROW(Frm_Syokuta{shell}, Run_Time_Error);
 }
