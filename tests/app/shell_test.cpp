@@ -112,6 +112,19 @@ TEST_F(Shell_Test, The_menu_waits_for_a_company_and_follows_it) {
     EXPECT_FALSE(Child<QWidget>(*shell->Frame(), "Mnu_KsZSon")->isVisible());
 }
 
+TEST_F(Shell_Test, A_panel_goes_with_the_company_it_was_opened_for) {
+    ASSERT_TRUE(Start().running);
+    Take(12, "青葉建設");
+    Press("Cmd_KsZ1");
+    Take(34, "港工務店");
+    EXPECT_FALSE(Child<QWidget>(*shell->Frame(), "Mnu_KsZTais")->isVisible());
+    Press("Cmd_KsZ1");
+    Start_New_Company(shell->session);
+    shell->Show_No_Company();
+    EXPECT_FALSE(Child<QWidget>(*shell->Frame(), "Mnu_KsZTais")->isVisible());
+    EXPECT_FALSE(Enabled("Cmd_KsT(0)")) << "nothing can be keyed into the store of nobody";
+}
+
 TEST_F(Shell_Test, A_screen_to_come_says_so_and_leaves_nothing_open) {
     ASSERT_TRUE(Start().running);
     Take(12, "青葉建設");
