@@ -7,16 +7,15 @@
 #include "company/register.h"
 #include "data/store_file.h"
 #include "session/program_folder.h"
+#include "times.h"
 #include "widgets/theme.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QProcess>
 #include <QPushButton>
-#include <algorithm>
 #include <cstdlib>
 #include <iostream>
-#include <vector>
 
 // How long the windows take, with real widgets on the offscreen platform: the start of the program to a menu
 // that is painted, the list of 10,000 companies, a filter, a check-out. Prints median and 95th percentile in
@@ -26,41 +25,6 @@ namespace morvane {
 namespace {
 
 constexpr int company_count = 10000;
-
-class Quiet_Messages : public Messages {
-  public:
-    Answer Show(const Message_Box& box) override { return box.default_answer; }
-};
-
-/// Everything that waits is done and painted.
-void Settle_Events() {
-    QApplication::sendPostedEvents();
-    QApplication::processEvents();
-}
-
-class Times {
-  public:
-    void Measure(const std::function<void()>& work) {
-        QElapsedTimer timer;
-        timer.start();
-        work();
-        Settle_Events();
-        Add(static_cast<double>(timer.nsecsElapsed()) / 1e6);
-    }
-    void Add(double milliseconds) { values.push_back(milliseconds); }
-
-    void Print(const char* name, double aim) {
-        std::sort(values.begin(), values.end());
-        const auto at = [&](double part) {
-            return values[static_cast<std::size_t>(part * static_cast<double>(values.size() - 1))];
-        };
-        std::printf("%-32s median %7.1f ms  p95 %7.1f ms  (aim %.0f ms, %zu runs)\n", name, at(0.5), at(0.95),
-                    aim, values.size());
-    }
-
-  private:
-    std::vector<double> values;
-};
 
 /// A register of many companies, two of which have data.
 void Make_Register(const std::filesystem::path& folder, Messages& messages) {

@@ -9,7 +9,10 @@
 #include "company/frm_jgsitei.h"
 #include "company/frm_kssitei.h"
 #include "report/report_window.h"
+#include "screens/frm_kanko.h"
+#include "screens/frm_keiei.h"
 #include "screens/frm_qanda.h"
+#include "screens/frm_syokuta.h"
 #include "screens/frm_ysisan.h"
 #include "zaimu/frm_kshendo.h"
 #include "zaimu/frm_kszaihyo.h"
@@ -24,6 +27,14 @@ namespace {
 template <class Screen>
 Form* Make(Shell_Port& shell) {
     return new Screen(shell);
+}
+
+// The screens of the work types are one class.
+Form* Make_Kanko(Shell_Port& shell) {
+    return new Frm_Kanko(shell, "Frm_Kanko");
+}
+Form* Make_Kanko2(Shell_Port& shell) {
+    return new Frm_Kanko(shell, "Frm_Kanko2");
 }
 
 constexpr auto form_rows = std::to_array<Form_Row>({
@@ -53,22 +64,22 @@ constexpr auto form_rows = std::to_array<Form_Row>({
     {"Frm_PrKSZaiSti", nullptr, true},
     {"Frm_YSisan", Make<Frm_YSisan>, true},
     // The review.
-    {"Frm_Keiei"},
+    {"Frm_Keiei", Make<Frm_Keiei>},
     {"Frm_KeieiKz"},
-    {"Frm_Y1_Calc_Check"},
+    {"Frm_Y1_Calc_Check", nullptr, false, "Calc_Check"},
     {"Frm_Ychart"},
     {"Frm_Advice"},
-    {"Frm_Syokuta"},
-    {"Frm_Syokuta_2011", nullptr, false, "Frm_Syokuta"},
-    {"Frm_Syokuta_2012", nullptr, false, "Frm_Syokuta"},
+    {"Frm_Syokuta", Make<Frm_Syokuta>},
+    {"Frm_Syokuta_2011", Make<Frm_Syokuta>, false, "Frm_Syokuta"},
+    {"Frm_Syokuta_2012", Make<Frm_Syokuta>, false, "Frm_Syokuta"},
     {"Frm_Syokutakaiz"},
     {"Frm_Syokutakaiz_2011", nullptr, false, "Frm_Syokutakaiz"},
     {"Frm_Syokutakaiz_2012", nullptr, false, "Frm_Syokutakaiz"},
     {"Frm_SyokutaHKzen"},
     {"Frm_SyokutaHKzen_2011", nullptr, false, "Frm_SyokutaHKzen"},
     {"Frm_SyokutaHKzen_2012", nullptr, false, "Frm_SyokutaHKzen"},
-    {"Frm_Kanko"},
-    {"Frm_Kanko2", nullptr, false, "Frm_Kanko"},
+    {"Frm_Kanko", Make_Kanko},
+    {"Frm_Kanko2", Make_Kanko2, false, "Frm_Kanko"},
     {"Frm_KankoKaiz"},
     {"Frm_KankoKaiz2", nullptr, false, "Frm_KankoKaiz"},
     {"Frm_KankoKaiz3", nullptr, false, "Frm_KankoKaiz"},
@@ -77,21 +88,21 @@ constexpr auto form_rows = std::to_array<Form_Row>({
     {"Frm_KankoKaiz3zen", nullptr, false, "Frm_KankoKaizzen"},
     {"Frm_Gekihen"},
     {"Frm_KzCopy", nullptr, true},
-    // How a score came about.
-    {"Frm_X2_Calc_Check"},
-    {"Frm_W1_Calc_Check"},
-    {"Frm_W1_Calc_Check2012", nullptr, false, "Frm_W1_Calc_Check"},
-    {"Frm_W2_Calc_Check"},
-    {"Frm_W2_Calc_Check_2011"},
-    {"Frm_W7_Calc_Check_2011"},
-    {"Frm_W8_Calc_Check_2011"},
-    {"Frm_W9_Calc_Check_2015"},
-    {"Frm_W10_Calc_Check_2021"},
-    {"Frm_W_Calc_Check_2011"},
-    {"Frm_XZP_Calc_Check"},
-    {"Frm_Zイ_Calc_Check"},
-    {"Frm_W2_Calc_Table"},
-    {"Frm_Calc_Tbl"},
+    // How a score came about: opened beside the screens that show the scores.
+    {"Frm_X2_Calc_Check", nullptr, false, "Calc_Check"},
+    {"Frm_W1_Calc_Check", nullptr, false, "Calc_Check"},
+    {"Frm_W1_Calc_Check2012", nullptr, false, "Calc_Check"},
+    {"Frm_W2_Calc_Check", nullptr, false, "Calc_Check"},
+    {"Frm_W2_Calc_Check_2011", nullptr, false, "Calc_Check"},
+    {"Frm_W7_Calc_Check_2011", nullptr, false, "Calc_Check"},
+    {"Frm_W8_Calc_Check_2011", nullptr, false, "Calc_Check"},
+    {"Frm_W9_Calc_Check_2015", nullptr, false, "Calc_Check"},
+    {"Frm_W10_Calc_Check_2021", nullptr, false, "Calc_Check"},
+    {"Frm_W_Calc_Check_2011", nullptr, false, "Calc_Check"},
+    {"Frm_XZP_Calc_Check", nullptr, false, "Calc_Check"},
+    {"Frm_Zイ_Calc_Check", nullptr, false, "Calc_Check"},
+    {"Frm_W2_Calc_Table", nullptr, false, "Calc_Check"},
+    {"Frm_Calc_Tbl", nullptr, false, "Calc_Check"},
     // Rating.
     {"Frm_Kakuduke"},
     {"Frm_HatyuSitei", nullptr, true},

@@ -163,6 +163,10 @@ Menu_Button* Frm_Command::Button(const char* name) const {
 
 void Frm_Command::Show_Company() {
     const Session& session = shell.session;
+    // A panel belongs to the company it was opened for.
+    if (open_panel != nullptr && panel_company != session.Kanri_No) {
+        Fold_Panel();
+    }
     KsKi_Dsp->setText(session.Syori_Ki != 0 || session.Is_Multi()
                           ? Text("第" + std::to_string(session.Syori_Ki) + "期")
                           : QStringLiteral("第   期"));
@@ -173,6 +177,7 @@ void Frm_Command::Show_Company() {
 }
 
 void Frm_Command::Show_No_Company() {
+    Fold_Panel();
     KsKi_Dsp->setText({});
     Show_Name(*SyaMei, QStringLiteral("事業所が指定されていません！"));
     area.Set_Hint(QStringLiteral("メニューの「事業所登録・指定」で、処理する事業所を指定してください。"));
@@ -207,7 +212,8 @@ void Frm_Command::Update_Enabled() {
                            Is_Enabled(button->entry, shell.session));
     }
     for (Menu_Button* button : panel_buttons) {
-        button->setEnabled(!button->entry.corporation_only || Is_Enabled(button->entry, shell.session));
+        button->setEnabled(button->entry.action == Menu_Action::Close_Panel ||
+                           Is_Enabled(button->entry, shell.session));
     }
 }
 
@@ -242,7 +248,6 @@ void Frm_Command::Press(Menu_Button& button) {
         Close_Panel();
         break;
     case Menu_Action::End:
-        Highlight(nullptr);
         normal_end();
         break;
     case Menu_Action::Open_Form:
@@ -257,6 +262,7 @@ void Frm_Command::Open_Panel(Menu_Button& button) {
     }
     open_panel = &Panel_Of(button.entry.target);
     panel_owner = &button;
+    panel_company = shell.session.Kanri_No;
     Update_Captions();
     Update_Enabled();
     panel_widgets[open_panel->name]->show();
@@ -272,13 +278,20 @@ void Frm_Command::Close_Panel() {
     }
     if (open_panel->statements) {
         Zaimu_Shukei(shell.session, 2);
+        Zaimu_Shukei_KK(shell.session);
     }
-    panel_widgets[open_panel->name]->hide();
-    panel_line->hide();
-    open_panel = nullptr;
+    Fold_Panel();
     Update_Captions();
     Update_Enabled();
     panel_owner->setFocus(Qt::TabFocusReason);
+}
+
+void Frm_Command::Fold_Panel() {
+    if (open_panel != nullptr) {
+        panel_widgets[open_panel->name]->hide();
+        panel_line->hide();
+        open_panel = nullptr;
+    }
 }
 
 void Frm_Command::Open_Screen(Menu_Button& button) {
@@ -324,13 +337,22 @@ void Frm_Command::Open_Form(const QString& form) {
     Screens_Closed();
 }
 
+void Frm_Command::Replace_Form(Form* screen, const QString& sister) {
+    replacing = true;
+    screen->reject();
+    replacing = false;
+    if (!area.Forms().contains(screen)) {
+        Open_Form(sister);
+    }
+}
+
 void Frm_Command::Screens_Closed() {
-    if (!area.Forms().isEmpty()) {
+    if (replacing || !area.Forms().isEmpty()) {
         return;
     }
+    show();
     Highlight(nullptr);
     shell.session.Edit_Flg = false;
-    setVisible(true);
     Update_Enabled();
     if (QWidget* focus = window()->focusWidget(); focus == nullptr || !isAncestorOf(focus)) {
         Focus_First();

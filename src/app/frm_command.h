@@ -52,6 +52,9 @@ class Frm_Command : public QWidget {
     /// Opens a form of the table; the menu keeps track of it.
     void Open_Form(const QString& form);
 
+    /// Closes a screen and opens its sister in its place: for the menu they are one screen.
+    void Replace_Form(Form* screen, const QString& sister);
+
     /// Puts the focus on the first button that can be pressed.
     void Focus_First();
 
@@ -70,6 +73,7 @@ class Frm_Command : public QWidget {
     void Press(Menu_Button& button);
     void Open_Panel(Menu_Button& button);
     void Close_Panel();
+    void Fold_Panel();
     void Open_Screen(Menu_Button& button);
     void Highlight(Menu_Button* button);
     void Screens_Closed();
@@ -89,7 +93,9 @@ class Frm_Command : public QWidget {
     std::map<std::string, QWidget*> panel_widgets;
     const Menu_Panel* open_panel = nullptr;
     Menu_Button* panel_owner = nullptr;
+    std::int32_t panel_company = 0; ///< company in hand when the panel was opened
     Menu_Button* Last_Button = nullptr;
+    bool replacing = false; ///< one screen has closed and its sister is to come
 };
 
 } // namespace morvane

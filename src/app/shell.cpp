@@ -38,6 +38,7 @@ Shell::Start Shell::Sub_Main() {
             return;
         }
         own_session = Make_Session(own_session.App_Path, messages);
+        qApp->installEventFilter(this);
         if (!Has_Edition(Read_Install_Info(own_session.App_Path)) && !Choose_An_Edition()) {
             return;
         }
@@ -72,7 +73,6 @@ Shell::Start Shell::Load_Frame() {
     frame = std::make_unique<Frm_Main>(*this, Frm_Main::Hooks{[this] { Normal_End_By_Button(); },
                                                               [this] { return May_Close(); },
                                                               [this](QWidget* widget) { Help_For(widget); }});
-    qApp->installEventFilter(this);
     placement = std::make_unique<Window_Placement>(own_session.App_Path);
     placement->Follow(frame.get(), QSize(1320, 720));
     frame->show();
@@ -110,12 +110,20 @@ void Shell::Open_Form(const QString& form) {
     frame->command->Open_Form(form);
 }
 
-void Shell::Place(QWidget* window) {
-    placement->Follow(window, window->sizeHint());
+void Shell::Replace_Form(Form* screen, const QString& sister) {
+    frame->command->Replace_Form(screen, sister);
 }
 
 void Shell::Toggle_Menu() {
-    frame->command->setVisible(!frame->command->isVisible());
+    frame->command->setHidden(Is_Menu_Shown());
+}
+
+bool Shell::Is_Menu_Shown() const {
+    return !frame->command->isHidden();
+}
+
+void Shell::Place(QWidget* window) {
+    placement->Follow(window, window->testAttribute(Qt::WA_Resized) ? window->size() : window->sizeHint());
 }
 
 QWidget* Shell::Window() {
@@ -166,7 +174,7 @@ bool Shell::Guard(const std::function<void()>& work) {
 void Shell::Fail(const std::string& title, const std::string& text) {
     // Every store is closed by now: nothing is open outside of a routine, and its transaction went back.
     Show_Message(own_session, {.title = title,
-                               .text = text + "\n\nプログラムを終了します。入力済みのデータは失われません。",
+                               .text = text + "\n\nプログラムを終了します。保存済みのデータは失われません。",
                                .icon = Icon::Warning,
                                .beep = true});
     end_process(1);

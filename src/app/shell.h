@@ -39,7 +39,9 @@ class Shell : public QObject, public Shell_Port {
     void Show_No_Company() override;
     void Show_Registered() override;
     void Open_Form(const QString& form) override;
+    void Replace_Form(Form* screen, const QString& sister) override;
     void Toggle_Menu() override;
+    [[nodiscard]] bool Is_Menu_Shown() const override;
     void Show_Help(const QString& form) override;
     void Place(QWidget* window) override;
     bool Guard(const std::function<void()>& work) override;

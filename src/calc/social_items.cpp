@@ -1,6 +1,10 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "calc/social_items.h"
 
+#include "calc/wzx_calc.h"
+
+#include <algorithm>
+
 namespace morvane {
 
 namespace {
@@ -75,6 +79,18 @@ std::span<const Social_Field> Social_Fields() {
     return fields;
 }
 
+W1_Count Count_W1(const Social_Items& items, const Law_Year& law) {
+    const auto insurances_end = items.Rf1.begin() + law.insurances;
+    return {static_cast<std::int32_t>(std::count(insurances_end, insurances_end + law.schemes, 1)),
+            static_cast<std::int32_t>(std::count(items.Rf1.begin(), insurances_end, 0))};
+}
+
+std::int16_t Calc_W1(const Social_Items& items, const Law_Year& law) {
+    const auto [joined, missing] = Count_W1(items, law);
+    return law.deduct_40 ? WZX_Calc().Calc_W1_Ten_40(joined, missing)
+                         : WZX_Calc().Calc_W1_Ten_30(joined, missing);
+}
+
 void Social_Items::Load(const Review_Figures& figures) {
     *this = {};
     const int law = Law_Of(figures.law_year).code;
@@ -85,6 +101,7 @@ void Social_Items::Load(const Review_Figures& figures) {
             field.place(*this) = figures.Yoso(field.code, field.limit);
         }
     }
+    RF1_Ten = Calc_W1(*this, Law_Of(figures.law_year));
     const std::int32_t years = figures.Yoso(201);
     if (years != 0) {
         keiri_kandaka = figures.Yoso(years == 2 ? 202 : 203);

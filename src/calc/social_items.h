@@ -15,6 +15,7 @@ namespace morvane {
 struct Social_Items {
     std::int32_t JikoS = 1;               ///< equity basis: 1 base period, 2 two-period average
     std::array<std::int32_t, 6> Rf1{};    ///< insurances and schemes of W1, elements 101 to 106
+    std::int32_t RF1_Ten = 0;             ///< what Rf1 alone gives; not stored
     std::int32_t RF_Ten = 0;              ///< W1
     std::int32_t Enen = 0;                ///< years in business
     std::int32_t Saisei = 0;              ///< rehabilitation or reorganisation
@@ -57,6 +58,15 @@ struct Social_Items {
     /// 203) and the law year itself (210) belong to others.
     void Store(Review_Figures& figures) const;
 };
+
+/// W1 as insurances and schemes alone give it: each insurance answered 0 deducts, each scheme answered 1
+/// adds.
+struct W1_Count {
+    std::int32_t joined = 0;  ///< Y1, schemes answered 1
+    std::int32_t missing = 0; ///< Y2, insurances answered 0
+};
+W1_Count Count_W1(const Social_Items& items, const Law_Year& law);
+std::int16_t Calc_W1(const Social_Items& items, const Law_Year& law);
 
 /// One row of the field list: element, place, law years, the limit above which a stored value reads as 0.
 struct Social_Field {

@@ -393,7 +393,8 @@ std::string Comma_Text(std::int32_t value) {
     return text;
 }
 
-/// An amount of thousand yen in 億円 and 万円. The bounds of the tables are whole 万円.
+} // namespace
+
 std::string Oku_Man_Text(std::int32_t thousand_yen) {
     constexpr std::int32_t oku = 100'000;
     constexpr std::int32_t man = 10;
@@ -406,6 +407,8 @@ std::string Oku_Man_Text(std::int32_t thousand_yen) {
     }
     return text + "円";
 }
+
+namespace {
 
 std::string Limit_Text(const Ten_Table& table, std::int32_t limit) {
     return &table == &Ten_Z1 ? Comma_Text(limit) : Oku_Man_Text(limit);

@@ -50,6 +50,9 @@ struct Ten_Result {
 /// them Run_Time_Error (overflow) is raised, so the uppermost rows cannot be used in full.
 [[nodiscard]] Ten_Result Ten_Lookup(const Ten_Table& table, std::int32_t v);
 
+/// An amount of whole 万円, given in thousand yen, in 億円 and 万円.
+[[nodiscard]] std::string Oku_Man_Text(std::int32_t thousand_yen);
+
 /// What the table screen shows of one table.
 struct Tbl_Lists {
     std::string heading;

@@ -69,31 +69,18 @@ constexpr std::int16_t jisedai_points[] = {0, 5, 3, 3};
 constexpr std::int16_t youth_points[] = {0, 4};
 constexpr std::int16_t rireki_points[] = {0, 10, 5, 5, 15, 10};
 
-/// Weighted accountants needed for 10, 8, 6, 4 and 2 points while the completed work is at most `to`.
-struct W5_Band {
-    std::int32_t to;
-    float needed[5];
-};
-
 constexpr float none = std::numeric_limits<float>::infinity();
-constexpr std::int16_t w5_points[] = {10, 8, 6, 4, 2};
-constexpr W5_Band w5_bands[] = {
-    {99'999, {0.4F, none, none, none, none}},     {999'999, {1.2F, 0.8F, 0.4F, none, none}},
-    {3'999'999, {2.4F, 1.6F, 1.2F, 0.8F, 0.4F}},  {14'999'999, {4.4F, 3.2F, 2.4F, 1.2F, 0.8F}},
-    {59'999'999, {8.8F, 6.8F, 4.8F, 2.8F, 1.6F}},
+constexpr W5_Row w5_rows[] = {
+    {60'000'000, {13.6F, 10.8F, 7.2F, 5.2F, 2.8F}}, {15'000'000, {8.8F, 6.8F, 4.8F, 2.8F, 1.6F}},
+    {4'000'000, {4.4F, 3.2F, 2.4F, 1.2F, 0.8F}},    {1'000'000, {2.4F, 1.6F, 1.2F, 0.8F, 0.4F}},
+    {100'000, {1.2F, 0.8F, 0.4F, none, none}},      {0, {0.4F, none, none, none, none}},
 };
-/// From 60,000,000 thousand yen on; a negative total is held against it too.
-constexpr float w5_needed_top[] = {13.6F, 10.8F, 7.2F, 5.2F, 2.8F};
 
+// A negative total is held against the highest row.
 std::span<const float> W5_Needed(std::int32_t kanko) {
-    if (kanko >= 0) {
-        for (const W5_Band& band : w5_bands) {
-            if (kanko <= band.to) {
-                return band.needed;
-            }
-        }
-    }
-    return w5_needed_top;
+    const auto* const row = std::find_if(std::begin(w5_rows), std::end(w5_rows),
+                                         [kanko](const W5_Row& r) { return kanko >= r.from; });
+    return (row == std::end(w5_rows) ? *std::begin(w5_rows) : *row).needed;
 }
 
 std::int16_t W5_Points(std::int32_t kanko, float accountants) {
@@ -158,10 +145,7 @@ std::int16_t WZX_Calc::Calc_X2_2_Ten(std::int32_t rieki) {
 std::int32_t WZX_Calc::Calc_Z1_Ten(std::int32_t gijutu_1, std::int32_t gijutu_2, std::int32_t gijutu_3,
                                    std::int32_t gijutu_4, std::int32_t gijutu_5,
                                    std::int32_t gijutu_6) const {
-    const std::int64_t value = std::int64_t{gijutu_1} * 6 + std::int64_t{gijutu_2} * 5 +
-                               std::int64_t{gijutu_3} * 3 + std::int64_t{gijutu_4} * 2 +
-                               std::int64_t{gijutu_5} + std::int64_t{gijutu_6} * 4;
-    return Ten_Lookup(Ten_Z1, Narrow<std::int32_t>(value, "技術職員数値")).ten;
+    return Ten_Lookup(Ten_Z1, Z1_Value({gijutu_1, gijutu_2, gijutu_3, gijutu_4, gijutu_5, gijutu_6})).ten;
 }
 
 std::int16_t WZX_Calc::Calc_Z2_Ten_A(std::int32_t mnheikin) {
@@ -274,12 +258,29 @@ std::int16_t WZX_Calc::Calc_W_2008(std::int16_t w1, std::int16_t w2, std::int16_
 std::int16_t WZX_Calc::Calc_W_2011(std::int16_t w1, std::int16_t w2, std::int16_t w3, std::int16_t w4,
                                    std::int16_t w5, std::int16_t w6, std::int16_t w7, std::int16_t w8,
                                    const std::optional<Review_Date>& date) {
-    constexpr Review_Date cut_off{2023, 8, 14};
     if (date) {
         last_date = date;
     }
-    const int share = last_date && *last_date >= cut_off ? 175 : 190;
-    return static_cast<std::int16_t>(share * Tenfold_Sum({w1, w2, w3, w4, w5, w6, w7, w8}) / 200);
+    return static_cast<std::int16_t>(W_Share(last_date) * Tenfold_Sum({w1, w2, w3, w4, w5, w6, w7, w8}) /
+                                     200);
+}
+
+std::int32_t Z1_Value(const std::array<std::int32_t, 6>& gijutusya) {
+    constexpr std::array<std::int64_t, 6> weights = {6, 5, 3, 2, 1, 4};
+    std::int64_t value = 0;
+    for (std::size_t i = 0; i < weights.size(); ++i) {
+        value += weights[i] * gijutusya[i];
+    }
+    return Narrow<std::int32_t>(value, "技術職員数値");
+}
+
+int W_Share(const std::optional<Review_Date>& date) {
+    constexpr Review_Date cut_off{2023, 8, 14};
+    return date && *date >= cut_off ? 175 : 190;
+}
+
+std::span<const W5_Row> W5_Rows() {
+    return w5_rows;
 }
 
 double Young_Rate(std::int32_t young, std::int32_t all) {

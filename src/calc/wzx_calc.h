@@ -1,9 +1,11 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
+#include <array>
 #include <compare>
 #include <cstdint>
 #include <optional>
+#include <span>
 
 namespace morvane {
 
@@ -128,6 +130,22 @@ class WZX_Calc {
   private:
     std::optional<Review_Date> last_date;
 };
+
+/// The two hundredths of the tenfold sum that W is from law year 2011 on: 175 for a review base date from
+/// 14 August 2023 on, 190 before and without a date.
+[[nodiscard]] int W_Share(const std::optional<Review_Date>& date);
+
+/// Weighted accountants needed for W5 while the completed work (thousand yen) is at least `from` and below
+/// the `from` of the row before, highest first; infinite where a step does not exist.
+struct W5_Row {
+    std::int32_t from;
+    std::array<float, 5> needed; ///< by w5_points
+};
+[[nodiscard]] std::span<const W5_Row> W5_Rows();
+inline constexpr std::array<std::int16_t, 5> w5_points = {10, 8, 6, 4, 2};
+
+/// The engineer value of Z1 from the six counts of a work type. Overflow when it leaves 32 bits.
+[[nodiscard]] std::int32_t Z1_Value(const std::array<std::int32_t, 6>& gijutusya);
 
 /// Young engineers in percent of all, floored. Division_By_Zero when there are no engineers: the caller then
 /// keeps the former rate and score.

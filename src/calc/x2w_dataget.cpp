@@ -64,18 +64,17 @@ void X2_Calc::Calc_X2(const Review_Figures& figures, WZX_Calc& wzx, bool keep_ba
         JikoS = stored == 0 ? 1 : stored;
     }
     const Statement_Figures& s = figures.statement;
-    const std::int32_t equity = s.Get_Y_Kamoku(319);
-    const std::int32_t equity_zenki = s.Get_Y_Kamoku(829);
-    const std::int32_t profit =
-        Add32(s.Get_Y_Kamoku(469), Sum(s, {436, 724, 729, figures.hokkaido ? 552 : 536}), what_x2);
-    const std::int32_t profit_zenki = Add32(s.Get_Y_Kamoku(832), Sum(s, {831, 835, 836, 837}), what_x2);
+    Jiko = {s.Get_Y_Kamoku(829), s.Get_Y_Kamoku(319)};
+    Eigyo = {s.Get_Y_Kamoku(832), s.Get_Y_Kamoku(469)};
+    Genka = {Sum(s, {831, 835, 836, 837}), Sum(s, {436, 724, 729, figures.hokkaido ? 552 : 536})};
+    for (std::size_t period = 0; period < Rieki.size(); ++period) {
+        Rieki[period] = Add32(Eigyo[period], Genka[period], what_x2);
+    }
 
-    Jiko_Ki = {equity, equity_zenki};
-    Rieki_Ki = {profit, profit_zenki};
-    X2_Jiko = JikoS == 1 ? equity : Floor_Half(Add32(equity, equity_zenki, what_x2));
+    X2_Jiko = JikoS == 1 ? Jiko[1] : Floor_Half(Add32(Jiko[1], Jiko[0], what_x2));
     X2_Jiko_Used = X2_Jiko < 0 ? 0 : X2_Jiko;
     X2_1_Ten = wzx.Calc_X2_1_Ten(X2_Jiko_Used);
-    X2_Rieki = Floor_Half(Add32(profit, profit_zenki, what_x2));
+    X2_Rieki = Floor_Half(Add32(Rieki[1], Rieki[0], what_x2));
     X2_Rieki_Used = X2_Rieki < 0 ? 0 : X2_Rieki;
     X2_2_Ten = wzx.Calc_X2_2_Ten(X2_Rieki_Used);
     const auto half = static_cast<std::int16_t>(Floor_Half(Add16(X2_1_Ten, X2_2_Ten, what_x2)));

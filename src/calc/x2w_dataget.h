@@ -28,13 +28,17 @@ Review_Figures Load_Review(const Connection& cn, int period, const Scenario& sce
 /// The equity and profit score X2 and what led to it, thousand yen and points.
 class X2_Calc {
   public:
+    // What leads to them, by period: 0 the one before, 1 the current one.
+    std::array<std::int32_t, 2> Jiko{};  ///< 自己資本額
+    std::array<std::int32_t, 2> Eigyo{}; ///< 営業利益
+    std::array<std::int32_t, 2> Genka{}; ///< 減価償却実施額
+    std::array<std::int32_t, 2> Rieki{}; ///< 利払前税引前償却前利益, the sum of the two
+
     std::int32_t JikoS = 1;         ///< basis: 1 base period, else two-period average
     std::int32_t X2_Jiko = 0;       ///< 自己資本額
     std::int32_t X2_Jiko_Used = 0;  ///< the same, not below 0
     std::int32_t X2_Rieki = 0;      ///< 平均利益額 (利払前税引前償却前利益, two periods)
     std::int32_t X2_Rieki_Used = 0; ///< the same, not below 0
-    std::array<std::int32_t, 2> Jiko_Ki{};  ///< 自己資本額 of the base period and of the one before
-    std::array<std::int32_t, 2> Rieki_Ki{}; ///< 利払前税引前償却前利益 of both
     std::int16_t X2_1_Ten = 0;
     std::int16_t X2_2_Ten = 0;
     std::int16_t X2_Ten = 0; ///< X2, at least 454

@@ -88,6 +88,7 @@ class Company_Saving {
         }
         Show_Message(session, {.title = "保存確認", .text = "編集中のデータを一旦保存します。"});
         Change_In_Place();
+        Set_Session(Outcome::Saved);
         return {Outcome::Saved, ""};
     }
 
@@ -96,7 +97,7 @@ class Company_Saving {
         session.Kanri_No = number;
         session.Jigyo_Name = entry.Text("SyaMei");
         session.Syori_Ki = period;
-        if (is_new || type_changes) {
+        if (is_new || type_changes || session.Hojin_Kojin != hojin_kojin) {
             session.Hojin_Kojin = hojin_kojin;
         }
         if (outcome == Outcome::Registered) {
@@ -321,9 +322,6 @@ Save_Result Leave_Period(Session& session, Company_Entry& entry) {
         Keep_Stored_Where_Not_Whole(interim, Load_Company(session, Company_Screen::Jgmas));
         return saving.emplace(session, Company_Screen::Jgmas, interim).Shift_Now();
     });
-    if (result.outcome == Outcome::Saved) {
-        saving->Set_Session(result.outcome);
-    }
     entry.texts["Ks_ki"] = interim.Text("Ks_ki");
     return result;
 }

@@ -2,6 +2,7 @@
 #include "company/datacheck.h"
 
 #include "calc/x2w_dataget.h"
+#include "company/register.h"
 #include "company/table_edit.h"
 #include "data/store_file.h"
 #include "session/kidou_ini.h"
@@ -49,6 +50,30 @@ void Check_In_And_Release(Session& session) {
     session.Jigyo_Name.clear();
 }
 
+namespace {
+
+/// The working store says whose it is: a file that came from elsewhere may hold another number or none.
+void Put_Number(const Session& session) {
+    const Connection cn = Cn_Open(session);
+    Recordset firm = cn.Open("SELECT * FROM Jigyo_mas");
+    const bool is_there = !firm.Eof();
+    if (is_there && firm["管理No"].As_Integer() == session.Kanri_No && !firm["管理No"].Is_Null()) {
+        return;
+    }
+    Transaction transaction(cn);
+    if (!is_there) {
+        firm.Add_New();
+        firm.Set("事業所名", session.Jigyo_Name);
+        firm.Set("法人個人識別", session.Hojin_Kojin);
+        firm.Set("処理決算期", session.Syori_Ki);
+    }
+    firm.Set("管理No", session.Kanri_No);
+    firm.Update();
+    transaction.Commit();
+}
+
+} // namespace
+
 void Check_Out(Session& session, std::int32_t number, const std::string& name) {
     const std::filesystem::path wanted = Company_Store(session, number);
     std::optional<File_Replacement> saved;
@@ -57,7 +82,7 @@ void Check_Out(Session& session, std::int32_t number, const std::string& name) {
                                                    Company_Store(session, session.Kanri_No), session.Db_Key));
     }
     // The company in hand is taken again from what has just been saved.
-    const bool same = saved && session.Kanri_No == number;
+    const bool same = saved && Company_Store(session, session.Kanri_No) == wanted;
     File_Replacement working =
         File_Replacement::With_Store(same ? session.Work_Store : wanted, session.Work_Store, session.Db_Key);
     Session next = session;
@@ -65,6 +90,7 @@ void Check_Out(Session& session, std::int32_t number, const std::string& name) {
     next.Jigyo_Name = name;
     next.Work_Store = working.Draft();
     try {
+        Put_Number(next);
         Company_Reload(next);
     } catch (const Store_Error& error) {
         throw Store_Error(wanted, error.reason, error.what());
@@ -99,7 +125,7 @@ void Settle_Marker(const Session& session) {
         return;
     }
     const auto number = static_cast<std::int32_t>(firm["管理No"].As_Integer());
-    if (number != marker.number) {
+    if (number != marker.number && Find_Register_Row(session, number)) {
         Write_Kidou_Ini(session.App_Path, {number, firm["事業所名"].As_Text()});
     }
 }
@@ -119,7 +145,7 @@ void Jigyo_Init(const Session& session, const Install_Info& info) {
     firm.Set("地域CD", info.tiiki_cd);
     firm.Set("地域名", info.todofuken_mei);
     firm.Set("事業所名", info.office_name);
-    firm.Set("法人個人識別", info.hojin_kojin);
+    firm.Set("法人個人識別", info.hojin_kojin == 1 ? 1 : 2);
     firm.Set("処理決算期", info.syori_ki);
     firm.Set("UserID", info.user_id);
     for (const char* column :

@@ -125,11 +125,13 @@ class Frm_Company : public Form {
         }
         Align_Captions();
         body->addStretch(1);
-        Add_Help_Button();
-        Wire(Add_Button(QStringLiteral("Cmd_Excute"), QStringLiteral("保存終了"), "primary"),
-             &QPushButton::clicked, [this] { Save(); });
-        connect(Add_Button(QStringLiteral("Cmd_Cancel"), QStringLiteral("キャンセル")), &QPushButton::clicked,
-                this, [this] { reject(); });
+        QPushButton* help = Add_Help_Button();
+        QPushButton* excute = Add_Button(QStringLiteral("Cmd_Excute"), QStringLiteral("保存終了"), "primary");
+        QPushButton* cancel = Add_Button(QStringLiteral("Cmd_Cancel"), QStringLiteral("キャンセル"));
+        Wire(excute, &QPushButton::clicked, [this] { Save(); });
+        connect(cancel, &QPushButton::clicked, this, [this] { reject(); });
+        // Whoever keys with Enter comes from the last entry to 保存終了.
+        setTabOrder(cancel, help);
         loaded = Load_Company(shell.session, screen);
         Show_Entry(loaded);
         forms.front()->Focus(screen == Company_Screen::Jg_New ? "JigyoCD" : "SyaMei");

@@ -42,13 +42,17 @@ Frm_JGSitei::Frm_JGSitei(Shell_Port& shell_port)
     body->addLayout(row, 1);
     Build_Buttons();
     resize(820, 620);
-    if (shell.session.Kanri_No != 0) {
-        Set_Sub_Title(QStringLiteral("指定中：%1　%2")
-                          .arg(shell.session.Kanri_No)
-                          .arg(QString::fromStdString(shell.session.Jigyo_Name)));
-    }
+    Show_In_Hand();
     Load_List();
     list->setFocus();
+}
+
+void Frm_JGSitei::Show_In_Hand() {
+    const Session& session = shell.session;
+    Set_Sub_Title(session.Kanri_No == 0 ? QString()
+                                        : QStringLiteral("指定中：%1　%2")
+                                              .arg(session.Kanri_No)
+                                              .arg(QString::fromStdString(session.Jigyo_Name)));
 }
 
 void Frm_JGSitei::Build_List(QBoxLayout& place) {
@@ -126,6 +130,7 @@ void Frm_JGSitei::Take() {
         return;
     }
     shell.Show_Company();
+    Show_In_Hand();
     if (taken == Taken::In_Hand) {
         Close_Form();
     }

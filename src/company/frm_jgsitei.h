@@ -21,6 +21,7 @@ class Frm_JGSitei : public Form {
     void Build_Kana_Table(QBoxLayout& place);
     void Build_Buttons();
 
+    void Show_In_Hand();
     void Load_List();
     [[nodiscard]] std::optional<Register_Row> Chosen() const;
     void Take();

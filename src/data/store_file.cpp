@@ -131,6 +131,11 @@ void Drop_Journal(const fs::path& store) {
 void Copy_Content(const fs::path& from, const fs::path& to, const fs::path& shown) {
     const Descriptor in(from, O_RDONLY, "開く処理", from);
     const Descriptor out(to, O_WRONLY | O_CREAT | O_TRUNC, "書き込み", shown);
+    // Whoever may not read the one may not read the other.
+    struct stat status = {};
+    if (::stat(from.c_str(), &status) == 0) {
+        static_cast<void>(::chmod(to.c_str(), status.st_mode & 0777) == 0);
+    }
     std::vector<char> buffer(1U << 18U);
     while (const std::size_t size = in.Read_Some(buffer)) {
         out.Write_All(buffer.data(), size);

@@ -13,24 +13,21 @@ namespace morvane {
 
 namespace {
 
-constexpr const char* decimal_keys = "0123456789.";
 constexpr int most_copies = 255;
 
 constexpr Field entries[] = {
     {.name = "Ue_Mrg",
      .caption = "上余白",
-     .kind = Entry_Kind::Choice,
+     .kind = Entry_Kind::Decimal,
      .max_length = 6,
      .width = 7,
-     .hint = "mm",
-     .choices = decimal_keys},
+     .hint = "mm"},
     {.name = "Hida_Mrg",
      .caption = "左余白",
-     .kind = Entry_Kind::Choice,
+     .kind = Entry_Kind::Decimal,
      .max_length = 6,
      .width = 7,
-     .hint = "mm",
-     .choices = decimal_keys},
+     .hint = "mm"},
     {.name = "Busu",
      .caption = "印刷部数",
      .kind = Entry_Kind::Digits,

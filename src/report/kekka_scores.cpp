@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "report/kekka_rows.h"
 #include "report/kekka_sheet.h"
-#include "screens/y_texts.h"
+#include "screens/keiei.h"
 
 #include <array>
 
@@ -80,7 +80,7 @@ void Draw_Indicators(Page_Layout& page, const Area& area, const Kekka_Figures& k
     page.Pale(cells.X(1), area.top, cells.X(1), area.bottom);
     for (std::size_t i = 0; i < indicators.size(); ++i) {
         page.Text(cells.Cell(i, 0), indicators[i].label, label_type);
-        page.Text(cells.Cell(i, 1), Indicator_Text(kekka.y.Y_Kekka[i]), {font_p_gothic, 8.0F, Align::Right});
+        page.Text(cells.Cell(i, 1), Fixed_Str(kekka.y.Y_Kekka[i], 3), {font_p_gothic, 8.0F, Align::Right});
         page.Text(cells.Cell(i, 2), indicators[i].unit, columns[2].type);
     }
 }
@@ -156,14 +156,14 @@ void Draw_X2(Page_Layout& page, const Kekka_Figures& kekka) {
     const auto row = [&](std::size_t at, const char* label, const std::array<std::int32_t, 2>& ki,
                          const char* basis, std::int32_t used, std::int16_t score) {
         page.Text(cells.Cell(at, 0), label, label_type);
-        page.Text(cells.Cell(at, 1), Figure_Text(ki[0]), figure_type);
-        page.Text(cells.Cell(at, 2), Figure_Text(ki[1]), figure_type);
+        page.Text(cells.Cell(at, 1), Figure_Text(ki[1]), figure_type);
+        page.Text(cells.Cell(at, 2), Figure_Text(ki[0]), figure_type);
         page.Text(cells.Cell(at, 3), basis, columns[3].type);
         page.Text(cells.Cell(at, 4), Figure_Text(used), figure_type);
         page.Text(cells.Cell(at, 5), Figure_Text(score), score_type);
     };
-    row(1, "自己資本額", x2.Jiko_Ki, x2.JikoS == 1 ? "(基準)" : "(平均)", x2.X2_Jiko_Used, x2.X2_1_Ten);
-    row(2, "利益額", x2.Rieki_Ki, "(平均)", x2.X2_Rieki_Used, x2.X2_2_Ten);
+    row(1, "自己資本額", x2.Jiko, x2.JikoS == 1 ? "(基準)" : "(平均)", x2.X2_Jiko_Used, x2.X2_1_Ten);
+    row(2, "利益額", x2.Rieki, "(平均)", x2.X2_Rieki_Used, x2.X2_2_Ten);
     Draw_Total(page, x2_area, "（Ｘ2）", Figure_Text(x2.X2_Ten));
 }
 

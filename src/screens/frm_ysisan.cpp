@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "screens/frm_ysisan.h"
 
-#include "screens/y_texts.h"
+#include "screens/keiei.h"
 #include "widgets/theme.h"
 #include "widgets/total_panel.h"
 
@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <deque>
 
 namespace morvane {
 
@@ -16,23 +17,30 @@ namespace {
 
 constexpr int panel_width = 320;
 
-/// A panel of numbered controls ("Yoso(3)", "kekka3").
+/// The lines of a panel of numbered controls ("Yoso(3)", "kekka4").
 struct Numbered {
-    std::vector<std::string> names;
-    std::vector<Total_Field> fields;
+    std::deque<std::string> names;
+    std::deque<std::string> captions;
+
+    void Add(std::string name, std::string caption) {
+        names.push_back(std::move(name));
+        captions.push_back(std::move(caption));
+    }
 };
 
 template <std::size_t N>
-Numbered Number(const std::array<const char*, N>& captions, const std::string& before,
-                const std::string& after, std::size_t first) {
-    Numbered numbered;
+Total_Panel* Make_Panel(const QString& heading, const Numbered& lines,
+                        const std::array<std::string, N>& texts) {
+    std::vector<Total_Field> fields;
     for (std::size_t i = 0; i < N; ++i) {
-        numbered.names.push_back(before + std::to_string(i + first) + after);
+        fields.push_back({lines.names[i].c_str(), lines.captions[i].c_str()});
     }
+    auto* panel = new Total_Panel(heading, fields, 12);
+    panel->setMinimumWidth(panel_width);
     for (std::size_t i = 0; i < N; ++i) {
-        numbered.fields.push_back({numbered.names[i].c_str(), captions[i]});
+        panel->Set_Text(lines.names[i], QString::fromStdString(texts[i]));
     }
-    return numbered;
+    return panel;
 }
 
 } // namespace
@@ -41,27 +49,31 @@ Frm_YSisan::Frm_YSisan(Shell_Port& shell_port)
     : Form(shell_port, QStringLiteral("Frm_YSisan"), QStringLiteral("建設財務諸表入力時 Ｙ点試算")) {
     Y_Calc y;
     y.Calc_Y(shell.session, 1);
+    const Keiei_Texts texts = Show_Keiei(y);
 
-    const Numbered elements = Number(y_element_captions, "Yoso(", ")", 0);
-    auto* Yoso = new Total_Panel(QStringLiteral("８指標計算要素"), elements.fields);
-    for (std::size_t i = 0; i < y.Y_Yoso.size(); ++i) {
-        Yoso->Set_Value(elements.names[i], y.Y_Yoso[i]);
+    Numbered elements;
+    for (const Keiei_Element& element : keiei_elements) {
+        elements.Add("Yoso(" + std::to_string(elements.names.size()) + ")", element.caption);
     }
+    Total_Panel* Yoso = Make_Panel(QStringLiteral("８指標計算要素"), elements, texts.Yoso);
     auto* unit = new QLabel(QStringLiteral("金額単位：千円"));
     theme::Set_Look(unit, "muted");
     Yoso->body->insertWidget(0, unit, 0, Qt::AlignRight);
 
-    const Numbered indicators = Number(y_indicator_captions, "kekka", "", 1);
-    auto* kekka = new Total_Panel(QStringLiteral("８指標"), indicators.fields, 12);
-    for (std::size_t i = 0; i < y.Y_Kekka.size(); ++i) {
-        kekka->Set_Text(indicators.names[i], QString::fromStdString(Indicator_Text(y.Y_Kekka[i])));
+    Numbered indicators;
+    for (const Keiei_Indicator& indicator : keiei_indicators) {
+        const std::string number = std::to_string(indicators.names.size() + 1);
+        indicators.Add("kekka" + number, std::string(indicator.caption) + "（X" + number + "）");
     }
+    Total_Panel* kekka = Make_Panel(QStringLiteral("８指標"), indicators, texts.kekka);
+
     constexpr auto sum = Total_Field::Line::Sum;
     constexpr std::array<Total_Field, 2> score_fields = {
         {{"YTen", "経営状況点数", sum}, {"Y", "経営状況評点（Y）", sum}}};
     auto* score = new Total_Panel(QStringLiteral("評点"), score_fields, 12);
-    score->Set_Text("YTen", QString::fromStdString(Points_Text(y.Y_A_Ten)));
-    score->Set_Value("Y", static_cast<int>(y.Y_Ten));
+    score->Set_Text("YTen", QString::fromStdString(texts.YTen));
+    score->Set_Text("Y", QString::fromStdString(texts.Y));
+    score->setMinimumWidth(panel_width);
 
     auto* right = new QVBoxLayout;
     right->setSpacing(theme::panel_gap);
@@ -72,9 +84,6 @@ Frm_YSisan::Frm_YSisan(Shell_Port& shell_port)
     row->setSpacing(theme::panel_gap);
     row->addWidget(Yoso);
     row->addLayout(right);
-    for (Total_Panel* panel : {Yoso, kekka, score}) {
-        panel->setMinimumWidth(panel_width);
-    }
     body->addLayout(row);
 
     QPushButton* Tojiru = Add_Button(QStringLiteral("Tojiru"), QStringLiteral("閉じる"), "primary");

@@ -4,7 +4,6 @@
 #include "calc/checked.h"
 #include "calc/y_calc.h"
 
-#include <algorithm>
 #include <array>
 #include <string>
 
@@ -16,15 +15,6 @@ constexpr const char* what_w1 = "担い手の育成・確保に関する取組�
 
 std::int16_t Ten16(std::int32_t ten) {
     return Narrow<std::int16_t>(ten, "その他審査項目（Ｗ）");
-}
-
-/// W1 from the insurances (each answered 0 deducts) and the private schemes (each answered 1 adds).
-std::int16_t Calc_W1(const WZX_Calc& wzx, const Social_Items& items, const Law_Year& law) {
-    const auto insurances_end = items.Rf1.begin() + law.insurances;
-    const auto missing = static_cast<std::int32_t>(std::count(items.Rf1.begin(), insurances_end, 0));
-    const auto joined =
-        static_cast<std::int32_t>(std::count(insurances_end, insurances_end + law.schemes, 1));
-    return law.deduct_40 ? wzx.Calc_W1_Ten_40(joined, missing) : wzx.Calc_W1_Ten_30(joined, missing);
 }
 
 // Without technical staff the rates and their scores stay as they were.
@@ -52,7 +42,8 @@ void Syokuta::Calc_W_2012(const Review_Figures& figures, WZX_Calc& wzx) {
     Social_Items next = items;
     x2.JikoS = items.JikoS;
     x2.Calc_X2(figures, wzx, true);
-    next.RF_Ten = Calc_W1(wzx, next, law);
+    next.RF1_Ten = Calc_W1(next, law);
+    next.RF_Ten = next.RF1_Ten;
     if (law.has_additions) {
         next.wlb_ten = wzx.Calc_WLB_Ten(next.wlb[0], next.wlb[1], next.wlb[2]);
         next.rireki_ten = wzx.Calc_Rireki_Ten(next.rireki);

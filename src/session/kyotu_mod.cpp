@@ -8,6 +8,7 @@
 #include <spawn.h>
 #include <sys/socket.h>
 #include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
 
 extern char** environ;
@@ -84,8 +85,22 @@ bool Url_Open(const std::string& address) {
     if (posix_spawnp(&child, program.c_str(), nullptr, nullptr, arguments, environ) != 0) {
         return false;
     }
-    int status = 0;
-    return waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
+    // A launcher that knows the desktop ends at once and tells whether it worked; one that runs the browser
+    // itself goes on beside the program.
+    constexpr int patience_ms = 1500;
+    constexpr int step_ms = 20;
+    for (int waited = 0; waited < patience_ms; waited += step_ms) {
+        int status = 0;
+        if (waitpid(child, &status, WNOHANG) == child) {
+            return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+        }
+        usleep(step_ms * 1000);
+    }
+    std::thread([child] {
+        int status = 0;
+        waitpid(child, &status, 0);
+    }).detach();
+    return true;
 }
 
 namespace {

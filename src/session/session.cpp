@@ -23,7 +23,7 @@ void Take_Install_Info(Session& session, const Install_Info& info) {
     session.User_ID = info.user_id;
     session.Tiiki_CD = info.tiiki_cd.substr(0, 2);
     session.Todofuken_Mei = info.todofuken_mei;
-    session.Hojin_Kojin = info.hojin_kojin;
+    session.Hojin_Kojin = info.hojin_kojin == 1 ? 1 : 2;
     session.Syori_Ki = info.syori_ki;
     session.Kanri_No = info.kanri_no;
     session.Office_Name = info.office_name;

@@ -114,7 +114,8 @@ void Entry_Cell::Take_Pasted(const QString& pasted) {
         return;
     }
     bool refused = false;
-    const QString bare = kind == Entry_Kind::Amount ? Bare_Figure(pasted) : pasted.trimmed();
+    const bool is_figure = kind == Entry_Kind::Amount || kind == Entry_Kind::Digits;
+    const QString bare = is_figure ? Bare_Figure(pasted) : pasted.trimmed();
     QString figure = Filtered_Text(kind, choices, bare, refused);
     figure = Fitting(figure, refused);
     if (refused) {

@@ -242,7 +242,7 @@ void Entry_Grid::keyPressEvent(QKeyEvent* event) {
 QSize Entry_Grid::sizeHint() const {
     const int bar = view->verticalScrollBar()->sizeHint().width();
     int width = view->captions->isHidden() ? 0 : view->captions->Width();
-    width += view->header->length() + bar + 2;
+    width += view->header->length() + bar + 4;
     const int rows = data->rowCount() + static_cast<int>(totals.size());
     return {width, view->header->sizeHint().height() + rows * theme::cell_height + 4};
 }

@@ -191,6 +191,7 @@ class Entry_Grid : public QFrame {
     void Remember(std::vector<Change> changes);
     void Step(bool back);
     void Clear_Block();
+    [[nodiscard]] int Block_Column(int first, int offset) const;
     bool Read_Cell(int column, const QString& text, Value& value) const;
     [[nodiscard]] QRect Marked() const;
     [[nodiscard]] bool Has_Block() const { return !view->Block().isNull(); }

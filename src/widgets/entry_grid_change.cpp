@@ -106,7 +106,8 @@ void Entry_Grid::Clear_Block() {
 // A pasted text as an entry of a column; false where its key filter or length would not take it whole.
 bool Entry_Grid::Read_Cell(int column, const QString& text, Value& value) const {
     const Grid_Column& kind = data->Column(column);
-    const QString bare = kind.kind == Entry_Kind::Amount ? Bare_Figure(text)
+    const bool is_figure = kind.kind == Entry_Kind::Amount || kind.kind == Entry_Kind::Digits;
+    const QString bare = is_figure                       ? Bare_Figure(text)
                          : kind.kind == Entry_Kind::Text ? text.simplified()
                                                          : text.trimmed();
     bool refused = false;
@@ -118,6 +119,17 @@ bool Entry_Grid::Read_Cell(int column, const QString& text, Value& value) const 
     }
     value = Entry_Value(kind.kind, kept);
     return true;
+}
+
+// The column of the grid that takes the column `offset` of a block whose first one is `first`.
+int Entry_Grid::Block_Column(int first, int offset) const {
+    int column = first;
+    for (; column < data->columnCount(); ++column) {
+        if (data->Column(column).in_blocks && offset-- == 0) {
+            return column;
+        }
+    }
+    return column + offset;
 }
 
 void Entry_Grid::Paste_Block(const QString& text) {
@@ -136,7 +148,7 @@ void Entry_Grid::Paste_Block(const QString& text) {
         const int columns = one ? marked.width() : static_cast<int>(line.size());
         for (int c = 0; c < columns; ++c) {
             const QString& cell = line[one ? 0 : static_cast<std::size_t>(c)];
-            const Cell_At at{marked.top() + r, marked.left() + c};
+            const Cell_At at{marked.top() + r, Block_Column(marked.left(), c)};
             Value value;
             if (!data->Has(at)) {
                 if (!cell.trimmed().isEmpty()) {
@@ -166,7 +178,9 @@ QString Entry_Grid::Copied_Text() const {
     for (int row = marked.top(); row <= marked.bottom(); ++row) {
         auto& line = block.emplace_back();
         for (int column = marked.left(); column <= marked.right(); ++column) {
-            line.push_back(QString::fromStdString(Get_Value(row, column).As_Text()));
+            if (data->Column(column).in_blocks) {
+                line.push_back(QString::fromStdString(Get_Value(row, column).As_Text()));
+            }
         }
     }
     return Write_Block(block);

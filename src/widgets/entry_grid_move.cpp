@@ -67,7 +67,12 @@ void Entry_Grid::Move_Column(int step) {
     Cell_At to{current.row, Neighbour(current, step, true)};
     if (to.column < 0) {
         const int rows = data->rowCount();
-        to.row = (current.row + (step > 0 ? keys.row_step_at_right : -1) + rows) % rows;
+        to.row = current.row + (step > 0 ? keys.row_step_at_right : -1);
+        if (keys.wrap == Grid_Wrap::Stop && (to.row < 0 || to.row >= rows)) {
+            Finish_Entry();
+            return;
+        }
+        to.row = (to.row + rows) % rows;
         to.column = End_Column(step);
     }
     Go_To(to.row, to.column);

@@ -63,6 +63,9 @@ QString Filtered_Text(Entry_Kind kind, const QString& choices, const QString& in
         case Entry_Kind::Digits:
             takes = is_digit;
             break;
+        case Entry_Kind::Decimal:
+            takes = is_digit || c == QLatin1Char('.');
+            break;
         case Entry_Kind::Amount:
             takes = is_digit || c == QLatin1Char('-');
             break;

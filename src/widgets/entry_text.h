@@ -9,10 +9,11 @@ namespace morvane {
 
 /// What a cell takes from the keyboard.
 enum class Entry_Kind {
-    Text,   ///< any text
-    Digits, ///< "0" to "9"
-    Amount, ///< digits and "-"; shown with commas while it has no focus
-    Choice  ///< one of a few keys
+    Text,    ///< any text
+    Digits,  ///< "0" to "9"
+    Decimal, ///< digits and "."
+    Amount,  ///< digits and "-"; shown with commas while it has no focus
+    Choice   ///< one of a few keys
 };
 
 /// What remains of a text after the key filter of a kind; sets `refused` where something was dropped.

@@ -104,4 +104,22 @@ QPushButton* Form::Add_Help_Button() {
     return button;
 }
 
+QPushButton* Form::Add_Menu_Button() {
+    QPushButton* button = Add_Button(QStringLiteral("Cmd_Mnu"), {}, nullptr, true);
+    const auto say = [this, button] {
+        button->setText(shell.Is_Menu_Shown() ? QStringLiteral("« ﾒﾆｭｰを隠す")
+                                              : QStringLiteral("» ﾒﾆｭｰを表示"));
+        button->setAccessibleName(button->text().mid(2));
+    };
+    say();
+    Wire(button, &QPushButton::clicked, [this, say] {
+        shell.Toggle_Menu();
+        say();
+        if (focusProxy() != nullptr) {
+            setFocus(Qt::OtherFocusReason); // the keying goes on where it was
+        }
+    });
+    return button;
+}
+
 } // namespace morvane

@@ -51,6 +51,9 @@ class Form : public QDialog {
     /// Adds Cmd_help, which opens the page of the form.
     QPushButton* Add_Help_Button();
 
+    /// Adds Cmd_Mnu, which hides and shows the menu.
+    QPushButton* Add_Menu_Button();
+
     /// Connects a signal to work that runs inside the shell's guard.
     template <class Sender, class Signal, class Work>
     void Wire(Sender* sender, Signal signal, Work work) {

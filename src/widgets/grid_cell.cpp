@@ -50,7 +50,9 @@ bool Grid_Cell::Moves(const QKeyEvent& event) {
             return false;
         }
         if (grid.keys.enter_along_row) {
-            grid.Move_Field(shift ? -1 : 1, grid.keys.wrap != Grid_Wrap::Stop);
+            if (!grid.Move_Field(shift ? -1 : 1, grid.keys.wrap != Grid_Wrap::Stop)) {
+                grid.Finish_Entry();
+            }
         } else {
             grid.Move_Row(shift ? -1 : 1);
         }

@@ -32,6 +32,7 @@ struct Grid_Column {
     std::string choices = {}; ///< keys of a Choice
     int decimals = -1;        ///< decimals always shown; -1 as Comma_Str shows them
     Qt::Alignment align = {}; ///< none: Amount at the right, others at the left
+    bool in_blocks = true;    ///< a column of blocks that are copied and pasted; not so a mere mark
     std::function<QString(const Value&)> format = {}; ///< in place of the usual form; never sees Null
     std::function<bool(int row)> locked = {};         ///< none: no row is
 };

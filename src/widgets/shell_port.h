@@ -10,6 +10,8 @@ class QWidget;
 
 namespace morvane {
 
+class Form;
+
 /// What a form asks of the shell around it: the session, the menu beside it, help, and the one place where
 /// failures end.
 class Shell_Port {
@@ -36,8 +38,14 @@ class Shell_Port {
     /// that is not there yet says so.
     virtual void Open_Form(const QString& form) = 0;
 
-    /// Hides the menu beside the form, so that the form has its room, or shows it again.
+    /// Closes a screen by its cancel path and opens its sister in its place, as one screen for the menu: its
+    /// button stays lit and Edit_Flg set. Nothing opens where the screen stays.
+    virtual void Replace_Form(Form* screen, const QString& sister) = 0;
+
+    /// Hides the menu, so that the screen has its room, or shows it again. It comes back by itself when the
+    /// last screen has closed.
     virtual void Toggle_Menu() = 0;
+    [[nodiscard]] virtual bool Is_Menu_Shown() const = 0;
 
     /// Opens the page of a form in the help window.
     virtual void Show_Help(const QString& form) = 0;

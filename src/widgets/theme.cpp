@@ -63,6 +63,7 @@ QPushButton[look="menu"]:focus { border: 2px solid %accent; padding: 3px 7px; }
 QPushButton[look="menu"][open="true"] { background: %open; border-color: %accent; }
 QPushButton[look="menu"]:disabled { color: %disabled; background: #ECEEF0; border-color: #D9DDE2; }
 QPushButton[look="menu"][open="true"]:disabled { background: %open; border-color: %accent; color: %text; }
+QPushButton[look="check_button"] { padding: 1px 8px; min-height: 20px; }
 QPushButton[look="choice"] { min-width: 180px; min-height: 44px; font-size: 14pt; font-weight: bold; }
 QPushButton[look="kana"] { padding: 0; min-width: 26px; min-height: 24px; }
 QPushButton[look="kana"]:checked { background: %accent; color: white; border-color: %accent; }
@@ -105,6 +106,7 @@ QLabel[look="band"] { background: %soft; color: %accent; font-weight: bold; padd
 QLabel[look="title"] { font-size: 14pt; font-weight: bold; }
 QLabel[look="heading"] { font-size: 12pt; font-weight: bold; }
 QLabel[look="muted"] { color: %muted; }
+QLabel[look="group"] { background: %soft; color: %accent; font-weight: bold; padding: 0 6px; }
 QLabel[look="panel_heading"] { color: %accent; font-weight: bold; padding: 6px 8px 0 8px; }
 QLabel[look="panel_figure"] { border: 0; border-bottom: 1px solid %grid; padding: 0 8px; }
 QLabel[look="panel_sum"] { font-weight: bold; border: 0; border-top: 1px solid %muted; padding: 0 8px;
@@ -117,6 +119,7 @@ QFrame[look="company"] { background: %accent; border: 0; border-radius: 4px; }
 QFrame[look="company"] QLabel { color: white; }
 QMdiArea { border: 0; }
 QScrollArea { border: 0; background: transparent; }
+QAbstractScrollArea::corner { border: 0; background: transparent; }
 QScrollBar { background: #EBEEF2; border: 0; }
 QScrollBar:vertical { width: 13px; }
 QScrollBar:horizontal { height: 13px; }

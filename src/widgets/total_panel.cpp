@@ -80,14 +80,16 @@ QString Total_Panel::Text(const std::string& name) const {
 
 void Total_Panel::Set_Check(const std::string& name, bool holds, const QString& text) {
     Shown& line = lines.at(name);
-    line.holds = holds;
     line.value = text.toStdString();
     line.figure->setText(text);
-    QPalette palette = line.figure->palette();
-    palette.setColor(QPalette::Window, QColor(holds ? theme::check_yes : theme::check_no));
-    palette.setColor(QPalette::WindowText, holds ? QColor(theme::text) : QColor(Qt::white));
-    line.figure->setAutoFillBackground(true);
-    line.figure->setPalette(palette);
+    if (line.holds == holds && !line.figure->styleSheet().isEmpty()) {
+        return;
+    }
+    line.holds = holds;
+    // A palette would not hold against the style sheet in a window that is not active.
+    line.figure->setStyleSheet(QStringLiteral("background: %1; color: %2;")
+                                   .arg(QColor(holds ? theme::check_yes : theme::check_no).name(),
+                                        holds ? QColor(theme::text).name() : QStringLiteral("white")));
 }
 
 void Total_Panel::Set_Caption(const std::string& name, const QString& caption) {

@@ -17,9 +17,10 @@ Entry_Grid* Make_Account_Grid(Shell_Port& shell, const Account_Columns& columns,
                                 .use = Cell_Use::Shown,
                                 .kind = Entry_Kind::Text,
                                 .width = 2,
-                                .align = Qt::AlignCenter});
+                                .align = Qt::AlignCenter,
+                                .in_blocks = false});
     }
-    grid_columns.push_back({.name = columns.amount, .heading = columns.amount_heading, .width = 14});
+    grid_columns.push_back({.name = columns.amount, .heading = columns.amount_heading, .width = 13});
     auto* grid = new Entry_Grid(std::move(grid_columns), rows);
     grid->Set_Keys({.wrap = Grid_Wrap::Same_Column, .row_step_at_right = -1});
     grid->on_refused = [&shell, grid](const std::vector<Paste_Refused>& refused) {

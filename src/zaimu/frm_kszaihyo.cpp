@@ -12,6 +12,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QVBoxLayout>
 #include <array>
 
@@ -34,8 +35,21 @@ constexpr std::array<Group, 4> groups = {{
     {Panel_Group::Check, "チェック", 1},
 }};
 
-constexpr int panel_column_width = 282;
+// Beside the panel the captions need room to be read; in a narrow window the panel gives way a little, in a
+// very narrow one it scrolls.
+constexpr int narrowest_grid = 332;
 constexpr int widest_grid = 620;
+struct Panel_Size {
+    int column_width;
+    const char* sheet;
+};
+constexpr Panel_Size wide_panel = {286, ""};
+constexpr Panel_Size compact_panel = {262, "QLabel { font-size: 9.5pt; }"};
+constexpr int beside_columns = 2 * 16 + 2 * theme::panel_gap; ///< margins of the form and gaps
+
+constexpr int Width_Of(const Panel_Size& size) {
+    return 2 * size.column_width + theme::panel_gap;
+}
 
 } // namespace
 
@@ -52,8 +66,9 @@ Frm_KsZaihyo::Frm_KsZaihyo(Shell_Port& shell_port)
                                  "全ての財務データより計算するために必要です。"));
     auto* row = new QHBoxLayout;
     row->setSpacing(theme::panel_gap);
+    // The panel takes its width first, the grid what is left of its own.
     row->addWidget(Make_Grid(), 1);
-    row->addWidget(Make_Panels());
+    row->addWidget(Make_Panels(), 1000);
     row->addStretch(0);
     body->addLayout(row, 1);
     Add_Buttons();
@@ -62,6 +77,7 @@ Frm_KsZaihyo::Frm_KsZaihyo(Shell_Port& shell_port)
 
 QWidget* Frm_KsZaihyo::Make_Grid() {
     auto* field = new QWidget;
+    field->setMinimumWidth(narrowest_grid);
     field->setMaximumWidth(widest_grid);
     auto* column = new QVBoxLayout(field);
     column->setContentsMargins(0, 0, 0, 0);
@@ -137,31 +153,48 @@ QWidget* Frm_KsZaihyo::Make_Panels() {
         if (group.group == Panel_Group::Check) {
             fields.push_back({"Check", "", Total_Field::Line::Check});
         }
-        auto* panel = new Total_Panel(QString::fromUtf8(group.heading), fields, 14);
-        panel->setFixedWidth(panel_column_width);
+        auto* panel = new Total_Panel(QString::fromUtf8(group.heading), fields, 10);
         panels[group.group] = panel;
         stacks[static_cast<std::size_t>(group.column)]->addWidget(panel);
     }
     for (QVBoxLayout* stack : stacks) {
         stack->addStretch(1);
     }
-    auto* scroll = new QScrollArea;
-    scroll->setWidget(field);
-    scroll->setWidgetResizable(true);
-    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    scroll->setFocusPolicy(Qt::NoFocus);
-    scroll->setFixedWidth(2 * panel_column_width + theme::panel_gap);
-    return scroll;
+    panel_scroll = new QScrollArea;
+    panel_scroll->setWidget(field);
+    panel_scroll->setWidgetResizable(true);
+    panel_scroll->setFocusPolicy(Qt::NoFocus);
+    panel_scroll->setMinimumWidth(compact_panel.column_width);
+    connect(panel_scroll->verticalScrollBar(), &QScrollBar::rangeChanged, this, [this] { Fit_Panels(); });
+    return panel_scroll;
+}
+
+void Frm_KsZaihyo::resizeEvent(QResizeEvent* event) {
+    Saving_Form::resizeEvent(event);
+    Fit_Panels();
+}
+
+void Frm_KsZaihyo::Fit_Panels() {
+    const bool wide = width() >= narrowest_grid + Width_Of(wide_panel) + beside_columns;
+    const Panel_Size& size = wide ? wide_panel : compact_panel;
+    const QScrollBar* bar = panel_scroll->verticalScrollBar();
+    panel_scroll->setMaximumWidth(Width_Of(size) + (bar->maximum() > 0 ? bar->sizeHint().width() : 0));
+    if (column_width == size.column_width) {
+        return;
+    }
+    column_width = size.column_width;
+    panel_scroll->widget()->setStyleSheet(QString::fromLatin1(size.sheet));
+    for (const auto& [group, panel] : panels) {
+        panel->setFixedWidth(column_width);
+    }
 }
 
 void Frm_KsZaihyo::Add_Buttons() {
     Add_Help_Button();
-    QPushButton* Cmd_Mnu = Add_Button(QStringLiteral("Cmd_Mnu"), QStringLiteral("メニュー"), nullptr, true);
-    Cmd_Mnu->setToolTip(QStringLiteral("メニューを隠す／表示する"));
+    Add_Menu_Button();
     buttons->insertWidget(2, new Note_Button(shell));
     QPushButton* Y_Disp = Add_Button(QStringLiteral("Y_Disp"), QStringLiteral("Ｙ点試算"));
     Add_Closing_Buttons();
-    Wire(Cmd_Mnu, &QPushButton::clicked, [this] { shell.Toggle_Menu(); });
     Wire(Y_Disp, &QPushButton::clicked, [this] {
         bool opens = false;
         if (grid->Finish_Entry() &&

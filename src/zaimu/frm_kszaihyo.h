@@ -6,6 +6,8 @@
 
 #include <map>
 
+class QScrollArea;
+
 namespace morvane {
 
 class Total_Panel;
@@ -23,6 +25,7 @@ class Frm_KsZaihyo : public Saving_Form {
 
   protected:
     void Store(bool save) override { section.Close(save); }
+    void resizeEvent(QResizeEvent* event) override;
 
   private:
     QWidget* Make_Grid();
@@ -32,9 +35,12 @@ class Frm_KsZaihyo : public Saving_Form {
     void Name_Rows();
     void Take_Cells(const std::vector<Cell_At>& cells);
     void Panel_Show();
+    void Fit_Panels();
 
     Statement_Section section;
     Entry_Grid* grid = nullptr;
+    QScrollArea* panel_scroll = nullptr;
+    int column_width = 0; ///< of the panel
     std::map<Panel_Group, Total_Panel*> panels;
 };
 

@@ -45,8 +45,8 @@ Frm_KsZenki::Frm_KsZenki(Shell_Port& shell_port)
                   QStringLiteral("空欄の科目は、保存されている金額のままになります。"));
     auto* row = new QHBoxLayout;
     row->setSpacing(theme::panel_gap);
-    row->addWidget(Add_Block(prior, figures.prior, false), 1);
-    row->addWidget(Add_Block(second_prior, figures.second_prior, true), 1);
+    row->addWidget(Add_Block(prior, figures.prior, false), 1, Qt::AlignTop);
+    row->addWidget(Add_Block(second_prior, figures.second_prior, true), 1, Qt::AlignTop);
     row->addStretch(0);
     body->addLayout(row, 1);
     setFocusProxy(prior.grid);

@@ -131,10 +131,14 @@ Statement_Section::Statement_Section(Session& the_session)
     panel = Statement_Panel(form, period);
     Sec_Subtotals();
     for (const Triple& triple : triples) {
-        // The caption of a depreciation belongs to the line above it.
         if (session.Kamoku_From == tangible_section && Applies(triple.when, form) &&
-            triple.first + 1 < rows.size()) {
+            triple.first + 2 < rows.size()) {
+            // The caption of a depreciation belongs to the line above it.
             rows[triple.first + 1].name_open = false;
+            // Imported statements have no book values.
+            if (rows[triple.first + 2].amount.Is_Null()) {
+                Book_Value_Pair(triple.first);
+            }
         }
     }
 }

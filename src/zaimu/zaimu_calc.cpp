@@ -27,6 +27,23 @@ struct Amounts {
     }
 };
 
+/// Stores amounts of the current row where they differ: a statement that adds up is not written again.
+template <std::size_t N>
+void Store_Changed(Recordset& row, const std::array<std::string, N>& columns,
+                   const std::array<double, N>& amounts) {
+    bool changed = false;
+    for (std::size_t i = 0; i < N; ++i) {
+        const Value& held = row[columns[i]];
+        if (held.Is_Null() || held.Is_Text() || held.As_Double() != amounts[i]) {
+            row.Set(columns[i], amounts[i]);
+            changed = true;
+        }
+    }
+    if (changed) {
+        row.Update();
+    }
+}
+
 /// The rows of a period and their class sums, for N columns.
 template <std::size_t N>
 class Book {
@@ -66,13 +83,9 @@ class Book {
     }
 
     void Put_Row_Amount(int code, const Sum& value) {
-        if (!rows.Find("建設科目CD", code)) {
-            return;
+        if (rows.Find("建設科目CD", code)) {
+            Store_Changed(rows, names, value.of);
         }
-        for (std::size_t i = 0; i < N; ++i) {
-            rows.Set(names[i], value.of[i]);
-        }
-        rows.Update();
     }
 
     Recordset& Rows() { return rows; }
@@ -288,8 +301,7 @@ void Zaimu_Shukei_KK(const Session& session) {
     Recordset rows = cn.Open("SELECT * FROM ks_Zaihyo WHERE 決算期=" + std::to_string(session.Syori_Ki) +
                              " ORDER BY 建設科目CD;");
     for (; !rows.Eof(); rows.Move_Next()) {
-        rows.Set("改善後残高", Improved_Balance(rows));
-        rows.Update();
+        Store_Changed<1>(rows, {"改善後残高"}, {Improved_Balance(rows)});
     }
     Book<3> book(cn, session.Syori_Ki, {"借方", "貸方", "改善後残高"}, false);
     Cascade<3>(book, session, Routine::Shukei_KK).Run();

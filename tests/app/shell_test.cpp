@@ -6,6 +6,7 @@
 #include "company/register.h"
 #include "data/store_file.h"
 #include "session/kidou_ini.h"
+#include "support/failing_writes.h"
 #include "support/ui_fixture.h"
 
 #include <QApplication>
@@ -111,6 +112,19 @@ TEST_F(Shell_Test, The_menu_waits_for_a_company_and_follows_it) {
     EXPECT_FALSE(Child<QWidget>(*shell->Frame(), "Mnu_KsZSon")->isVisible());
 }
 
+TEST_F(Shell_Test, A_panel_goes_with_the_company_it_was_opened_for) {
+    ASSERT_TRUE(Start().running);
+    Take(12, "青葉建設");
+    Press("Cmd_KsZ1");
+    Take(34, "港工務店");
+    EXPECT_FALSE(Child<QWidget>(*shell->Frame(), "Mnu_KsZTais")->isVisible());
+    Press("Cmd_KsZ1");
+    Start_New_Company(shell->session);
+    shell->Show_No_Company();
+    EXPECT_FALSE(Child<QWidget>(*shell->Frame(), "Mnu_KsZTais")->isVisible());
+    EXPECT_FALSE(Enabled("Cmd_KsT(0)")) << "nothing can be keyed into the store of nobody";
+}
+
 TEST_F(Shell_Test, A_screen_to_come_says_so_and_leaves_nothing_open) {
     ASSERT_TRUE(Start().running);
     Take(12, "青葉建設");
@@ -120,6 +134,19 @@ TEST_F(Shell_Test, A_screen_to_come_says_so_and_leaves_nothing_open) {
     ASSERT_EQ(messages.shown.size(), 1U);
     EXPECT_EQ(messages.shown[0].text, "この画面は準備中です。");
     EXPECT_FALSE(shell->session.Edit_Flg);
+}
+
+TEST_F(Shell_Test, The_menu_gives_way_to_a_screen_and_is_back_when_it_closes) {
+    ASSERT_TRUE(Start().running);
+    Take(12, "青葉建設");
+    Press("Cmd_KsZ1");
+    Press("Cmd_KsT(0)");
+    for (const bool visible : {false, true, false}) {
+        Press("Cmd_Mnu");
+        EXPECT_EQ(shell->Frame()->command->isVisible(), visible);
+    }
+    Press("Tojiru");
+    EXPECT_TRUE(shell->Frame()->command->isVisible());
 }
 
 TEST_F(Shell_Test, The_frame_goes_only_by_the_end_button_while_a_company_is_in_hand) {
@@ -194,6 +221,40 @@ TEST_F(Shell_Test, A_failing_store_names_its_file_and_ends_with_a_failure_status
     EXPECT_EQ(Read_Kidou_Ini(folder.path).number, 12) << "the marker tells the next start";
 }
 
+TEST_F(Shell_Test, Sister_screens_are_one_screen_for_the_menu) {
+    ASSERT_TRUE(Start().running);
+    Take(12, "青葉建設");
+    Press("Cmd_Sim1");
+    Press("Cmd_GB(2)");
+    Frm_Main& frame = *shell->Frame();
+    const auto expect_open = [&](const char* form, bool menu) {
+        QApplication::processEvents();
+        ASSERT_EQ(frame.area->Forms().size(), 1);
+        EXPECT_EQ(frame.area->Top()->objectName().toStdString(), form);
+        EXPECT_EQ(Form::Of(QApplication::focusWidget()), frame.area->Top());
+        EXPECT_TRUE(shell->session.Edit_Flg);
+        EXPECT_TRUE(Child<QWidget>(frame, "Cmd_GB(2)")->property("open").toBool());
+        EXPECT_EQ(frame.command->isVisible(), menu);
+    };
+    expect_open("Frm_Kanko", true);
+    Press("Cmd_Mnu");
+    expect_open("Frm_Kanko", false);
+    {
+        const Failing_Writes failing(1, Failing_Writes::Manner::From_Then_On);
+        Press("edit_z");
+    }
+    EXPECT_EQ(messages.shown.back().title, "保存エラー");
+    expect_open("Frm_Kanko", false);
+    Press("edit_z");
+    expect_open("Frm_Kanko2", false);
+    Press("edit_x1");
+    expect_open("Frm_Kanko", false);
+    Press("Tojiru");
+    EXPECT_FALSE(shell->session.Edit_Flg);
+    EXPECT_TRUE(frame.command->isVisible()) << "the menu comes back with the last screen";
+    EXPECT_FALSE(Child<QWidget>(frame, "Cmd_GB(2)")->property("open").toBool());
+}
+
 TEST_F(Shell_Test, F1_opens_the_page_of_what_has_the_focus) {
     ASSERT_TRUE(Start().running);
     QTest::keyClick(shell->Frame(), Qt::Key_F1);
@@ -240,13 +301,16 @@ TEST_F(Shell_Test, A_second_instance_is_refused_and_a_killed_one_leaves_the_lock
     QProcess first;
     first.start(QString::fromStdString((folder.path / "morvane").string()), QStringList());
     ASSERT_TRUE(first.waitForStarted());
-    ASSERT_TRUE(QTest::qWaitFor([&] { return !Instance_Lock::Take(folder.path); }, 20000));
+    // The record in the lock file is the last thing that a start writes.
+    const std::filesystem::path lock = folder.path / "morvane.lock";
+    ASSERT_TRUE(QTest::qWaitFor(
+        [&] { return std::filesystem::exists(lock) && std::filesystem::file_size(lock) > 0; }, 60000));
     const auto before = State();
     const Shell::Start second = Start();
     EXPECT_FALSE(second.running);
     EXPECT_EQ(second.status, 1);
     EXPECT_EQ(messages.shown.back().title, "複数起動エラー");
-    EXPECT_EQ(State(), before);
+    EXPECT_TRUE(State() == before) << "a refused start changes no file";
     first.kill();
     ASSERT_TRUE(first.waitForFinished());
     EXPECT_TRUE(Start().running);

@@ -240,6 +240,19 @@ TEST_F(Check_Out_Test, The_Marker_Follows_The_Working_Store_After_A_Crash) {
     EXPECT_EQ(Marked(), 2);
 }
 
+// A file that came from elsewhere holds another company's number: a kill must not send its data there.
+TEST_F(Check_Out_Test, A_Company_Taken_In_Hand_Bears_Its_Own_Number) {
+    Copy_Store(Company_Store(session, 1), Company_Store(session, 2), session.Db_Key);
+    Check_Out(session, 2, "別の会社");
+    EXPECT_EQ(Field("Jigyo_mas", "管理No", "1=1"), Value(2));
+    Settle_Marker(session);
+    EXPECT_EQ(Read_Kidou_Ini(session.App_Path).number, 2);
+    // A number that nobody registered does not move the marker either.
+    Cn_Open(session).Execute("UPDATE Jigyo_mas SET 管理No=77");
+    Settle_Marker(session);
+    EXPECT_EQ(Read_Kidou_Ini(session.App_Path).number, 2);
+}
+
 TEST_F(Check_Out_Test, File_Names_Hold_The_Rightmost_Six_Digits) {
     for (const auto& [number, name] : {std::pair(1, "000001.dat"), std::pair(654321, "654321.dat"),
                                        std::pair(1234567, "234567.dat"), std::pair(1000002, "000002.dat")}) {

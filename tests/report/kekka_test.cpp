@@ -334,7 +334,7 @@ Kekka_Figures Longest_Figures(int law) {
     kekka.y_zenki.fill(INT32_MIN);
     kekka.y.Y_Kekka.fill(-99999.999F);
     kekka.y.Y_Ten = INT16_MIN;
-    kekka.x2.Jiko_Ki = kekka.x2.Rieki_Ki = {INT32_MIN, INT32_MIN};
+    kekka.x2.Jiko = kekka.x2.Rieki = {INT32_MIN, INT32_MIN};
     kekka.x2.X2_Jiko_Used = kekka.x2.X2_Rieki_Used = INT32_MAX;
     kekka.x2.X2_1_Ten = kekka.x2.X2_2_Ten = kekka.x2.X2_Ten = INT16_MIN;
     return kekka;

@@ -73,7 +73,7 @@ TEST_F(Report_Window_Test, Scale_Goes_In_Steps_And_Beeps_At_Its_Ends) {
     const QPoint middle = sheet->rect().center();
     QWheelEvent wheel(middle, sheet->mapToGlobal(middle), {}, {0, 120}, Qt::NoButton, Qt::ControlModifier,
                       Qt::NoScrollPhase, false);
-    QApplication::sendEvent(sheet, &wheel);
+    QApplication::sendEvent(sheet->parentWidget(), &wheel);
     EXPECT_EQ(session.Prt.Prt_Scale, 0.5F);
 }
 

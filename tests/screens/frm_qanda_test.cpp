@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "screens/frm_qanda.h"
 
-#include "widgets/note_button.h"
 #include "support/failing_writes.h"
 #include "support/ui_fixture.h"
+#include "widgets/note_button.h"
 
 #include <QPlainTextEdit>
 

@@ -2,6 +2,7 @@
 #include "support/ui_fixture.h"
 
 #include "session/run_time_error.h"
+#include "widgets/form.h"
 
 #include <QApplication>
 #include <QLineEdit>
@@ -16,6 +17,11 @@ void Fake_Shell::Open_Form(const QString& form) {
     if (on_open_form) {
         on_open_form(form);
     }
+}
+
+void Fake_Shell::Replace_Form(Form* screen, const QString& sister) {
+    calls.push_back("Replace_Form " + sister.toStdString());
+    screen->reject();
 }
 
 bool Fake_Shell::Guard(const std::function<void()>& work) {

@@ -21,12 +21,18 @@ class Fake_Shell : public Shell_Port {
     void Show_No_Company() override { calls.emplace_back("Show_No_Company"); }
     void Show_Registered() override { calls.emplace_back("Show_Registered"); }
     void Open_Form(const QString& form) override;
-    void Toggle_Menu() override { calls.emplace_back("Toggle_Menu"); }
+    void Replace_Form(Form* screen, const QString& sister) override;
+    void Toggle_Menu() override {
+        calls.emplace_back("Toggle_Menu");
+        menu_shown = !menu_shown;
+    }
+    [[nodiscard]] bool Is_Menu_Shown() const override { return menu_shown; }
     void Show_Help(const QString& form) override { calls.push_back("Show_Help " + form.toStdString()); }
     bool Guard(const std::function<void()>& work) override;
     QWidget* Window() override { return nullptr; }
 
     std::vector<std::string> calls;
+    bool menu_shown = true;
     std::string failure;                              ///< text of the Store_Error that would end the process
     std::function<void(const QString&)> on_open_form; ///< what a form opened from the form does
 };

@@ -1,11 +1,8 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "zaimu/statement_section.h"
 
-#include "company/data_set.h"
-#include "support/failing_writes.h"
 #include "support/installation_fixture.h"
 #include "zaimu/prior_figures.h"
-#include "zaimu/store_or_stay.h"
 
 #include <random>
 
@@ -170,7 +167,9 @@ TEST_P(Firm_Test, Depreciation_comes_off_the_asset_above_it) {
     if (session.Is_Corporation()) {
         costs.push_back(140);
     }
+    Put_Amounts({{130, 70}, {131, 20}});
     Statement_Section section = Open(130);
+    EXPECT_EQ(section.Rows()[2].amount, Value(50.0)) << "imported without its book value";
     for (const int cost : costs) {
         const std::size_t row = Row_Of(section, cost);
         EXPECT_FALSE(section.Rows()[row + 1].name_open) << cost;
@@ -220,21 +219,6 @@ TEST_F(Corporation_Test, Leaving_without_saving_still_forms_the_balances) {
     EXPECT_EQ(Amount(281, "改善後残高"), 400.0);
     section.Close(true);
     EXPECT_EQ(Amount(281, "改善後残高"), 8900.0);
-}
-
-TEST_F(Corporation_Test, A_failing_store_keeps_what_it_held_and_what_was_keyed) {
-    Put_Amounts({{100, 500}});
-    Statement_Section section = Open(100);
-    Key(section, 100, 9000);
-    const std::string before = Dump(session.Work_Store);
-    {
-        const Failing_Writes failing(1, Failing_Writes::Manner::From_Then_On);
-        EXPECT_FALSE(Store_Or_Stay(session, [&] { section.Close(true); }));
-    }
-    EXPECT_EQ(Dump(session.Work_Store), before);
-    EXPECT_NE(messages.shown.back().text.find("Morvane.dat"), std::string::npos);
-    EXPECT_TRUE(Store_Or_Stay(session, [&] { section.Close(true); }));
-    EXPECT_EQ(Amount(129), 9000.0);
 }
 
 /// A statement that is complete and balances, with one account changed.
@@ -293,37 +277,6 @@ TEST_F(Corporation_Test, A_section_without_accounts_is_empty_and_closes) {
     EXPECT_EQ(Shown(section, "BsIp_SSKei"), 70.0);
     section.Close(true);
     EXPECT_EQ(Amount(100), 70.0);
-}
-
-TEST_F(Corporation_Test, Prior_figures_are_stored_twice_and_a_blank_leaves_them) {
-    Put_Amounts({{820, 11}, {821, 12}, {808, 13}});
-    Put_Amounts({{820, 1}, {821, 2}, {808, 3}}, "改善後残高");
-    Prior_Figures figures = Load_Prior_Figures(session);
-    ASSERT_EQ(figures.prior.size(), 19U);
-    ASSERT_EQ(figures.second_prior.size(), 9U);
-    figures.prior[0].amount = 0;
-    figures.prior[1].amount = {};
-    figures.second_prior[8].amount = -500.0;
-    Save_Prior_Figures(session, figures);
-    EXPECT_EQ(List("SELECT 建設科目CD, 金額, 改善後残高 FROM Ks_Zaihyo WHERE 建設科目CD In (808, 820, 821) "
-                   "ORDER BY 建設科目CD"),
-              "808=-500=-500 820=0=0 821=12=2");
-    session.Hojin_Kojin = 2;
-    EXPECT_EQ(Load_Prior_Figures(session).prior.back().code, 837);
-}
-
-TEST_F(Corporation_Test, Prior_figures_are_copied_after_a_question) {
-    Put_Amounts({{101, 70}, {281, 90}});
-    ASSERT_TRUE(Period_Copy(session, 11, 10, Copy_Mode::After));
-    session.Syori_Ki = 11;
-    EXPECT_FALSE(Copy_Prior_Figures(session, false)) << "No is the default";
-    messages.answers = {Answer::Yes, Answer::Yes};
-    EXPECT_TRUE(Copy_Prior_Figures(session, true));
-    EXPECT_EQ(messages.shown.back().title, "前々年度データコピー確認");
-    EXPECT_TRUE(Load_Prior_Figures(session).prior[0].amount.Is_Null());
-    EXPECT_TRUE(Copy_Prior_Figures(session, false));
-    EXPECT_EQ(Load_Prior_Figures(session).prior[0].amount.As_Double(), 70.0);
-    EXPECT_EQ(Load_Prior_Figures(session).prior[18].amount.As_Double(), 90.0);
 }
 
 TEST_F(Corporation_Test, The_change_of_equity_gets_its_row_and_a_blank_is_zero) {

@@ -1,0 +1,136 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "batch/case_file.h"
+#include "batch/installation.h"
+#include "widgets/theme.h"
+#include "zaimu/frm_kszaihyo.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <filesystem>
+#include <functional>
+
+namespace {
+
+using namespace morvane;
+namespace fs = std::filesystem;
+
+/// A shell around one screen.
+class Bare_Shell : public Shell_Port {
+  public:
+    using Shell_Port::Shell_Port;
+
+    void Show_Company() override {}
+    void Show_No_Company() override {}
+    void Show_Registered() override {}
+    void Open_Form(const QString& /*form*/) override {}
+    void Replace_Form(Form* /*screen*/, const QString& /*sister*/) override {}
+    void Toggle_Menu() override {}
+    [[nodiscard]] bool Is_Menu_Shown() const override { return true; }
+    void Show_Help(const QString& /*form*/) override {}
+    bool Guard(const std::function<void()>& work) override {
+        work();
+        return true;
+    }
+    QWidget* Window() override { return nullptr; }
+};
+
+/// Counts how often a widget is painted: what was not painted was not measured.
+class Paint_Counter : public QObject {
+  public:
+    explicit Paint_Counter(QWidget* widget) { widget->installEventFilter(this); }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        count += event->type() == QEvent::Paint ? 1 : 0;
+        return QObject::eventFilter(watched, event);
+    }
+
+    int count = 0;
+};
+
+double Milliseconds(const std::function<void()>& work) {
+    const auto start = std::chrono::steady_clock::now();
+    work();
+    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
+}
+
+bool Report(const char* what, std::vector<double> samples, double limit) {
+    std::sort(samples.begin(), samples.end());
+    const auto at = [&samples](double part) {
+        return samples[static_cast<std::size_t>(part * static_cast<double>(samples.size() - 1))];
+    };
+    std::printf("%-28s %5zu samples  median %7.2f ms  p95 %7.2f ms  limit %5.0f ms\n", what, samples.size(),
+                at(0.5), at(0.95), limit);
+    return at(0.95) < limit;
+}
+
+constexpr std::pair<std::int16_t, std::int16_t> sections[] = {{100, 129}, {130, 149}, {150, 199}, {200, 249},
+                                                              {250, 399}, {400, 419}, {420, 469}, {470, 489},
+                                                              {490, 529}, {530, 579}, {700, 729}};
+
+std::unique_ptr<Frm_KsZaihyo> Open(Bare_Shell& shell, std::int16_t from, std::int16_t to) {
+    shell.session.Kamoku_From = from;
+    shell.session.Kamoku_To = to;
+    auto screen = std::make_unique<Frm_KsZaihyo>(shell);
+    screen->resize(1004, 740);
+    screen->show();
+    QApplication::processEvents(); // lays out and paints
+    return screen;
+}
+
+void Press(int key, const QString& text) {
+    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text);
+    QApplication::sendEvent(QApplication::focusWidget(), &press);
+}
+
+} // namespace
+
+/// Opens every section of the statements and keys through the longest one, with real widgets on the offscreen
+/// platform. Fails where the slower end is beyond the limit.
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    theme::Apply(application);
+    const fs::path folder = fs::temp_directory_path() / "morvane-statement-bench";
+    fs::remove_all(folder);
+    Init_Installation(folder, {"13", false});
+    Stderr_Messages messages;
+    Session session = Make_Session(folder, messages);
+    Import_Case(session, fs::path(MORVANE_SAMPLES) / "aoba_kensetsu.json");
+    session.Syori_Ki = 35;
+    Bare_Shell shell(session);
+
+    Open(shell, 100, 129); // fonts and style are ready
+    std::vector<double> opening;
+    for (int round = 0; round < 10; ++round) {
+        for (const auto& [from, to] : sections) {
+            opening.push_back(Milliseconds([&shell, from = from, to = to] { Open(shell, from, to); }));
+        }
+    }
+
+    const auto screen = Open(shell, 200, 249);
+    screen->activateWindow();
+    screen->setFocus();
+    QApplication::processEvents();
+    Paint_Counter subtotal(screen->findChild<QWidget*>(QStringLiteral("BsIp_FSiKei")));
+    std::vector<double> leaving;
+    for (int i = 0; i < 1000; ++i) {
+        for (const char digit : std::to_string(1000 + i * 7919)) {
+            Press(Qt::Key_0 + (digit - '0'), QString(QLatin1Char(digit)));
+        }
+        QApplication::processEvents();
+        leaving.push_back(Milliseconds([] {
+            Press(Qt::Key_Return, {});
+            QApplication::processEvents();
+        }));
+    }
+    const bool opens = Report("a section opens", opening, 100);
+    const bool leaves = Report("a cell is left", leaving, 5);
+    fs::remove_all(folder);
+    // Of 27 rows three are totals; all the others move the liabilities.
+    const bool seen = subtotal.count > static_cast<int>(leaving.size()) * 3 / 4;
+    std::printf("the liabilities were painted %d times\n", subtotal.count);
+    return opens && leaves && seen ? 0 : 1;
+}

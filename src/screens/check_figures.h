@@ -1,0 +1,94 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#pragma once
+
+#include "calc/social_items.h"
+#include "calc/x2w_dataget.h"
+#include "calc/y_calc.h"
+#include "screens/check_sheet.h"
+#include "session/kyotu_mod.h"
+
+namespace morvane {
+
+/// What the check screens read from: the stored current figures of the period in hand, and what the routines
+/// of the scores leave behind besides their result.
+struct Check_Figures {
+    Review_Figures figures;
+    Social_Items items;
+    WZX_Calc wzx;
+    X2_Calc x2;
+    Y_Calc y;
+    std::size_t Kosyu_Sel = 0;
+    std::int32_t Kanko_Avg = 2; ///< years of the completed-work average
+
+    [[nodiscard]] const Law_Year& Law() const { return Law_Of(figures.law_year); }
+    [[nodiscard]] const Work_Line& Line() const { return figures.works[Kosyu_Sel]; }
+};
+
+/// One line of a sheet: what stands before the figure, the figure, the control that shows it.
+struct Sheet_Line {
+    const char* caption;
+    std::string (*value)(const Check_Figures&);
+    const char* name = "";
+};
+
+/// The texts of a sheet, for the law years that share them.
+struct Sheet_Text {
+    const char* mode;
+    int law_from = 1;
+    int law_to = 4;
+    const char* form = "";
+    const char* form_2012 = nullptr; ///< from law year 3 on, where it differs
+    const char* title = "";
+    const char* help_key = "";
+    const char* help_key_2011 = nullptr; ///< from law year 2 on, where it differs
+    bool amounts = false;
+    std::vector<Sheet_Line> inputs = {};
+    std::vector<const char*> formula = {};
+    std::vector<Sheet_Line> results = {};
+    std::vector<const char*> closing = {};
+    const char* table_form = "";
+    int Tbl_Disp_No = 0;
+    void (*more)(const Check_Figures&, Check_Sheet&) = nullptr; ///< what depends on the figures
+};
+
+/// The sheets of X2, of W, of the works and of Y.
+const std::vector<Sheet_Text>& X2_Sheets();
+const std::vector<Sheet_Text>& W_Sheets();
+const std::vector<Sheet_Text>& XZP_Sheets();
+const std::vector<Sheet_Text>& Y1_Sheets();
+
+/// The points of an item of W, in a table that is marked where the item stands.
+void Table_Of_W2(const Check_Figures& f, Check_Sheet& sheet);
+void Table_Of_W3(const Check_Figures& f, Check_Sheet& sheet);
+void Table_Of_W4(const Check_Figures& f, Check_Sheet& sheet);
+void Table_Of_W6(const Check_Figures& f, Check_Sheet& sheet);
+void Table_Of_W7(const Check_Figures& f, Check_Sheet& sheet);
+void Table_Of_W8(const Check_Figures& f, Check_Sheet& sheet);
+
+inline std::string Number(std::int32_t value) {
+    return Comma_Str(value);
+}
+
+/// A figure of a work type; blank where it was not entered.
+inline std::string Own(const Figure& figure) {
+    return figure.up ? Comma_Str(figure.value) : std::string();
+}
+
+/// The figure at a place in X2_Calc's pairs, for tables of lines.
+template <std::array<std::int32_t, 2> X2_Calc::*Pair, std::size_t Period>
+std::string X2_Pair(const Check_Figures& f) {
+    return Number((f.x2.*Pair)[Period]);
+}
+
+/// One of the items of W.
+template <std::int32_t Social_Items::*Member>
+std::string Item(const Check_Figures& f) {
+    return Number(f.items.*Member);
+}
+
+template <auto Member, std::size_t Index>
+std::string Item_Of(const Check_Figures& f) {
+    return Number((f.items.*Member)[Index]);
+}
+
+} // namespace morvane

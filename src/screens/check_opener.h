@@ -1,0 +1,39 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#pragma once
+
+#include "screens/check_screen.h"
+#include "widgets/form.h"
+
+#include <QPointer>
+#include <functional>
+
+namespace morvane {
+
+/// The opener's side of the check screens: an entry screen owns one and has at most one check screen open
+/// beside it, as a modeless window of its own that goes with it.
+///
+///     Check_Opener checks{*this, shell};                 // a member of the screen
+///     checks.Open(XZP_Request("X", i), [this] { return Save(); });
+///     bool May_Close() override { return checks.May_Close() && Save(); }
+class Check_Opener {
+  public:
+    Check_Opener(Form& entry_screen, Shell_Port& shell_port) : owner(entry_screen), shell(shell_port) {}
+
+    /// True while no check screen is open.
+    [[nodiscard]] bool Calc_Open_Flg() const { return open == nullptr; }
+
+    /// Opens a check screen; refuses with a box while one is open. The screen reads the store, so `store`
+    /// saves the entry screen before; where it returns false (it has told why) nothing opens. Raises
+    /// Store_Error, Run_Time_Error.
+    void Open(const Check_Request& request, const std::function<bool()>& store);
+
+    /// Whether the entry screen may close: refuses with a box while a check screen is open.
+    [[nodiscard]] bool May_Close() const;
+
+  private:
+    Form& owner;
+    Shell_Port& shell;
+    QPointer<Form> open;
+};
+
+} // namespace morvane

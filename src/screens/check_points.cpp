@@ -1,0 +1,114 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "screens/check_figures.h"
+
+#include <array>
+
+namespace morvane {
+
+namespace {
+
+/// A table of an item and its points, marked where the item stands.
+class Points_Table {
+  public:
+    Points_Table(const char* item, int blocks) { table = {"", {item, "点数"}, {0}, {}, -1, blocks}; }
+
+    void Add(const std::string& item, std::int32_t ten, bool in_force) {
+        if (in_force) {
+            table.mark = static_cast<int>(table.rows.size());
+        }
+        table.rows.push_back({{item}, {Number(ten)}});
+    }
+
+    void Put(Check_Sheet& sheet) { sheet.tables.push_back(std::move(table)); }
+
+  private:
+    Check_Table table;
+};
+
+} // namespace
+
+void Table_Of_W2(const Check_Figures& f, Check_Sheet& sheet) {
+    Points_Table table("営業年数", 3);
+    const std::int32_t years = f.items.Enen;
+    table.Add("5年以下", f.wzx.Calc_W2_Ten(5), years >= 0 && years <= 5);
+    for (std::int32_t n = 6; n < 35; ++n) {
+        table.Add(Number(n) + "年", f.wzx.Calc_W2_Ten(n), years == n);
+    }
+    table.Add("35年以上", f.wzx.Calc_W2_Ten(35), years < 0 || years >= 35);
+    table.Put(sheet);
+}
+
+void Table_Of_W3(const Check_Figures& f, Check_Sheet& sheet) {
+    Points_Table table("防災協定の締結", 1);
+    table.Add("1：有", f.wzx.Calc_W3_Ten(1), f.items.Bkyotei == 1);
+    table.Add("0：無", f.wzx.Calc_W3_Ten(0), f.items.Bkyotei == 0);
+    table.Put(sheet);
+}
+
+void Table_Of_W4(const Check_Figures& f, Check_Sheet& sheet) {
+    constexpr std::array<const char*, 3> cases = {"0：無", "1：指示を受けた場合",
+                                                  "2：営業の全部もしくは一部の停止を命ぜられた場合"};
+    Points_Table table("法令遵守の状況", 1);
+    for (std::int32_t n = 0; n < 3; ++n) {
+        table.Add(cases[static_cast<std::size_t>(n)], f.wzx.Calc_W4_Ten(n), f.items.Horei == n);
+    }
+    table.Put(sheet);
+}
+
+// The bands of the average cost: thousand yen, points only with an accounting auditor.
+void Table_Of_W6(const Check_Figures& f, Check_Sheet& sheet) {
+    constexpr std::int32_t auditor = 3;
+    std::vector<std::int32_t> limits = {10'000'000, 7'500'000, 5'000'000, 3'000'000};
+    for (std::int32_t limit = 2'000'000; limit >= 100'000; limit -= 100'000) {
+        limits.push_back(limit);
+    }
+    limits.push_back(50'000);
+    limits.push_back(0);
+    const std::int64_t average = (std::int64_t{f.items.Kihatu[0]} + f.items.Kihatu[1]) / 2;
+    Points_Table table("平均研究開発費（千円）", 3);
+    std::int64_t above = INT64_MAX;
+    for (const std::int32_t limit : limits) {
+        table.Add(Number(limit) + "以上", f.wzx.Calc_W6_Ten(auditor, limit, limit),
+                  f.items.keiri_kansa == auditor && average >= limit && average < above);
+        above = limit;
+    }
+    table.Put(sheet);
+}
+
+void Table_Of_W7(const Check_Figures& f, Check_Sheet& sheet) {
+    constexpr std::int32_t most = 14;
+    Points_Table table("所有及びリース台数", 2);
+    const std::int32_t machines = f.items.Kikai;
+    for (std::int32_t n = 0; n <= most; ++n) {
+        table.Add(Number(n) + (n == most ? "台以上" : "台"), f.wzx.Calc_W7_Ten(n),
+                  n == most ? machines >= most : machines == n);
+    }
+    table.Put(sheet);
+}
+
+void Table_Of_W8(const Check_Figures& f, Check_Sheet& sheet) {
+    struct Holding {
+        const char* text;
+        std::array<std::int32_t, 3> iso;
+    };
+    constexpr std::array<Holding, 6> holdings = {{{"ISO9001とISO14001", {0, 1, 1}},
+                                                  {"ISO9001とエコアクション21", {1, 1, 0}},
+                                                  {"ISO14001", {0, 0, 1}},
+                                                  {"ISO9001", {0, 1, 0}},
+                                                  {"エコアクション21", {1, 0, 0}},
+                                                  {"登録・認証なし", {0, 0, 0}}}};
+    std::array<std::int32_t, 3> held = f.items.Iso;
+    if (held[2] == 1) {
+        held[0] = 0; // Eco Action counts only without ISO14001
+    }
+    Points_Table table("登録・認証の状況", 1);
+    for (const Holding& holding : holdings) {
+        if (holding.iso[0] == 0 || f.Law().has_additions) {
+            table.Add(holding.text, f.wzx.Calc_W8_Ten(holding.iso[0], holding.iso[1], holding.iso[2]),
+                      held == holding.iso);
+        }
+    }
+    table.Put(sheet);
+}
+
+} // namespace morvane

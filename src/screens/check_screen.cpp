@@ -1,0 +1,233 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "screens/check_screen.h"
+
+#include "screens/check_table_view.h"
+#include "screens/kaisetu.h"
+#include "session/boxes.h"
+#include "widgets/section_box.h"
+#include "widgets/theme.h"
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QShowEvent>
+#include <QVBoxLayout>
+
+namespace morvane {
+
+namespace {
+
+QString Text(const std::string& text) {
+    return QString::fromStdString(text);
+}
+
+QLabel* Plain(const QString& text) {
+    auto* label = new QLabel(text);
+    label->setTextFormat(Qt::PlainText);
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    return label;
+}
+
+/// `base` with a number in full-width digits, as the element labels are named.
+QString Numbered(const char* base, int number) {
+    QString name = QString::fromUtf8(base);
+    for (const QChar digit : QString::number(number)) {
+        name += QChar(digit.unicode() - u'0' + u'０');
+    }
+    return name;
+}
+
+QLabel* Figure(const Named_Text& value) {
+    QLabel* label = Plain(Text(value.text));
+    label->setObjectName(Text(value.name));
+    label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    return label;
+}
+
+constexpr int line_width = 860;    // of a formula, before it is broken
+constexpr int most_in_column = 12; // inputs under each other
+
+} // namespace
+
+Check_Screen* Check_Screen::Show_Beside(Form& owner, Shell_Port& shell, const QString& form,
+                                        Check_Sheet sheet) {
+    if (!sheet.notice.empty()) {
+        Show_Message(shell.session, {.title = "", .text = sheet.notice});
+    }
+    auto* screen = new Check_Screen(shell, form, std::move(sheet));
+    screen->setParent(&owner,
+                      Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
+    connect(screen, &QDialog::finished, screen, &QObject::deleteLater);
+    screen->show();
+    return screen;
+}
+
+Check_Screen::Check_Screen(Shell_Port& shell_port, const QString& form, Check_Sheet the_sheet)
+    : Form(shell_port, form, Text(the_sheet.title)), sheet(std::move(the_sheet)), scroll(new QScrollArea) {
+    Set_Sub_Title(Text(sheet.sub_title));
+    auto* whole = new QWidget;
+    content = new QVBoxLayout(whole);
+    content->setContentsMargins(0, 0, 0, 0);
+    content->setSpacing(theme::panel_gap);
+    Add_Figures();
+    Add_Formula();
+    Add_Results();
+    for (const std::string& closing : sheet.closing) {
+        QLabel* label = Plain(Text(closing));
+        theme::Set_Look(label, "muted");
+        content->addWidget(label);
+    }
+    for (const Check_Table& shown : sheet.tables) {
+        content->addWidget(new Check_Table_View(shown));
+    }
+    content->addStretch(1);
+    scroll->setWidgetResizable(true);
+    scroll->setFocusPolicy(Qt::NoFocus);
+    scroll->setWidget(whole);
+    body->addWidget(scroll, 1);
+    Add_Buttons();
+}
+
+// As large as its content where the display has the room; the sizes hold once the fonts are set.
+void Check_Screen::showEvent(QShowEvent* event) {
+    if (!event->spontaneous()) {
+        const QSize around = sizeHint() - scroll->sizeHint();
+        const QSize room = screen()->availableSize() - QSize(24, 48);
+        resize((scroll->widget()->sizeHint() + around).expandedTo(minimumSizeHint()).boundedTo(room));
+    }
+    Form::showEvent(event);
+}
+
+void Check_Screen::Add_Figures() {
+    if (sheet.inputs.empty()) {
+        return;
+    }
+    auto* box = new Section_Box(sheet.amounts ? QStringLiteral("計算要素　（金額単位：千円）")
+                                              : QStringLiteral("計算要素"));
+    auto* grid = new QGridLayout;
+    grid->setHorizontalSpacing(24);
+    grid->setVerticalSpacing(4);
+    const int count = static_cast<int>(sheet.inputs.size());
+    const int blocks = count > most_in_column ? 2 : 1;
+    const int in_block = (count + blocks - 1) / blocks;
+    for (int i = 0; i < count; ++i) {
+        const Check_Line& line = sheet.inputs[static_cast<std::size_t>(i)];
+        QLabel* caption = Plain(Text(line.caption).trimmed());
+        caption->setObjectName(Numbered("要素", i + 1));
+        QLabel* value = Figure(line.value);
+        if (line.value.name.empty()) {
+            value->setObjectName(Numbered("要素値", i + 1));
+        }
+        value->setAccessibleName(caption->text());
+        const int column = i / in_block * 3;
+        grid->addWidget(caption, i % in_block, column);
+        grid->addWidget(value, i % in_block, column + 1);
+        grid->setColumnStretch(column, 1);
+    }
+    if (blocks > 1) {
+        grid->setColumnMinimumWidth(2, 24);
+    }
+    box->body->addLayout(grid);
+    content->addWidget(box);
+}
+
+void Check_Screen::Add_Formula() {
+    if (sheet.formula.empty() && sheet.filled.empty()) {
+        return;
+    }
+    auto* box = new Section_Box(QStringLiteral("計算式"));
+    if (!sheet.formula.empty()) {
+        QStringList lines;
+        for (const std::string& line : sheet.formula) {
+            lines += Text(line);
+        }
+        QLabel* lbl_San = Plain(lines.join(QLatin1Char('\n')));
+        lbl_San->setObjectName(QStringLiteral("lbl_San"));
+        if (lbl_San->sizeHint().width() > line_width) {
+            lbl_San->setWordWrap(true);
+            lbl_San->setMinimumWidth(line_width);
+            lbl_San->setMinimumHeight(lbl_San->heightForWidth(line_width));
+        }
+        box->body->addWidget(lbl_San);
+    }
+    for (const std::vector<Named_Text>& line : sheet.filled) {
+        auto* row = new QHBoxLayout;
+        row->setSpacing(0);
+        for (const Named_Text& part : line) {
+            QLabel* label = Plain(Text(part.text));
+            label->setObjectName(Text(part.name));
+            label->setFont(theme::Gothic(theme::body_points, !part.name.empty()));
+            row->addWidget(label);
+        }
+        row->addStretch(1);
+        box->body->addLayout(row);
+    }
+    content->addWidget(box);
+}
+
+void Check_Screen::Add_Results() {
+    if (sheet.results.empty()) {
+        return;
+    }
+    auto* box = new Section_Box(QStringLiteral("計算結果"));
+    auto* grid = new QGridLayout;
+    grid->setHorizontalSpacing(24);
+    grid->setVerticalSpacing(4);
+    grid->setColumnStretch(0, 1);
+    const int last = static_cast<int>(sheet.results.size()) - 1;
+    for (int row = 0; row <= last; ++row) {
+        const Check_Line& line = sheet.results[static_cast<std::size_t>(row)];
+        QLabel* caption = Plain(Text(line.caption));
+        QLabel* value = Figure(line.value);
+        if (line.value.name.empty()) {
+            value->setObjectName(row == last ? QStringLiteral("lbl_Kekka") : Numbered("途中値", row + 1));
+        }
+        value->setAccessibleName(caption->text());
+        if (row == last) {
+            caption->setFont(theme::Gothic(theme::heading_points, true));
+            value->setFont(theme::Gothic(theme::title_points, true));
+        }
+        grid->addWidget(caption, row, 0);
+        grid->addWidget(value, row, 1);
+    }
+    box->body->addLayout(grid);
+    content->addWidget(box);
+}
+
+void Check_Screen::Add_Buttons() {
+    if (!sheet.help_key.empty()) {
+        QPushButton* explain =
+            Add_Button(QStringLiteral("Cmd_Kaisetu"), QStringLiteral("解説(&K)"), nullptr, true);
+        Wire(explain, &QPushButton::clicked, [this] { Open_Kaisetu(shell.session, sheet.help_key); });
+    }
+    if (!sheet.table_form.empty()) {
+        QPushButton* show_table =
+            Add_Button(QStringLiteral("Cmd_Tbl"), QStringLiteral("別表(&B)"), nullptr, true);
+        Wire(show_table, &QPushButton::clicked, [this] { Open_Table(); });
+    }
+    auto* Tojiru = Add_Button(QStringLiteral("Tojiru"), QStringLiteral("閉じる"), "primary");
+    connect(Tojiru, &QPushButton::clicked, this, &Check_Screen::reject);
+    Tojiru->setFocus();
+}
+
+void Check_Screen::Open_Table() {
+    if (table != nullptr) {
+        table->raise();
+        table->activateWindow();
+        return;
+    }
+    table = Show_Beside(*this, shell, Text(sheet.table_form), Make_Table_Sheet(sheet));
+    connect(table, &QDialog::finished, this, [this] { table = nullptr; });
+}
+
+bool Check_Screen::May_Close() {
+    if (table == nullptr) {
+        return true;
+    }
+    Tell(shell.session, "クローズエラー", "開いている別表の画面を閉じてから画面を閉じてください。");
+    return false;
+}
+
+} // namespace morvane

@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#pragma once
+
+#include "screens/check_sheet.h"
+#include "widgets/form.h"
+
+#include <QPointer>
+
+class QScrollArea;
+class QVBoxLayout;
+
+namespace morvane {
+
+/// A window that shows how a score came about, or a table of the law behind it: whatever its sheet says. It
+/// is modeless, belongs to the screen that opened it and goes with it.
+class Check_Screen : public Form {
+    Q_OBJECT
+
+  public:
+    /// Makes a window of `owner` by the form's name and shows it. A notice of the sheet comes up before.
+    static Check_Screen* Show_Beside(Form& owner, Shell_Port& shell, const QString& form, Check_Sheet sheet);
+
+  protected:
+    bool May_Close() override;
+    void showEvent(QShowEvent* event) override;
+
+  private:
+    Check_Screen(Shell_Port& shell_port, const QString& form, Check_Sheet the_sheet);
+
+    void Add_Figures();
+    void Add_Formula();
+    void Add_Results();
+    void Add_Buttons();
+    void Open_Table();
+
+    Check_Sheet sheet;
+    QScrollArea* scroll;
+    QVBoxLayout* content = nullptr; ///< what it scrolls
+    QPointer<Check_Screen> table;   ///< the window behind Cmd_Tbl while it is open
+};
+
+} // namespace morvane

@@ -1,0 +1,126 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "screens/check_sheet.h"
+
+#include "screens/check_figures.h"
+
+#include <stdexcept>
+
+namespace morvane {
+
+namespace {
+
+const Sheet_Text* Find(const std::vector<Sheet_Text>& sheets, const std::string& mode, int law) {
+    for (const Sheet_Text& sheet : sheets) {
+        if (sheet.mode == mode && law >= sheet.law_from && law <= sheet.law_to) {
+            return &sheet;
+        }
+    }
+    return nullptr;
+}
+
+const Sheet_Text& Find(const std::string& mode, int law) {
+    for (const auto* sheets : {&X2_Sheets(), &W_Sheets(), &XZP_Sheets(), &Y1_Sheets()}) {
+        if (const Sheet_Text* sheet = Find(*sheets, mode, law)) {
+            return *sheet;
+        }
+    }
+    throw std::out_of_range("no check screen for " + mode);
+}
+
+Check_Request Request(const std::string& mode, int law, std::size_t Kosyu_Sel) {
+    const Sheet_Text& sheet = Find(mode, law);
+    const bool twin = law >= 3 && sheet.form_2012 != nullptr;
+    return {twin ? sheet.form_2012 : sheet.form, mode, Kosyu_Sel};
+}
+
+// The band numbers of the work type in view, for its formula and the table screen.
+void Look_Up_Bands(Check_Figures& f) {
+    const bool version_b = f.Law().version_b;
+    const std::int32_t completed = f.Line().Nheikin.value;
+    const std::int32_t prime = f.Line().Mnheikin.value;
+    if (version_b) {
+        f.wzx.Calc_X1_Ten_B(completed);
+        f.wzx.Calc_Z2_Ten_B(prime);
+    } else {
+        f.wzx.Calc_X1_Ten_A(completed);
+        f.wzx.Calc_Z2_Ten_A(prime);
+    }
+}
+
+Check_Figures Load(const Session& session, const Check_Request& request) {
+    Check_Figures f;
+    f.figures = Load_Review(Cn_Open(session), session.Syori_Ki, scenario_genjo, session.Is_Hokkaido(),
+                            session.Is_Corporation());
+    f.Kosyu_Sel = request.Kosyu_Sel;
+    const std::int32_t years = f.figures.Yoso(201);
+    f.Kanko_Avg = years == 0 ? 2 : years;
+    f.items.Load(f.figures);
+    const int law = f.Law().code;
+    // A score is formed where it is shown: what is out of the range of one must not close the others.
+    const bool of_works = Find(XZP_Sheets(), request.mode, law) != nullptr;
+    const bool with_p = request.mode == "P";
+    if (of_works) {
+        Look_Up_Bands(f);
+    }
+    if (Find(X2_Sheets(), request.mode, law) != nullptr || with_p) {
+        f.x2.Calc_X2(f.figures, f.wzx, false);
+    }
+    if (Find(W_Sheets(), request.mode, law) != nullptr) {
+        f.wzx.Calc_W5_Ten(f.items.keiri_kansa, f.items.keiri_kandaka, f.items.Kjm[0], f.items.Kjm[1]);
+    }
+    if (Find(Y1_Sheets(), request.mode, law) != nullptr || with_p) {
+        f.y.Calc_Y(f.figures.statement, f.figures.hokkaido, f.figures.corporation);
+    }
+    return f;
+}
+
+std::vector<Check_Line> Lines(const std::vector<Sheet_Line>& from, const Check_Figures& f) {
+    std::vector<Check_Line> lines;
+    for (const Sheet_Line& line : from) {
+        lines.push_back({line.caption, {line.value(f), line.name}});
+    }
+    return lines;
+}
+
+} // namespace
+
+Check_Request W2X_Request(int law_year, int index) {
+    if (index < 0 || index >= static_cast<int>(std::size(w2x_buttons))) {
+        throw std::out_of_range("no button Cmd_W2X(" + std::to_string(index) + ")");
+    }
+    return Request(w2x_buttons[index].score, Law_Of(law_year).code, 0);
+}
+
+Check_Request XZP_Request(const std::string& mode, std::size_t Kosyu_Sel) {
+    return Request(mode, law_years.back().code, Kosyu_Sel);
+}
+
+Check_Request Y1_Request(int index) {
+    if (index < 0 || index >= static_cast<int>(Y1_Sheets().size())) {
+        throw std::out_of_range("no detail of Y for " + std::to_string(index));
+    }
+    return Request(Y1_Sheets()[static_cast<std::size_t>(index)].mode, law_years.back().code, 0);
+}
+
+Check_Sheet Make_Check_Sheet(const Session& session, const Check_Request& request) {
+    const Check_Figures f = Load(session, request);
+    const int law = f.Law().code;
+    const Sheet_Text& text = Find(request.mode, law);
+    Check_Sheet sheet;
+    sheet.title = text.title;
+    sheet.amounts = text.amounts;
+    sheet.inputs = Lines(text.inputs, f);
+    sheet.formula.assign(text.formula.begin(), text.formula.end());
+    sheet.results = Lines(text.results, f);
+    sheet.closing.assign(text.closing.begin(), text.closing.end());
+    sheet.help_key = law >= 2 && text.help_key_2011 != nullptr ? text.help_key_2011 : text.help_key;
+    sheet.table_form = text.table_form;
+    sheet.Tbl_Disp_No = text.Tbl_Disp_No;
+    sheet.law_year = law;
+    if (text.more != nullptr) {
+        text.more(f, sheet);
+    }
+    return sheet;
+}
+
+} // namespace morvane

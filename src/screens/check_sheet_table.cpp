@@ -1,0 +1,101 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "calc/ten_tables.h"
+#include "calc/wzx_calc.h"
+#include "screens/check_sheet.h"
+#include "session/kyotu_mod.h"
+
+#include <array>
+#include <cmath>
+#include <cstdio>
+
+namespace morvane {
+
+namespace {
+
+std::string Name(const char* control, std::size_t index) {
+    return std::string(control) + "(" + std::to_string(index) + ")";
+}
+
+/// A table of the law: limits (lbl_Gak, from below and from above), formulas (lbl_HyouTen), the row in force.
+Check_Sheet Calc_Tbl(const Check_Sheet& of) {
+    const Tbl_Lists lists = Set_Tbl_Lists(of.Tbl_Disp_No, of.law_year);
+    Check_Table table{lists.heading, {"以上", "未満", "評点の算式"}, {2}, {}, of.table_row, 2};
+    for (std::size_t row = 0; row < lists.formulas.size(); ++row) {
+        const std::string from = row < lists.limits.size() ? lists.limits[row] + "以上" : "";
+        const std::string to = row > 0 ? lists.limits[row - 1] + "未満" : "";
+        table.rows.push_back({{from, Name("lbl_Gak", 2 * row + 1)},
+                              {to, Name("lbl_Gak", 2 * row)},
+                              {lists.formulas[row], Name("lbl_HyouTen", row)}});
+    }
+    Check_Sheet sheet;
+    sheet.title = lists.title;
+    sheet.tables = {std::move(table)};
+    // The number that no score of Z1 sets: shown whichever table is asked for.
+    sheet.notice = std::to_string(WZX_Calc().Tbl_No_Z1);
+    return sheet;
+}
+
+/// The points of the audit.
+Check_Table Audit_Table() {
+    struct Audit {
+        std::int32_t kansa;
+        const char* text;
+    };
+    constexpr std::array<Audit, 4> audits = {{{3, "会計監査人の設置"},
+                                              {2, "会計参与の設置"},
+                                              {1, "経理処理の適正を確認した旨の書類の提出"},
+                                              {0, "無"}}};
+    Check_Table table{"【別表１】", {"監査の受審状況", "点数"}, {0}, {}, -1, 1};
+    for (const Audit& audit : audits) {
+        WZX_Calc wzx;
+        wzx.Calc_W5_Ten(audit.kansa, 0, 0, 0);
+        table.rows.push_back({{audit.text}, {std::to_string(wzx.W5_Kansa_Ten)}});
+    }
+    return table;
+}
+
+std::string Needed_Text(float needed) {
+    if (std::isinf(needed)) {
+        return "－";
+    }
+    std::array<char, 32> text{};
+    std::snprintf(text.data(), text.size(), "%.1f以上", static_cast<double>(needed));
+    return text.data();
+}
+
+/// The points of the accountants, by completed work.
+Check_Table Staff_Table() {
+    Check_Table table{"【別表２】", {"年間平均完成工事高"}, {0}, {}, -1, 1};
+    for (const std::int16_t ten : w5_points) {
+        table.columns.push_back(std::to_string(ten) + "点");
+    }
+    const std::span<const W5_Row> rows = W5_Rows();
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        std::string range = rows[i].from > 0 ? Oku_Man_Text(rows[i].from) + "以上" : "";
+        if (i > 0) {
+            range += (range.empty() ? "" : "　") + Oku_Man_Text(rows[i - 1].from) + "未満";
+        }
+        std::vector<Named_Text> line = {{range}};
+        for (const float needed : rows[i].needed) {
+            line.push_back({Needed_Text(needed)});
+        }
+        table.rows.push_back(std::move(line));
+    }
+    return table;
+}
+
+} // namespace
+
+Check_Sheet Make_Table_Sheet(const Check_Sheet& of) {
+    if (of.Tbl_Disp_No != 0) {
+        return Calc_Tbl(of);
+    }
+    Check_Sheet sheet;
+    sheet.title = "経理に関する状況（Ｗ５） 別表";
+    sheet.tables = {Audit_Table(), Staff_Table()};
+    sheet.closing = {"公認会計士等数は、一級の数に二級の数の0."
+                     "4倍を加えた数です。該当する点数のうち最も高いものとなります。"};
+    return sheet;
+}
+
+} // namespace morvane

@@ -1,0 +1,289 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "screens/frm_kanko.h"
+
+#include "calc/law_year.h"
+#include "calc/xzp_dataget.h"
+#include "session/boxes.h"
+#include "session/kyotu_mod.h"
+#include "widgets/entry_cell.h"
+#include "widgets/note_button.h"
+#include "widgets/theme.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+
+namespace morvane {
+
+namespace {
+
+Grid_Column Column_Of(const Kanko_Column& column) {
+    Grid_Column shown{.name = column.name,
+                      .heading = column.heading,
+                      .group = column.group,
+                      .use = Cell_Use::Shown,
+                      .width = column.width};
+    switch (column.use) {
+    case Kanko_Use::Amount:
+    case Kanko_Use::Count:
+        // A figure is whole and not negative.
+        shown.use = Cell_Use::Entry;
+        shown.kind = Entry_Kind::Digits;
+        shown.max_length = column.use == Kanko_Use::Amount ? 10 : 5;
+        shown.align = Qt::AlignRight;
+        shown.format = [](const Value& value) { return QString::fromStdString(Comma_Str(value)); };
+        break;
+    case Kanko_Use::Check:
+        shown.button = "計算";
+        shown.use = Cell_Use::Button;
+        break;
+    case Kanko_Use::Result:
+    case Kanko_Use::Score:
+        break;
+    }
+    if (column.use == Kanko_Use::Count) {
+        // Engineers belong to work types; the line of other works has none.
+        shown.locked = [](int row) { return Line_Of_Row(row) >= scored_lines; };
+    }
+    return shown;
+}
+
+std::vector<Grid_Column> Columns_Of(const Kanko_Screen& screen) {
+    std::vector<Grid_Column> columns;
+    for (const Kanko_Column& column : screen.columns) {
+        columns.push_back(Column_Of(column));
+    }
+    return columns;
+}
+
+// A line that is part of the one above it stands in from it.
+std::vector<std::vector<std::string>> Captions_Of_Rows() {
+    std::vector<std::vector<std::string>> rows;
+    for (int row = 0; row < kanko_rows; ++row) {
+        const std::size_t line = Line_Of_Row(row);
+        const Work_Type& type = work_types[line];
+        rows.push_back({std::string(type.label), (Is_Sub_Line(line) ? "　" : "") + std::string(type.name)});
+    }
+    return rows;
+}
+
+Value Shown_Value(std::optional<std::int32_t> number) {
+    return number ? Value(std::int64_t{*number}) : Value();
+}
+
+} // namespace
+
+Frm_Kanko::Frm_Kanko(Shell_Port& shell_port, const char* form)
+    : Form(shell_port, QString::fromUtf8(form), QString::fromUtf8(Kanko_Screen_Of(form).title)),
+      entry(shell.session, Kanko_Screen_Of(form)), grid(new Entry_Grid(Columns_Of(entry.screen), kanko_rows)),
+      basis(new QLabel) {
+    Set_Sub_Title(QString::fromStdString(shell.session.Screen_Title));
+    Make_Grid();
+    body->addWidget(Make_Head());
+    body->addWidget(grid, 1);
+    Make_Buttons();
+    setFocusProxy(grid);
+    if (Kanko_Avg != nullptr) {
+        setTabOrder(Kanko_Avg, grid);
+    }
+    if (entry.Fault()) {
+        Tell(shell.session, "実行時エラー",
+             entry.Fault()->what() + std::string("\n保存されている数値を確認し、修正してください。"));
+    }
+}
+
+QWidget* Frm_Kanko::Make_Head() {
+    auto* line = new QWidget;
+    line->setMaximumWidth(grid->maximumWidth());
+    auto* head = new QHBoxLayout(line);
+    head->setContentsMargins(0, 0, 0, 0);
+    head->setSpacing(8);
+    if (!entry.screen.gijutu) {
+        Kanko_Avg = new Entry_Cell(Entry_Kind::Choice);
+        Kanko_Avg->setObjectName(QStringLiteral("Kanko_Avg"));
+        Kanko_Avg->setAccessibleName(QStringLiteral("完成工事高の平均年数"));
+        Kanko_Avg->Set_Choices(QStringLiteral("23"));
+        Kanko_Avg->setMaxLength(1);
+        Kanko_Avg->Set_Width(2);
+        Wire(Kanko_Avg, &Entry_Cell::Left, [this] { Take_Avg(); });
+        connect(Kanko_Avg, &Entry_Cell::Next_Field, grid, [this] { grid->Focus_Cell(0, 0); });
+        auto* hint = new QLabel(QStringLiteral("年平均（２年平均：2　３年平均：3）"));
+        theme::Set_Look(hint, "muted");
+        head->addWidget(new QLabel(QStringLiteral("完成工事高の採用")));
+        head->addWidget(Kanko_Avg);
+        head->addWidget(hint);
+    }
+    head->addStretch(1);
+    basis->setObjectName(QStringLiteral("Lbl_Basis"));
+    basis->setToolTip(QStringLiteral("総合評点（Ｐ）の計算に使う、ほかの画面の評点です。"));
+    head->addWidget(basis);
+    auto* unit = new QLabel(QStringLiteral("金額単位：千円"));
+    theme::Set_Look(unit, "muted");
+    head->addSpacing(16);
+    head->addWidget(unit);
+    Show_Years();
+    Show_Kanko();
+    Set_Cmd_Enable();
+    return line;
+}
+
+void Frm_Kanko::Make_Grid() {
+    grid->setObjectName(QStringLiteral("grid"));
+    grid->Set_Captions({{"工種", 4}, {"工種名", 14}}, Captions_Of_Rows());
+    grid->Set_Totals({{entry.screen.total_caption, "_Kei"}});
+    grid->Set_Keys({.wrap = Grid_Wrap::Stop, .enter_along_row = true, .arrows_leave = true});
+    grid->on_left = [this](int row, int column) { return Take({{row, column}}); };
+    grid->on_block = [this](const std::vector<Cell_At>& cells) { return Take(cells); };
+    grid->on_refused = [this](const std::vector<Paste_Refused>& refused) {
+        shell.Guard([&] { Tell(shell.session, "貼り付けエラー", grid->Refusal_Text(refused)); });
+    };
+    Wire(grid, &Entry_Grid::Button_Pressed, [this](int row, int column) { Open_Check(row, column); });
+    grid->setMaximumWidth(grid->sizeHint().width());
+    Show_Entries();
+}
+
+void Frm_Kanko::Make_Buttons() {
+    Add_Help_Button();
+    Add_Menu_Button();
+    buttons->insertWidget(2, new Note_Button(shell));
+    const Kanko_Screen& screen = entry.screen;
+    auto* sister =
+        Add_Button(QString::fromUtf8(screen.sister_button), QString::fromUtf8(screen.sister_caption));
+    auto* print = Add_Button(QStringLiteral("Prt"), QStringLiteral("計算結果印刷"));
+    auto* close = Add_Button(QStringLiteral("Tojiru"), QStringLiteral("閉じる"), "primary");
+    Wire(sister, &QPushButton::clicked,
+         [this] { shell.Replace_Form(this, QString::fromUtf8(entry.screen.sister)); });
+    Wire(print, &QPushButton::clicked, [this] {
+        if (Finish_Entry() && Save_First()) {
+            shell.Open_Form(QString::fromUtf8(Law_Of(shell.session.Simyu_Kubun).result_report));
+        }
+    });
+    connect(close, &QPushButton::clicked, this, &Frm_Kanko::reject);
+}
+
+// ---- entries and results
+
+bool Frm_Kanko::Take(const std::vector<Cell_At>& cells) {
+    return shell.Guard([&] {
+        std::vector<Kanko_Entered> entered;
+        for (const Cell_At at : cells) {
+            if (entry.screen.columns[static_cast<std::size_t>(at.column)].figure == nullptr) {
+                continue;
+            }
+            const Value value = grid->Get_Value(at.row, at.column);
+            entered.push_back(
+                {at.row, at.column, value.Is_Null() ? std::nullopt : std::optional(value.As_Integer())});
+        }
+        entry.Take(entered);
+        Show_Kanko();
+        Set_Cmd_Enable();
+    });
+}
+
+void Frm_Kanko::Take_Avg() {
+    const Value years = Kanko_Avg->Entry();
+    try {
+        entry.Take_Kanko_Avg(years.Is_Null() ? 2 : static_cast<std::int32_t>(years.As_Integer()));
+    } catch (...) {
+        Show_Years();
+        throw;
+    }
+    Show_Years();
+    Show_Kanko();
+    Set_Cmd_Enable();
+}
+
+void Frm_Kanko::Show_Entries() {
+    for (int column = 0; column < grid->Column_Count(); ++column) {
+        const Kanko_Use use = entry.screen.columns[static_cast<std::size_t>(column)].use;
+        if (use != Kanko_Use::Amount && use != Kanko_Use::Count) {
+            continue;
+        }
+        for (int row = 0; row < kanko_rows; ++row) {
+            grid->Set_Value(row, column, Shown_Value(entry.Shown(row, column)));
+        }
+    }
+}
+
+void Frm_Kanko::Show_Years() {
+    const std::string years = std::to_string(entry.Kanko_Avg());
+    for (int column = 0; column < grid->Column_Count(); ++column) {
+        const Kanko_Column& shown = entry.screen.columns[static_cast<std::size_t>(column)];
+        if (shown.name == std::string_view("Nheikin")) {
+            grid->Set_Heading(column, years + shown.heading);
+        }
+    }
+    if (Kanko_Avg != nullptr) {
+        Kanko_Avg->Set_Value(years);
+    }
+}
+
+void Frm_Kanko::Show_Kanko() {
+    for (int column = 0; column < grid->Column_Count(); ++column) {
+        const Kanko_Use use = entry.screen.columns[static_cast<std::size_t>(column)].use;
+        if (use == Kanko_Use::Result || use == Kanko_Use::Score) {
+            for (int row = 0; row < kanko_rows; ++row) {
+                grid->Set_Value(row, column, Shown_Value(entry.Shown(row, column)));
+            }
+        }
+        grid->Set_Total(0, column, Shown_Value(entry.Shown_Total(column)));
+    }
+    const Kanko::Scores& scores = entry.Scores();
+    basis->setText(
+        entry.Fault()
+            ? QString::fromUtf8(entry.Fault()->what())
+            : QStringLiteral("Ｙ %1　　Ｘ２ %2　　Ｗ %3").arg(scores.Y).arg(scores.X2).arg(scores.W));
+}
+
+void Frm_Kanko::Set_Cmd_Enable() {
+    for (int column = 0; column < grid->Column_Count(); ++column) {
+        if (entry.screen.columns[static_cast<std::size_t>(column)].use != Kanko_Use::Check) {
+            continue;
+        }
+        for (int row = 0; row < kanko_rows; ++row) {
+            grid->Set_Locked(row, column, !entry.Can_Check(row));
+        }
+    }
+}
+
+// ---- leaving
+
+void Frm_Kanko::Open_Check(int row, int column) {
+    const char* mode = entry.screen.columns[static_cast<std::size_t>(column)].mode;
+    checks.Open(XZP_Request(mode, Line_Of_Row(row)), [this] { return Save_First(); });
+}
+
+bool Frm_Kanko::Finish_Entry() {
+    if (!grid->Finish_Entry()) {
+        return false;
+    }
+    if (Kanko_Avg != nullptr && Kanko_Avg->hasFocus()) {
+        Take_Avg();
+    }
+    return true;
+}
+
+bool Frm_Kanko::Save_First() {
+    try {
+        entry.Save(shell.session);
+        return true;
+    } catch (const Store_Error& error) {
+        Tell(shell.session, "保存エラー",
+             std::string("入力した内容を保存できませんでした。\n") + error.what());
+        return false;
+    }
+}
+
+bool Frm_Kanko::May_Close() {
+    if (!checks.May_Close() || !Finish_Entry()) {
+        return false;
+    }
+    if (entry.Fault()) {
+        return Ask(shell.session, "保存エラー",
+                   entry.Fault()->what() +
+                       std::string("\n計算できないため保存できません。入力した内容を破棄して閉じますか？"));
+    }
+    return Save_First();
+}
+
+} // namespace morvane

@@ -1,0 +1,50 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#pragma once
+
+#include "screens/check_opener.h"
+#include "screens/kanko_entry.h"
+#include "widgets/entry_grid.h"
+#include "widgets/form.h"
+
+class QLabel;
+
+namespace morvane {
+
+class Entry_Cell;
+
+/// The screens of the work types: completed work with X1 and P (Frm_Kanko), engineers and prime-contract work
+/// with Z (Frm_Kanko2). Leaving any field runs the whole calculation; closing stores. Where storing fails the
+/// screen stays with everything that was keyed.
+class Frm_Kanko : public Form {
+    Q_OBJECT
+
+  public:
+    /// `form` is the name of the screen. Raises Store_Error, Run_Time_Error.
+    Frm_Kanko(Shell_Port& shell_port, const char* form);
+
+  protected:
+    bool May_Close() override;
+
+  private:
+    void Make_Grid();
+    [[nodiscard]] QWidget* Make_Head();
+    void Make_Buttons();
+
+    bool Take(const std::vector<Cell_At>& cells);
+    void Take_Avg();
+    void Show_Entries();
+    void Show_Years();
+    void Show_Kanko();
+    void Set_Cmd_Enable();
+    void Open_Check(int row, int column);
+    bool Finish_Entry();
+    bool Save_First();
+
+    Kanko_Entry entry;
+    Check_Opener checks{*this, shell};
+    Entry_Grid* grid;
+    Entry_Cell* Kanko_Avg = nullptr; ///< on the screen of completed work
+    QLabel* basis;                   ///< the scores that P takes besides
+};
+
+} // namespace morvane

@@ -1,0 +1,412 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "screens/frm_syokuta.h"
+
+#include "screens/syokuta_edit.h"
+#include "session/boxes.h"
+#include "widgets/note_button.h"
+#include "widgets/theme.h"
+
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QResizeEvent>
+#include <QScrollArea>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <cstdlib>
+#include <string_view>
+
+namespace morvane {
+
+namespace {
+
+constexpr int beside_sheet = 12 + 14; // margins and scroll bar
+constexpr int beside_figure = 18;     // of a shown figure, so that it is as wide as an entry
+constexpr int longest_in_line = 21;   // characters of a caption
+constexpr int row_height = 26;
+constexpr int side = 10; // at the left and right inside a group
+
+QString Text(const char* text) {
+    return QString::fromUtf8(text);
+}
+
+bool Has_Law(const auto& of, int law) {
+    return law >= of.law_from && law <= of.law_to;
+}
+
+/// A figure that is not keyed: right-aligned on the ground of shown cells.
+QLabel* Figure_Label(const Syokuta_Cell& cell, bool strong) {
+    auto* label = new QLabel;
+    label->setObjectName(Text(cell.name));
+    label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    label->setFont(theme::Gothic(theme::body_points, strong));
+    label->setTextFormat(Qt::PlainText);
+    label->setFixedWidth(label->fontMetrics().horizontalAdvance(QLatin1Char('0')) * cell.digits +
+                         (strong ? 10 : beside_figure));
+    label->setFixedHeight(22);
+    label->setContentsMargins(4, 0, 4, 0);
+    label->setAutoFillBackground(true);
+    QPalette palette = label->palette();
+    palette.setColor(QPalette::Window, QColor(strong ? theme::surface : theme::shown));
+    label->setPalette(palette);
+    return label;
+}
+
+QLabel* Small(const QString& text) {
+    auto* label = new QLabel(text);
+    theme::Set_Look(label, "muted");
+    return label;
+}
+
+int Index_Of_Check(std::string_view score) {
+    int index = 0;
+    for (const W2X_Button& button : w2x_buttons) {
+        if (button.score == score) {
+            return index;
+        }
+        ++index;
+    }
+    return -1;
+}
+
+} // namespace
+
+Frm_Syokuta::Frm_Syokuta(Shell_Port& shell_port)
+    : Form(shell_port, {}, QStringLiteral("自己資本額・利益額・従業職員数・その他（Ｘ２，Ｗ）")),
+      entry(shell_port.session, scenario_genjo.number), checks(*this, shell_port), scroll(new QScrollArea),
+      sheet(new QWidget), hint(Small({})) {
+    setObjectName(Text(entry.Law().entry_form));
+    Set_Sub_Title(QString::fromStdString(shell.session.Screen_Title));
+    auto* row = new QHBoxLayout(sheet);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(6);
+    for (QVBoxLayout*& column : columns) {
+        column = new QVBoxLayout;
+        column->setSpacing(6);
+        row->addLayout(column);
+    }
+    for (const Syokuta_Group& group : Syokuta_Groups()) {
+        if (Has_Law(group, entry.Law().code)) {
+            groups.push_back({&group, Make_Group(group)});
+        }
+    }
+    body->setContentsMargins(6, 8, 6, 8);
+    for (int count : {1, 2, 3}) {
+        Arrange(count);
+        room_for[static_cast<std::size_t>(count - 1)] = sheet->minimumSizeHint().width() + beside_sheet;
+    }
+    scroll->setWidgetResizable(true);
+    scroll->setFocusPolicy(Qt::NoFocus);
+    scroll->setWidget(sheet);
+    body->addWidget(scroll, 1);
+
+    Add_Help_Button();
+    Add_Menu_Button();
+    buttons->insertWidget(2, new Note_Button(shell));
+    hint->setObjectName(QStringLiteral("Lbl_Hint"));
+    hint->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    buttons->insertWidget(3, hint, 1);
+    buttons->setStretch(4, 0);
+    auto* Tojiru = Add_Button(QStringLiteral("Tojiru"), QStringLiteral("閉じる"), "primary");
+    connect(Tojiru, &QPushButton::clicked, this, &Frm_Syokuta::reject);
+    if (entry.Fault()) {
+        Tell(shell.session, "実行時エラー",
+             entry.Fault()->what() + std::string("\n保存されている数値を確認し、修正してください。"));
+    }
+    Show_W_2012();
+    setFocusProxy(edits.front());
+}
+
+QWidget* Frm_Syokuta::Make_Group(const Syokuta_Group& group) {
+    auto* box = new QFrame(sheet);
+    theme::Set_Look(box, "section");
+    box->setAccessibleName(Text(group.title));
+    auto* whole = new QVBoxLayout(box);
+    whole->setContentsMargins(1, 1, 1, 1);
+    whole->setSpacing(0);
+    whole->addWidget(Make_Band(group));
+    auto* lines = new QVBoxLayout;
+    lines->setContentsMargins(side, 3, side, 3);
+    lines->setSpacing(1);
+    for (const Syokuta_Row& row : group.rows) {
+        if (Has_Law(row, entry.Law().code)) {
+            lines->addWidget(Make_Row(row));
+        }
+    }
+    if (lines->count() > 0) {
+        whole->addLayout(lines);
+    } else {
+        delete lines;
+    }
+    return box;
+}
+
+QWidget* Frm_Syokuta::Make_Band(const Syokuta_Group& group) {
+    auto* band = new QFrame;
+    band->setAutoFillBackground(true);
+    QPalette palette = band->palette();
+    palette.setColor(QPalette::Window, QColor(theme::accent_soft));
+    band->setPalette(palette);
+    auto* line = new QHBoxLayout(band);
+    line->setContentsMargins(side, 2, side, 2);
+    line->setSpacing(6);
+    auto* title = new QLabel(Text(group.title));
+    title->setFont(theme::Gothic(theme::body_points, true));
+    palette.setColor(QPalette::WindowText, QColor(theme::accent));
+    title->setPalette(palette);
+    line->addWidget(title, 1);
+    for (const Syokuta_Cell& cell : group.points) {
+        QLabel* label = Figure_Label(cell, true);
+        label->setAccessibleName(title->text() + QStringLiteral(" 点数"));
+        labels.push_back({&cell, label});
+        line->addWidget(label);
+    }
+    if (group.check != nullptr) {
+        Add_Check(*line, group.check);
+    }
+    return band;
+}
+
+QWidget* Frm_Syokuta::Make_Row(const Syokuta_Row& row) {
+    auto* widget = new QWidget;
+    auto* line = new QHBoxLayout(widget);
+    line->setContentsMargins(0, 0, 0, 0);
+    line->setSpacing(4);
+    if (row.look != Syokuta_Row::Look::Note) {
+        widget->setMinimumHeight(row_height);
+    }
+    auto* caption = new QLabel(Text(row.caption).trimmed());
+    caption->setTextFormat(Qt::PlainText);
+    caption->setWordWrap(caption->text().size() > longest_in_line);
+    switch (row.look) {
+    case Syokuta_Row::Look::Line:
+        break;
+    case Syokuta_Row::Look::Heading:
+    case Syokuta_Row::Look::Total:
+        caption->setFont(theme::Gothic(theme::body_points, true));
+        break;
+    case Syokuta_Row::Look::Note:
+        theme::Set_Look(caption, "muted");
+        caption->setFont(theme::Gothic(9));
+        break;
+    }
+    line->addWidget(caption, 1);
+    const bool score = row.look == Syokuta_Row::Look::Heading || row.look == Syokuta_Row::Look::Total;
+    for (const Syokuta_Cell& cell : row.cells) {
+        if (score) {
+            QLabel* label = Figure_Label(cell, true);
+            label->setAccessibleName(caption->text() + QStringLiteral(" 点数"));
+            labels.push_back({&cell, label});
+            line->addWidget(label);
+        } else {
+            Add_Cell(*line, cell, row.caption);
+        }
+    }
+    if (row.check != nullptr) {
+        line->addSpacing(2);
+        Add_Check(*line, row.check);
+    }
+    return widget;
+}
+
+void Frm_Syokuta::Add_Cell(QHBoxLayout& line, const Syokuta_Cell& cell, const char* caption) {
+    if (*cell.before != '\0') {
+        line.addWidget(new QLabel(Text(cell.before)));
+    }
+    if (cell.place == nullptr) {
+        QLabel* label = Figure_Label(cell, false);
+        label->setAccessibleName(Text(caption).trimmed() + Text(cell.before));
+        labels.push_back({&cell, label});
+        line.addWidget(label);
+    } else {
+        auto* edit = new Syokuta_Edit(cell);
+        edit->setAccessibleName((Text(caption) + QLatin1Char(' ') + Text(cell.before)).trimmed());
+        edit->setAccessibleDescription(Text(cell.hint));
+        edit->setToolTip(Text(cell.hint));
+        edit->on_leave = [this, edit] { return Take_Entry(*edit); };
+        edit->on_arrow = [this, edit](int direction) { Step_Down(*edit, direction); };
+        connect(edit, &Entry_Cell::Entered, this, [this, edit] {
+            hint->setText(Text(edit->cell.hint));
+            scroll->ensureWidgetVisible(edit, 0, row_height);
+        });
+        connect(edit, &Entry_Cell::Next_Field, this, [this, edit] { Step(*edit, 1); });
+        edits.push_back(edit);
+        line.addWidget(edit);
+    }
+    if (*cell.after != '\0') {
+        line.addWidget(new QLabel(Text(cell.after)));
+    }
+}
+
+void Frm_Syokuta::Add_Check(QHBoxLayout& line, const char* score) {
+    const int index = Index_Of_Check(score);
+    auto* button = new QPushButton(QStringLiteral("計算チェック"));
+    button->setObjectName(QStringLiteral("Cmd_W2X(%1)").arg(index));
+    button->setAccessibleName(Text(score) + QStringLiteral(" 計算チェック"));
+    button->setAutoDefault(false);
+    theme::Set_Look(button, "check_button");
+    button->setFont(theme::Gothic(9));
+    Wire(button, &QPushButton::clicked, [this, index] { Cmd_W2X(index); });
+    line.addWidget(button);
+}
+
+// ---- layout
+
+int Frm_Syokuta::Column_Of(const Syokuta_Group& group) const {
+    return column_count == 1 ? 0 : column_count == 2 ? group.of_two : group.of_three;
+}
+
+void Frm_Syokuta::Arrange(int count) {
+    column_count = count;
+    for (QVBoxLayout* column : columns) {
+        while (QLayoutItem* item = column->takeAt(0)) {
+            delete item;
+        }
+    }
+    for (const Placed_Group& placed : groups) {
+        columns[static_cast<std::size_t>(Column_Of(*placed.group))]->addWidget(placed.box);
+    }
+    auto* row = static_cast<QHBoxLayout*>(sheet->layout());
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        const bool used = columns[i]->count() > 0;
+        columns[i]->addStretch(1);
+        row->setStretch(static_cast<int>(i), used ? 1 : 0);
+    }
+}
+
+// As many columns as there is room for.
+void Frm_Syokuta::resizeEvent(QResizeEvent* event) {
+    Form::resizeEvent(event);
+    int count = 3;
+    while (count > 1 && event->size().width() < room_for[static_cast<std::size_t>(count - 1)]) {
+        --count;
+    }
+    if (count != column_count) {
+        Arrange(count);
+    }
+}
+
+// ---- figures
+
+void Frm_Syokuta::Show_W_2012() {
+    const Syokuta& shown = entry.Shown();
+    for (const Shown_Cell& shown_cell : labels) {
+        shown_cell.label->setText(entry.Fault() ? QString()
+                                                : QString::fromStdString(shown_cell.cell->shown(shown)));
+    }
+    Social_Items items = shown.items;
+    for (Syokuta_Edit* edit : edits) {
+        const std::int32_t value = edit->cell.place(items);
+        if (edit->Entry().Is_Null() || edit->Number() != value) {
+            edit->Set_Value(value);
+        }
+    }
+}
+
+// The former value comes back where the entry cannot be stored or leads to figures out of their width.
+bool Frm_Syokuta::Take_Entry(Syokuta_Edit& edit) {
+    bool taken = false;
+    shell.Guard([&] {
+        const std::int32_t value = edit.Number();
+        const std::string refusal = Syokuta_Entry::Refusal(edit.cell.name, value);
+        if (refusal.empty()) {
+            entry.Take(edit.cell.place, value);
+            taken = true;
+        } else {
+            Tell(shell.session, "入力エラー", refusal);
+        }
+    });
+    if (!taken) {
+        Social_Items items = entry.Shown().items;
+        edit.Set_Value(edit.cell.place(items));
+        edit.selectAll();
+        return false;
+    }
+    Show_W_2012();
+    return true;
+}
+
+bool Frm_Syokuta::Take_Focused() {
+    for (Syokuta_Edit* edit : edits) {
+        if (edit->hasFocus() || focusWidget() == edit) {
+            return edit->Finish_Entry() && Take_Entry(*edit);
+        }
+    }
+    return true;
+}
+
+std::string Frm_Syokuta::Store() {
+    try {
+        entry.Store(shell.session);
+        return {};
+    } catch (const Store_Error& error) {
+        return error.what();
+    } catch (const Run_Time_Error& error) {
+        return error.what();
+    }
+}
+
+bool Frm_Syokuta::May_Close() {
+    if (!checks.May_Close() || !Take_Focused()) {
+        return false;
+    }
+    const std::string failure = Store();
+    return failure.empty() ||
+           Ask(shell.session, "保存エラー",
+               "入力した内容を保存できませんでした。\n" + failure + "\n\n入力した内容を破棄して閉じますか？");
+}
+
+void Frm_Syokuta::Cmd_W2X(int index) {
+    checks.Open(W2X_Request(entry.Law().code, index), [this] {
+        if (!Take_Focused()) {
+            return false;
+        }
+        const std::string failure = Store();
+        if (!failure.empty()) {
+            Tell(shell.session, "保存エラー", "入力した内容を保存できませんでした。\n" + failure);
+        }
+        return failure.empty();
+    });
+}
+
+// ---- keys
+
+void Frm_Syokuta::Step(const Syokuta_Edit& from, int by) {
+    const auto place = std::find(edits.begin(), edits.end(), &from) - edits.begin();
+    const auto count = static_cast<std::ptrdiff_t>(edits.size());
+    edits[static_cast<std::size_t>((place + by + count) % count)]->setFocus(Qt::TabFocusReason);
+}
+
+// To the nearest field of the line above or below in the same column of the screen; the ends stop.
+void Frm_Syokuta::Step_Down(const Syokuta_Edit& from, int direction) {
+    const auto centre = [this](const QWidget& widget) { return widget.mapTo(sheet, widget.rect().center()); };
+    const auto column = [this](const QWidget& widget) {
+        for (const Placed_Group& placed : groups) {
+            if (placed.box->isAncestorOf(&widget)) {
+                return Column_Of(*placed.group);
+            }
+        }
+        return -1;
+    };
+    const QPoint here = centre(from);
+    Syokuta_Edit* nearest = nullptr;
+    QPoint distance;
+    for (Syokuta_Edit* edit : edits) {
+        const QPoint to = centre(*edit) - here;
+        const int down = to.y() * direction;
+        if (down <= from.height() / 2 || column(*edit) != column(from)) {
+            continue;
+        }
+        const bool same_line = nearest != nullptr && std::abs(down - distance.y()) <= from.height() / 2;
+        if (nearest == nullptr || (same_line ? std::abs(to.x()) < distance.x() : down < distance.y())) {
+            nearest = edit;
+            distance = {std::abs(to.x()), down};
+        }
+    }
+    if (nearest != nullptr) {
+        nearest->setFocus(Qt::TabFocusReason);
+    }
+}
+
+} // namespace morvane

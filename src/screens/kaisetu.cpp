@@ -1,0 +1,63 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "screens/kaisetu.h"
+
+#include "session/boxes.h"
+#include "session/install_info.h"
+#include "session/kyotu_mod.h"
+
+namespace morvane {
+
+namespace {
+
+constexpr const char* box_title = "確認メッセージ";
+
+// What the user may look for is reachable when the connection test reaches its host; without one, the help
+// pages' own host is asked.
+std::string Probed_Host(const Install_Info& info) {
+    if (!info.net_check_host.empty()) {
+        return info.net_check_host;
+    }
+    std::string host = info.network.help_host;
+    if (const auto scheme = host.find("://"); scheme != std::string::npos) {
+        host.erase(0, scheme + 3);
+    }
+    return host.substr(0, host.find('/'));
+}
+
+} // namespace
+
+std::string Kaisetu_Address(const std::string& host, const std::string& key) {
+    std::string address = host.find("://") == std::string::npos ? "https://" + host : host;
+    while (address.ends_with('/')) {
+        address.pop_back();
+    }
+    return address + "/kaisei08/morv_kaisetu.php?" + key;
+}
+
+void Open_Kaisetu(const Session& session, const std::string& key) {
+    const Install_Info info = Read_Install_Info(session.App_Path);
+    if (info.network.help_host.empty()) {
+        Tell(session, box_title,
+             "解説ページのホストが設定されていません。\n［通信設定］の「解説ページのホスト」で設定してくださ"
+             "い。");
+        return;
+    }
+    const Answer answer = Show_Message(
+        session, {.title = box_title,
+                  .text = "解説ページへアクセスします。解説を参照しない場合はキャンセルしてください。",
+                  .buttons = Buttons::Ok_Cancel,
+                  .beep = true});
+    if (answer != Answer::Ok) {
+        return;
+    }
+    if (Net_Check(Probed_Host(info)) != "1") {
+        Tell(session, box_title,
+             "ネット接続ができません。ご使用のPCがインターネットに接続可能か確認してください。");
+        return;
+    }
+    if (!Url_Open(Kaisetu_Address(info.network.help_host, key))) {
+        Tell(session, box_title, "ブラウザを起動できませんでした。");
+    }
+}
+
+} // namespace morvane

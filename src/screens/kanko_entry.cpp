@@ -1,0 +1,120 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "screens/kanko_entry.h"
+
+#include "calc/checked.h"
+#include "calc/x2w_dataget.h"
+
+#include <algorithm>
+
+namespace morvane {
+
+namespace {
+
+const Kanko_Column& Column(const Kanko_Screen& screen, int column) {
+    return screen.columns[static_cast<std::size_t>(column)];
+}
+
+// Amounts have 32 bits, the columns of the engineers 16.
+std::int32_t Within_Column(Kanko_Use use, std::int64_t number) {
+    return use == Kanko_Use::Count ? Narrow<std::int16_t>(number, "技術職員数")
+                                   : Narrow<std::int32_t>(number, "完成工事高");
+}
+
+} // namespace
+
+Kanko_Entry::Kanko_Entry(const Session& session, const Kanko_Screen& screen_row) : screen(screen_row) {
+    {
+        const Connection cn = Cn_Open(session);
+        figures = Load_Review(cn, session.Syori_Ki, Scenario_Of(screen.scenario), session.Is_Hokkaido(),
+                              session.Is_Corporation());
+    }
+    Y_Calc y;
+    y.Calc_Y(figures.statement, figures.hokkaido, figures.corporation);
+    X2_Calc x2;
+    x2.Calc_X2(figures, wzx, false);
+    kanko.Load_Kanko(figures, x2.X2_Ten, y.Y_Ten);
+    try {
+        Calculate();
+    } catch (const Run_Time_Error& error) {
+        fault = error;
+    }
+}
+
+void Kanko_Entry::Calculate() {
+    if (screen.gijutu) {
+        kanko.Calc_Gijutu_All(figures, wzx);
+    } else {
+        kanko.Calc_Kanko_All(figures, wzx);
+    }
+}
+
+template <class Held>
+void Kanko_Entry::Change(Held& held, const Held& next) {
+    const Held former = held;
+    held = next;
+    try {
+        Calculate();
+        fault.reset();
+    } catch (const Run_Time_Error& error) {
+        if (!fault) {
+            held = former;
+            throw;
+        }
+        fault = error;
+    }
+}
+
+void Kanko_Entry::Take(std::span<const Kanko_Entered> entered) {
+    auto lines = kanko.lines;
+    for (const Kanko_Entered& entry : entered) {
+        const Kanko_Column& column = Column(screen, entry.column);
+        Figure& figure = column.figure(lines[Line_Of_Row(entry.row)]);
+        if (entry.number) {
+            figure.Set(Within_Column(column.use, *entry.number));
+        } else {
+            figure.Set_Null();
+        }
+    }
+    Change(kanko.lines, lines);
+}
+
+void Kanko_Entry::Take_Kanko_Avg(std::int32_t years) {
+    Change(kanko.Kanko_Avg, years);
+}
+
+std::optional<std::int32_t> Kanko_Entry::Shown(int row, int column) const {
+    const Kanko_Column& shown = Column(screen, column);
+    const std::size_t index = Line_Of_Row(row);
+    Work_Line line = kanko.lines[index];
+    const Figure& figure = shown.figure(line);
+    bool is_seen = figure.up;
+    if (shown.use == Kanko_Use::Result || shown.use == Kanko_Use::Score) {
+        is_seen =
+            !fault && Shows(line, shown.shows) && (shown.use == Kanko_Use::Result || index < scored_lines);
+    }
+    return is_seen ? std::optional(figure.value) : std::nullopt;
+}
+
+std::optional<std::int32_t> Kanko_Entry::Shown_Total(int column) const {
+    const auto total = Column(screen, column).total;
+    if (total == nullptr || fault) {
+        return std::nullopt;
+    }
+    return total(screen.gijutu ? kanko.motouke : kanko.totals, kanko.Kanko_Avg);
+}
+
+bool Kanko_Entry::Can_Check(int row) const {
+    const std::size_t index = Line_Of_Row(row);
+    const Work_Line& line = kanko.lines[index];
+    const bool has_text = Shows(line, screen.gijutu ? Kanko_Shows::With_Any : Kanko_Shows::With_Work);
+    return !fault && has_text && index < scored_lines;
+}
+
+void Kanko_Entry::Save(const Session& session) const {
+    if (fault) {
+        throw Run_Time_Error(*fault);
+    }
+    Save_Kanko(session, screen.scenario, kanko, screen.gijutu);
+}
+
+} // namespace morvane

@@ -1,0 +1,69 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#pragma once
+
+#include "calc/y_calc.h"
+#include "screens/kanko_table.h"
+#include "session/run_time_error.h"
+
+#include <optional>
+#include <span>
+
+namespace morvane {
+
+/// What was keyed into a cell; empty where it was emptied.
+struct Kanko_Entered {
+    int row = 0; ///< control index
+    int column = 0;
+    std::optional<std::int64_t> number;
+};
+
+/// A work-type screen without its window: what each cell shows, and what an entry changes. Rows are control
+/// indexes, columns those of the screen's table.
+class Kanko_Entry {
+  public:
+    /// Reads the period in hand and calculates, as the screen does when it opens: Y, X2, then the lines.
+    /// Raises Store_Error, and Run_Time_Error where Y or X2 cannot be computed.
+    Kanko_Entry(const Session& session, const Kanko_Screen& screen_row);
+
+    /// Why the lines as they are stored cannot be calculated; empty where they can. Then there are no
+    /// results, and the screen is there to correct the figures.
+    [[nodiscard]] const std::optional<Run_Time_Error>& Fault() const { return fault; }
+
+    /// Takes entries and runs the whole calculation over all lines. Raises Run_Time_Error where a figure or a
+    /// score leaves its width; nothing has changed then. While there is a fault it takes what it is given and
+    /// raises nothing but for a figure itself.
+    void Take(std::span<const Kanko_Entered> entered);
+
+    /// Takes the years of the average, 2 or 3, in the same way.
+    void Take_Kanko_Avg(std::int32_t years);
+
+    /// The number that a cell shows; empty where it shows nothing.
+    [[nodiscard]] std::optional<std::int32_t> Shown(int row, int column) const;
+
+    /// The total of a column; empty where it has none.
+    [[nodiscard]] std::optional<std::int32_t> Shown_Total(int column) const;
+
+    /// Whether the calculation checks of a line can be opened: it shows scores.
+    [[nodiscard]] bool Can_Check(int row) const;
+
+    [[nodiscard]] std::int32_t Kanko_Avg() const { return kanko.Kanko_Avg; }
+    [[nodiscard]] const Kanko::Scores& Scores() const { return kanko.scores; }
+
+    /// Stores what the screen holds. One transaction. Raises Store_Error; Run_Time_Error while there is a
+    /// fault.
+    void Save(const Session& session) const;
+
+    const Kanko_Screen& screen;
+
+  private:
+    void Calculate();
+    template <class Held>
+    void Change(Held& held, const Held& next);
+
+    std::optional<Run_Time_Error> fault;
+    Review_Figures figures;
+    WZX_Calc wzx;
+    Kanko kanko;
+};
+
+} // namespace morvane

@@ -1,0 +1,65 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "screens/syokuta_edit.h"
+
+#include "widgets/entry_text.h"
+
+#include <QKeyEvent>
+
+namespace morvane {
+
+namespace {
+
+Entry_Kind Kind_Of(const Syokuta_Cell& cell) {
+    if (cell.keys != nullptr) {
+        return Entry_Kind::Choice;
+    }
+    return cell.amount ? Entry_Kind::Amount : Entry_Kind::Digits;
+}
+
+} // namespace
+
+Syokuta_Edit::Syokuta_Edit(const Syokuta_Cell& field, QWidget* parent)
+    : Entry_Cell(Kind_Of(field), parent), cell(field) {
+    setObjectName(QString::fromUtf8(field.name));
+    if (field.keys != nullptr) {
+        Set_Choices(QString::fromLatin1(field.keys));
+    }
+    setMaxLength(field.digits);
+    // The commas of an amount.
+    Set_Width(field.digits + (field.amount ? (field.digits - 1) / 3 : 0));
+    setAlignment((field.keys != nullptr ? Qt::AlignHCenter : Qt::AlignRight) | Qt::AlignVCenter);
+}
+
+std::int32_t Syokuta_Edit::Number() const {
+    // Within the digits that the cell takes.
+    return static_cast<std::int32_t>(Bare().toLong());
+}
+
+// No figure here is negative.
+void Syokuta_Edit::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down) {
+        if (on_arrow) {
+            on_arrow(event->key() == Qt::Key_Up ? -1 : 1);
+        }
+        event->accept();
+        return;
+    }
+    bool refused = false;
+    if (cell.amount && !event->text().isEmpty() &&
+        Filtered_Text(Entry_Kind::Amount, {}, event->text(), refused) == QLatin1String("-")) {
+        Refuse();
+        event->accept();
+        return;
+    }
+    Entry_Cell::keyPressEvent(event);
+}
+
+void Syokuta_Edit::Take_Pasted(const QString& pasted) {
+    if (cell.amount && Bare_Figure(pasted).startsWith(QLatin1Char('-'))) {
+        Refuse();
+        return;
+    }
+    Entry_Cell::Take_Pasted(pasted);
+}
+
+} // namespace morvane

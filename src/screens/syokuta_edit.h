@@ -1,0 +1,29 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#pragma once
+
+#include "screens/syokuta_table.h"
+#include "widgets/entry_cell.h"
+
+#include <functional>
+
+namespace morvane {
+
+/// The entry cell of a field of X2 and W: digits or the keys of its choice; Up and Down leave it.
+class Syokuta_Edit : public Entry_Cell {
+  public:
+    explicit Syokuta_Edit(const Syokuta_Cell& field, QWidget* parent = nullptr);
+
+    const Syokuta_Cell& cell;
+    std::function<bool()> on_leave;    ///< takes the entry; false calls the focus back
+    std::function<void(int)> on_arrow; ///< -1 Up, 1 Down
+
+    /// The entry as a number; blank is 0.
+    [[nodiscard]] std::int32_t Number() const;
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void Take_Pasted(const QString& pasted) override;
+    bool May_Leave() override { return !on_leave || on_leave(); }
+};
+
+} // namespace morvane

@@ -1,0 +1,64 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "screens/syokuta_entry.h"
+
+#include "calc/y_calc.h"
+
+namespace morvane {
+
+Syokuta_Entry::Syokuta_Entry(const Session& session, int scenario_number)
+    : scenario(scenario_number),
+      figures(Load_Review(Cn_Open(session), session.Syori_Ki, Scenario_Of(scenario_number),
+                          session.Is_Hokkaido(), session.Is_Corporation())) {
+    // Found here, before anything is typed, and not on storing.
+    Y_Calc().Calc_Y(figures.statement, figures.hokkaido, figures.corporation);
+    screen.Load_W_2012(figures);
+    shown = screen;
+    try {
+        screen.x2.Calc_X2(figures, wzx, false);
+        shown = screen;
+        screen.Calc_W_2012(figures, wzx);
+    } catch (const Run_Time_Error& error) {
+        fault = error;
+    }
+}
+
+void Syokuta_Entry::Take(std::int32_t& (*place)(Social_Items&), std::int32_t value) {
+    Syokuta next = screen;
+    place(next.items) = value;
+    if (next.items.JikoS == 0) {
+        next.items.JikoS = 1;
+    }
+    try {
+        next.Calc_W_2012(figures, wzx);
+        const Syokuta first_pass = next;
+        next.Calc_W_2012(figures, wzx);
+        fault.reset();
+        shown = first_pass;
+    } catch (const Run_Time_Error& error) {
+        if (!fault) {
+            throw;
+        }
+        fault = error;
+        shown = next;
+    }
+    screen = next;
+}
+
+void Syokuta_Entry::Store(const Session& session) const {
+    if (fault) {
+        throw Run_Time_Error(*fault);
+    }
+    Store_W_2012(session, scenario, screen);
+}
+
+std::string Syokuta_Entry::Refusal(const std::string& control, std::int32_t value) {
+    for (const Social_Field& field : Social_Fields()) {
+        if (field.control == control && value > field.limit) {
+            return std::string(field.caption) + "は" + std::to_string(field.limit) +
+                   "までの数で入力してください。";
+        }
+    }
+    return {};
+}
+
+} // namespace morvane

@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#pragma once
+
+#include "screens/syokuta.h"
+
+#include <string>
+#include <vector>
+
+namespace morvane {
+
+/// One field of the entry screen of X2 and W: keyed into an item, or shown.
+struct Syokuta_Cell {
+    const char* name;                                ///< of its control
+    std::int32_t& (*place)(Social_Items&) = nullptr; ///< the item of an entry; none: shown only
+    std::string (*shown)(const Syokuta&) = nullptr;  ///< the text of a field that is shown
+    const char* keys = nullptr;                      ///< the single keys of a choice; none: digits
+    int digits = 1;                                  ///< that can be typed, or the width of what is shown
+    const char* before = "";                         ///< text before and behind it
+    const char* after = "";
+    const char* hint = ""; ///< what the entry means, told while it has the focus
+    bool amount = false;   ///< thousand yen, with commas
+};
+
+/// One line of a group.
+struct Syokuta_Row {
+    enum class Look : std::uint8_t {
+        Line,    ///< caption and fields
+        Heading, ///< of a part of the group, with its points and check button
+        Total,   ///< the score of the group
+        Note     ///< small text
+    };
+
+    const char* caption = "";
+    std::vector<Syokuta_Cell> cells = {};
+    int law_from = 1;
+    int law_to = 4;
+    Look look = Look::Line;
+    const char* check = nullptr; ///< the score behind its check button (w2x_buttons)
+};
+
+/// A framed group: title, points and check button in its band, then lines.
+struct Syokuta_Group {
+    const char* title;
+    std::vector<Syokuta_Cell> points; ///< in the band
+    const char* check;                ///< its check button; none: null
+    int of_two = 0;                   ///< column where the screen has room for two, and for three
+    int of_three = 0;
+    std::vector<Syokuta_Row> rows = {};
+    int law_from = 1;
+    int law_to = 4;
+};
+
+/// The groups in the order of entry.
+const std::vector<Syokuta_Group>& Syokuta_Groups();
+
+} // namespace morvane

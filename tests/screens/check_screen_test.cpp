@@ -1,0 +1,265 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "screens/check_screen.h"
+
+#include "batch/case_file.h"
+#include "calc/ten_tables.h"
+#include "screens/check_opener.h"
+#include "screens/settled_score.h"
+#include "session/kyotu_mod.h"
+#include "support/ui_fixture.h"
+#include "widgets/theme.h"
+
+#include <QApplication>
+#include <QLabel>
+
+namespace morvane::tests {
+namespace {
+
+/// An entry screen reduced to what the check screens need of it.
+class Entry_Screen : public Form {
+  public:
+    explicit Entry_Screen(Shell_Port& shell_port)
+        : Form(shell_port, QStringLiteral("Entry"), {}), checks(*this, shell_port) {}
+
+    bool May_Close() override { return checks.May_Close(); }
+
+    Check_Opener checks;
+};
+
+class Check_Screens : public Ui_Installation {
+  protected:
+    Check_Screens() : Ui_Installation("13", false), entry(shell) {
+        Import_Case(session, std::filesystem::path(MORVANE_SAMPLES) / "aoba_kensetsu.json");
+        session.Syori_Ki = static_cast<std::int16_t>(Field("Jigyo_mas", "処理決算期", "1=1").As_Integer());
+        entry.show();
+    }
+
+    /// Stores the settled scores of a law year, as the entry screens leave them.
+    Review_Figures Settle_In_Store(int law) {
+        Put_Elements({{210, law}});
+        session.Simyu_Kubun = static_cast<std::uint8_t>(law);
+        const Connection cn = Cn_Open(session);
+        Review_Figures figures = Load_Review(cn, session.Syori_Ki, scenario_genjo, false, true);
+        Settle(figures, y, x2);
+        Transaction transaction(cn);
+        Write_Elements(cn, session.Syori_Ki, scenario_genjo, figures);
+        Write_Works(cn, session.Syori_Ki, scenario_genjo, figures);
+        transaction.Commit();
+        return figures;
+    }
+
+    /// Opens a check screen; it is closed with the next one.
+    Form& Open(const Check_Request& request) {
+        for (Form* form : entry.findChildren<Form*>()) {
+            form->reject();
+        }
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        entry.checks.Open(request, [] { return true; });
+        return *entry.findChild<Form*>(QString::fromStdString(request.form));
+    }
+
+    static std::string Text(QWidget& form, const char* name) {
+        return Child<QLabel>(form, name)->text().toStdString();
+    }
+
+    Y_Calc y;
+    X2_Calc x2;
+    Entry_Screen entry;
+};
+
+TEST_F(Check_Screens, Each_Law_Year_Has_Its_Screen_With_The_Score) {
+    const char* const none = nullptr;
+    const struct {
+        int index;
+        int code; ///< element of the score, 0: X2
+        const char* forms[4];
+        const char* result = "lbl_Kekka";
+    } buttons[] = {
+        {0,
+         100,
+         {"Frm_W1_Calc_Check", "Frm_W1_Calc_Check", "Frm_W1_Calc_Check2012", "Frm_W1_Calc_Check2012"}},
+        {1,
+         110,
+         {"Frm_W1_Calc_Check", "Frm_W2_Calc_Check_2011", "Frm_W2_Calc_Check_2011", "Frm_W2_Calc_Check_2011"}},
+        {2,
+         120,
+         {"Frm_W1_Calc_Check", "Frm_W1_Calc_Check", "Frm_W1_Calc_Check2012", "Frm_W1_Calc_Check2012"}},
+        {3,
+         130,
+         {"Frm_W1_Calc_Check", "Frm_W1_Calc_Check", "Frm_W1_Calc_Check2012", "Frm_W1_Calc_Check2012"}},
+        {4,
+         150,
+         {"Frm_W1_Calc_Check", "Frm_W1_Calc_Check", "Frm_W1_Calc_Check2012", "Frm_W1_Calc_Check2012"}},
+        {5,
+         200,
+         {"Frm_W1_Calc_Check", "Frm_W_Calc_Check_2011", "Frm_W_Calc_Check_2011", "Frm_W_Calc_Check_2011"}},
+        {6, 140, {"Frm_W2_Calc_Check", "Frm_W2_Calc_Check", "Frm_W2_Calc_Check", "Frm_W2_Calc_Check"}},
+        {9, 0, {"Frm_X2_Calc_Check", "Frm_X2_Calc_Check", "Frm_X2_Calc_Check", "Frm_X2_Calc_Check"}},
+        {10, 213, {none, "Frm_W7_Calc_Check_2011", "Frm_W7_Calc_Check_2011", "Frm_W7_Calc_Check_2011"}},
+        {11, 216, {none, "Frm_W8_Calc_Check_2011", "Frm_W8_Calc_Check_2011", "Frm_W8_Calc_Check_2011"}},
+        {12, 227, {none, none, none, "Frm_W9_Calc_Check_2015"}},
+        {13, 233, {none, none, none, "Frm_W10_Calc_Check_2021"}, "W10Ten"},
+    };
+    Put_Elements({{131, 1}, {141, 3}, {151, 200'000}, {152, 300'000}, {230, 2}, {232, 1}});
+    for (int law = 1; law <= 4; ++law) {
+        const Review_Figures settled = Settle_In_Store(law);
+        for (const auto& button : buttons) {
+            const char* form = button.forms[law - 1];
+            if (form == nullptr) {
+                EXPECT_THROW(W2X_Request(law, button.index), std::out_of_range);
+                continue;
+            }
+            const Check_Request request = W2X_Request(law, button.index);
+            EXPECT_EQ(request.form, form) << law << " " << button.index;
+            const std::int32_t score = button.code == 0 ? x2.X2_Ten : settled.Yoso(button.code);
+            EXPECT_EQ(Text(Open(request), button.result), Comma_Str(score)) << law << " " << button.index;
+        }
+        const Work_Line& line = settled.works[0];
+        const std::pair<const char*, std::int32_t> of_works[] = {{"X", line.X1.value},
+                                                                 {"P", line.P.value},
+                                                                 {"Z", line.Z.value},
+                                                                 {"Z1", line.Zi.value},
+                                                                 {"Z2", line.Zro.value}};
+        for (const auto& [mode, score] : of_works) {
+            EXPECT_EQ(Text(Open(XZP_Request(mode, 0)), "lbl_Kekka"), Comma_Str(score)) << law << " " << mode;
+        }
+    }
+    EXPECT_EQ(messages.shown.size(), 0U);
+}
+
+TEST_F(Check_Screens, Indicators_Of_Y) {
+    const Review_Figures settled = Settle_In_Store(4);
+    for (int i = 0; i < 8; ++i) {
+        const std::string shown = Text(Open(Y1_Request(i)), "lbl_Kekka");
+        EXPECT_NEAR(std::stod(shown), static_cast<double>(y.Y_Kekka[static_cast<std::size_t>(i)]), 0.0005)
+            << i;
+        EXPECT_EQ(shown.size() - shown.find('.'), 4U) << shown;
+    }
+    EXPECT_NEAR(std::stod(Text(Open(Y1_Request(8)), "lbl_Kekka")), static_cast<double>(y.Y_A_Ten), 0.005);
+    EXPECT_EQ(Text(Open(Y1_Request(9)), "lbl_Kekka"), Comma_Str(std::int32_t{y.Y_Ten}));
+    Form& cash_flow = Open(Y1_Request(6));
+    EXPECT_EQ(Text(cash_flow, "要素２１"), "受入金（当期）");
+    EXPECT_EQ(Text(cash_flow, "要素値２"),
+              Comma_Str(settled.statement.Get_Y_Kamoku(489))); // 経常利益（当期）
+    EXPECT_THROW(Y1_Request(10), std::out_of_range);
+}
+
+TEST_F(Check_Screens, Texts_That_Follow_The_Figures) {
+    // In the place of the workers left out stands the number of all workers.
+    Put_Elements({{228, 300}, {229, 20}, {230, 3}, {231, 16}, {232, 1}, {131, 2}, {1, 2}});
+    Settle_In_Store(4);
+    Form& w10 = Open(W2X_Request(4, 13));
+    const std::pair<const char*, const char*> shown[] = {
+        {"Cpd", "300"},    {"LblCpd", "300"}, {"GJSu", "20"},       {"LblGJSu(2)", "20"}, {"Kojyo", "3"},
+        {"LblKojyo", "3"}, {"Gino", "16"},    {"LblGino(3)", "16"}, {"KojyoSu", "16"}};
+    for (const auto& [name, text] : shown) {
+        EXPECT_EQ(Text(w10, name), text) << name;
+    }
+    EXPECT_EQ(Text(Open(W2X_Request(4, 7)), "lbl_San"),
+              "自己資本額 ＝（自己資本額（前期）＋ 自己資本額（当期））／ 2");
+    EXPECT_EQ(Text(Open(XZP_Request("Z1", 0)), "lbl_San")
+                  .substr(std::string("技術職員数値 ＝ 監理 × 6 ＋ １級 × 5 ＋ 管理補佐 × 4 ＋ 基幹 × 3 ＋ "
+                                      "２級 × 2 ＋ その他 × 1\n")
+                              .size()),
+              "2,335");
+    // A change of the machines that the total does not have yet.
+    const auto late = [this] {
+        for (const QLabel* label : Open(W2X_Request(4, 5)).findChildren<QLabel*>()) {
+            if (label->text().contains(QStringLiteral("開き直したとき"))) {
+                return true;
+            }
+        }
+        return false;
+    };
+    EXPECT_FALSE(late());
+    Put_Elements({{213, 0}});
+    EXPECT_TRUE(late());
+}
+
+TEST_F(Check_Screens, Tables) {
+    Put_Elements({{201, 2}});
+    const Review_Figures settled = Settle_In_Store(4);
+    const struct {
+        Check_Request request;
+        int rows;
+        const char* title;
+        const char* top; ///< lbl_Gak(1)
+        int row_in_force;
+    } cases[] = {
+        {XZP_Request("X", 0), 42, "年間平均完成工事高 別表", "1,000億円以上",
+         Ten_Lookup(Ten_X1_B, settled.works[0].Nheikin.value).row},
+        {W2X_Request(4, 7), 47, "自己資本額 別表", "3,000億円以上",
+         Ten_Lookup(Ten_X2_1, x2.X2_Jiko_Used).row},
+        {W2X_Request(4, 8), 37, "平均利益額 別表", "300億円以上", Ten_Lookup(Ten_X2_2, x2.X2_Rieki_Used).row},
+        {XZP_Request("Z2", 0), 42, "年間平均元請完成工事高 別表", "1,000億円以上",
+         Ten_Lookup(Ten_Z2_B, settled.works[0].Mnheikin.value).row},
+        {XZP_Request("Z1", 0), 30, "技術職員数値 別表", "15,500以上", 0},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.title);
+        Form& check = Open(c.request);
+        messages.shown.clear();
+        Click(check, "Cmd_Tbl");
+        ASSERT_EQ(messages.shown.size(), 1U);
+        EXPECT_EQ(messages.shown[0].title + "|" + messages.shown[0].text, "|0");
+        auto* table = Child<Form>(check, "Frm_Calc_Tbl");
+        EXPECT_EQ(table->windowTitle().toStdString(), c.title);
+        EXPECT_EQ(Text(*table, "lbl_Gak(0)"), "");
+        EXPECT_EQ(Text(*table, "lbl_Gak(1)"), c.top);
+        EXPECT_EQ(Text(*table, ("lbl_Gak(" + std::to_string(2 * c.rows - 1) + ")").c_str()), "");
+        EXPECT_EQ(
+            Text(*table, "lbl_Gak(2)"),
+            QString::fromUtf8(c.top).replace(QStringLiteral("以上"), QStringLiteral("未満")).toStdString());
+        EXPECT_EQ(table->findChild<QLabel*>(QStringLiteral("lbl_HyouTen(%1)").arg(c.rows)), nullptr);
+        for (int row = 0; row < c.rows; ++row) {
+            const QString name = QStringLiteral("lbl_HyouTen(%1)").arg(row);
+            const QColor ground = table->findChild<QLabel*>(name)->palette().color(QPalette::Window);
+            EXPECT_EQ(ground == QColor(0xFF, 0xC0, 0xC0), row == c.row_in_force) << row;
+        }
+        // While the table is open the check screen stays.
+        check.reject();
+        EXPECT_TRUE(check.isVisible());
+        ASSERT_EQ(messages.shown.size(), 2U);
+        EXPECT_EQ(messages.shown[1].title, "クローズエラー");
+        EXPECT_EQ(messages.shown[1].text, "開いている別表の画面を閉じてから画面を閉じてください。");
+        Click(*table, "Tojiru");
+        Click(check, "Tojiru");
+        EXPECT_FALSE(check.isVisible());
+    }
+    Form& w5 = Open(W2X_Request(4, 6));
+    messages.shown.clear();
+    Click(w5, "Cmd_Tbl");
+    EXPECT_NE(w5.findChild<Form*>(QStringLiteral("Frm_W2_Calc_Table")), nullptr);
+    w5.findChild<Form*>()->reject();
+    EXPECT_EQ(messages.shown.size(), 0U);
+}
+
+TEST_F(Check_Screens, One_At_A_Time) {
+    Settle_In_Store(4);
+    int stored = 0;
+    const auto store = [&stored] { return ++stored != 2; };
+    entry.checks.Open(W2X_Request(4, 0), store);
+    EXPECT_FALSE(entry.checks.Calc_Open_Flg());
+    entry.checks.Open(W2X_Request(4, 1), store);
+    entry.reject();
+    EXPECT_TRUE(entry.isVisible());
+    EXPECT_EQ(stored, 1) << "a refusal stores nothing";
+    ASSERT_EQ(messages.shown.size(), 2U);
+    EXPECT_EQ(messages.shown[0].title, "オープンエラー");
+    EXPECT_EQ(messages.shown[0].text, "開いている計算チェックの画面を閉じてから別画面を開いてください。");
+    EXPECT_EQ(messages.shown[1].title, "クローズエラー");
+    EXPECT_EQ(messages.shown[1].text, "開いている計算チェックの画面を閉じてから画面を閉じてください。");
+    QTest::keyClick(entry.findChild<Form*>(), Qt::Key_Escape);
+    EXPECT_TRUE(entry.checks.Calc_Open_Flg());
+    entry.checks.Open(W2X_Request(4, 1), store);
+    EXPECT_TRUE(entry.checks.Calc_Open_Flg()) << "what could not be stored is not explained";
+    entry.checks.Open(W2X_Request(4, 1), store);
+    EXPECT_FALSE(entry.checks.Calc_Open_Flg());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    entry.findChild<Form*>()->close();
+    entry.reject();
+    EXPECT_FALSE(entry.isVisible());
+}
+
+} // namespace
+} // namespace morvane::tests

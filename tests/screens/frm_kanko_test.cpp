@@ -1,0 +1,470 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "screens/frm_kanko.h"
+
+#include "calc/x2w_dataget.h"
+#include "screens/settled_score.h"
+#include "screens/syokuta.h"
+#include "session/kyotu_mod.h"
+#include "support/failing_writes.h"
+#include "support/ui_fixture.h"
+#include "widgets/entry_cell.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QPushButton>
+#include <memory>
+#include <random>
+
+namespace morvane::tests {
+namespace {
+
+/// A work-type screen of a company with one period, driven by the keyboard.
+class Kanko_Window : public Ui_Installation {
+  protected:
+    explicit Kanko_Window(const std::string& edition = "13") : Ui_Installation(edition) {
+        Make_Company(1, 1, 10);
+    }
+
+    Entry_Grid& Open(const char* name) {
+        form = std::make_unique<Frm_Kanko>(shell, name);
+        form->resize(1180, 700);
+        form->show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(form.get()));
+        grid = Child<Entry_Grid>(*form, "grid");
+        EXPECT_TRUE(grid->Focus_Cell(0, 0));
+        return *grid;
+    }
+
+    void Close() {
+        Click(*form, "Tojiru");
+        EXPECT_FALSE(form->isVisible());
+    }
+
+    static void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+    }
+    static void Type(const std::string& keys) {
+        for (const QChar c : QString::fromStdString(keys)) {
+            QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(c));
+            QApplication::sendEvent(QApplication::focusWidget(), &press);
+        }
+    }
+    static std::string Place() { return QApplication::focusWidget()->objectName().toStdString(); }
+
+    void Key_Into(const char* cell, const std::string& keys) {
+        ASSERT_TRUE(grid->Focus_Cell(cell)) << cell;
+        keys.empty() ? Key(Qt::Key_Delete) : Type(keys);
+        Key(Qt::Key_Down);
+    }
+
+    /// The texts of cells of one line without an entry, joined by "|".
+    std::string Texts(int row, const std::vector<const char*>& columns) const {
+        EXPECT_TRUE(grid->Focus_Cell(row == 20 ? 21 : 20, 0));
+        std::string texts;
+        for (const char* column : columns) {
+            texts += grid->Cell_Text(column + ("(" + std::to_string(row) + ")")).toStdString() + "|";
+        }
+        return texts;
+    }
+
+    [[nodiscard]] Review_Figures Stored() const {
+        const Connection cn = Cn_Open(session);
+        return Load_Review(cn, 10, scenario_genjo, session.Is_Hokkaido(), true);
+    }
+
+    std::unique_ptr<Frm_Kanko> form;
+    Entry_Grid* grid = nullptr;
+    const std::vector<const char*> shown = {"Zzki", "Zki", "Kijun", "Zheikin", "Nheikin", "X1", "Z", "P"};
+};
+
+// ---- the keyboard and the engine
+
+class Kanko_Firms : public Kanko_Window, public ::testing::WithParamInterface<std::tuple<const char*, int>> {
+  protected:
+    Kanko_Firms() : Kanko_Window(std::get<0>(GetParam())) {}
+
+    std::int32_t Up_To(std::uint32_t most) { return static_cast<std::int32_t>(random() % (most + 1)); }
+
+    /// Keys every input field of a screen along its rows with Enter.
+    void Key_All(const char* name, std::array<Work_Line, work_line_count>& works) {
+        Open(name);
+        for (int row = 0; row < kanko_rows; ++row) {
+            for (const Kanko_Column& column : Kanko_Screen_Of(name).columns) {
+                if (column.use != Kanko_Use::Amount && column.use != Kanko_Use::Count) {
+                    continue;
+                }
+                ASSERT_EQ(Place(), column.name + ("(" + std::to_string(row) + ")"));
+                const Figure& figure = column.figure(works[Line_Of_Row(row)]);
+                if (figure.up) {
+                    Type(std::to_string(figure.value));
+                }
+                Key(Qt::Key_Return);
+            }
+        }
+    }
+
+    void Random_Firm(int law) {
+        Put_Elements({{210, law},
+                      {221, 40},
+                      {222, Up_To(20)},
+                      {225, Up_To(2)},
+                      {111, Up_To(40)},
+                      {141, Up_To(3)},
+                      {142, Up_To(3)},
+                      {151, Up_To(300'000)},
+                      {212, Up_To(15)},
+                      {215, 1},
+                      {101, 1},
+                      {102, 1},
+                      {1, 1 + Up_To(1)},
+                      {211, Up_To(1)},
+                      {131, Up_To(2)}});
+        std::map<int, double> amounts;
+        for (const int code : {319, 829, 469, 832, 436, 489, 400, 402, 419, 399, 830, 179, 289}) {
+            amounts[code] = Up_To(900'000) * 1000.0;
+        }
+        Put_Amounts(amounts);
+        session.Simyu_Kubun = static_cast<std::uint8_t>(law);
+    }
+
+    std::array<Work_Line, work_line_count> Random_Works() {
+        std::array<Work_Line, work_line_count> works{};
+        for (std::size_t i = 0; i < works.size(); ++i) {
+            Work_Line& line = works[i];
+            for (Figure* figure :
+                 {&line.Zzki, &line.Zki, &line.Kijun, &line.Mzzki, &line.Mzki, &line.Mkijun}) {
+                if (i != combined_line && random() % 3 != 0) {
+                    figure->Set(Up_To(3'000'000));
+                }
+            }
+            for (Figure& count : line.gijutusya) {
+                if (i < scored_lines && random() % 3 == 0) {
+                    count.Set(Up_To(12));
+                }
+            }
+        }
+        return works;
+    }
+
+    std::mt19937 random{20260401};
+};
+
+TEST_P(Kanko_Firms, What_is_keyed_ends_in_the_figures_of_the_engine) {
+    const int law = std::get<1>(GetParam());
+    Random_Firm(law);
+    Review_Figures expected = Stored();
+    auto works = Random_Works();
+    const std::string years = law % 2 == 0 ? "3" : "2";
+    for (std::size_t i = 0; i < works.size(); ++i) {
+        works[i].row = expected.works[i].row;
+    }
+    expected.works = works;
+    expected.Put_Yoso(201, std::stoi(years));
+    Y_Calc y;
+    X2_Calc x2;
+    Settle(expected, y, x2);
+
+    Key_All("Frm_Kanko2", works);
+    EXPECT_EQ(Place(), "Kijun(32)") << "the last field stops";
+    Key(Qt::Key_Escape);
+    EXPECT_FALSE(form->isVisible());
+    Key_All("Frm_Kanko", works);
+    Type_Into(*form, "Kanko_Avg", years.c_str());
+    Key(Qt::Key_Escape);
+    for (int round = 0; round < 6; ++round) {
+        Syokuta social;
+        WZX_Calc wzx;
+        const Review_Figures figures = Stored();
+        social.Load_W_2012(figures);
+        social.Calc_W_2012(figures, wzx);
+        Store_W_2012(session, 1, social);
+        for (const char* name : {"Frm_Kanko2", "Frm_Kanko"}) {
+            Open(name);
+            Close();
+        }
+    }
+    const Review_Figures stored = Stored();
+    EXPECT_EQ(stored.works, expected.works);
+    for (std::size_t code = 0; code < stored.elements.size(); ++code) {
+        EXPECT_EQ(stored.elements[code], expected.elements[code]) << code;
+    }
+
+    // What the screen shows is what the engine says of the line.
+    Kanko kanko;
+    kanko.Load_Kanko(expected, x2.X2_Ten, y.Y_Ten);
+    Open("Frm_Kanko");
+    for (int row = 0; row < kanko_rows; ++row) {
+        const Kanko_Texts t = kanko.Show_Kanko(Line_Of_Row(row));
+        EXPECT_EQ(Texts(row, shown), t.Zzki + "|" + t.Zki + "|" + t.Kijun + "|" + t.Zheikin + "|" +
+                                         t.Nheikin + "|" + t.X1 + "|" + t.Z + "|" + t.P + "|");
+    }
+    EXPECT_EQ(grid->Cell_Text("Nheikin_Kei").toStdString(),
+              Comma_Str(expected.Yoso(years == "2" ? 202 : 203)));
+    EXPECT_TRUE(messages.shown.empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Editions, Kanko_Firms,
+                         ::testing::Combine(::testing::Values("13", "01"), ::testing::Range(1, 5)));
+
+// ---- single fields
+
+TEST_F(Kanko_Window, A_line_shows_by_what_is_entered) {
+    Open("Frm_Kanko");
+    const struct {
+        const char* cell;
+        const char* keys;
+        int row;
+        const char* texts;
+        const char* totals; ///< base period, adopted average
+    } steps[] = {
+        {"Zzki(3)", "1200", 3, "1,200|||0|0|397|450|288|", "0|0"},
+        {"Kijun(3)", "50001", 3, "1,200||50,001|0|25,001|589|450|336|", "50,001|25,001"},
+        {"Kijun(1)", "7", 1, "||7|0|4|397|450|288|", "50,001|25,001"}, // part of another line
+        {"Kijun(32)", "9", 32, "||9|0|5||||", "50,010|25,006"},        // amounts only
+        {"Zzki(3)", "", 3, "||50,001|0|25,001|589|450|336|", "50,010|25,006"},
+        {"Kijun(3)", "", 3, "||||||||", "9|5"},
+        {"Zki(5)", "1-2.3a４", 5, "|1,234||1,234|617|405|450|290|", "9|622"}, // other keys are refused
+    };
+    for (const auto& step : steps) {
+        SCOPED_TRACE(step.cell);
+        Key_Into(step.cell, step.keys);
+        EXPECT_EQ(Texts(step.row, shown), step.texts);
+        EXPECT_EQ((grid->Cell_Text("Kijun_Kei") + "|" + grid->Cell_Text("Nheikin_Kei")).toStdString(),
+                  step.totals);
+    }
+    Close();
+    EXPECT_EQ(List("SELECT 工種CD, 完工高前々期, 完工高前期, 完工高基準, 完工高平均, 評点X1, 総合評点P FROM "
+                   "Kandaka_Gj WHERE 完工高平均 Is Not Null ORDER BY 工種CD"),
+              "1=0=0=7=4=397=288 5=0=1234=0=617=405=290 33=0=0=9=5=-=-");
+}
+
+TEST_F(Kanko_Window, Keys_move_as_in_a_form) {
+    using enum Qt::Key;
+    Put_Work(0, {{"完工高基準", 1000}});
+    Open("Frm_Kanko");
+    const struct {
+        const char* from;
+        Qt::Key key;
+        const char* to;
+    } moves[] = {
+        {"Zzki(0)", Key_Return, "Zki(0)"},     {"Kijun(0)", Key_Return, "Zzki(1)"},
+        {"Zki(1)", Key_Up, "Zki(0)"},          {"Zki(0)", Key_Up, "Zki(0)"},
+        {"Zki(1)", Key_Down, "Zki(2)"},        {"Zki(1)", Key_Left, "Zzki(1)"},
+        {"Zki(1)", Key_Right, "Kijun(1)"},     {"Kijun(0)", Key_Right, "Cmd_X(0)"},
+        {"Kijun(1)", Key_Right, "Zzki(2)"},    {"Kijun(32)", Key_Down, "Kijun(32)"},
+        {"Kijun(32)", Key_Right, "Kijun(32)"}, {"Kijun(32)", Key_Return, "Kijun(32)"},
+    };
+    for (const auto& move : moves) {
+        ASSERT_TRUE(grid->Focus_Cell(move.from));
+        Key(move.key);
+        EXPECT_EQ(Place(), move.to) << move.from;
+    }
+    ASSERT_TRUE(grid->Focus_Cell("Kijun(0)"));
+    auto* cell = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+    EXPECT_EQ(cell->selectedText(), "1000") << "the bare number";
+    ASSERT_TRUE(grid->Focus_Cell(0, 0));
+    Key(Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(Place(), "Kanko_Avg");
+    Key(Key_Tab);
+    EXPECT_EQ(Place(), "Zzki(0)");
+}
+
+TEST_F(Kanko_Window, Years_of_the_average) {
+    Put_Work(2, {{"完工高前々期", 900}, {"完工高前期", 600}, {"完工高基準", 300}});
+    Open("Frm_Kanko");
+    auto* years = Child<Entry_Cell>(*form, "Kanko_Avg");
+    const struct {
+        const char* keys;
+        const char* text;
+        const char* line;
+    } steps[] = {
+        {"4", "2", "450|"}, {"3", "3", "600|"}, {"34", "3", "600|"}, {"2", "2", "450|"}, {"", "2", "450|"}};
+    for (const auto& step : steps) {
+        SCOPED_TRACE(step.keys);
+        Type_Into(*form, "Kanko_Avg", step.keys);
+        Key(Qt::Key_Return);
+        EXPECT_EQ(Place(), "Zzki(0)");
+        EXPECT_EQ(years->text().toStdString(), step.text);
+        EXPECT_EQ(Texts(2, {"Nheikin"}), step.line);
+    }
+    Close();
+    EXPECT_EQ(List("SELECT 要素CD, 現状 FROM W_Yoso WHERE 要素CD>=201 And 要素CD<=203 ORDER BY 要素CD"),
+              "201=2 202=450 203=600");
+}
+
+TEST_F(Kanko_Window, An_overflow_puts_the_entry_back) {
+    const struct {
+        const char* form;
+        const char* cell;
+        const char* keys;
+    } cases[] = {{"Frm_Kanko", "Kijun(0)", "99000000"},    // X1 out of reach of its table
+                 {"Frm_Kanko", "Kijun(32)", "2147483648"}, // no amount
+                 {"Frm_Kanko2", "Kijun(4)", "48000000"},   // Z2
+                 {"Frm_Kanko2", "Z1(4)", "32768"}};        // no number of persons
+    Put_Work(0, {{"完工高基準", 1000}});
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.cell);
+        Open(c.form);
+        Close();
+        const auto before = State();
+        Open(c.form);
+        const std::string text = grid->Cell_Text(c.cell).toStdString();
+        messages.shown.clear();
+        Key_Into(c.cell, c.keys);
+        ASSERT_EQ(messages.shown.size(), 1U);
+        EXPECT_EQ(messages.shown[0].title, "実行時エラー");
+        EXPECT_NE(messages.shown[0].text.find("桁あふれ"), std::string::npos);
+        EXPECT_EQ(Place(), c.cell);
+        grid->Focus_Cell(20, 0);
+        EXPECT_EQ(grid->Cell_Text(c.cell).toStdString(), text);
+        Close();
+        EXPECT_EQ(State(), before);
+    }
+}
+
+TEST_F(Kanko_Window, Stored_figures_beyond_the_tables_can_be_corrected) {
+    Put_Work(0, {{"完工高前期", 48'000'000}, {"完工高基準", 48'000'000}});
+    const auto before = State();
+    for (const bool corrected : {false, true}) {
+        messages.shown.clear();
+        Open("Frm_Kanko");
+        ASSERT_EQ(messages.shown.size(), 1U);
+        EXPECT_EQ(messages.shown[0].title, "実行時エラー");
+        Key_Into("Zki(0)", "48000001");
+        EXPECT_EQ(Texts(0, shown), "|48,000,001|48,000,000||||||") << "no score in its place";
+        Click(*form, "Tojiru");
+        EXPECT_EQ(messages.shown.back().title, "保存エラー");
+        EXPECT_TRUE(form->isVisible());
+        if (!corrected) {
+            messages.answers = {Answer::Yes};
+            Close();
+            EXPECT_EQ(State(), before);
+        }
+    }
+    Key_Into("Zki(0)", "0");
+    Key_Into("Kijun(0)", "2");
+    EXPECT_EQ(Texts(0, {"Nheikin", "X1"}), "1|397|");
+    Close();
+    EXPECT_EQ(List("SELECT 完工高平均 FROM Kandaka_Gj WHERE 工種CD=0"), "1");
+}
+
+TEST_F(Kanko_Window, A_block_from_a_spreadsheet_is_one_step) {
+    Open("Frm_Kanko");
+    grid->Focus_Cell("Zki(2)");
+    QApplication::clipboard()->setText(QStringLiteral("1,000\t3,000\n2,000\t△5\n"));
+    Key(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(Texts(2, shown), "|1,000|3,000|1,000|2,000|423|450|295|");
+    EXPECT_EQ(Texts(3, shown), "|2,000||2,000|1,000|410|450|291|");
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(messages.shown[0].title, "貼り付けエラー");
+    EXPECT_NE(messages.shown[0].text.find("4行目「完成工事高（千円） 基準決算」：△5"), std::string::npos)
+        << messages.shown[0].text;
+    Key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Texts(2, shown) + Texts(3, shown), "||||||||||||||||");
+    EXPECT_EQ(grid->Cell_Text("Zki_Kei").toStdString(), "0");
+    // A block that overflows goes back as a whole.
+    messages.shown.clear();
+    grid->Focus_Cell("Zki(2)");
+    QApplication::clipboard()->setText(QStringLiteral("5\t6\n7\t99000000"));
+    Key(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(messages.shown.at(0).title, "実行時エラー");
+    EXPECT_EQ(Texts(2, shown), "||||||||");
+}
+
+TEST_F(Kanko_Window, Engineers_of_no_work_type_are_not_taken) {
+    Open("Frm_Kanko2");
+    for (const char* name : {"Z1", "Z2", "Z22", "Z3", "Z4", "Z5"}) {
+        Key_Into((name + std::string("(32)")).c_str(), "5");
+        EXPECT_EQ(Texts(32, {name}), "|");
+    }
+    Key_Into("Z22(7)", "2");
+    EXPECT_EQ(Texts(7, {"Zi", "Zro", "Z", "P"}), "609|241|535||") << "P needs completed work";
+    Close();
+    EXPECT_EQ(List("SELECT 工種CD, 技術者6, 評点Z1 FROM Kandaka_Gj WHERE 評点Z1 Is Not Null"), "7=2=609");
+}
+
+// ---- checks, the sister, closing
+
+TEST_F(Kanko_Window, Checks_open_where_a_line_has_scores) {
+    const struct {
+        const char* form;
+        const char* cell;
+        std::vector<const char*> buttons;
+        const char* check;
+    } cases[] = {{"Frm_Kanko", "Kijun(4)", {"Cmd_X", "Cmd_P"}, "Frm_XZP_Calc_Check"},
+                 {"Frm_Kanko2", "Z4(6)", {"Cmd_Z", "Cmd_Z2"}, "Frm_XZP_Calc_Check"},
+                 {"Frm_Kanko2", "Z4(6)", {"Cmd_Z1"}, "Frm_Zイ_Calc_Check"}};
+    const auto check_screen = [](const char* name) {
+        for (QWidget* window : QApplication::topLevelWidgets()) {
+            if (window->isVisible() && window->objectName() == QString::fromUtf8(name)) {
+                return qobject_cast<QDialog*>(window);
+            }
+        }
+        return static_cast<QDialog*>(nullptr);
+    };
+    for (const auto& c : cases) {
+        Open(c.form);
+        Key_Into(c.cell, "3");
+        const std::string index = std::string(c.cell).substr(std::string(c.cell).find('('));
+        for (const std::string button : c.buttons) {
+            SCOPED_TRACE(button);
+            EXPECT_TRUE(grid->Focus_Cell(button + "(32)"));
+            Key(Qt::Key_Space);
+            EXPECT_EQ(check_screen(c.check), nullptr) << "no score, no check";
+            EXPECT_TRUE(grid->Focus_Cell(button + index));
+            Key(Qt::Key_Space);
+            QTest::qWait(1);
+            QDialog* check = check_screen(c.check);
+            ASSERT_NE(check, nullptr);
+            messages.shown.clear();
+            QTest::keyClick(Child<QLineEdit>(*form, (button + index).c_str()), Qt::Key_Space);
+            QTest::qWait(1);
+            Click(*form, "Tojiru");
+            ASSERT_EQ(messages.shown.size(), 2U);
+            EXPECT_EQ(messages.shown[0].title, "オープンエラー");
+            EXPECT_EQ(messages.shown[1].title, "クローズエラー");
+            EXPECT_TRUE(form->isVisible());
+            check->reject();
+            form->activateWindow();
+            ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
+        }
+        Close();
+    }
+}
+
+TEST_F(Kanko_Window, Leaving_by_the_sister_or_for_the_report_stores) {
+    Open("Frm_Kanko");
+    grid->Focus_Cell("Kijun(9)");
+    Type("80");
+    Click(*form, "Prt");
+    EXPECT_EQ(shell.calls.back(), "Open_Form Rpt_Kekka_2012");
+    EXPECT_EQ(List("SELECT 完工高基準 FROM Kandaka_Gj WHERE 工種CD=9"), "80");
+    grid->Focus_Cell("Kijun(9)");
+    Type("90");
+    Click(*form, "edit_z");
+    EXPECT_EQ(shell.calls.back(), "Replace_Form Frm_Kanko2");
+    EXPECT_FALSE(form->isVisible());
+    EXPECT_EQ(List("SELECT 完工高基準 FROM Kandaka_Gj WHERE 工種CD=9"), "90");
+}
+
+TEST_F(Kanko_Window, A_store_that_fails_keeps_the_screen_and_what_was_keyed) {
+    Open("Frm_Kanko");
+    grid->Focus_Cell("Kijun(9)");
+    Type("80");
+    const auto before = State();
+    {
+        const Failing_Writes failing(1, Failing_Writes::Manner::From_Then_On);
+        Click(*form, "Tojiru");
+    }
+    EXPECT_TRUE(form->isVisible());
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(messages.shown[0].title, "保存エラー");
+    EXPECT_NE(messages.shown[0].text.find("Morvane.dat"), std::string::npos) << messages.shown[0].text;
+    EXPECT_EQ(Texts(9, {"Kijun", "X1"}), "80|397|");
+    EXPECT_EQ(State(), before);
+    Close();
+    EXPECT_EQ(List("SELECT 完工高基準 FROM Kandaka_Gj WHERE 工種CD=9"), "80");
+}
+
+} // namespace
+} // namespace morvane::tests

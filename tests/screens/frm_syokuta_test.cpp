@@ -1,0 +1,320 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "screens/frm_syokuta.h"
+
+#include "batch/case_file.h"
+#include "screens/frm_kanko.h"
+#include "screens/settled_score.h"
+#include "session/run_time_error.h"
+#include "support/failing_writes.h"
+#include "support/ui_fixture.h"
+#include "widgets/entry_cell.h"
+
+#include <QLabel>
+#include <QSignalSpy>
+#include <random>
+
+namespace morvane::tests {
+namespace {
+
+std::string Shown(QWidget& form, const char* name) {
+    QWidget* widget = Child<QWidget>(form, name);
+    if (const auto* edit = qobject_cast<QLineEdit*>(widget)) {
+        return edit->text().toStdString();
+    }
+    return qobject_cast<QLabel*>(widget)->text().toStdString();
+}
+
+void Show(QWidget& form) {
+    form.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+}
+
+void Enter(QWidget& form, const char* cell, const char* keys) {
+    Type_Into(form, cell, keys);
+    QTest::keyClick(Child<QLineEdit>(form, cell), Qt::Key_Return);
+}
+
+std::string Focused(const QWidget& form) {
+    return form.focusWidget() == nullptr ? "" : form.focusWidget()->objectName().toStdString();
+}
+
+/// A sample firm in hand, its period 35 in a law year.
+class Syokuta_Screen : public Ui_Installation {
+  protected:
+    explicit Syokuta_Screen(const std::string& edition = "13") : Ui_Installation(edition, false) {}
+
+    void Take_Sample(const char* sample, int law) {
+        Import_Case(session, std::filesystem::path(MORVANE_SAMPLES) / sample);
+        session.Syori_Ki = static_cast<std::int16_t>(Field("Jigyo_mas", "処理決算期", "1=1").As_Integer());
+        session.Hojin_Kojin =
+            static_cast<std::int16_t>(Field("Jigyo_mas", "法人個人識別", "1=1").As_Integer());
+        session.Simyu_Kubun = static_cast<std::uint8_t>(law);
+        Put_Elements({{210, law}});
+    }
+
+    /// Opens a screen and closes it by Esc.
+    template <class... Arguments>
+    void Open_And_Close_Kanko(Arguments... arguments) {
+        Frm_Kanko form(shell, arguments...);
+        Show(form);
+        QTest::keyClick(&form, Qt::Key_Escape);
+        EXPECT_FALSE(form.isVisible());
+    }
+
+    /// Keys every field of the screen at random and notes it in the figures; closes the screen from the last
+    /// field.
+    void Key_Everything(Review_Figures& figures, std::mt19937& random) {
+        Frm_Syokuta form(shell);
+        Show(form);
+        const int law = figures.law_year;
+        EXPECT_EQ(form.objectName().toStdString(), Law_Of(law).entry_form);
+        for (const Syokuta_Group& group : Syokuta_Groups()) {
+            for (const Syokuta_Row& row : group.rows) {
+                for (const Syokuta_Cell& cell : row.cells) {
+                    if (cell.place == nullptr || law < row.law_from || law > row.law_to ||
+                        law < group.law_from || law > group.law_to) {
+                        continue;
+                    }
+                    std::string keys = cell.keys != nullptr ? std::string(cell.keys) : "12345";
+                    const bool many = cell.keys == nullptr && cell.digits > 3 && random() % 2 == 0;
+                    const std::string typed =
+                        std::string(1, keys[random() % keys.size()]) + (many ? "7" : "");
+                    Enter(form, cell.name, typed.c_str());
+                    int code = 1;
+                    for (const Social_Field& field : Social_Fields()) {
+                        code = std::string_view(field.control) == cell.name ? field.code : code;
+                    }
+                    figures.Put_Yoso(code, std::stoi(typed));
+                }
+            }
+        }
+        QTest::keyClick(form.focusWidget(), Qt::Key_Escape);
+        EXPECT_FALSE(form.isVisible());
+    }
+
+    /// What is keyed and settled by opening and closing the screens is what the engine settles on.
+    void Settles_As_The_Engine(const char* sample) {
+        std::mt19937 random(52);
+        for (int law = 1; law <= 4; ++law) {
+            SCOPED_TRACE(testing::Message() << sample << " law year " << law);
+            Take_Sample(sample, law);
+            Review_Figures expected = Now();
+            Key_Everything(expected, random);
+            std::string before;
+            for (int round = 0; round < 6 && before != List(stored_scores); ++round) {
+                before = List(stored_scores);
+                Frm_Syokuta form(shell);
+                Show(form);
+                Click(form, "Tojiru");
+                Open_And_Close_Kanko("Frm_Kanko2");
+                Open_And_Close_Kanko("Frm_Kanko");
+            }
+            Y_Calc y;
+            X2_Calc x2;
+            Settle(expected, y, x2);
+            const Review_Figures stored = Now();
+            for (int code = 0; code < 256; ++code) {
+                EXPECT_EQ(stored.Yoso(code), expected.Yoso(code)) << "element " << code;
+            }
+            for (std::size_t line = 0; line < work_line_count; ++line) {
+                EXPECT_TRUE(stored.works[line] == expected.works[line]) << "line " << line;
+            }
+        }
+        EXPECT_EQ(messages.shown.size(), 0U);
+    }
+
+    [[nodiscard]] Review_Figures Now() const {
+        return Load_Review(Cn_Open(session), session.Syori_Ki, scenario_genjo, session.Is_Hokkaido(),
+                           session.Is_Corporation());
+    }
+
+    const std::string stored_scores = "SELECT 要素CD, 現状 FROM W_Yoso ORDER BY 決算期, 要素CD";
+};
+
+class Syokuta_Screen_Hokkaido : public Syokuta_Screen {
+  protected:
+    Syokuta_Screen_Hokkaido() : Syokuta_Screen("01") {}
+};
+
+TEST_F(Syokuta_Screen, Settles_As_The_Engine) {
+    Settles_As_The_Engine("aoba_kensetsu.json");
+}
+
+TEST_F(Syokuta_Screen_Hokkaido, Settles_As_The_Engine) {
+    Settles_As_The_Engine("hokurei_doboku.json");
+}
+
+TEST_F(Syokuta_Screen, Late_Sub_Scores) {
+    Take_Sample("aoba_kensetsu.json", 4);
+    const auto change = [this](const char* cell, const char* keys) {
+        Frm_Syokuta form(shell);
+        Show(form);
+        Enter(form, cell, keys);
+        const std::map<std::string, std::string> at_once = {{"W", Shown(form, "W")},
+                                                            {"RF_Ten", Shown(form, "RF_Ten")},
+                                                            {"Kikai_Ten", Shown(form, "Kikai_Ten")},
+                                                            {"jyakunenK_ten", Shown(form, "jyakunenK_ten")}};
+        Enter(form, "Saisei", "0");
+        std::map<std::string, std::string> next;
+        for (const auto& [name, text] : at_once) {
+            next[name] = Shown(form, name.c_str());
+        }
+        Click(form, "Tojiru");
+        return std::pair{at_once, next};
+    };
+    change("Kikai", "0");
+    const auto without = change("JyakunenK(0)", "0").second;
+
+    // The points of the machines stand at once, in the total only once the screen is opened again.
+    const auto [at_once, next] = change("Kikai", "14");
+    EXPECT_EQ(at_once.at("Kikai_Ten"), "15");
+    EXPECT_EQ(next.at("W"), without.at("W"));
+    EXPECT_EQ(Now().Yoso(213), 15);
+    const auto reopened = change("Saisei", "0").second;
+    EXPECT_NE(reopened.at("W"), without.at("W"));
+
+    // The point of the young engineers reaches W1 with the next field that is left.
+    const auto young = change("JyakunenK(0)", "28");
+    EXPECT_EQ(young.first.at("jyakunenK_ten"), "1");
+    EXPECT_EQ(young.first.at("RF_Ten"), without.at("RF_Ten"));
+    EXPECT_EQ(std::stoi(young.second.at("RF_Ten")), std::stoi(without.at("RF_Ten")) + 1);
+}
+
+TEST_F(Syokuta_Screen, Keys) {
+    Take_Sample("aoba_kensetsu.json", 4);
+    Frm_Syokuta form(shell);
+    form.resize(1200, 700);
+    Show(form);
+    // What a field takes: the last text is what stands after the keys; a key too many is refused with a beep.
+    const struct {
+        const char* cell;
+        const char* keys;
+        const char* stands;
+        int refused;
+    } cases[] = {{"Horei", "13", "1", 1},       {"Horei", "12", "2", 0},   {"JikoS(0)", "20", "2", 1},
+                 {"Rf1(2)", "2", "2", 0},       {"Rf1(3)", "02", "0", 1},  {"keiri_kansa", "34", "3", 1},
+                 {"wlb(0)", "9", "9", 0},       {"rireki", "a5", "5", 1},  {"Enen", "1-20", "120", 1},
+                 {"Kihatu(0)", "-5", "5", 1},   {"Saisei", "２1", "1", 1}, {"Iso(0)", "１", "1", 0},
+                 {"Kjm(0)", "12345", "1234", 1}};
+    for (const auto& c : cases) {
+        const QSignalSpy refused(Child<Entry_Cell>(form, c.cell), &Entry_Cell::Refused);
+        Type_Into(form, c.cell, c.keys);
+        EXPECT_EQ(Shown(form, c.cell), c.stands) << c.cell << " " << c.keys;
+        EXPECT_EQ(refused.count(), c.refused) << c.cell << " " << c.keys;
+    }
+    // Where the keys lead.
+    const struct {
+        const char* from;
+        Qt::Key key;
+        const char* to;
+    } ways[] = {{"JikoS(0)", Qt::Key_Return, "Rf1(0)"},
+                {"Rf1(5)", Qt::Key_Enter, "JyakunenK(0)"},
+                {"Iso(2)", Qt::Key_Return, "JikoS(0)"},
+                {"Rf1(0)", Qt::Key_Down, "Rf1(1)"},
+                {"Rf1(0)", Qt::Key_Up, "JikoS(0)"},
+                {"JikoS(0)", Qt::Key_Up, "JikoS(0)"},
+                {"JyakunenK(1)", Qt::Key_Down, "JyakunenS(0)"},
+                {"tishikiGN(1)", Qt::Key_Up, "tishikiGJ(1)"}};
+    for (const auto& way : ways) {
+        auto* cell = Child<QLineEdit>(form, way.from);
+        cell->setFocus(Qt::TabFocusReason);
+        QTest::keyClick(cell, way.key);
+        EXPECT_EQ(Focused(form), way.to) << way.from;
+    }
+    // One number of engineers for both lines; an emptied field is 0.
+    Enter(form, "JyakunenK(1)", "56");
+    EXPECT_EQ(Shown(form, "JyakunenS(1)"), "56");
+    Enter(form, "Kikai", "");
+    EXPECT_EQ(Shown(form, "Kikai"), "0");
+    EXPECT_EQ(messages.shown.size(), 0U);
+}
+
+TEST_F(Syokuta_Screen, What_Cannot_Be_Computed_Or_Stored_Goes_Back) {
+    Take_Sample("aoba_kensetsu.json", 4);
+    // The average of the equities lies where the product of its row leaves 32 bits.
+    Put_Amounts({{319, 1'000'000.0}, {829, 70'000'000'000.0}});
+    Frm_Syokuta form(shell);
+    Show(form);
+    Enter(form, "Saisei", "0");
+    const std::string stored = List(stored_scores);
+    const struct {
+        const char* cell;
+        const char* keys;
+        const char* title;
+    } cases[] = {{"JikoS(0)", "2", "実行時エラー"}, {"Enen", "201", "入力エラー"}};
+    for (const auto& c : cases) {
+        const std::string before = Shown(form, c.cell);
+        const std::string w = Shown(form, "W");
+        messages.shown.clear();
+        Enter(form, c.cell, c.keys);
+        ASSERT_EQ(messages.shown.size(), 1U) << c.cell;
+        EXPECT_EQ(messages.shown[0].title, c.title);
+        QApplication::processEvents();
+        EXPECT_EQ(Focused(form), c.cell);
+        EXPECT_EQ(Shown(form, c.cell), before);
+        EXPECT_EQ(Shown(form, "W"), w);
+        EXPECT_EQ(List(stored_scores), stored);
+    }
+    // The same from the last field before closing: the screen stays, and can be closed afterwards.
+    Type_Into(form, "JikoS(0)", "2");
+    QTest::keyClick(&form, Qt::Key_Escape);
+    EXPECT_TRUE(form.isVisible());
+    EXPECT_EQ(Shown(form, "JikoS(0)"), "1");
+    QTest::keyClick(&form, Qt::Key_Escape);
+    EXPECT_FALSE(form.isVisible());
+}
+
+// Statements that changed under a stored choice: the screen opens without scores, stores nothing and lets the
+// choice be corrected.
+TEST_F(Syokuta_Screen, What_Is_Stored_And_Cannot_Be_Computed_Can_Be_Corrected) {
+    Take_Sample("aoba_kensetsu.json", 4);
+    Put_Amounts({{319, 1'000'000.0}, {829, 70'000'000'000.0}});
+    Put_Elements({{1, 2}});
+    const std::string stored = List(stored_scores);
+    Frm_Syokuta form(shell);
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(messages.shown[0].title, "実行時エラー");
+    Show(form);
+    Enter(form, "Saisei", "1");
+    EXPECT_EQ(Shown(form, "X2") + Shown(form, "W"), "");
+    Click(form, "Tojiru");
+    EXPECT_TRUE(form.isVisible());
+    EXPECT_EQ(messages.shown.back().title, "保存エラー");
+    EXPECT_EQ(List(stored_scores), stored);
+    Enter(form, "JikoS(0)", "1");
+    EXPECT_NE(Shown(form, "W"), "");
+    Click(form, "Tojiru");
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_EQ(Now().Yoso(1), 1);
+    EXPECT_EQ(Now().Yoso(211), 1);
+    // Without Y there is nothing to correct here.
+    Put_Amounts({{319, 0.0}, {229, 2'000'000'000'000.0}, {248, 2'000'000'000'000.0}});
+    EXPECT_THROW(Frm_Syokuta{shell}, Run_Time_Error);
+}
+
+TEST_F(Syokuta_Screen, A_Failing_Store_Keeps_The_Screen) {
+    Take_Sample("aoba_kensetsu.json", 4);
+    Frm_Syokuta form(shell);
+    Show(form);
+    Enter(form, "Enen", "12");
+    const std::string stored = List(stored_scores);
+    for (const char* button : {"Tojiru", "Cmd_W2X(1)"}) {
+        messages.shown.clear();
+        {
+            const Failing_Writes full(1, Failing_Writes::Manner::From_Then_On, ENOSPC);
+            Click(form, button);
+        }
+        ASSERT_EQ(messages.shown.size(), 1U) << button;
+        EXPECT_NE(messages.shown[0].text.find("Morvane.dat"), std::string::npos);
+        EXPECT_TRUE(form.isVisible());
+        EXPECT_EQ(shell.failure, "");
+        EXPECT_EQ(Shown(form, "Enen"), "12");
+        EXPECT_EQ(List(stored_scores), stored);
+    }
+    Click(form, "Tojiru");
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_EQ(Now().Yoso(111), 12);
+}
+
+} // namespace
+} // namespace morvane::tests
