@@ -1,9 +1,13 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "report/report_font.h"
 
+#include <array>
 #include <cairo-ft.h>
 #include <fontconfig/fontconfig.h>
+#include <stdexcept>
+#include <string>
 #include <unordered_map>
+#include <utility>
 
 namespace morvane {
 
@@ -16,17 +20,46 @@ struct Font {
     cairo_scaled_font_t* scaled = nullptr;
 };
 
-Font Open_Font(const char* family) {
+/// The file of a family, and the face in it. Where the family is not there, any Japanese font is better than
+/// none.
+std::pair<std::string, int> File_Of(const char* family) {
+    const auto text = [](const char* name) { return reinterpret_cast<const FcChar8*>(name); };
     FcPattern* wanted = FcPatternCreate();
-    FcPatternAddString(wanted, FC_FAMILY, reinterpret_cast<const FcChar8*>(family));
-    // Where the family is not there, any Japanese font is better than none.
-    FcPatternAddString(wanted, FC_LANG, reinterpret_cast<const FcChar8*>("ja"));
-    FcConfigSubstitute(nullptr, wanted, FcMatchPattern);
+    FcPatternAddString(wanted, FC_FAMILY, text(family));
+    FcPatternAddString(wanted, FC_LANG, text("ja"));
+    // Its own configuration, so that nothing of it stays behind.
+    FcConfig* config = FcInitLoadConfigAndFonts();
+    FcConfigSubstitute(config, wanted, FcMatchPattern);
     FcDefaultSubstitute(wanted);
     FcResult result = FcResultMatch;
-    FcPattern* found = FcFontMatch(nullptr, wanted, &result);
+    FcPattern* found = FcFontMatch(config, wanted, &result);
+    FcChar8* file = nullptr;
+    int index = 0;
+    std::pair<std::string, int> place;
+    if (found != nullptr && FcPatternGetString(found, FC_FILE, 0, &file) == FcResultMatch) {
+        FcPatternGetInteger(found, FC_INDEX, 0, &index);
+        place = {reinterpret_cast<const char*>(file), index};
+    }
+    if (found != nullptr) {
+        FcPatternDestroy(found);
+    }
+    FcPatternDestroy(wanted);
+    FcConfigDestroy(config);
+    return place;
+}
+
+// Kept until the process ends, as cairo keeps what it has cached of a font.
+Font Open_Font(const char* family) {
+    static FT_Library library = nullptr;
+    const auto [file, index] = File_Of(family);
+    FT_Face shapes = nullptr;
+    if ((library == nullptr && FT_Init_FreeType(&library) != 0) ||
+        FT_New_Face(library, file.c_str(), index, &shapes) != 0) {
+        throw std::runtime_error(std::string("フォント「") + family +
+                                 "」がありません。帳票を作成できません。");
+    }
     Font font;
-    font.face = cairo_ft_font_face_create_for_pattern(found != nullptr ? found : wanted);
+    font.face = cairo_ft_font_face_create_for_ft_face(shapes, FT_LOAD_NO_HINTING);
     cairo_matrix_t size;
     cairo_matrix_t identity;
     cairo_matrix_init_scale(&size, measured_size, measured_size);
@@ -36,17 +69,13 @@ Font Open_Font(const char* family) {
     cairo_font_options_set_hint_metrics(options, CAIRO_HINT_METRICS_OFF);
     font.scaled = cairo_scaled_font_create(font.face, &size, &identity, options);
     cairo_font_options_destroy(options);
-    if (found != nullptr) {
-        FcPatternDestroy(found);
-    }
-    FcPatternDestroy(wanted);
     return font;
 }
 
 const Font& Font_Of(Report_Face face) {
-    static const Font gothic = Open_Font(Family_Name(Report_Face::Gothic));
-    static const Font mincho = Open_Font(Family_Name(Report_Face::Mincho));
-    return face == Report_Face::Gothic ? gothic : mincho;
+    static const std::array<Font, 2> fonts = {Open_Font(Family_Name(Report_Face::Gothic)),
+                                              Open_Font(Family_Name(Report_Face::Mincho))};
+    return fonts[static_cast<std::size_t>(face)];
 }
 
 } // namespace

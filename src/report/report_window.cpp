@@ -10,6 +10,7 @@
 #include "widgets/theme.h"
 
 #include <QApplication>
+#include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -214,6 +215,13 @@ int Report_Window::CommonDialog1(int copies) {
     printer.setCopyCount(copies);
     QPrintDialog dialog(&printer, QApplication::activeModalWidget());
     dialog.setObjectName(QStringLiteral("CommonDialog1"));
+    dialog.setWindowTitle(QStringLiteral("ﾌﾟﾘﾝﾀ設定"));
+    // It chooses the printer; the printing is Prt_Exe's.
+    for (const QDialogButtonBox* box : dialog.findChildren<QDialogButtonBox*>()) {
+        if (QPushButton* ok = box->button(QDialogButtonBox::Ok)) {
+            ok->setText(QStringLiteral("OK"));
+        }
+    }
     return dialog.exec() == QDialog::Accepted ? printer.copyCount() : copies;
 }
 

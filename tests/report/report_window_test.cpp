@@ -24,6 +24,8 @@ namespace fs = std::filesystem;
 class Report_Window_Test : public Ui_Installation {
   protected:
     Report_Window_Test() {
+        // Never a sheet of paper out of the printer of the machine that tests.
+        qputenv("CUPS_SERVER", "localhost:1");
         Import_Case(session, fs::path(MORVANE_SAMPLES) / "sakura_setsubi.json");
         session.Work_Store = Company_Store(session, 5);
         session.Kanri_No = 5;
