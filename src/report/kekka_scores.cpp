@@ -21,7 +21,8 @@ Area Draw_Section(Page_Layout& page, const Area& area, const char* heading) {
     return {area.left, area.top + band_height, area.right, area.bottom - total_height};
 }
 
-void Draw_Total(Page_Layout& page, const Area& area, const char* letter, const std::string& score) {
+/// One score with its label, at the foot of its section.
+void Kekka_Prev(Page_Layout& page, const Area& area, const char* letter, const std::string& score) {
     const Area foot = {area.left, area.bottom - total_height, area.right, area.bottom};
     page.Text({foot.left + 2, foot.top, foot.left + 15, foot.bottom}, "評点",
               {font_p_gothic, 9.0F, Align::Spread});
@@ -164,7 +165,7 @@ void Draw_X2(Page_Layout& page, const Kekka_Figures& kekka) {
     };
     row(1, "自己資本額", x2.Jiko, x2.JikoS == 1 ? "(基準)" : "(平均)", x2.X2_Jiko_Used, x2.X2_1_Ten);
     row(2, "利益額", x2.Rieki, "(平均)", x2.X2_Rieki_Used, x2.X2_2_Ten);
-    Draw_Total(page, x2_area, "（Ｘ2）", Figure_Text(x2.X2_Ten));
+    Kekka_Prev(page, x2_area, "（Ｘ2）", Figure_Text(x2.X2_Ten));
 }
 
 void Draw_Y(Page_Layout& page, const Kekka_Figures& kekka) {
@@ -180,7 +181,7 @@ void Draw_Y(Page_Layout& page, const Kekka_Figures& kekka) {
     page.Text({middle + 35.5F, inner.top, inner.right, head}, "(前期)", head_type);
     Draw_Indicators(page, {inner.left, head, middle, inner.bottom}, kekka);
     Draw_Balance(page, {middle, head, inner.right, inner.bottom}, kekka);
-    Draw_Total(page, y_area, "（Ｙ）", Figure_Text(kekka.y.Y_Ten));
+    Kekka_Prev(page, y_area, "（Ｙ）", Figure_Text(kekka.y.Y_Ten));
 }
 
 void Draw_W(Page_Layout& page, const Kekka_Figures& kekka, Kekka_Form form) {
@@ -199,7 +200,7 @@ void Draw_W(Page_Layout& page, const Kekka_Figures& kekka, Kekka_Form form) {
     for (const std::size_t column : {1U, 2U}) {
         page.Pale(head.X(column), inner.top, head.X(column), inner.bottom);
     }
-    Draw_Total(page, w_area, "（Ｗ）", Score_Text(kekka, 200));
+    Kekka_Prev(page, w_area, "（Ｗ）", Score_Text(kekka, 200));
 }
 
 } // namespace morvane::kekka_sheet

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "report/report_window.h"
 
+#include "app/form_table.h"
 #include "batch/case_file.h"
 #include "company/datacheck.h"
 #include "data/store_file.h"
@@ -42,6 +43,19 @@ class Report_Window_Test : public Ui_Installation {
 
     std::unique_ptr<Report_Window> window;
 };
+
+TEST_F(Report_Window_Test, Every_Report_Opens_By_Its_Name) {
+    for (const Report_Row& report : Report_Table()) {
+        const Form_Row* row = Find_Form(report.name);
+        ASSERT_NE(row, nullptr) << report.name;
+        EXPECT_TRUE(row->modal) << report.name;
+        const std::unique_ptr<Form> form(row->make(shell));
+        EXPECT_EQ(form->objectName(), QString::fromUtf8(report.name));
+    }
+    for (const Law_Year& law : law_years) {
+        EXPECT_TRUE(Kekka_Form_Of(law.result_report)) << law.name;
+    }
+}
 
 QString Title_Of(const Recorded_Sheet& sheet) {
     for (const Drawn& drawn : sheet.Pages().front()) {
