@@ -297,7 +297,7 @@ TEST_F(Shell_Test, After_a_kill_the_next_start_has_every_edit_and_all_files_agre
 
 // The program itself, as it is delivered.
 TEST_F(Shell_Test, A_second_instance_is_refused_and_a_killed_one_leaves_the_lock_free) {
-    std::filesystem::copy_file(MORVANE_PROGRAM, folder.path / "morvane");
+    std::filesystem::copy_file(Program_File(), folder.path / "morvane");
     QProcess first;
     first.start(QString::fromStdString((folder.path / "morvane").string()), QStringList());
     ASSERT_TRUE(first.waitForStarted());

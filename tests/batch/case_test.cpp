@@ -87,7 +87,7 @@ INSTANTIATE_TEST_SUITE_P(Firms, Sample_Test, ::testing::ValuesIn(samples), [](co
 
 TEST_P(Sample_Test, Balances_And_Comes_Back_The_Same) {
     const std::int32_t number = GetParam().number;
-    const fs::path file = fs::path(MORVANE_SAMPLES) / (std::string(GetParam().file) + ".json");
+    const fs::path file = Samples_Folder() / (std::string(GetParam().file) + ".json");
     const Imported imported = Import_Case(session, file);
     EXPECT_EQ(imported.number, number);
     EXPECT_FALSE(imported.replaced);
@@ -120,7 +120,7 @@ TEST_P(Sample_Test, Balances_And_Comes_Back_The_Same) {
 
 // Whatever the screens may have left in the store goes out and comes in again.
 TEST_F(Case_Test, Changes_Of_The_Store_Come_Back) {
-    Import_Case(session, fs::path(MORVANE_SAMPLES) / "sakura_setsubi.json");
+    Import_Case(session, Samples_Folder() / "sakura_setsubi.json");
     const char* changes[] = {
         "UPDATE Ks_Zaihyo SET 金額 = Null WHERE 決算期=28 And 建設科目CD=820;",
         "UPDATE Ks_Zaihyo SET 金額 = 5, 改善後残高 = 5 WHERE 決算期=28 And 建設科目CD=821;",

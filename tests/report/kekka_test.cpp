@@ -86,7 +86,7 @@ class Kekka_Test : public Installation {
 
     /// Takes a sample in hand and stores the scores that its screens would hold.
     Settled_Score Take_In_Hand(const std::string& sample, int number, int period, const Scenario& scenario) {
-        Import_Case(session, fs::path(MORVANE_SAMPLES) / sample);
+        Import_Case(session, Samples_Folder() / sample);
         session.Work_Store = Company_Store(session, number);
         session.Kanri_No = number;
         session.Syori_Ki = static_cast<std::int16_t>(period);

@@ -27,7 +27,7 @@ class Report_Window_Test : public Ui_Installation {
     Report_Window_Test() {
         // Never a sheet of paper out of the printer of the machine that tests.
         qputenv("CUPS_SERVER", "localhost:1");
-        Import_Case(session, fs::path(MORVANE_SAMPLES) / "sakura_setsubi.json");
+        Import_Case(session, Samples_Folder() / "sakura_setsubi.json");
         session.Work_Store = Company_Store(session, 5);
         session.Kanri_No = 5;
         session.Jigyo_Name = "さくら見本設備株式会社";

@@ -29,7 +29,7 @@ class Entry_Screen : public Form {
 class Check_Screens : public Ui_Installation {
   protected:
     Check_Screens() : Ui_Installation("13", false), entry(shell) {
-        Import_Case(session, std::filesystem::path(MORVANE_SAMPLES) / "aoba_kensetsu.json");
+        Import_Case(session, Samples_Folder() / "aoba_kensetsu.json");
         session.Syori_Ki = static_cast<std::int16_t>(Field("Jigyo_mas", "処理決算期", "1=1").As_Integer());
         entry.show();
     }

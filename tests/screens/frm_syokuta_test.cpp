@@ -44,7 +44,7 @@ class Syokuta_Screen : public Ui_Installation {
     explicit Syokuta_Screen(const std::string& edition = "13") : Ui_Installation(edition, false) {}
 
     void Take_Sample(const char* sample, int law) {
-        Import_Case(session, std::filesystem::path(MORVANE_SAMPLES) / sample);
+        Import_Case(session, Samples_Folder() / sample);
         session.Syori_Ki = static_cast<std::int16_t>(Field("Jigyo_mas", "処理決算期", "1=1").As_Integer());
         session.Hojin_Kojin =
             static_cast<std::int16_t>(Field("Jigyo_mas", "法人個人識別", "1=1").As_Integer());

@@ -45,9 +45,9 @@ const Store_Key& Delivered_Key() {
 Installation::Installation(const std::string& edition, bool multi) {
     fs::create_directories(folder.path / "data");
     for (const char* name : Template_Names()) {
-        fs::copy_file(fs::path(MORVANE_TEMPLATES) / name, folder.path / name);
+        fs::copy_file(Templates_Folder() / name, folder.path / name);
     }
-    fs::copy_file(fs::path(MORVANE_TEMPLATES) / ("morv_" + edition + ".dat"), folder.path / "Morvane.dat");
+    fs::copy_file(Templates_Folder() / ("morv_" + edition + ".dat"), folder.path / "Morvane.dat");
     Write_Kidou_Ini(folder.path, {});
     Install_Info info;
     info.kanri_flg = multi ? multi_company_mode : 0;

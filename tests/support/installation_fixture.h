@@ -4,6 +4,7 @@
 #include "batch/installation.h"
 #include "data/connection.h"
 #include "session/session.h"
+#include "support/paths.h"
 
 #include <cstdint>
 #include <filesystem>
