@@ -5,6 +5,7 @@ build_packages=(g++ cmake ninja-build ccache pkg-config libsqlcipher-dev libssl-
                 libcairo2-dev qt6-base-dev libqt6svg6 qt6-translations-l10n fonts-ipaexfont-gothic fonts-ipaexfont-mincho)
 test_packages=(libgtest-dev python3 poppler-utils)
 bench_packages=(libbenchmark-dev python3)
+picture_packages=(xvfb openbox poppler-utils)
 
 as_root() {
     if [ "$(id -u)" -eq 0 ]; then

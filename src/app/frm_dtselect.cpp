@@ -36,7 +36,7 @@ Frm_DtSelect::Frm_DtSelect(Shell_Port& shell_port)
         return button;
     };
     QPushButton* hokkaido = add("Cmd_Do", "北海道版", "北海道知事許可の様式");
-    QPushButton* national = add("Cmd_Kanto", "全国版", "国土交通大臣・他府県知事許可の様式");
+    QPushButton* national = add("Cmd_Kanto", "全国版", "国土交通大臣・他の都府県知事許可の様式");
     section->body->addSpacing(8);
     section->body->addLayout(row);
     body->addWidget(section);

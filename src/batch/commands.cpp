@@ -80,7 +80,7 @@ int Run_Init(const Init_Arguments& arguments) {
 int Run_Import(const std::string& folder, const std::vector<std::string>& names) {
     const Session session = Open_Installation(folder, messages);
     if (!session.Is_Multi() && names.size() != 1) {
-        throw Usage_Error("単独事業所のデータフォルダには1件だけ取り込めます。");
+        throw Usage_Error("自社で使う（single）データフォルダには1件だけ取り込めます。");
     }
     const std::vector<fs::path> files(names.begin(), names.end());
     for (const fs::path& file : files) {
@@ -267,7 +267,7 @@ class Command_Line {
         sub->add_option("DIR", init.folder, "作成するフォルダ")->required();
         sub->add_option("--edition", init.edition, "01 北海道版、13 全国版")
             ->check(CLI::IsMember({"13", "01"}));
-        sub->add_option("--mode", init.mode, "single 単独事業所、multi 複数事業所")
+        sub->add_option("--mode", init.mode, "single 自社で使う（1社）、multi 事務所で使う（多数の事業所）")
             ->check(CLI::IsMember({"single", "multi"}));
         sub->add_flag("--sample", init.sample, "見本の事業所を取り込みます。");
         sub->callback([this] { command = [this] { return Run_Init(init); }; });

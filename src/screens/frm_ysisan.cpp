@@ -62,8 +62,9 @@ Frm_YSisan::Frm_YSisan(Shell_Port& shell_port)
 
     Numbered indicators;
     for (const Keiei_Indicator& indicator : keiei_indicators) {
-        const std::string number = std::to_string(indicators.names.size() + 1);
-        indicators.Add("kekka" + number, std::string(indicator.caption) + "（X" + number + "）");
+        const std::size_t number = indicators.names.size() + 1;
+        const QString sign = QStringLiteral("（Ｘ%1）").arg(QChar(static_cast<char16_t>(u'０' + number)));
+        indicators.Add("kekka" + std::to_string(number), indicator.caption + sign.toStdString());
     }
     Total_Panel* kekka = Make_Panel(QStringLiteral("８指標"), indicators, texts.kekka);
 

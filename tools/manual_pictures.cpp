@@ -1,0 +1,287 @@
+// SPDX-FileCopyrightText: The Morvane developers
+// Takes the pictures of the manual: the program itself, its real windows on the display, pressed as a user
+// would.
+//
+// usage: manual_pictures OFFICE NEW OUT
+//   OFFICE  an installation of an office with the sample firms; NEW an empty folder; OUT where the pictures
+//   go
+#include "app/shell.h"
+#include "widgets/message_windows.h"
+#include "widgets/record_list.h"
+#include "widgets/theme.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
+#include <QDir>
+#include <QPointer>
+#include <QScreen>
+#include <QTest>
+#include <QTimer>
+#include <cstdio>
+#include <cstdlib>
+#include <functional>
+#include <vector>
+
+namespace morvane {
+
+namespace {
+
+constexpr int settle_ms = 400;
+constexpr const char* firm = "青葉見本建設株式会社";
+
+QDir out;
+
+[[noreturn]] void Give_Up(const QString& what) {
+    std::fprintf(stderr, "manual_pictures: %s\n", what.toUtf8().constData());
+    std::_Exit(1);
+}
+
+template <class Object>
+Object* Child(QObject& parent, const char* name) {
+    auto* child = parent.findChild<Object*>(QString::fromUtf8(name));
+    if (child == nullptr) {
+        Give_Up(QStringLiteral("%1 has no %2").arg(parent.objectName(), QString::fromUtf8(name)));
+    }
+    return child;
+}
+
+void Click(QWidget& parent, const char* name) {
+    auto* button = Child<QAbstractButton>(parent, name);
+    if (!button->isVisible() || !button->isEnabled()) {
+        Give_Up(QStringLiteral("%1 cannot be pressed").arg(QString::fromUtf8(name)));
+    }
+    button->click();
+}
+
+// Keeps a part of the display as it is seen, in full colour.
+void Take(const char* name, const QRect& part) {
+    QTest::qWait(settle_ms);
+    const QPixmap seen =
+        QGuiApplication::primaryScreen()->grabWindow(0, part.x(), part.y(), part.width(), part.height());
+    const QString file = out.filePath(QString::fromUtf8(name) + QStringLiteral(".png"));
+    if (!seen.toImage().convertToFormat(QImage::Format_RGB888).save(file, "PNG", 0)) {
+        Give_Up(QStringLiteral("%1 cannot be written").arg(file));
+    }
+}
+
+// A window with its title bar.
+void Take_Window(const char* name, QWidget& window) {
+    if (!QTest::qWaitForWindowActive(&window)) {
+        Give_Up(QStringLiteral("%1 does not come to the front").arg(window.objectName()));
+    }
+    QTest::qWait(settle_ms);
+    Take(name, window.frameGeometry());
+}
+
+// A part of a window.
+void Take_Part(const char* name, const QWidget& part) {
+    QTest::qWait(settle_ms);
+    Take(name, QRect(part.mapToGlobal(QPoint(0, 0)), part.size()));
+}
+
+using Dialog_Work = std::function<void(QDialog&)>;
+
+// Does `act`, which opens dialogs one after the other, and `during` while each of them is open.
+void While_Open(const std::function<void()>& act, const std::vector<Dialog_Work>& during) {
+    std::size_t opened = 0;
+    QPointer<QWidget> last;
+    QObject watch;
+    // Armed anew each time, so that it looks on while what it called waits in a dialog of its own.
+    const std::function<void()> look = [&] {
+        QTimer::singleShot(50, &watch, look);
+        auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        if (dialog == nullptr || dialog == last) {
+            return;
+        }
+        last = dialog;
+        if (!QTest::qWaitForWindowActive(dialog)) {
+            Give_Up(QStringLiteral("%1 does not come to the front").arg(dialog->windowTitle()));
+        }
+        if (opened == during.size()) {
+            Give_Up(QStringLiteral("a window nobody waits for: ") + dialog->windowTitle());
+        }
+        during[opened++](*dialog);
+    };
+    look();
+    act();
+    if (opened != during.size()) {
+        Give_Up(QStringLiteral("a window did not open"));
+    }
+}
+
+// Answers a message box by its default meaning: OK or はい.
+void Say_Yes(QDialog& box) {
+    for (QAbstractButton* button : box.findChildren<QAbstractButton*>()) {
+        if (button->text().startsWith(QStringLiteral("OK")) ||
+            button->text().startsWith(QStringLiteral("はい"))) {
+            button->click();
+            return;
+        }
+    }
+    Give_Up(QStringLiteral("no yes in: ") + box.windowTitle());
+}
+
+Dialog_Work Take_And_Press(const char* picture, const char* button) {
+    return [picture, button](QDialog& dialog) {
+        Take_Window(picture, dialog);
+        Click(dialog, button);
+    };
+}
+
+class Tour {
+  public:
+    explicit Tour(Shell& the_shell) : frame(*the_shell.Frame()) {
+        frame.showMaximized();
+        if (!QTest::qWaitForWindowActive(&frame)) {
+            Give_Up(QStringLiteral("the frame does not come to the front"));
+        }
+    }
+
+    void Whole() {
+        Companies();
+        Statements();
+        Review();
+        Others();
+    }
+
+  private:
+    void Press(const char* button) {
+        Click(*frame.command, button);
+        QTest::qWait(settle_ms);
+    }
+
+    void Choose(const char* action) { Child<QAction>(frame, action)->trigger(); }
+
+    Form& Screen(const char* name) {
+        QTest::qWait(settle_ms);
+        Form* form = frame.area->Top();
+        if (form == nullptr || form->objectName() != QString::fromUtf8(name)) {
+            Give_Up(QStringLiteral("%1 is not open").arg(QString::fromUtf8(name)));
+        }
+        return *form;
+    }
+
+    void Take_Screen(const char* picture, const char* form) { Take_Part(picture, Screen(form)); }
+
+    void Companies() {
+        While_Open([this] { Choose("Mnu_JgSitei"); }, {[](QDialog& dialog) {
+                       auto* list = Child<Record_List>(dialog, "ListView");
+                       for (int row = 0; row < list->Row_Count(); ++row) {
+                           if (list->Text_At(row, 1) == QString::fromUtf8(firm)) {
+                               list->Select_Row(row);
+                           }
+                       }
+                       Take_Window("register", dialog);
+                       Click(dialog, "Cmd_Sitei");
+                   }});
+        Press("Cmd_Sim1");
+        Take_Window("frame", frame);
+        QWidget& menu = *frame.command;
+        Take_Part("menu", menu);
+        Press("Cmd_GB(5)");
+    }
+
+    void Statements() {
+        Press("Cmd_KsZ1");
+        Press("Cmd_KsT(1)");
+        Take_Screen("statement", "Frm_KsZaihyo");
+        While_Open([this] { Click(Screen("Frm_KsZaihyo"), "Y_Disp"); },
+                   {Say_Yes, Take_And_Press("ysisan", "Tojiru")});
+        Press("Cmd_KsT(6)");
+        Press("Cmd_KsZ3");
+        // One line of entry: the empty room below it tells nothing.
+        const QWidget& changes = Screen("Frm_KsHendo");
+        Take("hendo", QRect(changes.mapToGlobal(QPoint(0, 0)), QSize(changes.width(), 190)));
+        Click(Screen("Frm_KsHendo"), "Tojiru");
+        Press("Cmd_KsZ4");
+        Take_Screen("prior", "Frm_KsZenki");
+        Click(Screen("Frm_KsZenki"), "Tojiru");
+    }
+
+    void Take_Check(const char* picture, Form& screen, const char* score) {
+        for (QAbstractButton* button : screen.findChildren<QAbstractButton*>()) {
+            if (button->accessibleName() == QString::fromUtf8(score)) {
+                button->click();
+                QTest::qWait(settle_ms);
+                QWidget* check = QApplication::activeWindow();
+                Take_Window(picture, *check);
+                Click(*check, "Tojiru");
+                return;
+            }
+        }
+        Give_Up(QStringLiteral("no check of ") + QString::fromUtf8(score));
+    }
+
+    void Review() {
+        Press("Cmd_Sim1");
+        Press("Cmd_GB(0)");
+        Take_Screen("keiei", "Frm_Keiei");
+        Press("Cmd_GB(1)");
+        Take_Screen("syokuta", "Frm_Syokuta_2012");
+        Take_Check("calc_check", Screen("Frm_Syokuta_2012"), "X2-1 計算チェック");
+        Take_Check("calc_check_table", Screen("Frm_Syokuta_2012"), "W2 計算チェック");
+        Press("Cmd_GB(2)");
+        Take_Screen("kanko", "Frm_Kanko");
+        Click(Screen("Frm_Kanko"), "edit_z");
+        Take_Screen("kanko2", "Frm_Kanko2");
+        While_Open([this] { Click(Screen("Frm_Kanko2"), "Prt"); }, {Take_And_Press("preview", "Tojiru")});
+        Press("Cmd_GB(5)");
+    }
+
+    void Others() {
+        Press("Cmd_Hojyo1");
+        Take_Screen("kssitei", "Frm_KsSitei");
+        Click(Screen("Frm_KsSitei"), "Cmd_Cancel");
+        While_Open([this] { Press("Cmd_Hojyo4"); }, {Take_And_Press("company", "Cmd_Cancel")});
+        While_Open([this] { Choose("Disp_Version"); }, {Take_And_Press("ver", "Cmd_Cancel")});
+    }
+
+    Frm_Main& frame;
+};
+
+std::filesystem::path Folder(const char* name) {
+    return std::filesystem::absolute(name);
+}
+
+// The first start asks for the edition.
+void Take_First_Start(const char* folder, Messages& messages) {
+    Shell shell(Folder(folder), messages);
+    While_Open([&shell] { shell.Sub_Main(); }, {Take_And_Press("dtselect", "Cmd_Cancel"), Say_Yes});
+}
+
+// A session that ends as in a power failure, and the start after it.
+void Take_Office(const char* folder, Messages& messages) {
+    {
+        Shell shell(Folder(folder), messages);
+        // The first start greets.
+        While_Open([&shell] { shell.Sub_Main(); }, {Say_Yes});
+        Tour(shell).Whole();
+    }
+    Shell shell(Folder(folder), messages);
+    While_Open([&shell] { shell.Sub_Main(); }, {[](QDialog& box) {
+                   Take_Window("abnormal", box);
+                   Say_Yes(box);
+               }});
+}
+
+} // namespace
+
+} // namespace morvane
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    if (argc != 4) {
+        std::fputs("usage: manual_pictures OFFICE NEW OUT\n", stderr);
+        return 2;
+    }
+    QApplication::setApplicationName(QStringLiteral("Morvane"));
+    QApplication::setApplicationVersion(QStringLiteral(MORVANE_VERSION));
+    QApplication::setCursorFlashTime(0);
+    morvane::theme::Apply(application);
+    morvane::out = QDir(QString::fromLocal8Bit(argv[3]));
+    morvane::Message_Windows messages;
+    morvane::Take_First_Start(argv[2], messages);
+    morvane::Take_Office(argv[1], messages);
+    return 0;
+}
