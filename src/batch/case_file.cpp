@@ -7,6 +7,7 @@
 #include "company/law_change.h"
 #include "company/datacheck.h"
 #include "company/register.h"
+#include "data/shown_text.h"
 #include "data/store_file.h"
 #include "zaimu/z_zzen_get.h"
 #include "zaimu/zaimu_calc.h"
@@ -188,7 +189,8 @@ void Test_Number(const Session& session, const fs::path& file, std::int32_t numb
 } // namespace
 
 Case_Error::Case_Error(const fs::path& file, const std::string& path, const std::string& reason)
-    : std::runtime_error("「" + file.string() + "」" + (path.empty() ? "" : " " + path) + "：" + reason) {}
+    : std::runtime_error("「" + Shown_Text(file.string(), most_path) + "」" +
+                         (path.empty() ? "" : " " + Shown_Text(path)) + "：" + reason) {}
 
 std::string Edition_Of_Case(const fs::path& file) {
     return Read_Case(file).edition;

@@ -2,15 +2,21 @@
 #include "batch/case_format.h"
 
 #include "batch/case_file.h"
+#include "company/company_info.h"
+#include "data/decimal.h"
+#include "data/json_text.h"
 #include "data/same_name.h"
+#include "data/shown_text.h"
 #include "data/store_file.h"
 #include "data/table_catalogue.h"
+#include "screens/entry_limits.h"
+#include "zaimu/statement_section.h"
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cmath>
 #include <limits>
+#include <set>
 
 namespace morvane {
 
@@ -19,7 +25,10 @@ namespace {
 namespace fs = std::filesystem;
 using Json = nlohmann::json;
 
-constexpr double most_amount = 1e15; // amounts have up to fifteen digits
+constexpr double most_amount = 1e15;     // amounts have up to fifteen digits
+constexpr std::size_t most_note = 32767; // characters of a note
+constexpr const char* twice = "2回指定されています。";
+constexpr std::size_t most_periods = 200; // as many as a firm can have years in business
 
 /// A place in a case file, for messages.
 struct Spot {
@@ -41,14 +50,14 @@ const Json& Object_At(const Spot& spot, const Json& value) {
 
 std::int64_t Whole_Number(const Spot& spot, const Json& value, double lowest, double highest) {
     if (!value.is_number()) {
-        spot.Refuse("数値ではありません（" + value.dump() + "）。");
+        spot.Refuse("数値ではありません（" + Shown_Json(value) + "）。");
     }
     const auto number = value.get<double>();
     if (!(number >= lowest && number <= highest)) {
-        spot.Refuse("数値が範囲外です（" + value.dump() + "）。");
+        spot.Refuse("数値が範囲外です（" + Shown_Json(value) + "）。");
     }
     if (number != std::floor(number)) {
-        spot.Refuse("整数ではありません（" + value.dump() + "）。");
+        spot.Refuse("整数ではありません（" + Shown_Json(value) + "）。");
     }
     return static_cast<std::int64_t>(number);
 }
@@ -66,9 +75,9 @@ Value Field_Value(const Spot& spot, const Json& value, Column_Type type) {
     switch (type) {
     case Column_Type::Text:
         if (!value.is_string()) {
-            spot.Refuse("文字列ではありません（" + value.dump() + "）。");
+            spot.Refuse("文字列ではありません（" + Shown_Json(value) + "）。");
         }
-        return value.get<std::string>();
+        return value.get_ref<const std::string&>();
     case Column_Type::Integer:
         return std::int64_t{Whole<std::int16_t>(spot, value)};
     case Column_Type::Long:
@@ -91,13 +100,11 @@ const Column_Info& Column_Of(const Spot& spot, const Table_Info& table, const st
 }
 
 int Code_Of(const Spot& spot, const std::string& key) {
-    int code = 0;
-    const char* end = key.data() + key.size();
-    const auto parsed = std::from_chars(key.data(), end, code);
-    if (parsed.ec != std::errc() || parsed.ptr != end) {
+    const auto code = Decimal(key);
+    if (!code || *code < 0 || *code > std::numeric_limits<std::int16_t>::max()) {
         spot.Refuse("コードではありません。");
     }
-    return code;
+    return static_cast<int>(*code);
 }
 
 /// How the rows of a table are written in a case.
@@ -142,9 +149,49 @@ std::vector<std::pair<std::string, Json>> Fields_Of(const Spot& spot, const Tabl
         if (barred) {
             (spot / name).Refuse("指定できない項目です。");
         }
+        if (std::any_of(fields.begin(), fields.end(),
+                        [&](const auto& other) { return Same_Name(other.first, name); })) {
+            (spot / name).Refuse(twice);
+        }
         fields.emplace_back(name, field);
     }
     return fields;
+}
+
+void Test_Text(const Spot& spot, const Value& text, std::size_t most, bool has_lines) {
+    if (std::string refusal = Text_Refusal(text.As_Text(), most, has_lines); !refusal.empty()) {
+        spot.Refuse(refusal);
+    }
+}
+
+void Test_Limit(const Spot& spot, const Value& number, const Entry_Limit& limit) {
+    if (!limit.Takes(number.As_Integer())) {
+        spot.Refuse(limit.In_Words() + "の数を指定してください（" + number.As_Text() + "）。");
+    }
+}
+
+/// The limits that the screen of a table has for its fields.
+void Test_Value(const Spot& spot, Case_Table table, int code, const std::string& column, const Value& value,
+                int law_year) {
+    if (value.Is_Null()) {
+        return;
+    }
+    switch (table) {
+    case Case_Table::Ks_Zaihyo:
+        if (value.Is_Text()) {
+            Test_Text(spot, value, account_name_length, false);
+        }
+        break;
+    case Case_Table::Kandaka_Gj:
+        Test_Limit(spot, value, Limit_Of_Work_Column(column));
+        break;
+    case Case_Table::W_Yoso:
+        Test_Limit(spot, value, Limit_Of_Element(code, law_year));
+        break;
+    case Case_Table::QandA:
+        Test_Text(spot, value, most_note, true);
+        break;
+    }
 }
 
 // Rules that a single table has beyond its types.
@@ -186,30 +233,54 @@ Case_Period Read_Period(const Spot& spot, const Json& value, std::size_t index) 
     return period;
 }
 
+/// A date that is given is whole and one of the calendar, as on the screens.
+void Test_Date(const Spot& spot, const Case_Record& record, const std::string& date) {
+    std::array<std::string, 3> parts;
+    std::size_t given = 0;
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+        constexpr std::array<const char*, 3> units = {"年", "月", "日"};
+        const auto found = record.firm.find(date + units.at(i));
+        if (found != record.firm.end() && !found->second.Is_Null()) {
+            parts.at(i) = found->second.As_Text();
+            ++given;
+        }
+    }
+    if (given > 0 && (given < parts.size() || !Is_Era_Date(parts[0], parts[1], parts[2]))) {
+        (spot / (date + "年"))
+            .Refuse("日付が不正です（" + parts[0] + "年" + parts[1] + "月" + parts[2] + "日）。");
+    }
+}
+
 void Read_Firm(const Spot& spot, const Json& value, Case_Record& record) {
     const Table_Info& table = Table_Of(Store_Kind::Company, "Jigyo_mas");
     for (const auto& [key, field] : Object_At(spot, value).items()) {
         const Spot at = spot / key;
         const Column_Info& column = Column_Of(at, table, key);
-        record.firm[column.name] = Field_Value(at, field, column.type);
+        Value given = Field_Value(at, field, column.type);
+        if (std::string refusal = Column_Refusal(column.name, given); !refusal.empty()) {
+            at.Refuse(refusal);
+        }
+        if (!record.firm.emplace(column.name, std::move(given)).second) {
+            at.Refuse(twice);
+        }
     }
-    for (const char* required : {"管理No", "法人個人識別", "処理決算期"}) {
-        if (!record.firm.contains(required) || record.firm[required].Is_Null()) {
+    for (const char* required : {"管理No", "事業所名", "法人個人識別", "処理決算期"}) {
+        if (!record.firm.contains(required) || Is_Blank(record.firm[required].As_Text())) {
             (spot / required).Refuse("指定されていません。");
         }
     }
-    if (record.firm["管理No"].As_Integer() < 0 || record.firm["管理No"].As_Integer() == 999999) {
-        (spot / "管理No").Refuse("使用できない番号です。");
-    }
-    const std::int64_t type = record.firm["法人個人識別"].As_Integer();
-    if (type != 1 && type != 2) {
-        (spot / "法人個人識別").Refuse("1（法人）か 2（個人）を指定してください。");
+    for (const char* end : {"開始", "終了"}) {
+        Test_Date(spot, record, std::string("決算期") + end);
     }
 }
 
 void Read_Periods(const Spot& spot, const Json& value, Case_Record& record) {
     if (!value.is_array() || value.empty()) {
         spot.Refuse("決算期の配列ではありません。");
+    }
+    if (value.size() > most_periods) {
+        spot.Refuse("決算期は" + std::to_string(most_periods) + "期までです（" +
+                    std::to_string(value.size()) + "期）。");
     }
     for (std::size_t i = 0; i < value.size(); ++i) {
         const Spot at{spot.file, "periods[" + std::to_string(i) + "]"};
@@ -229,9 +300,9 @@ void Read_Periods(const Spot& spot, const Json& value, Case_Record& record) {
 Json Parse(const fs::path& file) {
     const std::string text = Read_Text_File(file);
     try {
-        return Json::parse(text);
-    } catch (const Json::exception& error) {
-        throw Case_Error(file, "", std::string("JSONとして読めません。") + error.what());
+        return Json_Of(text);
+    } catch (const Json_Fault& fault) {
+        throw Case_Error(file, fault.path, fault.what());
     }
 }
 
@@ -250,7 +321,7 @@ Case_Record Read_Case(const fs::path& file) {
     for (const auto& [key, field] : root.items()) {
         static const std::vector<std::string> known = {"format", "version", "Tiiki_CD", "Jigyo_mas",
                                                        "periods"};
-        if (!Is_Listed(known, key)) {
+        if (std::find(known.begin(), known.end(), key) == known.end()) {
             (top / key).Refuse("知らない項目です。");
         }
     }
@@ -276,9 +347,13 @@ void Case_Record::Put_Table(const Connection& cn, const Case_Period& period, Cas
     Recordset rows =
         cn.Open(std::string("SELECT * FROM ") + form.name + " WHERE 決算期=" + std::to_string(period.number) +
                 " ORDER BY " + form.key + ";");
+    std::set<int> codes;
     for (const auto& [key, value] : period.tables[form.name].items()) {
         const Spot at = spot / key;
         const int code = Code_Of(at, key);
+        if (!codes.insert(code).second) {
+            at.Refuse(twice);
+        }
         if (!rows.Find(form.key, code)) {
             at.Refuse("この決算期にないコードです。");
         }
@@ -286,6 +361,7 @@ void Case_Record::Put_Table(const Connection& cn, const Case_Period& period, Cas
             const Spot field_spot = value.is_object() ? at / name : at;
             const Column_Info& column = Column_Of(field_spot, info, name);
             const Value number = Field_Value(field_spot, field, column.type);
+            Test_Value(field_spot, table, code, column.name, number, period.law_year);
             if (column.name != "建設科目名" && !number.Is_Null()) {
                 Test_Row(field_spot, table, code, column.name, rows);
             }

@@ -9,7 +9,9 @@
 #include "batch/score_run.h"
 #include "calc/law_year.h"
 #include "calc/ten_tables.h"
-#include "data/store_file.h"
+#include "data/decimal.h"
+#include "data/output_file.h"
+#include "data/shown_text.h"
 #include "maint/csv_out.h"
 #include "report/report_table.h"
 #include "session/run_time_error.h"
@@ -45,14 +47,19 @@ struct Init_Arguments {
 /// Imports the files one after the other; a file that fails is one line, the others go on.
 int Import_All(const Session& session, const std::vector<fs::path>& files) {
     int status = status_done;
+    const bool progress = ::isatty(STDERR_FILENO) == 1 && ::isatty(STDOUT_FILENO) == 0 && files.size() > 1;
+    std::size_t done = 0;
     for (const fs::path& file : files) {
         try {
             const Imported imported = Import_Case(session, file);
-            std::cout << imported.number << " " << imported.name
+            std::cout << imported.number << " " << Shown_Text(imported.name)
                       << (imported.replaced ? "：置き換えました。" : "：取り込みました。") << "\n";
         } catch (const std::exception& error) {
-            std::cerr << error.what() << "\n";
+            std::cerr << Failure_Text(error) << "\n";
             status = status_failed;
+        }
+        if (progress) {
+            Show_Progress(std::cerr, ++done, files.size());
         }
     }
     return status;
@@ -84,8 +91,9 @@ int Run_Import(const std::string& folder, const std::vector<std::string>& names)
     }
     const std::vector<fs::path> files(names.begin(), names.end());
     for (const fs::path& file : files) {
-        if (!fs::exists(file)) {
-            throw Usage_Error("ファイル「" + file.string() + "」がありません。");
+        std::error_code error;
+        if (!fs::exists(file, error)) {
+            throw Usage_Error("ファイル「" + Shown_Text(file.string(), most_path) + "」がありません。");
         }
     }
     const Instance_Lock lock = Lock_Installation(session);
@@ -108,7 +116,7 @@ int Run_Export(const std::string& folder, std::int32_t number, const std::string
     if (output.empty()) {
         std::cout << text;
     } else {
-        Write_Text_File(output, text);
+        Write_Output(output, text);
     }
     return status_done;
 }
@@ -118,7 +126,7 @@ int Run_Csv(const std::string& folder, const std::string& target, std::optional<
     const fs::path store = number ? Store_Of(session, Named_Company(session, *number)) : session.Work_Store;
     std::error_code error;
     fs::create_directories(target, error);
-    if (!fs::is_directory(target)) {
+    if (!fs::is_directory(target, error)) {
         throw Usage_Error("フォルダ「" + target + "」を作成できません。");
     }
     Csv_Out(Connection(store, session.Db_Key, Connection::Mode::Read_Only), target);
@@ -181,7 +189,8 @@ int Run_Ten(const std::string& name, std::int64_t amount, int law) {
         {"Z1", {5, &Ten_Z1}},
         {"Z2", {4, b ? &Ten_Z2_B : &Ten_Z2_A}}};
     if (amount < INT32_MIN || amount > INT32_MAX) {
-        throw Run_Time_Error(Run_Time_Error::Kind::Overflow, "値が32ビットの範囲を超えています。");
+        throw Run_Time_Error(Run_Time_Error::Kind::Overflow,
+                             "桁あふれのため計算できません。評点表の値は 2,147,483,647 までです。");
     }
     const auto& [number, table] = tables.at(name);
     const Ten_Result result = Ten_Lookup(*table, static_cast<std::int32_t>(amount));
@@ -203,16 +212,77 @@ int Run_Ten(const std::string& name, std::int64_t amount, int law) {
 
 // ---- the command line
 
-/// What is wrong with the arguments, in Japanese; `detail` is the parser's word on the argument concerned.
-std::string Argument_Fault(const CLI::Error& error) {
-    static const std::map<std::string, std::string> faults = {
-        {"RequiredError", "引数が足りません"},        {"ExtrasError", "知らない引数です"},
-        {"ValidationError", "指定できない値です"},    {"ConversionError", "数値ではありません"},
-        {"ArgumentMismatch", "引数の数が合いません"}, {"OptionNotFound", "知らない引数です"},
-    };
-    const auto found = faults.find(error.get_name());
-    return (found == faults.end() ? std::string("引数が正しくありません") : found->second) + "（" +
-           error.what() + "）。";
+/// A list of words, shown.
+std::string Listed(const std::vector<std::string>& words) {
+    std::string list;
+    for (const std::string& word : words) {
+        list += (list.empty() ? "" : "、") + Shown_Text(word);
+    }
+    return list;
+}
+
+/// The arguments that a command needs and did not get.
+std::vector<std::string> Missing_Arguments(const CLI::App& app) {
+    const auto chosen = app.get_subcommands();
+    if (chosen.empty()) {
+        return {"コマンド"};
+    }
+    std::vector<std::string> missing;
+    for (const CLI::Option* option : chosen.front()->get_options()) {
+        if (option->get_required() && option->count() == 0) {
+            missing.push_back(option->get_name());
+        }
+    }
+    return missing;
+}
+
+/// What is wrong with the arguments, in Japanese.
+std::string Argument_Fault(const CLI::App& app, const CLI::Error& error) {
+    const auto is = [&error](CLI::ExitCodes code) { return error.get_exit_code() == static_cast<int>(code); };
+    if (is(CLI::ExitCodes::RequiredError)) {
+        return "引数が足りません（" + Listed(Missing_Arguments(app)) + "）。";
+    }
+    if (is(CLI::ExitCodes::ExtrasError)) {
+        return "知らない引数です（" + Listed(app.remaining(true)) + "）。";
+    }
+    if (is(CLI::ExitCodes::ArgumentMismatch)) {
+        const std::string text = error.what(); // begins with the option
+        return "値の数が合いません（" + Shown_Text(text.substr(0, text.find(':'))) + "）。";
+    }
+    return "引数が正しくありません。";
+}
+
+constexpr const char* usage_hint =
+    "使い方は morvane-batch --help、各コマンドの使い方は morvane-batch コマンド "
+    "--help で表示します。";
+
+/// The whole number that the text of an argument is: decimal, from `lowest` to `highest`. Raises Usage_Error.
+template <class Int>
+Int Number_Argument(const char* name, const std::string& text, Int lowest, Int highest) {
+    const auto number = Decimal(text);
+    if (!number || *number < std::int64_t{lowest} || *number > std::int64_t{highest}) {
+        const bool has_limit = highest < std::numeric_limits<std::int32_t>::max();
+        throw Usage_Error(
+            std::string(name) + "に「" + Shown_Text(text) + "」は指定できません。" +
+            (has_limit ? std::to_string(lowest) + " から " + std::to_string(highest) + " までの" : "") +
+            "数字を指定してください。\n" + usage_hint);
+    }
+    return static_cast<Int>(*number);
+}
+
+std::int32_t Company_Argument(const std::string& text) {
+    return Number_Argument<std::int32_t>("事業所番号（--company）", text, 0, INT32_MAX);
+}
+
+/// An option that takes one of some words.
+CLI::Option* One_Of(CLI::Option* option, const std::vector<std::string>& words) {
+    return option->type_name(Listed(words))->check([option, words](const std::string& text) {
+        if (std::find(words.begin(), words.end(), text) == words.end()) {
+            throw Usage_Error(option->get_name() + " に「" + Shown_Text(text) + "」は指定できません。" +
+                              Listed(words) + " のどれかを指定してください。\n" + usage_hint);
+        }
+        return std::string();
+    });
 }
 
 /// The commands and their arguments; `Run` is set by the one that was given.
@@ -225,14 +295,10 @@ class Command_Line {
         app.set_help_all_flag("--help-all", "すべてのコマンドの使い方を表示します。")->group("オプション");
         for (const auto& [label, text] :
              {std::pair("Usage", "使い方"), std::pair("OPTIONS", "オプション"),
-              std::pair("Positionals", "引数"), std::pair("SUBCOMMAND", "コマンド")}) {
+              std::pair("Positionals", "引数"), std::pair("SUBCOMMAND", "コマンド"),
+              std::pair("REQUIRED", "必須"), std::pair("TEXT", "文字列")}) {
             app.get_formatter()->label(label, text);
         }
-        app.failure_message([](const CLI::App*, const CLI::Error& error) {
-            return Argument_Fault(error) +
-                   "\n使い方は morvane-batch --help、各コマンドの使い方は morvane-batch コマンド "
-                   "--help で表示します。\n";
-        });
         Add_Init();
         Add_Import();
         Add_Score();
@@ -247,7 +313,10 @@ class Command_Line {
         try {
             app.parse(argc, argv);
         } catch (const CLI::ParseError& error) {
-            return app.exit(error) == 0 ? status_done : status_usage;
+            if (error.get_exit_code() == 0) {
+                return app.exit(error);
+            }
+            throw Usage_Error(Argument_Fault(app, error) + "\n" + usage_hint);
         }
         return command();
     }
@@ -265,10 +334,10 @@ class Command_Line {
         CLI::App* sub = Add("init", "データフォルダを作成します。",
                             "morvane-batch init ~/morvane --edition 13 --mode multi --sample");
         sub->add_option("DIR", init.folder, "作成するフォルダ")->required();
-        sub->add_option("--edition", init.edition, "01 北海道版、13 全国版")
-            ->check(CLI::IsMember({"13", "01"}));
-        sub->add_option("--mode", init.mode, "single 自社で使う（1社）、multi 事務所で使う（多数の事業所）")
-            ->check(CLI::IsMember({"single", "multi"}));
+        One_Of(sub->add_option("--edition", init.edition, "01 北海道版、13 全国版"), {"13", "01"});
+        One_Of(sub->add_option("--mode", init.mode,
+                               "single 自社で使う（1社）、multi 事務所で使う（多数の事業所）"),
+               {"single", "multi"});
         sub->add_flag("--sample", init.sample, "見本の事業所を取り込みます。");
         sub->callback([this] { command = [this] { return Run_Init(init); }; });
     }
@@ -285,19 +354,39 @@ class Command_Line {
         CLI::App* sub = Add("score", "評点を計算します。",
                             "morvane-batch score ~/morvane --company 1 --period 35 --format json");
         Add_Choice(sub);
-        sub->add_option("--format", score.format, "出力形式")->check(CLI::IsMember({"table", "csv", "json"}));
-        sub->callback([this] { command = [this] { return Run_Score(score); }; });
+        One_Of(sub->add_option("--format", score.format, "出力形式"), {"table", "csv", "json"});
+        sub->callback([this] {
+            Take_Choice();
+            command = [this] { return Run_Score(score); };
+        });
     }
 
     /// Which companies, of which period, in which scenario.
     void Add_Choice(CLI::App* sub) {
         sub->add_option("DIR", score.folder, "データフォルダ")->required();
-        sub->add_option("--company", score.companies, "事業所番号（繰り返し可。省略時はすべて）");
-        sub->add_option("--period", score.period, "決算期（省略時は処理中の決算期）");
-        sub->add_option("--scenario", score.scenario, "genjo 現状、kaizen 改善後、1～3 保存値")
-            ->check(CLI::IsMember({"genjo", "kaizen", "1", "2", "3"}));
-        sub->add_option("--jobs", score.jobs, "同時に計算する数（省略時は全コア）")
-            ->check(CLI::Range(1U, 256U));
+        Add_Number(sub, "--company", companies, "事業所番号（繰り返し可。省略時はすべて）");
+        Add_Number(sub, "--period", period, "決算期（省略時は処理中の決算期）");
+        One_Of(sub->add_option("--scenario", score.scenario, "genjo 現状、kaizen 改善後、1～3 保存値"),
+               {"genjo", "kaizen", "1", "2", "3"});
+        Add_Number(sub, "--jobs", jobs, "同時に計算する数（省略時は全コア）");
+    }
+
+    // Numbers come as texts: the parser's own reading takes a leading zero for another base.
+    template <class Texts>
+    static CLI::Option* Add_Number(CLI::App* sub, const char* name, Texts& texts, const char* does) {
+        return sub->add_option(name, texts, does)->allow_extra_args(false)->type_name("数");
+    }
+
+    void Take_Choice() {
+        for (const std::string& text : companies) {
+            score.companies.push_back(Company_Argument(text));
+        }
+        if (period) {
+            score.period = Number_Argument("決算期（--period）", *period, 0, 32767);
+        }
+        if (jobs) {
+            score.jobs = static_cast<unsigned>(Number_Argument("--jobs ", *jobs, 1, 256));
+        }
     }
 
     void Add_Report() {
@@ -310,20 +399,26 @@ class Command_Line {
                 names.emplace_back(row.name);
             }
         }
-        sub->add_option("--report", report, "帳票（省略時は決算期の改正年の結果通知書）")
-            ->check(CLI::IsMember(names));
+        One_Of(sub->add_option("--report", report, "帳票（省略時は決算期の改正年の結果通知書）"), names);
         sub->add_option("-o,--output", output, "出力するPDFファイル、またはフォルダ（事業所ごとに1ファイル）")
             ->required();
-        sub->callback([this] { command = [this] { return Run_Report(score, report, output); }; });
+        sub->callback([this] {
+            Take_Choice();
+            command = [this] { return Run_Report(score, report, output); };
+        });
     }
 
     void Add_Export() {
         CLI::App* sub = Add("export", "事業所をケースファイルに書き出します。",
                             "morvane-batch export ~/morvane --company 1 -o aoba.json");
         sub->add_option("DIR", folder, "データフォルダ")->required();
-        sub->add_option("--company", company, "事業所番号")->required();
+        Add_Number(sub, "--company", company, "事業所番号")->required();
         sub->add_option("-o,--output", output, "出力ファイル（省略時は標準出力）");
-        sub->callback([this] { command = [this] { return Run_Export(folder, *company, output); }; });
+        sub->callback([this] {
+            command = [this, number = Company_Argument(*company)] {
+                return Run_Export(folder, number, output);
+            };
+        });
     }
 
     void Add_Csv() {
@@ -331,18 +426,27 @@ class Command_Line {
             Add("csv", "5つの表をCSVに書き出します。", "morvane-batch csv ~/morvane ~/csv --company 1");
         sub->add_option("DIR", folder, "データフォルダ")->required();
         sub->add_option("OUT", output, "出力フォルダ")->required();
-        sub->add_option("--company", company, "事業所番号（省略時は作業中のデータ）");
-        sub->callback([this] { command = [this] { return Run_Csv(folder, output, company); }; });
+        Add_Number(sub, "--company", company, "事業所番号（省略時は作業中のデータ）");
+        sub->callback([this] {
+            std::optional<std::int32_t> number;
+            if (company) {
+                number = Company_Argument(*company);
+            }
+            command = [this, number] { return Run_Csv(folder, output, number); };
+        });
     }
 
     void Add_Ten() {
         CLI::App* sub = Add("ten", "評点表の点数と行を表示します。", "morvane-batch ten X1 120000 --law 4");
-        sub->add_option("TABLE", table, "評点表")
-            ->required()
-            ->check(CLI::IsMember({"X1", "X2_1", "X2_2", "Z1", "Z2"}));
-        sub->add_option("VALUE", value, "金額（千円）、Z1 は技術職員数値")->required();
-        sub->add_option("--law", law, "改正年の区分 1～4（省略時 4）")->check(CLI::Range(1, 4));
-        sub->callback([this] { command = [this] { return Run_Ten(table, value, law); }; });
+        One_Of(sub->add_option("TABLE", table, "評点表")->required(), {"X1", "X2_1", "X2_2", "Z1", "Z2"});
+        sub->add_option("VALUE", value, "金額（千円）、Z1 は技術職員数値")->required()->type_name("数");
+        Add_Number(sub, "--law", law, "改正年の区分 1～4（省略時 4）");
+        sub->callback([this] {
+            const auto number = Number_Argument<std::int64_t>("VALUE ", value, INT64_MIN, INT64_MAX);
+            const int code =
+                Number_Argument<int>("--law ", law, law_years.front().code, law_years.back().code);
+            command = [this, number, code] { return Run_Ten(table, number, code); };
+        });
     }
 
     void Add_Check() {
@@ -362,9 +466,10 @@ class Command_Line {
     Score_Arguments score;
     std::string folder, output, table, report;
     std::vector<std::string> files;
-    std::optional<std::int32_t> company;
-    std::int64_t value = 0;
-    int law = 4;
+    std::vector<std::string> companies;
+    std::optional<std::string> company, period, jobs;
+    std::string value;
+    std::string law = std::to_string(law_years.back().code);
 };
 
 } // namespace
@@ -375,10 +480,10 @@ int Batch_Main(int argc, char** argv) {
     try {
         status = Command_Line().Run(argc, argv);
     } catch (const Usage_Error& error) {
-        std::cerr << error.what() << "\n";
+        std::cerr << Shown_Lines(error.what()) << "\n";
         status = status_usage;
     } catch (const std::exception& error) {
-        std::cerr << error.what() << "\n";
+        std::cerr << Failure_Text(error) << "\n";
         status = status_failed;
     }
     std::cout.flush();

@@ -1,9 +1,13 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "batch/company_run.h"
 
+#include "data/shown_text.h"
+#include "data/store_error.h"
+
 #include <algorithm>
 #include <atomic>
 #include <exception>
+#include <new>
 #include <ostream>
 #include <thread>
 
@@ -15,7 +19,7 @@ Company_Outcome Run_One(const Company& company, const std::function<std::string(
     try {
         return {work(company), ""};
     } catch (const std::exception& error) {
-        return {"", One_Line(error.what())};
+        return {"", Failure_Text(error)};
     }
 }
 
@@ -38,14 +42,31 @@ void Run_Block(std::span<const Company> companies, unsigned jobs, std::vector<Co
     }
 }
 
+// The program's own failures are told in Japanese; those of libraries are ASCII.
+bool Is_Told(std::string_view text) {
+    return std::any_of(text.begin(), text.end(),
+                       [](char c) { return (static_cast<unsigned char>(c) & 0x80U) != 0; });
+}
+
+} // namespace
+
+std::string Failure_Text(const std::exception& error) {
+    if (const auto* file = dynamic_cast<const std::filesystem::filesystem_error*>(&error)) {
+        return One_Line(Store_Error(file->path1(), Reason_Of_Errno(file->code().value()), "").what());
+    }
+    if (dynamic_cast<const std::bad_alloc*>(&error) != nullptr) {
+        return "メモリーが足りません。";
+    }
+    return Is_Told(error.what()) ? One_Line(error.what())
+                                 : "処理できませんでした（" + Shown_Text(error.what()) + "）。";
+}
+
 void Show_Progress(std::ostream& errors, std::size_t done, std::size_t all) {
     constexpr std::size_t width = 40;
     const std::size_t filled = done * width / std::max<std::size_t>(all, 1);
     errors << "\r[" << std::string(filled, '#') << std::string(width - filled, '.') << "] " << done << "/"
            << all << (done == all ? "\n" : "") << std::flush;
 }
-
-} // namespace
 
 std::size_t Run_Companies(std::span<const Company> companies, const Company_Run& run, std::ostream& errors,
                           const std::function<std::string(const Company&)>& work,
@@ -58,7 +79,8 @@ std::size_t Run_Companies(std::span<const Company> companies, const Company_Run&
         Run_Block(block, std::min<unsigned>(jobs, static_cast<unsigned>(block.size())), outcomes, work);
         for (std::size_t i = 0; i < block.size(); ++i) {
             if (!outcomes[i].failure.empty()) {
-                errors << block[i].number << " " << block[i].name << "：" << outcomes[i].failure << "\n";
+                errors << block[i].number << " " << Shown_Text(block[i].name) << "：" << outcomes[i].failure
+                       << "\n";
                 ++failures;
             }
             done(block[i], outcomes[i]);

@@ -3,6 +3,7 @@
 
 #include "batch/installation.h"
 
+#include <exception>
 #include <functional>
 #include <iosfwd>
 #include <span>
@@ -22,6 +23,13 @@ struct Company_Run {
     bool progress = false;   ///< a bar on the error stream
     std::size_t block = 256; ///< companies between two states of the bar
 };
+
+/// Why something failed, in Japanese, in one line that can go to a terminal: the words of the program's own
+/// failures, and words for those of the system that come without.
+std::string Failure_Text(const std::exception& error);
+
+/// The state of a long work as a bar; the last one ends its line.
+void Show_Progress(std::ostream& errors, std::size_t done, std::size_t all);
 
 /// Does `work` for each company, several at a time, and then `done` in their order. A company that fails is
 /// one line on `errors` and the others go on. Memory does not grow with their number. Gives the count of

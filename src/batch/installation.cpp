@@ -4,6 +4,7 @@
 #include "batch/case_file.h"
 #include "company/datacheck.h"
 #include "company/pending_work.h"
+#include "data/shown_text.h"
 #include "data/store_file.h"
 #include "screens/settled_score.h"
 #include "session/kidou_ini.h"
@@ -40,13 +41,13 @@ Company Company_Of_Working_Store(const Session& session) {
 } // namespace
 
 Answer Stderr_Messages::Show(const Message_Box& box) {
-    std::cerr << box.title << (box.title.empty() ? "" : "：") << box.text << '\n';
+    std::cerr << Shown_Lines(box.title + (box.title.empty() ? "" : "：") + box.text) << '\n';
     return box.default_answer;
 }
 
 std::string One_Line(std::string text) {
     std::replace(text.begin(), text.end(), '\n', ' ');
-    return text;
+    return Shown_Lines(text);
 }
 
 fs::path Store_Of(const Session& session, const Company& company) {

@@ -26,7 +26,7 @@ class Stderr_Messages : public Messages {
     Answer Show(const Message_Box& box) override;
 };
 
-/// A text as one line, for lists in which each line is one entry.
+/// A text as one line in which nothing reaches the terminal raw, for lists in which each line is one entry.
 std::string One_Line(std::string text);
 
 /// A company of an installation: its number, its name and where its newest state is. Thousands of them are

@@ -2,7 +2,7 @@
 #include "batch/report_run.h"
 
 #include "batch/company_run.h"
-#include "data/store_file.h"
+#include "data/output_file.h"
 #include "report/kekka.h"
 #include "report/pdf_target.h"
 #include "report/report_table.h"
@@ -17,12 +17,16 @@ namespace {
 
 namespace fs = std::filesystem;
 
-bool Is_Pdf(const fs::path& output) {
-    return output.extension() == ".pdf" || output.extension() == ".PDF";
+// A file by its name, or what stands there and is no folder: a device, a pipe.
+bool Is_File(const fs::path& output) {
+    std::error_code error;
+    const fs::file_status status = fs::status(output, error);
+    return output.extension() == ".pdf" || output.extension() == ".PDF" ||
+           (fs::exists(status) && !fs::is_directory(status));
 }
 
 fs::path File_Of(const fs::path& output, std::int32_t number) {
-    if (Is_Pdf(output)) {
+    if (Is_File(output)) {
         return output;
     }
     std::array<char, 32> name{};
@@ -51,7 +55,7 @@ std::string Pdf_Of(const Session& session, const Report_Options& options, const 
 } // namespace
 
 std::size_t Report_Run(const Session& session, const Report_Options& options, std::ostream& errors) {
-    if (Is_Pdf(options.output)) {
+    if (Is_File(options.output)) {
         if (options.companies.size() > 1) {
             throw Usage_Error(
                 "複数の事業所は1つのファイルに出力できません。-o にフォルダを指定してください。");
@@ -65,7 +69,7 @@ std::size_t Report_Run(const Session& session, const Report_Options& options, st
     }
     const std::string date = Print_Date();
     const auto print_one = [&](const Company& company) {
-        Write_Text_File(File_Of(options.output, company.number), Pdf_Of(session, options, company, date));
+        Write_Output(File_Of(options.output, company.number), Pdf_Of(session, options, company, date));
         return std::string();
     };
     return Run_Companies(options.companies, {.jobs = options.jobs, .progress = options.progress, .block = 32},

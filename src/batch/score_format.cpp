@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "batch/score_format.h"
 
+#include "data/shown_text.h"
 #include "session/kyotu_mod.h"
 
 #include <array>
@@ -75,6 +76,11 @@ std::int32_t W_Of(const Settled_Score& score, int element) {
     return absent ? 0 : score.figures.Yoso(element);
 }
 
+// A name of a foreign store may be no valid text; what is written is valid all the same.
+std::string Json_Line(const Json& record) {
+    return record.dump(-1, ' ', false, Json::error_handler_t::replace);
+}
+
 std::string Json_Text(const Settled_Score& score) {
     Json record;
     record["管理No"] = score.kanri_no;
@@ -110,7 +116,7 @@ std::string Json_Text(const Settled_Score& score) {
         lines.push_back(std::move(entry));
     }
     record["Kandaka_Gj"] = std::move(lines);
-    return record.dump();
+    return Json_Line(record);
 }
 
 std::string Csv_Quoted(const std::string& text) {
@@ -169,7 +175,7 @@ std::string Padded(const std::string& text, std::size_t width, bool right) {
 
 std::string Table_Text(const Settled_Score& score) {
     const Law_Year& law = Law_Of(score.figures.law_year);
-    std::string text = "■ " + std::to_string(score.kanri_no) + "  " + score.jigyo_name + "  第" +
+    std::string text = "■ " + std::to_string(score.kanri_no) + "  " + Shown_Text(score.jigyo_name) + "  第" +
                        std::to_string(score.period) + "期  " + law.name +
                        (score.scenario->number == 1 ? "" : "  [" + std::string(score.scenario->name) + "]") +
                        "\n";
@@ -192,7 +198,7 @@ std::string Table_Text(const Settled_Score& score) {
         if (!line.Nheikin.up && !line.Mnheikin.up) {
             continue;
         }
-        text += "  " + Padded(score.kosyu_ryaku[i], 14, false);
+        text += "  " + Padded(Shown_Text(score.kosyu_ryaku[i]), 14, false);
         for (const Line_Column& column : line_columns) {
             const Figure& figure = line.*column.figure;
             text +=
@@ -246,7 +252,7 @@ std::string Score_Tail(Score_Format format, const std::vector<Score_Failure>& fa
     for (const Score_Failure& failure : failures) {
         list.push_back({{"管理No", failure.number}, {"error", failure.reason}});
     }
-    return "],\n\"errors\":" + list.dump() + "}\n";
+    return "],\n\"errors\":" + Json_Line(list) + "}\n";
 }
 
 } // namespace morvane

@@ -94,6 +94,12 @@ std::string Test_Own_Firm(const Session& session, const Company_Entry& entry) {
     return {};
 }
 
+// Nine digits are a limit that can be told; 999999 is the marker of a clean end, 0 stands for no company in
+// hand.
+bool Is_Company_Number(std::int64_t number) {
+    return number >= 1 && number <= 999'999'999 && number != 999'999;
+}
+
 std::size_t Characters(std::string_view text) {
     return static_cast<std::size_t>(std::count_if(
         text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));
@@ -108,11 +114,9 @@ std::string Test_Width(const Session& session, const Company_Field& field, const
     if (control == "HoKo" && text != "1" && text != "2") {
         return Refuse_Missing(session, {field.control, field.caption});
     }
-    // 999999 is the marker of a clean end, 0 stands for no company in hand.
-    const std::int64_t number = Number_Of(text);
-    if (control == "JigyoCD" && text != stored && (number < 1 || number == 999999)) {
+    if (control == "JigyoCD" && text != stored && !Is_Company_Number(Number_Of(text))) {
         return Refuse(session, field.control, "事業所番号エラー",
-                      "事業所番号には 1 から 2147483647 までの番号を入力してください。\n"
+                      "事業所番号には 1 から始まる 9 桁までの番号を入力してください。\n"
                       "999999 は使用できません。");
     }
     if (text != stored && Characters(text) > static_cast<std::size_t>(field.max_length)) {
@@ -211,6 +215,54 @@ std::int64_t Number_Of(std::string_view text) {
     std::int32_t number = -1;
     const auto read = std::from_chars(text.data(), text.data() + text.size(), number);
     return read.ec == std::errc() && read.ptr == text.data() + text.size() && number >= 0 ? number : -1;
+}
+
+std::string Text_Refusal(std::string_view text, std::size_t most, bool has_lines) {
+    const bool has_control = std::any_of(text.begin(), text.end(), [has_lines](char c) {
+        const bool of_lines = c == '\n' || c == '\r' || c == '\t';
+        return ((c >= 0 && c < ' ') || c == 0x7F) && !(has_lines && of_lines);
+    });
+    if (has_control) {
+        return "使えない文字（制御文字）があります。";
+    }
+    if (const std::size_t count = Characters(text); count > most) {
+        return std::to_string(most) + "文字以内で指定してください（" + std::to_string(count) + "文字）。";
+    }
+    return {};
+}
+
+std::string Column_Refusal(std::string_view column, const Value& value) {
+    if (value.Is_Null()) {
+        return {};
+    }
+    const std::int64_t number = value.As_Integer();
+    if (column == "管理No") {
+        return number >= 0 && number != 999'999 ? "" : "使用できない番号です。";
+    }
+    if (column == "法人個人識別") {
+        return number == 1 || number == 2 ? "" : "1（法人）か 2（個人）を指定してください。";
+    }
+    if (column == "単位") {
+        return number >= 1 && number <= 3 ? ""
+                                          : "1（円）、2（千円）、3（百万円）のどれかを指定してください。";
+    }
+    if (column == "処理決算期") {
+        return number >= 0 ? "" : "0 以上の数を指定してください。";
+    }
+    const auto* const field = std::find_if(fields.begin(), fields.end(),
+                                           [&](const Company_Field& f) { return column == f.column; });
+    if (!value.Is_Text()) {
+        return {};
+    }
+    constexpr std::size_t most_elsewhere = 100;
+    const bool is_on_screen = field != fields.end();
+    std::string refusal = Text_Refusal(
+        value.As_Text(), is_on_screen ? static_cast<std::size_t>(field->max_length) : most_elsewhere, false);
+    if (refusal.empty() && is_on_screen && field->entry == Digits && !Is_Blank(value.As_Text()) &&
+        Number_Of(value.As_Text()) < 0) {
+        refusal = "数字だけを指定してください。";
+    }
+    return refusal;
 }
 
 bool Is_Blank(std::string_view text) {

@@ -65,6 +65,14 @@ bool Is_Era_Date(std::string_view year, std::string_view month, std::string_view
 /// The number a text of digits stands for; -1 for one that is blank, none, or beyond 32 bits.
 std::int64_t Number_Of(std::string_view text);
 
+/// Why a text cannot stand in a field of `most` characters; empty where it can. Control characters cannot,
+/// but for line feeds and tabs in a field of several lines.
+std::string Text_Refusal(std::string_view text, std::size_t most, bool has_lines);
+
+/// Why a value that comes from a file cannot stand in a column of Jigyo_mas, by the fields of the screens;
+/// empty where it can, as Null can in each. Dates are tested as a whole, by Is_Era_Date.
+std::string Column_Refusal(std::string_view column, const Value& value);
+
 /// Whether there is nothing but blanks in a text.
 bool Is_Blank(std::string_view text);
 

@@ -2,6 +2,7 @@
 #include "company/pending_work.h"
 
 #include "company/datacheck.h"
+#include "data/json_text.h"
 #include "data/store_file.h"
 #include "session/kidou_ini.h"
 
@@ -38,7 +39,7 @@ std::string Intent_Text(const Work_Intent& intent) {
 std::optional<Work_Intent> Read_Intent(const fs::path& file) {
     const std::string text = Read_Text_File(file);
     try {
-        const Json record = Json::parse(text);
+        const Json record = Ordered_Json_Of(text);
         const auto name = record.at("処理").get<std::string>();
         const auto* const kind = std::find(std::begin(kind_names), std::end(kind_names), name);
         if (kind == std::end(kind_names)) {

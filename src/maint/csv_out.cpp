@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "maint/csv_out.h"
 
-#include "data/store_file.h"
+#include "data/output_file.h"
 
 #include <array>
 
@@ -33,7 +33,7 @@ std::string Csv_Text(const Connection& store, const std::string& table) {
 
 void Csv_Out(const Connection& store, const std::filesystem::path& folder) {
     for (const char* table : tables) {
-        Write_Text_File(folder / (std::string(table) + ".csv"), Csv_Text(store, table));
+        Write_Output(folder / (std::string(table) + ".csv"), Csv_Text(store, table));
     }
 }
 

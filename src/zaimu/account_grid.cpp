@@ -3,6 +3,7 @@
 
 #include "session/boxes.h"
 #include "widgets/entry_grid.h"
+#include "zaimu/statement_section.h"
 
 namespace morvane {
 
@@ -11,7 +12,7 @@ Entry_Grid* Make_Account_Grid(Shell_Port& shell, const Account_Columns& columns,
                                               .heading = "勘定科目",
                                               .kind = Entry_Kind::Text,
                                               .width = 0,
-                                              .max_length = 50}};
+                                              .max_length = static_cast<int>(account_name_length)}};
     if (columns.signs) {
         grid_columns.push_back({.name = "sanka",
                                 .use = Cell_Use::Shown,

@@ -9,6 +9,9 @@
 
 namespace morvane {
 
+/// How many characters the caption of an account can have.
+inline constexpr std::size_t account_name_length = 50;
+
 /// One line of a statement screen.
 struct Statement_Row {
     int code = 0;

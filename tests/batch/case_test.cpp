@@ -229,7 +229,7 @@ TEST_F(Case_Test, Elements_Bear_The_Codes_Of_Their_Law_Year) {
         json firm = Firm();
         for (json& period : firm["periods"]) {
             period["Simyu_Kubun"] = c.law;
-            period["W_Yoso"] = {{"103", 2}, {"104", 1}, {"105", 0}};
+            period["W_Yoso"] = {{"103", 1}, {"104", 0}, {"105", 1}};
         }
         Import(firm);
         Look_Into(7, 2);
@@ -237,7 +237,8 @@ TEST_F(Case_Test, Elements_Bear_The_Codes_Of_Their_Law_Year) {
             const std::string row = "決算期=2 And 要素CD=" + std::to_string(103 + i);
             EXPECT_EQ(Field("W_Yoso", "要素名", row).As_Text(), c.names[i] == nullptr ? "" : c.names[i])
                 << c.law << " " << i;
-            EXPECT_EQ(Field("W_Yoso", "現状", row).As_Integer(-1), i == 3 ? -1 : 2 - i) << c.law << " " << i;
+            EXPECT_EQ(Field("W_Yoso", "現状", row).As_Integer(-1), i == 3 ? -1 : (i + 1) % 2)
+                << c.law << " " << i;
         }
         EXPECT_EQ(Field("W_Yoso", "現状", "決算期=1 And 要素CD=210").As_Integer(), c.law);
     }
@@ -294,7 +295,25 @@ TEST_F(Case_Test, Refusals_Name_The_Place_And_Write_Nothing) {
         {put("/Jigyo_mas/法人個人識別", 3), " Jigyo_mas.法人個人識別：", "1"},
         {put("/Jigyo_mas/処理決算期", 3), " Jigyo_mas.処理決算期：", "periods"},
         {put("/Jigyo_mas/決算期終了年", 32'768), " Jigyo_mas.決算期終了年：", "範囲外"},
+        {put("/Jigyo_mas/決算期終了月", 268), " Jigyo_mas.決算期終了年：", "日付"},
+        {put("/Jigyo_mas/決算期終了日", 287), " Jigyo_mas.決算期終了年：", "日付"},
+        {put("/Jigyo_mas/決算期終了年", 32'767), " Jigyo_mas.決算期終了年：", "日付"},
+        {drop("/Jigyo_mas", "決算期終了日"), " Jigyo_mas.決算期終了年：", "日付"},
+        {put("/Jigyo_mas/決算期開始月", 4), " Jigyo_mas.決算期開始年：", "日付"},
+        {put("/Jigyo_mas/単位", 99), " Jigyo_mas.単位：", "千円"},
+        {put("/Jigyo_mas/事業所名", ""), " Jigyo_mas.事業所名：", "指定されていません"},
+        {put("/Jigyo_mas/事業所名", "　 "), " Jigyo_mas.事業所名：", "指定されていません"},
+        {drop("/Jigyo_mas", "事業所名"), " Jigyo_mas.事業所名：", "指定されていません"},
+        {put("/Jigyo_mas/事業所名", std::string(1'000'000, 'a')), " Jigyo_mas.事業所名：", "60文字以内"},
+        {put("/Jigyo_mas/事業所名", std::string("見本\0組", 10)), " Jigyo_mas.事業所名：", "制御文字"},
+        {put("/Jigyo_mas/代表者名", "\x1b[31m"), " Jigyo_mas.代表者名：", "制御文字"},
+        {put("/Jigyo_mas/郵便番号1", "1x"), " Jigyo_mas.郵便番号1：", "数字"},
+        {put("/Jigyo_mas/許可番号1", std::string(101, '1')), " Jigyo_mas.許可番号1：", "100文字"},
+        {[](json& firm) { firm["Jigyo_mas"]["EMail"] = firm["Jigyo_mas"]["email"] = "a@example.jp"; },
+         " Jigyo_mas.email：", "2回"},
+        {put("/jigyo_mas", json::object()), " jigyo_mas：", "知らない"},
         {put("/periods", json::array()), " periods：", "配列"},
+        {put("/periods", json(201, json::object())), " periods：", "200期"},
         {put("/periods", json::object()), " periods：", "配列"},
         {put("/periods/1", 5), " periods[1]：", "オブジェクト"},
         {drop("/periods/1", "決算期"), " periods[1].決算期：", "指定されていません"},
@@ -326,6 +345,23 @@ TEST_F(Case_Test, Refusals_Name_The_Place_And_Write_Nothing) {
         {put("/periods/0/Kandaka_Gj/0/工種略", "土"), " periods[0].Kandaka_Gj.0.工種略：", "指定できない"},
         {put("/periods/0/Kandaka_Gj/0/完工高", 1), " periods[0].Kandaka_Gj.0.完工高：", "ない項目"},
         {put("/periods/0/Kandaka_Gj/0/技術者1", 32'768), " periods[0].Kandaka_Gj.0.技術者1：", "範囲外"},
+        {put("/periods/0/Ks_Zaihyo/0100", 5), " periods[0].Ks_Zaihyo.100：", "2回"},
+        {put("/periods/0/Ks_Zaihyo/100", {{"建設科目名", std::string(51, 'a')}}),
+         " periods[0].Ks_Zaihyo.100.建設科目名：", "50文字"},
+        {put("/periods/0/Kandaka_Gj/0/技術者1", -1), " periods[0].Kandaka_Gj.0.技術者1：", "0 から 32767"},
+        {put("/periods/0/Kandaka_Gj/0/改0完工高前期", -1), " periods[0].Kandaka_Gj.0.改0完工高前期：",
+         "0 から"},
+        {put("/periods/0/Kandaka_Gj/0/完工高基準", 2'147'483'648), " periods[0].Kandaka_Gj.0.完工高基準：",
+         "2147483647"},
+        {put("/periods/0/W_Yoso/1", 9), " periods[0].W_Yoso.1：", "1、2 のどれか"},
+        {put("/periods/0/W_Yoso/101", 77), " periods[0].W_Yoso.101：", "0、1、2 のどれか"},
+        {put("/periods/0/W_Yoso/102", -3), " periods[0].W_Yoso.102：", "のどれか"},
+        {put("/periods/0/W_Yoso/104", 2), " periods[0].W_Yoso.104：", "0、1 のどれか"},
+        {put("/periods/0/W_Yoso/111", 201), " periods[0].W_Yoso.111：", "0 から 200"},
+        {put("/periods/0/W_Yoso/142", {{"改善後0", 10'000}}), " periods[0].W_Yoso.142.改善後0：", "9999"},
+        {put("/periods/0/W_Yoso/201", 4), " periods[0].W_Yoso.201：", "2、3 のどれか"},
+        {put("/periods/0/W_Yoso/200", 1e9), " periods[0].W_Yoso.200：", "32767"},
+        {put("/periods/0/QandA/41/質問", std::string("a\0b", 3)), " periods[0].QandA.41.質問：", "制御文字"},
         {put("/periods/0/W_Yoso/300", 1), " periods[0].W_Yoso.300：", "コード"},
         {put("/periods/0/W_Yoso/210", 4), " periods[0].W_Yoso.210：", "Simyu_Kubun"},
         {put("/periods/0/W_Yoso/101", {{"改善後", 1}}), " periods[0].W_Yoso.101.改善後：", "指定できない"},
@@ -355,9 +391,21 @@ TEST_F(Case_Test, Refusals_Name_The_Place_And_Write_Nothing) {
         c.change(firm);
         expect_refused(firm.dump(), c.path, c.reason);
     }
-    for (const char* text : {"", "{", "{\"format\": \"\xff\"}", "null {}"}) {
+    for (const char* text :
+         {"", "{", "{\"format\": \"\xff\"}", "null {}", "{\"format\": NaN}", "{\"format\": \"\\ud800\"}"}) {
         expect_refused(text, "：", "JSON");
     }
+    expect_refused("{\n \"format\": ,", "：", "2行12文字目");
+    expect_refused(std::string(100'000, '['), "：", "64段");
+    expect_refused(R"({"periods": [{}, {"Ks_Zaihyo": {"100": 1, "101": 2, "100": 3}}]})",
+                   " periods[1].Ks_Zaihyo.100：", "2回");
+    expect_refused(R"({"Jigyo_mas": {}, "Jigyo_mas": {}})", " Jigyo_mas：", "2回");
+    expect_refused(R"({"periods": [1, 1e999]})", " periods[1]：", "大きすぎます");
+    // What is repeated of a value is short and reaches no terminal raw.
+    json firm = Firm();
+    firm["Jigyo_mas"]["管理No"] = "\x1b[31m\n" + std::string(1'000'000, 'a');
+    expect_refused(firm.dump(), " Jigyo_mas.管理No：", "\"\\x1B[31m\\naaa");
+    expect_refused(firm.dump(), " Jigyo_mas.管理No：", "…（全1000006文字）");
     expect_refused("[]", "：", "オブジェクト");
     EXPECT_THROW(Import_Case(session, folder.path / "none.json"), Store_Error);
 }

@@ -98,6 +98,60 @@ def score(top):
         run("score", folder, status=1, stdout=full)
 
 
+def decimal_numbers(top):
+    """A number is decimal, whatever zeros it begins with; what is none is refused in Japanese."""
+    folder = top / "13-multi"
+    expect(numbers(folder, "--company", "000005", "--period", "028", "--jobs", "01") == [5], "leading zeros")
+    expect(run("export", folder, "--company", "000005") == run("export", folder, "--company", 5), "export")
+    for arguments in (("score", "--company", ""), ("score", "--company", "0x5"), ("score", "--company", " 5"),
+                      ("score", "--company", "5 "), ("score", "--company", 2**31), ("score", "--period", "1e1"),
+                      ("score", "--period", 32768), ("score", "--jobs", ""), ("export", "--company", ""),
+                      ("csv", top / "csv", "--company", "1.0"), ("score", "--company", "\x1b[31m\n" + "9" * 1000)):
+        err = run(arguments[0], folder, *arguments[1:], status=2)[1]
+        expect_in("指定できません", err, f"{arguments}")
+        expect("\x1b" not in err and len(err) < 500, f"{arguments}: echoed {err!r}")
+
+
+def outputs(top):
+    """An output goes to where it was pointed: only a file of one's own is replaced."""
+    folder, place = top / "13-multi", top / "outputs"
+    place.mkdir()
+    text = run("export", folder, "--company", 5)[0].encode()
+    export = ("export", folder, "--company", 5, "-o")
+    os.mkfifo(place / "pipe")
+    os.symlink("file", place / "link")
+    for name in ("pipe", "link"):
+        with subprocess.Popen(["cat", place / name if name == "pipe" else "/dev/null"], stdout=subprocess.PIPE) as reader:
+            run(*export, place / name)
+            expect(name == "link" or reader.stdout.read() == text, f"through {name}")
+    expect((place / "pipe").is_fifo() and (place / "link").is_symlink(), "pipe and link stay")
+    expect((place / "file").read_bytes() == text, "behind the link")
+    for command in (f"export '{folder}' --company 5", f"report '{folder}' --company 5"):
+        shell = f"'{PROGRAM}' {command} -o >(wc -c >'{place}/count') && '{PROGRAM}' {command} -o /dev/null"
+        expect(subprocess.run(["bash", "-c", shell], check=False).returncode == 0, shell)
+    expect(pathlib.Path("/dev/null").is_char_device(), "the device stays")
+    (place / "file").chmod(0o640)
+    run(*export, place / "file")
+    expect((place / "file").stat().st_mode & 0o777 == 0o640, "the mode stays")
+    (place / "file").write_text("closed")
+    (place / "file").chmod(0o444)
+    expect_in("許可されていません", run(*export, place / "link", status=1)[1], "a file closed to all")
+    expect((place / "file").read_text() == "closed", "and untouched")
+    expect_in("空き容量", run(*export, "/dev/full", status=1)[1], "a full device")
+    expect_in("フォルダ", run(*export, place / "none" / "file", status=1)[1], "no such folder")
+    expect(sorted(path.name for path in place.iterdir()) == ["count", "file", "link", "pipe"], "nothing left beside")
+
+
+def foreign_names(top):
+    """A folder whose name is no UTF-8: what is written stays JSON."""
+    folder = os.fsencode(top) + b"/\xff\x1b[31m"
+    os.rename(top / "damaged", folder)
+    done = subprocess.run([PROGRAM, "score", folder, "--format", "json"], capture_output=True, check=False)
+    expect(done.returncode == 1 and len(json.loads(done.stdout.decode())["errors"]) == 2, f"JSON {done.stdout}")
+    expect(b"\xff" not in done.stderr and b"\x1b" not in done.stderr, f"echoed {done.stderr}")
+    shutil.rmtree(folder)
+
+
 def export_and_csv(top):
     folder, case = top / "13-multi", top / "case.json"
     run("export", folder, "--company", 5, "-o", case)
@@ -133,6 +187,8 @@ def ten():
     expect(run("ten", "X1", "--", "-5")[0].startswith("評点 0"), "a negative amount")
     expect_in("桁あふれ", run("ten", "X1", 28633116, status=1)[1], "overflow of the table")
     run("ten", "X1", 2**31, status=1)
+    expect(run("ten", "X1", "0100000") == run("ten", "X1", 100000), "a leading zero")
+    run("ten", "X1", "", status=2)
     run("ten", "X3", 5, status=2)
     run("ten", "X1", "多", status=2)
     run("ten", "X1", 5, "--law", 5, status=2)
@@ -214,8 +270,11 @@ with tempfile.TemporaryDirectory(prefix="morvane-command-") as name:
     import_cases(place)
     score(place)
     export_and_csv(place)
+    decimal_numbers(place)
+    outputs(place)
     ten()
     check(place)
+    foreign_names(place)
     usage(place)
     locked(place)
     read_only(place)

@@ -1,0 +1,15 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#pragma once
+
+#include <filesystem>
+#include <string_view>
+
+namespace morvane {
+
+/// Writes a file that the user asked for (PDF, CSV, case file) to where he pointed. A regular file of his own
+/// is replaced whole or not at all and keeps its mode; a link is followed; into a device, a pipe, another
+/// user's file, or a file with several names the bytes are written as they are. Raises Store_Error, also for
+/// a file that nobody may write.
+void Write_Output(const std::filesystem::path& target, std::string_view bytes);
+
+} // namespace morvane

@@ -1,0 +1,24 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace morvane {
+
+/// How much of a foreign text a message repeats, in characters.
+inline constexpr std::size_t most_shown = 200;
+
+/// The same of the name of a file: the system's own limit.
+inline constexpr std::size_t most_path = 4096;
+
+/// A foreign text (a value of a file, an argument, the name of a file) as it can stand in a message: at most
+/// `most` characters, and behind them how many there are. Control characters, marks that turn the direction
+/// of writing and bytes that are no UTF-8 stand as \n, \t, \u202E, \xFF, so that they reach no terminal.
+std::string Shown_Text(std::string_view text, std::size_t most = most_shown);
+
+/// A whole message of several lines in the same manner; its line feeds stay, its length has no limit.
+std::string Shown_Lines(std::string_view text);
+
+} // namespace morvane
