@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "app/help_window.h"
 
+#include "app/help_browser.h"
 #include "session/kyotu_mod.h"
 #include "widgets/theme.h"
 
@@ -10,13 +11,12 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QShortcut>
-#include <QTextBrowser>
 #include <QVBoxLayout>
 
 namespace morvane {
 
 Help_Window::Help_Window(const std::filesystem::path& manual)
-    : browser(new QTextBrowser), folder(QString::fromStdString(manual.string())), search(new QLineEdit) {
+    : browser(new Help_Browser), folder(QString::fromStdString(manual.string())), search(new QLineEdit) {
     setObjectName(QStringLiteral("Help_Window"));
     setWindowTitle(QStringLiteral("Morvane ヘルプ"));
     resize(860, 680);

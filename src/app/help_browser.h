@@ -1,0 +1,20 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#pragma once
+
+#include <QTextBrowser>
+
+namespace morvane {
+
+/// A page of the manual. Pictures wider than the page are scaled to it with smooth letters; the toolkit's own
+/// scaling by a width in the page drops pixels.
+class Help_Browser : public QTextBrowser {
+    Q_OBJECT
+
+  public:
+    using QTextBrowser::QTextBrowser;
+
+  protected:
+    QVariant loadResource(int type, const QUrl& name) override;
+};
+
+} // namespace morvane
