@@ -13,7 +13,7 @@ Entry_Kind Kind_Of(const Syokuta_Cell& cell) {
     if (cell.keys != nullptr) {
         return Entry_Kind::Choice;
     }
-    return cell.amount ? Entry_Kind::Amount : Entry_Kind::Digits;
+    return cell.amount ? Entry_Kind::Figure : Entry_Kind::Digits;
 }
 
 } // namespace
@@ -32,10 +32,9 @@ Syokuta_Edit::Syokuta_Edit(const Syokuta_Cell& field, QWidget* parent)
 
 std::int32_t Syokuta_Edit::Number() const {
     // Within the digits that the cell takes.
-    return static_cast<std::int32_t>(Bare().toLong());
+    return static_cast<std::int32_t>(Entry().As_Integer());
 }
 
-// No figure here is negative.
 void Syokuta_Edit::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down) {
         if (on_arrow) {
@@ -44,22 +43,7 @@ void Syokuta_Edit::keyPressEvent(QKeyEvent* event) {
         event->accept();
         return;
     }
-    bool refused = false;
-    if (cell.amount && !event->text().isEmpty() &&
-        Filtered_Text(Entry_Kind::Amount, {}, event->text(), refused) == QLatin1String("-")) {
-        Refuse();
-        event->accept();
-        return;
-    }
     Entry_Cell::keyPressEvent(event);
-}
-
-void Syokuta_Edit::Take_Pasted(const QString& pasted) {
-    if (cell.amount && Bare_Figure(pasted).startsWith(QLatin1Char('-'))) {
-        Refuse();
-        return;
-    }
-    Entry_Cell::Take_Pasted(pasted);
 }
 
 } // namespace morvane

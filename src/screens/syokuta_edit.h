@@ -22,7 +22,6 @@ class Syokuta_Edit : public Entry_Cell {
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
-    void Take_Pasted(const QString& pasted) override;
     bool May_Leave() override { return !on_leave || on_leave(); }
 };
 

@@ -3,6 +3,7 @@
 
 #include "session/kyotu_mod.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
@@ -12,6 +13,7 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QTimer>
+#include <utility>
 
 namespace morvane {
 
@@ -23,7 +25,7 @@ void Entry_Cell::Set_Kind(Entry_Kind entry_kind) {
     kind = entry_kind;
     // A kana mode left on must not swallow figures.
     setAttribute(Qt::WA_InputMethodEnabled, kind == Entry_Kind::Text);
-    setAlignment((kind == Entry_Kind::Amount ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+    setAlignment((Has_Commas(kind) ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
     if (hasFocus()) {
         QGuiApplication::inputMethod()->update(Qt::ImQueryAll);
     }
@@ -37,36 +39,39 @@ void Entry_Cell::Set_Width(int characters) {
 }
 
 void Entry_Cell::Set_Locked(bool locked) {
+    const bool is_held = !Is_Uncommitted();
     setReadOnly(locked);
+    if (is_held) {
+        Show_Value();
+    }
 }
 
 void Entry_Cell::Set_Value(const Value& value) {
+    held = value;
     accepted = QString::fromStdString(value.As_Text());
-    if (hasFocus()) {
-        setText(accepted);
-    } else {
-        in_entry = false;
-        Show_Formatted();
-    }
+    in_entry = hasFocus();
+    Show_Value();
 }
 
 QString Entry_Cell::Bare() const {
-    if (!in_entry && text() == formatted) {
+    const bool is_formatted = !in_entry || isReadOnly();
+    if (is_formatted && text() == formatted) {
         return accepted;
     }
     QString bare = text();
-    if (kind == Entry_Kind::Amount) {
+    if (Has_Commas(kind)) {
         bare.remove(QLatin1Char(','));
     }
     return bare;
 }
 
 Value Entry_Cell::Entry() const {
-    QString bare = Bare();
-    if (kind == Entry_Kind::Amount && !bare.isEmpty() && !Is_Number(bare)) {
-        bare = accepted;
-    }
-    return Entry_Value(kind, bare);
+    const QString bare = Bare();
+    return Is_Entry(kind, choices, bare) ? Entry_Value(kind, bare) : held;
+}
+
+bool Entry_Cell::Is_Uncommitted() const {
+    return !composing.isEmpty() || Bare() != accepted;
 }
 
 // What of a text finds room in place of the selection. A character of two code units is not cut in half.
@@ -114,8 +119,7 @@ void Entry_Cell::Take_Pasted(const QString& pasted) {
         return;
     }
     bool refused = false;
-    const bool is_figure = kind == Entry_Kind::Amount || kind == Entry_Kind::Digits;
-    const QString bare = is_figure ? Bare_Figure(pasted) : pasted.trimmed();
+    const QString bare = Is_Whole(kind) ? Bare_Figure(pasted) : pasted.trimmed();
     QString figure = Filtered_Text(kind, choices, bare, refused);
     figure = Fitting(figure, refused);
     if (refused) {
@@ -125,33 +129,59 @@ void Entry_Cell::Take_Pasted(const QString& pasted) {
     }
 }
 
-void Entry_Cell::keyPressEvent(QKeyEvent* event) {
+// The keys that the cell itself acts on, beside the characters.
+bool Entry_Cell::Is_Command(QKeyEvent* event) {
+    const bool redoes = event->matches(QKeySequence::Redo) ||
+                        (event->key() == Qt::Key_Y && event->modifiers() == Qt::ControlModifier);
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         if (Finish_Entry()) {
             Q_EMIT Next_Field();
         }
-        event->accept();
-        return;
-    }
-    if (event->matches(QKeySequence::Paste)) {
+    } else if (event->key() == Qt::Key_Escape && Is_Uncommitted()) {
+        Restore();
+    } else if (event->matches(QKeySequence::Paste)) {
         Take_Pasted(QApplication::clipboard()->text());
-        event->accept();
-        return;
-    }
-    if (event->matches(QKeySequence::Undo)) {
+    } else if (event->matches(QKeySequence::Undo)) {
         Undo_Last();
+    } else if (redoes) {
+        Redo_Last();
+    } else {
+        return false;
+    }
+    return true;
+}
+
+// A mnemonic never comes here. What else has a character and Ctrl, Alt or Meta is a slip, not an entry; the
+// line edit, which would insert it, never sees a character.
+void Entry_Cell::keyPressEvent(QKeyEvent* event) {
+    if (Is_Command(event)) {
         event->accept();
         return;
     }
-    const bool is_command =
-        (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0;
     const QString typed = event->text();
-    if (!is_command && !typed.isEmpty() && (typed.front().isPrint() || typed.front().isSurrogate())) {
+    const bool is_character = !typed.isEmpty() && typed.front().category() != QChar::Other_Control;
+    const Qt::KeyboardModifiers modifiers = event->modifiers();
+    if (is_character && (modifiers & (Qt::AltModifier | Qt::MetaModifier)) != 0) {
+        Refuse();
+        event->accept();
+    } else if (is_character && (modifiers & Qt::ControlModifier) == 0) {
         Take_Text(typed);
         event->accept();
-        return;
+    } else {
+        QKeyEvent bare(event->type(), event->key(), modifiers, {}, event->isAutoRepeat());
+        QLineEdit::keyPressEvent(&bare);
+        event->setAccepted(bare.isAccepted());
     }
-    QLineEdit::keyPressEvent(event);
+}
+
+void Entry_Cell::Restore() {
+    if (!composing.isEmpty()) {
+        QGuiApplication::inputMethod()->reset();
+        composing.clear();
+    }
+    Show_Value();
+    selectAll();
+    Q_EMIT textEdited(text());
 }
 
 void Entry_Cell::inputMethodEvent(QInputMethodEvent* event) {
@@ -191,12 +221,16 @@ void Entry_Cell::Commit_Composition() {
 bool Entry_Cell::Finish_Entry() {
     Commit_Composition();
     const QString bare = Bare();
-    if (kind == Entry_Kind::Amount && !bare.isEmpty() && !Is_Number(bare)) {
+    if (bare == accepted) {
+        return true;
+    }
+    if (!Is_Entry(kind, choices, bare)) {
         setText(accepted);
         selectAll();
         Refuse();
         return false;
     }
+    held = Entry_Value(kind, bare);
     accepted = bare;
     return true;
 }
@@ -204,20 +238,31 @@ bool Entry_Cell::Finish_Entry() {
 void Entry_Cell::Begin_Entry() {
     const QString bare = Bare();
     in_entry = true;
-    if (kind == Entry_Kind::Amount) {
+    if (Has_Commas(kind) && !isReadOnly()) {
         setText(bare);
     }
 }
 
 void Entry_Cell::Leave() {
     if (!Finish_Entry() || !May_Leave()) {
+        called_back = true;
         // The focus cannot be called back while it is on its way.
-        QTimer::singleShot(0, this, [this] { setFocus(Qt::OtherFocusReason); });
+        QTimer::singleShot(0, this, [this] { Call_Back(); });
         return;
     }
     in_entry = false;
-    Show_Formatted();
+    Show_Value();
     Q_EMIT Left();
+}
+
+// A button on which the mouse went down to leave the cell is let go without being pressed: the refused entry
+// is to be seen first.
+void Entry_Cell::Call_Back() {
+    for (auto* button : window()->findChildren<QAbstractButton*>()) {
+        button->setDown(false);
+    }
+    setFocus(Qt::OtherFocusReason);
+    called_back = false;
 }
 
 void Entry_Cell::focusInEvent(QFocusEvent* event) {
@@ -226,9 +271,9 @@ void Entry_Cell::focusInEvent(QFocusEvent* event) {
         Begin_Entry();
     }
     QLineEdit::focusInEvent(event);
-    if (event->reason() != Qt::MouseFocusReason && event->reason() != Qt::ActiveWindowFocusReason &&
-        event->reason() != Qt::PopupFocusReason) {
+    if (event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason) {
         selectAll();
+        clicked_in = event->reason() == Qt::MouseFocusReason;
     }
     if (comes) {
         Q_EMIT Entered();
@@ -244,6 +289,9 @@ void Entry_Cell::focusOutEvent(QFocusEvent* event) {
 
 // While another window was up, the focus may have been put elsewhere in this one.
 bool Entry_Cell::event(QEvent* event) {
+    if (event->type() == QEvent::MouseButtonDblClick) {
+        clicked_in = false;
+    }
     const bool handled = QLineEdit::event(event);
     if (event->type() == QEvent::WindowActivate && in_entry && window()->focusWidget() != this) {
         Leave();
@@ -270,6 +318,7 @@ void Entry_Cell::contextMenuEvent(QContextMenuEvent* event) {
     const bool open = !isReadOnly();
     const bool plain = echoMode() == Normal;
     add("Mnu_Undo", "元に戻す(&U)", open, [this] { Undo_Last(); });
+    add("Mnu_Redo", "やり直す(&R)", open, [this] { Redo_Last(); });
     menu->addSeparator();
     add("Mnu_Cut", "切り取り(&T)", open && plain && hasSelectedText(), [this] { cut(); });
     add("Mnu_Copy", "コピー(&C)", plain && hasSelectedText(), [this] { copy(); });
@@ -281,10 +330,39 @@ void Entry_Cell::contextMenuEvent(QContextMenuEvent* event) {
     menu->popup(event->globalPos());
 }
 
+// The press that brings the focus leaves the text selected; dragging from there marks a part of it.
+void Entry_Cell::mousePressEvent(QMouseEvent* event) {
+    if (clicked_in && event->button() == Qt::LeftButton) {
+        pressed_at = event->position().toPoint();
+        event->accept();
+        return;
+    }
+    QLineEdit::mousePressEvent(event);
+}
+
+void Entry_Cell::mouseMoveEvent(QMouseEvent* event) {
+    if (clicked_in && (event->buttons() & Qt::LeftButton) != 0) {
+        const QPoint way = event->position().toPoint() - pressed_at;
+        if (way.manhattanLength() < QApplication::startDragDistance()) {
+            return;
+        }
+        clicked_in = false;
+        setCursorPosition(cursorPositionAt(pressed_at));
+    }
+    QLineEdit::mouseMoveEvent(event);
+}
+
 void Entry_Cell::mouseReleaseEvent(QMouseEvent* event) {
+    const bool brought_focus = std::exchange(clicked_in, false);
+    if (brought_focus && event->button() == Qt::LeftButton) {
+        // Not to the selection of the desktop: what stands there may be about to be pasted here.
+        event->accept();
+        return;
+    }
     QClipboard* clipboard = QApplication::clipboard();
     if (event->button() == Qt::MiddleButton && clipboard->supportsSelection()) {
-        deselect();
+        // Into another cell's figure nothing is inserted; it is replaced.
+        brought_focus ? selectAll() : deselect();
         Take_Pasted(clipboard->text(QClipboard::Selection));
         event->accept();
         return;
@@ -306,12 +384,14 @@ void Entry_Cell::dropEvent(QDropEvent* event) {
     event->accept();
 }
 
-void Entry_Cell::Show_Formatted() {
+// Bare in entry; a locked cell keeps its commas there, because nobody types between them.
+void Entry_Cell::Show_Value() {
     formatted = accepted;
-    if (kind == Entry_Kind::Amount && Is_Number(accepted)) {
-        formatted = QString::fromStdString(Comma_Str(Value(accepted.toDouble())));
+    if (Has_Commas(kind) && (!held.Is_Text() || Is_Number(accepted))) {
+        const Value figure = held.Is_Text() ? Entry_Value(kind, accepted) : held;
+        formatted = QString::fromStdString(Comma_Str(figure));
     }
-    setText(formatted);
+    setText(in_entry && !isReadOnly() ? accepted : formatted);
 }
 
 } // namespace morvane

@@ -8,10 +8,12 @@
 namespace morvane {
 
 /// An entry cell: tinted while it has the focus, with a key filter that beeps at a key it does not take; all
-/// ways in (keys, input method, paste, drop) pass it. An amount is bare in focus and gets its commas when
-/// left; a text that is no number then goes back to the former value and the focus stays. Full-width digits
-/// count as digits. Enter moves on to the next field. A window that comes up over the cell's own does not
-/// count as leaving it.
+/// ways in (keys, input method, paste, drop) pass it, and no text comes in with Ctrl, Alt or Meta. An amount
+/// is bare in focus and gets its commas when left; a text that is no entry of the kind then goes back to the
+/// former value and the focus stays. Full-width digits count as digits. Enter moves on to the next field, Esc
+/// takes back what was typed and not taken, and else goes to the form. A click that brings the focus selects
+/// the text, a further one places the cursor. A window that comes up over the cell's own does not count as
+/// leaving it.
 class Entry_Cell : public QLineEdit {
     Q_OBJECT
 
@@ -38,17 +40,23 @@ class Entry_Cell : public QLineEdit {
     /// Shows a value; Null is blank.
     void Set_Value(const Value& value);
 
-    /// The entry: Null where it is blank, a number for Amount and Digits, else text. An entry of Amount that
-    /// is no number gives the last one that was.
+    /// The entry: Null where it is blank, a number for Amount, Figure and Digits, else text. A text that is
+    /// no entry of the kind gives the last value that was.
     [[nodiscard]] Value Entry() const;
 
     /// The text as typed, without commas.
     [[nodiscard]] QString Bare() const;
     [[nodiscard]] std::string Bare_Text() const { return Bare().toStdString(); }
 
-    /// Takes what is typed and composed as the entry. A text that is no number goes back to the former value
-    /// with a beep: false.
+    /// Takes what is typed and composed as the entry. A text that is no entry of the kind goes back to the
+    /// former value with a beep: false.
     bool Finish_Entry();
+
+    /// Whether something is typed that was not taken yet.
+    [[nodiscard]] bool Is_Uncommitted() const;
+
+    /// Whether the entry was refused on leaving and the focus is on its way back.
+    [[nodiscard]] bool Is_Called_Back() const { return called_back; }
 
   Q_SIGNALS:
     void Entered();    ///< the focus has come
@@ -65,6 +73,8 @@ class Entry_Cell : public QLineEdit {
     bool focusNextPrevChild(bool next) override;
     void wheelEvent(QWheelEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
@@ -74,8 +84,9 @@ class Entry_Cell : public QLineEdit {
     /// Asked when the focus has gone and the text is an entry; false calls the focus back.
     virtual bool May_Leave() { return true; }
 
-    /// Undoes the last change of the text in this cell.
+    /// Undoes the last change of the text in this cell, and does again what was undone.
     virtual void Undo_Last() { undo(); }
+    virtual void Redo_Last() { redo(); }
 
     void Take_Text(const QString& input);
     void Commit_Composition();
@@ -85,15 +96,22 @@ class Entry_Cell : public QLineEdit {
     QString Fitting(QString kept, bool& refused) const;
     void Begin_Entry();
     void Leave();
-    void Show_Formatted();
+    void Call_Back();
+    void Restore();
+    bool Is_Command(QKeyEvent* event);
+    void Show_Value();
 
     Entry_Kind kind = Entry_Kind::Text;
     QString choices;
     int max_length = 32767;
     bool in_entry = false; ///< from the coming of the focus until it goes to another widget
-    QString accepted;      ///< the last bare text that was a valid entry
-    QString formatted;     ///< how it is shown while the cell is not in entry
-    QString composing;     ///< what the input method has not committed yet
+    Value held;            ///< the last value that was set or taken
+    QString accepted;      ///< the same as bare text
+    QString formatted;     ///< how it is shown while the cell is not in entry, or locked
+    bool called_back = false;
+    bool clicked_in = false; ///< the button that brought the focus is still down
+    QPoint pressed_at;       ///< where it went down
+    QString composing;       ///< what the input method has not committed yet
 };
 
 } // namespace morvane

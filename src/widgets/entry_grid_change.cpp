@@ -106,15 +106,13 @@ void Entry_Grid::Clear_Block() {
 // A pasted text as an entry of a column; false where its key filter or length would not take it whole.
 bool Entry_Grid::Read_Cell(int column, const QString& text, Value& value) const {
     const Grid_Column& kind = data->Column(column);
-    const bool is_figure = kind.kind == Entry_Kind::Amount || kind.kind == Entry_Kind::Digits;
-    const QString bare = is_figure                       ? Bare_Figure(text)
+    const QString choices = QString::fromStdString(kind.choices);
+    const QString bare = Is_Whole(kind.kind)             ? Bare_Figure(text)
                          : kind.kind == Entry_Kind::Text ? text.simplified()
                                                          : text.trimmed();
     bool refused = false;
-    const QString kept = Filtered_Text(kind.kind, QString::fromStdString(kind.choices), bare, refused);
-    const int length = kind.kind == Entry_Kind::Choice ? 1 : kind.max_length;
-    if (refused || kept.size() > length ||
-        (kind.kind == Entry_Kind::Amount && !kept.isEmpty() && !Is_Number(kept))) {
+    const QString kept = Filtered_Text(kind.kind, choices, bare, refused);
+    if (refused || kept.size() > kind.max_length || !Is_Entry(kind.kind, choices, kept)) {
         return false;
     }
     value = Entry_Value(kind.kind, kept);

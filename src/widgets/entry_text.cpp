@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "widgets/entry_text.h"
 
+#include <algorithm>
+
 namespace morvane {
 
 namespace {
@@ -15,12 +17,36 @@ QChar Half_Width(QChar c) {
     return QStringLiteral("－‐−△▲").contains(c) ? QLatin1Char('-') : c;
 }
 
+bool Is_Digit(QChar c) {
+    return c >= QLatin1Char('0') && c <= QLatin1Char('9');
+}
+
 } // namespace
 
 bool Is_Number(const QString& bare) {
-    bool is_number = false;
-    static_cast<void>(bare.toDouble(&is_number));
-    return is_number;
+    const QString digits = bare.startsWith(QLatin1Char('-')) ? bare.mid(1) : bare;
+    return !digits.isEmpty() && std::all_of(digits.begin(), digits.end(), Is_Digit);
+}
+
+bool Is_Entry(Entry_Kind kind, const QString& choices, const QString& bare) {
+    if (bare.isEmpty()) {
+        return true;
+    }
+    switch (kind) {
+    case Entry_Kind::Text:
+        return true;
+    case Entry_Kind::Amount:
+        return Is_Number(bare);
+    case Entry_Kind::Digits:
+    case Entry_Kind::Figure:
+        return Is_Number(bare) && Is_Digit(bare.front());
+    case Entry_Kind::Decimal:
+        return bare.count(QLatin1Char('.')) <= 1 && Is_Number(QString(bare).remove(QLatin1Char('.'))) &&
+               bare.front() != QLatin1Char('-');
+    case Entry_Kind::Choice:
+        break;
+    }
+    return bare.size() == 1 && choices.contains(bare);
 }
 
 QString Bare_Figure(const QString& shown) {
@@ -52,7 +78,7 @@ QString Filtered_Text(Entry_Kind kind, const QString& choices, const QString& in
     QString kept;
     for (const QChar original : input) {
         const QChar c = kind == Entry_Kind::Text ? original : Half_Width(original);
-        const bool is_digit = c >= QLatin1Char('0') && c <= QLatin1Char('9');
+        const bool is_digit = Is_Digit(c);
         bool takes = false;
         switch (kind) {
         case Entry_Kind::Text:
@@ -61,6 +87,7 @@ QString Filtered_Text(Entry_Kind kind, const QString& choices, const QString& in
                     c != QChar::ParagraphSeparator;
             break;
         case Entry_Kind::Digits:
+        case Entry_Kind::Figure:
             takes = is_digit;
             break;
         case Entry_Kind::Decimal:
@@ -86,15 +113,16 @@ Value Entry_Value(Entry_Kind kind, const QString& bare) {
     if (bare.isEmpty()) {
         return {};
     }
-    if (kind == Entry_Kind::Amount && Is_Number(bare)) {
-        return Value(bare.toDouble());
+    if (!Is_Whole(kind) || !Is_Number(bare)) {
+        return bare.toStdString();
     }
-    if (kind == Entry_Kind::Digits && Is_Number(bare)) {
-        bool fits = false;
-        const qlonglong number = bare.toLongLong(&fits);
-        return fits ? Value(static_cast<std::int64_t>(number)) : Value(bare.toDouble());
+    bool fits = false;
+    const qlonglong number = bare.toLongLong(&fits);
+    if (kind == Entry_Kind::Digits && fits) {
+        return Value(static_cast<std::int64_t>(number));
     }
-    return bare.toStdString();
+    // "-0" is zero, without a sign.
+    return fits ? Value(static_cast<double>(number)) : Value(bare.toDouble());
 }
 
 } // namespace morvane

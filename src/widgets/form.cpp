@@ -78,6 +78,10 @@ void Form::keyPressEvent(QKeyEvent* event) {
         button->animateClick();
         return;
     }
+    if (event->key() == Qt::Key_Escape) {
+        Cancel();
+        return;
+    }
     QDialog::keyPressEvent(event);
 }
 

@@ -14,8 +14,8 @@ class QVBoxLayout;
 namespace morvane {
 
 /// A screen: a header with its title, a body, a row of buttons at its foot. It stands in the frame as a child
-/// or, shown with exec, as a dialog. Esc, the close button of the window and Cmd_Cancel all take the one way
-/// out through May_Close. F1 opens its help page.
+/// or, shown with exec, as a dialog. The close button of the window, Cmd_Cancel and Esc outside of a
+/// half-typed entry all take the one way out through May_Close. F1 opens its help page.
 class Form : public QDialog {
     Q_OBJECT
 
@@ -34,11 +34,14 @@ class Form : public QDialog {
     void reject() override;
 
   protected:
-    /// Enter presses the button that has the focus.
+    /// Enter presses the button that has the focus; Esc cancels.
     void keyPressEvent(QKeyEvent* event) override;
 
     /// Asked before the form closes by its cancel path; false keeps it open.
     virtual bool May_Close() { return true; }
+
+    /// What Esc does: the cancel button of the form, which here is its close.
+    virtual void Cancel() { reject(); }
 
     /// Closes without asking.
     void Close_Form() { QDialog::accept(); }

@@ -84,15 +84,6 @@ bool Grid_Cell::Moves(const QKeyEvent& event) {
 }
 
 bool Grid_Cell::Changes(const QKeyEvent& event) {
-    if (event.matches(QKeySequence::Redo) ||
-        (event.key() == Qt::Key_Y && event.modifiers() == Qt::ControlModifier)) {
-        if (Is_Typed() || isRedoAvailable()) {
-            redo();
-        } else {
-            grid.Redo();
-        }
-        return true;
-    }
     if (!grid.Has_Block()) {
         return false;
     }
@@ -172,6 +163,14 @@ void Grid_Cell::Undo_Last() {
         undo();
     } else {
         grid.Undo();
+    }
+}
+
+void Grid_Cell::Redo_Last() {
+    if (Is_Typed() || isRedoAvailable()) {
+        redo();
+    } else {
+        grid.Redo();
     }
 }
 

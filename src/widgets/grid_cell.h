@@ -26,6 +26,7 @@ class Grid_Cell : public Entry_Cell {
     void paintEvent(QPaintEvent* event) override;
     void Take_Pasted(const QString& pasted) override;
     void Undo_Last() override;
+    void Redo_Last() override;
     bool May_Leave() override;
 
   private:

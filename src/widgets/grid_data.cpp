@@ -134,7 +134,7 @@ QString Shown_Text(const Grid_Column& column, const Value& value) {
         const qsizetype whole = column.decimals == 0 ? fixed.size() : fixed.indexOf(QLatin1Char('.'));
         return QString::fromStdString(Comma_Str(Value(fixed.left(whole).toStdString()))) + fixed.mid(whole);
     }
-    if (column.kind == Entry_Kind::Amount) {
+    if (Has_Commas(column.kind)) {
         return QString::fromStdString(Comma_Str(value));
     }
     return QString::fromStdString(value.As_Text());
@@ -144,7 +144,7 @@ Qt::Alignment Alignment_Of(const Grid_Column& column) {
     if (column.align != Qt::Alignment()) {
         return column.align | Qt::AlignVCenter;
     }
-    return (column.kind == Entry_Kind::Amount ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
+    return (Has_Commas(column.kind) ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
 }
 
 } // namespace morvane

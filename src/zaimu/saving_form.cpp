@@ -46,14 +46,17 @@ void Saving_Form::Add_Unit_Line(const QString& unit, const QString& note) {
 }
 
 void Saving_Form::Cancel() {
-    if (!Ask(shell.session, "編集破棄確認",
-             "編集中の" + edited_work +
-                 "を保存せずに終了します。\n編集内容は保存されません。よろしいですか？")) {
-        return;
+    bool gives_up = false;
+    shell.Guard([&] {
+        gives_up = Ask(shell.session, "編集破棄確認",
+                       "編集中の" + edited_work +
+                           "を保存せずに終了します。\n編集内容は保存されません。よろしいですか？");
+    });
+    if (gives_up) {
+        saving = false;
+        reject();
+        saving = true;
     }
-    saving = false;
-    reject();
-    saving = true;
 }
 
 bool Saving_Form::May_Close() {

@@ -22,6 +22,9 @@ class Saving_Form : public Form {
   protected:
     bool May_Close() override;
 
+    /// Canseru: throws away after a question.
+    void Cancel() override;
+
     /// Stores what was keyed, unless `save` is false. Raises Store_Error.
     virtual void Store(bool save) = 0;
 
@@ -35,8 +38,6 @@ class Saving_Form : public Form {
     void Add_Unit_Line(const QString& unit, const QString& note);
 
   private:
-    void Cancel();
-
     std::string edited_work;
     std::vector<Entry_Grid*> grids;
     bool saving = true;

@@ -170,6 +170,7 @@ TEST_P(Kanko_Firms, What_is_keyed_ends_in_the_figures_of_the_engine) {
     EXPECT_FALSE(form->isVisible());
     Key_All("Frm_Kanko", works);
     Type_Into(*form, "Kanko_Avg", years.c_str());
+    Key(Qt::Key_Return);
     Key(Qt::Key_Escape);
     for (int round = 0; round < 6; ++round) {
         Syokuta social;

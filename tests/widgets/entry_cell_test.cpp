@@ -10,6 +10,8 @@
 #include <QMimeData>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <QWindow>
+#include <cmath>
 
 namespace morvane::tests {
 namespace {
@@ -163,6 +165,114 @@ TEST_F(Entry_Cell_Test, Keys_by_kind) {
     EXPECT_NE(cell.Bare_Text(), "株 𠮷野-1") << "typing can be undone in the cell";
 }
 
+TEST_F(Entry_Cell_Test, No_text_comes_in_with_Ctrl_Alt_or_Meta) {
+    const std::pair<int, Qt::KeyboardModifiers> slips[] = {
+        {Qt::Key_Z, Qt::AltModifier},
+        {Qt::Key_9, Qt::AltModifier},
+        {Qt::Key_9, Qt::MetaModifier},
+        {Qt::Key_I, Qt::AltModifier | Qt::ShiftModifier},
+        {Qt::Key_9, Qt::ControlModifier | Qt::AltModifier},
+        {Qt::Key_5, Qt::ControlModifier | Qt::KeypadModifier},
+    };
+    for (const Entry_Kind kind : {Entry_Kind::Text, Entry_Kind::Digits, Entry_Kind::Decimal,
+                                  Entry_Kind::Amount, Entry_Kind::Figure, Entry_Kind::Choice}) {
+        cell.Set_Kind(kind);
+        cell.Set_Value(3);
+        cell.setFocus(Qt::TabFocusReason);
+        for (const auto& [key, modifiers] : slips) {
+            QKeyEvent press(QEvent::KeyPress, key, modifiers, QString(QChar(key)).toLower());
+            QApplication::sendEvent(&cell, &press);
+            EXPECT_EQ(cell.Bare_Text(), "3") << key << " " << static_cast<int>(modifiers);
+        }
+        // A character of the user's own and a joiner are text and nothing else.
+        for (const char16_t mark : {u'\uE000', u'\u200D'}) {
+            QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(QChar(mark)));
+            QApplication::sendEvent(&cell, &press);
+        }
+        EXPECT_EQ(cell.text().size(), kind == Entry_Kind::Text ? 2 : 1);
+        QKeyEvent by_third_level(QEvent::KeyPress, Qt::Key_1, Qt::GroupSwitchModifier, QStringLiteral("1"));
+        QApplication::sendEvent(&cell, &by_third_level);
+        EXPECT_TRUE(cell.text().endsWith(QLatin1Char('1'))) << "AltGr makes characters";
+    }
+}
+
+TEST_F(Entry_Cell_Test, A_mnemonic_passes_the_cell) {
+    other.setText(QStringLiteral("閉じる(&C)"));
+    bool pressed = false;
+    QObject::connect(&other, &QPushButton::clicked, [&] { pressed = true; });
+    cell.Set_Value(5);
+    cell.setFocus(Qt::TabFocusReason);
+    QTest::keyClick(window.windowHandle(), Qt::Key_C, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return pressed; }, 2000));
+    EXPECT_EQ(cell.Bare_Text(), "5");
+}
+
+TEST_F(Entry_Cell_Test, Esc_takes_back_what_is_typed_and_then_is_the_forms) {
+    for (const Entry_Kind kind : {Entry_Kind::Text, Entry_Kind::Digits, Entry_Kind::Amount}) {
+        cell.Set_Kind(kind);
+        cell.Set_Value(1234);
+        cell.setFocus(Qt::TabFocusReason);
+        for (const bool expected : {true, false}) {
+            QKeyEvent press(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+            if (expected) {
+                Type("98");
+            }
+            static_cast<QObject&>(cell).event(&press);
+            EXPECT_EQ(press.isAccepted(), expected);
+            EXPECT_EQ(cell.text().toStdString(), "1234");
+            EXPECT_EQ(cell.selectedText().toStdString(), "1234");
+        }
+    }
+}
+
+TEST_F(Entry_Cell_Test, A_click_selects_the_next_one_places_the_cursor) {
+    cell.Set_Value(437);
+    const QPoint behind_first(cell.width() - 22, cell.height() / 2);
+    QTest::mouseClick(&cell, Qt::LeftButton, {}, behind_first);
+    EXPECT_EQ(cell.selectedText().toStdString(), "437");
+    QTest::mouseClick(&cell, Qt::LeftButton, {}, behind_first);
+    EXPECT_FALSE(cell.hasSelectedText());
+    other.setFocus();
+    QTest::mouseClick(&cell, Qt::LeftButton, {}, behind_first);
+    Type("9");
+    EXPECT_EQ(cell.text().toStdString(), "9");
+    // Dragging marks from where the press was.
+    cell.Set_Value(437);
+    other.setFocus();
+    const QPoint end(cell.width() - 4, cell.height() / 2);
+    QTest::mousePress(&cell, Qt::LeftButton, {}, end);
+    cell.repaint(); // where the characters stand is known once they are painted
+    QMouseEvent drag(QEvent::MouseMove, QPointF(2, 5), cell.mapToGlobal(QPointF(2, 5)), Qt::NoButton,
+                     Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&cell, &drag);
+    EXPECT_EQ(cell.cursorPosition(), 0);
+    QTest::mouseRelease(&cell, Qt::LeftButton, {}, QPoint(2, 5));
+    EXPECT_EQ(cell.selectedText().toStdString(), "437");
+}
+
+TEST_F(Entry_Cell_Test, A_button_is_not_pressed_over_a_refused_entry) {
+    bool pressed = false;
+    QObject::connect(&other, &QPushButton::clicked, [&] { pressed = true; });
+    cell.Set_Value(777);
+    cell.setFocus(Qt::TabFocusReason);
+    Type("--5");
+    QTest::mousePress(&other, Qt::LeftButton);
+    QTest::qWait(1);
+    QTest::mouseRelease(&other, Qt::LeftButton);
+    EXPECT_FALSE(pressed);
+    EXPECT_TRUE(cell.hasFocus());
+    EXPECT_EQ(cell.Entry(), Value(777.0));
+}
+
+TEST_F(Entry_Cell_Test, A_locked_amount_keeps_its_commas) {
+    cell.Set_Locked(true);
+    cell.Set_Value(-1234567);
+    cell.setFocus(Qt::TabFocusReason);
+    EXPECT_EQ(cell.text().toStdString(), "-1,234,567");
+    EXPECT_EQ(cell.Entry(), Value(-1234567.0));
+    EXPECT_FALSE(cell.Is_Uncommitted());
+}
+
 TEST_F(Entry_Cell_Test, What_is_composed_belongs_to_the_entry) {
     cell.Set_Kind(Entry_Kind::Text);
     cell.setMaxLength(3);
@@ -188,6 +298,29 @@ TEST_F(Entry_Cell_Test, A_window_over_the_cells_own_does_not_leave_it) {
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     EXPECT_EQ(left, 1) << "the focus was put elsewhere meanwhile";
     EXPECT_EQ(cell.text().toStdString(), "1,234");
+}
+
+TEST(Entry_Text_Test, Only_what_is_keyed_here_is_a_number) {
+    const struct {
+        const char* text;
+        bool amount;
+        bool figure;
+        bool decimal;
+    } cases[] = {{"", true, true, true},        {"007", true, true, true},      {"-0", true, false, false},
+                 {"1.5", false, false, true},   {"1.2.3", false, false, false}, {".", false, false, false},
+                 {"inf", false, false, false},  {"nan", false, false, false},   {"1e5", false, false, false},
+                 {"0x1F", false, false, false}, {"+5", false, false, false},    {"5-", false, false, false},
+                 {"-", false, false, false},    {" 5", false, false, false}};
+    for (const auto& c : cases) {
+        EXPECT_EQ(Is_Entry(Entry_Kind::Amount, {}, c.text), c.amount) << c.text;
+        EXPECT_EQ(Is_Entry(Entry_Kind::Figure, {}, c.text), c.figure) << c.text;
+        EXPECT_EQ(Is_Entry(Entry_Kind::Digits, {}, c.text), c.figure) << c.text;
+        EXPECT_EQ(Is_Entry(Entry_Kind::Decimal, {}, c.text), c.decimal) << c.text;
+    }
+    EXPECT_EQ(Entry_Value(Entry_Kind::Amount, "-0"), Value(0.0));
+    EXPECT_FALSE(std::signbit(std::get<double>(Entry_Value(Entry_Kind::Amount, "-0").held)));
+    EXPECT_FALSE(Is_Entry(Entry_Kind::Choice, "23", "29"));
+    EXPECT_FALSE(Is_Entry(Entry_Kind::Choice, "23", "9"));
 }
 
 TEST(Entry_Text_Test, Figures_of_other_programs) {
