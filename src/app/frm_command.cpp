@@ -180,7 +180,7 @@ void Frm_Command::Show_No_Company() {
     Fold_Panel();
     KsKi_Dsp->setText({});
     Show_Name(*SyaMei, QStringLiteral("事業所が指定されていません！"));
-    area.Set_Hint(QStringLiteral("メニューの「事業所登録・指定」で、処理する事業所を指定してください。"));
+    area.Set_Hint(QStringLiteral("メニューバーの「事業所登録・指定」で、処理する事業所を指定してください。"));
     Update_Captions();
     Update_Enabled();
 }
@@ -312,7 +312,9 @@ void Frm_Command::Open_Screen(Menu_Button& button) {
 void Frm_Command::Open_Form(const QString& form) {
     const Form_Row* row = Find_Form(form.toStdString());
     if (row == nullptr || row->make == nullptr) {
-        Show_Message(shell.session, {.title = "", .text = "この画面は準備中です。"});
+        Show_Message(
+            shell.session,
+            {.title = "", .text = "この画面は準備中です。\n今後のバージョンで使えるようになります。"});
         Screens_Closed();
         return;
     }

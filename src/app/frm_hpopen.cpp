@@ -56,7 +56,8 @@ Frm_HpOpen::Frm_HpOpen(Shell_Port& shell_port)
 
 void Frm_HpOpen::Open_Page(const std::string& address) {
     if (!Url_Open(address)) {
-        Tell(shell.session, "確認メッセージ", "ブラウザを起動できませんでした。\n" + address);
+        Tell(shell.session, "確認メッセージ",
+             "ブラウザを起動できませんでした。標準のブラウザの設定を確認してください。\n" + address);
         return;
     }
     Close_Form();

@@ -166,7 +166,7 @@ bool Shell::Guard(const std::function<void()>& work) {
     } catch (const Store_Error& error) {
         Fail("データファイルエラー", error.what());
     } catch (const std::exception& error) {
-        Fail("実行時エラー", error.what());
+        Fail("実行時エラー", std::string("予期しない障害が起きました。\n") + error.what());
     }
     return false;
 }
@@ -174,7 +174,8 @@ bool Shell::Guard(const std::function<void()>& work) {
 void Shell::Fail(const std::string& title, const std::string& text) {
     // Every store is closed by now: nothing is open outside of a routine, and its transaction went back.
     Show_Message(own_session, {.title = title,
-                               .text = text + "\n\nプログラムを終了します。保存済みのデータは失われません。",
+                               .text = text + "\n\nプログラムを終了します。保存済みのデータは失われません。\n"
+                                              "原因を取り除いてから、もう一度起動してください。",
                                .icon = Icon::Warning,
                                .beep = true});
     end_process(1);

@@ -97,9 +97,9 @@ std::int16_t W5_Points(std::int32_t kanko, float accountants) {
 float W10_Weight(std::int32_t part, std::int32_t gijutusya, std::int32_t ginosya) {
     const double all = static_cast<double>(gijutusya) + ginosya;
     if (all == 0.0) {
-        throw Run_Time_Error(
-            Run_Time_Error::Kind::Division_By_Zero,
-            "知識及び技術者・技能者の向上に関する取組の状況（Ｗ１０）の計算で０による除算が発生しました。");
+        throw Run_Time_Error(Run_Time_Error::Kind::Division_By_Zero,
+                             "知識及び技術者・技能者の向上に関する取組の状況（Ｗ１０）を計算できません。技術"
+                             "者数と技能者数の合計が０です。");
     }
     return static_cast<float>(part / all);
 }
@@ -286,7 +286,7 @@ std::span<const W5_Row> W5_Rows() {
 double Young_Rate(std::int32_t young, std::int32_t all) {
     if (all == 0) {
         throw Run_Time_Error(Run_Time_Error::Kind::Division_By_Zero,
-                             "若年技術職員の割合の計算で０による除算が発生しました。");
+                             "若年技術職員の割合を計算できません。技術職員の数が０です。");
     }
     return std::floor(static_cast<double>(young) / all * 100);
 }

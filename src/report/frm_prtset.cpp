@@ -93,7 +93,8 @@ float Frm_PrtSET::Margin(const char* name, const char* caption, float former) {
     const float margin = QString::fromStdString(text).toFloat(&is_number);
     if (!is_number) {
         Refuse(name, Number_Text(static_cast<double>(former)),
-               std::string(caption) + "「" + text + "」は数値ではありません。");
+               std::string(caption) + "「" + text +
+                   "」は数値ではありません。\n数字と小数点で入力してください。");
     }
     return margin;
 }

@@ -56,7 +56,7 @@ void Open_Kaisetu(const Session& session, const std::string& key) {
         return;
     }
     if (!Url_Open(Kaisetu_Address(info.network.help_host, key))) {
-        Tell(session, box_title, "ブラウザを起動できませんでした。");
+        Tell(session, box_title, "ブラウザを起動できませんでした。標準のブラウザの設定を確認してください。");
     }
 }
 

@@ -132,7 +132,7 @@ TEST_F(Shell_Test, A_screen_to_come_says_so_and_leaves_nothing_open) {
     messages.shown.clear();
     Press("Cmd_Sojyu(0)");
     ASSERT_EQ(messages.shown.size(), 1U);
-    EXPECT_EQ(messages.shown[0].text, "この画面は準備中です。");
+    EXPECT_EQ(messages.shown[0].text, "この画面は準備中です。\n今後のバージョンで使えるようになります。");
     EXPECT_FALSE(shell->session.Edit_Flg);
 }
 

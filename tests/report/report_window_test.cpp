@@ -129,7 +129,8 @@ TEST_F(Report_Window_Test, Margins_Are_Kept_For_The_Report_Number) {
                 });
     ASSERT_EQ(messages.shown.size(), 2U);
     EXPECT_EQ(messages.shown[0].title, "実行時エラー");
-    EXPECT_EQ(messages.shown[0].text, "上余白「1.2.3」は数値ではありません。");
+    EXPECT_EQ(messages.shown[0].text,
+              "上余白「1.2.3」は数値ではありません。\n数字と小数点で入力してください。");
     EXPECT_EQ(messages.shown[1].text, "印刷部数は1～255で入力してください。");
     EXPECT_EQ(session.Prt.Prt_Top, 12.5F);
     EXPECT_EQ(session.Prt.Prt_Left, 3.0F);
