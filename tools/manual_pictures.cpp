@@ -2,9 +2,9 @@
 // Takes the pictures of the manual: the program itself, its real windows on the display, pressed as a user
 // would.
 //
-// usage: manual_pictures OFFICE NEW OUT
-//   OFFICE  an installation of an office with the sample firms; NEW an empty folder; OUT where the pictures
-//   go
+// usage: manual_pictures OFFICE OWN NEW OUT
+// OFFICE is an installation of an office, OWN one of a single firm, both with samples; NEW is an empty
+// folder; the pictures go to OUT.
 #include "app/shell.h"
 #include "widgets/message_windows.h"
 #include "widgets/record_list.h"
@@ -28,6 +28,7 @@ namespace morvane {
 namespace {
 
 constexpr int settle_ms = 400;
+constexpr int patience_ms = 20000;
 constexpr const char* firm = "青葉見本建設株式会社";
 
 QDir out;
@@ -65,11 +66,17 @@ void Take(const char* name, const QRect& part) {
     }
 }
 
+void To_Front(QWidget& window) {
+    window.raise();
+    window.activateWindow();
+    if (!QTest::qWaitForWindowActive(&window, patience_ms)) {
+        Give_Up(QStringLiteral("%1 does not come to the front").arg(window.windowTitle()));
+    }
+}
+
 // A window with its title bar.
 void Take_Window(const char* name, QWidget& window) {
-    if (!QTest::qWaitForWindowActive(&window)) {
-        Give_Up(QStringLiteral("%1 does not come to the front").arg(window.objectName()));
-    }
+    To_Front(window);
     QTest::qWait(settle_ms);
     Take(name, window.frameGeometry());
 }
@@ -84,20 +91,21 @@ using Dialog_Work = std::function<void(QDialog&)>;
 
 // Does `act`, which opens dialogs one after the other, and `during` while each of them is open.
 void While_Open(const std::function<void()>& act, const std::vector<Dialog_Work>& during) {
+    // One that is called while another waits has the windows for itself.
+    static int depth = 0;
+    const int own_depth = ++depth;
     std::size_t opened = 0;
-    QPointer<QWidget> last;
+    QPointer<QWidget> last = QApplication::activeModalWidget();
     QObject watch;
     // Armed anew each time, so that it looks on while what it called waits in a dialog of its own.
     const std::function<void()> look = [&] {
         QTimer::singleShot(50, &watch, look);
         auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-        if (dialog == nullptr || dialog == last) {
+        if (dialog == nullptr || dialog == last || own_depth != depth) {
             return;
         }
         last = dialog;
-        if (!QTest::qWaitForWindowActive(dialog)) {
-            Give_Up(QStringLiteral("%1 does not come to the front").arg(dialog->windowTitle()));
-        }
+        To_Front(*dialog);
         if (opened == during.size()) {
             Give_Up(QStringLiteral("a window nobody waits for: ") + dialog->windowTitle());
         }
@@ -105,6 +113,7 @@ void While_Open(const std::function<void()>& act, const std::vector<Dialog_Work>
     };
     look();
     act();
+    --depth;
     if (opened != during.size()) {
         Give_Up(QStringLiteral("a window did not open"));
     }
@@ -133,9 +142,7 @@ class Tour {
   public:
     explicit Tour(Shell& the_shell) : frame(*the_shell.Frame()) {
         frame.showMaximized();
-        if (!QTest::qWaitForWindowActive(&frame)) {
-            Give_Up(QStringLiteral("the frame does not come to the front"));
-        }
+        To_Front(frame);
     }
 
     void Whole() {
@@ -217,6 +224,8 @@ class Tour {
         Press("Cmd_Sim1");
         Press("Cmd_GB(0)");
         Take_Screen("keiei", "Frm_Keiei");
+        While_Open([this] { Click(Screen("Frm_Keiei"), "Cmd_QandA"); },
+                   {Take_And_Press("qanda", "Cmd_Cancel")});
         Press("Cmd_GB(1)");
         Take_Screen("syokuta", "Frm_Syokuta_2012");
         Take_Check("calc_check", Screen("Frm_Syokuta_2012"), "X2-1 計算チェック");
@@ -225,7 +234,12 @@ class Tour {
         Take_Screen("kanko", "Frm_Kanko");
         Click(Screen("Frm_Kanko"), "edit_z");
         Take_Screen("kanko2", "Frm_Kanko2");
-        While_Open([this] { Click(Screen("Frm_Kanko2"), "Prt"); }, {Take_And_Press("preview", "Tojiru")});
+        While_Open([this] { Click(Screen("Frm_Kanko2"), "Prt"); }, {[](QDialog& preview) {
+                       Take_Window("preview", preview);
+                       While_Open([&preview] { Click(preview, "Pg_Set"); },
+                                  {Take_And_Press("prtset", "Cmd_Can")});
+                       Click(preview, "Tojiru");
+                   }});
         Press("Cmd_GB(5)");
     }
 
@@ -234,7 +248,13 @@ class Tour {
         Take_Screen("kssitei", "Frm_KsSitei");
         Click(Screen("Frm_KsSitei"), "Cmd_Cancel");
         While_Open([this] { Press("Cmd_Hojyo4"); }, {Take_And_Press("company", "Cmd_Cancel")});
-        While_Open([this] { Choose("Disp_Version"); }, {Take_And_Press("ver", "Cmd_Cancel")});
+        While_Open([this] { Choose("Mnu_HPAccess"); }, {Take_And_Press("hpopen", "Cmd_Cancel")});
+        While_Open([this] { Choose("Disp_Version"); }, {[](QDialog& version) {
+                       Take_Window("ver", version);
+                       While_Open([&version] { Click(version, "Cmd_Settei"); },
+                                  {Take_And_Press("settei", "Cmd_Cancel")});
+                       Click(version, "Cmd_Cancel");
+                   }});
     }
 
     Frm_Main& frame;
@@ -248,6 +268,14 @@ std::filesystem::path Folder(const char* name) {
 void Take_First_Start(const char* folder, Messages& messages) {
     Shell shell(Folder(folder), messages);
     While_Open([&shell] { shell.Sub_Main(); }, {Take_And_Press("dtselect", "Cmd_Cancel"), Say_Yes});
+}
+
+// The firm's own data, in a program for a single firm.
+void Take_Own_Firm(const char* folder, Messages& messages) {
+    Shell shell(Folder(folder), messages);
+    shell.Sub_Main();
+    While_Open([&shell] { Click(*shell.Frame()->command, "Cmd_Hojyo4"); },
+               {Take_And_Press("jgmas", "Cmd_Cancel")});
 }
 
 // A session that ends as in a power failure, and the start after it.
@@ -271,17 +299,18 @@ void Take_Office(const char* folder, Messages& messages) {
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
-    if (argc != 4) {
-        std::fputs("usage: manual_pictures OFFICE NEW OUT\n", stderr);
+    if (argc != 5) {
+        std::fputs("usage: manual_pictures OFFICE OWN NEW OUT\n", stderr);
         return 2;
     }
     QApplication::setApplicationName(QStringLiteral("Morvane"));
     QApplication::setApplicationVersion(QStringLiteral(MORVANE_VERSION));
     QApplication::setCursorFlashTime(0);
     morvane::theme::Apply(application);
-    morvane::out = QDir(QString::fromLocal8Bit(argv[3]));
+    morvane::out = QDir(QString::fromLocal8Bit(argv[4]));
     morvane::Message_Windows messages;
-    morvane::Take_First_Start(argv[2], messages);
+    morvane::Take_First_Start(argv[3], messages);
+    morvane::Take_Own_Firm(argv[2], messages);
     morvane::Take_Office(argv[1], messages);
     return 0;
 }

@@ -48,6 +48,7 @@ started+=($!)
 sleep 1
 
 "$bin/morvane-batch" init "$work/office" --edition 13 --mode multi --sample >"$work/init.log"
+"$bin/morvane-batch" init "$work/own" --edition 13 --mode single --sample >>"$work/init.log"
 python3 - "$work/office/install_info.json" <<'END'
 import json, sys
 info = json.load(open(sys.argv[1], encoding="utf-8"))
@@ -56,7 +57,7 @@ json.dump(info, open(sys.argv[1], "w", encoding="utf-8"), ensure_ascii=False, in
 END
 mkdir "$work/new" "$work/pictures"
 # What the desktop's message bus keeps until the end is no leak of ours.
-ASAN_OPTIONS=detect_leaks=0 timeout 300 "$bin/manual_pictures" "$work/office" "$work/new" "$work/pictures"
+ASAN_OPTIONS=detect_leaks=0 timeout 300 "$bin/manual_pictures" "$work/office" "$work/own" "$work/new" "$work/pictures"
 
 "$bin/morvane-batch" report "$work/office" --company 1 -o "$work/kekka.pdf" >"$work/report.log"
 pdftoppm -r 110 -png -singlefile "$work/kekka.pdf" "$work/pictures/kekka"
