@@ -13,6 +13,7 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QCursor>
 #include <QDir>
 #include <QPointer>
 #include <QScreen>
@@ -306,6 +307,7 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName(QStringLiteral("Morvane"));
     QApplication::setApplicationVersion(QStringLiteral(MORVANE_VERSION));
     QApplication::setCursorFlashTime(0);
+    QCursor::setPos(QGuiApplication::primaryScreen()->geometry().bottomRight()); // over nothing
     morvane::theme::Apply(application);
     morvane::out = QDir(QString::fromLocal8Bit(argv[4]));
     morvane::Message_Windows messages;
