@@ -20,13 +20,16 @@ QVariant Help_Browser::loadResource(int type, const QUrl& name) {
         return found;
     }
     QImage picture = QImage::fromData(found.toByteArray());
-    if (picture.width() <= widest_picture) {
+    if (picture.isNull()) {
         return found;
     }
-    // Pixels of the display, so that a fine display shows all the picture has.
-    const int width = std::min(picture.width(), qRound(widest_picture * devicePixelRatioF()));
-    picture = picture.scaledToWidth(width, Qt::SmoothTransformation);
-    picture.setDevicePixelRatio(static_cast<qreal>(width) / widest_picture);
+    // In pixels of the display, so that nothing is left for the toolkit to scale.
+    const qreal ratio = devicePixelRatioF();
+    const int width = qRound(std::min(picture.width(), widest_picture) * ratio);
+    if (width != picture.width()) {
+        picture = picture.scaledToWidth(width, Qt::SmoothTransformation);
+    }
+    picture.setDevicePixelRatio(ratio);
     return picture;
 }
 

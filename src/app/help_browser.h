@@ -5,8 +5,8 @@
 
 namespace morvane {
 
-/// A page of the manual. Pictures wider than the page are scaled to it with smooth letters; the toolkit's own
-/// scaling by a width in the page drops pixels.
+/// A page of the manual. Pictures are scaled to the page and the display with smooth letters; the toolkit's
+/// own scaling drops pixels.
 class Help_Browser : public QTextBrowser {
     Q_OBJECT
 
