@@ -71,7 +71,7 @@ void Draw_Sheet(benchmark::State& state) {
 void Make_Pdf(benchmark::State& state) {
     const Kekka_Figures kekka = Kekka_Read(The_Many().session);
     for (auto _ : state) {
-        Pdf_Target pdf("結果通知書");
+        Pdf_Target pdf({"結果通知書", "計測"});
         Draw_On(pdf, kekka);
         benchmark::DoNotOptimize(pdf.Finish());
     }

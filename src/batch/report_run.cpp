@@ -34,22 +34,25 @@ fs::path File_Of(const fs::path& output, std::int32_t number) {
     return output / name.data();
 }
 
-std::string Pdf_Of(const Session& session, const Report_Options& options, const Company& company,
-                   const std::string& date) {
+/// A report as a PDF file, and what is to be said of it.
+struct Printed {
+    std::string pdf;
+    std::string notice;
+};
+
+Printed Pdf_Of(const Session& session, const Report_Options& options, const Company& company) {
     const Connection cn(Store_Of(session, company), session.Db_Key, Connection::Mode::Read_Only);
     Settled_Score score = Score_Company(cn, session.Is_Hokkaido(), options.period, *options.scenario);
     const char* name =
         options.report.empty() ? Law_Of(score.figures.law_year).result_report : options.report.c_str();
-    Report_Heading heading;
-    heading.print_date = date;
-    heading.office_name = session.Is_Multi() ? session.Office_Name : "";
-    const Kekka_Figures kekka = Kekka_Read(cn, std::move(score), std::move(heading));
+    const Kekka_Figures kekka = Kekka_Read(cn, std::move(score), Heading_Of(session));
     Print_State print_state;
     print_state.Prt_Doing = true;
-    Pdf_Target pdf("結果通知書 " + kekka.heading.Jigyo_Name);
+    const Report_Row& report = *Find_Report(name);
+    Pdf_Target pdf(Pdf_Info_Of(report, kekka.heading));
     Prt_ModSet prt(print_state, pdf);
     Draw_Kekka(prt, kekka, Kekka_Form_Of(name).value());
-    return pdf.Finish();
+    return {pdf.Finish(), Missing_Notice(prt.Missing())};
 }
 
 } // namespace
@@ -67,13 +70,18 @@ std::size_t Report_Run(const Session& session, const Report_Options& options, st
             throw Usage_Error("フォルダ「" + options.output.string() + "」を作成できません。");
         }
     }
-    const std::string date = Print_Date();
     const auto print_one = [&](const Company& company) {
-        Write_Output(File_Of(options.output, company.number), Pdf_Of(session, options, company, date));
-        return std::string();
+        const Printed printed = Pdf_Of(session, options, company);
+        Write_Output(File_Of(options.output, company.number), printed.pdf);
+        return printed.notice;
+    };
+    const auto tell = [&](const Company& company, const Company_Outcome& outcome) {
+        if (!outcome.text.empty()) {
+            errors << company.number << " " << company.name << "：" << outcome.text << "\n";
+        }
     };
     return Run_Companies(options.companies, {.jobs = options.jobs, .progress = options.progress, .block = 32},
-                         errors, print_one, [](const Company&, const Company_Outcome&) {});
+                         errors, print_one, tell);
 }
 
 } // namespace morvane

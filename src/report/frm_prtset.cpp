@@ -2,6 +2,8 @@
 #include "report/frm_prtset.h"
 
 #include "data/value.h"
+#include "screens/keiei.h"
+#include "session/boxes.h"
 #include "session/run_time_error.h"
 #include "widgets/section_box.h"
 
@@ -51,9 +53,10 @@ constexpr std::size_t entries_without_pages = 3;
 
 } // namespace
 
-Frm_PrtSET::Frm_PrtSET(Shell_Port& shell_port, std::function<int(int)> printer_dialog)
+Frm_PrtSET::Frm_PrtSET(Shell_Port& shell_port, std::function<int(int)> printer_dialog,
+                       const Margin_Room& margin_room)
     : Form(shell_port, QStringLiteral("Frm_PrtSET"), QStringLiteral("ページ設定")),
-      choose_printer(std::move(printer_dialog)),
+      choose_printer(std::move(printer_dialog)), room(margin_room),
       fields(new Field_Form(std::span(entries).first(
           shell.session.Prt.Prt_Page_Flg ? std::size(entries) : entries_without_pages))) {
     auto* section = new Section_Box(QStringLiteral("余白と部数"));
@@ -109,6 +112,20 @@ std::uint8_t Frm_PrtSET::Whole(const char* name, const char* caption, std::uint8
     return static_cast<std::uint8_t>(number);
 }
 
+/// Whether the whole report stays on the sheet, or the user takes what is cut.
+bool Frm_PrtSET::May_Cut(const Print_State& next) const {
+    std::string cut;
+    if (next.Ue_Mrg_Val > room.top) {
+        cut += "\n上余白は " + Fixed_Str(room.top, 1) + "mm まで";
+    }
+    if (next.Hida_Mrg_Val > room.left) {
+        cut += "\n左余白は " + Fixed_Str(room.left, 1) + "mm まで";
+    }
+    return cut.empty() || Ask(shell.session, "ページ設定",
+                              "この余白では、用紙からはみ出す部分が印刷されません。" + cut +
+                                  "\nこのまま設定してもよろしいですか？");
+}
+
 void Frm_PrtSET::Take() {
     Print_State next = shell.session.Prt;
     next.Ue_Mrg_Val = Margin("Ue_Mrg", "上余白", next.Ue_Mrg_Val);
@@ -117,6 +134,10 @@ void Frm_PrtSET::Take() {
     if (next.Prt_Page_Flg) {
         next.Prt_St_Page = Whole("St_Page", "最初のページ", next.Prt_St_Page);
         next.Prt_Ed_Page = Whole("Ed_Page", "最後のページ", next.Prt_Ed_Page);
+    }
+    if (!May_Cut(next)) {
+        fields->Focus(next.Ue_Mrg_Val > room.top ? "Ue_Mrg" : "Hida_Mrg");
+        return;
     }
     shell.session.Prt = next;
     Close_Form();

@@ -6,6 +6,11 @@
 
 namespace morvane {
 
+/// The largest margins with which a report is on the sheet as a whole, mm.
+struct Margin_Room {
+    float top, left;
+};
+
 /// The page setting of a report (ページ設定): margins and copies in the session's print state, and the way to
 /// the platform's printer dialog.
 class Frm_PrtSET : public Form {
@@ -13,8 +18,9 @@ class Frm_PrtSET : public Form {
 
   public:
     /// `printer_dialog` lets the user choose a printer, with the copies to begin with; it gives the copies
-    /// chosen, or those given to it where the user cancelled.
-    Frm_PrtSET(Shell_Port& shell_port, std::function<int(int)> printer_dialog);
+    /// chosen, or those given to it where the user cancelled. Margins above `margin_room` are asked about.
+    Frm_PrtSET(Shell_Port& shell_port, std::function<int(int)> printer_dialog,
+               const Margin_Room& margin_room);
 
   private:
     void Load();
@@ -24,7 +30,10 @@ class Frm_PrtSET : public Form {
     std::uint8_t Whole(const char* name, const char* caption, std::uint8_t former);
     [[noreturn]] void Refuse(const char* name, const std::string& former, const std::string& reason);
 
+    [[nodiscard]] bool May_Cut(const Print_State& next) const;
+
     std::function<int(int)> choose_printer;
+    const Margin_Room room;
     Field_Form* fields;
 };
 

@@ -2,7 +2,6 @@
 #include "report/kekka.h"
 
 #include <array>
-#include <ctime>
 #include <string_view>
 #include <utility>
 
@@ -44,22 +43,14 @@ void Read_Zenki(const Connection& cn, int period, Kekka_Figures& kekka) {
 
 } // namespace
 
-std::string Print_Date() {
-    const std::time_t now = std::time(nullptr);
-    std::tm local{};
-    localtime_r(&now, &local);
-    std::array<char, 16> text{};
-    return {text.data(), std::strftime(text.data(), text.size(), "%Y/%m/%d", &local)};
-}
-
 Kekka_Figures Kekka_Read(const Session& session) {
     const Scenario& scenario = session.Sim_Mode == 2 ? scenario_kaizen : scenario_genjo;
     const int period = session.Syori_Ki;
     const Connection cn = Cn_Open(session);
     const Transaction reading(cn, Transaction::Purpose::Read);
     Kekka_Figures kekka;
-    kekka.heading = {session.Jigyo_Name, period, Print_Date(), session.Is_Multi() ? session.Office_Name : ""};
-    kekka.word = scenario_words[scenario.number - 1U];
+    kekka.heading = Heading_Of(session);
+    kekka.heading.word = scenario_words[scenario.number - 1U];
     Review_Figures& figures = kekka.figures;
     figures.hokkaido = session.Is_Hokkaido();
     figures.corporation = session.Is_Corporation();
@@ -83,7 +74,7 @@ Kekka_Figures Kekka_Read(const Connection& cn, Settled_Score score, Report_Headi
     kekka.heading = std::move(heading);
     kekka.heading.Jigyo_Name = score.jigyo_name;
     kekka.heading.Syori_Ki = score.period;
-    kekka.word = scenario_words[score.scenario->number - 1U];
+    kekka.heading.word = scenario_words[score.scenario->number - 1U];
     kekka.figures = std::move(score.figures);
     kekka.y = score.y;
     kekka.x2 = score.x2;

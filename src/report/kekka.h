@@ -3,6 +3,7 @@
 
 #include "calc/law_year.h"
 #include "report/prt_modset.h"
+#include "report/report_heading.h"
 #include "screens/settled_score.h"
 #include "session/session.h"
 
@@ -16,21 +17,9 @@ namespace morvane {
 /// The forms of the result report, by the law years they were made for.
 enum class Kekka_Form : std::uint8_t { Rpt_Kekka = 1, Rpt_Kekka_2011 = 2, Rpt_Kekka_2012 = 3 };
 
-/// What stands at the head of every report page.
-struct Report_Heading {
-    std::string Jigyo_Name;
-    int Syori_Ki = 0;
-    std::string print_date;  ///< year/month/day
-    std::string office_name; ///< the adviser's, empty for a firm of its own
-};
-
-/// Today as the reports print it.
-std::string Print_Date();
-
 /// The figures of the result report (結果通知書): one period in one scenario. Amounts are thousand yen.
 struct Kekka_Figures {
     Report_Heading heading;
-    std::string word; ///< of the scenario, in the title
     Review_Figures figures;
     Social_Items items;
     Y_Calc y;

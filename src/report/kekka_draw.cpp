@@ -14,12 +14,12 @@ void Draw_Head(Prt_ModSet& prt, Page_Layout& page, const Kekka_Figures& kekka) {
     constexpr float name_room = 128.0F;
     constexpr Type small = {font_p_mincho, 8.0F};
     constexpr Type small_right = {font_p_mincho, 8.0F, Align::Right};
-    constexpr Type name_type = {font_p_gothic, 12.0F};
+    constexpr Type name_type = {font_p_mincho, 13.0F};
     const Report_Heading& heading = kekka.heading;
     page.Text({left_edge, 8, 60, 12}, "印刷日：" + heading.print_date, small);
     page.Text({60, 8, right_edge, 12}, heading.office_name, small_right);
     float middle = (left_edge + right_edge) / 2;
-    prt.Prt_Text_Center("経営事項審査 シミュレーション結果（" + kekka.word + "）", middle, 12.5F,
+    prt.Prt_Text_Center("経営事項審査 シミュレーション結果（" + heading.word + "）", middle, 12.5F,
                         font_p_mincho, 15.0F);
     page.Text({left_edge, 21, name_left, 28}, "事業所名：", {font_p_mincho, 9.0F});
     const float name_width =

@@ -6,7 +6,6 @@
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
-#include <utility>
 
 namespace morvane {
 
@@ -14,38 +13,38 @@ namespace {
 
 constexpr int font_dots = 64; // any size: fonts come in whole dots only, so that the painter is scaled
 
-QFont Font_Of(Report_Face face) {
-    QFont font(QString::fromLatin1(Family_Name(face)));
+/// The font of a run, as large as the painter's scale expects.
+QFont Painter_Font(const std::string& family, Report_Face face) {
+    QFont font(QString::fromStdString(family));
     font.setStyleHint(face == Report_Face::Gothic ? QFont::SansSerif : QFont::Serif);
-    // Unhinted, so that texts are as wide as they were laid out.
+    // Unhinted, so that texts are as wide as they were laid out; the runs tell the font, not the toolkit.
     font.setHintingPreference(QFont::PreferNoHinting);
+    font.setStyleStrategy(QFont::NoFontMerging);
     font.setPixelSize(font_dots);
     return font;
 }
 
 } // namespace
 
-Painter_Target::Painter_Target(QPainter& the_painter, double dots_per_mm, std::function<void()> new_page)
-    : painter(the_painter), scale(dots_per_mm), gothic(Font_Of(Report_Face::Gothic)),
-      mincho(Font_Of(Report_Face::Mincho)), end_page(std::move(new_page)) {}
-
-void Painter_Target::Begin() {
-    if (ended && end_page) {
-        end_page();
-    }
-    ended = false;
+const QFont& Painter_Target::Font_Of(const Report_Font& font, Report_Face face) {
+    const auto found = fonts.find(&font);
+    return found != fonts.end() ? found->second
+                                : fonts.emplace(&font, Painter_Font(font.family, face)).first->second;
 }
 
 void Painter_Target::Text(const std::string& text, double x, double y, Report_Face face, double size) {
-    Begin();
     const double dots = size * mm_per_point * scale;
     const double factor = dots / font_dots;
     painter.save();
     painter.setPen(Qt::black);
-    painter.setFont(face == Report_Face::Gothic ? gothic : mincho);
     painter.translate(x * scale, y * scale + baseline * dots);
     painter.scale(factor, factor);
-    painter.drawText(QPointF(0, 0), QString::fromStdString(text));
+    QPointF place(0, 0);
+    for (const Font_Run& run : Runs_Of(text, face)) {
+        painter.setFont(Font_Of(*run.font, face));
+        painter.drawText(place, QString::fromStdString(run.drawn));
+        place.rx() += run.width * font_dots;
+    }
     painter.restore();
 }
 
@@ -59,7 +58,6 @@ void Painter_Target::Take_Pen(const Report_Pen& pen) {
 
 // Straight rules stand on whole dots, so that they are sharp and equally wide.
 void Painter_Target::Line(double x1, double y1, double x2, double y2, const Report_Pen& pen) {
-    Begin();
     Take_Pen(pen);
     painter.setRenderHint(QPainter::Antialiasing, x1 != x2 && y1 != y2);
     painter.drawLine(QPointF(std::round(x1 * scale), std::round(y1 * scale)),
@@ -67,7 +65,6 @@ void Painter_Target::Line(double x1, double y1, double x2, double y2, const Repo
 }
 
 void Painter_Target::Box(double x1, double y1, double x2, double y2, const Report_Pen& pen) {
-    Begin();
     Take_Pen(pen);
     painter.setRenderHint(QPainter::Antialiasing, false);
     painter.drawRect(QRectF(QPointF(std::round(x1 * scale), std::round(y1 * scale)),
@@ -75,7 +72,6 @@ void Painter_Target::Box(double x1, double y1, double x2, double y2, const Repor
 }
 
 void Painter_Target::Circle(double x, double y, double radius, const Report_Pen& pen) {
-    Begin();
     Take_Pen(pen);
     painter.setRenderHint(QPainter::Antialiasing, true);
     painter.drawEllipse(QPointF(x * scale, y * scale), radius * scale, radius * scale);

@@ -1,38 +1,34 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
-#include "report/print_target.h"
+#include "report/report_font.h"
 
 #include <QFont>
-#include <functional>
+#include <map>
 
 class QPainter;
 
 namespace morvane {
 
-/// Draws a report with a painter: on the preview, or page by page on a printer.
+/// Draws a page of a report with a painter, on the preview.
 class Painter_Target : public Print_Target {
   public:
-    /// `dots_per_mm` tells how many of the painter's units make a millimetre; `new_page` ends a page of the
-    /// device (none: there is one page only).
-    Painter_Target(QPainter& the_painter, double dots_per_mm, std::function<void()> new_page = {});
+    /// `dots_per_mm` tells how many of the painter's units make a millimetre.
+    Painter_Target(QPainter& the_painter, double dots_per_mm) : painter(the_painter), scale(dots_per_mm) {}
 
     void Text(const std::string& text, double x, double y, Report_Face face, double size) override;
     void Line(double x1, double y1, double x2, double y2, const Report_Pen& pen) override;
     void Box(double x1, double y1, double x2, double y2, const Report_Pen& pen) override;
     void Circle(double x, double y, double radius, const Report_Pen& pen) override;
-    void Page_End() override { ended = true; }
+    void Page_End() override {}
 
   private:
-    void Begin();
+    const QFont& Font_Of(const Report_Font& font, Report_Face face);
     void Take_Pen(const Report_Pen& pen);
 
     QPainter& painter;
     double scale;
-    QFont gothic;
-    QFont mincho;
-    std::function<void()> end_page;
-    bool ended = false; ///< the next operation begins a page
+    std::map<const Report_Font*, QFont> fonts; ///< as the painter has them
 };
 
 } // namespace morvane

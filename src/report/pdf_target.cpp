@@ -7,6 +7,7 @@
 #include <cairo-pdf.h>
 #include <numbers>
 #include <stdexcept>
+#include <string_view>
 #include <utility>
 
 namespace morvane {
@@ -20,13 +21,34 @@ cairo_status_t Take(void* closure, const unsigned char* data, unsigned int lengt
     return CAIRO_STATUS_SUCCESS;
 }
 
+/// Names the language of the texts, for programs that read them aloud, which the library has no way to. The
+/// catalogue is the last object of the file, so that of all places only that of the table of objects moves.
+void Tell_Language(std::string& pdf) {
+    constexpr std::string_view catalogue = "/Type /Catalog\n";
+    constexpr std::string_view language = "   /Lang (ja-JP)\n";
+    constexpr std::string_view start = "startxref\n";
+    const std::size_t place = pdf.rfind(catalogue);
+    const std::size_t table = pdf.rfind("\nxref\n");
+    const std::size_t told = pdf.rfind(start);
+    if (place == std::string::npos || table == std::string::npos || told == std::string::npos ||
+        pdf.find(" obj\n", place) < table) {
+        return;
+    }
+    const std::size_t digits = told + start.size();
+    pdf.replace(digits, pdf.find('\n', digits) - digits, std::to_string(table + 1 + language.size()));
+    pdf.insert(place + catalogue.size(), language);
+}
+
 } // namespace
 
-Pdf_Target::Pdf_Target(const std::string& title)
+Pdf_Target::Pdf_Target(const Pdf_Info& info)
     : surface(cairo_pdf_surface_create_for_stream(Take, &bytes, sheet_width * points_per_mm,
                                                   sheet_height * points_per_mm)),
       pen_of_page(nullptr) {
-    cairo_pdf_surface_set_metadata(surface, CAIRO_PDF_METADATA_TITLE, Drawable(title).c_str());
+    cairo_pdf_surface_set_metadata(surface, CAIRO_PDF_METADATA_TITLE, Drawable(info.title).c_str());
+    if (!info.author.empty()) {
+        cairo_pdf_surface_set_metadata(surface, CAIRO_PDF_METADATA_AUTHOR, Drawable(info.author).c_str());
+    }
     cairo_pdf_surface_set_metadata(surface, CAIRO_PDF_METADATA_CREATOR, "Morvane");
     pen_of_page = cairo_create(surface);
     cairo_scale(pen_of_page, points_per_mm, points_per_mm);
@@ -46,11 +68,29 @@ void Pdf_Target::Begin() {
 
 void Pdf_Target::Text(const std::string& text, double x, double y, Report_Face face, double size) {
     Begin();
+    const double em = size * mm_per_point;
+    const double line = y + baseline * em;
     cairo_set_source_rgb(pen_of_page, 0, 0, 0);
-    cairo_set_font_face(pen_of_page, Font_Face_Of(face));
-    cairo_set_font_size(pen_of_page, size * mm_per_point);
-    cairo_move_to(pen_of_page, x, y + baseline * size * mm_per_point);
-    cairo_show_text(pen_of_page, text.c_str());
+    for (const Font_Run& run : Runs_Of(text, face)) {
+        cairo_set_font_face(pen_of_page, run.font->face);
+        cairo_set_font_size(pen_of_page, em);
+        Show(run, x, line, em);
+        x += run.width * em;
+    }
+}
+
+/// The glyphs of a run with the letters that they stand for, so that the text can be searched.
+void Pdf_Target::Show(const Font_Run& run, double x, double y, double em) {
+    std::vector<cairo_glyph_t> glyphs;
+    std::vector<cairo_text_cluster_t> clusters;
+    for (const Run_Glyph& glyph : run.glyphs) {
+        glyphs.push_back({glyph.index, x, y});
+        clusters.push_back({static_cast<int>(glyph.bytes), 1});
+        x += glyph.advance * em;
+    }
+    cairo_show_text_glyphs(pen_of_page, run.text.c_str(), static_cast<int>(run.text.size()), glyphs.data(),
+                           static_cast<int>(glyphs.size()), clusters.data(),
+                           static_cast<int>(clusters.size()), static_cast<cairo_text_cluster_flags_t>(0));
 }
 
 void Pdf_Target::Stroke(const Report_Pen& pen) {
@@ -93,6 +133,7 @@ std::string Pdf_Target::Finish() {
                                      cairo_status_to_string(status) + "）。");
         }
     }
+    Tell_Language(bytes);
     return std::move(bytes);
 }
 

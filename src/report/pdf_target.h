@@ -10,10 +10,18 @@ typedef struct _cairo_surface cairo_surface_t; // NOLINT(modernize-use-using)
 
 namespace morvane {
 
+struct Font_Run;
+
+/// What a PDF file tells of itself.
+struct Pdf_Info {
+    std::string title;
+    std::string author; ///< empty: none is named
+};
+
 /// A PDF file of A4 sheets with the fonts embedded and the texts as texts.
 class Pdf_Target : public Print_Target {
   public:
-    explicit Pdf_Target(const std::string& title);
+    explicit Pdf_Target(const Pdf_Info& info);
     ~Pdf_Target() override;
 
     void Text(const std::string& text, double x, double y, Report_Face face, double size) override;
@@ -28,6 +36,7 @@ class Pdf_Target : public Print_Target {
 
   private:
     void Begin();
+    void Show(const Font_Run& run, double x, double y, double em);
     void Stroke(const Report_Pen& pen);
 
     std::string bytes;

@@ -4,11 +4,20 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace morvane {
 
 /// The two families that stand for the fonts of the reports.
 enum class Report_Face : std::uint8_t { Gothic, Mincho };
+
+/// A character of a text, with the selector that asks for a variant of its shape (0 none).
+struct Letter {
+    char32_t character = 0;
+    char32_t variant = 0;
+
+    friend bool operator==(const Letter&, const Letter&) = default;
+};
 
 /// A line of a report: width in dots, style (0 solid, 1 dashes, 2 dots), colour 0xBBGGRR.
 struct Report_Pen {
@@ -28,8 +37,8 @@ class Print_Target {
     Print_Target& operator=(const Print_Target&) = delete;
     virtual ~Print_Target() = default;
 
-    /// The width that a character takes.
-    [[nodiscard]] virtual double Char_Width(char32_t character, Report_Face face, double size) const;
+    /// The width that a letter takes, the same on every target.
+    [[nodiscard]] static double Char_Width(const Letter& letter, Report_Face face, double size);
 
     /// A text with its left end at x and its top at y: the baseline is `baseline` of its size below.
     virtual void Text(const std::string& text, double x, double y, Report_Face face, double size) = 0;
@@ -48,13 +57,15 @@ class Print_Target {
     static constexpr double sheet_height = 297.0;
 };
 
-/// The characters of a UTF-8 text; what is none, and control characters, become blanks.
-std::u32string Characters_Of(std::string_view text);
+/// The letters of a UTF-8 text; what is none, and control characters, become blanks. Characters that draw
+/// nothing (joiners, marks of direction and order) go; a voicing mark behind its kana becomes one letter with
+/// it.
+std::vector<Letter> Letters_Of(std::string_view text);
 
-/// One character as UTF-8.
-std::string Utf8_Of(char32_t character);
+/// One letter as UTF-8, its selector behind it.
+std::string Utf8_Of(const Letter& letter);
 
-/// The text as it can be drawn: valid UTF-8 without control characters.
+/// The text as it can be drawn: valid UTF-8 of letters.
 std::string Drawable(std::string_view text);
 
 } // namespace morvane

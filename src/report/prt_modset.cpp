@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "report/prt_modset.h"
 
+#include "report/report_font.h"
+
 #include <algorithm>
 #include <string_view>
 
@@ -19,15 +21,26 @@ Report_Face Face_Of(std::string_view font) {
 float Prt_ModSet::Width_Of(const std::string& text, const char* font, float size) const {
     const Report_Face face = Face_Of(font);
     double sum = 0.0;
-    for (const char32_t character : Characters_Of(text)) {
-        sum += target.Char_Width(character, face, size);
+    for (const Letter& letter : Letters_Of(text)) {
+        sum += Print_Target::Char_Width(letter, face, size);
     }
     return static_cast<float>(sum);
 }
 
 void Prt_ModSet::Prt_Text(const std::string& text, float x, float y, const char* font, float size) {
-    if (!text.empty()) {
-        target.Text(Drawable(text), X(x), Y(y), Face_Of(font), size * state.Prt_Scale);
+    const std::string drawable = Drawable(text);
+    if (!drawable.empty()) {
+        Note_Missing(drawable, Face_Of(font));
+        target.Text(drawable, X(x), Y(y), Face_Of(font), size * state.Prt_Scale);
+    }
+}
+
+void Prt_ModSet::Note_Missing(const std::string& text, Report_Face face) {
+    for (const Letter& letter : Letters_Of(text)) {
+        if (!Is_In_A_Font(letter, face) &&
+            std::find(missing.begin(), missing.end(), letter) == missing.end()) {
+            missing.push_back(letter);
+        }
     }
 }
 
@@ -43,15 +56,16 @@ void Prt_ModSet::Prt_Text_Right(const std::string& text, float& x, float y, cons
 
 void Prt_ModSet::Prt_Text_Wide(const std::string& text, float x1, float x2, float y, const char* font,
                                float size) {
-    const std::u32string characters = Characters_Of(text).substr(0, most_spread);
-    if (characters.size() == 1) {
+    const std::vector<Letter> letters = Letters_Of(text);
+    const std::size_t count = std::min(letters.size(), most_spread);
+    if (count == 1) {
         float middle = (x1 + x2) / 2;
         Prt_Text_Center(text, middle, y, font, size);
         return;
     }
-    for (std::size_t i = 0; i < characters.size(); ++i) {
-        const float pitch = (x2 - x1) / static_cast<float>(characters.size() - 1);
-        Prt_Text(Utf8_Of(characters[i]), x1 + static_cast<float>(i) * pitch, y, font, size);
+    for (std::size_t i = 0; i < count; ++i) {
+        const float pitch = (x2 - x1) / static_cast<float>(count - 1);
+        Prt_Text(Utf8_Of(letters[i]), x1 + static_cast<float>(i) * pitch, y, font, size);
     }
 }
 

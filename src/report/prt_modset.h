@@ -48,6 +48,9 @@ class Prt_ModSet {
     /// Ends a page; what follows is drawn on the next one.
     void Prt_Page_End() { target.Page_End(); }
 
+    /// The letters drawn so far that no font of this machine has, each once; 〓 stands for them.
+    [[nodiscard]] const std::vector<Letter>& Missing() const { return missing; }
+
     /// The width of a text as Prt_Text_Center measures it, in millimetres before the scale.
     [[nodiscard]] float Width_Of(const std::string& text, const char* font, float size) const;
 
@@ -55,9 +58,11 @@ class Prt_ModSet {
     [[nodiscard]] float X(float x) const { return state.Prt_Scale * x + state.Prt_Left; }
     [[nodiscard]] float Y(float y) const { return state.Prt_Scale * y + state.Prt_Top; }
     void Take_Width(std::int16_t& width) const;
+    void Note_Missing(const std::string& text, Report_Face face);
 
     const Print_State& state;
     Print_Target& target;
+    std::vector<Letter> missing;
 };
 
 } // namespace morvane

@@ -14,9 +14,8 @@ constexpr int upright = 1;
 
 template <Kekka_Form Form>
 Rpt_Draw Read_Kekka(const Session& session) {
-    return [kekka = std::make_shared<const Kekka_Figures>(Kekka_Read(session))](Prt_ModSet& prt) {
-        Draw_Kekka(prt, *kekka, Form);
-    };
+    auto kekka = std::make_shared<const Kekka_Figures>(Kekka_Read(session));
+    return {kekka->heading, [kekka](Prt_ModSet& prt) { Draw_Kekka(prt, *kekka, Form); }};
 }
 
 // Number 35 came with the revision of 2011: stores from before it lack the row, whichever of the two newer
@@ -69,6 +68,11 @@ std::optional<Kekka_Form> Kekka_Form_Of(std::string_view name) {
         }
     }
     return std::nullopt;
+}
+
+Pdf_Info Pdf_Info_Of(const Report_Row& report, const Report_Heading& heading) {
+    return {Document_Title(report.window_title, heading),
+            heading.office_name.empty() ? heading.Jigyo_Name : heading.office_name};
 }
 
 Sheet_Size Load_Report_Info(const Connection& cn, const Report_Row& report, Print_State& print_state) {

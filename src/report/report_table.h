@@ -2,6 +2,7 @@
 #pragma once
 
 #include "report/kekka.h"
+#include "report/pdf_target.h"
 #include "report/prt_modset.h"
 
 #include <functional>
@@ -10,8 +11,11 @@
 
 namespace morvane {
 
-/// Draws a whole report on the target behind the operations; holds the figures that were read for it.
-using Rpt_Draw = std::function<void(Prt_ModSet&)>;
+/// A report with its figures: draws the whole of it on the target behind the operations.
+struct Rpt_Draw {
+    Report_Heading heading;
+    std::function<void(Prt_ModSet&)> draw;
+};
 
 /// A report: its form, the row of its margins, how its figures are read for the company in hand.
 struct Report_Row {
@@ -32,6 +36,10 @@ const Report_Row* Find_Report(std::string_view name);
 
 /// The form of the result report that a name means; empty for another report.
 std::optional<Kekka_Form> Kekka_Form_Of(std::string_view name);
+
+/// What the PDF file of a report tells of itself: its title, and as its author who made it, the office or the
+/// firm itself.
+Pdf_Info Pdf_Info_Of(const Report_Row& report, const Report_Heading& heading);
 
 /// 用紙幅 and 用紙高 of a report, millimetres.
 struct Sheet_Size {

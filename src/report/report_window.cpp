@@ -1,28 +1,30 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "report/report_window.h"
 
+#include "data/output_file.h"
 #include "data/store_error.h"
-#include "data/store_file.h"
 #include "report/frm_prtset.h"
-#include "report/painter_target.h"
 #include "report/pdf_target.h"
+#include "report/print_watch.h"
 #include "session/boxes.h"
 #include "widgets/theme.h"
 
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPageSize>
-#include <QPainter>
 #include <QPrintDialog>
+#include <QPrintEngine>
 #include <QPrinter>
-#include <QPrinterInfo>
 #include <QPushButton>
 #include <QStandardPaths>
 #include <QVBoxLayout>
-#include <stdexcept>
+#include <cmath>
+#include <utility>
+#include <variant>
 
 namespace morvane {
 
@@ -32,12 +34,6 @@ constexpr float least_scale = 0.25F;
 constexpr float largest_scale = 1.5F;
 constexpr float scale_step = 0.25F;
 constexpr const char* paper_note = "［頁設定］の用紙ｻｲｽﾞ・印刷の向きは、指定に関わらず「A4、縦」となります。";
-
-/// The printer does not take the report.
-class Printer_Failure : public std::runtime_error {
-  public:
-    Printer_Failure() : std::runtime_error("the printer failed") {}
-};
 
 /// While it lives the report is drawn in its own size with full lines; then the preview's state is back.
 class On_Paper {
@@ -58,32 +54,70 @@ class On_Paper {
     float scale;
 };
 
-/// Whether a report can be sent: to a queue that is there, or into the file that the user named instead.
-bool Is_Ready(const QPrinter& printer) {
-    if (printer.outputFormat() == QPrinter::PdfFormat) {
-        return !printer.outputFileName().isEmpty();
-    }
-    return printer.isValid() && !QPrinterInfo::printerInfo(printer.printerName()).isNull();
+/// The folder of the last PDF of this run of the program, at first that of the user's documents.
+QString& Pdf_Folder() {
+    static QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return folder;
 }
 
-QString File_Name_Of(const QString& title, const Session& session) {
-    QString name = title + QLatin1Char('_') + QString::fromStdString(session.Jigyo_Name) +
-                   QStringLiteral("_第%1期.pdf").arg(session.Syori_Ki);
-    for (QChar& c : name) {
-        c = QStringLiteral("\\/:*?\"<>|").contains(c) ? QLatin1Char('_') : c;
+/// How far the ink of a sheet reaches.
+struct Extent {
+    double right = 0, bottom = 0;
+
+    void Reach(double x, double y) {
+        right = std::max(right, x);
+        bottom = std::max(bottom, y);
     }
-    return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation) + QLatin1Char('/') + name;
+    void operator()(const Drawn_Text& text) {
+        double width = 0;
+        for (const Letter& letter : Letters_Of(text.text)) {
+            width += Print_Target::Char_Width(letter, text.face, text.size);
+        }
+        Reach(text.x + width, text.y + text.size * Print_Target::mm_per_point);
+    }
+    void operator()(const Drawn_Line& line) { Reach(std::max(line.x1, line.x2), std::max(line.y1, line.y2)); }
+    void operator()(const Drawn_Box& box) { Reach(std::max(box.x1, box.x2), std::max(box.y1, box.y2)); }
+    void operator()(const Drawn_Circle& circle) { Reach(circle.x + circle.radius, circle.y + circle.radius); }
+};
+
+/// How the printer dialog set the printer, in the words of the printing system.
+Print_Options Options_Of(const QPrinter& printer, int copies) {
+    Print_Options options;
+    // What the dialog keeps for CUPS: names and values in turn, under a key of the toolkit's own.
+    constexpr auto cups_options = QPrintEngine::PrintEnginePropertyKey(0xfe00);
+    const QStringList set = printer.printEngine()->property(cups_options).toStringList();
+    for (qsizetype i = 0; i + 1 < set.size(); i += 2) {
+        options.emplace_back(set[i].toStdString(), set[i + 1].toStdString());
+    }
+    switch (printer.duplex()) {
+    case QPrinter::DuplexNone:
+        options.emplace_back("sides", "one-sided");
+        break;
+    case QPrinter::DuplexLongSide:
+        options.emplace_back("sides", "two-sided-long-edge");
+        break;
+    case QPrinter::DuplexShortSide:
+        options.emplace_back("sides", "two-sided-short-edge");
+        break;
+    default:
+        break;
+    }
+    options.emplace_back("copies", std::to_string(copies));
+    options.emplace_back("media", "iso_a4_210x297mm");
+    options.emplace_back("print-scaling", "none"); // a millimetre is a millimetre
+    return options;
 }
 
 } // namespace
 
 Report_Window::Report_Window(Shell_Port& shell_port, const Report_Row& report_row)
     : Form(shell_port, QString::fromUtf8(report_row.name), QString::fromUtf8(report_row.window_title)),
-      report(report_row), prt(shell_port.session.Prt), view(new Sheet_View), scale_label(new QLabel),
-      page_label(new QLabel) {
+      report(report_row), prt(shell_port.session.Prt), notice(new QLabel), view(new Sheet_View),
+      status(new QLabel), scale_label(new QLabel), page_label(new QLabel) {
     choose_pdf_file = [this](const QString& suggested) {
         return QFileDialog::getSaveFileName(this, QStringLiteral("PDF保存"), suggested,
-                                            QStringLiteral("PDF (*.pdf)"));
+                                            QStringLiteral("PDF (*.pdf)"), nullptr,
+                                            QFileDialog::DontConfirmOverwrite);
     };
     paper = Load_Report_Info(Cn_Open(shell.session), report, prt);
     draw = report.read(shell.session);
@@ -101,7 +135,17 @@ void Report_Window::Lay_Out() {
                       .arg(shell.session.Syori_Ki));
     body->setContentsMargins(0, 0, 0, 0);
     body->setSpacing(0);
+    const auto add_line = [this](QLabel* label, const char* name, const char* look) {
+        label->setObjectName(QString::fromLatin1(name));
+        theme::Set_Look(label, look);
+        label->setContentsMargins(16, 4, 16, 4);
+        label->setWordWrap(true);
+        label->hide();
+        body->addWidget(label);
+    };
+    add_line(notice, "Lbl_Notice", "notice");
     body->addWidget(view, 1);
+    add_line(status, "Lbl_Status", "done");
     auto* note = new QLabel(QString::fromUtf8(paper_note));
     note->setObjectName(QStringLiteral("Label1"));
     theme::Set_Look(note, "muted");
@@ -144,9 +188,48 @@ void Report_Window::Lay_Out() {
 void Report_Window::Draw() {
     preview.Clear();
     Prt_ModSet operations(prt, preview);
-    draw(operations);
+    draw.draw(operations);
+    missing = Missing_Notice(operations.Missing());
     page = std::min(page, preview.Pages().size() - 1);
     Show_Page();
+    Show_Notice();
+}
+
+/// Says above the sheet what will not be on paper as it should, before it is printed.
+void Report_Window::Show_Notice() {
+    const Margin_Room room = Room();
+    QStringList lines;
+    if (!missing.empty()) {
+        lines << QString::fromStdString(missing);
+    }
+    if (prt.Prt_Top > room.top || prt.Prt_Left > room.left) {
+        lines << QStringLiteral("余白が大きいため、用紙からはみ出す部分は印刷されません。");
+    }
+    notice->setText(lines.join(QLatin1Char('\n')));
+    notice->setVisible(!lines.isEmpty());
+}
+
+void Report_Window::Say(const QString& text) {
+    status->setText(text);
+    status->setVisible(!text.isEmpty());
+}
+
+/// How far the margins may grow before the report leaves the sheet.
+Margin_Room Report_Window::Room() {
+    Print_State plain;
+    plain.Prt_Doing = true;
+    Recorded_Sheet sheet;
+    Prt_ModSet operations(plain, sheet);
+    draw.draw(operations);
+    Extent extent;
+    for (const auto& drawn_page : sheet.Pages()) {
+        for (const Drawn& drawn : drawn_page) {
+            std::visit(extent, drawn);
+        }
+    }
+    const auto tenths = [](double mm) { return static_cast<float>(std::floor(mm * 10) / 10); };
+    return {tenths(Print_Target::sheet_height - extent.bottom),
+            tenths(Print_Target::sheet_width - extent.right)};
 }
 
 void Report_Window::Show_Page() {
@@ -206,7 +289,7 @@ void Report_Window::Set_Paper() {
     own_printer->setFullPage(true);
     if (!own_printer->setPageSize(QPageSize(QPageSize::A4)) ||
         !own_printer->setPageOrientation(QPageLayout::Portrait)) {
-        throw Printer_Failure();
+        throw Print_Failure("");
     }
 }
 
@@ -225,30 +308,20 @@ int Report_Window::CommonDialog1(int copies) {
     return dialog.exec() == QDialog::Accepted ? printer.copyCount() : copies;
 }
 
-void Report_Window::Draw_On_Paper(Print_Target& target) {
+/// The report as it is printed, as a PDF document: paper and files come from the same drawing.
+std::string Report_Window::Pdf() {
+    const On_Paper on_paper(prt);
+    Pdf_Target target(Pdf_Info_Of(report, draw.heading));
     Prt_ModSet operations(prt, target);
-    draw(operations);
+    draw.draw(operations);
+    return target.Finish();
 }
 
-void Report_Window::Print_On(QPrinter& printer) {
-    Set_Paper();
-    printer.setCopyCount(prt.Prt_Busu);
-    if (!Is_Ready(printer)) {
-        throw Printer_Failure();
-    }
-    QPainter painter;
-    if (!painter.begin(&printer)) {
-        throw Printer_Failure();
-    }
-    Painter_Target target(painter, Print_Target::dots_per_inch / Print_Target::mm_per_inch, [&printer] {
-        if (!printer.newPage()) {
-            throw Printer_Failure();
-        }
-    });
-    Draw_On_Paper(target);
-    if (!painter.end() || printer.printerState() == QPrinter::Error) {
-        throw Printer_Failure();
-    }
+bool Report_Window::May_Write(const QString& file) {
+    const QFileInfo info(file);
+    return !info.exists() ||
+           Ask(shell.session, "PDF保存",
+               "「" + info.fileName().toStdString() + "」は既にあります。\n上書きしてもよろしいですか？");
 }
 
 namespace {
@@ -261,13 +334,14 @@ void Tell_Printer_Failure(const Session& session) {
 
 void Report_Window::Pg_Set() {
     try {
-        Frm_PrtSET setting(shell, [this](int copies) { return CommonDialog1(copies); });
+        Frm_PrtSET setting(
+            shell, [this](int copies) { return CommonDialog1(copies); }, Room());
         setting.setParent(this, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                                     Qt::WindowCloseButtonHint);
         setting.exec();
         Printer();
         Set_Paper();
-    } catch (const Printer_Failure&) {
+    } catch (const Print_Failure&) {
         Tell_Printer_Failure(shell.session);
     }
     prt.Prt_Top = prt.Ue_Mrg_Val;
@@ -276,32 +350,78 @@ void Report_Window::Pg_Set() {
 }
 
 void Report_Window::Prt_Exe() {
+    Say({});
     try {
-        const On_Paper on_paper(prt);
-        Print_On(Printer());
-    } catch (const Printer_Failure&) {
+        QPrinter& printer = Printer();
+        Set_Paper();
+        if (printer.outputFormat() == QPrinter::PdfFormat) {
+            Print_To_File(printer.outputFileName());
+        } else {
+            Print_On(printer);
+        }
+    } catch (const Print_Failure& failure) {
+        Say(QString::fromUtf8(failure.what()));
         Tell_Printer_Failure(shell.session);
     }
 }
 
-void Report_Window::Pdf_Save() {
-    QString file = choose_pdf_file(File_Name_Of(windowTitle(), shell.session));
+/// The printer dialog offers a file in the place of a printer.
+void Report_Window::Print_To_File(const QString& file) {
     if (file.isEmpty()) {
+        throw Print_Failure("出力先のファイルが指定されていません。");
+    }
+    if (!May_Write(file)) {
         return;
     }
-    if (!file.endsWith(QLatin1String(".pdf"), Qt::CaseInsensitive)) {
-        file += QLatin1String(".pdf");
-    }
-    Pdf_Target target(windowTitle().toStdString() + " " + shell.session.Jigyo_Name);
-    {
-        const On_Paper on_paper(prt);
-        Draw_On_Paper(target);
-    }
     try {
-        Write_Text_File(file.toStdString(), target.Finish());
+        Write_Output(file.toStdString(), Pdf());
+    } catch (const Store_Error& error) {
+        throw Print_Failure(error.what());
+    }
+    Say(QStringLiteral("「%1」に出力しました。").arg(file));
+}
+
+void Report_Window::Print_On(const QPrinter& printer) {
+    const QString queue = printer.printerName();
+    if (queue.isEmpty()) {
+        throw Print_Failure("プリンタがありません。");
+    }
+    Print_Job job = Send_To_Queue(queue.toStdString(), Document_Title(report.window_title, draw.heading),
+                                  Pdf(), Options_Of(printer, prt.Prt_Busu));
+    Say(QStringLiteral("プリンタ「%1」に送りました（受付番号 %2）。").arg(queue).arg(job.id));
+    Follow(std::move(job));
+}
+
+/// What becomes of the document is told where this window has been closed, too.
+void Report_Window::Follow(Print_Job job) {
+    QObject* teller = shell.Window() != nullptr ? static_cast<QObject*>(shell.Window()) : this;
+    auto* watch = new Print_Watch(std::move(job), teller);
+    connect(watch, &Print_Watch::Said, this, &Report_Window::Say);
+    connect(watch, &Print_Watch::Failed, this, &Report_Window::Say);
+    connect(watch, &Print_Watch::Failed, teller,
+            [&port = shell] { port.Guard([&port] { Tell_Printer_Failure(port.session); }); });
+}
+
+void Report_Window::Pdf_Save() {
+    QString file = Pdf_Folder() + QLatin1Char('/') +
+                   QString::fromStdString(Pdf_File_Name(report.window_title, draw.heading));
+    do {
+        file = choose_pdf_file(file);
+        if (file.isEmpty()) {
+            return;
+        }
+        if (!file.endsWith(QLatin1String(".pdf"), Qt::CaseInsensitive)) {
+            file += QLatin1String(".pdf");
+        }
+    } while (!May_Write(file));
+    try {
+        Write_Output(file.toStdString(), Pdf());
     } catch (const Store_Error& error) {
         Tell(shell.session, "PDF保存エラー", std::string("PDFを保存できませんでした。\n") + error.what());
+        return;
     }
+    Pdf_Folder() = QFileInfo(file).absolutePath();
+    Say(QStringLiteral("「%1」に保存しました。").arg(file));
 }
 
 // ---- the end

@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
+#include "report/frm_prtset.h"
+#include "report/print_queue.h"
 #include "report/recorded_sheet.h"
 #include "report/report_table.h"
 #include "report/sheet_view.h"
@@ -28,7 +30,8 @@ class Report_Window : public Form {
     /// The printer in use: the system's own until another one is chosen.
     QPrinter& Printer();
 
-    /// Asks for the file of a PDF, with a name to begin with; an empty one cancels. Tests put their own here.
+    /// Asks for the file of a PDF, with a name to begin with; an empty one cancels. Whether a file that is
+    /// there may be overwritten is asked behind it. Tests put their own here.
     std::function<QString(const QString&)> choose_pdf_file;
 
     [[nodiscard]] const Recorded_Sheet& Preview() const { return preview; }
@@ -49,8 +52,14 @@ class Report_Window : public Form {
     void Pg_Set();
     void Prt_Exe();
     void Pdf_Save();
-    void Draw_On_Paper(Print_Target& target);
-    void Print_On(QPrinter& printer);
+    [[nodiscard]] std::string Pdf();
+    [[nodiscard]] bool May_Write(const QString& file);
+    void Print_To_File(const QString& file);
+    void Print_On(const QPrinter& printer);
+    void Follow(Print_Job job);
+    [[nodiscard]] Margin_Room Room();
+    void Say(const QString& text);
+    void Show_Notice();
     int CommonDialog1(int copies);
     void Set_Paper();
 
@@ -60,8 +69,11 @@ class Report_Window : public Form {
     Sheet_Size paper; ///< of the preview
     std::size_t page = 0;
     Recorded_Sheet preview;
+    std::string missing; ///< notice of letters that no font has
     std::unique_ptr<QPrinter> own_printer;
+    QLabel* notice; ///< what will not be printed as it should; hidden while there is nothing to say
     Sheet_View* view;
+    QLabel* status; ///< where the last print or PDF went
     QLabel* scale_label;
     QLabel* page_label;
     QPushButton* former_page;

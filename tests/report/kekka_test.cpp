@@ -29,8 +29,8 @@ std::vector<Box_Of_Text> Texts_Of(const Recorded_Sheet& sheet) {
     for (const Drawn& drawn : sheet.Pages().front()) {
         if (const auto* text = std::get_if<Drawn_Text>(&drawn)) {
             double width = 0;
-            for (const char32_t character : Characters_Of(text->text)) {
-                width += sheet.Char_Width(character, text->face, text->size);
+            for (const Letter& letter : Letters_Of(text->text)) {
+                width += Print_Target::Char_Width(letter, text->face, text->size);
             }
             boxes.push_back({text->text, text->x, text->y, text->x + width,
                              text->y + text->size * Print_Target::mm_per_point, text->size});
@@ -308,8 +308,7 @@ Kekka_Figures Longest_Figures(int law) {
     for (int i = 0; i < 40; ++i) {
         name += "鑑";
     }
-    kekka.heading = {name, 999, "2026/12/31", name};
-    kekka.word = "改善前";
+    kekka.heading = {name, 999, "改善前", "2026/12/31", name};
     for (Work_Line& line : kekka.figures.works) {
         for (Figure* figure : {&line.Kijun, &line.Zheikin, &line.Nheikin, &line.Mkijun, &line.Mzheikin,
                                &line.Mnheikin, &line.P, &line.X1, &line.Zi, &line.Zro, &line.Z}) {

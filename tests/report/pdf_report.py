@@ -8,6 +8,7 @@ import re
 import subprocess
 import sys
 import tempfile
+import zlib
 
 PROGRAM = sys.argv[1]
 CODES = "010 011 020 030 040 050 051 060 070 080 090 100 110 111 120 130 140 150 160 170 180 190 200 210 220 230 240 " \
@@ -25,10 +26,34 @@ def run(*arguments, status=0):
     return done.stdout if status == 0 else done.stderr
 
 
-def text_of(file):
-    for line in run("pdffonts", file).splitlines()[2:]:
-        expect(re.search(r"IPAex(Gothic|Mincho)", line) and line.split()[-5:-2] == ["yes", "yes", "yes"],
+def expect_no_empty_box(file):
+    """No glyph 0, the empty box of a font, is drawn: codes of two bytes are places in the font as embedded."""
+    shown = 0
+    data = file.read_bytes()
+    for start in re.finditer(rb"(?<!end)stream\r?\n", data):
+        try:
+            content = zlib.decompressobj().decompress(data[start.end():])
+        except zlib.error:
+            continue
+        if not re.search(rb" Tf\b", content):
+            continue
+        for codes in re.findall(rb"<([0-9a-f]+)>(?:Tj|[^\]<]*[<\]])", content):
+            codes = [codes[i:i + 4] for i in range(0, len(codes), 4)]
+            expect(b"0000" not in codes, f"{file}: an empty box is drawn")
+            shown += len(codes)
+    expect(shown > 100, f"{file}: no texts found")
+
+
+def text_of(file, other_fonts=0):
+    fonts = run("pdffonts", file).splitlines()[2:]
+    for line in fonts:
+        expect(line.split()[-5:-2] == ["yes", "yes", "yes"],
                f"{file}: a font that is not embedded or has no characters: {line}")
+    expect(len([line for line in fonts if not re.search(r"IPAex(Gothic|Mincho)", line)]) == other_fonts, f"{file}: {fonts}")
+    expect_no_empty_box(file)
+    data = file.read_bytes()
+    table = int(data.rstrip().split()[-2])
+    expect(data[table:table + 5] == b"xref\n" and b"/Lang (ja-JP)" in data, f"{file}: language or place of the table")
     info = run("pdfinfo", file)
     expect(re.search(r"Pages: +1\n", info) and re.search(r"Page size: +595\.\d* x 841\.\d* pts \(A4\)", info), info)
     return run("pdftotext", "-layout", file, "-")
@@ -54,7 +79,7 @@ def expect_company(folder, company, text):
 def main(top):
     for edition in ("13", "01"):
         folder = top / edition
-        run(PROGRAM, "init", folder, "--edition", edition, "--sample")
+        run(PROGRAM, "init", folder, "--edition", edition, "--sample", "--mode", "multi")
         for scenario in ("genjo", "kaizen"):
             out = top / f"out-{edition}-{scenario}"
             run(PROGRAM, "report", folder, "--scenario", scenario, "-o", out)
@@ -71,6 +96,19 @@ def main(top):
     expect("労働福祉の状況" in text and "補佐" not in text, "the report of the law year of period 20")
     run(PROGRAM, "report", top / "13", "--company", 1, "--report", "Rpt_Kekka", "-o", one)
     expect("労働福祉の状況" in text_of(one), "a report by its name")
+
+    case = json.loads(run(PROGRAM, "export", top / "13", "--company", 1))
+    for name, other_fonts, notice in (("㈱𠮷野・葛󠄀城\u200b建設", 1, ""), ("青葉\U000f1234建設", 0, "U+F1234")):
+        case["Jigyo_mas"]["事業所名"] = name
+        (top / "name.json").write_text(json.dumps(case, ensure_ascii=False), encoding="utf-8")
+        run(PROGRAM, "import", top / "13", top / "name.json")
+        told = subprocess.run([PROGRAM, "report", top / "13", "--company", "1", "-o", one], capture_output=True,
+                              text=True, encoding="utf-8").stderr
+        expect(notice in told and bool(notice) == bool(told), f"told of {name}: {told}")
+        expect(name.replace("\u200b", "") in text_of(one, other_fonts), f"{name} cannot be searched")
+        info = run("pdfinfo", one)
+        expect(re.search(rf"Title: +結果通知書 {name} 第35期 改善前".replace("\u200b", ""), info) and
+               re.search("Author: +見本行政書士事務所", info), info)
 
     expect("フォルダを指定" in run(PROGRAM, "report", top / "13", "-o", one, status=2), "all into one file")
     expect("使い方" in run(PROGRAM, "report", top / "13", "--report", "Rpt_Nai", "-o", one, status=2), "no such report")

@@ -3,6 +3,8 @@
 
 #include "report/pdf_target.h"
 #include "report/recorded_sheet.h"
+#include "report/report_font.h"
+#include "report/report_heading.h"
 
 #include <gtest/gtest.h>
 
@@ -96,12 +98,72 @@ TEST(Prt_ModSet_Test, Texts_That_Are_None) {
                            {"a\nb\tc\x7F", "a b c "},
                            {"\xC0\x80", " "},
                            {"\xED\xA0\x80", " "},
-                           {"𠮷野", "𠮷野"}}) {
+                           {"𠮷野", "𠮷野"},
+                           {"葛\U000E0100\U000E0101城", "葛\U000E0100城"},
+                           {"\U000E0100青\u200B\u202E葉\uFEFF", "青葉"},
+                           {"か\u3099ハ\u309Aア\u3099", "がパア\u3099"}}) {
         EXPECT_EQ(Drawable(row.text), row.drawn);
-        Pdf_Target pdf(row.text);
+        Pdf_Target pdf({row.text, row.text});
         pdf.Text(Drawable(row.text), 10, 10, Report_Face::Gothic, 10);
         EXPECT_TRUE(pdf.Finish().starts_with("%PDF-"));
     }
+}
+
+// A letter that the fonts of the reports lack is drawn from another one, and as 〓 where there is none.
+TEST(Prt_ModSet_Test, Letters_Find_Their_Font) {
+    struct Row {
+        std::string text, drawn;
+        std::size_t runs;
+    };
+    const std::string nowhere = "\U000F1234";
+    for (const Row& row : {Row{"青葉", "青葉", 1},
+                           {"𠮷野", "𠮷野", 2},
+                           {"a𠮷𠮷b", "a𠮷𠮷b", 3},
+                           {"辻\U000E0101", "辻\U000E0101", 1},
+                           {"あ\U000E01EF", "あ", 1},
+                           {"青" + nowhere + "葉", "青〓葉", 1}}) {
+        SCOPED_TRACE(row.text);
+        const std::vector<Font_Run> runs = Runs_Of(row.text, Report_Face::Mincho);
+        EXPECT_EQ(runs.size(), row.runs);
+        std::string said;
+        std::string drawn;
+        double width = 0;
+        for (const Font_Run& run : runs) {
+            said += run.text;
+            drawn += run.drawn;
+            width += run.width;
+            for (const Run_Glyph& glyph : run.glyphs) {
+                EXPECT_NE(glyph.index, 0U) << "an empty box";
+            }
+        }
+        EXPECT_EQ(said, row.text);
+        EXPECT_EQ(drawn, row.drawn);
+        double measured = 0;
+        for (const Letter& letter : Letters_Of(row.text)) {
+            measured += Advance_Of(letter, Report_Face::Mincho);
+        }
+        EXPECT_DOUBLE_EQ(width, measured);
+    }
+    const Print_State state;
+    Recorded_Sheet sheet;
+    Prt_ModSet prt(state, sheet);
+    prt.Prt_Text("𠮷" + nowhere + nowhere, 0, 0, font_mincho, 10);
+    EXPECT_EQ(Missing_Notice(prt.Missing()),
+              "この装置のどのフォントにもない文字（U+F1234）を「〓」で印刷します。");
+}
+
+TEST(Prt_ModSet_Test, Names_Of_Pdf_Files) {
+    Report_Heading heading = {"㈱青葉/葉\\:*?\"<>|\n建設", 35, "改善後", "", ""};
+    EXPECT_EQ(Pdf_File_Name("結果通知書", heading), "結果通知書_㈱青葉_葉________ 建設_第35期_改善後.pdf");
+    heading.Jigyo_Name.clear();
+    for (int i = 0; i < 40; ++i) {
+        heading.Jigyo_Name += "𠮷葛\U000E0100";
+    }
+    const std::string name = Pdf_File_Name("結果通知書", heading);
+    EXPECT_LE(name.size(), 255U);
+    EXPECT_GT(name.size(), 255U - 8U);
+    EXPECT_EQ(Drawable(name), name) << "cut inside a letter";
+    EXPECT_TRUE(name.ends_with("_第35期_改善後.pdf"));
 }
 
 TEST(Prt_ModSet_Test, A_Page_Begins_With_What_Is_Drawn_Behind_Its_End) {

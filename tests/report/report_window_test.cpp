@@ -14,19 +14,24 @@
 #include <QLineEdit>
 #include <QPainter>
 #include <QPrinter>
+#include <QProcess>
 #include <QSignalSpy>
 #include <QWheelEvent>
+#include <cups/cups.h>
+#include <unistd.h>
 
 namespace morvane::tests {
 namespace {
 
 namespace fs = std::filesystem;
 
+constexpr const char* nowhere = "localhost:1"; // no printing system listens there
+
 class Report_Window_Test : public Ui_Installation {
   protected:
     Report_Window_Test() {
         // Never a sheet of paper out of the printer of the machine that tests.
-        qputenv("CUPS_SERVER", "localhost:1");
+        cupsSetServer(nowhere);
         Import_Case(session, Samples_Folder() / "sakura_setsubi.json");
         session.Work_Store = Company_Store(session, 5);
         session.Kanri_No = 5;
@@ -121,7 +126,7 @@ TEST_F(Report_Window_Test, Margins_Are_Kept_For_The_Report_Number) {
                     EXPECT_EQ(Child<QLineEdit>(dialog, "Ue_Mrg")->text(), QStringLiteral("0"));
                     Type_Into(dialog, "Busu", "0");
                     Click(dialog, "Cmd_OK");
-                    Type_Into(dialog, "Ue_Mrg", "-1a2.5");
+                    Type_Into(dialog, "Ue_Mrg", "-7a.5");
                     Type_Into(dialog, "Hida_Mrg", "3");
                     Type_Into(dialog, "Busu", "2");
                     EXPECT_EQ(dialog.findChild<QLineEdit*>("St_Page"), nullptr);
@@ -132,7 +137,7 @@ TEST_F(Report_Window_Test, Margins_Are_Kept_For_The_Report_Number) {
     EXPECT_EQ(messages.shown[0].text,
               "上余白「1.2.3」は数値ではありません。\n数字と小数点で入力してください。");
     EXPECT_EQ(messages.shown[1].text, "印刷部数は1～255で入力してください。");
-    EXPECT_EQ(session.Prt.Prt_Top, 12.5F);
+    EXPECT_EQ(session.Prt.Prt_Top, 7.5F);
     EXPECT_EQ(session.Prt.Prt_Left, 3.0F);
     EXPECT_EQ(session.Prt.Prt_Busu, 2);
     With_Dialog([&] { Click(*window, "Pg_Set"); },
@@ -140,16 +145,46 @@ TEST_F(Report_Window_Test, Margins_Are_Kept_For_The_Report_Number) {
                     Type_Into(dialog, "Ue_Mrg", "99");
                     Click(dialog, "Cmd_Can");
                 });
-    EXPECT_EQ(session.Prt.Ue_Mrg_Val, 12.5F);
+    EXPECT_EQ(session.Prt.Ue_Mrg_Val, 7.5F);
     Click(*window, "Tojiru");
     EXPECT_FALSE(window->isVisible());
     session.Prt = {};
     Open("Rpt_Kekka_2011");
-    EXPECT_EQ(session.Prt.Prt_Top, 12.5F);
+    EXPECT_EQ(session.Prt.Prt_Top, 7.5F);
     EXPECT_EQ(session.Prt.Prt_Busu, 1);
     Open("Rpt_Kekka");
     EXPECT_EQ(session.Prt.Prt_Top, 0.0F);
 }
+
+// What would leave the sheet is asked about before it is set, and told above the sheet while it is set.
+TEST_F(Report_Window_Test, Margins_That_Cut_The_Report_Are_Asked_About) {
+    auto* notice = Child<QLabel>(*window, "Lbl_Notice");
+    EXPECT_TRUE(notice->isHidden());
+    const auto set = [&](const char* left, const std::vector<Answer>& answers) {
+        messages.answers.assign(answers.begin(), answers.end());
+        With_Dialog([&] { Click(*window, "Pg_Set"); },
+                    [&](QDialog& dialog) {
+                        Type_Into(dialog, "Hida_Mrg", left);
+                        Click(dialog, "Cmd_OK");
+                        if (dialog.isVisible()) {
+                            Click(dialog, "Cmd_Can");
+                        }
+                    });
+    };
+    set("11.5", {});
+    EXPECT_TRUE(messages.shown.empty());
+    set("12.5", {Answer::No});
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(messages.shown[0].title, "ページ設定");
+    EXPECT_NE(messages.shown[0].text.find("左余白は"), std::string::npos) << messages.shown[0].text;
+    EXPECT_EQ(session.Prt.Prt_Left, 11.5F);
+    EXPECT_TRUE(notice->isHidden());
+    set("12.5", {Answer::Yes});
+    EXPECT_EQ(session.Prt.Prt_Left, 12.5F);
+    EXPECT_FALSE(notice->isHidden());
+}
+
+constexpr const char* printer_error = "ﾌﾟﾘﾝﾀｴﾗｰです。\n接続状態（電源、用紙ｻｲｽﾞ等）を確認してください。";
 
 TEST_F(Report_Window_Test, A_Printer_That_Fails_Leaves_The_Preview) {
     const fs::path file = folder.path / "printed.pdf";
@@ -175,35 +210,130 @@ TEST_F(Report_Window_Test, A_Printer_That_Fails_Leaves_The_Preview) {
         ASSERT_EQ(messages.shown.size(), row.fails ? 1U : 0U);
         if (row.fails) {
             EXPECT_EQ(messages.shown[0].title, "Sorvek");
-            EXPECT_EQ(messages.shown[0].text,
-                      "ﾌﾟﾘﾝﾀｴﾗｰです。\n接続状態（電源、用紙ｻｲｽﾞ等）を確認してください。");
+            EXPECT_EQ(messages.shown[0].text, printer_error);
         }
         EXPECT_EQ(session.Prt.Prt_Scale, 0.75F);
         EXPECT_FALSE(session.Prt.Prt_Doing);
         EXPECT_TRUE(window->isVisible());
     }
-    EXPECT_GT(fs::file_size(file), 10'000U);
+    EXPECT_NE(Read_Text_File(file).find("/Lang (ja-JP)"), std::string::npos) << "written as every PDF is";
+}
+
+// A printing system of its own, whose queues print into nothing.
+class Printing_System {
+  public:
+    explicit Printing_System(const fs::path& place) : folder(place) {
+        for (const char* name : {"spool", "cache", "state"}) {
+            fs::create_directories(folder / name);
+        }
+        const bool root = ::geteuid() == 0; // then the daemon wants a user without rights
+        Write_Text_File(folder / "cupsd.conf", "Listen " + Socket() +
+                                                   "\nBrowsing Off\nDefaultAuthType None\n"
+                                                   "<Location />\nAllow all\n</Location>\n"
+                                                   "<Policy default>\n<Limit All>\nOrder deny,allow\n"
+                                                   "</Limit>\n</Policy>\n");
+        const std::string at = folder.string();
+        Write_Text_File(folder / "cups-files.conf",
+                        "ServerRoot " + at + "\nCacheDir " + at + "/cache\nStateDir " + at +
+                            "/state\nRequestRoot " + at + "/spool\nTempDir " + at +
+                            "/spool\nFileDevice Yes\nErrorLog stderr\nAccessLog stderr\nPageLog stderr\n" +
+                            (root ? "User lp\nGroup lp\n" : ""));
+        Write_Text_File(folder / "printers.conf", Queue("Ready", "Idle", "Yes") +
+                                                      Queue("Stopped", "Stopped", "Yes") +
+                                                      Queue("Rejects", "Idle", "No"));
+        daemon.setStandardErrorFile(QProcess::nullDevice());
+        daemon.start("/usr/sbin/cupsd", {"-f", "-c", Path("cupsd.conf"), "-s", Path("cups-files.conf")});
+        daemon.waitForStarted();
+        for (int i = 0; i < 100 && !fs::exists(Socket()); ++i) {
+            QTest::qWait(50);
+        }
+        cupsSetServer(Socket().c_str());
+    }
+    ~Printing_System() {
+        cupsSetServer(nowhere);
+        daemon.terminate();
+        daemon.waitForFinished();
+    }
+
+    [[nodiscard]] bool Runs() const { return daemon.state() == QProcess::Running && fs::exists(Socket()); }
+
+  private:
+    [[nodiscard]] std::string Socket() const { return (folder / "socket").string(); }
+    [[nodiscard]] QString Path(const char* name) const { return QString::fromStdString(folder / name); }
+    static std::string Queue(const std::string& name, const std::string& state, const std::string& accepts) {
+        return "<Printer " + name + ">\nDeviceURI file:///dev/null\nState " + state + "\nAccepting " +
+               accepts + "\n</Printer>\n";
+    }
+
+    const fs::path folder;
+    QProcess daemon;
+};
+
+TEST_F(Report_Window_Test, A_Queue_Prints_Or_The_Failure_Is_Told) {
+    if (!fs::exists("/usr/sbin/cupsd")) {
+        GTEST_SKIP() << "no printing system is installed";
+    }
+    const Printing_System system(folder.path / "cups");
+    if (!system.Runs()) {
+        GTEST_SKIP() << "the printing system does not start here";
+    }
+    auto* status = Child<QLabel>(*window, "Lbl_Status");
+    for (const char* queue : {"Stopped", "Rejects"}) {
+        messages.shown.clear();
+        window->Printer().setPrinterName(QString::fromLatin1(queue));
+        Click(*window, "Prt_Exe");
+        ASSERT_EQ(messages.shown.size(), 1U) << queue;
+        EXPECT_EQ(messages.shown[0].text, printer_error);
+        EXPECT_TRUE(status->text().contains(QString::fromLatin1(queue))) << status->text().toStdString();
+    }
+    messages.shown.clear();
+    window->Printer().setPrinterName(QStringLiteral("Ready"));
+    Click(*window, "Prt_Exe");
+    EXPECT_TRUE(status->text().startsWith(QStringLiteral("プリンタ「Ready」に送りました")))
+        << status->text().toStdString();
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] { return status->text() == QStringLiteral("プリンタ「Ready」で印刷しました。"); }, 10'000))
+        << status->text().toStdString();
+    EXPECT_TRUE(messages.shown.empty());
 }
 
 TEST_F(Report_Window_Test, A_Pdf_Is_Saved_Or_The_Failure_Told) {
     const fs::path file = folder.path / "kekka.pdf";
-    QString asked;
-    window->choose_pdf_file = [&](const QString& suggested) {
-        asked = suggested;
-        return QString::fromStdString((folder.path / "kekka").string());
+    std::vector<QString> asked;
+    const auto save = [&](std::vector<std::string> files, const std::vector<Answer>& answers) {
+        asked.clear();
+        messages.shown.clear();
+        messages.answers.assign(answers.begin(), answers.end());
+        window->choose_pdf_file = [&asked, files](const QString& suggested) {
+            asked.push_back(suggested);
+            return QString::fromStdString(files.at(asked.size() - 1));
+        };
+        Click(*window, "Pdf_Save");
+        EXPECT_EQ(asked.size(), files.size());
     };
-    Click(*window, "Pdf_Save");
-    EXPECT_TRUE(asked.endsWith(QStringLiteral("結果通知書_さくら見本設備株式会社_第28期.pdf")))
-        << asked.toStdString();
+    save({folder.path / "kekka"}, {});
+    EXPECT_TRUE(asked[0].endsWith(QStringLiteral("/結果通知書_さくら見本設備株式会社_第28期_改善前.pdf")))
+        << asked[0].toStdString();
     EXPECT_TRUE(Read_Text_File(file).starts_with("%PDF-"));
     EXPECT_TRUE(messages.shown.empty());
-    window->choose_pdf_file = [](const QString&) { return QStringLiteral("/nai/kekka.pdf"); };
-    Click(*window, "Pdf_Save");
+
+    // A file that is there is overwritten only where the user says so, whether the ending was typed or not.
+    for (const char* name : {"kekka", "kekka.pdf"}) {
+        Write_Text_File(file, "先の内容");
+        save({folder.path / name, ""}, {Answer::No});
+        ASSERT_EQ(messages.shown.size(), 1U);
+        EXPECT_NE(messages.shown[0].text.find("「kekka.pdf」"), std::string::npos);
+        EXPECT_EQ(messages.shown[0].default_answer, Answer::No);
+        EXPECT_EQ(Read_Text_File(file), "先の内容");
+    }
+    save({folder.path / "kekka"}, {Answer::Yes});
+    EXPECT_TRUE(Read_Text_File(file).starts_with("%PDF-"));
+
+    save({"/nai/kekka.pdf"}, {});
     ASSERT_EQ(messages.shown.size(), 1U);
     EXPECT_EQ(messages.shown[0].title, "PDF保存エラー");
-    window->choose_pdf_file = [](const QString&) { return QString(); };
-    Click(*window, "Pdf_Save");
-    EXPECT_EQ(messages.shown.size(), 1U);
+    save({""}, {});
+    EXPECT_TRUE(messages.shown.empty());
     EXPECT_FALSE(session.Prt.Prt_Doing);
 }
 
@@ -220,10 +350,10 @@ TEST_F(Report_Window_Test, Painted_Texts_Are_As_Wide_As_Laid_Out) {
                 target.Text(text, 5, 2, face, size);
                 painter.end();
                 double laid_out = 0;
-                for (const char32_t character : Characters_Of(text)) {
-                    laid_out += target.Char_Width(character, face, size) * dots_per_mm;
+                for (const Letter& letter : Letters_Of(text)) {
+                    laid_out += Print_Target::Char_Width(letter, face, size) * dots_per_mm;
                 }
-                const double bar = target.Char_Width(U'|', face, size) * dots_per_mm;
+                const double bar = Print_Target::Char_Width({U'|'}, face, size) * dots_per_mm;
                 // From the first bar to the last one.
                 int first = image.width();
                 int last = 0;
