@@ -113,7 +113,7 @@ def main(top):
     expect("フォルダを指定" in run(PROGRAM, "report", top / "13", "-o", one, status=2), "all into one file")
     expect("使い方" in run(PROGRAM, "report", top / "13", "--report", "Rpt_Nai", "-o", one, status=2), "no such report")
     (top / "file").write_text("")
-    expect("作成できません" in run(PROGRAM, "report", top / "13", "-o", top / "file", status=2), "a file for a folder")
+    expect("フォルダを指定" in run(PROGRAM, "report", top / "13", "-o", top / "file", status=2), "a file for a folder")
     before = one.read_bytes()
     expect("77" in run(PROGRAM, "report", top / "13", "--company", 77, "-o", one, status=1), "no such company")
     expect(one.read_bytes() == before, "what failed leaves the file")
