@@ -21,6 +21,18 @@ constexpr std::size_t keijo_rieki = 11;
 constexpr std::size_t cash_flow = 12;
 constexpr std::size_t cash_flow_zenki = 13;
 
+/// Whether a statement has figures of the period before in its own lines.
+bool Has_Prior_Lines(const Statement_Figures& statement) {
+    constexpr int first_line = 800;
+    constexpr int last_line = 838;
+    for (int code = first_line; code <= last_line; ++code) {
+        if (statement.Get_Y_Kamoku(code) != 0) {
+            return true;
+        }
+    }
+    return false;
+}
+
 /// What a period before has changed no more, so that its statement as it was closed counts in every scenario.
 void Read_Zenki(const Connection& cn, int period, Kekka_Figures& kekka) {
     const Review_Figures& figures = kekka.figures;
@@ -33,7 +45,8 @@ void Read_Zenki(const Connection& cn, int period, Kekka_Figures& kekka) {
             kekka.y_zenki[i] = before.Y_Yoso[i];
         }
     }
-    if (kekka.y.has_figures) {
+    kekka.has_zenki = statement.has_rows || Has_Prior_Lines(figures.statement);
+    if (kekka.y.has_figures && kekka.has_zenki) {
         kekka.y_zenki[jiko_sihon] = figures.statement.Get_Y_Kamoku(829);
         kekka.y_zenki[so_sihon] = kekka.y.Y_Yoso[so_sihon_zenki];
         kekka.y_zenki[keijo_rieki] = kekka.y.Y_Work[0];

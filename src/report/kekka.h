@@ -25,6 +25,7 @@ struct Kekka_Figures {
     Y_Calc y;
     X2_Calc x2;
     std::array<std::optional<std::int32_t>, 14> y_zenki; ///< the elements of Y of the period before
+    bool has_zenki = false; ///< the period before has a statement, or figures of it were keyed into this one
 };
 
 /// Reads the period in hand: the stored scores, elements and works of the column that the session's Sim_Mode

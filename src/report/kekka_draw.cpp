@@ -14,7 +14,7 @@ void Draw_Head(Prt_ModSet& prt, Page_Layout& page, const Kekka_Figures& kekka) {
     constexpr float name_room = 128.0F;
     constexpr Type small = {font_p_mincho, 8.0F};
     constexpr Type small_right = {font_p_mincho, 8.0F, Align::Right};
-    constexpr Type name_type = {font_p_mincho, 13.0F};
+    constexpr Type name_type = {font_p_mincho, 12.0F};
     const Report_Heading& heading = kekka.heading;
     page.Text({left_edge, 8, 60, 12}, "印刷日：" + heading.print_date, small);
     page.Text({60, 8, right_edge, 12}, heading.office_name, small_right);

@@ -26,8 +26,8 @@ constexpr std::array<const char*, 5> josei = {"非該当", "プラチナえる�
                                               "えるぼし第2段目", "えるぼし第1段目"};
 constexpr std::array<const char*, 4> jisedai = {"非該当", "プラチナくるみん", "くるみん", "トライくるみん"};
 constexpr std::array<const char*, 2> youth = {"非該当", "ユースエール"};
-constexpr std::array<const char*, 6> rireki = {
-    "非該当", "全ての工事", "全ての公共工事", "自主宣言", "全ての工事・自主宣言", "全ての公共工事・自主宣言"};
+constexpr std::array<const char*, 6> rireki = {"非該当",   "全ての工事",       "全ての公共工事",
+                                               "自主宣言", "全工事＋自主宣言", "公共工事＋自主宣言"};
 
 using K = const Kekka_Figures&;
 

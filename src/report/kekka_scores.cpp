@@ -4,6 +4,9 @@
 #include "screens/keiei.h"
 
 #include <array>
+#include <optional>
+#include <string>
+#include <vector>
 
 namespace morvane::kekka_sheet {
 
@@ -12,22 +15,31 @@ namespace {
 constexpr float band_height = 5.0F;
 constexpr float total_height = 6.5F;
 
-/// The frame of a section: heading above, room for the score below; gives what lies between.
-Area Draw_Section(Page_Layout& page, const Area& area, const char* heading) {
+/// The heading of a section; gives the room between it and that of the score below.
+Area Draw_Heading(Page_Layout& page, const Area& area, const char* heading) {
     page.Text({area.left, area.top, area.right, area.top + band_height}, heading, heading_type);
+    return {area.left, area.top + band_height, area.right, area.bottom - total_height};
+}
+
+/// The frame of a section, over all other rules, which would notch it.
+void Draw_Frame(Page_Layout& page, const Area& area) {
     page.Thin(area.left, area.top + band_height, area.right, area.top + band_height);
     page.Thick(area.left, area.bottom - total_height, area.right, area.bottom - total_height);
     page.Thick_Box(area);
-    return {area.left, area.top + band_height, area.right, area.bottom - total_height};
 }
 
 /// One score with its label, at the foot of its section.
 void Kekka_Prev(Page_Layout& page, const Area& area, const char* letter, const std::string& score) {
     const Area foot = {area.left, area.bottom - total_height, area.right, area.bottom};
-    page.Text({foot.left + 2, foot.top, foot.left + 15, foot.bottom}, "評点",
+    page.Text({foot.left, foot.top, foot.left + 15, foot.bottom}, "評点",
               {font_p_gothic, 9.0F, Align::Spread});
-    page.Text({foot.left + 15, foot.top, foot.left + 35, foot.bottom}, letter, {font_p_gothic, 9.0F});
-    page.Text({foot.right - 30, foot.top, foot.right - 2, foot.bottom}, score, total_type);
+    page.Text({foot.left + 15, foot.top, foot.left + 35, foot.bottom}, letter, total_label_type);
+    page.Text({foot.right - 30, foot.top, foot.right, foot.bottom}, score, total_type);
+}
+
+/// An amount of a period: 0 is one, "－" stands where there is no statement.
+std::string Amount_Text(const std::optional<std::int32_t>& amount) {
+    return amount ? Figure_Text(*amount) : "－";
 }
 
 /// Pale rules between the rows of a table.
@@ -73,32 +85,51 @@ constexpr std::array<Balance_Item, 12> balance_items = {{{"固定資産", 0},
                                                          {"経常利益", 11},
                                                          {"営業CF", 12}}};
 
+/// The indicators, in two columns of four.
 void Draw_Indicators(Page_Layout& page, const Area& area, const Kekka_Figures& kekka) {
-    constexpr std::array<Table_Column, 3> columns = {
-        {{26.5F, label_type}, {12.0F, figure_type}, {0.0F, {font_p_mincho, 7.0F, Align::Left}}}};
-    const Table_Cells cells(area, columns, indicators.size());
-    Draw_Grid(page, cells, indicators.size());
-    page.Pale(cells.X(1), area.top, cells.X(1), area.bottom);
+    constexpr std::size_t rows = indicators.size() / 2;
+    const float half = area.Width() / 2;
+    const std::array<Table_Column, 6> columns = {{{half - 21.0F, label_type},
+                                                  {14.0F, score_type},
+                                                  {7.0F, label_type},
+                                                  {half - 21.0F, label_type},
+                                                  {14.0F, score_type},
+                                                  {0.0F, label_type}}};
+    const Table_Cells cells(area, columns, rows);
+    Draw_Grid(page, cells, rows);
+    for (const std::size_t column : {1U, 4U}) {
+        page.Pale(cells.X(column), area.top, cells.X(column), area.bottom);
+    }
+    page.Thin(cells.X(3), area.top, cells.X(3), area.bottom);
     for (std::size_t i = 0; i < indicators.size(); ++i) {
-        page.Text(cells.Cell(i, 0), indicators[i].label, label_type);
-        page.Text(cells.Cell(i, 1), Fixed_Str(kekka.y.Y_Kekka[i], 3), {font_p_gothic, 8.0F, Align::Right});
-        page.Text(cells.Cell(i, 2), indicators[i].unit, columns[2].type);
+        const std::size_t row = i % rows;
+        const std::size_t column = i / rows * 3;
+        const std::string figure = kekka.y.has_figures ? Fixed_Str(kekka.y.Y_Kekka[i], 3) : "－";
+        page.Text(cells.Cell(row, column), indicators[i].label, label_type);
+        page.Text(cells.Cell(row, column + 1), figure, score_type);
+        page.Text(cells.Cell(row, column + 2), indicators[i].unit, label_type);
     }
 }
 
+/// The elements of the indicators in both periods, a heading above them.
 void Draw_Balance(Page_Layout& page, const Area& area, const Kekka_Figures& kekka) {
     constexpr std::array<Table_Column, 3> columns = {
-        {{20.0F, label_type}, {15.5F, figure_type}, {0.0F, figure_type}}};
-    const Table_Cells cells(area, columns, balance_items.size());
-    Draw_Grid(page, cells, balance_items.size());
+        {{32.0F, label_type}, {32.0F, figure_type}, {0.0F, figure_type}}};
+    const Table_Cells cells(area, columns, balance_items.size() + 1);
+    Draw_Grid(page, cells, balance_items.size() + 1);
     for (const std::size_t column : {1U, 2U}) {
         page.Pale(cells.X(column), area.top, cells.X(column), area.bottom);
     }
+    page.Text(cells.Cell(0, 1), "(当期)", head_type);
+    page.Text(cells.Cell(0, 2), "(前期)", head_type);
+    page.Thin(area.left, cells.Y(1), area.right, cells.Y(1));
     for (std::size_t i = 0; i < balance_items.size(); ++i) {
         const std::size_t place = balance_items[i].place;
-        page.Text(cells.Cell(i, 0), balance_items[i].label, label_type);
-        page.Text(cells.Cell(i, 1), Figure_Text(kekka.y.Y_Yoso[place], true), figure_type);
-        page.Text(cells.Cell(i, 2), Figure_Text(kekka.y_zenki[place].value_or(0), true), figure_type);
+        const std::optional<std::int32_t> now =
+            kekka.y.has_figures ? std::optional(kekka.y.Y_Yoso[place]) : std::nullopt;
+        page.Text(cells.Cell(i + 1, 0), balance_items[i].label, label_type);
+        page.Text(cells.Cell(i + 1, 1), Amount_Text(now), figure_type);
+        page.Text(cells.Cell(i + 1, 2), Amount_Text(kekka.y_zenki[place]), figure_type);
     }
 }
 
@@ -120,13 +151,27 @@ void Draw_Social_Rules(Page_Layout& page, const Table_Cells& cells, const std::v
     }
 }
 
+/// The texts of one kind in all rows.
+std::vector<std::string> Texts_Of(const std::vector<Social_Row>& rows, std::string Social_Row::*member) {
+    std::vector<std::string> texts;
+    for (const Social_Row& row : rows) {
+        texts.push_back(row.*member);
+    }
+    return texts;
+}
+
 void Draw_Social_Rows(Page_Layout& page, const Table_Cells& cells, const std::vector<Social_Row>& rows) {
+    const auto fitted = [&](std::size_t column, std::string Social_Row::*member) {
+        return page.Fitted(cells.Cell(0, column).Width(), cells.columns[column].type, Texts_Of(rows, member));
+    };
+    const Type label = fitted(0, &Social_Row::label);
+    const Type value = fitted(1, &Social_Row::value);
+    const Type score_label = {font_p_gothic, label.size, label.align, label.padding};
     for (std::size_t i = 0; i < rows.size(); ++i) {
         const Social_Row& row = rows[i];
         const auto first = i + 1 - static_cast<std::size_t>(row.rows_of_points);
-        page.Text(cells.Cell(i, 0), row.label,
-                  row.is_score ? Type{font_p_gothic, 7.0F} : cells.columns[0].type);
-        page.Text(cells.Cell(i, 1), row.value, cells.columns[1].type);
+        page.Text(cells.Cell(i, 0), row.label, row.is_score ? score_label : label);
+        page.Text(cells.Cell(i, 1), row.value, value);
         page.Text(cells.Cells(first, 2, i, 2), row.points, row.is_score ? score_type : figure_type);
     }
     Draw_Social_Rules(page, cells, rows);
@@ -138,27 +183,28 @@ void Draw_X2(Page_Layout& page, const Kekka_Figures& kekka) {
     constexpr std::array<Table_Column, 6> columns = {{{20.0F, label_type},
                                                       {18.0F, figure_type},
                                                       {18.0F, figure_type},
-                                                      {8.5F, {font_p_mincho, 6.5F, Align::Center}},
+                                                      {8.5F, head_type},
                                                       {18.0F, figure_type},
                                                       {0.0F, score_type}}};
-    const Area inner = Draw_Section(page, x2_area, "自己資本額及び利益額");
+    const Area inner = Draw_Heading(page, x2_area, "自己資本額及び利益額");
     const Table_Cells cells(inner, columns, 3);
-    page.Thin(inner.left, cells.Y(1), inner.right, cells.Y(1));
     page.Pale(inner.left, cells.Y(2), inner.right, cells.Y(2));
     for (const std::size_t column : {1U, 2U, 3U, 5U}) {
         page.Pale(cells.X(column), inner.top, cells.X(column), inner.bottom);
     }
+    page.Thin(inner.left, cells.Y(1), inner.right, cells.Y(1));
     page.Text(cells.Cell(0, 1), "(当期)", head_type);
     page.Text(cells.Cell(0, 2), "(前期)", head_type);
     page.Text(cells.Cells(0, 3, 0, 4), "数値", {font_p_mincho, 7.0F, Align::Spread});
     page.Text(cells.Cell(0, 5), "評点", {font_p_mincho, 7.0F, Align::Spread});
 
     const X2_Calc& x2 = kekka.x2;
+    const bool has_zenki = kekka.has_zenki;
     const auto row = [&](std::size_t at, const char* label, const std::array<std::int32_t, 2>& ki,
                          const char* basis, std::int32_t used, std::int16_t score) {
         page.Text(cells.Cell(at, 0), label, label_type);
         page.Text(cells.Cell(at, 1), Figure_Text(ki[1]), figure_type);
-        page.Text(cells.Cell(at, 2), Figure_Text(ki[0]), figure_type);
+        page.Text(cells.Cell(at, 2), has_zenki ? Figure_Text(ki[0]) : "－", figure_type);
         page.Text(cells.Cell(at, 3), basis, columns[3].type);
         page.Text(cells.Cell(at, 4), Figure_Text(used), figure_type);
         page.Text(cells.Cell(at, 5), Figure_Text(score), score_type);
@@ -166,28 +212,31 @@ void Draw_X2(Page_Layout& page, const Kekka_Figures& kekka) {
     row(1, "自己資本額", x2.Jiko, x2.JikoS == 1 ? "(基準)" : "(平均)", x2.X2_Jiko_Used, x2.X2_1_Ten);
     row(2, "利益額", x2.Rieki, "(平均)", x2.X2_Rieki_Used, x2.X2_2_Ten);
     Kekka_Prev(page, x2_area, "（Ｘ2）", Figure_Text(x2.X2_Ten));
+    Draw_Frame(page, x2_area);
 }
 
 void Draw_Y(Page_Layout& page, const Kekka_Figures& kekka) {
-    constexpr float head_height = 4.5F;
-    constexpr float indicators_width = 45.5F;
-    const Area inner = Draw_Section(page, y_area, "経営状況");
-    const float middle = inner.left + indicators_width;
-    const float head = inner.top + head_height;
+    // Heading, indicators, heading, elements: rows of one height.
+    constexpr std::size_t indicator_rows = 1 + indicators.size() / 2;
+    constexpr std::size_t rows = indicator_rows + 1 + balance_items.size();
+    const Area inner = Draw_Heading(page, y_area, "経営状況");
+    const float row = inner.Height() / static_cast<float>(rows);
+    const float head = inner.top + row;
+    const float middle = inner.top + row * static_cast<float>(indicator_rows);
+    page.Text({inner.left, inner.top, inner.right, head}, "経営状況分析の指標", head_type);
+    Draw_Indicators(page, {inner.left, head, inner.right, middle}, kekka);
+    Draw_Balance(page, {inner.left, middle, inner.right, inner.bottom}, kekka);
     page.Thin(inner.left, head, inner.right, head);
-    page.Thin(middle, inner.top, middle, inner.bottom);
-    page.Text({inner.left, inner.top, middle, head}, "経営状況分析の指標", head_type);
-    page.Text({middle + 20.0F, inner.top, middle + 35.5F, head}, "(当期)", head_type);
-    page.Text({middle + 35.5F, inner.top, inner.right, head}, "(前期)", head_type);
-    Draw_Indicators(page, {inner.left, head, middle, inner.bottom}, kekka);
-    Draw_Balance(page, {middle, head, inner.right, inner.bottom}, kekka);
+    page.Thin(inner.left, middle, inner.right, middle);
     Kekka_Prev(page, y_area, "（Ｙ）", Figure_Text(kekka.y.Y_Ten));
+    Draw_Frame(page, y_area);
 }
 
 void Draw_W(Page_Layout& page, const Kekka_Figures& kekka, Kekka_Form form) {
-    constexpr std::array<Table_Column, 3> columns = {
-        {{55.0F, {font_p_mincho, 7.0F}}, {21.5F, {font_p_mincho, 7.0F, Align::Center}}, {0.0F, figure_type}}};
-    const Area inner = Draw_Section(page, w_area, "その他の審査項目（社会性等）");
+    constexpr std::array<Table_Column, 3> columns = {{{55.6F, {font_p_mincho, 7.0F, Align::Left, 0.6F}},
+                                                      {23.0F, {font_p_mincho, 7.0F, Align::Center, 0.3F}},
+                                                      {0.0F, figure_type}}};
+    const Area inner = Draw_Heading(page, w_area, "その他の審査項目（社会性等）");
     const std::vector<Social_Row> rows = Social_Rows(kekka, form);
     const float head_height = inner.Height() / static_cast<float>(rows.size() + 1);
     const Area list = {inner.left, inner.top + head_height, inner.right, inner.bottom};
@@ -195,12 +244,13 @@ void Draw_W(Page_Layout& page, const Kekka_Figures& kekka, Kekka_Form form) {
     page.Text(head.Cell(0, 0), "審査項目", head_type);
     page.Text(head.Cell(0, 1), "内容", head_type);
     page.Text(head.Cell(0, 2), "評点", head_type);
-    page.Thin(list.left, list.top, list.right, list.top);
-    Draw_Social_Rows(page, Table_Cells(list, columns, rows.size()), rows);
     for (const std::size_t column : {1U, 2U}) {
         page.Pale(head.X(column), inner.top, head.X(column), inner.bottom);
     }
+    page.Thin(list.left, list.top, list.right, list.top);
+    Draw_Social_Rows(page, Table_Cells(list, columns, rows.size()), rows);
     Kekka_Prev(page, w_area, "（Ｗ）", Score_Text(kekka, 200));
+    Draw_Frame(page, w_area);
 }
 
 } // namespace morvane::kekka_sheet

@@ -33,11 +33,10 @@ struct Works_Column {
     bool is_amount = false;
 };
 
-constexpr Type name_type = {font_p_mincho, 7.5F};
-constexpr Type p_type = {font_p_gothic, 8.5F, Align::Right};
-constexpr float amount_width = 13.8F;
-constexpr float prime_width = 12.6F;
-constexpr float engineers_width = 35.4F; // all of them together
+constexpr Type name_type = {font_p_mincho, 7.0F};
+constexpr Type count_type = {font_p_mincho, 7.0F, Align::Right, 0.5F};
+constexpr float amount_width = 13.2F;    // seven digits in full size
+constexpr float engineers_width = 34.2F; // all of them together
 constexpr std::size_t first_figure = 2;  ///< behind code and name
 constexpr const char* engineers_group = "元 請 完 成 工 事 高 及 び 技 術 職 員 数";
 
@@ -47,29 +46,29 @@ std::vector<Works_Column> Columns_Of(const Kekka_Figures& kekka, Kekka_Form form
     const float engineer_width = engineers_width / (with_hosa ? 6.0F : 5.0F);
     const char* average = kekka.figures.Yoso(201) == 3 ? "3年平均" : "2年平均";
     std::vector<Works_Column> columns = {
-        {6.2F, "建設業工事の種類", {}, nullptr, {font_p_mincho, 7.0F, Align::Center}},
-        {20.4F, nullptr, {}, nullptr, name_type},
-        {9.6F, "", {"総合", "評点", "（Ｐ）"}, Of<&Work_Line::P>, p_type},
+        {6.0F, "建設業工事の種類", {}, nullptr, {font_p_mincho, 7.0F, Align::Center}},
+        {20.0F, nullptr, {}, nullptr, name_type},
+        {9.4F, "", {"総合", "評点", "（Ｐ）"}, Of<&Work_Line::P>, score_type},
         {amount_width, "完 成 工 事 高", {"基準決算"}, Of<&Work_Line::Kijun>, figure_type, true},
         {amount_width, nullptr, {"以前の決算"}, Of<&Work_Line::Zheikin>, figure_type, true},
         {amount_width, nullptr, {average}, Of<&Work_Line::Nheikin>, figure_type, true},
-        {8.6F, nullptr, {"評点", "（Ｘ1）"}, Of<&Work_Line::X1>, score_type},
-        {prime_width, engineers_group, {"基準決算"}, Of<&Work_Line::Mkijun>, figure_type, true},
-        {prime_width, nullptr, {"以前の決算"}, Of<&Work_Line::Mzheikin>, figure_type, true},
-        {prime_width, nullptr, {average}, Of<&Work_Line::Mnheikin>, figure_type, true},
-        {engineer_width, nullptr, {"監理"}, Engineers<1>},
-        {engineer_width, nullptr, {"1級"}, Engineers<2>},
+        {9.2F, nullptr, {"評点", "（Ｘ1）"}, Of<&Work_Line::X1>, score_type},
+        {amount_width, engineers_group, {"基準決算"}, Of<&Work_Line::Mkijun>, figure_type, true},
+        {amount_width, nullptr, {"以前の決算"}, Of<&Work_Line::Mzheikin>, figure_type, true},
+        {amount_width, nullptr, {average}, Of<&Work_Line::Mnheikin>, figure_type, true},
+        {engineer_width, nullptr, {"監理"}, Engineers<1>, count_type},
+        {engineer_width, nullptr, {"1級"}, Engineers<2>, count_type},
     };
     if (with_hosa) {
-        columns.push_back({engineer_width, nullptr, {"補佐"}, Engineers<6>});
+        columns.push_back({engineer_width, nullptr, {"補佐"}, Engineers<6>, count_type});
     }
     for (const auto& [head, figure] : {std::pair<const char*, Of_Line>{"基幹", Engineers<3>},
                                        {"2級", Engineers<4>},
                                        {"他", Engineers<5>}}) {
-        columns.push_back({engineer_width, nullptr, {head}, figure});
+        columns.push_back({engineer_width, nullptr, {head}, figure, count_type});
     }
-    columns.push_back({8.4F, nullptr, {"（Ｚ1）"}, Of<&Work_Line::Zi>});
-    columns.push_back({8.4F, nullptr, {"（Ｚ2）"}, Of<&Work_Line::Zro>});
+    columns.push_back({9.0F, nullptr, {"（Ｚ1）"}, Of<&Work_Line::Zi>});
+    columns.push_back({9.0F, nullptr, {"（Ｚ2）"}, Of<&Work_Line::Zro>});
     columns.push_back({0.0F, nullptr, {"評点", "（Ｚ）"}, Of<&Work_Line::Z>, score_type});
     return columns;
 }
@@ -90,18 +89,28 @@ class Works_Table {
   public:
     Works_Table(Page_Layout& layout, const Kekka_Figures& figures, Kekka_Form form)
         : page(layout), kekka(figures), columns(Columns_Of(figures, form)), plain(Plain(columns)),
-          cells({left_edge, works_top + works_head, right_edge, works_bottom}, plain, works_rows) {}
+          cells({left_edge, works_top + works_head, right_edge, works_bottom}, plain, works_rows),
+          texts(columns.size()) {
+        for (std::size_t i = first_figure; i < columns.size(); ++i) {
+            texts[i] = Texts_Of(columns[i]);
+        }
+    }
 
     void Draw() {
         Draw_Rules();
         Draw_Heads();
-        for (std::size_t i = 0; i < scored_lines; ++i) {
-            Draw_Code_And_Name(i, i);
-            Draw_Line(i, kekka.figures.works[i]);
+        for (std::size_t row = 0; row <= scored_lines; ++row) {
+            Draw_Code_And_Name(row);
         }
-        Draw_Code_And_Name(scored_lines, other_line);
-        Draw_Line(scored_lines, kekka.figures.works[other_line]);
-        Draw_Totals(scored_lines + 1);
+        page.Text(cells.Cells(scored_lines + 1, 0, scored_lines + 1, 1), "合　　計",
+                  {font_p_gothic, 7.0F, Align::Center});
+        for (std::size_t i = first_figure; i < columns.size(); ++i) {
+            const Type type = page.Fitted(cells.Cell(0, i).Width(), columns[i].type, texts[i]);
+            for (std::size_t row = 0; row < texts[i].size(); ++row) {
+                page.Text(cells.Cell(row, i), texts[i][row], type);
+            }
+        }
+        Draw_Frame();
     }
 
   private:
@@ -111,6 +120,23 @@ class Works_Table {
             plain.push_back({column.width, column.type});
         }
         return plain;
+    }
+
+    /// The line that a row shows: その他 stands behind the others.
+    static std::size_t Line_Of(std::size_t row) { return row < scored_lines ? row : other_line; }
+
+    /// The entries of a column, from the first line to the total, which counts all lines but those that are
+    /// parts of others.
+    [[nodiscard]] std::vector<std::string> Texts_Of(const Works_Column& column) const {
+        std::vector<std::string> entries;
+        std::int64_t total = 0;
+        for (std::size_t row = 0; row <= scored_lines; ++row) {
+            const std::int32_t figure = column.figure(kekka.figures.works[Line_Of(row)]).value;
+            total += Is_Sub_Line(Line_Of(row)) ? 0 : figure;
+            entries.push_back(Figure_Text(figure, true));
+        }
+        entries.push_back(column.is_amount ? Figure_Text(total, true) : "");
+        return entries;
     }
 
     [[nodiscard]] bool Begins_Group(std::size_t column) const {
@@ -133,6 +159,10 @@ class Works_Table {
         }
         page.Thin(left_edge, body, right_edge, body);
         page.Thin(left_edge, cells.Y(scored_lines), right_edge, cells.Y(scored_lines));
+    }
+
+    /// Over all other rules, which would notch it.
+    void Draw_Frame() {
         page.Thick(left_edge, cells.Y(scored_lines + 1), right_edge, cells.Y(scored_lines + 1));
         page.Thick_Box({left_edge, works_top, right_edge, works_bottom});
     }
@@ -147,9 +177,9 @@ class Works_Table {
             const Area group = {cells.X(first), works_top, cells.X(behind), works_top + group_height};
             if (first == 0) {
                 page.Text({group.left, works_top, group.right, body}, columns[first].group,
-                          {font_p_mincho, 8.0F, Align::Spread});
+                          {font_p_mincho, 7.0F, Align::Spread});
             } else if (columns[first].group[0] != '\0') {
-                page.Text(group, columns[first].group, {font_p_gothic, 7.5F, Align::Center});
+                page.Text(group, columns[first].group, {font_p_gothic, 7.0F, Align::Center});
                 page.Thin(group.left, group.bottom, group.right, group.bottom);
             }
             first = behind;
@@ -165,37 +195,17 @@ class Works_Table {
         constexpr float line_height = 3.1F;
         float top = (area.top + area.bottom - line_height * static_cast<float>(lines.size())) / 2;
         for (const char* line : lines) {
-            page.Text({area.left - 0.3F, top, area.right + 0.3F, top + line_height}, line, head_type);
+            page.Text({area.left, top, area.right, top + line_height}, line, head_type);
             top += line_height;
         }
     }
 
-    void Draw_Code_And_Name(std::size_t row, std::size_t line) {
+    void Draw_Code_And_Name(std::size_t row) {
+        const std::size_t line = Line_Of(row);
         page.Text(cells.Cell(row, 0), std::string(work_types[line].label), columns[0].type);
         Area name = cells.Cell(row, 1);
-        name.left += Is_Sub_Line(line) ? 2.0F : 0.0F;
+        name.left += Is_Sub_Line(line) ? 1.2F : 0.0F;
         page.Text(name, std::string(Name_Of(line)), name_type);
-    }
-
-    void Draw_Line(std::size_t row, const Work_Line& line) {
-        for (std::size_t i = first_figure; i < columns.size(); ++i) {
-            page.Text(cells.Cell(row, i), Figure_Text(columns[i].figure(line).value, true), columns[i].type);
-        }
-    }
-
-    /// The amounts of all lines but those that are parts of others.
-    void Draw_Totals(std::size_t row) {
-        page.Text(cells.Cells(row, 0, row, 1), "合　　計", {font_p_gothic, 7.5F, Align::Center});
-        for (std::size_t i = first_figure; i < columns.size(); ++i) {
-            if (!columns[i].is_amount) {
-                continue;
-            }
-            std::int64_t total = 0;
-            for (std::size_t line = 0; line < work_line_count; ++line) {
-                total += Is_Sub_Line(line) ? 0 : columns[i].figure(kekka.figures.works[line]).value;
-            }
-            page.Text(cells.Cell(row, i), Figure_Text(total, true), figure_type);
-        }
     }
 
     static constexpr float group_height = 4.5F;
@@ -205,6 +215,7 @@ class Works_Table {
     const std::vector<Works_Column> columns;
     const std::vector<Table_Column> plain;
     const Table_Cells cells;
+    std::vector<std::vector<std::string>> texts; ///< of the figures, by column
 };
 
 } // namespace

@@ -7,7 +7,7 @@ namespace morvane {
 
 namespace {
 
-constexpr float padding = 0.9F;
+constexpr float least_size = 6.0F;
 constexpr std::int16_t thin_dots = 1;
 constexpr std::int16_t thick_dots = 4;
 constexpr std::uint32_t pale_grey = 0xB4B4B4;
@@ -21,6 +21,7 @@ void Page_Layout::Text(const Area& cell, const std::string& text, const Type& ty
     if (text.empty()) {
         return;
     }
+    const float padding = type.padding;
     const float room = cell.Width() - 2 * padding;
     const float wanted = prt.Width_Of(text, type.font, type.size);
     const float size = std::min({type.size, wanted > room ? type.size * room / wanted : type.size,
@@ -46,6 +47,17 @@ void Page_Layout::Text(const Area& cell, const std::string& text, const Type& ty
         prt.Prt_Text_Wide(text, cell.left + margin, cell.right - margin - height, top, type.font, size);
         return;
     }
+}
+
+Type Page_Layout::Fitted(float width, Type type, std::span<const std::string> texts) const {
+    const float room = width - 2 * type.padding;
+    float size = type.size;
+    for (const std::string& text : texts) {
+        const float wanted = prt.Width_Of(text, type.font, type.size);
+        size = wanted > room ? std::min(size, type.size * room / wanted) : size;
+    }
+    type.size = std::min(type.size, std::max(size, least_size));
+    return type;
 }
 
 void Page_Layout::Thick_Box(const Area& area) {

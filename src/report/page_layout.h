@@ -23,6 +23,7 @@ struct Type {
     const char* font;
     float size;
     Align align = Align::Left;
+    float padding = 0.9F; ///< between the text and the edges of its cell, mm
 };
 
 /// What a sheet is laid out with: texts that stay inside their cells, three kinds of rules.
@@ -32,6 +33,10 @@ class Page_Layout {
 
     /// A text in the middle of a cell's height, made smaller where it would not fit.
     void Text(const Area& cell, const std::string& text, const Type& type);
+
+    /// The type in which all texts of a column fit into its width, so that they are set alike; not smaller
+    /// than 6 points, below which Text makes single texts that are longer still.
+    [[nodiscard]] Type Fitted(float width, Type type, std::span<const std::string> texts) const;
 
     void Thick_Box(const Area& area);
     void Thick(float x1, float y1, float x2, float y2);
