@@ -26,10 +26,10 @@ inline constexpr Area w_area = {lower_middle + gap / 2, lower_top, right_edge, b
 inline constexpr Type heading_type = {font_p_gothic, 9.0F, Align::Center};
 inline constexpr Type head_type = {font_p_mincho, 7.0F, Align::Center, 0.0F};
 inline constexpr Type label_type = {font_p_mincho, 7.0F, Align::Left};
-inline constexpr Type figure_type = {font_p_mincho, 7.0F, Align::Right, 0.6F};
-inline constexpr Type score_type = {font_p_gothic, 8.0F, Align::Right, 0.6F};
+inline constexpr Type figure_type = {font_p_mincho, 7.0F, Align::Right, 1.2F};
+inline constexpr Type score_type = {font_p_gothic, 8.0F, Align::Right, 1.2F};
 inline constexpr Type total_label_type = {font_p_gothic, 9.0F, Align::Left};
-inline constexpr Type total_type = {font_p_gothic, 10.5F, Align::Right, 0.6F};
+inline constexpr Type total_type = {font_p_gothic, 10.5F, Align::Right, 1.2F};
 
 void Draw_Works(Page_Layout& page, const Kekka_Figures& kekka, Kekka_Form form);
 void Draw_X2(Page_Layout& page, const Kekka_Figures& kekka);

@@ -22,6 +22,10 @@ const Figure& Engineers(const Work_Line& line) {
     return line.gijutusya[Kind - 1];
 }
 
+// In columns as narrow as their figures.
+constexpr Type amount_type = {font_p_mincho, 7.0F, Align::Right, 0.6F};
+constexpr Type points_type = {font_p_gothic, 8.0F, Align::Right, 0.6F};
+
 /// A column: its width, the heading over it and over those behind it that have none, its own heading of one
 /// to three lines, its figure. The amounts have totals.
 struct Works_Column {
@@ -29,7 +33,7 @@ struct Works_Column {
     const char* group;
     std::vector<const char*> head;
     Of_Line figure;
-    Type type = figure_type;
+    Type type = amount_type;
     bool is_amount = false;
 };
 
@@ -48,14 +52,14 @@ std::vector<Works_Column> Columns_Of(const Kekka_Figures& kekka, Kekka_Form form
     std::vector<Works_Column> columns = {
         {6.0F, "建設業工事の種類", {}, nullptr, {font_p_mincho, 7.0F, Align::Center}},
         {20.0F, nullptr, {}, nullptr, name_type},
-        {9.4F, "", {"総合", "評点", "（Ｐ）"}, Of<&Work_Line::P>, score_type},
-        {amount_width, "完 成 工 事 高", {"基準決算"}, Of<&Work_Line::Kijun>, figure_type, true},
-        {amount_width, nullptr, {"以前の決算"}, Of<&Work_Line::Zheikin>, figure_type, true},
-        {amount_width, nullptr, {average}, Of<&Work_Line::Nheikin>, figure_type, true},
-        {9.2F, nullptr, {"評点", "（Ｘ1）"}, Of<&Work_Line::X1>, score_type},
-        {amount_width, engineers_group, {"基準決算"}, Of<&Work_Line::Mkijun>, figure_type, true},
-        {amount_width, nullptr, {"以前の決算"}, Of<&Work_Line::Mzheikin>, figure_type, true},
-        {amount_width, nullptr, {average}, Of<&Work_Line::Mnheikin>, figure_type, true},
+        {9.4F, "", {"総合", "評点", "（Ｐ）"}, Of<&Work_Line::P>, points_type},
+        {amount_width, "完 成 工 事 高", {"基準決算"}, Of<&Work_Line::Kijun>, amount_type, true},
+        {amount_width, nullptr, {"以前の決算"}, Of<&Work_Line::Zheikin>, amount_type, true},
+        {amount_width, nullptr, {average}, Of<&Work_Line::Nheikin>, amount_type, true},
+        {9.2F, nullptr, {"評点", "（Ｘ1）"}, Of<&Work_Line::X1>, points_type},
+        {amount_width, engineers_group, {"基準決算"}, Of<&Work_Line::Mkijun>, amount_type, true},
+        {amount_width, nullptr, {"以前の決算"}, Of<&Work_Line::Mzheikin>, amount_type, true},
+        {amount_width, nullptr, {average}, Of<&Work_Line::Mnheikin>, amount_type, true},
         {engineer_width, nullptr, {"監理"}, Engineers<1>, count_type},
         {engineer_width, nullptr, {"1級"}, Engineers<2>, count_type},
     };
@@ -69,7 +73,7 @@ std::vector<Works_Column> Columns_Of(const Kekka_Figures& kekka, Kekka_Form form
     }
     columns.push_back({9.0F, nullptr, {"（Ｚ1）"}, Of<&Work_Line::Zi>});
     columns.push_back({9.0F, nullptr, {"（Ｚ2）"}, Of<&Work_Line::Zro>});
-    columns.push_back({0.0F, nullptr, {"評点", "（Ｚ）"}, Of<&Work_Line::Z>, score_type});
+    columns.push_back({0.0F, nullptr, {"評点", "（Ｚ）"}, Of<&Work_Line::Z>, points_type});
     return columns;
 }
 

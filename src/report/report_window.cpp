@@ -20,6 +20,7 @@
 #include <QPrintEngine>
 #include <QPrinter>
 #include <QPushButton>
+#include <QShortcut>
 #include <QStandardPaths>
 #include <QVBoxLayout>
 #include <cmath>
@@ -155,30 +156,33 @@ void Report_Window::Lay_Out() {
     const auto add = [this](const char* name, const char* caption, auto work, bool left,
                             const char* look = nullptr) {
         QPushButton* button = Add_Button(QString::fromLatin1(name), QString::fromUtf8(caption), look, left);
+        button->setAccessibleName(button->text().section(QLatin1Char('('), 0, 0));
         Wire(button, &QPushButton::clicked, work);
         return button;
     };
     add(
-        "SyukuSyo", "縮小", [this] { Zoom(-1, true); }, true);
+        "SyukuSyo", "縮小(&D)", [this] { Zoom(-1, true); }, true);
     add(
-        "Kakudai", "拡大", [this] { Zoom(1, true); }, true);
+        "Kakudai", "拡大(&U)", [this] { Zoom(1, true); }, true);
     scale_label->setObjectName(QStringLiteral("Lbl_Scale"));
     scale_label->setMinimumWidth(48);
     former_page = add(
-        "Mae_Page", "前頁", [this] { Turn_Page(-1); }, true);
+        "Mae_Page", "前頁(&B)", [this] { Turn_Page(-1); }, true);
     next_page = add(
-        "Tugi_Page", "次頁", [this] { Turn_Page(1); }, true);
+        "Tugi_Page", "次頁(&N)", [this] { Turn_Page(1); }, true);
     page_label->setObjectName(QStringLiteral("Lbl_Page"));
     buttons->insertWidget(2, scale_label);
     buttons->insertWidget(5, page_label);
     add(
-        "Pg_Set", "頁設定", [this] { Pg_Set(); }, false);
+        "Pg_Set", "頁設定(&G)", [this] { Pg_Set(); }, false);
     add(
-        "Pdf_Save", "PDF保存", [this] { Pdf_Save(); }, false);
+        "Pdf_Save", "PDF保存(&F)", [this] { Pdf_Save(); }, false);
     add(
-        "Prt_Exe", "印刷", [this] { Prt_Exe(); }, false, "primary");
+        "Prt_Exe", "印刷(&P)", [this] { Prt_Exe(); }, false, "primary");
     add(
-        "Tojiru", "閉じる", [this] { reject(); }, false);
+        "Tojiru", "閉じる(&C)", [this] { reject(); }, false);
+    Wire(new QShortcut(QKeySequence::Print, this), &QShortcut::activated, [this] { Prt_Exe(); });
+    Wire(new QShortcut(QKeySequence::Save, this), &QShortcut::activated, [this] { Pdf_Save(); });
     Wire(view, &Sheet_View::Zoomed, [this](int steps) { Zoom(steps, false); });
     Wire(view, &Sheet_View::Page_Turned, [this](int by) { Turn_Page(by); });
 }
