@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "app/work_area.h"
 
+#include "screens/check_screen.h"
 #include "widgets/theme.h"
 
 #include <QMdiSubWindow>
@@ -51,6 +52,7 @@ Form* Work_Area::Top() const {
 
 bool Work_Area::Close_All() {
     while (Form* form = Top()) {
+        Check_Screen::Unload_Beside(*form);
         form->reject();
         if (Top() == form) {
             return false;

@@ -18,7 +18,7 @@ class Work_Area : public QMdiArea {
     /// Takes the form in and shows it.
     void Open(Form* form);
 
-    /// Closes every screen by its cancel path; false where one stays open.
+    /// Closes every screen by its cancel path, its check screens first; false where one stays open.
     bool Close_All();
 
     [[nodiscard]] QList<Form*> Forms() const;

@@ -430,14 +430,22 @@ std::string Formula_Text(const Ten_Table& table, int number) {
 
 } // namespace
 
-Tbl_Lists Set_Tbl_Lists(int Tbl_Disp_No, int law) {
+const Ten_Table& Table_Of_Number(int Tbl_Disp_No, int law) {
     if (Tbl_Disp_No < 1 || Tbl_Disp_No > static_cast<int>(std::size(tbl_captions))) {
         throw std::out_of_range("別表の番号が正しくありません。");
     }
     const Tbl_Captions& captions = tbl_captions[Tbl_Disp_No - 1];
-    const Ten_Table& table = law == 1 ? *captions.version_a : *captions.version_b;
+    return law == 1 ? *captions.version_a : *captions.version_b;
+}
 
-    Tbl_Lists lists{captions.heading, std::string(table.caption) + " 別表", {}, {}};
+bool Printed_As_Computed(const Ten_Table& table, int row) {
+    return std::none_of(std::begin(printed_otherwise), std::end(printed_otherwise),
+                        [&](const Printed_Otherwise& p) { return p.table == &table && p.row == row; });
+}
+
+Tbl_Lists Set_Tbl_Lists(int Tbl_Disp_No, int law) {
+    const Ten_Table& table = Table_Of_Number(Tbl_Disp_No, law);
+    Tbl_Lists lists{tbl_captions[Tbl_Disp_No - 1].heading, std::string(table.caption) + " 別表", {}, {}};
     lists.limits.push_back(Limit_Text(table, table.constant_from));
     lists.formulas.push_back(Comma_Text(table.constant_ten));
     for (std::size_t i = 0; i < table.rows.size(); ++i) {

@@ -50,6 +50,13 @@ struct Ten_Result {
 /// them Run_Time_Error (overflow) is raised, so the uppermost rows cannot be used in full.
 [[nodiscard]] Ten_Result Ten_Lookup(const Ten_Table& table, std::int32_t v);
 
+/// The table behind `Tbl_Disp_No` (1 X1, 2 X2_1, 3 X2_2, 4 Z2, 5 Z1) at a law year mark: X1 and Z2 in version
+/// A when it is 1, else in version B. Any other number raises std::out_of_range.
+[[nodiscard]] const Ten_Table& Table_Of_Number(int Tbl_Disp_No, int law);
+
+/// Whether the formula that Set_Tbl_Lists prints for row `row` is the one that scores.
+[[nodiscard]] bool Printed_As_Computed(const Ten_Table& table, int row);
+
 /// An amount of whole 万円, given in thousand yen, in 億円 and 万円.
 [[nodiscard]] std::string Oku_Man_Text(std::int32_t thousand_yen);
 
@@ -61,9 +68,7 @@ struct Tbl_Lists {
     std::vector<std::string> formulas; ///< by row number, so that the constant score stands first
 };
 
-/// The texts of table `Tbl_Disp_No` (1 X1, 2 X2_1, 3 X2_2, 4 Z2, 5 Z1); X1 and Z2 in version A when the law
-/// year mark `law` is 1, else in version B. Limits are in yen (億円, 万円), those of Z1 plain numbers. Any
-/// other table number raises std::out_of_range.
+/// The texts of the table of Table_Of_Number. Limits are in yen (億円, 万円), those of Z1 plain numbers.
 [[nodiscard]] Tbl_Lists Set_Tbl_Lists(int Tbl_Disp_No, int law);
 
 } // namespace morvane

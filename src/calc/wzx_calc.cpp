@@ -223,21 +223,7 @@ std::int16_t WZX_Calc::Calc_W8_Ten(std::int32_t iso0, std::int32_t iso1, std::in
 
 std::int16_t WZX_Calc::Calc_W10_Ten(std::int32_t cpd, std::int32_t gijutusya, std::int32_t level_up,
                                     std::int32_t ginosya, std::int32_t kojyo) const {
-    float weight_one = 0.0F;
-    float cpd_point = 0.0F;
-    if (gijutusya != 0 && cpd != 0) {
-        weight_one = W10_Weight(gijutusya, gijutusya, ginosya);
-        cpd_point = Cpd_Point(static_cast<float>(static_cast<double>(cpd) / gijutusya));
-    }
-    float weight_two = 0.0F;
-    float skill_point = 0.0F;
-    if (ginosya != 0 && level_up != 0) {
-        weight_two = W10_Weight(ginosya, gijutusya, ginosya);
-        skill_point = Skill_Point(ginosya, kojyo);
-    }
-    // Summed in double and stored in single, so that weights of rounded shares still add up to full points.
-    const float v = static_cast<float>(static_cast<double>(cpd_point) * weight_one +
-                                       static_cast<double>(skill_point) * weight_two);
+    const float v = Parts_Of_W10(cpd, gijutusya, level_up, ginosya, kojyo).sum;
     return v >= 0.0F && v <= 10.0F ? static_cast<std::int16_t>(v) : std::int16_t{0};
 }
 
@@ -263,6 +249,25 @@ std::int16_t WZX_Calc::Calc_W_2011(std::int16_t w1, std::int16_t w2, std::int16_
     }
     return static_cast<std::int16_t>(W_Share(last_date) * Tenfold_Sum({w1, w2, w3, w4, w5, w6, w7, w8}) /
                                      200);
+}
+
+W10_Parts Parts_Of_W10(std::int32_t cpd, std::int32_t gijutusya, std::int32_t level_up, std::int32_t ginosya,
+                       std::int32_t kojyo) {
+    W10_Parts parts;
+    float weight_one = 0.0F;
+    if (gijutusya != 0 && cpd != 0) {
+        weight_one = W10_Weight(gijutusya, gijutusya, ginosya);
+        parts.cpd_point = Cpd_Point(static_cast<float>(static_cast<double>(cpd) / gijutusya));
+    }
+    float weight_two = 0.0F;
+    if (ginosya != 0 && level_up != 0) {
+        weight_two = W10_Weight(ginosya, gijutusya, ginosya);
+        parts.skill_point = Skill_Point(ginosya, kojyo);
+    }
+    // Summed in double and stored in single, so that weights of rounded shares still add up to full points.
+    parts.sum = static_cast<float>(static_cast<double>(parts.cpd_point) * weight_one +
+                                   static_cast<double>(parts.skill_point) * weight_two);
+    return parts;
 }
 
 std::int32_t Z1_Value(const std::array<std::int32_t, 6>& gijutusya) {

@@ -144,6 +144,16 @@ struct W5_Row {
 [[nodiscard]] std::span<const W5_Row> W5_Rows();
 inline constexpr std::array<std::int16_t, 5> w5_points = {10, 8, 6, 4, 2};
 
+/// What W10 is formed of: the points of the CPD units and of the skilled workers, and their weighted sum.
+struct W10_Parts {
+    float cpd_point = 0.0F;
+    float skill_point = 0.0F;
+    float sum = 0.0F;
+};
+/// The parts of Calc_W10_Ten, with its arguments and errors.
+[[nodiscard]] W10_Parts Parts_Of_W10(std::int32_t cpd, std::int32_t gijutusya, std::int32_t level_up,
+                                     std::int32_t ginosya, std::int32_t kojyo);
+
 /// The engineer value of Z1 from the six counts of a work type. Overflow when it leaves 32 bits.
 [[nodiscard]] std::int32_t Z1_Value(const std::array<std::int32_t, 6>& gijutusya);
 

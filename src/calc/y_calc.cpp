@@ -11,28 +11,12 @@ namespace morvane {
 
 namespace {
 
+using namespace y_yoso;
+
 constexpr const char* what_y = "経営状況評点（Ｙ）";
 
 using Elements = std::array<std::int32_t, 14>;
 using Working = std::array<std::int32_t, 20>;
-
-// Places of Y_Yoso.
-enum Place : std::size_t {
-    kotei_sisan,    // 固定資産
-    ryudo_fusai,    // 流動負債
-    kotei_fusai,    // 固定負債
-    rieki_joyokin,  // 利益剰余金
-    jiko_sihon,     // 自己資本
-    so_sihon,       // 総資本（当期）
-    so_sihon_zenki, // 総資本（前期）
-    uriage,         // 売上高
-    uriage_sorieki, // 売上総利益
-    uketori_risoku, // 受取利息配当金
-    siharai_risoku, // 支払利息
-    keijo_rieki,    // 経常（事業主）利益
-    cash_flow,      // 営業キャッシュフロー（当期）
-    cash_flow_zenki // 営業キャッシュフロー（前期）
-};
 
 std::int32_t Sum(const Statement_Figures& statement, std::initializer_list<int> codes) {
     std::int32_t sum = 0;
@@ -106,17 +90,14 @@ std::int32_t Cash_Flow(std::int32_t profit, std::int32_t depreciation, std::int3
     return Minus(flow, Minus(w[17 + year], w[18 + year]));
 }
 
-/// floor(v × scale + 0.501) ÷ scale: the rounding of the review, not half-up.
-double Round_501(double v, double scale) {
-    return std::floor(v * scale + 0.501) / scale;
-}
-
 /// A ratio in percent with three decimals.
 float Percent(double num, double den) {
     return static_cast<float>(Round_501(num / den, 100000) * 100);
 }
 
-float Within(float value, float lower, float upper) {
+// Indicator number `x` held within its limits.
+float Within(float value, std::size_t x) {
+    const auto [lower, upper] = y_limits[x - 1];
     if (value >= upper) {
         return upper;
     }
@@ -125,49 +106,57 @@ float Within(float value, float lower, float upper) {
 
 } // namespace
 
+double Round_501(double v, double scale) {
+    return std::floor(v * scale + 0.501) / scale;
+}
+
+std::int16_t Score_Of_Points(float points) {
+    return Narrow_Double<std::int16_t>(std::floor(167.3 * points + 583 + 0.501), what_y);
+}
+
 float Y_Calc::Calc_Y_X1(const Elements& yoso) {
     const std::int32_t interest = Minus(yoso[siharai_risoku], yoso[uketori_risoku]);
-    return yoso[uriage] == 0 ? 5.1F : Within(Percent(interest, yoso[uriage]), -0.3F, 5.1F);
+    return yoso[uriage] == 0 ? y_without_denominator[0] : Within(Percent(interest, yoso[uriage]), 1);
 }
 
 float Y_Calc::Calc_Y_X2(const Elements& yoso) {
     const std::int32_t debt = Plus(yoso[ryudo_fusai], yoso[kotei_fusai]);
     if (yoso[uriage] == 0) {
-        return 18.0F;
+        return y_without_denominator[1];
     }
     const double monthly_sales = yoso[uriage] / 12.0;
-    return Within(static_cast<float>(Round_501(debt / monthly_sales, 1000)), 0.9F, 18.0F);
+    return Within(static_cast<float>(Round_501(debt / monthly_sales, 1000)), 2);
 }
 
 float Y_Calc::Calc_Y_X3(const Elements& yoso) {
     float average = static_cast<float>(Plus(yoso[so_sihon_zenki], yoso[so_sihon]) / 2.0);
-    if (average <= 30000.0F) { // thirty million yen at least
-        average = 30000.0F;
+    if (average <= y_least_capital) {
+        average = y_least_capital;
     }
-    return Within(Percent(yoso[uriage_sorieki], average), 6.5F, 63.6F);
+    return Within(Percent(yoso[uriage_sorieki], average), 3);
 }
 
 float Y_Calc::Calc_Y_X4(const Elements& yoso) {
-    return yoso[uriage] == 0 ? -8.5F : Within(Percent(yoso[keijo_rieki], yoso[uriage]), -8.5F, 5.1F);
+    return yoso[uriage] == 0 ? y_without_denominator[3] : Within(Percent(yoso[keijo_rieki], yoso[uriage]), 4);
 }
 
 float Y_Calc::Calc_Y_X5(const Elements& yoso) {
-    return yoso[kotei_sisan] == 0 ? -76.5F
-                                  : Within(Percent(yoso[jiko_sihon], yoso[kotei_sisan]), -76.5F, 350.0F);
+    return yoso[kotei_sisan] == 0 ? y_without_denominator[4]
+                                  : Within(Percent(yoso[jiko_sihon], yoso[kotei_sisan]), 5);
 }
 
 float Y_Calc::Calc_Y_X6(const Elements& yoso) {
-    // Without capital the ratio is 0, not its lower limit.
-    return yoso[so_sihon] == 0 ? 0.0F : Within(Percent(yoso[jiko_sihon], yoso[so_sihon]), -68.6F, 68.5F);
+    return yoso[so_sihon] == 0 ? y_without_denominator[5]
+                               : Within(Percent(yoso[jiko_sihon], yoso[so_sihon]), 6);
 }
 
 float Y_Calc::Calc_Y_X7(const Elements& yoso) {
     const auto average = static_cast<float>(Plus(yoso[cash_flow_zenki], yoso[cash_flow]) / 2.0);
-    return Within(static_cast<float>(Round_501(static_cast<double>(average) / 100000, 1000)), -10.0F, 15.0F);
+    return Within(static_cast<float>(Round_501(static_cast<double>(average) / 100000, 1000)), 7);
 }
 
 float Y_Calc::Calc_Y_X8(const Elements& yoso) {
-    return Within(static_cast<float>(Round_501(yoso[rieki_joyokin] / 100000.0, 1000)), -3.0F, 100.0F);
+    return Within(static_cast<float>(Round_501(yoso[rieki_joyokin] / 100000.0, 1000)), 8);
 }
 
 void Y_Calc::Calc_Y(const Session& session, std::uint8_t kbn) {
@@ -204,7 +193,7 @@ void Y_Calc::Calc_Y(const Statement_Figures& statement, bool hokkaido, bool corp
     const double points = -0.4650 * x[0] - 0.0508 * x[1] + 0.0264 * x[2] + 0.0277 * x[3] + 0.0011 * x[4] +
                           0.0089 * x[5] + 0.0818 * x[6] + 0.0172 * x[7] + 0.1906;
     const auto a = static_cast<float>(Round_501(points, 100));
-    const auto score = Narrow_Double<std::int16_t>(std::floor(167.3 * a + 583 + 0.501), what_y);
+    const std::int16_t score = Score_Of_Points(a);
 
     Y_Yoso = yoso;
     Y_Work = work;

@@ -5,6 +5,7 @@
 #include "calc/x2w_dataget.h"
 #include "calc/y_calc.h"
 #include "screens/check_sheet.h"
+#include "screens/check_steps.h"
 #include "session/kyotu_mod.h"
 
 namespace morvane {
@@ -49,6 +50,7 @@ struct Sheet_Text {
     const char* table_form = "";
     int Tbl_Disp_No = 0;
     void (*more)(const Check_Figures&, Check_Sheet&) = nullptr; ///< what depends on the figures
+    void (*steps)(const Check_Figures&, Steps&) = nullptr;      ///< how the score came about
 };
 
 /// The sheets of X2, of W, of the works and of Y.
@@ -64,6 +66,31 @@ void Table_Of_W4(const Check_Figures& f, Check_Sheet& sheet);
 void Table_Of_W6(const Check_Figures& f, Check_Sheet& sheet);
 void Table_Of_W7(const Check_Figures& f, Check_Sheet& sheet);
 void Table_Of_W8(const Check_Figures& f, Check_Sheet& sheet);
+
+/// The steps of the scores, by the routines that form them.
+void Steps_Of_X2_1(const Check_Figures& f, Steps& steps);
+void Steps_Of_X2_2(const Check_Figures& f, Steps& steps);
+void Steps_Of_X2(const Check_Figures& f, Steps& steps);
+void Steps_Of_W1(const Check_Figures& f, Steps& steps);
+void Steps_Of_W2(const Check_Figures& f, Steps& steps);
+void Steps_Of_W3(const Check_Figures& f, Steps& steps);
+void Steps_Of_W4(const Check_Figures& f, Steps& steps);
+void Steps_Of_W5(const Check_Figures& f, Steps& steps);
+void Steps_Of_W6(const Check_Figures& f, Steps& steps);
+void Steps_Of_W7(const Check_Figures& f, Steps& steps);
+void Steps_Of_W8(const Check_Figures& f, Steps& steps);
+void Steps_Of_Young(const Check_Figures& f, Steps& steps);
+void Steps_Of_W10(const Check_Figures& f, Steps& steps);
+void Steps_Of_W(const Check_Figures& f, Steps& steps);
+void Steps_Of_X1(const Check_Figures& f, Steps& steps);
+void Steps_Of_Z1(const Check_Figures& f, Steps& steps);
+void Steps_Of_Z2(const Check_Figures& f, Steps& steps);
+void Steps_Of_Z(const Check_Figures& f, Steps& steps);
+void Steps_Of_P(const Check_Figures& f, Steps& steps);
+/// Of the indicator `x` of Y, 1 to 8, of the points A and of the score Y.
+void Steps_Of_Indicator(std::size_t x, const Check_Figures& f, Steps& steps);
+void Steps_Of_A(const Check_Figures& f, Steps& steps);
+void Steps_Of_Y(const Check_Figures& f, Steps& steps);
 
 inline std::string Number(std::int32_t value) {
     return Comma_Str(value);

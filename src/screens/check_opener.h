@@ -27,7 +27,8 @@ class Check_Opener {
     /// Store_Error, Run_Time_Error.
     void Open(const Check_Request& request, const std::function<bool()>& store);
 
-    /// Whether the entry screen may close: refuses with a box while a check screen is open.
+    /// Whether the entry screen may close: refuses with a box while a check screen is open. The menu closes
+    /// that one first, without the box.
     [[nodiscard]] bool May_Close() const;
 
   private:

@@ -7,12 +7,14 @@
 #include "widgets/section_box.h"
 #include "widgets/theme.h"
 
+#include <QCoreApplication>
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
 #include <QShowEvent>
+#include <QThreadPool>
 #include <QVBoxLayout>
 
 namespace morvane {
@@ -46,8 +48,18 @@ QLabel* Figure(const Named_Text& value) {
     return label;
 }
 
+constexpr const char* explain_caption = "解説(&K)";
 constexpr int line_width = 860;    // of a formula, before it is broken
+constexpr int step_width = 640;    // of a step behind its name
 constexpr int most_in_column = 12; // inputs under each other
+
+void Break_Long_Line(QLabel& label, int width) {
+    if (label.sizeHint().width() > width) {
+        label.setWordWrap(true);
+        label.setMinimumWidth(width);
+        label.setMinimumHeight(label.heightForWidth(width));
+    }
+}
 
 } // namespace
 
@@ -73,6 +85,7 @@ Check_Screen::Check_Screen(Shell_Port& shell_port, const QString& form, Check_Sh
     content->setSpacing(theme::panel_gap);
     Add_Figures();
     Add_Formula();
+    Add_Steps();
     Add_Results();
     for (const std::string& closing : sheet.closing) {
         QLabel* label = Plain(Text(closing));
@@ -145,11 +158,7 @@ void Check_Screen::Add_Formula() {
         }
         QLabel* lbl_San = Plain(lines.join(QLatin1Char('\n')));
         lbl_San->setObjectName(QStringLiteral("lbl_San"));
-        if (lbl_San->sizeHint().width() > line_width) {
-            lbl_San->setWordWrap(true);
-            lbl_San->setMinimumWidth(line_width);
-            lbl_San->setMinimumHeight(lbl_San->heightForWidth(line_width));
-        }
+        Break_Long_Line(*lbl_San, line_width);
         box->body->addWidget(lbl_San);
     }
     for (const std::vector<Named_Text>& line : sheet.filled) {
@@ -164,6 +173,32 @@ void Check_Screen::Add_Formula() {
         row->addStretch(1);
         box->body->addLayout(row);
     }
+    content->addWidget(box);
+}
+
+// Each step in one line: what it forms, the figures.
+void Check_Screen::Add_Steps() {
+    if (sheet.steps.empty()) {
+        return;
+    }
+    auto* box = new Section_Box(QStringLiteral("計算過程"));
+    auto* grid = new QGridLayout;
+    grid->setHorizontalSpacing(24);
+    grid->setVerticalSpacing(4);
+    grid->setColumnStretch(1, 1);
+    int row = 0;
+    for (const Check_Step& step : sheet.steps) {
+        QLabel* name = Plain(Text(step.name));
+        theme::Set_Look(name, "muted");
+        QLabel* text = Plain(Text(step.text));
+        text->setObjectName(Numbered("過程", row + 1));
+        text->setAccessibleName(name->text());
+        Break_Long_Line(*text, step_width);
+        grid->addWidget(name, row, 0, Qt::AlignTop);
+        grid->addWidget(text, row, 1);
+        ++row;
+    }
+    box->body->addLayout(grid);
     content->addWidget(box);
 }
 
@@ -198,9 +233,9 @@ void Check_Screen::Add_Results() {
 
 void Check_Screen::Add_Buttons() {
     if (!sheet.help_key.empty()) {
-        QPushButton* explain =
-            Add_Button(QStringLiteral("Cmd_Kaisetu"), QStringLiteral("解説(&K)"), nullptr, true);
-        Wire(explain, &QPushButton::clicked, [this] { Open_Kaisetu(shell.session, sheet.help_key); });
+        Cmd_Kaisetu =
+            Add_Button(QStringLiteral("Cmd_Kaisetu"), QString::fromUtf8(explain_caption), nullptr, true);
+        Wire(Cmd_Kaisetu, &QPushButton::clicked, [this] { Explain(); });
     }
     if (!sheet.table_form.empty()) {
         QPushButton* show_table =
@@ -212,6 +247,27 @@ void Check_Screen::Add_Buttons() {
     Tojiru->setFocus();
 }
 
+// The network is asked beside the windows: a host that does not answer takes seconds.
+void Check_Screen::Explain() {
+    const std::optional<Kaisetu_Page> page = Ask_Kaisetu(shell.session, sheet.help_key);
+    if (!page) {
+        return;
+    }
+    Cmd_Kaisetu->setEnabled(false);
+    Cmd_Kaisetu->setText(QStringLiteral("接続確認中…"));
+    QThreadPool::globalInstance()->start([page = *page, screen = QPointer<Check_Screen>(this)] {
+        const Kaisetu_Result result = Open_Kaisetu(page);
+        QMetaObject::invokeMethod(QCoreApplication::instance(), [screen, result] {
+            if (screen == nullptr || !screen->isVisible()) {
+                return;
+            }
+            screen->Cmd_Kaisetu->setEnabled(true);
+            screen->Cmd_Kaisetu->setText(QString::fromUtf8(explain_caption));
+            screen->shell.Guard([&] { Tell_Kaisetu(screen->shell.session, result); });
+        });
+    });
+}
+
 void Check_Screen::Open_Table() {
     if (table != nullptr) {
         table->raise();
@@ -220,6 +276,13 @@ void Check_Screen::Open_Table() {
     }
     table = Show_Beside(*this, shell, Text(sheet.table_form), Make_Table_Sheet(sheet));
     connect(table, &QDialog::finished, this, [this] { table = nullptr; });
+}
+
+void Check_Screen::Unload_Beside(const Form& owner) {
+    for (Check_Screen* screen : owner.findChildren<Check_Screen*>(QString(), Qt::FindDirectChildrenOnly)) {
+        Unload_Beside(*screen);
+        screen->Close_Form();
+    }
 }
 
 bool Check_Screen::May_Close() {

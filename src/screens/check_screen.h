@@ -6,6 +6,7 @@
 
 #include <QPointer>
 
+class QPushButton;
 class QScrollArea;
 class QVBoxLayout;
 
@@ -20,6 +21,10 @@ class Check_Screen : public Form {
     /// Makes a window of `owner` by the form's name and shows it. A notice of the sheet comes up before.
     static Check_Screen* Show_Beside(Form& owner, Shell_Port& shell, const QString& form, Check_Sheet sheet);
 
+    /// Closes the check screens of a screen with what they opened, as the menu does: without the refusals,
+    /// which belong to their own buttons.
+    static void Unload_Beside(const Form& owner);
+
   protected:
     bool May_Close() override;
     void showEvent(QShowEvent* event) override;
@@ -29,14 +34,17 @@ class Check_Screen : public Form {
 
     void Add_Figures();
     void Add_Formula();
+    void Add_Steps();
     void Add_Results();
     void Add_Buttons();
     void Open_Table();
+    void Explain();
 
     Check_Sheet sheet;
     QScrollArea* scroll;
     QVBoxLayout* content = nullptr; ///< what it scrolls
     QPointer<Check_Screen> table;   ///< the window behind Cmd_Tbl while it is open
+    QPushButton* Cmd_Kaisetu = nullptr;
 };
 
 } // namespace morvane

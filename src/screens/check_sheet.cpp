@@ -47,10 +47,9 @@ void Look_Up_Bands(Check_Figures& f) {
     }
 }
 
-Check_Figures Load(const Session& session, const Check_Request& request) {
+Check_Figures Load(const Review_Figures& figures, const Check_Request& request) {
     Check_Figures f;
-    f.figures = Load_Review(Cn_Open(session), session.Syori_Ki, scenario_genjo, session.Is_Hokkaido(),
-                            session.Is_Corporation());
+    f.figures = figures;
     f.Kosyu_Sel = request.Kosyu_Sel;
     const std::int32_t years = f.figures.Yoso(201);
     f.Kanko_Avg = years == 0 ? 2 : years;
@@ -82,6 +81,21 @@ std::vector<Check_Line> Lines(const std::vector<Sheet_Line>& from, const Check_F
     return lines;
 }
 
+// The steps, where there is a score; what the store holds of an earlier calculation is told as such.
+void Add_Steps(const Sheet_Text& text, const Check_Figures& f, Check_Sheet& sheet) {
+    const std::string& score = sheet.results.back().value.text;
+    const bool of_works = Find(XZP_Sheets(), text.mode, f.Law().code) != nullptr;
+    Steps steps(sheet);
+    if (of_works && score.empty()) {
+        steps.Remark("この工種には入力がないため、評点はありません。");
+        return;
+    }
+    text.steps(f, steps);
+    if (!sheet.steps.empty() && steps.Result() != (score.empty() ? "0" : score)) {
+        steps.Remark("表示している点数は前に保存された値です。入力画面を開き直すと計算し直します。");
+    }
+}
+
 } // namespace
 
 Check_Request W2X_Request(int law_year, int index) {
@@ -103,7 +117,13 @@ Check_Request Y1_Request(int index) {
 }
 
 Check_Sheet Make_Check_Sheet(const Session& session, const Check_Request& request) {
-    const Check_Figures f = Load(session, request);
+    return Make_Check_Sheet(Load_Review(Cn_Open(session), session.Syori_Ki, scenario_genjo,
+                                        session.Is_Hokkaido(), session.Is_Corporation()),
+                            request);
+}
+
+Check_Sheet Make_Check_Sheet(const Review_Figures& figures, const Check_Request& request) {
+    const Check_Figures f = Load(figures, request);
     const int law = f.Law().code;
     const Sheet_Text& text = Find(request.mode, law);
     Check_Sheet sheet;
@@ -120,6 +140,7 @@ Check_Sheet Make_Check_Sheet(const Session& session, const Check_Request& reques
     if (text.more != nullptr) {
         text.more(f, sheet);
     }
+    Add_Steps(text, f, sheet);
     return sheet;
 }
 

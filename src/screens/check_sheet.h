@@ -2,6 +2,7 @@
 #pragma once
 
 #include "calc/law_year.h"
+#include "calc/review_figures.h"
 #include "session/session.h"
 
 #include <set>
@@ -50,6 +51,13 @@ struct Check_Line {
     Named_Text value;
 };
 
+/// A step of the calculation with the firm's own figures: what it forms, and a line that can be followed by
+/// hand ("900 ／ 3,000 ＝ 0.30000", "30.000 ≧ 5.100 のため 5.100").
+struct Check_Step {
+    std::string name;
+    std::string text;
+};
+
 /// A table in a check screen: rows of texts, one of them marked as in force.
 struct Check_Table {
     std::string heading;
@@ -68,6 +76,7 @@ struct Check_Sheet {
     std::vector<Check_Line> inputs;
     std::vector<std::string> formula;            ///< lines of lbl_San
     std::vector<std::vector<Named_Text>> filled; ///< formulas with figures in their places
+    std::vector<Check_Step> steps;               ///< from the inputs to the score
     std::vector<Check_Line> results;             ///< the last one is the score
     std::vector<std::string> closing;
     std::vector<Check_Table> tables;
@@ -82,6 +91,9 @@ struct Check_Sheet {
 /// The sheet of a score from the stored current figures of the period in hand. Raises Store_Error,
 /// Run_Time_Error, std::out_of_range for a request that no screen serves.
 Check_Sheet Make_Check_Sheet(const Session& session, const Check_Request& request);
+
+/// The same from figures in hand.
+Check_Sheet Make_Check_Sheet(const Review_Figures& figures, const Check_Request& request);
 
 /// The sheet of the form behind a sheet's Cmd_Tbl: Frm_Calc_Tbl or Frm_W2_Calc_Table.
 Check_Sheet Make_Table_Sheet(const Check_Sheet& of);

@@ -55,36 +55,33 @@ std::string Y2_Of_W1(const Check_Figures& f) {
 }
 
 void More_Of_W(const Check_Figures& f, Check_Sheet& sheet) {
-    const S& s = f.items;
     const int share = W_Share(f.figures.review_date);
     sheet.formula.push_back("（Ｗ１ ＋ Ｗ２ ＋ Ｗ３ ＋ Ｗ４ ＋ Ｗ５ ＋ Ｗ６ ＋ Ｗ７ ＋ Ｗ８）× 10 × " +
                             Number(share) + " ／ 200");
     sheet.closing.emplace_back("（小数点以下の端数は切り捨て）");
-    const std::int32_t sum = s.RF_Ten + s.Enen_Ten + s.Bkyotei_Ten + s.Horei_ten + s.Jms_Ten + s.Kihatu_Ten +
-                             s.Kikai_Ten + s.Iso_Ten;
-    if (sum * 10 * share / 200 != s.W) {
-        sheet.closing.emplace_back(
-            "変更した項目の点数は、入力画面を開き直したときに評点（Ｗ）へ反映されます。");
-    }
 }
 
-const std::vector<Sheet_Line>& W_Parts(bool with_w7_w8) {
-    static const std::vector<Sheet_Line> six = {{"担い手の育成・確保に関する取組（Ｗ１）", Item<&S::RF_Ten>},
-                                                {"建設業の営業継続の状況（Ｗ２）", Item<&S::Enen_Ten>},
-                                                {"防災活動への貢献の状況（Ｗ３）", Item<&S::Bkyotei_Ten>},
-                                                {"法令遵守の状況（Ｗ４）", Item<&S::Horei_ten>},
-                                                {"経理に関する状況（Ｗ５）", Item<&S::Jms_Ten>},
-                                                {"研究開発の状況（Ｗ６）", Item<&S::Kihatu_Ten>}};
-    static const std::vector<Sheet_Line> eight = [] {
-        std::vector<Sheet_Line> lines = six;
+// The sub-scores of W by the names that they have at a law year.
+std::vector<Sheet_Line> W_Parts(int law) {
+    const bool additions = Law_Of(law).has_additions;
+    std::vector<Sheet_Line> lines = {
+        {additions ? "担い手の育成・確保に関する取組（Ｗ１）" : "労働福祉の状況（Ｗ１）", Item<&S::RF_Ten>},
+        {"建設業の営業継続の状況（Ｗ２）", Item<&S::Enen_Ten>},
+        {"防災活動への貢献の状況（Ｗ３）", Item<&S::Bkyotei_Ten>},
+        {"法令遵守の状況（Ｗ４）", Item<&S::Horei_ten>},
+        {"経理に関する状況（Ｗ５）", Item<&S::Jms_Ten>},
+        {"研究開発の状況（Ｗ６）", Item<&S::Kihatu_Ten>}};
+    if (Law_Of(law).has_w7_w8) {
         lines.push_back({"建設機械の保有状況（Ｗ７）", Item<&S::Kikai_Ten>});
-        lines.push_back({"国際標準化機構等の登録状況（Ｗ８）", Item<&S::Iso_Ten>});
-        return lines;
-    }();
-    return with_w7_w8 ? eight : six;
+        lines.push_back({additions ? "国又は国際標準化機構が定めた規格による認証等の状況（Ｗ８）"
+                                   : "国際標準化機構が定めた規格による登録の状況（Ｗ８）",
+                         Item<&S::Iso_Ten>});
+    }
+    return lines;
 }
 
-// The inputs again in the formulas. In place of the workers left out stands the number of workers.
+// The inputs again in the formulas. The rate is formed of those left out; the levels raised decide only
+// whether there is one.
 void More_Of_W10(const Check_Figures& f, Check_Sheet& sheet) {
     const std::string cpd = Number(f.items.tishikiGJ[0]);
     const std::string engineers = Number(f.items.tishikiGJ[1]);
@@ -92,11 +89,11 @@ void More_Of_W10(const Check_Figures& f, Check_Sheet& sheet) {
     const std::string workers = Number(f.items.tishikiGN[1]);
     sheet.filled = {
         {{"CPD単位取得数の平均 ＝ "}, {cpd, "LblCpd"}, {" ／ "}, {engineers, "LblGJSu(0)"}},
-        {{"技能レベル向上の割合 ＝ "},
-         {raised, "LblKojyo"},
-         {" ／（"},
+        {{"技能の割合 ＝ 控除対象者数 ／（"},
          {workers, "LblGino(0)"},
-         {" － 控除対象者数）"}},
+         {" － 控除対象者数）　技能レベル向上者数 "},
+         {raised, "LblKojyo"},
+         {" が0のときは算出しません"}},
         {{"CPDの点数 × "},
          {engineers, "LblGJSu(1)"},
          {" ／（"},
@@ -147,7 +144,8 @@ std::vector<Sheet_Text> Sheets_Of_W1() {
                     {y2_caption, Y2_Of_W1}},
          .formula = {"Ｙ１ × 15 － Ｙ２ × 30"},
          .results = {{"労働福祉の状況（Ｗ１）：", Item<&S::RF_Ten>}},
-         .closing = {w1_score}},
+         .closing = {w1_score},
+         .steps = Steps_Of_W1},
         {.mode = "W1",
          .law_from = 3,
          .law_to = 3,
@@ -157,7 +155,8 @@ std::vector<Sheet_Text> Sheets_Of_W1() {
          .inputs = six_flags,
          .formula = {"Ｙ１ × 15 － Ｙ２ × 40"},
          .results = {{"労働福祉の状況（Ｗ１）：", Item<&S::RF_Ten>}},
-         .closing = {w1_score}},
+         .closing = {w1_score},
+         .steps = Steps_Of_W1},
         {.mode = "W1",
          .law_from = 4,
          .form = form_w1_2012,
@@ -172,7 +171,8 @@ std::vector<Sheet_Text> Sheets_Of_W1() {
                      {"ワーク・ライフ・バランスに関する取組の状況：", Item<&S::wlb_ten>},
                      {"就業履歴を蓄積するための措置の実施状況：", Item<&S::rireki_ten>},
                      {"担い手の育成・確保に関する取組（Ｗ１）：", Item<&S::RF_Ten>}},
-         .closing = {"労働福祉の状況の点数に、若年技術職員以下の各項目の点数を加えたものがＷ１の点数です。"}},
+         .closing = {"労働福祉の状況の点数に、若年技術職員以下の各項目の点数を加えたものがＷ１の点数です。"},
+         .steps = Steps_Of_W1},
     };
 }
 
@@ -186,7 +186,8 @@ std::vector<Sheet_Text> Sheets_Of_W2_To_W6() {
          .inputs = {{"営業年数", Item<&S::Enen>}},
          .results = {{"建設業の営業継続の状況（Ｗ２）：", Item<&S::Enen_Ten>}},
          .closing = {"点数は下表の営業年数に該当する点数となります。"},
-         .more = Table_Of_W2},
+         .more = Table_Of_W2,
+         .steps = Steps_Of_W2},
         {.mode = "W2",
          .law_from = 2,
          .form = "Frm_W2_Calc_Check_2011",
@@ -197,7 +198,8 @@ std::vector<Sheet_Text> Sheets_Of_W2_To_W6() {
          .formula = {"営業年数の点数 － 60（民事再生法又は会社更生法の適用が有の場合）"},
          .results = {{"建設業の営業継続の状況（Ｗ２）：", Item<&S::Enen_Ten>}},
          .closing = {"点数は下表の営業年数に該当する点数となります。"},
-         .more = Table_Of_W2},
+         .more = Table_Of_W2,
+         .steps = Steps_Of_W2},
         {.mode = "W3",
          .form = form_w1,
          .form_2012 = form_w1_2012,
@@ -206,7 +208,8 @@ std::vector<Sheet_Text> Sheets_Of_W2_To_W6() {
          .inputs = {{"防災協定締結の有無", Yes_No<&S::Bkyotei>}},
          .results = {{"防災活動への貢献の状況（Ｗ３）：", Item<&S::Bkyotei_Ten>}},
          .closing = {"点数は下表に該当する点数となります。"},
-         .more = Table_Of_W3},
+         .more = Table_Of_W3,
+         .steps = Steps_Of_W3},
         {.mode = "W4",
          .form = form_w1,
          .form_2012 = form_w1_2012,
@@ -218,7 +221,8 @@ std::vector<Sheet_Text> Sheets_Of_W2_To_W6() {
                      }}},
          .results = {{"法令遵守の状況（Ｗ３）：", Item<&S::Horei_ten>}},
          .closing = {"点数は下表に該当する点数となります。"},
-         .more = Table_Of_W4},
+         .more = Table_Of_W4,
+         .steps = Steps_Of_W4},
         {.mode = "W5",
          .form = "Frm_W2_Calc_Check",
          .title = "（Ｗ５）経理に関する状況 計算詳細チェック",
@@ -240,7 +244,8 @@ std::vector<Sheet_Text> Sheets_Of_W2_To_W6() {
                      {"経理に関する状況（Ｗ５）：", Item<&S::Jms_Ten>}},
          .closing =
              {"監査受審状況の点数は【別表１】、公認会計士等数の点数は【別表２】に該当する点数となります。"},
-         .table_form = "Frm_W2_Calc_Table"},
+         .table_form = "Frm_W2_Calc_Table",
+         .steps = Steps_Of_W5},
         {.mode = "W6",
          .form = form_w1,
          .form_2012 = form_w1_2012,
@@ -254,7 +259,8 @@ std::vector<Sheet_Text> Sheets_Of_W2_To_W6() {
          .results = {{"研究開発の状況（Ｗ６）：", Item<&S::Kihatu_Ten>}},
          .closing = {"ただし、監査法人を設置していない場合は0点となります。",
                      "点数は算出した平均研究開発費に該当する点数となります。"},
-         .more = Table_Of_W6},
+         .more = Table_Of_W6,
+         .steps = Steps_Of_W6},
     };
 }
 
@@ -268,7 +274,8 @@ std::vector<Sheet_Text> Sheets_From_2011() {
          .inputs = {{"建設機械の所有及びリース台数", Item<&S::Kikai>}},
          .results = {{"建設機械の保有状況（Ｗ７）：", Item<&S::Kikai_Ten>}},
          .closing = {"点数は下表に該当する点数となります。"},
-         .more = Table_Of_W7},
+         .more = Table_Of_W7,
+         .steps = Steps_Of_W7},
         {.mode = "W8",
          .law_from = 2,
          .law_to = 3,
@@ -278,7 +285,8 @@ std::vector<Sheet_Text> Sheets_From_2011() {
          .inputs = {{"ISO9001の登録の有無", Iso<1>}, {"ISO14001の登録有無", Iso<2>}},
          .results = {{"登録の状況（Ｗ８）：", Item<&S::Iso_Ten>}},
          .closing = {"点数は下表に該当する点数となります。"},
-         .more = Table_Of_W8},
+         .more = Table_Of_W8,
+         .steps = Steps_Of_W8},
         {.mode = "W8",
          .law_from = 4,
          .form = "Frm_W8_Calc_Check_2011",
@@ -289,7 +297,8 @@ std::vector<Sheet_Text> Sheets_From_2011() {
                     {"ISO14001の登録有無", Iso<2>}},
          .results = {{"認証・登録の状況（Ｗ８）：", Item<&S::Iso_Ten>}},
          .closing = {"点数は下表に該当する点数となります。"},
-         .more = Table_Of_W8},
+         .more = Table_Of_W8,
+         .steps = Steps_Of_W8},
         {.mode = "W9",
          .law_from = 4,
          .form = "Frm_W9_Calc_Check_2015",
@@ -304,7 +313,8 @@ std::vector<Sheet_Text> Sheets_From_2011() {
          .results = {{"継続的な育成・確保：", Item<&S::jyakunenK_ten>},
                      {"新規育成・確保：", Item<&S::jyakunenS_ten>}},
          .closing =
-             {"継続的な育成・確保は割合が15％以上のとき1点、新規育成・確保は1％以上のとき1点となります。"}},
+             {"継続的な育成・確保は割合が15％以上のとき1点、新規育成・確保は1％以上のとき1点となります。"},
+         .steps = Steps_Of_Young},
         {.mode = "W10",
          .law_from = 4,
          .form = "Frm_W10_Calc_Check_2021",
@@ -316,26 +326,41 @@ std::vector<Sheet_Text> Sheets_From_2011() {
                     {"技能者数", Item_Of<&S::tishikiGN, 1>, "Gino"},
                     {"控除対象者数", Item_Of<&S::tishikiGN, 1>, "KojyoSu"}},
          .results = {{"知識及び技術者・技能者の向上に関する取組の状況：", Item<&S::W10_ten>, "W10Ten"}},
-         .closing = {"CPDの点数は平均3単位ごとに1点、技能の点数は割合1."
-                     "5％ごとに1点で、それぞれ10点までとなります。"},
-         .more = More_Of_W10},
+         .closing = {"CPDの点数は平均3単位ごとに1点、技能の点数は割合1.5％ごとに1点で、それぞれ10点までと"
+                     "なります。",
+                     "CPD単位取得数の平均が30を超えるときは、CPDの点数は0点となります。",
+                     "上の控除対象者数の欄は技能者数を表示します。計算には入力した控除対象者数を使います。"},
+         .more = More_Of_W10,
+         .steps = Steps_Of_W10},
         {.mode = "W",
          .law_to = 1,
          .form = form_w1,
          .title = title_w,
          .help_key = "W",
-         .inputs = W_Parts(false),
+         .inputs = W_Parts(1),
          .formula = {"（Ｗ１ ＋ Ｗ２ ＋ Ｗ３ ＋ Ｗ４ ＋ Ｗ５ ＋ Ｗ６）× 10"},
          .results = {{"その他審査項目（Ｗ）：", Item<&S::W>}},
-         .closing = {"負の値のときは0点となります。"}},
+         .closing = {"負の値のときは0点となります。"},
+         .steps = Steps_Of_W},
         {.mode = "W",
          .law_from = 2,
+         .law_to = 3,
          .form = "Frm_W_Calc_Check_2011",
          .title = title_w,
          .help_key = "11W",
-         .inputs = W_Parts(true),
+         .inputs = W_Parts(2),
          .results = {{"その他審査項目（Ｗ）：", Item<&S::W>}},
-         .more = More_Of_W},
+         .more = More_Of_W,
+         .steps = Steps_Of_W},
+        {.mode = "W",
+         .law_from = 4,
+         .form = "Frm_W_Calc_Check_2011",
+         .title = title_w,
+         .help_key = "11W",
+         .inputs = W_Parts(4),
+         .results = {{"その他審査項目（Ｗ）：", Item<&S::W>}},
+         .more = More_Of_W,
+         .steps = Steps_Of_W},
     };
 }
 

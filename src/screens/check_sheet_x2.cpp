@@ -35,7 +35,8 @@ const std::vector<Sheet_Text>& X2_Sheets() {
                      "自己資本額が０未満のときは０とみなします。"},
          .table_form = "Frm_Calc_Tbl",
          .Tbl_Disp_No = 2,
-         .more = More_Of_X2_1},
+         .more = More_Of_X2_1,
+         .steps = Steps_Of_X2_1},
         {.mode = "X2-2",
          .form = "Frm_X2_Calc_Check",
          .title = "（Ｘ２_２）平均利益額点数 計算詳細チェック",
@@ -56,7 +57,8 @@ const std::vector<Sheet_Text>& X2_Sheets() {
                      "平均利益額が０未満のときは０とみなします。"},
          .table_form = "Frm_Calc_Tbl",
          .Tbl_Disp_No = 3,
-         .more = More_Of_X2_2},
+         .more = More_Of_X2_2,
+         .steps = Steps_Of_X2_2},
         {.mode = "X2",
          .form = "Frm_X2_Calc_Check",
          .title = "（Ｘ２）自己資本額及び平均利益額 計算詳細チェック",
@@ -65,7 +67,8 @@ const std::vector<Sheet_Text>& X2_Sheets() {
                     {"平均利益額点数", [](const Check_Figures& f) { return Number(f.x2.X2_2_Ten); }}},
          .formula = {"（自己資本額点数 ＋ 平均利益額点数）／ 2"},
          .results = {{"評点（Ｘ２）：", [](const Check_Figures& f) { return Number(f.x2.X2_Ten); }}},
-         .closing = {"小数点以下は切り捨て、454点に満たないときは454点となります。"}},
+         .closing = {"小数点以下は切り捨て、454点に満たないときは454点となります。"},
+         .steps = Steps_Of_X2},
     };
     return sheets;
 }

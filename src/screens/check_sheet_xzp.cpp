@@ -34,11 +34,16 @@ void Show_Work_Type(const Check_Figures& f, Check_Sheet& sheet) {
     sheet.sub_title = (type.label.empty() ? "" : std::string(type.label) + "　") + std::string(type.name);
 }
 
-// The formula of the row in force as the table prints it.
+// The formula of the row in force as the table prints it, without the blank that sets it in there.
 void Show_Row(const Check_Figures& f, Check_Sheet& sheet, int row) {
+    constexpr std::string_view blank = "　";
     sheet.table_row = row;
-    sheet.formula.push_back(
-        Set_Tbl_Lists(sheet.Tbl_Disp_No, f.Law().code).formulas[static_cast<std::size_t>(row)]);
+    const Tbl_Lists lists = Set_Tbl_Lists(sheet.Tbl_Disp_No, f.Law().code);
+    std::string_view formula = lists.formulas[static_cast<std::size_t>(row)];
+    if (formula.starts_with(blank)) {
+        formula.remove_prefix(blank.size());
+    }
+    sheet.formula.emplace_back(formula);
 }
 
 void Show_Average(const Check_Figures& f, Check_Sheet& sheet, const std::string& what) {
@@ -88,7 +93,8 @@ const std::vector<Sheet_Text>& XZP_Sheets() {
          .closing = {rounded, "評点：年間平均完成工事高を基に【別表】の式で算出します。"},
          .table_form = "Frm_Calc_Tbl",
          .Tbl_Disp_No = 1,
-         .more = More_Of_X},
+         .more = More_Of_X,
+         .steps = Steps_Of_X1},
         {.mode = "P",
          .form = "Frm_XZP_Calc_Check",
          .title = "（Ｐ）総合評点 計算詳細チェック",
@@ -102,7 +108,8 @@ const std::vector<Sheet_Text>& XZP_Sheets() {
          .formula = {"Ｘ１ × 0.25 ＋ Ｘ２ × 0.15 ＋ Ｙ × 0.2 ＋ Ｚ × 0.25 ＋ Ｗ × 0.15"},
          .results = {{"総合評点（Ｐ）：", Of<&Work_Line::P>}},
          .closing = {"（小数点以下の端数は四捨五入）"},
-         .more = Show_Work_Type},
+         .more = Show_Work_Type,
+         .steps = Steps_Of_P},
         {.mode = "Z",
          .form = "Frm_XZP_Calc_Check",
          .title = "（Ｚ）技術力評点 計算詳細チェック",
@@ -112,7 +119,8 @@ const std::vector<Sheet_Text>& XZP_Sheets() {
          .formula = {"技術職員点数（Ｚｲ）× 0.8 ＋ 元請完成工事高点数（Ｚﾛ）× 0.2"},
          .results = {{"技術力評点（Ｚ）：", Of<&Work_Line::Z>}},
          .closing = {"小数点以下は切り捨て、450点に満たないときは450点となります。"},
-         .more = Show_Work_Type},
+         .more = Show_Work_Type,
+         .steps = Steps_Of_Z},
         {.mode = "Z2",
          .form = "Frm_XZP_Calc_Check",
          .title = "（Ｚﾛ）元請完成工事高点数 計算詳細チェック",
@@ -128,7 +136,8 @@ const std::vector<Sheet_Text>& XZP_Sheets() {
          .closing = {rounded, "点数：年間平均元請完成工事高を基に【別表】の式で算出します。"},
          .table_form = "Frm_Calc_Tbl",
          .Tbl_Disp_No = 4,
-         .more = More_Of_Z2},
+         .more = More_Of_Z2,
+         .steps = Steps_Of_Z2},
         {.mode = "Z1",
          .form = "Frm_Zイ_Calc_Check",
          .title = "（Ｚｲ）技術職員点数 計算詳細チェック",
@@ -145,7 +154,8 @@ const std::vector<Sheet_Text>& XZP_Sheets() {
          .closing = {"点数：技術職員数値を基に【別表】の式で算出します。"},
          .table_form = "Frm_Calc_Tbl",
          .Tbl_Disp_No = 5,
-         .more = More_Of_Z1},
+         .more = More_Of_Z1,
+         .steps = Steps_Of_Z1},
     };
     return sheets;
 }

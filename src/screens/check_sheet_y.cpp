@@ -8,6 +8,8 @@ namespace morvane {
 
 namespace {
 
+using namespace y_yoso;
+
 template <std::size_t Place>
 std::string Yoso(const Check_Figures& f) {
     return Number(f.y.Y_Yoso[Place]);
@@ -38,10 +40,18 @@ constexpr std::size_t indicators = 8; // before the points and the score
 constexpr const char* rounded_5 = "（小数点以下5位未満の端数は四捨五入）";
 constexpr const char* rounded_3 = "（小数点以下3位未満の端数は四捨五入）";
 
-// Places of Y_Yoso.
-constexpr std::size_t kotei_sisan = 0, ryudo_fusai = 1, kotei_fusai = 2, rieki_joyokin = 3, jiko_sihon = 4,
-                      so_sihon = 5, so_sihon_zenki = 6, uriage = 7, uriage_sorieki = 8, uketori_risoku = 9,
-                      siharai_risoku = 10, keijo_rieki = 11;
+// The steps of an indicator, its limits in words.
+template <std::size_t X>
+void Steps_Of_X(const Check_Figures& f, Steps& steps) {
+    Steps_Of_Indicator(X, f, steps);
+}
+
+template <std::size_t X>
+void Limits_Of_X(const Check_Figures& /*f*/, Check_Sheet& sheet) {
+    const auto [lower, upper] = y_limits[X - 1];
+    sheet.closing.push_back("上限は" + Fixed(static_cast<double>(upper), 1) + "、下限は" +
+                            Fixed(static_cast<double>(lower), 1) + "です。");
+}
 
 std::vector<Sheet_Text> Indicators() {
     return {
@@ -52,7 +62,9 @@ std::vector<Sheet_Text> Indicators() {
                     {"支払利息", Yoso<siharai_risoku>}},
          .formula = {"（支払利息 － 受取利息配当金）／ 売上高 × 100"},
          .results = {{"純支払利息比率（Ｘ１）：", Kekka<0>}},
-         .closing = {rounded_5}},
+         .closing = {rounded_5},
+         .more = Limits_Of_X<1>,
+         .steps = Steps_Of_X<1>},
         {.mode = "Y-X2",
          .title = "（Ｘ２）負債回転期間 計算詳細チェック",
          .inputs = {{"売上高", Yoso<uriage>},
@@ -60,7 +72,9 @@ std::vector<Sheet_Text> Indicators() {
                     {"固定負債", Yoso<kotei_fusai>}},
          .formula = {"（流動負債 ＋ 固定負債） ／ （売上高 ／ 12）"},
          .results = {{"負債回転期間（Ｘ２）：", Kekka<1>}},
-         .closing = {rounded_3}},
+         .closing = {rounded_3},
+         .more = Limits_Of_X<2>,
+         .steps = Steps_Of_X<2>},
         {.mode = "Y-X3",
          .title = "（Ｘ３）総資本売上総利益率 計算詳細チェック",
          .inputs = {{"総資本（前期）", Yoso<so_sihon_zenki>},
@@ -68,25 +82,33 @@ std::vector<Sheet_Text> Indicators() {
                     {"売上総利益", Yoso<uriage_sorieki>}},
          .formula = {"売上総利益 ／（（総資本（前期） ＋ 総資本（当期））／2）× 100"},
          .results = {{"総資本売上総利益率（Ｘ３）：", Kekka<2>}},
-         .closing = {rounded_5}},
+         .closing = {rounded_5, "総資本の平均が30,000千円（3,000万円）に満たないときは30,000千円とします。"},
+         .more = Limits_Of_X<3>,
+         .steps = Steps_Of_X<3>},
         {.mode = "Y-X4",
          .title = "（Ｘ４）売上高経常利益率 計算詳細チェック",
          .inputs = {{"経常（事業主）利益", Yoso<keijo_rieki>}, {"売上高", Yoso<uriage>}},
          .formula = {"経常（事業主）利益 ／ 売上高 × 100"},
          .results = {{"売上高経常利益率（Ｘ４）：", Kekka<3>}},
-         .closing = {rounded_5}},
+         .closing = {rounded_5},
+         .more = Limits_Of_X<4>,
+         .steps = Steps_Of_X<4>},
         {.mode = "Y-X5",
          .title = "（Ｘ５）自己資本対固定資産比率 計算詳細チェック",
          .inputs = {{"自己資本", Yoso<jiko_sihon>}, {"固定資産", Yoso<kotei_sisan>}},
          .formula = {"自己資本 ／ 固定資産 × 100"},
          .results = {{"自己資本対固定資産比率（Ｘ５）：", Kekka<4>}},
-         .closing = {rounded_5}},
+         .closing = {rounded_5},
+         .more = Limits_Of_X<5>,
+         .steps = Steps_Of_X<5>},
         {.mode = "Y-X6",
          .title = "（Ｘ６）自己資本比率 計算詳細チェック",
          .inputs = {{"自己資本", Yoso<jiko_sihon>}, {"総資本（当期）", Yoso<so_sihon>}},
          .formula = {"自己資本 ／ 総資本（当期）× 100"},
          .results = {{"自己資本比率（Ｘ６）：", Kekka<5>}},
-         .closing = {rounded_5}},
+         .closing = {rounded_5},
+         .more = Limits_Of_X<6>,
+         .steps = Steps_Of_X<6>},
     };
 }
 
@@ -119,7 +141,9 @@ Sheet_Text Cash_Flow() {
         .results = {{"算出額（前期）：", Yoso<13>},
                     {"算出額（当期）：", Yoso<12>},
                     {"営業キャッシュフロー（Ｘ７）：", Kekka<6>}},
-        .closing = {rounded_3}};
+        .closing = {rounded_3},
+        .more = Limits_Of_X<7>,
+        .steps = Steps_Of_X<7>};
 }
 
 std::vector<Sheet_Text> Scores() {
@@ -129,7 +153,9 @@ std::vector<Sheet_Text> Scores() {
          .inputs = {{"利益剰余金", Yoso<rieki_joyokin>}},
          .formula = {"利益剰余金 ／ 100,000"},
          .results = {{"利益剰余金（Ｘ８）：", Kekka<7>}},
-         .closing = {rounded_3}},
+         .closing = {rounded_3},
+         .more = Limits_Of_X<8>,
+         .steps = Steps_Of_X<8>},
         {.mode = "Y-A",
          .title = "（Ａ）経営状況点数 計算詳細チェック",
          .inputs = {{"純支払利息比率（Ｘ１）", Kekka<0>},
@@ -143,13 +169,16 @@ std::vector<Sheet_Text> Scores() {
          .formula = {"－0.4650 × Ｘ１ － 0.0508 × Ｘ２ ＋ 0.0264 × Ｘ３ ＋ 0.0277 × Ｘ４ ＋ 0.0011 × Ｘ５ "
                      "＋ 0.0089 × Ｘ６ ＋ 0.0818 × Ｘ７ ＋ 0.0172 × Ｘ８ ＋ 0.1906"},
          .results = {{"経営状況点数（Ａ）：", Points_A}},
-         .closing = {"（小数点以下2位未満の端数は四捨五入）"}},
+         .closing = {"（小数点以下2位未満の端数は四捨五入）"},
+         .steps = Steps_Of_A},
         {.mode = "Y",
          .title = "（Ｙ）経営状況評点 計算詳細チェック",
          .inputs = {{"経営状況点数", Points_A}},
          .formula = {"167.3 × 経営状況点数 + 583"},
-         .results = {{"経営状況評点（Ｙ）：", [](const Check_Figures& f) { return Number(f.y.Y_Ten); }}},
-         .closing = {"（小数点以下の端数は四捨五入）"}},
+         .results = {{"経営状況評点（Ｙ）：",
+                      [](const Check_Figures& f) { return f.y.Y_Ten == 0 ? "" : Number(f.y.Y_Ten); }}},
+         .closing = {"（小数点以下の端数は四捨五入）", "0に満たないときは0となります。"},
+         .steps = Steps_Of_Y},
     };
 }
 

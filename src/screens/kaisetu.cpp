@@ -34,28 +34,39 @@ std::string Kaisetu_Address(const std::string& host, const std::string& key) {
     return address + "/kaisei08/morv_kaisetu.php?" + key;
 }
 
-void Open_Kaisetu(const Session& session, const std::string& key) {
+std::optional<Kaisetu_Page> Ask_Kaisetu(const Session& session, const std::string& key) {
     const Install_Info info = Read_Install_Info(session.App_Path);
     if (info.network.help_host.empty()) {
         Tell(session, box_title,
              "解説ページのホストが設定されていません。\n［通信設定］の「解説ページのホスト」で設定してくださ"
              "い。");
-        return;
+        return std::nullopt;
     }
     const Answer answer = Show_Message(
         session, {.title = box_title,
                   .text = "解説ページへアクセスします。解説を参照しない場合はキャンセルしてください。",
+                  .icon = Icon::Warning,
                   .buttons = Buttons::Ok_Cancel,
+                  .default_answer = Answer::Cancel,
                   .beep = true});
     if (answer != Answer::Ok) {
-        return;
+        return std::nullopt;
     }
-    if (Net_Check(Probed_Host(info)) != "1") {
+    return Kaisetu_Page{Kaisetu_Address(info.network.help_host, key), Probed_Host(info)};
+}
+
+Kaisetu_Result Open_Kaisetu(const Kaisetu_Page& page) {
+    if (Net_Check(page.probed_host) != "1") {
+        return Kaisetu_Result::No_Connection;
+    }
+    return Url_Open(page.address) ? Kaisetu_Result::Opened : Kaisetu_Result::No_Browser;
+}
+
+void Tell_Kaisetu(const Session& session, Kaisetu_Result result) {
+    if (result == Kaisetu_Result::No_Connection) {
         Tell(session, box_title,
              "ネット接続ができません。ご使用のPCがインターネットに接続可能か確認してください。");
-        return;
-    }
-    if (!Url_Open(Kaisetu_Address(info.network.help_host, key))) {
+    } else if (result == Kaisetu_Result::No_Browser) {
         Tell(session, box_title, "ブラウザを起動できませんでした。標準のブラウザの設定を確認してください。");
     }
 }

@@ -19,7 +19,7 @@ Keiei_Texts Show_Keiei(const Y_Calc& y) {
         texts.TRitu[i] = Fixed_Str(y.Y_Ritu[i], 1);
     }
     texts.YTen = Fixed_Str(y.Y_A_Ten, 2);
-    texts.Y = Comma_Str(y.Y_Ten);
+    texts.Y = y.Y_Ten == 0 ? "" : Comma_Str(y.Y_Ten);
     return texts;
 }
 

@@ -61,7 +61,7 @@ struct Keiei_Texts {
     std::array<std::string, 8> kekka; ///< three decimals
     std::array<std::string, 8> TRitu; ///< percent, one decimal
     std::string YTen;                 ///< points A, two decimals
-    std::string Y;
+    std::string Y;                    ///< blank for 0
 };
 
 Keiei_Texts Show_Keiei(const Y_Calc& y);

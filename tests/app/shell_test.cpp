@@ -255,6 +255,25 @@ TEST_F(Shell_Test, Sister_screens_are_one_screen_for_the_menu) {
     EXPECT_FALSE(Child<QWidget>(frame, "Cmd_GB(2)")->property("open").toBool());
 }
 
+TEST_F(Shell_Test, The_menu_closes_a_check_screen_with_its_family) {
+    ASSERT_TRUE(Start().running);
+    Take(12, "青葉建設");
+    Frm_Main& frame = *shell->Frame();
+    Press("Cmd_Sim1");
+    Press("Cmd_GB(1)");
+    Press("Cmd_W2X(7)");
+    auto* const check = frame.findChild<Form*>(QStringLiteral("Frm_X2_Calc_Check"));
+    ASSERT_NE(check, nullptr);
+    Click(*check, "Cmd_Tbl");
+    messages.shown.clear();
+    Press("Cmd_GB(2)");
+    ASSERT_EQ(frame.area->Forms().size(), 1);
+    EXPECT_EQ(frame.area->Top()->objectName(), QStringLiteral("Frm_Kanko"));
+    EXPECT_EQ(messages.shown.size(), 0U) << messages.shown.front().text;
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(frame.findChild<Form*>(QStringLiteral("Frm_Calc_Tbl")), nullptr);
+}
+
 TEST_F(Shell_Test, F1_opens_the_page_of_what_has_the_focus) {
     ASSERT_TRUE(Start().running);
     QTest::keyClick(shell->Frame(), Qt::Key_F1);

@@ -29,9 +29,9 @@ TEST(Kaisetu, Address) {
 }
 
 /// A desktop whose browser notes what it is given, and a host of this machine that answers.
-class Open_Kaisetu_Test : public Installation {
+class Kaisetu_Test : public Installation {
   protected:
-    Open_Kaisetu_Test() : path(::getenv("PATH")) {
+    Kaisetu_Test() : path(::getenv("PATH")) {
         Write_Text_File(desktop.path / "xdg-open",
                         "#!/bin/sh\nprintf '%s' \"$*\" > '" + (desktop.path / "opened").string() + "'\n");
         fs::permissions(desktop.path / "xdg-open", fs::perms::owner_all);
@@ -46,7 +46,7 @@ class Open_Kaisetu_Test : public Installation {
         answering = "127.0.0.1:" + std::to_string(ntohs(address.sin_port));
     }
 
-    ~Open_Kaisetu_Test() override {
+    ~Kaisetu_Test() override {
         ::setenv("PATH", path.c_str(), 1);
         ::close(listener);
     }
@@ -57,7 +57,7 @@ class Open_Kaisetu_Test : public Installation {
     std::string answering;
 };
 
-TEST_F(Open_Kaisetu_Test, Asks_Tests_And_Opens) {
+TEST_F(Kaisetu_Test, Asks_Tests_And_Opens) {
     const struct {
         const char* name;
         std::string help_host;
@@ -92,11 +92,17 @@ TEST_F(Open_Kaisetu_Test, Asks_Tests_And_Opens) {
         fs::remove(desktop.path / "opened");
         messages.shown.clear();
         messages.answers = {c.answer};
-        Open_Kaisetu(session, "Y-X1");
+        if (const auto page = Ask_Kaisetu(session, "Y-X1")) {
+            Tell_Kaisetu(session, Open_Kaisetu(*page));
+        }
         ASSERT_EQ(messages.shown.size(), c.texts.size());
         for (std::size_t i = 0; i < c.texts.size(); ++i) {
             EXPECT_EQ(messages.shown[i].title, "確認メッセージ");
             EXPECT_TRUE(messages.shown[i].text.starts_with(c.texts[i])) << messages.shown[i].text;
+        }
+        if (!c.help_host.empty()) {
+            const Message_Box& question = messages.shown.front();
+            EXPECT_TRUE(question.icon == Icon::Warning && question.default_answer == Answer::Cancel);
         }
         ASSERT_EQ(fs::exists(desktop.path / "opened"), c.opens);
         if (c.opens) {

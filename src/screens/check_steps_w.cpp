@@ -1,0 +1,253 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "screens/check_figures.h"
+
+#include <cmath>
+
+namespace morvane {
+
+namespace {
+
+using S = Social_Items;
+
+constexpr const char* late = "変更した項目の点数は、入力画面を開き直したときに評点へ反映されます。";
+
+// The sum of the sub-scores before the machines and behind them, with the machines' one in its place.
+Term Sum_Of_W(const S& s, const Term& machines, bool with_w7_w8) {
+    const Term six = Term(s.RF_Ten) + s.Enen_Ten + s.Bkyotei_Ten + s.Horei_ten + s.Jms_Ten + s.Kihatu_Ten;
+    return with_w7_w8 ? six + machines + s.Iso_Ten : six;
+}
+
+std::int32_t Sum_But_Machines(const S& s) {
+    return s.RF_Ten + s.Enen_Ten + s.Bkyotei_Ten + s.Horei_ten + s.Jms_Ten + s.Kihatu_Ten + s.Iso_Ten;
+}
+
+// The score of the machines that the total was formed with. The entry screen of some law years takes it as it
+// was when the screen was opened; no two scores give the same total.
+std::int32_t Machines_In_Total(const Check_Figures& f, std::int32_t share) {
+    constexpr std::int32_t most = 15;
+    const S& s = f.items;
+    const auto total = [&](std::int32_t machines) {
+        return (Sum_But_Machines(s) + machines) * 10 * share / 200;
+    };
+    if (total(s.Kikai_Ten) != s.W) {
+        for (std::int32_t machines = 0; machines <= most; ++machines) {
+            if (total(machines) == s.W) {
+                return machines;
+            }
+        }
+    }
+    return s.Kikai_Ten;
+}
+
+// The rate in percent, cut. A quotient is held in binary, so that some whole percentages come out a little
+// below themselves: then the quotient is told as it is held.
+Term Rate(Steps& steps, const char* name, std::int32_t young, std::int32_t all) {
+    const double held = static_cast<double>(young) / all;
+    const auto rate = static_cast<std::int32_t>(std::floor(held * 100));
+    const Term expression = Term(young) / Term(all) * 100;
+    if (expression.value.Floor() == rate) {
+        return steps.Work(name, expression, rate);
+    }
+    constexpr int binary_digits = 17;
+    const Term quotient =
+        steps.Work("割合（2進数で保持した値）", Term(young) / Term(all), Term(held, binary_digits));
+    return steps.Work(name, quotient * 100, rate);
+}
+
+void Young_Steps(Steps& steps, const char* name, std::int32_t young, std::int32_t all, std::int32_t from) {
+    const Term rate = Rate(steps, name, young, all);
+    const bool reached = rate.value.Floor() >= from;
+    steps.Because(std::string(name) + "の点数", rate.text + (reached ? " ≧ " : " ＜ ") + Term(from).text,
+                  reached ? 1 : 0);
+}
+
+Term Cpd_Steps(const S& s, Steps& steps, std::int32_t points) {
+    const auto [units, engineers] = s.tishikiGJ;
+    constexpr const char* name = "CPDの点数";
+    if (engineers == 0) {
+        return steps.Because("技術者数", "0", 0);
+    }
+    if (units == 0) {
+        return steps.Because("CPD単位取得数", "0", 0);
+    }
+    const Term average = Term(units) / Term(engineers);
+    if (Fraction(30) < average.value) {
+        return steps.Because(name, average.text + " ＞ 30", points);
+    }
+    if (average.value < Fraction(0)) {
+        return steps.Because(name, average.text + " ＜ 0", points);
+    }
+    return steps.Work(name, average / 3, points);
+}
+
+Term Skill_Steps(const S& s, Steps& steps, std::int32_t points) {
+    const auto [raised, workers, left_out] = s.tishikiGN;
+    constexpr const char* name = "技能の点数";
+    if (workers == 0) {
+        return steps.Because("技能者数", "0", 0);
+    }
+    if (raised == 0) {
+        return steps.Because("技能レベル向上者数", "0", 0);
+    }
+    const Term deducted = steps.Take("控除対象者数（入力値）", left_out);
+    const Term base = Term(workers) - deducted;
+    if (workers == left_out) {
+        return steps.Because("技能者数 － 控除対象者数", base.text + " ＝ 0", points);
+    }
+    const Term rate = deducted / base;
+    if (rate.value < Fraction(0)) {
+        return steps.Because(name, rate.text + " ＜ 0", points);
+    }
+    if (!(rate.value < Fraction(15, 100))) {
+        return steps.Because(name, rate.text + " ≧ 0.15", points);
+    }
+    return steps.Work(name, rate / Term(0.015, 3), points);
+}
+
+// The row of the table for the completed work, as its limits.
+std::size_t Row_For_Work(Steps& steps, std::int32_t work) {
+    const std::span<const W5_Row> rows = W5_Rows();
+    constexpr const char* name = "完成工事高による【別表２】の行";
+    const std::string shown = Term(work).text;
+    std::size_t row = 0;
+    while (row < rows.size() && work < rows[row].from) {
+        ++row;
+    }
+    if (row == rows.size()) {
+        steps.Tell(name, shown + " ＜ 0");
+        return 0; // a negative total is held against the highest row
+    }
+    const std::string above = row == 0 ? "" : " ＜ " + Term(rows[row - 1].from).text;
+    steps.Tell(name, Term(rows[row].from).text + " ≦ " + shown + above);
+    return row;
+}
+
+// The step of that row that the accountants reach.
+void Accountant_Steps(const Check_Figures& f, Steps& steps, const Term& accountants, const Term& points) {
+    const auto& needed = W5_Rows()[Row_For_Work(steps, f.items.keiri_kandaka)].needed;
+    std::string condition = accountants.text;
+    std::string missed;
+    for (const float least : needed) {
+        if (std::isinf(least)) {
+            break;
+        }
+        const std::string limit = Term(static_cast<double>(least), 1).text;
+        if (f.wzx.W5_Kaikei_Su >= least) {
+            condition = limit + " ≦ " + condition;
+            break;
+        }
+        missed = " ＜ " + limit;
+    }
+    steps.Because("公認会計士等数の点数", condition + missed, points);
+}
+
+} // namespace
+
+void Steps_Of_W1(const Check_Figures& f, Steps& steps) {
+    const S& s = f.items;
+    const auto [joined, missing] = Count_W1(s, f.Law());
+    const Term welfare = steps.Work(
+        "労働福祉の状況", Term(joined) * 15 - Term(missing) * (f.Law().deduct_40 ? 40 : 30), s.RF1_Ten);
+    if (!f.Law().has_additions) {
+        return;
+    }
+    const std::int32_t taken = s.RF_Ten - s.RF1_Ten - s.wlb_ten - s.rireki_ten;
+    if (taken == s.jyakunenK_ten + s.jyakunenS_ten + s.W10_ten) {
+        steps.Work("担い手の育成・確保に関する取組",
+                   welfare + s.jyakunenK_ten + s.jyakunenS_ten + s.W10_ten + s.wlb_ten + s.rireki_ten,
+                   s.RF_Ten);
+        return;
+    }
+    // These three reach the total a calculation late.
+    const Term before = steps.Take("若年技術職員、知識・技能の点数の計（変更前）", taken);
+    steps.Work("担い手の育成・確保に関する取組", welfare + before + s.wlb_ten + s.rireki_ten, s.RF_Ten);
+    steps.Remark(late);
+}
+
+void Steps_Of_W2(const Check_Figures& f, Steps& steps) {
+    const Term points = steps.By_Row(f.items.Enen);
+    if (f.Law().has_saisei && f.items.Saisei == 1) {
+        steps.Work("適用が有の場合", points - 60, f.items.Enen_Ten);
+    }
+}
+
+void Steps_Of_W3(const Check_Figures& f, Steps& steps) {
+    steps.By_Row(f.items.Bkyotei);
+}
+
+void Steps_Of_W4(const Check_Figures& f, Steps& steps) {
+    steps.By_Row(f.items.Horei);
+}
+
+void Steps_Of_W5(const Check_Figures& f, Steps& steps) {
+    const S& s = f.items;
+    const Term audit =
+        steps.Because("監査の受審", Term(s.keiri_kansa).text, std::int32_t{f.wzx.W5_Kansa_Ten});
+    const Term accountants = steps.Work("公認会計士等数", Term(s.Kjm[0]) + Term(s.Kjm[1]) * Term(0.4, 1),
+                                        Term(static_cast<double>(f.wzx.W5_Kaikei_Su), 1));
+    const Term points = std::int32_t{f.wzx.W5_Kaikei_Ten};
+    Accountant_Steps(f, steps, accountants, points);
+    steps.Work("経理に関する状況", audit + points, s.Jms_Ten);
+}
+
+void Steps_Of_W6(const Check_Figures& f, Steps& steps) {
+    const S& s = f.items;
+    constexpr std::int32_t auditor = 3;
+    if (s.keiri_kansa != auditor) {
+        steps.Because("監査の受審", Term(s.keiri_kansa).text, 0);
+        return;
+    }
+    const auto average = static_cast<std::int32_t>((std::int64_t{s.Kihatu[0]} + s.Kihatu[1]) / 2);
+    steps.By_Row(steps.Work("平均研究開発費", (Term(s.Kihatu[0]) + s.Kihatu[1]) / 2, average));
+}
+
+void Steps_Of_W7(const Check_Figures& f, Steps& steps) {
+    steps.By_Row(f.items.Kikai);
+}
+
+void Steps_Of_W8(const Check_Figures& f, Steps& steps) {
+    steps.By_Row(f.items.Iso[2]);
+}
+
+void Steps_Of_Young(const Check_Figures& f, Steps& steps) {
+    const S& s = f.items;
+    if (s.JyakunenAll == 0) {
+        steps.Remark("技術職員数が0のときは、割合と点数は前の値のままとなります。");
+        return;
+    }
+    Young_Steps(steps, "継続的な育成・確保", s.JyakunenK, s.JyakunenAll, 15);
+    Young_Steps(steps, "新規育成・確保", s.JyakunenS, s.JyakunenAll, 1);
+}
+
+void Steps_Of_W10(const Check_Figures& f, Steps& steps) {
+    const S& s = f.items;
+    const auto [units, engineers] = s.tishikiGJ;
+    const auto [raised, workers, left_out] = s.tishikiGN;
+    const W10_Parts parts = Parts_Of_W10(units, engineers, raised, workers, left_out);
+    const Term cpd = Cpd_Steps(s, steps, static_cast<std::int32_t>(parts.cpd_point));
+    const Term skill = Skill_Steps(s, steps, static_cast<std::int32_t>(parts.skill_point));
+    const Term all = Term(engineers) + workers;
+    if (all.value == Fraction(0)) {
+        steps.Because("技術者数 ＋ 技能者数", all.text + " ＝ 0", 0);
+        return;
+    }
+    steps.Work("点数", cpd * engineers / all + skill * workers / all, s.W10_ten);
+}
+
+void Steps_Of_W(const Check_Figures& f, Steps& steps) {
+    const S& s = f.items;
+    if (!f.Law().has_w7_w8) {
+        const std::int32_t tenfold = (Sum_But_Machines(s) - s.Iso_Ten) * 10;
+        steps.At_Least(steps.Work("その他審査項目", Sum_Of_W(s, 0, false) * 10, tenfold), 0);
+        return;
+    }
+    const std::int32_t share = W_Share(f.figures.review_date);
+    const std::int32_t machines = Machines_In_Total(f, share);
+    if (machines != s.Kikai_Ten) {
+        steps.Take("Ｗ７（入力画面を開いたときの点数）", machines);
+        steps.Remark(late);
+    }
+    steps.Work("その他審査項目", Sum_Of_W(s, machines, true) * 10 * share / 200, s.W);
+}
+
+} // namespace morvane
