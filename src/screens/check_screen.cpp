@@ -41,7 +41,7 @@ QString Numbered(const char* base, int number) {
     return name;
 }
 
-QLabel* Figure(const Named_Text& value) {
+QLabel* Value_Label(const Named_Text& value) {
     QLabel* label = Plain(Text(value.text));
     label->setObjectName(Text(value.name));
     label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
@@ -129,7 +129,7 @@ void Check_Screen::Add_Figures() {
         const Check_Line& line = sheet.inputs[static_cast<std::size_t>(i)];
         QLabel* caption = Plain(Text(line.caption).trimmed());
         caption->setObjectName(Numbered("要素", i + 1));
-        QLabel* value = Figure(line.value);
+        QLabel* value = Value_Label(line.value);
         if (line.value.name.empty()) {
             value->setObjectName(Numbered("要素値", i + 1));
         }
@@ -215,7 +215,7 @@ void Check_Screen::Add_Results() {
     for (int row = 0; row <= last; ++row) {
         const Check_Line& line = sheet.results[static_cast<std::size_t>(row)];
         QLabel* caption = Plain(Text(line.caption));
-        QLabel* value = Figure(line.value);
+        QLabel* value = Value_Label(line.value);
         if (line.value.name.empty()) {
             value->setObjectName(row == last ? QStringLiteral("lbl_Kekka") : Numbered("途中値", row + 1));
         }

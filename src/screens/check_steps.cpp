@@ -119,21 +119,30 @@ std::string Term::Right_Of(Rank least) const {
     return rank < least || text.starts_with('-') ? "（" + text + "）" : text;
 }
 
+namespace {
+
+// Brackets bring their own room.
+std::string Joined(const std::string& left, const char* sign, const std::string& right) {
+    return left + (left.ends_with("）") ? "" : " ") + sign + (right.starts_with("（") ? "" : " ") + right;
+}
+
+} // namespace
+
 Term operator+(const Term& a, const Term& b) {
-    return {a.text + " ＋ " + b.Right_Of(Term::Rank::Sum), a.value + b.value, Term::Rank::Sum};
+    return {Joined(a.text, "＋", b.Right_Of(Term::Rank::Sum)), a.value + b.value, Term::Rank::Sum};
 }
 
 Term operator-(const Term& a, const Term& b) {
-    return {a.text + " － " + b.Right_Of(Term::Rank::Product), a.value - b.value, Term::Rank::Sum};
+    return {Joined(a.text, "－", b.Right_Of(Term::Rank::Product)), a.value - b.value, Term::Rank::Sum};
 }
 
 Term operator*(const Term& a, const Term& b) {
-    return {a.Left_Of(Term::Rank::Product) + " × " + b.Right_Of(Term::Rank::Figure), a.value * b.value,
+    return {Joined(a.Left_Of(Term::Rank::Product), "×", b.Right_Of(Term::Rank::Figure)), a.value * b.value,
             Term::Rank::Product};
 }
 
 Term operator/(const Term& a, const Term& b) {
-    return {a.Left_Of(Term::Rank::Product) + " ／ " + b.Right_Of(Term::Rank::Figure), a.value / b.value,
+    return {Joined(a.Left_Of(Term::Rank::Product), "／", b.Right_Of(Term::Rank::Figure)), a.value / b.value,
             Term::Rank::Product};
 }
 
@@ -165,8 +174,9 @@ std::string Rounding_Text(const Fraction& exact, const Fraction& shown, Rounding
         if (result == signed_value((size + Fraction(1, 2)).Floor())) {
             return of + "四捨五入";
         }
-        if (result == Fraction((value + Fraction(501, 1000)).Floor())) {
-            return of + "0.499以上を切り上げ";
+        const bool half = rounding == Rounding::Half;
+        if (result == Fraction((value + (half ? Fraction(1, 2) : Fraction(501, 1000))).Floor())) {
+            return of + (half ? "0.5以上を切り上げ" : "0.499以上を切り上げ");
         }
     }
     if (static_cast<double>(static_cast<float>(exact.To_Double())) == shown.To_Double()) {
@@ -228,7 +238,7 @@ Term Steps::By_Row(const Term& figure) {
     }
     const std::vector<Named_Text>& row = table.rows[static_cast<std::size_t>(table.mark)];
     const Term points(static_cast<std::int32_t>(std::stol(row.back().text)));
-    return Because("下表", "「" + row.front().text + "」", points);
+    return Add("下表", "「" + row.front().text + "」のため " + points.text, points);
 }
 
 } // namespace morvane

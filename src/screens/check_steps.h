@@ -59,8 +59,9 @@ class Term {
     Rank rank = Rank::Figure;
 };
 
-/// How a step takes the digits behind those of its result.
-enum class Rounding { Cut, Half };
+/// How a step takes the digits behind those of its result: cuts them, rounds a half up, or rounds up from
+/// 0.499 on.
+enum class Rounding { Cut, Half, From_499 };
 
 /// Writes the steps of a sheet: each is a line that can be followed with pencil and paper. The line names the
 /// rounding that was really taken, where the printed result is not the exact value.

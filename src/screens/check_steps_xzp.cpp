@@ -123,7 +123,7 @@ void Steps_Of_P(const Check_Figures& f, Steps& steps) {
                Of(line.X1) * Quarter() + Term(std::int32_t{f.x2.X2_Ten}) * Fifteen_Hundredths() +
                    Term(std::int32_t{f.y.Y_Ten}) * Fifth() + Of(line.Z) * Quarter() +
                    Term(f.items.W) * Fifteen_Hundredths(),
-               line.P.value, Rounding::Half);
+               line.P.value, Rounding::From_499);
 }
 
 } // namespace morvane

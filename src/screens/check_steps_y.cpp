@@ -37,7 +37,7 @@ void Within_Limits(Steps& steps, std::size_t x, const Term& shown, double value)
 void Percent_Steps(Steps& steps, std::size_t x, const char* name, const Term& numerator, double num,
                    const Term& denominator, double den) {
     const double ratio = Round_501(num / den, percent_digits);
-    const Term rounded = steps.Work(name, numerator / denominator, Term(ratio, 5), Rounding::Half, 5);
+    const Term rounded = steps.Work(name, numerator / denominator, Term(ratio, 5), Rounding::From_499, 5);
     const Term percent = steps.Work("百分率", rounded * 100, Term(ratio * 100, 3));
     Within_Limits(steps, x, percent, ratio * 100);
 }
@@ -45,7 +45,7 @@ void Percent_Steps(Steps& steps, std::size_t x, const char* name, const Term& nu
 // Thousand yen in hundred million.
 void Oku_Steps(Steps& steps, std::size_t x, const char* name, const Term& amount, double thousand_yen) {
     const double oku = Round_501(thousand_yen / 100000, 1000);
-    const Term shown = steps.Work(name, amount / 100000, Term(oku, 3), Rounding::Half, 3);
+    const Term shown = steps.Work(name, amount / 100000, Term(oku, 3), Rounding::From_499, 3);
     Within_Limits(steps, x, shown, oku);
 }
 
@@ -81,7 +81,7 @@ void Debt_Steps(const Check_Figures& f, Steps& steps) {
     const Term shown = steps.Work("流動負債 ＋ 固定負債", Term(yoso[ryudo_fusai]) + yoso[kotei_fusai], debt);
     const double months = Round_501(debt / (yoso[uriage] / 12.0), 1000);
     const Term value =
-        steps.Work("負債回転期間", shown / (Term(yoso[uriage]) / 12), Term(months, 3), Rounding::Half, 3);
+        steps.Work("負債回転期間", shown / (Term(yoso[uriage]) / 12), Term(months, 3), Rounding::From_499, 3);
     Within_Limits(steps, 2, value, months);
 }
 
@@ -158,13 +158,13 @@ void Steps_Of_A(const Check_Figures& f, Steps& steps) {
                weight(-0.4650) * x(1) - weight(0.0508) * x(2) + weight(0.0264) * x(3) +
                    weight(0.0277) * x(4) + weight(0.0011) * x(5) + weight(0.0089) * x(6) +
                    weight(0.0818) * x(7) + weight(0.0172) * x(8) + weight(0.1906),
-               Term(static_cast<double>(f.y.Y_A_Ten), 2), Rounding::Half, 2);
+               Term(static_cast<double>(f.y.Y_A_Ten), 2), Rounding::From_499, 2);
 }
 
 void Steps_Of_Y(const Check_Figures& f, Steps& steps) {
     const Term points(static_cast<double>(f.y.Y_A_Ten), 2);
     const Term score = steps.Work("経営状況評点", Term(167.3, 1) * points + 583,
-                                  std::int32_t{Score_Of_Points(f.y.Y_A_Ten)}, Rounding::Half);
+                                  std::int32_t{Score_Of_Points(f.y.Y_A_Ten)}, Rounding::From_499);
     steps.At_Least(score, 0);
 }
 

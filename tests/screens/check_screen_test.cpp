@@ -5,12 +5,14 @@
 #include "calc/ten_tables.h"
 #include "screens/check_opener.h"
 #include "screens/settled_score.h"
+#include "session/install_info.h"
 #include "session/kyotu_mod.h"
 #include "support/ui_fixture.h"
 #include "widgets/theme.h"
 
 #include <QApplication>
 #include <QLabel>
+#include <QPushButton>
 
 namespace morvane::tests {
 namespace {
@@ -174,6 +176,48 @@ TEST_F(Check_Screens, Texts_That_Follow_The_Figures) {
     EXPECT_FALSE(late());
     Put_Elements({{213, 0}});
     EXPECT_TRUE(late());
+}
+
+TEST_F(Check_Screens, Steps_Stand_In_The_Window_As_In_The_Sheet) {
+    Put_Elements({{228, 620}, {229, 20}, {230, 3}, {231, 16}, {232, 1}});
+    Settle_In_Store(4);
+    for (const Check_Request& request : {Y1_Request(6), W2X_Request(4, 13), XZP_Request("X", 0)}) {
+        const Check_Sheet sheet = Make_Check_Sheet(session, request);
+        ASSERT_FALSE(sheet.steps.empty());
+        Form& form = Open(request);
+        QString shown;
+        for (const QLabel* label : form.findChildren<QLabel*>()) {
+            if (label->objectName().startsWith(QStringLiteral("過程"))) {
+                shown += label->text();
+                EXPECT_LE(label->heightForWidth(label->minimumWidth()), label->minimumHeight())
+                    << "a broken line has its height";
+            }
+        }
+        std::string told;
+        for (const Check_Step& step : sheet.steps) {
+            told += step.text;
+        }
+        EXPECT_EQ(shown.toStdString(), told);
+    }
+    EXPECT_EQ(Text(Open(W2X_Request(4, 13)), "過程１"), "620 ／ 20 ＞ 30 のため 0");
+}
+
+TEST_F(Check_Screens, The_Network_Is_Asked_Beside_The_Window) {
+    Install_Info info = Read_Install_Info(session.App_Path);
+    info.network.help_host = "help.example.jp";
+    info.net_check_host = "127.0.0.1:1";
+    Write_Install_Info(session.App_Path, info);
+    Form& check = Open(W2X_Request(4, 9));
+    auto* const explain = Child<QPushButton>(check, "Cmd_Kaisetu");
+    messages.shown.clear();
+    messages.answers = {Answer::Ok};
+    Click(check, "Cmd_Kaisetu");
+    EXPECT_FALSE(explain->isEnabled());
+    EXPECT_EQ(explain->text(), QStringLiteral("接続確認中…"));
+    EXPECT_EQ(messages.shown.size(), 1U) << "the answer of the network comes later";
+    ASSERT_TRUE(QTest::qWaitFor([&] { return explain->isEnabled(); }));
+    ASSERT_EQ(messages.shown.size(), 2U);
+    EXPECT_TRUE(messages.shown[1].text.starts_with("ネット接続ができません。"));
 }
 
 TEST_F(Check_Screens, Tables) {

@@ -124,6 +124,9 @@ bool Rounds_To(long double exact, long double shown, std::string_view how) {
     if (how.ends_with("四捨五入）")) {
         return is(std::round(value)) || is(std::round(value * (1 + 1e-15L)));
     }
+    if (how.ends_with("0.5以上を切り上げ）")) {
+        return is(std::floor(value + 0.5L));
+    }
     if (how.ends_with("0.499以上を切り上げ）")) {
         return is(std::floor(value + 0.501L + near));
     }
@@ -222,10 +225,10 @@ class Sheet_Reader {
 
     long double Follow(const Check_Step& step) const {
         SCOPED_TRACE(step.name + " | " + step.text);
-        if (const auto because = step.text.find(" のため "); because != std::string::npos) {
-            Condition(step.name, step.text.substr(0, because));
-            return Reader(std::string_view(step.text).substr(because + std::string(" のため ").size()))
-                .Number();
+        constexpr std::string_view because = "のため ";
+        if (const auto at = step.text.find(because); at != std::string::npos) {
+            Condition(step.name, step.text.substr(0, at));
+            return Reader(std::string_view(step.text).substr(at + because.size())).Number();
         }
         Reader reader(step.text);
         const long double exact = reader.Sum();
@@ -285,7 +288,7 @@ class Sheet_Reader {
             }
             return;
         }
-        Reader reader(condition);
+        Reader reader(std::string_view(condition).substr(0, condition.find_last_not_of(' ') + 1));
         const long double first = reader.Sum();
         if (reader.rest.empty()) {
             const std::string input = Input(name);
