@@ -13,6 +13,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QShowEvent>
 #include <QThreadPool>
 #include <QVBoxLayout>
@@ -108,7 +109,11 @@ void Check_Screen::showEvent(QShowEvent* event) {
     if (!event->spontaneous()) {
         const QSize around = sizeHint() - scroll->sizeHint();
         const QSize room = screen()->availableSize() - QSize(24, 48);
-        resize((scroll->widget()->sizeHint() + around).expandedTo(minimumSizeHint()).boundedTo(room));
+        QSize wanted = scroll->widget()->sizeHint() + around;
+        if (wanted.height() > room.height()) {
+            wanted.rwidth() += scroll->verticalScrollBar()->sizeHint().width();
+        }
+        resize(wanted.expandedTo(minimumSizeHint()).boundedTo(room));
     }
     Form::showEvent(event);
 }
@@ -193,6 +198,7 @@ void Check_Screen::Add_Steps() {
         QLabel* text = Plain(Text(step.text));
         text->setObjectName(Numbered("過程", row + 1));
         text->setAccessibleName(name->text());
+        text->setAlignment(Qt::AlignLeft | Qt::AlignTop);
         Break_Long_Line(*text, step_width);
         grid->addWidget(name, row, 0, Qt::AlignTop);
         grid->addWidget(text, row, 1);

@@ -129,7 +129,7 @@ std::string Joined(const std::string& left, const char* sign, const std::string&
 } // namespace
 
 Term operator+(const Term& a, const Term& b) {
-    return {Joined(a.text, "＋", b.Right_Of(Term::Rank::Sum)), a.value + b.value, Term::Rank::Sum};
+    return {Joined(a.text, "＋", b.Right_Of(Term::Rank::Product)), a.value + b.value, Term::Rank::Sum};
 }
 
 Term operator-(const Term& a, const Term& b) {
