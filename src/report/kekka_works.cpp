@@ -37,7 +37,7 @@ struct Works_Column {
     bool is_amount = false;
 };
 
-constexpr Type name_type = {font_p_mincho, 7.0F};
+constexpr Type name_type = {font_p_mincho, 7.0F, Align::Left, 0.7F};
 constexpr Type count_type = {font_p_mincho, 7.0F, Align::Right, 0.5F};
 constexpr float amount_width = 13.2F;    // seven digits in full size
 constexpr float engineers_width = 34.2F; // all of them together
@@ -50,7 +50,7 @@ std::vector<Works_Column> Columns_Of(const Kekka_Figures& kekka, Kekka_Form form
     const float engineer_width = engineers_width / (with_hosa ? 6.0F : 5.0F);
     const char* average = kekka.figures.Yoso(201) == 3 ? "3年平均" : "2年平均";
     std::vector<Works_Column> columns = {
-        {6.0F, "建設業工事の種類", {}, nullptr, {font_p_mincho, 7.0F, Align::Center}},
+        {6.0F, "建設業工事の種類", {}, nullptr, {font_p_mincho, 7.0F, Align::Center, 0.4F}},
         {20.0F, nullptr, {}, nullptr, name_type},
         {9.4F, "", {"総合", "評点", "（Ｐ）"}, Of<&Work_Line::P>, points_type},
         {amount_width, "完 成 工 事 高", {"基準決算"}, Of<&Work_Line::Kijun>, amount_type, true},

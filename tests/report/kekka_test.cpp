@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numeric>
+#include <set>
 
 namespace morvane::tests {
 namespace {
@@ -204,6 +205,12 @@ TEST_F(Kekka_Test, Samples_Print_Their_Scores) {
         Expect_Score(score, kekka, row.form);
         Expect_Two_Roads_Agree(session, score, row.form);
         const auto texts = Texts_Of(kekka, row.form);
+        std::set<double> sizes;
+        for (const Box_Of_Text& text : texts) {
+            sizes.insert(std::round(text.size * 10));
+        }
+        EXPECT_GE(*sizes.begin(), 60) << "points, of figures as firms have them";
+        EXPECT_LE(sizes.size(), 7U) << "of the head, headings, totals, scores, tables";
         Line_Of(texts, std::string("経営事項審査 シミュレーション結果") + row.title);
         EXPECT_EQ(Joined(Line_Of(texts, "事業所名：")),
                   "事業所名：|" + score.jigyo_name + "|（第" + std::to_string(row.period) + "期決算）");
