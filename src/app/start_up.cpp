@@ -2,8 +2,10 @@
 #include "app/start_up.h"
 
 #include "calc/x2w_dataget.h"
+#include "company/company_identity.h"
 #include "company/data_set.h"
 #include "company/datacheck.h"
+#include "company/left_work.h"
 #include "company/new_installation.h"
 #include "company/pending_work.h"
 #include "company/table_edit.h"
@@ -81,30 +83,27 @@ Start_Result Load_Single(Session& session, const std::function<void()>& edit_own
              "自社情報の編集画面を開きますので入力して下さい。");
         edit_own_company();
     }
+    Open_Company_Store(session, session.Work_Store, std::nullopt).Close();
     session.Data_Ver = Get_Data_Ver(session, session.Syori_Ki);
     Table_Edit_Run(session);
     session.Simyu_Kubun = Get_Simyu_Kubun(session, session.Syori_Ki);
     return Refuse_Too_Old(session) ? Start_Result::Ended : Start_Result::Ready;
 }
 
-// The marker names the company of a session that ended abnormally. A company that was registered and not yet
-// taken in hand through the list is known from the lock file alone; it counts where the working store is
-// indeed that company's.
+// The company of a session that ended abnormally, by the marker or by the lock file.
 std::optional<Kidou_Marker> Left_In_Hand(const Session& session, const Instance_Lock& lock, bool first_run) {
-    if (first_run && !fs::exists(Kidou_File(session.App_Path))) {
+    if (first_run && !Is_There(Kidou_File(session.App_Path))) {
         Write_Kidou_Ini(session.App_Path, {});
     }
     const Kidou_Marker marker = Read_Kidou_Ini(session.App_Path);
     if (!marker.Is_Clean()) {
-        Settle_Marker(session);
-        return Read_Kidou_Ini(session.App_Path);
+        return marker;
     }
-    const Connection cn = Cn_Open(session);
-    const Recordset firm = cn.Open("SELECT * FROM Jigyo_mas");
-    if (lock.Left_Behind() == 0 || firm.Eof() || firm["管理No"].As_Integer() != lock.Left_Behind()) {
+    const std::int32_t number = Company_In_Working_Store(session, lock.Left_Behind());
+    if (number == 0) {
         return std::nullopt;
     }
-    return Kidou_Marker{lock.Left_Behind(), firm["事業所名"].As_Text()};
+    return Kidou_Marker{number, Cn_Open(session).Open("SELECT * FROM Jigyo_mas")["事業所名"].As_Text()};
 }
 
 Start_Result Load_Multi(Session& session, const Instance_Lock& lock, bool first_run) {
@@ -138,10 +137,10 @@ bool Has_Edition(const Install_Info& info) {
 void Choose_Edition(const fs::path& app_path, const std::string& code) {
     const Store_Key key = Store_Key::Derive(Session::default_password);
     const fs::path working_store = Find_File(app_path, "Morvane.dat");
-    if (fs::exists(working_store)) {
+    if (Is_There(working_store)) {
         const Connection cn(working_store, key, Connection::Mode::Read_Only);
         if (!cn.Open("SELECT * FROM Jigyo_mas").Eof()) {
-            Copy_Store(working_store, app_path / "Morvane.dat.bak", key);
+            Keep_Backup(working_store, key);
         }
     }
     Install_Info info = Read_Install_Info(app_path);
@@ -170,6 +169,7 @@ Start_Result Load_Session(Session& session, const Instance_Lock& lock,
     Sweep_Drafts(session.App_Path);
     Swap_Updater(session.App_Path);
     Finish_Pending_Work(session);
+    Mend_Working_Store(session, lock.Left_Behind());
     const bool first_run = !Read_Own_Company(session);
     if (first_run && !First_Run(session)) {
         return Start_Result::Ended;

@@ -14,7 +14,8 @@ namespace morvane {
 bool Has_Edition(const Install_Info& info);
 
 /// Sets the edition ("01" Hokkaido, "13" national) of an installation: its working store over Morvane.dat,
-/// then the settings. A working store that already holds a company is kept as Morvane.dat.bak. Raises
+/// then the settings. A working store that already holds a company is kept as Morvane.dat.bak (.bak2 …).
+/// Raises
 /// Store_Error; nothing is chosen then.
 void Choose_Edition(const std::filesystem::path& app_path, const std::string& code);
 

@@ -4,9 +4,9 @@
 #include "batch/case_format.h"
 #include "batch/installation.h"
 #include "company/data_set.h"
-#include "company/law_change.h"
 #include "company/datacheck.h"
-#include "company/register.h"
+#include "company/law_change.h"
+#include "company/pending_work.h"
 #include "data/shown_text.h"
 #include "data/store_file.h"
 #include "zaimu/z_zzen_get.h"
@@ -158,13 +158,6 @@ std::string Text_Of(const Case_Record& record, const char* column) {
     return found == record.firm.end() ? std::string() : found->second.As_Text();
 }
 
-// The store that is replaced stays beside the new one, whole.
-void Keep_Former(const fs::path& store, const Store_Key& key) {
-    if (fs::exists(store)) {
-        Copy_Store(store, store.string() + ".bak", key);
-    }
-}
-
 // A number of the register must not take the place of another company.
 void Test_Number(const Session& session, const fs::path& file, std::int32_t number) {
     const auto refuse = [&file](const std::string& reason) {
@@ -176,7 +169,7 @@ void Test_Number(const Session& session, const fs::path& file, std::int32_t numb
     if (Company_Left_In_Hand(session) == number) {
         refuse("前回の異常終了で指定中の事業所です。「Morvane」を起動して保存してから実行してください。");
     }
-    if (!fs::exists(Company_Store(session, number))) {
+    if (!Is_There(Company_Store(session, number))) {
         return;
     }
     for (const Register_Row& row : Read_Register(session)) {
@@ -211,17 +204,13 @@ Imported Import_Case(const Session& session, const fs::path& file) {
     Case_Builder(session, record, scratch.path).Build();
 
     const fs::path target = session.Is_Multi() ? Company_Store(session, number) : session.Work_Store;
-    Imported imported{number, Text_Of(record, "事業所名"), session.Is_Multi() && fs::exists(target)};
-    Keep_Former(target, session.Db_Key);
+    Imported imported{number, Text_Of(record, "事業所名"), session.Is_Multi() && Is_There(target)};
+    Keep_Backup(target, session.Db_Key);
     File_Replacement replacement = File_Replacement::With_Store(scratch.path, target, session.Db_Key);
-    replacement.Commit();
     if (session.Is_Multi()) {
-        try {
-            Put_Register_Row(session, {number, imported.name, Text_Of(record, "事業所カナ名")});
-        } catch (...) {
-            replacement.Undo();
-            throw;
-        }
+        Put_Registered_Store(session, {number, imported.name, Text_Of(record, "事業所カナ名")}, replacement);
+    } else {
+        replacement.Commit();
     }
     return imported;
 }

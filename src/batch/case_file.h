@@ -29,7 +29,7 @@ std::string Edition_Of_Case(const std::filesystem::path& file);
 
 /// Brings the company of a case file into the installation, new or in the place of the one with its number:
 /// blank company, periods, law years, figures, class totals, prior-period figures. A store that is replaced
-/// is kept beside it with the ending .bak. Raises Case_Error, Store_Error.
+/// is kept beside it with the ending .bak (a second time on one day .bak2). Raises Case_Error, Store_Error.
 Imported Import_Case(const Session& session, const std::filesystem::path& file);
 
 /// A company as a case file; importing it gives the same company. Raises Store_Error.

@@ -2,12 +2,15 @@
 #include "batch/check_run.h"
 
 #include "batch/installation.h"
+#include "calc/x2w_dataget.h"
+#include "company/company_identity.h"
 #include "company/datacheck.h"
 #include "company/templates.h"
 #include "data/store_file.h"
 #include "data/table_catalogue.h"
 #include "session/kidou_ini.h"
 #include "session/kyotu_mod.h"
+#include "session/run_time_error.h"
 
 #include <algorithm>
 #include <ostream>
@@ -70,21 +73,54 @@ std::vector<std::string> Balance_Findings(const Connection& cn) {
     return findings;
 }
 
+// W is formed by the end date from the second law year on.
+std::vector<std::string> Date_Findings(const Connection& cn) {
+    if (cn.Open("SELECT * FROM W_Yoso WHERE 要素CD=210 And 現状>1").Eof()) {
+        return {};
+    }
+    try {
+        static_cast<void>(Read_Review_Date(cn));
+        return {};
+    } catch (const Run_Time_Error& error) {
+        return {error.what()};
+    }
+}
+
+/// Whether a store is that of its company: number, edition, name in the register.
+std::vector<std::string> Identity_Findings(const Session& session, const fs::path& store,
+                                           const Company& company) {
+    try {
+        const Store_Identity identity =
+            Identity_Of(Connection(store, session.Db_Key, Connection::Mode::Read_Only));
+        if (const std::string fault = Identity_Fault(session, identity, company.number); !fault.empty()) {
+            return {fault + "。"};
+        }
+        if (identity.name != company.name) {
+            return {"事業所名「" + identity.name + "」が事業所一覧の「" + company.name + "」と違います。"};
+        }
+    } catch (const Store_Error&) {
+        // Said by the check of the store itself.
+    }
+    return {};
+}
+
 // Files of the data folder that no company of the register has.
 std::vector<fs::path> Strays(const Session& session, const std::vector<Company>& companies) {
     std::vector<fs::path> strays;
-    if (!fs::is_directory(session.App_Path / "data")) {
-        return strays;
-    }
+    const fs::path folder = session.App_Path / "data";
     std::set<std::string> known;
     for (const Company& company : companies) {
         known.insert(Company_Store(session, company.number).filename().string());
     }
-    for (const auto& entry : fs::directory_iterator(session.App_Path / "data")) {
+    std::error_code error;
+    for (const auto& entry : fs::directory_iterator(folder, error)) {
         const std::string name = entry.path().filename().string();
         if (entry.path().extension() == ".dat" && name.front() != '.' && !known.contains(name)) {
             strays.push_back(entry.path());
         }
+    }
+    if (error) {
+        throw Store_Error(folder, Reason_Of_Errno(error.value()), "フォルダの読み込み");
     }
     std::sort(strays.begin(), strays.end());
     return strays;
@@ -113,7 +149,12 @@ std::vector<std::string> Check_Company_Store(const fs::path& store, const Store_
         return findings;
     }
     try {
-        return Balance_Findings(Connection(store, key, Connection::Mode::Read_Only));
+        const Connection cn(store, key, Connection::Mode::Read_Only);
+        findings = Balance_Findings(cn);
+        for (std::string& finding : Date_Findings(cn)) {
+            findings.push_back(std::move(finding));
+        }
+        return findings;
     } catch (const std::exception& error) {
         return {error.what()};
     }
@@ -133,26 +174,38 @@ std::size_t Check_Run(const Session& session, std::ostream& out) {
             report(store, Findings(store, session.Db_Key, Kind_Of_Template(name)));
         }
     }
-    report(session.Work_Store, Check_Company_Store(session.Work_Store, session.Db_Key));
-    if (!session.Is_Multi()) {
-        return faulty;
-    }
+    const auto check = [&](const fs::path& store, const Company& company) {
+        std::vector<std::string> findings = Check_Company_Store(store, session.Db_Key);
+        for (std::string& finding : Identity_Findings(session, store, company)) {
+            findings.push_back(std::move(finding));
+        }
+        report(store, findings);
+    };
     std::vector<Company> companies;
     try {
-        static_cast<void>(Read_Kidou_Ini(session.App_Path));
         companies = Companies_Of(session);
+        if (session.Is_Multi()) {
+            static_cast<void>(Read_Kidou_Ini(session.App_Path));
+        }
     } catch (const Store_Error& error) {
         report(error.file, {error.what()});
-        return faulty;
     }
+    bool work_is_checked = false;
     for (const Company& company : companies) {
-        if (company.place == Company::Place::Resting_Store) {
-            const fs::path store = Store_Of(session, company);
-            report(store, Check_Company_Store(store, session.Db_Key));
-        }
+        check(File_Of(session, company), company);
+        work_is_checked = work_is_checked || company.place == Company::Place::Working_Store;
     }
-    for (const fs::path& stray : Strays(session, companies)) {
-        report(stray, {"事業所登録にないファイルです。"});
+    if (!work_is_checked) {
+        report(session.Work_Store, Check_Company_Store(session.Work_Store, session.Db_Key));
+    }
+    if (session.Is_Multi()) {
+        try {
+            for (const fs::path& stray : Strays(session, companies)) {
+                report(stray, {"事業所一覧にないファイルです。"});
+            }
+        } catch (const Store_Error& error) {
+            report(error.file, {error.what()});
+        }
     }
     return faulty;
 }

@@ -23,7 +23,8 @@ struct Balance_Check {
 /// The balance of a period. Raises Store_Error.
 Balance_Check Check_Balance(const Connection& cn, int period, bool corporation);
 
-/// What is wrong with a company store: pages, tables, columns, balances; one Japanese line each.
+/// What is wrong with a company store: pages, tables, columns, balances, an end date for which W cannot be
+/// scored; one Japanese line each.
 std::vector<std::string> Check_Company_Store(const std::filesystem::path& store, const Store_Key& key);
 
 /// Checks every store of an installation and writes what is wrong, a line each. Gives the number of stores

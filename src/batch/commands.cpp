@@ -42,6 +42,8 @@ struct Init_Arguments {
     std::string edition = "13";
     std::string mode = "multi";
     bool sample = false;
+    bool repair = false;
+    bool edition_given = false;
 };
 
 /// Imports the files one after the other; a file that fails is one line, the others go on.
@@ -65,7 +67,22 @@ int Import_All(const Session& session, const std::vector<fs::path>& files) {
     return status;
 }
 
+int Run_Repair(const Init_Arguments& arguments) {
+    const auto lines = Repair_Folder(
+        arguments.folder, arguments.edition_given ? std::optional(arguments.edition) : std::nullopt);
+    for (const std::string& line : lines) {
+        std::cout << One_Line(line) << "\n";
+    }
+    if (lines.empty()) {
+        std::cout << "失われたファイルはありません。\n";
+    }
+    return status_done;
+}
+
 int Run_Init(const Init_Arguments& arguments) {
+    if (arguments.repair) {
+        return Run_Repair(arguments);
+    }
     const bool multi = arguments.mode == "multi";
     std::vector<fs::path> samples;
     if (arguments.sample) {
@@ -334,12 +351,19 @@ class Command_Line {
         CLI::App* sub = Add("init", "データフォルダを作成します。",
                             "morvane-batch init ~/morvane --edition 13 --mode multi --sample");
         sub->add_option("DIR", init.folder, "作成するフォルダ")->required();
-        One_Of(sub->add_option("--edition", init.edition, "01 北海道版、13 全国版"), {"13", "01"});
+        const CLI::Option* edition = sub->add_option("--edition", init.edition, "01 北海道版、13 全国版");
+        One_Of(sub->get_option("--edition"), {"13", "01"});
         One_Of(sub->add_option("--mode", init.mode,
                                "single 自社で使う（1社）、multi 事務所で使う（多数の事業所）"),
                {"single", "multi"});
         sub->add_flag("--sample", init.sample, "見本の事業所を取り込みます。");
-        sub->callback([this] { command = [this] { return Run_Init(init); }; });
+        sub->add_flag(
+            "--repair", init.repair,
+            "フォルダから失われたファイル（設定、事業所一覧など）だけを、残りのデータから作り直します。");
+        sub->callback([this, edition] {
+            init.edition_given = edition->count() > 0;
+            command = [this] { return Run_Init(init); };
+        });
     }
 
     void Add_Import() {

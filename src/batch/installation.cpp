@@ -2,7 +2,9 @@
 #include "batch/installation.h"
 
 #include "batch/case_file.h"
+#include "company/company_identity.h"
 #include "company/datacheck.h"
+#include "company/left_work.h"
 #include "company/pending_work.h"
 #include "data/shown_text.h"
 #include "data/store_file.h"
@@ -38,6 +40,31 @@ Company Company_Of_Working_Store(const Session& session) {
             Company::Place::Working_Store};
 }
 
+std::string Listed(const std::vector<std::string>& names) {
+    std::string list;
+    for (const std::string& name : names) {
+        list += (list.empty() ? "" : "、") + name;
+    }
+    return list;
+}
+
+void Test_Folder(const fs::path& folder) {
+    std::error_code error;
+    if (!fs::is_directory(folder, error)) {
+        throw Usage_Error("「" + folder.string() + "」" +
+                          (Is_There(folder) ? "はフォルダではありません。" : "というフォルダがありません。"));
+    }
+}
+
+Instance_Lock Take_Lock(const fs::path& folder) {
+    auto lock = Instance_Lock::Take(folder);
+    if (!lock) {
+        throw Usage_Error("「Morvane」がフォルダ「" + folder.string() +
+                          "」を使用中です。終了してから実行してください。");
+    }
+    return std::move(*lock);
+}
+
 } // namespace
 
 Answer Stderr_Messages::Show(const Message_Box& box) {
@@ -50,7 +77,7 @@ std::string One_Line(std::string text) {
     return Shown_Lines(text);
 }
 
-fs::path Store_Of(const Session& session, const Company& company) {
+fs::path File_Of(const Session& session, const Company& company) {
     if (company.place == Company::Place::Nowhere) {
         throw Score_Refusal("登録されていない事業所番号です。");
     }
@@ -58,35 +85,37 @@ fs::path Store_Of(const Session& session, const Company& company) {
                                                           : Company_Store(session, company.number);
 }
 
+fs::path Store_Of(const Session& session, const Company& company) {
+    return Open_Company(session, company).File();
+}
+
+Connection Open_Company(const Session& session, const Company& company) {
+    return Open_Company_Store(session, File_Of(session, company), company.number);
+}
+
 Session Open_Installation(const fs::path& folder, Messages& messages) {
-    if (!fs::is_directory(folder)) {
-        throw Usage_Error("フォルダ「" + folder.string() + "」がありません。");
-    }
-    if (!fs::exists(Find_File(folder, install_info_file))) {
-        throw Usage_Error("フォルダ「" + folder.string() +
-                          "」はMorvaneのデータフォルダではありません（init で作成できます）。");
+    Test_Folder(folder);
+    if (!Is_There(Find_File(folder, install_info_file))) {
+        const std::string parts = Listed(Installation_Parts(folder));
+        throw Usage_Error("フォルダ「" + folder.string() + "」" +
+                          (parts.empty() ? "はMorvaneのデータフォルダではありません（init で作成できます）。"
+                                         : "には設定ファイル install_info.json がありません（" + parts +
+                                               " は残っています）。失われたファイルは init --repair "
+                                               "で作り直せます。"));
     }
     return Make_Session(fs::absolute(folder), messages);
 }
 
 Instance_Lock Lock_Installation(const Session& session) {
-    auto lock = Instance_Lock::Take(session.App_Path);
-    if (!lock) {
-        throw Usage_Error("「Morvane」がフォルダ「" + session.App_Path.string() +
-                          "」を使用中です。終了してから実行してください。");
-    }
+    Instance_Lock lock = Take_Lock(session.App_Path);
     // What a killed process left would else meet what is written now.
     Sweep_Drafts(session.App_Path);
     Finish_Pending_Work(session);
-    return std::move(*lock);
+    return lock;
 }
 
 std::int32_t Company_Left_In_Hand(const Session& session) {
-    if (!session.Is_Multi() || !fs::exists(Kidou_File(session.App_Path)) ||
-        Read_Kidou_Ini(session.App_Path).Is_Clean()) {
-        return 0;
-    }
-    return Company_Of_Working_Store(session).number;
+    return Company_In_Working_Store(session, Instance_Lock::Recorded(session.App_Path));
 }
 
 std::vector<Company> Companies_Of(const Session& session) {
@@ -108,13 +137,30 @@ std::vector<Company> Companies_Of(const Session& session) {
 }
 
 void Init_Installation(const fs::path& folder, const Init_Options& options) {
-    if (fs::exists(folder) && !fs::is_directory(folder)) {
-        throw Usage_Error("「" + folder.string() + "」はフォルダではありません。");
+    if (folder.empty()) {
+        throw Usage_Error("フォルダの名前が空です。");
     }
-    if (fs::exists(Find_File(folder, install_info_file))) {
-        throw Usage_Error("フォルダ「" + folder.string() + "」には既にMorvaneのデータがあります。");
+    if (Is_There(folder)) {
+        Test_Folder(folder);
+        if (const auto parts = Installation_Parts(folder); !parts.empty()) {
+            throw Usage_Error("フォルダ「" + folder.string() + "」には既にMorvaneのデータがあります（" +
+                              Listed(parts) +
+                              "）。失われたファイルだけを作り直すときは init --repair を使います。");
+        }
     }
     New_Installation(Templates_Folder(), folder, options);
+}
+
+std::vector<std::string> Repair_Folder(const fs::path& folder, const std::optional<std::string>& edition) {
+    Test_Folder(folder);
+    if (Installation_Parts(folder).empty()) {
+        throw Usage_Error("フォルダ「" + folder.string() +
+                          "」にはMorvaneのデータがありません（init で作成できます）。");
+    }
+    const fs::path place = fs::absolute(folder);
+    const Instance_Lock lock = Take_Lock(place);
+    Sweep_Drafts(place);
+    return Repair_Installation(Templates_Folder(), place, edition);
 }
 
 fs::path Templates_Folder() {

@@ -39,8 +39,15 @@ struct Company {
     Place place = Place::Resting_Store;
 };
 
-/// The store that holds a company's newest state. Raises Score_Refusal for a number that is not registered.
+/// The file that holds a company's newest state. Raises Score_Refusal for a number that is not registered.
+std::filesystem::path File_Of(const Session& session, const Company& company);
+
+/// The same, of which it is certain that it is that company's, in the edition of the installation. Raises
+/// Store_Error where it is not, or cannot be read.
 std::filesystem::path Store_Of(const Session& session, const Company& company);
+
+/// Opens the store of a company for reading, with the same certainty.
+Connection Open_Company(const Session& session, const Company& company);
 
 /// Opens the installation in `folder`. Raises Usage_Error where it is none, Store_Error where its settings
 /// fail.
@@ -53,12 +60,18 @@ Instance_Lock Lock_Installation(const Session& session);
 /// session broken off left in the working store is read from there. Raises Store_Error.
 std::vector<Company> Companies_Of(const Session& session);
 
-/// The company that the working store holds in multi-company mode because a session was broken off; 0 none.
+/// The company whose newest state the working store holds in multi-company mode, because the desktop program
+/// has it in hand or was broken off; 0 none.
 std::int32_t Company_Left_In_Hand(const Session& session);
 
-/// Makes an installation folder from the delivered templates. Raises Usage_Error where one stands there
-/// already.
+/// Makes an installation folder from the delivered templates. Raises Usage_Error where any part of one stands
+/// there already.
 void Init_Installation(const std::filesystem::path& folder, const Init_Options& options);
+
+/// Makes what the installation in a folder has lost (see Repair_Installation). Raises Usage_Error where no
+/// part of one is there or the desktop program holds it.
+std::vector<std::string> Repair_Folder(const std::filesystem::path& folder,
+                                       const std::optional<std::string>& edition);
 
 /// The folder of the delivered templates: beside the program, or where it is installed. Raises Usage_Error.
 std::filesystem::path Templates_Folder();

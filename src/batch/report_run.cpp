@@ -41,7 +41,7 @@ struct Printed {
 };
 
 Printed Pdf_Of(const Session& session, const Report_Options& options, const Company& company) {
-    const Connection cn(Store_Of(session, company), session.Db_Key, Connection::Mode::Read_Only);
+    const Connection cn = Open_Company(session, company);
     Settled_Score score = Score_Company(cn, session.Is_Hokkaido(), options.period, *options.scenario);
     const char* name =
         options.report.empty() ? Law_Of(score.figures.law_year).result_report : options.report.c_str();

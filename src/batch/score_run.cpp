@@ -14,7 +14,7 @@ std::size_t Score_Run(const Session& session, const Score_Options& options, std:
     bool first = true;
     out << Score_Head(options.format);
     const auto score_one = [&](const Company& company) {
-        const Connection cn(Store_Of(session, company), session.Db_Key, Connection::Mode::Read_Only);
+        const Connection cn = Open_Company(session, company);
         Settled_Score score = Score_Company(cn, session.Is_Hokkaido(), options.period, *options.scenario);
         score.kanri_no = company.number;
         return Score_Text(options.format, score);

@@ -191,7 +191,7 @@ class Company_Saving {
         const std::optional<Register_Row> former_row = Find_Register_Row(session, former);
         const fs::path from = Company_Store(session, former);
         const fs::path to = Company_Store(session, number);
-        const bool moves = from != to && fs::exists(from);
+        const bool moves = from != to && Is_There(from);
         Pending_Work pending(session, {.kind = Work_Intent::Kind::Change, .row = Row(), .former = former});
         File_Replacement working =
             File_Replacement::With_Store(session.Work_Store, session.Work_Store, session.Db_Key);
@@ -204,10 +204,12 @@ class Company_Saving {
             File_Replacement::With_Text(Kidou_Text({number, Row().name}), Kidou_File(session.App_Path));
         pending.Do([&] { marked.Commit(); }, [&] { marked.Undo(); });
         pending.Do([&] { working.Commit(); }, [&] { working.Undo(); });
-        pending.Do([&] { moves ? Rename_Store(from, to, session.Db_Key) : void(); },
+        pending.Do([&] { moves ? Move_Company_Store(session, former, number) : void(); },
                    [&] {
-                       if (moves && !fs::exists(from)) {
-                           Rename_Store(to, from, session.Db_Key);
+                       if (moves && !Is_There(from)) {
+                           Move_Company_Store(session, number, former);
+                       } else if (moves && Is_There(to)) {
+                           Remove_Store(to);
                        }
                    });
         pending.Do([&] { Put_Register_Row(session, Row(), former); },

@@ -2,7 +2,7 @@
 #include "company/datacheck.h"
 
 #include "calc/x2w_dataget.h"
-#include "company/register.h"
+#include "company/company_identity.h"
 #include "company/table_edit.h"
 #include "data/store_file.h"
 #include "session/kidou_ini.h"
@@ -34,12 +34,23 @@ std::filesystem::path Company_Store(const Session& session, std::int32_t number)
     // Only the ending has letters, so that the folder of thousands of companies need not be searched.
     std::filesystem::path upper_case = store;
     upper_case.replace_extension(".DAT");
-    return !std::filesystem::exists(store) && std::filesystem::exists(upper_case) ? upper_case : store;
+    return !Is_There(store) && Is_There(upper_case) ? upper_case : store;
 }
+
+namespace {
+
+/// The company in hand as it is about to be put over its resting store: what is not that company's never is.
+File_Replacement Saved_Work(const Session& session) {
+    Open_Company_Store(session, session.Work_Store, session.Kanri_No).Close();
+    return File_Replacement::With_Store(session.Work_Store, Company_Store(session, session.Kanri_No),
+                                        session.Db_Key);
+}
+
+} // namespace
 
 void Check_In(const Session& session) {
     if (session.Kanri_No != 0) {
-        Copy_Store(session.Work_Store, Company_Store(session, session.Kanri_No), session.Db_Key);
+        Saved_Work(session).Commit();
     }
 }
 
@@ -50,36 +61,11 @@ void Check_In_And_Release(Session& session) {
     session.Jigyo_Name.clear();
 }
 
-namespace {
-
-/// The working store says whose it is: a file that came from elsewhere may hold another number or none.
-void Put_Number(const Session& session) {
-    const Connection cn = Cn_Open(session);
-    Recordset firm = cn.Open("SELECT * FROM Jigyo_mas");
-    const bool is_there = !firm.Eof();
-    if (is_there && firm["管理No"].As_Integer() == session.Kanri_No && !firm["管理No"].Is_Null()) {
-        return;
-    }
-    Transaction transaction(cn);
-    if (!is_there) {
-        firm.Add_New();
-        firm.Set("事業所名", session.Jigyo_Name);
-        firm.Set("法人個人識別", session.Hojin_Kojin);
-        firm.Set("処理決算期", session.Syori_Ki);
-    }
-    firm.Set("管理No", session.Kanri_No);
-    firm.Update();
-    transaction.Commit();
-}
-
-} // namespace
-
 void Check_Out(Session& session, std::int32_t number, const std::string& name) {
     const std::filesystem::path wanted = Company_Store(session, number);
     std::optional<File_Replacement> saved;
     if (session.Kanri_No != 0) {
-        saved.emplace(File_Replacement::With_Store(session.Work_Store,
-                                                   Company_Store(session, session.Kanri_No), session.Db_Key));
+        saved.emplace(Saved_Work(session));
     }
     // The company in hand is taken again from what has just been saved.
     const bool same = saved && Company_Store(session, session.Kanri_No) == wanted;
@@ -89,11 +75,16 @@ void Check_Out(Session& session, std::int32_t number, const std::string& name) {
     next.Kanri_No = number;
     next.Jigyo_Name = name;
     next.Work_Store = working.Draft();
+    Test_Identity(session, Connection(working.Draft(), session.Db_Key, Connection::Mode::Read_Only), number,
+                  wanted);
     try {
-        Put_Number(next);
         Company_Reload(next);
     } catch (const Store_Error& error) {
-        throw Store_Error(wanted, error.reason, error.what());
+        // The draft is nobody's file: the failure is that of the store it came from.
+        if (error.file != working.Draft()) {
+            throw;
+        }
+        throw Store_Error(wanted, error.reason, "データの読み込み");
     }
     next.Work_Store = session.Work_Store;
     File_Replacement marker =
@@ -112,22 +103,6 @@ void Check_Out(Session& session, std::int32_t number, const std::string& name) {
         throw;
     }
     session = std::move(next);
-}
-
-void Settle_Marker(const Session& session) {
-    const Kidou_Marker marker = Read_Kidou_Ini(session.App_Path);
-    if (!session.Is_Multi() || marker.Is_Clean()) {
-        return;
-    }
-    const Connection cn = Cn_Open(session);
-    const Recordset firm = cn.Open("SELECT * FROM Jigyo_mas");
-    if (firm.Eof() || firm["管理No"].Is_Null()) {
-        return;
-    }
-    const auto number = static_cast<std::int32_t>(firm["管理No"].As_Integer());
-    if (number != marker.number && Find_Register_Row(session, number)) {
-        Write_Kidou_Ini(session.App_Path, {number, firm["事業所名"].As_Text()});
-    }
 }
 
 void Jigyo_Init(const Session& session, const Install_Info& info) {

@@ -16,7 +16,8 @@ void Company_Reload(Session& session);
 /// The resting store of company `number`: data/NNNNNN.dat with the rightmost six digits of the number.
 std::filesystem::path Company_Store(const Session& session, std::int32_t number);
 
-/// Saves the company in hand to its resting store. Without one nothing happens. Raises Store_Error.
+/// Saves the company in hand to its resting store. Without one nothing happens. Raises Store_Error, also
+/// where the working store is not that company's.
 void Check_In(const Session& session);
 
 /// Check-in that is not followed by a check-out: no company is in hand afterwards, the marker tells a clean
@@ -25,13 +26,9 @@ void Check_In_And_Release(Session& session);
 
 /// Takes company `number` in hand: saves the one in hand, copies the resting store over the working store,
 /// writes the marker, reloads the session. Everything is prepared and verified before the first file is
-/// replaced; a failure leaves the former company in hand. Raises Store_Error.
+/// replaced; a failure leaves the former company in hand. Raises Store_Error, also for a resting store of
+/// another company or edition.
 void Check_Out(Session& session, std::int32_t number, const std::string& name);
-
-/// Puts the marker right where a crash fell between the working store and the marker of a check-out: the
-/// working store itself tells whose it is. Only in multi-company mode, with an unclean marker. Raises
-/// Store_Error.
-void Settle_Marker(const Session& session);
 
 /// Fills the one row of Jigyo_mas from the settings of the installation (first start). Raises Store_Error.
 void Jigyo_Init(const Session& session, const Install_Info& info);

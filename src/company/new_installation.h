@@ -2,7 +2,9 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string>
+#include <vector>
 
 namespace morvane {
 
@@ -13,10 +15,23 @@ struct Init_Options {
     std::string office_name{}; ///< of the adviser's office or of the firm
 };
 
-/// Fills an installation folder from the templates: stores, register, marker, settings. The settings are
-/// written last, so that a folder that was left half made is made again. Raises Store_Error.
+/// What of an installation stands in a folder, by name: settings, stores, register, marker, data folder.
+std::vector<std::string> Installation_Parts(const std::filesystem::path& folder);
+
+/// Fills an installation folder from the templates: stores, register, marker, settings. Nothing that stands
+/// there is replaced. The settings are written last, so that a folder that was left half made is finished by
+/// the next call. Raises Store_Error, also for a folder that holds companies and has lost its settings.
 void New_Installation(const std::filesystem::path& templates, const std::filesystem::path& folder,
                       const Init_Options& options);
+
+/// Makes what an installation has lost, and only that, from what is there: mode and edition of the settings
+/// from the stores, the register from the data files, the marker from the working store; templates and a
+/// blank working store as delivered. `edition` counts where the stores do not tell it. Gives a line for each
+/// thing made and for each data file that could not be registered. The instance lock is held by the caller.
+/// Raises Store_Error.
+std::vector<std::string> Repair_Installation(const std::filesystem::path& templates,
+                                             const std::filesystem::path& folder,
+                                             const std::optional<std::string>& edition);
 
 /// The name of an edition: 北海道 for "01", else 全国.
 std::string Edition_Name(const std::string& edition);

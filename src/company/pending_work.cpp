@@ -1,12 +1,14 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "company/pending_work.h"
 
+#include "company/company_identity.h"
 #include "company/datacheck.h"
 #include "data/json_text.h"
 #include "data/store_file.h"
 #include "session/kidou_ini.h"
 
 #include <algorithm>
+#include <array>
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <unistd.h>
@@ -60,32 +62,43 @@ void Remove_Intent(const Session& session) noexcept {
     static_cast<void>(::unlink(Intent_File(session).c_str()));
 }
 
-/// Whether a store is that of the company `row`.
-bool Is_Store_Of(const Session& session, const fs::path& store, const Register_Row& row) {
-    const Connection cn(store, session.Db_Key, Connection::Mode::Read_Only);
-    const Recordset firm = cn.Open("SELECT * FROM Jigyo_mas");
-    return !firm.Eof() && firm["管理No"].As_Integer() == row.number &&
-           firm["事業所名"].As_Text() == row.name && firm["事業所カナ名"].As_Text() == row.kana;
+/// Whose a store is; nobody's where it cannot be read.
+Store_Identity Told_By(const Session& session, const fs::path& store) {
+    try {
+        return Identity_Of(Connection(store, session.Db_Key, Connection::Mode::Read_Only));
+    } catch (const Store_Error& error) {
+        if (!Is_Unreadable(error)) {
+            throw;
+        }
+        return {};
+    }
 }
 
-// The data file stands whole or not at all, and only of a whole one the row is missing.
+bool Is_Store_Of(const Session& session, const fs::path& store, const Register_Row& row) {
+    return Told_By(session, store).Is(row.number, row.name, row.kana);
+}
+
+// The data file stands whole or not at all, and only of a whole one the row is missing or is the former one.
 void Finish_Registration(const Session& session, const Work_Intent& intent) {
     const fs::path store = Company_Store(session, intent.row.number);
-    if (fs::exists(store) && Is_Store_Of(session, store, intent.row) &&
-        !Find_Register_Row(session, intent.row.number)) {
+    if (Is_Store_Of(session, store, intent.row) &&
+        Find_Register_Row(session, intent.row.number) != intent.row) {
         Put_Register_Row(session, intent.row);
     }
 }
 
 // The working store decides: where it does not say the new number and names, nothing was changed.
 void Finish_Change(const Session& session, const Work_Intent& intent) {
-    if (!fs::exists(session.Work_Store) || !Is_Store_Of(session, session.Work_Store, intent.row)) {
+    if (!Is_Store_Of(session, session.Work_Store, intent.row)) {
         return;
     }
     const fs::path from = Company_Store(session, intent.former);
     const fs::path to = Company_Store(session, intent.row.number);
-    if (from != to && fs::exists(from) && !fs::exists(to)) {
-        Rename_Store(from, to, session.Db_Key);
+    if (from != to && Is_There(from) && !Is_There(to)) {
+        Move_Company_Store(session, intent.former, intent.row.number);
+    } else if (from != to && Told_By(session, from).number == intent.former &&
+               Told_By(session, to).number == intent.row.number) {
+        Remove_Store(from);
     }
     const bool former_stands =
         intent.former != intent.row.number && Find_Register_Row(session, intent.former).has_value();
@@ -101,7 +114,7 @@ void Finish_Change(const Session& session, const Work_Intent& intent) {
 
 // The data file decides: where it stands, nothing was deleted, and that may have been said.
 void Finish_Deletion(const Session& session, const Work_Intent& intent) {
-    if (!fs::exists(Company_Store(session, intent.row.number)) &&
+    if (!Is_There(Company_Store(session, intent.row.number)) &&
         Find_Register_Row(session, intent.row.number)) {
         Remove_Register_Row(session, intent.row.number);
     }
@@ -110,7 +123,7 @@ void Finish_Deletion(const Session& session, const Work_Intent& intent) {
 bool Do_Files_Fit_Register(const Session& session) {
     const std::vector<Register_Row> rows = Read_Register(session);
     const bool files_stand = std::all_of(rows.begin(), rows.end(), [&](const Register_Row& row) {
-        return fs::exists(Company_Store(session, row.number));
+        return Is_There(Company_Store(session, row.number));
     });
     std::error_code error;
     std::size_t files = 0;
@@ -157,6 +170,36 @@ void Pending_Work::Do(const std::function<void()>& step, std::function<void()> b
     }
 }
 
+void Put_Registered_Store(const Session& session, const Register_Row& row, File_Replacement& store) {
+    const std::optional<Register_Row> former = Find_Register_Row(session, row.number);
+    Pending_Work pending(session, {.kind = Work_Intent::Kind::Registration, .row = row});
+    pending.Do([&] { store.Commit(); }, [&] { store.Undo(); });
+    pending.Do([&] { former == row ? void() : Put_Register_Row(session, row); },
+               [&] {
+                   if (Find_Register_Row(session, row.number) == former) {
+                       return;
+                   }
+                   former ? Put_Register_Row(session, *former) : Remove_Register_Row(session, row.number);
+               });
+}
+
+void Move_Company_Store(const Session& session, std::int32_t former, std::int32_t number) {
+    const fs::path from = Company_Store(session, former);
+    const fs::path to = Company_Store(session, number);
+    if (Is_There(to)) {
+        throw Store_Error(to, Store_Error::Reason::Failed, "同じ名前のファイルが既にあります");
+    }
+    Open_Company_Store(session, from, former).Close();
+    File_Replacement moved = File_Replacement::With_Store(from, to, session.Db_Key);
+    moved.Change(session.Db_Key, [number](const Connection& cn) {
+        const std::array<Value, 1> values = {number};
+        cn.Execute("UPDATE Jigyo_mas SET 管理No = ?", values);
+        return true;
+    });
+    moved.Commit();
+    Remove_Store(from);
+}
+
 bool Is_Store_Shared(const Session& session, std::int32_t number) {
     std::string digits = "000000" + std::to_string(number);
     digits.erase(0, digits.size() - 6);
@@ -167,7 +210,7 @@ bool Is_Store_Shared(const Session& session, std::int32_t number) {
 
 void Finish_Pending_Work(const Session& session) {
     const fs::path file = Intent_File(session);
-    if (!session.Is_Multi() || !fs::exists(file)) {
+    if (!session.Is_Multi() || !Is_There(file)) {
         return;
     }
     const std::optional<Work_Intent> intent = Read_Intent(file);

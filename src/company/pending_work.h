@@ -2,6 +2,7 @@
 #pragma once
 
 #include "company/register.h"
+#include "data/store_file.h"
 
 #include <cstdint>
 #include <functional>
@@ -12,7 +13,7 @@ namespace morvane {
 /// What an operation over several files is about to do.
 struct Work_Intent {
     enum class Kind : std::uint8_t {
-        Registration, ///< a new company: data file, row, working store
+        Registration, ///< a new or imported company: data file, row, working store
         Change,       ///< number or names of the company in hand: working store, data file, row, marker
         Deletion      ///< data file, row
     };
@@ -53,14 +54,22 @@ class Pending_Work {
     bool left = false;
 };
 
+/// Puts the data file of a registered or new company in place, and its row, both or none: one that is killed
+/// between them is finished by the next start. Raises Store_Error.
+void Put_Registered_Store(const Session& session, const Register_Row& row, File_Replacement& store);
+
+/// Moves the data file of company `former` to the place of its new number, which the file then bears. Raises
+/// Store_Error, also where a file stands there already or the file is another company's.
+void Move_Company_Store(const Session& session, std::int32_t former, std::int32_t number);
+
 /// Whether another company of the register keeps its data under the file of company `number` (numbers of
 /// seven digits and more keep only their last six). Raises Store_Error.
 bool Is_Store_Shared(const Session& session, std::int32_t number);
 
 /// Finishes or drops the operation that a killed process left (see Pending_Work). To be called at start, with
-/// the instance lock held, behind Sweep_Drafts and before Settle_Marker. Every step can be repeated. Nothing
-/// in single-company mode. Raises Store_Error, also for a pending.json that cannot be read while register and
-/// data files disagree.
+/// the instance lock held, behind Sweep_Drafts and before Mend_Working_Store. Every step can be repeated.
+/// Nothing in single-company mode. Raises Store_Error, also for a pending.json that cannot be read while
+/// register and data files disagree.
 void Finish_Pending_Work(const Session& session);
 
 } // namespace morvane

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "company/register.h"
 
+#include "company/company_identity.h"
 #include "company/datacheck.h"
 #include "company/pending_work.h"
 #include "data/store_file.h"
@@ -60,17 +61,37 @@ bool Confirm_Deletion(const Session& session, const std::optional<Register_Row>&
                    "」の\n全データを削除します。一旦削除すると元には戻せません。\nよろしいですか？");
 }
 
+/// The data of another company of the register, whose file bears the wrong name, are not deleted with this
+/// one. What cannot be read is nobody's.
+void Test_Not_Anothers(const Session& session, const fs::path& store, std::int32_t number) {
+    try {
+        Open_Company_Store(session, store, number).Close();
+    } catch (const Store_Error& error) {
+        if (error.reason != Store_Error::Reason::Bad_Content) {
+            return;
+        }
+        const auto own = Identity_Of(Connection(store, session.Db_Key, Connection::Mode::Read_Only)).number;
+        if (own && *own != number && Find_Register_Row(session, *own)) {
+            throw;
+        }
+    }
+}
+
 /// The data file goes while the register holds the deletion of the row ready. False where it cannot go.
 bool Delete_File_And_Row(const Session& session, std::int32_t number) {
     const fs::path store = Company_Store(session, number);
+    const bool file_goes = Is_There(store) && !Is_Store_Shared(session, number);
+    if (file_goes) {
+        Test_Not_Anothers(session, store, number);
+    }
     const Connection cn = Cn_Open_Jgmas(session);
     Transaction transaction(cn);
     Delete_Row(cn, number);
-    if (fs::exists(store) && !Is_Store_Shared(session, number)) {
+    if (file_goes) {
         try {
             Remove_Store(store);
         } catch (const Store_Error& error) {
-            if (fs::exists(store)) {
+            if (Is_There(store)) {
                 return Report_Not_Deleted(session, error);
             }
         }
@@ -150,7 +171,7 @@ bool Is_Number_Taken(const Session& session, std::int32_t number, std::int32_t o
     }
     const fs::path store = Company_Store(session, number);
     const bool own_file = own != 0 && store == Company_Store(session, own);
-    return own_file ? Is_Store_Shared(session, own) : fs::exists(store) || Is_Store_Shared(session, number);
+    return own_file ? Is_Store_Shared(session, own) : Is_There(store) || Is_Store_Shared(session, number);
 }
 
 Taken Take_Company(Session& session, const std::optional<Register_Row>& chosen) {

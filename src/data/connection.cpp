@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cctype>
 #include <cerrno>
+#include <fcntl.h>
 #include <mutex>
 #include <sqlcipher/sqlite3.h>
 #include <sys/stat.h>
@@ -47,19 +48,34 @@ bool Has_Journal(const std::filesystem::path& file) {
     return std::filesystem::exists(file.string() + "-journal", error);
 }
 
-// What can be said of a file before a key is tried: the engine would take an empty file for a new store.
+// No company comes near that: what is longer is no store.
+constexpr off_t most_bytes = off_t{1} << 30;
+
+// What can be said of a file before a key is tried: the engine would take an empty file for a new store, and
+// wait for ever at a pipe.
 void Look_At_File(const std::filesystem::path& file) {
     struct stat status {};
     if (::stat(file.c_str(), &status) != 0) {
         Throw_Errno(file, "開く処理");
     }
+    const auto refuse = [&file](const char* why) {
+        throw Store_Error(file, Store_Error::Reason::Not_A_Store, why);
+    };
     if (!S_ISREG(status.st_mode)) {
-        throw Store_Error(file, Store_Error::Reason::Not_A_Store, "通常のファイルではありません");
+        refuse("フォルダや装置など、通常のファイルではありません");
+    }
+    if (status.st_size == 0) {
+        refuse("空のファイルです");
+    }
+    if (status.st_size > most_bytes) {
+        refuse("大きすぎます");
     }
     // A writer that was killed may leave a torn page, which its journal heals.
-    if (status.st_size == 0 || (status.st_size % page_size != 0 && !Has_Journal(file))) {
-        throw Store_Error(file, Store_Error::Reason::Not_A_Store,
-                          "大きさ " + std::to_string(status.st_size) + " バイト");
+    if (status.st_size % page_size != 0 && !Has_Journal(file)) {
+        refuse("別のプログラムのファイルか、途中で切れています");
+    }
+    if (::access(file.c_str(), R_OK) != 0) {
+        Throw_Errno(file, "読み込み");
     }
 }
 
@@ -98,6 +114,30 @@ Store_Error::Reason Reason_Of(int code, std::string_view message) {
     }
 }
 
+/// What the engine's English message names: the table or column behind "no such table: ", "no such column: "
+/// and "table T has no column named ".
+std::string Named_In(std::string_view message) {
+    const auto mark = message.find_last_of(": ");
+    return mark == message.npos ? std::string() : std::string(message.substr(mark + 1));
+}
+
+/// The detail of a failure in the user's language; texts of the engine and of SQL stay out of it.
+std::string Detail_Of(Store_Error::Reason reason, int code, std::string_view message,
+                      const std::string& doing) {
+    switch (reason) {
+    case Store_Error::Reason::Missing_Table:
+        return "表 " + Named_In(message);
+    case Store_Error::Reason::Missing_Column:
+        return "項目 " + Named_In(message);
+    case Store_Error::Reason::Not_A_Store:
+        return "パスワードが違うか、別のプログラムのファイルです";
+    case Store_Error::Reason::Failed:
+        return doing + "、原因の番号 " + std::to_string(code);
+    default:
+        return doing;
+    }
+}
+
 } // namespace
 
 // ---- Connection
@@ -116,7 +156,7 @@ Connection::Connection(std::filesystem::path path, const Store_Key& key, Mode mo
     // A file without write permission would be opened for reading only without a word.
     if ((engine_flags & SQLITE_OPEN_READWRITE) != 0 && (engine_flags & SQLITE_OPEN_CREATE) == 0 &&
         ::access(file.c_str(), W_OK) != 0) {
-        throw Store_Error(file, Store_Error::Reason::Read_Only, "");
+        throw Store_Error(file, Store_Error::Reason::Read_Only, "書き込み");
     }
     sqlite3* store = nullptr;
     const int code = sqlite3_open_v2(file.c_str(), &store, engine_flags | SQLITE_OPEN_NOMUTEX, nullptr);
@@ -128,9 +168,15 @@ Connection::Connection(std::filesystem::path path, const Store_Key& key, Mode mo
 }
 
 Connection Connection::Create(const std::filesystem::path& file, const Store_Key& key) {
-    if (std::filesystem::exists(file)) {
-        throw Store_Error(file, Store_Error::Reason::Failed, "同じ名前のファイルが既にあります");
+    // Made here and not by the engine: nobody but the owner reads a store, and no link is followed.
+    const int made = ::open(file.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600);
+    if (made < 0) {
+        if (errno == ENOENT) {
+            throw Store_Error(Folder_Of(file), Store_Error::Reason::Missing, "フォルダ");
+        }
+        Throw_Errno(file, "書き込み");
     }
+    ::close(made);
     return {file, key, Mode::Read_Write, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE};
 }
 
@@ -152,19 +198,19 @@ void Connection::Set_Up(const Store_Key& key, Mode mode) const {
 
 void Connection::Throw(int code, const std::string& doing) const {
     const std::string message = handle ? sqlite3_errmsg(handle.get()) : sqlite3_errstr(code);
-    if (code == SQLITE_IOERR_WRITE || code == SQLITE_IOERR_FSYNC || (code & 0xff) == SQLITE_CANTOPEN) {
-        const int error_number = handle ? sqlite3_system_errno(handle.get()) : 0;
+    const int error_number = handle ? sqlite3_system_errno(handle.get()) : 0;
+    if (((code & 0xff) == SQLITE_IOERR || (code & 0xff) == SQLITE_CANTOPEN) && error_number != 0) {
         if (error_number == ENOENT && std::filesystem::exists(file)) {
             // It is the journal that could not be made beside the store.
             const bool may_write = ::access(Folder_Of(file).c_str(), W_OK) == 0;
             throw Store_Error(file, may_write ? Store_Error::Reason::Failed : Store_Error::Reason::Read_Only,
-                              doing + "、" + message);
+                              doing);
         }
-        if (error_number != 0) {
-            throw Store_Error(file, Reason_Of_Errno(error_number), doing + "、" + message);
-        }
+        errno = error_number;
+        Throw_Errno(file, doing);
     }
-    throw Store_Error(file, Reason_Of(code, message), doing + "、" + message);
+    const Store_Error::Reason reason = Reason_Of(code, message);
+    throw Store_Error(file, reason, Detail_Of(reason, code, message, doing));
 }
 
 void Connection::Execute(std::string_view sql, std::span<const Value> parameters) const {
@@ -194,7 +240,7 @@ Statement::Statement(const Connection& owner, std::string_view engine_sql) : con
     const int code = sqlite3_prepare_v2(owner.handle.get(), engine_sql.data(),
                                         static_cast<int>(engine_sql.size()), &handle, nullptr);
     if (code != SQLITE_OK) {
-        owner.Throw(code, "SQL " + std::string(engine_sql));
+        owner.Throw(code, "データの読み書き");
     }
 }
 
@@ -228,7 +274,7 @@ bool Statement::Step() {
         return true;
     }
     if (code != SQLITE_DONE) {
-        connection->Throw(code, "SQL " + std::string(sqlite3_sql(handle)));
+        connection->Throw(code, "データの読み書き");
     }
     return false;
 }

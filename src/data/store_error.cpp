@@ -1,7 +1,9 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "data/store_error.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <iterator>
 #include <utility>
 
 namespace morvane {
@@ -17,6 +19,32 @@ std::string Full_Text(const std::filesystem::path& file, Store_Error::Reason rea
     return text;
 }
 
+/// What a failed system call means to the user, for the errors that have no reason of their own.
+std::string Errno_Text(int error_number) {
+    static constexpr std::pair<int, const char*> texts[] = {
+        {EIO, "装置の読み書きエラー"},
+        {ENOMEM, "メモリ不足"},
+        {EMFILE, "開いているファイルが多すぎます"},
+        {ENFILE, "開いているファイルが多すぎます"},
+        {ENAMETOOLONG, "ファイル名が長すぎます"},
+        {EISDIR, "同じ名前のフォルダがあります"},
+        {ENOTEMPTY, "同じ名前のフォルダがあります"},
+        {EEXIST, "同じ名前のファイルがあります"},
+        {ELOOP, "リンクの先をたどれません"},
+        {ENXIO, "装置の応答がありません"},
+        {ENODEV, "装置の応答がありません"},
+        {ESTALE, "ネットワーク上のフォルダに接続できません"},
+        {ENOTCONN, "ネットワーク上のフォルダに接続できません"},
+        {EINVAL, "このフォルダではできない操作です"},
+        {ENOTSUP, "このフォルダではできない操作です"},
+        {ENOLCK, "このフォルダではできない操作です"},
+    };
+    const auto* const found =
+        std::find_if(std::begin(texts), std::end(texts),
+                     [error_number](const auto& text) { return text.first == error_number; });
+    return found == std::end(texts) ? "原因不明、番号 " + std::to_string(error_number) : found->second;
+}
+
 } // namespace
 
 Store_Error::Store_Error(std::filesystem::path failed_file, Reason why, const std::string& detail)
@@ -25,14 +53,13 @@ Store_Error::Store_Error(std::filesystem::path failed_file, Reason why, const st
 std::string Reason_Text(Store_Error::Reason reason) {
     switch (reason) {
     case Store_Error::Reason::Missing:
-        return "ファイルがありません。";
+        return "見つかりません。";
     case Store_Error::Reason::Not_A_Store:
-        return "データファイルとして開けません。パスワードが違うか、別のプログラムのファイルか、途中で切れて"
-               "います。";
+        return "データファイルとして開けません。";
     case Store_Error::Reason::Damaged:
         return "データファイルの内容が壊れています。";
     case Store_Error::Reason::Read_Only:
-        return "書き込みが許可されていません。";
+        return "アクセスが許可されていません。";
     case Store_Error::Reason::Disk_Full:
         return "ディスクの空き容量が足りません。";
     case Store_Error::Reason::Busy:
@@ -42,7 +69,7 @@ std::string Reason_Text(Store_Error::Reason reason) {
     case Store_Error::Reason::Missing_Column:
         return "必要な項目がありません。";
     case Store_Error::Reason::Bad_Content:
-        return "内容を読み取れません。";
+        return "内容が正しくありません。";
     case Store_Error::Reason::Failed:
         return "読み書きに失敗しました。";
     }
@@ -74,8 +101,7 @@ void Throw_Errno(const std::filesystem::path& file, const std::string& doing) {
     const int error_number = errno;
     const Store_Error::Reason reason = Reason_Of_Errno(error_number);
     const bool is_told = reason != Store_Error::Reason::Failed;
-    throw Store_Error(file, reason,
-                      is_told ? doing : doing + "、システムのエラー番号 " + std::to_string(error_number));
+    throw Store_Error(file, reason, is_told ? doing : doing + "：" + Errno_Text(error_number));
 }
 
 } // namespace morvane

@@ -3,13 +3,13 @@
 
 #include "data/same_name.h"
 
-#include <atomic>
+#include <array>
 #include <cerrno>
+#include <cstdint>
 #include <cstdio>
+#include <ctime>
 #include <fcntl.h>
-#include <fstream>
-#include <iterator>
-#include <regex>
+#include <optional>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
@@ -26,15 +26,57 @@ class Descriptor {
   public:
     /// Failures name the file `shown`: of a draft its target.
     Descriptor(const fs::path& path, int flags, const std::string& doing, const fs::path& shown,
-               mode_t mode = 0644)
-        : file(shown), number(::open(path.c_str(), flags | O_CLOEXEC, mode)) {
-        if (number < 0) {
-            Throw_Errno(file, doing);
+               mode_t mode = 0666)
+        : file(shown), number(::open(path.c_str(), flags | O_CLOEXEC | O_NOCTTY, mode)) {
+        if (number >= 0) {
+            return;
         }
+        if (errno == ENOENT && (flags & O_CREAT) != 0) {
+            throw Store_Error(file.has_parent_path() ? file.parent_path() : fs::path("."),
+                              Store_Error::Reason::Missing, "フォルダ");
+        }
+        Throw_Errno(file, doing);
     }
+    Descriptor(Descriptor&& other) noexcept
+        : file(std::move(other.file)), number(std::exchange(other.number, -1)) {}
+    Descriptor& operator=(Descriptor&&) = delete;
     Descriptor(const Descriptor&) = delete;
     Descriptor& operator=(const Descriptor&) = delete;
-    ~Descriptor() { ::close(number); }
+    ~Descriptor() {
+        if (number >= 0) {
+            ::close(number);
+        }
+    }
+
+    /// A file to be read that must be a regular one of at most `most` bytes; a pipe is not waited for.
+    static Descriptor Of_File(const fs::path& path, Store_Error::Reason otherwise, std::size_t most) {
+        Descriptor in(path, O_RDONLY | O_NONBLOCK, "読み込み", path);
+        const struct stat status = in.Status();
+        if (!S_ISREG(status.st_mode)) {
+            throw Store_Error(path, otherwise, "フォルダや装置など、通常のファイルではありません");
+        }
+        if (static_cast<std::uintmax_t>(status.st_size) > most) {
+            throw Store_Error(path, otherwise, "大きすぎます");
+        }
+        return in;
+    }
+
+    /// A draft: a file that is not there yet, not even as a link.
+    static Descriptor Of_Draft(const fs::path& path, const fs::path& shown, mode_t mode) {
+        return {path, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, "書き込み", shown, mode};
+    }
+
+    [[nodiscard]] struct stat Status() const {
+        struct stat status = {};
+        if (::fstat(number, &status) != 0) {
+            Throw_Errno(file, "読み込み");
+        }
+        return status;
+    }
+
+    /// Gives the file the mode of the one it takes the place of. One that lies where modes mean nothing is
+    /// as it is.
+    void Take_Mode(mode_t mode) const { static_cast<void>(::fchmod(number, mode) == 0); }
 
     void Write_All(const char* data, std::size_t size) const {
         while (size > 0) {
@@ -73,6 +115,9 @@ class Descriptor {
     int number;
 };
 
+// No company comes near that.
+constexpr std::size_t most_store_bytes = std::size_t{1} << 30U;
+
 fs::path Folder_Of(const fs::path& file) {
     return file.has_parent_path() ? file.parent_path() : fs::path(".");
 }
@@ -81,10 +126,14 @@ void Flush_Folder(const fs::path& folder) {
     Descriptor(folder, O_RDONLY | O_DIRECTORY, "フォルダの確認", folder).Flush();
 }
 
+// Drafts bear names that nobody can foretell.
 fs::path Beside(const fs::path& target, const char* role) {
-    static std::atomic<unsigned> counter{0};
+    std::uint64_t chance = 0;
+    if (::getentropy(&chance, sizeof chance) != 0) {
+        Throw_Errno(target, "書き込み");
+    }
     return Folder_Of(target) / ("." + target.filename().string() + "." + role + std::to_string(::getpid()) +
-                                "-" + std::to_string(counter++));
+                                "-" + std::to_string(chance));
 }
 
 void Rename(const fs::path& from, const fs::path& to) {
@@ -99,7 +148,7 @@ fs::path Journal_Of(const fs::path& store) {
 
 // A write that a crash interrupted is rolled back by opening the store for writing.
 void Settle_Journal(const fs::path& store, const Store_Key& key) {
-    if (fs::exists(Journal_Of(store))) {
+    if (Is_There(Journal_Of(store))) {
         Connection(store, key).Close();
     }
 }
@@ -127,20 +176,93 @@ void Drop_Journal(const fs::path& store) {
     }
 }
 
-// A file that stands at `to` can only be the rest of a process that is gone.
-void Copy_Content(const fs::path& from, const fs::path& to, const fs::path& shown) {
-    const Descriptor in(from, O_RDONLY, "開く処理", from);
-    const Descriptor out(to, O_WRONLY | O_CREAT | O_TRUNC, "書き込み", shown);
-    // Whoever may not read the one may not read the other.
+/// What stands at a path, links followed; empty for nothing.
+std::optional<struct stat> Status_Of(const fs::path& file) {
     struct stat status = {};
-    if (::stat(from.c_str(), &status) == 0) {
-        static_cast<void>(::chmod(to.c_str(), status.st_mode & 0777) == 0);
+    if (::stat(file.c_str(), &status) == 0) {
+        return status;
     }
+    if (errno != ENOENT && errno != ENOTDIR) {
+        Throw_Errno(file, "読み込み");
+    }
+    return std::nullopt;
+}
+
+/// What stands where a file is to be put: a regular file or nothing.
+std::optional<struct stat> Status_Of_Target(const fs::path& target) {
+    const auto status = Status_Of(target);
+    if (status && !S_ISREG(status->st_mode)) {
+        throw Store_Error(target, Store_Error::Reason::Failed,
+                          "フォルダや装置など、通常のファイルではありません");
+    }
+    return status;
+}
+
+// Stores are their owner's. Where the group could write the former one, that was given to it on purpose.
+mode_t Store_Mode(const std::optional<struct stat>& former) {
+    return former && (former->st_mode & S_IWGRP) != 0 ? 0660 : 0600;
+}
+
+void Copy_Content(const fs::path& from, const fs::path& to, const fs::path& shown, mode_t mode) {
+    const Descriptor in = Descriptor::Of_File(from, Store_Error::Reason::Not_A_Store, most_store_bytes);
+    const Descriptor out = Descriptor::Of_Draft(to, shown, 0600);
+    out.Take_Mode(mode);
     std::vector<char> buffer(1U << 18U);
     while (const std::size_t size = in.Read_Some(buffer)) {
         out.Write_All(buffer.data(), size);
     }
     out.Flush();
+}
+
+/// Puts a file under a second name: a link, or a copy where the file system has none.
+void Put_Under(const fs::path& file, const fs::path& name) {
+    if (::link(file.c_str(), name.c_str()) == 0) {
+        return;
+    }
+    if (errno != EPERM && errno != EOPNOTSUPP) {
+        Throw_Errno(file, "退避");
+    }
+    const auto status = Status_Of(file);
+    try {
+        Copy_Content(file, name, file, status ? status->st_mode & 0777 : 0600);
+    } catch (const Store_Error&) {
+        ::unlink(name.c_str());
+        throw;
+    }
+}
+
+bool Is_Digits(std::string_view text) {
+    return !text.empty() && text.find_first_not_of("0123456789") == text.npos;
+}
+
+/// Whether a text is two numbers with a hyphen between them.
+bool Is_Number_Pair(std::string_view text) {
+    const auto hyphen = text.find('-');
+    return hyphen != text.npos && Is_Digits(text.substr(0, hyphen)) && Is_Digits(text.substr(hyphen + 1));
+}
+
+/// The names of Beside, the stores that an import builds, and their journals.
+bool Is_Draft(std::string_view name) {
+    constexpr std::string_view journal = "-journal";
+    constexpr std::string_view import = ".import-";
+    constexpr std::string_view ending = ".dat";
+    if (name.ends_with(journal)) {
+        name.remove_suffix(journal.size());
+    }
+    if (name.starts_with(import) && name.ends_with(ending)) {
+        return Is_Number_Pair(name.substr(import.size(), name.size() - import.size() - ending.size()));
+    }
+    const auto dot = name.rfind('.');
+    return name.starts_with('.') && dot > 1 && dot != name.npos &&
+           (name.substr(dot).starts_with(".new") || name.substr(dot).starts_with(".old")) &&
+           Is_Number_Pair(name.substr(dot + 4));
+}
+
+std::tm Today() {
+    const std::time_t now = std::time(nullptr);
+    std::tm today = {};
+    ::localtime_r(&now, &today);
+    return today;
 }
 
 } // namespace
@@ -159,11 +281,22 @@ fs::path Find_File(const fs::path& folder, std::string_view name) {
     return given;
 }
 
+bool Is_There(const fs::path& file) {
+    struct stat status = {};
+    if (::lstat(file.c_str(), &status) == 0) {
+        return true;
+    }
+    if (errno != ENOENT && errno != ENOTDIR) {
+        Throw_Errno(file, "読み込み");
+    }
+    return false;
+}
+
 void Verify_Store(const fs::path& store, const Store_Key& key) {
     const Connection connection(store, key, Connection::Mode::Read_Only);
     Statement check = connection.Prepare("PRAGMA quick_check(1)");
     if (!check.Step() || check.Text_At(0) != "ok") {
-        throw Store_Error(store, Store_Error::Reason::Damaged, "検査結果 " + std::string(check.Text_At(0)));
+        throw Store_Error(store, Store_Error::Reason::Damaged, "全ページの検査");
     }
 }
 
@@ -186,13 +319,14 @@ File_Replacement::~File_Replacement() {
 
 File_Replacement File_Replacement::With_Store(const fs::path& source, const fs::path& target,
                                               const Store_Key& key) {
-    if (!fs::exists(source)) {
+    if (!Is_There(source)) {
         throw Store_Error(source, Store_Error::Reason::Missing, "");
     }
+    const auto former = Status_Of_Target(target);
     Settle_Journal(source, key);
     Settle_Target(target, key);
     File_Replacement replacement(target);
-    Copy_Content(source, replacement.temporary, target);
+    Copy_Content(source, replacement.temporary, target, Store_Mode(former));
     try {
         Verify_Store(replacement.temporary, key);
     } catch (const Store_Error& error) {
@@ -203,9 +337,13 @@ File_Replacement File_Replacement::With_Store(const fs::path& source, const fs::
 
 File_Replacement File_Replacement::With_Text(std::string_view text, const fs::path& target,
                                              File_Readers readers) {
+    const auto former = Status_Of_Target(target);
     File_Replacement replacement(target);
-    const Descriptor out(replacement.temporary, O_WRONLY | O_CREAT | O_TRUNC, "書き込み", target,
-                         readers == File_Readers::Owner ? 0600 : 0644);
+    const bool of_owner = readers == File_Readers::Owner;
+    const Descriptor out = Descriptor::Of_Draft(replacement.temporary, target, of_owner ? 0600 : 0666);
+    if (former && !of_owner) {
+        out.Take_Mode(former->st_mode & 0777);
+    }
     out.Write_All(text.data(), text.size());
     out.Flush();
     return replacement;
@@ -231,22 +369,11 @@ bool File_Replacement::Change(const Store_Key& key, const std::function<bool(con
 }
 
 void File_Replacement::Keep_Former() {
-    const fs::path backup = Beside(target, "old");
-    std::error_code ignored;
-    fs::remove(backup, ignored);
-    if (::link(target.c_str(), backup.c_str()) == 0) {
-        former = backup;
+    if (!Status_Of_Target(target)) {
         return;
     }
-    if (errno == ENOENT) {
-        return;
-    }
-    if (errno != EPERM && errno != EOPNOTSUPP) {
-        Throw_Errno(target, "置き換えの準備");
-    }
-    // A file system without hard links (a USB stick) keeps a copy.
-    former = backup;
-    Copy_Content(target, backup, target);
+    former = Beside(target, "old");
+    Put_Under(target, former);
 }
 
 void File_Replacement::Commit() {
@@ -280,14 +407,11 @@ void File_Replacement::Undo() {
 }
 
 void Sweep_Drafts(const fs::path& app_path) {
-    // The names of Beside, the stores that an import builds, and their journals.
-    static const std::regex draft(R"(\.(.+\.(new|old)\d+-\d+|import-\d+-\d+\.dat)(-journal)?)");
     for (const fs::path& folder : {app_path, app_path / "data"}) {
         std::error_code error;
         std::vector<fs::path> drafts;
         for (const auto& entry : fs::directory_iterator(folder, error)) {
-            const std::string name = entry.path().filename().string();
-            if (name.front() == '.' && std::regex_match(name, draft)) {
+            if (Is_Draft(entry.path().filename().string())) {
                 drafts.push_back(entry.path());
             }
         }
@@ -305,18 +429,66 @@ void Write_Text_File(const fs::path& target, std::string_view text, File_Readers
     File_Replacement::With_Text(text, target, readers).Commit();
 }
 
-std::string Read_Text_File(const fs::path& file) {
-    const Descriptor in(file, O_RDONLY, "開く処理", file);
+std::string Read_Text_File(const fs::path& file, std::size_t most) {
+    const Descriptor in = Descriptor::Of_File(file, Store_Error::Reason::Bad_Content, most);
     std::string text;
     std::vector<char> buffer(1U << 16U);
     while (const std::size_t size = in.Read_Some(buffer)) {
         text.append(buffer.data(), size);
+        if (text.size() > most) {
+            throw Store_Error(file, Store_Error::Reason::Bad_Content, "大きすぎます");
+        }
     }
     return text;
 }
 
+fs::path Set_Aside(const fs::path& file) {
+    const std::tm today = Today();
+    std::array<char, 16> date{};
+    static_cast<void>(std::strftime(date.data(), date.size(), "-%Y%m%d", &today));
+    const auto named = [&](int number) {
+        return Folder_Of(file) /
+               (file.stem().string() + date.data() + (number == 1 ? "" : "-" + std::to_string(number)) +
+                file.extension().string());
+    };
+    int number = 1;
+    while (Is_There(named(number)) || Is_There(Journal_Of(named(number)))) {
+        ++number;
+    }
+    const fs::path aside = named(number);
+    const auto status = Status_Of(file);
+    if (!status || !S_ISREG(status->st_mode)) {
+        Rename(file, aside);
+    } else {
+        if (Is_There(Journal_Of(file))) {
+            Put_Under(Journal_Of(file), Journal_Of(aside));
+        }
+        Put_Under(file, aside);
+    }
+    Flush_Folder(Folder_Of(file));
+    return aside;
+}
+
+void Keep_Backup(const fs::path& store, const Store_Key& key) {
+    if (!Is_There(store)) {
+        return;
+    }
+    std::tm today = Today();
+    today.tm_hour = today.tm_min = today.tm_sec = 0;
+    const std::time_t midnight = std::mktime(&today);
+    fs::path backup = store.string() + ".bak";
+    for (int number = 2;; ++number) {
+        const auto status = Status_Of(backup);
+        if (!status || status->st_mtime < midnight) {
+            break;
+        }
+        backup = store.string() + ".bak" + std::to_string(number);
+    }
+    Copy_Store(store, backup, key);
+}
+
 void Rename_Store(const fs::path& from, const fs::path& to, const Store_Key& key) {
-    if (fs::exists(to)) {
+    if (Is_There(to)) {
         throw Store_Error(to, Store_Error::Reason::Failed, "同じ名前のファイルが既にあります");
     }
     Settle_Journal(from, key);

@@ -15,21 +15,27 @@ namespace morvane {
 /// nothing matches.
 std::filesystem::path Find_File(const std::filesystem::path& folder, std::string_view name);
 
+/// Whether something stands at a path, be it a folder or the end of a link that leads nowhere. Raises
+/// Store_Error where that cannot be told (a folder above it may not be looked into).
+bool Is_There(const std::filesystem::path& file);
+
 /// Reads every page of a store with the key. Raises Store_Error where it does not open or verify.
 void Verify_Store(const std::filesystem::path& store, const Store_Key& key);
 
 /// Who can read a file that is written.
 enum class File_Readers {
-    All,  ///< whom the umask allows
+    All,  ///< whom the umask allows, or the file that is replaced
     Owner ///< nobody but its owner: it holds secrets
 };
 
-/// A file about to be replaced: the new content stands beside the target, complete and flushed to disk, and
-/// Commit renames it over. Until then, and when the object goes without Commit, the target is as it was.
+/// A file about to be replaced (only a regular file is, or one that is not there yet): the new content stands
+/// beside the target, complete and flushed to disk, and Commit renames it over. Until then, and when the
+/// object goes without Commit, the target is as it was.
 class File_Replacement {
   public:
     /// The new content is a copy of the store `source`, verified with the key. An interrupted write in the
-    /// source is rolled back first. Raises Store_Error.
+    /// source is rolled back first. Only its owner can read the new file, and the group that could write the
+    /// former one. Raises Store_Error.
     static File_Replacement With_Store(const std::filesystem::path& source,
                                        const std::filesystem::path& target, const Store_Key& key);
 
@@ -83,8 +89,21 @@ void Copy_Store(const std::filesystem::path& source, const std::filesystem::path
 void Write_Text_File(const std::filesystem::path& target, std::string_view text,
                      File_Readers readers = File_Readers::All);
 
-/// Reads a small text file. Raises Store_Error.
-std::string Read_Text_File(const std::filesystem::path& file);
+/// How long a text file may be that is read whole, in bytes.
+inline constexpr std::size_t most_text_bytes = std::size_t{64} << 20U;
+
+/// Reads a small text file. Raises Store_Error, also for what is no regular file or is longer than `most`.
+std::string Read_Text_File(const std::filesystem::path& file, std::size_t most = most_text_bytes);
+
+/// Keeps a file that is about to be replaced or remade under a dated name beside it
+/// (Morvane-20250331.dat, Morvane-20250331-2.dat), with its journal, and gives that name; nothing is
+/// overwritten. A regular file stays in its place too, anything else (a folder, a pipe) leaves it. Raises
+/// Store_Error.
+std::filesystem::path Set_Aside(const std::filesystem::path& file);
+
+/// Copies a store that is about to be replaced to its name with the ending .bak. A copy of the same day is
+/// not overwritten: the next one ends in .bak2, .bak3. Nothing where no store stands. Raises Store_Error.
+void Keep_Backup(const std::filesystem::path& store, const Store_Key& key);
 
 /// Renames a store that is closed, with its flush to disk; an interrupted write in it is rolled back first.
 /// Raises Store_Error; an existing target is refused.

@@ -9,16 +9,49 @@
 #include <fcntl.h>
 #include <string>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
 
 namespace morvane {
 
+namespace {
+
+/// The number that an open lock file records; 0 for none or for anything else.
+std::int32_t Record_In(int descriptor) {
+    std::array<char, 32> text{};
+    const ssize_t size = ::pread(descriptor, text.data(), text.size(), 0);
+    std::int32_t number = 0;
+    if (size > 0) {
+        std::from_chars(text.data(), text.data() + size, number);
+    }
+    return number;
+}
+
+bool Is_Regular(int descriptor) {
+    struct stat status = {};
+    return ::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
+}
+
+std::filesystem::path Lock_File(const std::filesystem::path& app_path) {
+    return app_path / "morvane.lock";
+}
+
+} // namespace
+
 std::optional<Instance_Lock> Instance_Lock::Take(const std::filesystem::path& app_path) {
-    const std::filesystem::path file = app_path / "morvane.lock";
-    const int descriptor = ::open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0644);
+    const std::filesystem::path file = Lock_File(app_path);
+    const int descriptor =
+        ::open(file.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC, 0666);
     if (descriptor < 0) {
+        if (errno == ENOENT) {
+            throw Store_Error(app_path, Store_Error::Reason::Missing, "フォルダ");
+        }
         Throw_Errno(file, "起動の確認");
+    }
+    if (!Is_Regular(descriptor)) {
+        ::close(descriptor);
+        throw Store_Error(file, Store_Error::Reason::Failed, "通常のファイルではありません");
     }
     if (::flock(descriptor, LOCK_EX | LOCK_NB) != 0) {
         const int error_number = errno;
@@ -29,13 +62,18 @@ std::optional<Instance_Lock> Instance_Lock::Take(const std::filesystem::path& ap
         errno = error_number;
         Throw_Errno(file, "起動の確認");
     }
-    std::array<char, 32> text{};
-    const ssize_t size = ::pread(descriptor, text.data(), text.size(), 0);
-    std::int32_t left = 0;
-    if (size > 0) {
-        std::from_chars(text.data(), text.data() + size, left);
+    return Instance_Lock(descriptor, Record_In(descriptor));
+}
+
+std::int32_t Instance_Lock::Recorded(const std::filesystem::path& app_path) {
+    const int descriptor =
+        ::open(Lock_File(app_path).c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+    if (descriptor < 0) {
+        return 0;
     }
-    return Instance_Lock(descriptor, left);
+    const std::int32_t number = Is_Regular(descriptor) ? Record_In(descriptor) : 0;
+    ::close(descriptor);
+    return number;
 }
 
 Instance_Lock::Instance_Lock(Instance_Lock&& other) noexcept

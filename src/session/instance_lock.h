@@ -16,6 +16,9 @@ class Instance_Lock {
     /// file cannot be written.
     static std::optional<Instance_Lock> Take(const std::filesystem::path& app_path);
 
+    /// The company number that the lock of `app_path` records, held or not; 0 none. For those who only read.
+    static std::int32_t Recorded(const std::filesystem::path& app_path);
+
     Instance_Lock(Instance_Lock&& other) noexcept;
     Instance_Lock& operator=(Instance_Lock&&) = delete;
     Instance_Lock(const Instance_Lock&) = delete;

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "company/data_set.h"
 #include "company/datacheck.h"
+#include "company/left_work.h"
 #include "company/register.h"
 #include "data/store_file.h"
 #include "session/kidou_ini.h"
@@ -240,17 +241,66 @@ TEST_F(Check_Out_Test, The_Marker_Follows_The_Working_Store_After_A_Crash) {
     EXPECT_EQ(Marked(), 2);
 }
 
-// A file that came from elsewhere holds another company's number: a kill must not send its data there.
-TEST_F(Check_Out_Test, A_Company_Taken_In_Hand_Bears_Its_Own_Number) {
-    Copy_Store(Company_Store(session, 1), Company_Store(session, 2), session.Db_Key);
-    Check_Out(session, 2, "別の会社");
-    EXPECT_EQ(Field("Jigyo_mas", "管理No", "1=1"), Value(2));
-    Settle_Marker(session);
-    EXPECT_EQ(Read_Kidou_Ini(session.App_Path).number, 2);
-    // A number that nobody registered does not move the marker either.
-    Cn_Open(session).Execute("UPDATE Jigyo_mas SET 管理No=77");
-    Settle_Marker(session);
-    EXPECT_EQ(Read_Kidou_Ini(session.App_Path).number, 2);
+// The name of a file is no proof of whose it is: exchanged, copied and foreign files are refused, and nothing
+// is written.
+TEST_F(Check_Out_Test, Only_The_Company_Asked_For_Is_Taken_Or_Saved) {
+    const struct {
+        const char* sql;
+        const char* words;
+    } cases[] = {
+        {"UPDATE Jigyo_mas SET 管理No=1, 事業所名='見本1'",
+         "事業所番号 1「見本1」のデータで、事業所番号 2 のデータではありません"},
+        {"UPDATE Jigyo_mas SET 管理No=1000002", "事業所番号 1000002"},
+        {"UPDATE Jigyo_mas SET 管理No=Null", "事業所番号のないデータ"},
+        {"DELETE * FROM Jigyo_mas", "事業所番号のないデータ"},
+        {"UPDATE Jigyo_mas SET 地域CD='0102'", "北海道版のデータで、このデータフォルダの全国版の"},
+        {"UPDATE Ks_Zaihyo SET 並び順=6 WHERE 建設科目CD=99", "北海道版のデータ"},
+    };
+    const auto refused = [&](const char* words, const char* named, const std::function<void()>& act) {
+        const File_Contents now = Read_Files(folder.path);
+        try {
+            act();
+            ADD_FAILURE() << "no error";
+        } catch (const Store_Error& error) {
+            EXPECT_NE(std::string(error.what()).find(words), std::string::npos) << error.what();
+            EXPECT_NE(std::string(error.what()).find(named), std::string::npos) << error.what();
+        }
+        EXPECT_EQ(session.Kanri_No, start.Kanri_No);
+        EXPECT_TRUE(Read_Files(folder.path) == now);
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.sql);
+        Restore();
+        Connection(folder.path / store_2, Delivered_Key()).Execute(c.sql);
+        refused(c.words, store_2, [&] { Check_Out(session, 2, "見本2"); });
+        // The same in the working store while company 2 counts as in hand.
+        Restore();
+        Check_Out(session, 2, "見本2");
+        Cn_Open(session).Execute(c.sql);
+        start.Kanri_No = 2;
+        refused(c.words, working_store, [&] { Check_In(session); });
+        refused(c.words, working_store, [&] { Check_Out(session, 1, "見本1"); });
+        start.Kanri_No = 1;
+    }
+}
+
+// What a crash left is adopted only where number, edition and name are the register's.
+TEST_F(Check_Out_Test, The_Marker_Follows_No_Foreign_Store) {
+    const struct {
+        const char* sql;
+        std::int32_t settled;
+    } cases[] = {{"UPDATE Jigyo_mas SET 管理No=1", 1},
+                 {"UPDATE Jigyo_mas SET 管理No=77", 2},
+                 {"UPDATE Jigyo_mas SET 管理No=Null", 2},
+                 {"UPDATE Jigyo_mas SET 事業所名='別の会社'", 2},
+                 {"UPDATE Jigyo_mas SET 地域CD='01'", 2}};
+    for (const auto& c : cases) {
+        Restore();
+        Write_Kidou_Ini(folder.path, {2, "見本2"});
+        Cn_Open(session).Execute(c.sql);
+        Settle_Marker(session);
+        EXPECT_EQ(Marked(), c.settled) << c.sql;
+    }
 }
 
 TEST_F(Check_Out_Test, File_Names_Hold_The_Rightmost_Six_Digits) {

@@ -4,6 +4,7 @@
 #include "company/data_set.h"
 #include "company/datacheck.h"
 #include "company/kana.h"
+#include "company/left_work.h"
 #include "company/pending_work.h"
 #include "data/store_file.h"
 #include "session/kidou_ini.h"

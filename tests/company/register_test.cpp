@@ -44,6 +44,7 @@ TEST_F(Register_Test, Taking_A_Company_Refuses_What_It_Must) {
     Make_Company(2, 1, 5);
     Check_In(session);
     Cn_Open(session).Execute("UPDATE Ks_Zaihyo SET 並び順 = 2 WHERE 建設科目CD=99");
+    Cn_Open(session).Execute("UPDATE Jigyo_mas SET 管理No = 3");
     session.Kanri_No = 3;
     Check_In(session);
     session.Kanri_No = 0;
@@ -63,6 +64,8 @@ TEST_F(Register_Test, Deletes_File_And_Row_After_The_Question) {
     Make_Company(2, 1, 5);
     Check_In(session);
     Copy_Store(session.Work_Store, folder.path / "data/000005.dat", Delivered_Key());
+    Connection(folder.path / "data/000005.dat", Delivered_Key())
+        .Execute("UPDATE Jigyo_mas SET 管理No = 7000005");
     for (const Register_Row& row :
          {Register_Row{0, "零", ""}, {2, "見本2", ""}, {5, "五", ""}, {7000005, "大", ""}}) {
         Put_Register_Row(session, row);
@@ -90,6 +93,15 @@ TEST_F(Register_Test, Deletes_File_And_Row_After_The_Question) {
     messages.answers = {Answer::Yes};
     EXPECT_TRUE(Delete_Company(session, Register_Row{0, "零", ""})) << "a listed company 0, nothing in hand";
     EXPECT_EQ(Read_Register(session).size(), 1U);
+
+    // A file that is another company's: the two were exchanged.
+    Copy_Store(session.Work_Store, folder.path / "data/000008.dat", Delivered_Key());
+    Put_Register_Row(session, {8, "八", ""});
+    before = State();
+    messages.answers = {Answer::Yes};
+    EXPECT_FALSE(Delete_Company(session, Register_Row{8, "八", ""}));
+    EXPECT_NE(Last_Box().find("事業所番号 2"), std::string::npos) << Last_Box();
+    EXPECT_TRUE(State() == before);
 
     // A file that cannot go: a folder of its name.
     Put_Register_Row(session, {6, "六", ""});

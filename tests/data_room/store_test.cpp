@@ -5,8 +5,11 @@
 #include "support/failing_writes.h"
 #include "support/installation_fixture.h"
 
+#include <algorithm>
 #include <array>
+#include <chrono>
 #include <sqlcipher/sqlite3.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -67,6 +70,12 @@ class Store_Test : public ::testing::Test {
             EXPECT_EQ(error.reason, reason) << text;
             EXPECT_NE(text.find("「" + named.string() + "」"), std::string::npos) << text;
             EXPECT_NE(text.find(Reason_Text(reason)), std::string::npos) << text;
+            // Behind the file's name: neither SQL nor the engine's English.
+            const std::string words = text.substr(text.find("」："));
+            for (const char* foreign :
+                 {"SELECT", "UPDATE", "DELETE", "no such", "error", "malformed", "database"}) {
+                EXPECT_EQ(words.find(foreign), std::string::npos) << text;
+            }
         }
         EXPECT_TRUE(Read_Files(folder.path) == files);
     }
@@ -160,6 +169,21 @@ TEST_F(Store_Test, Files_That_Are_No_Store_Are_Refused_Unchanged) {
         Expect_Refusal("a folder", folder.path, Not_A_Store,
                        [&] { Connection(folder.path, Delivered_Key(), mode).Close(); });
     }
+    ASSERT_EQ(::mkfifo(other.c_str(), 0600), 0);
+    Expect_Refusal("a pipe", other, Not_A_Store, [&] { Copy_Store(other, file, Delivered_Key()); });
+    Expect_Refusal("over a pipe", other, Failed, [&] { Copy_Store(file, other, Delivered_Key()); });
+    Expect_Refusal("a pipe", other, Bad_Content, [&] { static_cast<void>(Read_Text_File(other)); });
+    Expect_Refusal("over a pipe", other, Failed, [&] { Write_Text_File(other, "text"); });
+    fs::remove(other);
+    fs::create_symlink("/dev/zero", other);
+    Expect_Refusal("an endless device", other, Not_A_Store,
+                   [&] { Copy_Store(other, file, Delivered_Key()); });
+    Expect_Refusal("an endless device", other, Bad_Content,
+                   [&] { static_cast<void>(Read_Text_File(other)); });
+    fs::remove(other);
+    Expect_Refusal("too long", file, Bad_Content, [&] { static_cast<void>(Read_Text_File(file, 1000)); });
+    Expect_Refusal("no folder", folder.path / "none", Missing,
+                   [&] { Copy_Store(file, folder.path / "none/s.dat", Delivered_Key()); });
     Expect_Refusal("the target is there", file, Failed,
                    [&] { Connection::Create(file, Delivered_Key()).Close(); });
     Expect_Refusal("missing source", other, Missing, [&] { Copy_Store(other, file, Delivered_Key()); });
@@ -215,6 +239,82 @@ TEST_F(Store_Test, Files_Without_Permission) {
                    [&] { Write_Text_File(folder.path / "t.txt", "new"); });
     Expect_Refusal("rename", other, Read_Only, [&] { Rename_Store(file, other, Delivered_Key()); });
     Expect_Refusal("remove", file, Read_Only, [&] { Remove_Store(file); });
+}
+
+TEST_F(Store_Test, Stores_Are_Their_Owners_And_Texts_Follow_The_Umask) {
+    const mode_t former = ::umask(0002);
+    const auto mode_of = [](const fs::path& path) {
+        return static_cast<unsigned>(fs::status(path).permissions());
+    };
+    const fs::path text = folder.path / "t.txt";
+    EXPECT_EQ(mode_of(file), 0600U) << "a store that was made";
+    fs::permissions(file, fs::perms(0644));
+    Copy_Store(file, other, Delivered_Key());
+    EXPECT_EQ(mode_of(other), 0600U) << "a copy, whatever the source";
+    fs::permissions(other, fs::perms(0664));
+    Copy_Store(file, other, Delivered_Key());
+    EXPECT_EQ(mode_of(other), 0660U) << "shared with the group on purpose";
+    Write_Text_File(text, "text");
+    EXPECT_EQ(mode_of(text), 0664U);
+    fs::permissions(text, fs::perms(0640));
+    Write_Text_File(text, "text");
+    EXPECT_EQ(mode_of(text), 0640U);
+    Write_Text_File(text, "secret", File_Readers::Owner);
+    EXPECT_EQ(mode_of(text), 0600U);
+    ::umask(former);
+}
+
+TEST_F(Store_Test, What_Is_Set_Aside_Or_Kept_Overwrites_Nothing) {
+    Kill_A_Writer();
+    const File_Contents killed = Read_Files(folder.path);
+    for (const bool hard_links : {true, false}) {
+        Write_Files(folder.path, killed);
+        Failing_Writes writes;
+        if (!hard_links) {
+            writes.Refuse_Links();
+        }
+        const fs::path first = Set_Aside(file);
+        const fs::path second = Set_Aside(file);
+        EXPECT_NE(first, second);
+        const File_Contents now = Read_Files(folder.path);
+        EXPECT_EQ(now.size(), 6U);
+        for (const fs::path& aside : {first, second}) {
+            EXPECT_TRUE(now.at(aside.filename()) == killed.at("s.dat"));
+            EXPECT_TRUE(now.at(aside.filename().string() + "-journal") == killed.at("s.dat-journal"));
+        }
+        EXPECT_EQ(Rows(first).size(), 800U) << "with its journal it can be healed";
+    }
+    Write_Files(folder.path, good);
+    fs::create_directory(other);
+    EXPECT_TRUE(fs::is_directory(Set_Aside(other)));
+    EXPECT_FALSE(fs::exists(other));
+
+    Keep_Backup(other, Delivered_Key());
+    EXPECT_FALSE(fs::exists(folder.path / "other.dat.bak")) << "there was nothing";
+    Keep_Backup(file, Delivered_Key());
+    Connection(file, Delivered_Key()).Execute("DELETE * FROM T WHERE 番号>0");
+    Keep_Backup(file, Delivered_Key());
+    EXPECT_EQ(Rows(folder.path / "s.dat.bak").size(), 800U);
+    EXPECT_EQ(Rows(folder.path / "s.dat.bak2").size(), 1U);
+    fs::last_write_time(folder.path / "s.dat.bak", fs::file_time_type::clock::now() - std::chrono::hours(25));
+    Keep_Backup(file, Delivered_Key());
+    EXPECT_EQ(Rows(folder.path / "s.dat.bak").size(), 1U) << "that was yesterday's";
+}
+
+// Nothing that waits at a name keeps a draft from being a new file of its own.
+TEST_F(Store_Test, Drafts_Follow_No_Link) {
+    const auto drafts = [&] {
+        File_Replacement first = File_Replacement::With_Text("a", other);
+        const File_Replacement second = File_Replacement::With_Text("b", other);
+        EXPECT_NE(first.Draft(), second.Draft());
+        return std::array{first.Draft(), second.Draft()};
+    };
+    const auto before = drafts();
+    const auto after = drafts();
+    EXPECT_EQ(std::find(before.begin(), before.end(), after[0]), before.end()) << "no name comes again";
+    fs::create_symlink(file, other);
+    EXPECT_THROW(Connection::Create(other, Delivered_Key()), Store_Error);
+    EXPECT_EQ(Rows(file).size(), 800U);
 }
 
 TEST_F(Store_Test, A_Full_Disk) {
