@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "session/install_info.h"
 
+#include "data/json_text.h"
 #include "data/store_error.h"
 #include "data/store_file.h"
 
@@ -22,17 +23,26 @@ Int Whole_Number(const Json& record, const char* key, Int if_absent) {
     if (found == record.end() || found->is_null()) {
         return if_absent;
     }
+    if (!found->is_number()) {
+        throw std::invalid_argument("項目「" + std::string(key) + "」が数値ではありません");
+    }
     const auto number = found->get<double>();
     if (number != std::floor(number) || number < std::numeric_limits<Int>::min() ||
         number > std::numeric_limits<Int>::max()) {
-        throw std::out_of_range(std::string(key) + " が範囲外です");
+        throw std::out_of_range("項目「" + std::string(key) + "」の数値が範囲外です");
     }
     return static_cast<Int>(number);
 }
 
 std::string Text(const Json& record, const char* key) {
     const auto found = record.find(key);
-    return found == record.end() || found->is_null() ? std::string() : found->get<std::string>();
+    if (found == record.end() || found->is_null()) {
+        return {};
+    }
+    if (!found->is_string()) {
+        throw std::invalid_argument("項目「" + std::string(key) + "」が文字列ではありません");
+    }
+    return found->get<std::string>();
 }
 
 constexpr const char* network_key = "通信設定";
@@ -121,8 +131,8 @@ Install_Info From_Json(const Json& record) {
 Json Read_Record(const std::filesystem::path& file) {
     const std::string text = Read_Text_File(file);
     try {
-        Json record = Json::parse(text);
-        if (!record.is_object() || !record.value(network_key, Json::object()).is_object()) {
+        Json record = Ordered_Json_Of(text);
+        if (!record.is_object() || (record.contains(network_key) && !record[network_key].is_object())) {
             throw std::invalid_argument("設定の形ではありません");
         }
         return record;
@@ -145,7 +155,7 @@ Install_Info Read_Install_Info(const std::filesystem::path& app_path) {
 
 void Write_Install_Info(const std::filesystem::path& app_path, const Install_Info& info) {
     const std::filesystem::path file = Find_File(app_path, install_info_file);
-    Json record = std::filesystem::exists(file) ? Read_Record(file) : Json::object();
+    Json record = Is_There(file) ? Read_Record(file) : Json::object();
     record["管理者識別"] = info.kanri_flg;
     record["UserID"] = info.user_id;
     record["地域CD"] = info.tiiki_cd;

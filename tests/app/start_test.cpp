@@ -3,11 +3,14 @@
 
 #include "company/data_set.h"
 #include "company/datacheck.h"
+#include "company/new_installation.h"
 #include "company/register.h"
 #include "data/store_file.h"
 #include "session/kidou_ini.h"
+#include "support/failing_writes.h"
 #include "support/installation_fixture.h"
 
+#include <algorithm>
 #include <fstream>
 
 namespace morvane::tests {
@@ -134,6 +137,149 @@ TEST_F(Start_Test, The_lock_file_tells_of_a_company_that_the_marker_does_not_kno
     Start();
     EXPECT_EQ(session.Kanri_No, 0) << "the working store is not that company's";
     EXPECT_TRUE(May_Unload(session));
+}
+
+// What stands in the working store is adopted only where it is the company's that was in hand; else it is
+// kept under a dated name and that company is read from its own file.
+TEST_F(Start_Test, A_working_store_that_does_not_fit_is_set_aside) {
+    Register(12, "青葉建設");
+    Register(34, "港工務店");
+    Start();
+    Check_Out(session, 12, "青葉建設");
+    const File_Contents files = Read_Files(folder.path);
+    const std::string work = files.at("Morvane.dat");
+    const auto sql = [this](const char* text) { Cn_Open(session).Execute(text); };
+    const auto put = [this](const std::string& content) {
+        Write_Text_File(folder.path / "Morvane.dat", content);
+    };
+    const auto mark = [this](std::int32_t number) {
+        Write_Kidou_Ini(folder.path, number == 0 ? Kidou_Marker{} : Kidou_Marker{number, "青葉建設"});
+    };
+    const struct {
+        const char* what;
+        std::function<void()> harm;
+        bool kept;            ///< a file is set aside
+        std::int32_t in_hand; ///< after the start
+    } cases[] = {
+        {"an unregistered firm", [&] { sql("UPDATE Jigyo_mas SET 管理No=77"); }, true, 12},
+        {"another office's 12", [&] { sql("UPDATE Jigyo_mas SET 事業所名='他事務所'"); }, true, 12},
+        {"another edition", [&] { sql("UPDATE Jigyo_mas SET 地域CD='01'"); }, true, 12},
+        {"blank", [&] { sql("DELETE * FROM Jigyo_mas"); }, false, 12},
+        {"no store", [&] { put("text"); }, true, 12},
+        {"a broken page",
+         [&] {
+             std::string broken = work;
+             broken[broken.size() - 2000] = static_cast<char>(broken[broken.size() - 2000] ^ 1);
+             put(broken);
+         },
+         true, 12},
+        {"gone", [&] { std::filesystem::remove(folder.path / "Morvane.dat"); }, false, 12},
+        {"not in the register", [&] { Remove_Register_Row(session, 12); }, true, 0},
+        {"its own file is gone too",
+         [&] {
+             put("text");
+             std::filesystem::remove(Company_Store(session, 12));
+         },
+         true, 0},
+        {"nobody in hand, broken",
+         [&] {
+             mark(0);
+             put("text");
+         },
+         true, 0},
+        {"nobody in hand, a folder",
+         [&] {
+             mark(0);
+             std::filesystem::remove(folder.path / "Morvane.dat");
+             std::filesystem::create_directory(folder.path / "Morvane.dat");
+         },
+         true, 0},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.what);
+        for (const auto& entry : std::filesystem::directory_iterator(folder.path)) {
+            if (entry.path().filename().string().starts_with("Morvane-")) {
+                std::filesystem::remove_all(entry.path());
+            }
+        }
+        Write_Files(folder.path, files);
+        lock->Record(0);
+        c.harm();
+        const bool was_folder = std::filesystem::is_directory(folder.path / "Morvane.dat");
+        const File_Contents harmed = Read_Files(folder.path);
+        ASSERT_EQ(Start(), Start_Result::Ready);
+        EXPECT_EQ(session.Kanri_No, c.in_hand);
+        EXPECT_EQ(Titles().front(), "作業用データの確認");
+        EXPECT_EQ(Titles().size(), c.in_hand == 0 ? 1U : 2U);
+        int kept = 0;
+        for (const auto& entry : std::filesystem::directory_iterator(folder.path)) {
+            if (!entry.path().filename().string().starts_with("Morvane-")) {
+                continue;
+            }
+            ++kept;
+            EXPECT_NE(messages.shown.front().text.find(entry.path().filename().string()), std::string::npos);
+            EXPECT_TRUE(was_folder || Read_Text_File(entry.path()) == harmed.at("Morvane.dat"));
+        }
+        EXPECT_EQ(kept, c.kept ? 1 : 0);
+        if (c.in_hand != 0) {
+            EXPECT_EQ(Field("Jigyo_mas", "管理No", "1=1"), Value(12));
+        }
+        for (const char* store : {"data/000012.dat", "data/000034.dat"}) {
+            EXPECT_TRUE(Read_Files(folder.path)[store] == (harmed.contains(store) ? harmed.at(store) : ""));
+        }
+        EXPECT_EQ(Start(), Start_Result::Ready) << "the next start has nothing to mend";
+        EXPECT_EQ(Titles().size(), c.in_hand == 0 ? 0U : 1U);
+    }
+}
+
+// A folder that lost some of its files gets those back, and nothing else changes.
+TEST_F(Start_Test, A_repair_makes_only_what_is_lost) {
+    Register(12, "青葉建設");
+    Register(34, "港工務店");
+    Start();
+    Check_Out(session, 12, "青葉建設");
+    Check_In_And_Release(session);
+    const File_Contents files = Read_Files(folder.path);
+    const auto rows = Read_Register(session);
+    EXPECT_THROW(
+        [&] {
+            std::filesystem::remove(folder.path / install_info_file);
+            New_Installation(Templates_Folder(), folder.path, {});
+        }(),
+        Store_Error);
+    const std::vector<std::vector<std::string>> losses = {
+        {install_info_file},
+        {install_info_file, "kidou.ini", "Jgmas.dat", "Morvane.dat", "morv_org.dat"},
+        {"Morvane.dat"},
+        {"Jgmas.dat"},
+        {"morv_13.dat", "morv_set.dat"},
+        {}};
+    for (const auto& lost : losses) {
+        SCOPED_TRACE(lost.empty() ? "nothing" : lost.back());
+        Write_Files(folder.path, files);
+        for (const std::string& name : lost) {
+            std::filesystem::remove(folder.path / name);
+        }
+        EXPECT_EQ(Repair_Installation(Templates_Folder(), folder.path, std::nullopt).size(), lost.size());
+        const File_Contents now = Read_Files(folder.path);
+        for (const auto& [name, content] : files) {
+            const bool made = std::find(lost.begin(), lost.end(), name.string()) != lost.end();
+            EXPECT_TRUE(made || now.at(name) == content) << name;
+        }
+        EXPECT_EQ(now.size(), files.size());
+        const Session repaired = Make_Session(folder.path, messages);
+        EXPECT_TRUE(repaired.Is_Multi());
+        EXPECT_EQ(repaired.Tiiki_CD, "13");
+        EXPECT_EQ(Read_Register(repaired), rows);
+        EXPECT_TRUE(Read_Kidou_Ini(folder.path).Is_Clean());
+    }
+    // The marker is lost while the working store holds what its company's file lacks.
+    Write_Files(folder.path, files);
+    std::filesystem::remove(folder.path / "kidou.ini");
+    Copy_Store(Company_Store(session, 12), folder.path / "Morvane.dat", session.Db_Key);
+    Cn_Open(session).Execute("UPDATE Jigyo_mas SET 電話番号='1'");
+    static_cast<void>(Repair_Installation(Templates_Folder(), folder.path, std::nullopt));
+    EXPECT_EQ(Read_Kidou_Ini(folder.path).number, 12);
 }
 
 TEST_F(Start_Test, An_edition_is_chosen_whole_and_keeps_what_stood_there) {

@@ -3,10 +3,12 @@
 
 #include "batch/check_run.h"
 #include "calc/review_figures.h"
+#include "company/company_identity.h"
 #include "company/datacheck.h"
-#include "company/register.h"
+#include "company/pending_work.h"
 #include "data/store_file.h"
 #include "session/kidou_ini.h"
+#include "support/failing_writes.h"
 #include "support/installation_fixture.h"
 
 #include <functional>
@@ -46,6 +48,18 @@ class Case_Test : public Installation {
 
     Temporary_Folder beside;
     fs::path case_file = beside.path / "見本.json";
+};
+
+/// The store that an import of a case gives, kept elsewhere; the installation is as it was.
+struct Scratch_Copy {
+    Scratch_Copy(const Session& session, const fs::path& case_file, fs::path target)
+        : path(std::move(target)) {
+        const File_Contents files = Read_Files(session.App_Path);
+        const Imported imported = Import_Case(session, case_file);
+        fs::copy_file(Company_Store(session, imported.number), path, fs::copy_options::overwrite_existing);
+        Write_Files(session.App_Path, files);
+    }
+    fs::path path;
 };
 
 json Firm(int number = 7) {
@@ -410,6 +424,45 @@ TEST_F(Case_Test, Refusals_Name_The_Place_And_Write_Nothing) {
     EXPECT_THROW(Import_Case(session, folder.path / "none.json"), Store_Error);
 }
 
+// File and row come together, whatever fails or kills between them.
+TEST_F(Case_Test, No_Failing_Write_Separates_An_Import_From_Its_Row) {
+    Import(Firm(7));
+    json renamed = Firm(7);
+    renamed["Jigyo_mas"]["事業所名"] = "改名";
+    for (const json& record : {Firm(8), renamed}) {
+        Write_Text_File(case_file, record.dump());
+        const std::int32_t number = record["Jigyo_mas"]["管理No"];
+        const std::string name = record["Jigyo_mas"]["事業所名"];
+        const File_Contents files = Read_Files(folder.path);
+        const auto row = Find_Register_Row(session, number);
+        const fs::path store = Store(number);
+        // Only the writes at the end touch what stands; the store itself is built beside it.
+        const Scratch_Copy built(session, case_file, beside.path / "built.dat");
+        Fail_Every_Write([&] { Write_Files(folder.path, files); },
+                         [&] {
+                             File_Replacement replacement =
+                                 File_Replacement::With_Store(built.path, store, session.Db_Key);
+                             Put_Registered_Store(session, {number, name, "ﾐﾎﾝ"}, replacement);
+                         },
+                         [&](Outcome outcome) {
+                             Sweep_Drafts(folder.path);
+                             Finish_Pending_Work(session);
+                             const auto now = Find_Register_Row(session, number);
+                             if (!fs::exists(store)) {
+                                 EXPECT_FALSE(now.has_value());
+                                 EXPECT_NE(outcome, Outcome::Finished);
+                                 return;
+                             }
+                             const Connection cn(store, session.Db_Key, Connection::Mode::Read_Only);
+                             const std::string told = Identity_Of(cn).name;
+                             ASSERT_TRUE(now.has_value());
+                             EXPECT_EQ(now->name, told) << "the row is that of the file";
+                             EXPECT_TRUE(told == name || (outcome != Outcome::Finished && now == row));
+                         });
+        Write_Files(folder.path, files);
+    }
+}
+
 TEST_F(Case_Test, A_Company_Left_In_Hand_Is_Not_Replaced) {
     Import(Firm(7));
     Copy_Store(Store(7), session.Work_Store, session.Db_Key);
@@ -419,6 +472,10 @@ TEST_F(Case_Test, A_Company_Left_In_Hand_Is_Not_Replaced) {
     EXPECT_EQ(State(), before);
     EXPECT_EQ(Import(Firm(8)).number, 8);
     Write_Kidou_Ini(folder.path, {});
+    // A new company that the lock file alone knows.
+    Write_Text_File(folder.path / "morvane.lock", "7          \n");
+    EXPECT_THROW(Import(Firm(7)), Case_Error);
+    fs::remove(folder.path / "morvane.lock");
     EXPECT_TRUE(Import(Firm(7)).replaced);
 }
 

@@ -55,6 +55,23 @@ def make_folders(top):
     expect(numbers(empty) == [], "a new folder holds no company")
     expect(json.loads((empty / "install_info.json").read_text(encoding="utf-8"))["地域CD"] == "13", "default edition")
     run("init", AOBA, status=2)
+    expect_in("空", run("init", "", status=2)[1], "init without a name")
+    # A folder that lost its settings is never filled with blank stores again.
+    lost = top / "lost"
+    shutil.copytree(top / "13-multi", lost)
+    (lost / "install_info.json").unlink()
+    before = {path: path.read_bytes() for path in lost.rglob("*") if path.is_file()}
+    for command in (("init", lost), ("score", lost)):
+        expect_in("init --repair", run(*command, status=2)[1], "the way to repair")
+    expect(before == {path: path.read_bytes() for path in lost.rglob("*") if path.is_file()}, "init changed a file")
+    expect_in("install_info.json", run("init", lost, "--repair")[0], "what was made")
+    expect(numbers(lost) == numbers(top / "13-multi"), "the companies are there again")
+    expect_in("ありません", run("init", lost, "--repair")[0], "nothing is lost")
+    (lost / "data").chmod(0)
+    if os.geteuid() != 0:
+        expect_in("許可", run("score", lost, status=1)[1], "a data folder that may not be read")
+    (lost / "data").chmod(0o700)
+    expect(oct((top / "13-multi" / "data").stat().st_mode & 0o777) == "0o700", "the data folder is the owner's")
 
 
 def import_cases(top):

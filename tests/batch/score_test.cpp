@@ -280,6 +280,44 @@ TEST_F(Score_Test, A_Company_Left_In_Hand_Is_Read_From_The_Working_Store) {
     EXPECT_EQ(averages(), std::vector({10'000, 10'000}));
     Write_Kidou_Ini(folder.path, {2, "見本2"});
     EXPECT_EQ(averages(), std::vector({10'000, 20'000}));
+    // Registered and not yet taken through the list: the lock file alone tells.
+    Write_Kidou_Ini(folder.path, {});
+    Write_Text_File(folder.path / "morvane.lock", "2          \n");
+    EXPECT_EQ(averages(), std::vector({10'000, 20'000}));
+    // A working store that is not the marked company's is nobody's newest state.
+    fs::remove(folder.path / "morvane.lock");
+    Write_Kidou_Ini(folder.path, {2, "見本2"});
+    Cn_Open(session).Execute("UPDATE Jigyo_mas SET 管理No=77");
+    const auto scored = Scored();
+    EXPECT_EQ(scored.Parsed()["companies"].size(), 1U);
+    ASSERT_EQ(scored.errors.size(), 1U);
+    EXPECT_NE(scored.errors[0].find("事業所番号 77"), std::string::npos) << scored.errors[0];
+}
+
+// The name of a file is no proof of whose it is.
+TEST_F(Score_Test, A_Foreign_Store_Is_Neither_Scored_Nor_Passed) {
+    Import(Firm(1, one_line));
+    Import(Firm(2, one_line));
+    Import(Firm(3, one_line));
+    fs::rename(Company_Store(session, 1), folder.path / "data/x");
+    fs::rename(Company_Store(session, 2), Company_Store(session, 1));
+    fs::rename(folder.path / "data/x", Company_Store(session, 2));
+    Execute(3, "UPDATE Ks_Zaihyo SET 並び順=6 WHERE 建設科目CD=99;");
+    const auto scored = Scored();
+    EXPECT_EQ(scored.Parsed()["companies"].size(), 0U);
+    ASSERT_EQ(scored.errors.size(), 3U);
+    const char* words[] = {"事業所番号 2", "事業所番号 1", "北海道版のデータ"};
+    for (std::size_t i = 0; i < scored.errors.size(); ++i) {
+        EXPECT_NE(scored.errors[i].find(words[i]), std::string::npos) << scored.errors[i];
+    }
+    std::ostringstream out;
+    EXPECT_EQ(Check_Run(session, out), 3U) << out.str();
+    Import(Firm(4, one_line));
+    Execute(4, "UPDATE Jigyo_mas SET 事業所名='改名', 決算期終了月=13;");
+    EXPECT_EQ(Check_Run(session, out), 4U);
+    EXPECT_NE(out.str().find("data/000004.dat：事業所名「改名」が事業所一覧の"), std::string::npos)
+        << out.str();
+    EXPECT_NE(out.str().find("data/000004.dat：決算期終了日「7/13/31」"), std::string::npos) << out.str();
 }
 
 TEST_F(Score_Test, Check_Finds_What_Is_Wrong) {
@@ -302,7 +340,7 @@ TEST_F(Score_Test, Check_Finds_What_Is_Wrong) {
     for (const char* finding :
          {"data/000001.dat：第2期 バランス不合：差額 -1 円",
           "data/000001.dat：第1期 バランス不合： 資産合計 2,000 円", "data/000002.dat：", "QandA",
-          "data/000003.dat：", "data/000004.dat：", "data/000077.dat：事業所登録にないファイルです。"}) {
+          "data/000003.dat：", "data/000004.dat：", "data/000077.dat：事業所一覧にないファイルです。"}) {
         EXPECT_NE(found.find(finding), std::string::npos) << finding << "\n" << found;
     }
     EXPECT_EQ(std::count(found.begin(), found.end(), '\n'), 6);
