@@ -9,7 +9,6 @@ memory of the scoring.
 """
 import os
 import pathlib
-import shutil
 import statistics
 import subprocess
 import sys
@@ -38,10 +37,7 @@ def make_installation(programs, folder, count):
     subprocess.run([programs / "morvane-batch", "init", installation], check=True)
     subprocess.run([programs / "morvane-batch", "import", installation, *sorted(cases.glob("*.json"))], check=True,
                    stdout=subprocess.DEVNULL)
-    subprocess.run([programs / "morvane-register", installation, str(count)], check=True)
-    data = installation / "data"
-    for number in range(FIRMS + 1, count + 1):
-        shutil.copyfile(data / f"{(number - 1) % FIRMS + 1:06}.dat", data / f"{number:06}.dat")
+    subprocess.run([programs / "morvane-register", installation, str(count), str(FIRMS)], check=True)
     return installation
 
 
