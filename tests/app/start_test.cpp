@@ -32,7 +32,7 @@ class Start_Test : public Installation {
     /// Registers a company with a resting store.
     void Register(std::int32_t number, const std::string& name) {
         Make_Company(number, 1, 5);
-        Cn_Open(session).Execute("UPDATE Jigyo_mas SET 事業所名='" + name + "'");
+        Cn_Open(session).Execute("UPDATE Jigyo_mas SET 事業所カナ名='ｱ', 事業所名='" + name + "'");
         Copy_Store(session.Work_Store, Company_Store(session, number), session.Db_Key);
         Put_Register_Row(session, {number, name, "ｱ"});
         session.Kanri_No = 0;
