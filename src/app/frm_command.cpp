@@ -3,6 +3,7 @@
 
 #include "app/form_table.h"
 #include "widgets/theme.h"
+#include "widgets/window_keys.h"
 #include "zaimu/zaimu_calc.h"
 
 #include <QHBoxLayout>
@@ -55,6 +56,7 @@ Frm_Command::Frm_Command(Shell_Port& shell_port, Work_Area& work_area, std::func
     : shell(shell_port), area(work_area), normal_end(std::move(end)), SyaMei(new QLabel),
       KsKi_Dsp(new QLabel), JimusyoMei(new QLabel), TiikiMei(new QLabel), panel_line(new Panel_Line) {
     setObjectName(QStringLiteral("Frm_Command"));
+    Window_Keys::Set_Part(*this);
     shell.session.Edit_Flg = false;
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
@@ -353,10 +355,14 @@ void Frm_Command::Screens_Closed() {
         return;
     }
     show();
+    Menu_Button* opener = Last_Button;
     Highlight(nullptr);
     shell.session.Edit_Flg = false;
     Update_Enabled();
-    if (QWidget* focus = window()->focusWidget(); focus == nullptr || !isAncestorOf(focus)) {
+    // Whoever works through the menu goes on at the next button.
+    if (opener != nullptr && opener->isVisible() && opener->isEnabled()) {
+        opener->setFocus(Qt::TabFocusReason);
+    } else if (QWidget* focus = window()->focusWidget(); focus == nullptr || !isAncestorOf(focus)) {
         Focus_First();
     }
 }
@@ -371,6 +377,11 @@ void Frm_Command::Other_Firm_Comparison() {
 void Frm_Command::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Escape && open_panel != nullptr) {
         shell.Guard([this] { Close_Panel(); });
+        return;
+    }
+    const int step = Window_Keys::Step_Of(event->key(), event->modifiers());
+    if (Form* screen = area.Top(); step != 0 && screen != nullptr) {
+        Window_Keys::Come_In(*screen, step);
         return;
     }
     QWidget::keyPressEvent(event);

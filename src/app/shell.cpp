@@ -123,6 +123,7 @@ bool Shell::Is_Menu_Shown() const {
 }
 
 void Shell::Place(QWidget* window) {
+    window->ensurePolished(); // with fonts and captions as they will be shown
     placement->Follow(window, window->testAttribute(Qt::WA_Resized) ? window->size() : window->sizeHint());
 }
 

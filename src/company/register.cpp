@@ -200,7 +200,8 @@ void Start_New_Company(Session& session) {
     Check_In_And_Release(session);
 }
 
-bool Delete_Company(const Session& session, const std::optional<Register_Row>& chosen) {
+bool Delete_Company(const Session& session, const std::optional<Register_Row>& chosen,
+                    const std::function<void()>& on_deleted) {
     if (!Confirm_Deletion(session, chosen)) {
         return false;
     }
@@ -218,6 +219,9 @@ bool Delete_Company(const Session& session, const std::optional<Register_Row>& c
         throw;
     } catch (const Store_Error& error) {
         return Report_Not_Deleted(session, error);
+    }
+    if (on_deleted) {
+        on_deleted();
     }
     Show_Message(session, {.title = "事業所削除完了", .text = "指定の事業所データを削除しました。"});
     return true;

@@ -4,6 +4,7 @@
 #include "session/session.h"
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -68,8 +69,9 @@ Taken Take_Company(Session& session, const std::optional<Register_Row>& chosen);
 void Start_New_Company(Session& session);
 
 /// Deletes the chosen company after the question: its data file, then its row. A file that cannot be deleted
-/// is reported and nothing is deleted. False where nothing was. Raises Store_Error where the register fails
-/// behind the deleted file (the next start then finishes).
-bool Delete_Company(const Session& session, const std::optional<Register_Row>& chosen);
+/// is reported and nothing is deleted. False where nothing was. `on_deleted` runs before the finish is told.
+/// Raises Store_Error where the register fails behind the deleted file (the next start then finishes).
+bool Delete_Company(const Session& session, const std::optional<Register_Row>& chosen,
+                    const std::function<void()>& on_deleted = {});
 
 } // namespace morvane

@@ -7,6 +7,7 @@
 #include "session/kyotu_mod.h"
 #include "widgets/entry_cell.h"
 #include "widgets/note_button.h"
+#include "widgets/result_strip.h"
 #include "widgets/theme.h"
 
 #include <QHBoxLayout>
@@ -81,6 +82,7 @@ Frm_Kanko::Frm_Kanko(Shell_Port& shell_port, const char* form)
     Make_Grid();
     body->addWidget(Make_Head());
     body->addWidget(grid, 1);
+    body->addWidget(Make_Strip());
     Make_Buttons();
     setFocusProxy(grid);
     if (Kanko_Avg != nullptr) {
@@ -125,6 +127,39 @@ QWidget* Frm_Kanko::Make_Head() {
     Show_Kanko();
     Set_Cmd_Enable();
     return line;
+}
+
+// The columns of the scores may be scrolled out of view while figures are keyed at the left.
+QWidget* Frm_Kanko::Make_Strip() {
+    std::vector<Result_Figure> figures;
+    for (const Kanko_Column& column : entry.screen.columns) {
+        if (column.use == Kanko_Use::Score) {
+            const bool is_p = column.name == std::string_view("P");
+            figures.push_back({.name = std::string("Strip_") + column.name,
+                               .caption = is_p ? "Ｐ" : column.heading,
+                               .strong = is_p});
+        }
+    }
+    strip = new Result_Strip(figures);
+    strip->setMaximumWidth(grid->maximumWidth());
+    connect(grid, &Entry_Grid::Cell_Entered, this, [this] { Show_Row_In_Hand(); });
+    Show_Row_In_Hand();
+    return strip;
+}
+
+void Frm_Kanko::Show_Row_In_Hand() {
+    const int row = grid->Current().row;
+    if (strip == nullptr || row < 0) {
+        return;
+    }
+    strip->Set_Subject(QString::fromUtf8(work_types[Line_Of_Row(row)].name));
+    for (int column = 0; column < grid->Column_Count(); ++column) {
+        const Kanko_Column& shown = entry.screen.columns[static_cast<std::size_t>(column)];
+        if (shown.use == Kanko_Use::Score) {
+            const std::string text = Comma_Str(Shown_Value(entry.Shown(row, column)));
+            strip->Set_Text(std::string("Strip_") + shown.name, QString::fromStdString(text));
+        }
+    }
 }
 
 void Frm_Kanko::Make_Grid() {
@@ -228,6 +263,7 @@ void Frm_Kanko::Show_Kanko() {
         }
         grid->Set_Total(0, column, Shown_Value(entry.Shown_Total(column)));
     }
+    Show_Row_In_Hand();
     const Kanko::Scores& scores = entry.Scores();
     basis->setText(
         entry.Fault()

@@ -11,6 +11,7 @@ class QLabel;
 namespace morvane {
 
 class Entry_Cell;
+class Result_Strip;
 
 /// The screens of the work types: completed work with X1 and P (Frm_Kanko), engineers and prime-contract work
 /// with Z (Frm_Kanko2). Leaving any field runs the whole calculation; closing stores. Where storing fails the
@@ -27,6 +28,7 @@ class Frm_Kanko : public Form {
 
   private:
     void Make_Grid();
+    [[nodiscard]] QWidget* Make_Strip();
     [[nodiscard]] QWidget* Make_Head();
     void Make_Buttons();
 
@@ -35,6 +37,7 @@ class Frm_Kanko : public Form {
     void Show_Entries();
     void Show_Years();
     void Show_Kanko();
+    void Show_Row_In_Hand();
     void Set_Cmd_Enable();
     void Open_Check(int row, int column);
     bool Finish_Entry();
@@ -44,6 +47,7 @@ class Frm_Kanko : public Form {
     Check_Opener checks{*this, shell};
     Entry_Grid* grid;
     Entry_Cell* Kanko_Avg = nullptr; ///< on the screen of completed work
+    Result_Strip* strip = nullptr;   ///< the scores of the work type in hand
     QLabel* basis;                   ///< the scores that P takes besides
 };
 

@@ -6,6 +6,7 @@
 #include "widgets/note_button.h"
 #include "widgets/theme.h"
 
+#include <QApplication>
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -59,6 +60,13 @@ QLabel* Small(const QString& text) {
     return label;
 }
 
+// The scores of the screen; the sheet has them too, but may be scrolled.
+Result_Strip* Make_Strip() {
+    const std::array<Result_Figure, 2> figures = {
+        {{.name = "Strip_X2", .caption = "Ｘ２"}, {.name = "Strip_W", .caption = "Ｗ", .strong = true}}};
+    return new Result_Strip(figures);
+}
+
 int Index_Of_Check(std::string_view score) {
     int index = 0;
     for (const W2X_Button& button : w2x_buttons) {
@@ -75,7 +83,7 @@ int Index_Of_Check(std::string_view score) {
 Frm_Syokuta::Frm_Syokuta(Shell_Port& shell_port)
     : Form(shell_port, {}, QStringLiteral("自己資本額・利益額・従業職員数・その他（Ｘ２，Ｗ）")),
       entry(shell_port.session, scenario_genjo.number), checks(*this, shell_port), scroll(new QScrollArea),
-      sheet(new QWidget), hint(Small({})) {
+      strip(Make_Strip()), sheet(new QWidget), hint(Small({})) {
     setObjectName(Text(entry.Law().entry_form));
     Set_Sub_Title(QString::fromStdString(shell.session.Screen_Title));
     auto* row = new QHBoxLayout(sheet);
@@ -100,6 +108,7 @@ Frm_Syokuta::Frm_Syokuta(Shell_Port& shell_port)
     scroll->setFocusPolicy(Qt::NoFocus);
     scroll->setWidget(sheet);
     body->addWidget(scroll, 1);
+    body->addWidget(strip);
 
     Add_Help_Button();
     Add_Menu_Button();
@@ -226,6 +235,7 @@ void Frm_Syokuta::Add_Cell(QHBoxLayout& line, const Syokuta_Cell& cell, const ch
         edit->setToolTip(Text(cell.hint));
         edit->on_leave = [this, edit] { return Take_Entry(*edit); };
         edit->on_arrow = [this, edit](int direction) { Step_Down(*edit, direction); };
+        edit->on_step = [this](bool back) { Step_Entry(back); };
         connect(edit, &Entry_Cell::Entered, this, [this, edit] {
             hint->setText(Text(edit->cell.hint));
             scroll->ensureWidgetVisible(edit, 0, row_height);
@@ -295,6 +305,11 @@ void Frm_Syokuta::Show_W_2012() {
         shown_cell.label->setText(entry.Fault() ? QString()
                                                 : QString::fromStdString(shown_cell.cell->shown(shown)));
     }
+    for (const auto& [score, figure] : {std::pair{"X2", "Strip_X2"}, {"W", "Strip_W"}}) {
+        if (const auto* label = sheet->findChild<QLabel*>(QString::fromLatin1(score))) {
+            strip->Set_Text(figure, label->text());
+        }
+    }
     Social_Items items = shown.items;
     for (Syokuta_Edit* edit : edits) {
         const std::int32_t value = edit->cell.place(items);
@@ -304,11 +319,15 @@ void Frm_Syokuta::Show_W_2012() {
     }
 }
 
-// The former value comes back where the entry cannot be stored or leads to figures out of their width.
-bool Frm_Syokuta::Take_Entry(Syokuta_Edit& edit) {
+std::int32_t Frm_Syokuta::Item(const Syokuta_Edit& edit) const {
+    Social_Items items = entry.Shown().items;
+    return edit.cell.place(items);
+}
+
+// Calculates with a value; false where it cannot be stored or leads to figures out of their width.
+bool Frm_Syokuta::Put(const Syokuta_Edit& edit, std::int32_t value) {
     bool taken = false;
     shell.Guard([&] {
-        const std::int32_t value = edit.Number();
         const std::string refusal = Syokuta_Entry::Refusal(edit.cell.name, value);
         if (refusal.empty()) {
             entry.Take(edit.cell.place, value);
@@ -317,14 +336,41 @@ bool Frm_Syokuta::Take_Entry(Syokuta_Edit& edit) {
             Tell(shell.session, "入力エラー", refusal);
         }
     });
-    if (!taken) {
-        Social_Items items = entry.Shown().items;
-        edit.Set_Value(edit.cell.place(items));
+    return taken;
+}
+
+// The former value comes back where the entry is refused.
+bool Frm_Syokuta::Take_Entry(Syokuta_Edit& edit) {
+    const std::int32_t former = Item(edit);
+    if (!Put(edit, edit.Number())) {
+        edit.Set_Value(former);
         edit.selectAll();
         return false;
     }
+    if (Item(edit) != former) {
+        done.push_back({&edit, former, Item(edit)});
+        undone.clear();
+    }
     Show_W_2012();
     return true;
+}
+
+// Takes the last entry back, or does the last one that was taken back again, and goes to its field.
+void Frm_Syokuta::Step_Entry(bool back) {
+    std::vector<Taken>& from = back ? done : undone;
+    if (from.empty()) {
+        QApplication::beep();
+        return;
+    }
+    const Taken step = from.back();
+    if (!Put(*step.edit, back ? step.former : step.later)) {
+        return;
+    }
+    from.pop_back();
+    (back ? undone : done).push_back(step);
+    Show_W_2012();
+    step.edit->setFocus(Qt::OtherFocusReason);
+    step.edit->selectAll();
 }
 
 bool Frm_Syokuta::Take_Focused() {

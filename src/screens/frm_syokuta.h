@@ -5,6 +5,7 @@
 #include "screens/syokuta_entry.h"
 #include "screens/syokuta_table.h"
 #include "widgets/form.h"
+#include "widgets/result_strip.h"
 
 #include <array>
 #include <vector>
@@ -41,7 +42,10 @@ class Frm_Syokuta : public Form {
     void Arrange(int count);
 
     void Show_W_2012();
+    [[nodiscard]] std::int32_t Item(const Syokuta_Edit& edit) const;
+    bool Put(const Syokuta_Edit& edit, std::int32_t value);
     bool Take_Entry(Syokuta_Edit& edit);
+    void Step_Entry(bool back);
     bool Take_Focused();
     std::string Store();
     void Cmd_W2X(int index);
@@ -51,6 +55,12 @@ class Frm_Syokuta : public Form {
     struct Shown_Cell {
         const Syokuta_Cell* cell;
         QLabel* label;
+    };
+    /// An entry that was taken.
+    struct Taken {
+        Syokuta_Edit* edit;
+        std::int32_t former;
+        std::int32_t later;
     };
     struct Placed_Group {
         const Syokuta_Group* group;
@@ -63,7 +73,10 @@ class Frm_Syokuta : public Form {
     std::vector<Shown_Cell> labels;
     std::vector<Placed_Group> groups;
     std::array<QVBoxLayout*, 3> columns{};
+    std::vector<Taken> done; ///< what Ctrl+Z takes back, the last one first
+    std::vector<Taken> undone;
     QScrollArea* scroll;
+    Result_Strip* strip;
     QWidget* sheet;
     QLabel* hint;
     std::array<int, 3> room_for{}; ///< width of the screen that one, two, three columns need, pixels

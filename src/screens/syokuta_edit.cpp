@@ -46,4 +46,21 @@ void Syokuta_Edit::keyPressEvent(QKeyEvent* event) {
     Entry_Cell::keyPressEvent(event);
 }
 
+// Within the field what is being typed, outside of it the entries of the screen.
+void Syokuta_Edit::Undo_Last() {
+    if (Is_Uncommitted() || isUndoAvailable() || !on_step) {
+        undo();
+    } else {
+        on_step(true);
+    }
+}
+
+void Syokuta_Edit::Redo_Last() {
+    if (Is_Uncommitted() || isRedoAvailable() || !on_step) {
+        redo();
+    } else {
+        on_step(false);
+    }
+}
+
 } // namespace morvane

@@ -16,12 +16,15 @@ class Syokuta_Edit : public Entry_Cell {
     const Syokuta_Cell& cell;
     std::function<bool()> on_leave;    ///< takes the entry; false calls the focus back
     std::function<void(int)> on_arrow; ///< -1 Up, 1 Down
+    std::function<void(bool)> on_step; ///< an entry of the screen is to be undone (true) or done again
 
     /// The entry as a number; blank is 0.
     [[nodiscard]] std::int32_t Number() const;
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void Undo_Last() override;
+    void Redo_Last() override;
     bool May_Leave() override { return !on_leave || on_leave(); }
 };
 

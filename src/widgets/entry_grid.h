@@ -42,8 +42,8 @@ struct Paste_Refused {
 };
 
 /// A grid of entry cells for keying figures. The current cell is always in entry while the grid has the
-/// focus: light yellow, bare number, selected. Locked cells take the focus but no key; shown cells are
-/// passed by. Leaving a cell takes its entry.
+/// focus: light yellow, bare number, selected. Locked cells take the focus but no key, and only from the
+/// arrow keys and the mouse; shown cells are passed by. Leaving a cell takes its entry.
 ///
 /// Keys: Enter and Down, Up along the column (Grid_Keys); Tab and Shift+Tab along the rows and out at the
 /// ends; Ctrl+Left and Ctrl+Right to the neighbouring column, across rows at the ends; PageUp, PageDown,
@@ -164,7 +164,9 @@ class Entry_Grid : public QFrame {
 
     // Moving (entry_grid_move.cpp).
     void Move_Row(int step);
-    bool Move_Field(int step, bool round);
+    bool Move_Open(int step, bool along_row, bool round);
+    [[nodiscard]] Cell_At Next_In_Column(Cell_At at, int step) const;
+    [[nodiscard]] Cell_At Next_In_Row(Cell_At at, int step, bool round) const;
     void Move_Column(int step);
     void Move_Page(int pages);
     void Move_End(int step);

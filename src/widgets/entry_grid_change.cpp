@@ -190,7 +190,11 @@ std::string Entry_Grid::Refusal_Text(const std::vector<Paste_Refused>& refused) 
     for (std::size_t at = 0; at < std::min(refused.size(), named); ++at) {
         const Paste_Refused& cell = refused[at];
         const bool inside = data->Has({cell.row, cell.column});
-        std::string place = std::to_string(cell.row + 1) + "行目";
+        const QString name =
+            inside ? data->headerData(cell.row, Qt::Vertical, Qt::AccessibleTextRole).toString().simplified()
+                   : QString();
+        std::string place =
+            name.isEmpty() ? std::to_string(cell.row + 1) + "行目" : "「" + name.toStdString() + "」の";
         if (inside) {
             const auto heading = data->headerData(cell.column, Qt::Horizontal, Qt::AccessibleTextRole);
             place += "「" + heading.toString().simplified().toStdString() + "」";

@@ -30,37 +30,61 @@ Cell_At Entry_Grid::First_Cell() const {
     return data->rowCount() > 0 && column >= 0 ? Cell_At{0, column} : Cell_At{};
 }
 
-void Entry_Grid::Move_Row(int step) {
+// The cell above or below, beyond the ends as Grid_Keys tell; none where they stop.
+Cell_At Entry_Grid::Next_In_Column(Cell_At at, int step) const {
     const int rows = data->rowCount();
-    Cell_At to{current.row + step, current.column};
+    Cell_At to{at.row + step, at.column};
     if (to.row < 0 || to.row >= rows) {
         if (keys.wrap == Grid_Wrap::Stop) {
-            Finish_Entry();
-            return;
+            return {};
         }
         to.row = step > 0 ? 0 : rows - 1;
         if (keys.wrap == Grid_Wrap::Next_Column) {
-            const int next = Neighbour({current.row, current.column}, step, false);
+            const int next = Neighbour(at, step, false);
             to.column = next >= 0 ? next : End_Column(step);
         }
     }
-    Go_To(to.row, to.column);
+    return to;
 }
 
-// Goes to the next entry field in reading order. At the end of the grid false, or `round` to its other end.
-bool Entry_Grid::Move_Field(int step, bool round) {
-    Cell_At to{current.row, Neighbour(current, step, false)};
+// The next entry field in reading order. At the end of the grid none, or `round` the one at its other end.
+Cell_At Entry_Grid::Next_In_Row(Cell_At at, int step, bool round) const {
+    Cell_At to{at.row, Neighbour(at, step, false)};
     if (to.column < 0) {
-        to = {current.row + step, End_Column(step)};
+        to = {at.row + step, End_Column(step)};
     }
     if (to.row < 0 || to.row >= data->rowCount()) {
         if (!round) {
-            return false;
+            return {};
         }
         to.row = step > 0 ? 0 : data->rowCount() - 1;
     }
-    Go_To(to.row, to.column);
-    return true;
+    return to;
+}
+
+void Entry_Grid::Move_Row(int step) {
+    const Cell_At to = Next_In_Column(current, step);
+    if (to.row < 0) {
+        Finish_Entry();
+    } else {
+        Go_To(to.row, to.column);
+    }
+}
+
+// Goes to the next cell that can be keyed; false where there is none in this direction.
+bool Entry_Grid::Move_Open(int step, bool along_row, bool round) {
+    Cell_At to = current;
+    for (int tried = data->rowCount() * data->columnCount(); tried > 0; --tried) {
+        to = along_row ? Next_In_Row(to, step, round) : Next_In_Column(to, step);
+        if (to.row < 0 || to == current) {
+            return false;
+        }
+        if (!data->Is_Locked(to)) {
+            Go_To(to.row, to.column);
+            return true;
+        }
+    }
+    return false;
 }
 
 void Entry_Grid::Move_Column(int step) {

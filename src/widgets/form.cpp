@@ -2,6 +2,7 @@
 #include "widgets/form.h"
 
 #include "widgets/theme.h"
+#include "widgets/window_keys.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -41,6 +42,7 @@ Form::Form(Shell_Port& shell_port, const QString& name, const QString& title)
     whole->addLayout(buttons);
     Set_Title(title);
     Set_Sub_Title({});
+    new Window_Keys(*this, *buttons);
 }
 
 void Form::Set_Title(const QString& title) {
@@ -73,9 +75,13 @@ void Form::reject() {
 }
 
 void Form::keyPressEvent(QKeyEvent* event) {
-    auto* button = qobject_cast<QPushButton*>(focusWidget());
-    if (button != nullptr && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
+    const bool is_enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (auto* button = qobject_cast<QPushButton*>(focusWidget()); button != nullptr && is_enter) {
         button->animateClick();
+        return;
+    }
+    if (qobject_cast<QAbstractButton*>(focusWidget()) != nullptr && is_enter) {
+        focusNextChild(); // an option is a field as any other
         return;
     }
     if (event->key() == Qt::Key_Escape) {

@@ -49,12 +49,8 @@ bool Grid_Cell::Moves(const QKeyEvent& event) {
         if (is_button) {
             return false;
         }
-        if (grid.keys.enter_along_row) {
-            if (!grid.Move_Field(shift ? -1 : 1, grid.keys.wrap != Grid_Wrap::Stop)) {
-                grid.Finish_Entry();
-            }
-        } else {
-            grid.Move_Row(shift ? -1 : 1);
+        if (!grid.Move_Open(shift ? -1 : 1, grid.keys.enter_along_row, grid.keys.wrap != Grid_Wrap::Stop)) {
+            grid.Finish_Entry();
         }
         return true;
     case Qt::Key_Left:
@@ -119,7 +115,7 @@ void Grid_Cell::keyPressEvent(QKeyEvent* event) {
 }
 
 bool Grid_Cell::focusNextPrevChild(bool next) {
-    if (grid.Move_Field(next ? 1 : -1, false)) {
+    if (grid.Move_Open(next ? 1 : -1, true, false)) {
         return true;
     }
     // Out of the grid, which would be the next stop backwards itself.

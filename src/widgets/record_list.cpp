@@ -10,6 +10,7 @@
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QPainter>
+#include <algorithm>
 
 namespace morvane {
 
@@ -71,7 +72,7 @@ class Record_List::Model : public QAbstractTableModel {
 /// Paints a field with the padding of the headings, plainly: a style sheet's items are slow by the thousand.
 class Record_List::Painter : public QAbstractItemDelegate {
   public:
-    using QAbstractItemDelegate::QAbstractItemDelegate;
+    explicit Painter(Record_List* the_list) : QAbstractItemDelegate(the_list), list(*the_list) {}
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override {
@@ -81,10 +82,18 @@ class Record_List::Painter : public QAbstractItemDelegate {
                                               : odd    ? theme::zebra
                                                        : theme::surface));
         painter->setPen(QColor(theme::text));
-        painter->setFont(option.font);
+        QFont font = option.font;
+        if (index.row() == list.marked) {
+            font.setBold(true);
+            if (index.column() == 0) {
+                painter->fillRect(QRect(option.rect.topLeft(), QSize(4, option.rect.height())),
+                                  QColor(theme::accent));
+            }
+        }
+        painter->setFont(font);
         const QRect room = option.rect.adjusted(padding, 0, -padding, 0);
         const QString text =
-            option.fontMetrics.elidedText(index.data().toString(), Qt::ElideRight, room.width());
+            QFontMetrics(font).elidedText(index.data().toString(), Qt::ElideRight, room.width());
         painter->drawText(room, index.data(Qt::TextAlignmentRole).toInt() | Qt::TextSingleLine, text);
     }
 
@@ -94,6 +103,9 @@ class Record_List::Painter : public QAbstractItemDelegate {
 
     static constexpr int padding = 8;
     static constexpr int row_height = theme::cell_height + 2;
+
+  private:
+    const Record_List& list;
 };
 
 Record_List::Record_List(std::span<const List_Column> columns, QWidget* parent)
@@ -106,6 +118,7 @@ Record_List::Record_List(std::span<const List_Column> columns, QWidget* parent)
     setShowGrid(false);
     setWordWrap(false);
     setTabKeyNavigation(false);
+    theme::Set_Look(this, "records");
     setCornerButtonEnabled(false);
     setAttribute(Qt::WA_InputMethodEnabled);
     verticalHeader()->hide();
@@ -129,6 +142,7 @@ Record_List::Record_List(std::span<const List_Column> columns, QWidget* parent)
 }
 
 void Record_List::Set_Source(std::size_t count, std::function<QString(int, int)> text) {
+    marked = -1;
     records->Reset(count, std::move(text));
     sought.clear();
     scrollToTop();
@@ -158,6 +172,15 @@ void Record_List::Select_Row(int row) {
     }
     selectRow(row);
     scrollTo(records->index(row, 0));
+}
+
+void Record_List::Show_Row(int row) {
+    scrollTo(records->index(row, 0), PositionAtCenter);
+}
+
+void Record_List::Set_Marked_Row(int row) {
+    marked = row;
+    viewport()->update();
 }
 
 QString Record_List::Text_At(int row, int column) const {
@@ -193,10 +216,17 @@ void Record_List::keyPressEvent(QKeyEvent* event) {
         event->accept();
         return;
     }
-    // With nothing selected the first arrow key selects the first record instead of passing over it.
-    if (Selected_Row() < 0 && records->rowCount() > 0 &&
-        (event->key() == Qt::Key_Down || event->key() == Qt::Key_Up)) {
-        Select_Row(0);
+    const bool is_end = event->key() == Qt::Key_Home || event->key() == Qt::Key_End;
+    const bool is_arrow = event->key() == Qt::Key_Down || event->key() == Qt::Key_Up;
+    if (records->rowCount() > 0 && is_end) {
+        Select_Row(event->key() == Qt::Key_Home ? 0 : records->rowCount() - 1);
+        event->accept();
+        return;
+    }
+    // With nothing selected the first arrow key selects the marked or the first record instead of passing
+    // over it.
+    if (records->rowCount() > 0 && Selected_Row() < 0 && is_arrow) {
+        Select_Row(std::max(marked, 0));
         event->accept();
         return;
     }

@@ -44,6 +44,14 @@ class Record_List : public QTableView {
     /// Selects a record and brings it into view; -1 selects none.
     void Select_Row(int row);
 
+    /// Brings a record into the middle of the view without selecting it.
+    void Show_Row(int row);
+
+    /// Marks a record by bold letters and a bar at its left; -1 none, as after new records. The first arrow
+    /// key selects it.
+    void Set_Marked_Row(int row);
+    [[nodiscard]] int Marked_Row() const { return marked; }
+
     /// Typed characters go to the first record whose text in this column begins with them (-1: none do, as
     /// at first). A pause of a second begins anew; where nothing fits it beeps.
     void Set_Find_Column(int column) { find_column = column; }
@@ -71,6 +79,7 @@ class Record_List : public QTableView {
 
     Model* records;
     int find_column = -1;
+    int marked = -1;
     QString sought;
     QElapsedTimer last_typed;
     QString empty_text;

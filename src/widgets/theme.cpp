@@ -49,13 +49,13 @@ QMenuBar::item:disabled { color: %disabled; }
 QPushButton { background: %surface; border: 1px solid %line; border-radius: 3px; padding: 3px 14px;
               min-height: 22px; outline: none; }
 QPushButton:hover { border-color: %accent; }
-QPushButton:focus { border: 1px solid %accent; background: %soft; }
+QPushButton:focus { border: 2px solid %accent; padding: 2px 13px; background: %soft; }
 QPushButton:pressed { background: %line; }
 QPushButton:default { border: 1px solid %accent; color: %accent; }
 QPushButton:disabled { background: %window; border-color: %pale; color: %disabled; }
 QPushButton[look="primary"] { background: %accent; border-color: %accent; color: white; }
 QPushButton[look="primary"]:hover { background: #2A70BF; }
-QPushButton[look="primary"]:focus { background: #2A70BF; border: 2px solid %focus; padding: 2px 13px; }
+QPushButton[look="primary"]:focus { background: #123A66; border: 3px solid #FFC21A; padding: 1px 12px; }
 QPushButton[look="primary"]:disabled { background: #B9C6D6; border-color: #B9C6D6; }
 QPushButton[look="menu"] { background: %rest; border: 1px solid #C4C4C4; padding: 4px 8px; text-align: center; }
 QPushButton[look="menu"]:hover { border-color: %accent; }
@@ -64,9 +64,12 @@ QPushButton[look="menu"][open="true"] { background: %open; border-color: %accent
 QPushButton[look="menu"]:disabled { color: %disabled; background: #ECEEF0; border-color: #D9DDE2; }
 QPushButton[look="menu"][open="true"]:disabled { background: %open; border-color: %accent; color: %text; }
 QPushButton[look="check_button"] { padding: 1px 8px; min-height: 20px; }
+QPushButton[look="check_button"]:focus { padding: 0 7px; }
 QPushButton[look="choice"] { min-width: 180px; min-height: 44px; font-size: 14pt; font-weight: bold; }
 QPushButton[look="kana"] { padding: 0; min-width: 26px; min-height: 24px; }
+QPushButton[look="kana"]:focus { padding: 0; border: 2px solid %accent; }
 QPushButton[look="kana"]:checked { background: %accent; color: white; border-color: %accent; }
+QPushButton[look="kana"]:checked:focus { background: #123A66; border: 3px solid #FFC21A; }
 QLineEdit, QPlainTextEdit, QTextEdit, QSpinBox, QComboBox { background: %surface; border: 1px solid %line;
               border-radius: 2px; padding: 1px 5px; selection-background-color: %accent;
               selection-color: white; }
@@ -94,6 +97,9 @@ QCheckBox:disabled, QRadioButton:disabled { color: %disabled; }
 QTableView, QListView, QTextBrowser { background: %surface; border: 1px solid %line; gridline-color: %grid;
               selection-background-color: %soft; selection-color: %text; outline: 0; }
 QTableView[look="grid"] { border: 0; }
+QTableView[look="records"] { border: 2px solid %line; }
+QTableView[look="records"]:focus { border: 2px solid %accent; }
+QFrame[look="strip"] { background: %soft; border: 1px solid %line; border-radius: 3px; }
 QFrame[look="grid_frame"] { background: %surface; border: 1px solid %line; }
 QFrame[look="grid_foot"] { background: %soft; border: 0; border-top: 2px solid %accent; }
 QTableView::item:selected, QListView::item:selected { background: %selected; color: %text; }

@@ -201,6 +201,7 @@ void Frm_KsZaihyo::Add_Buttons() {
             Store_Or_Stay(shell.session, [this, &opens] { opens = section.Y_Disp(); }) && opens) {
             shell.Open_Form(QStringLiteral("Frm_YSisan"));
         }
+        grid->setFocus(Qt::OtherFocusReason); // the keying goes on where it was
     });
 }
 

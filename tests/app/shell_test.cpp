@@ -147,6 +147,7 @@ TEST_F(Shell_Test, The_menu_gives_way_to_a_screen_and_is_back_when_it_closes) {
     }
     Press("Tojiru");
     EXPECT_TRUE(shell->Frame()->command->isVisible());
+    EXPECT_EQ(QApplication::focusWidget()->objectName().toStdString(), "Cmd_KsT(0)") << "where it was opened";
 }
 
 TEST_F(Shell_Test, The_frame_goes_only_by_the_end_button_while_a_company_is_in_hand) {

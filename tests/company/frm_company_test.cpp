@@ -80,6 +80,17 @@ TEST_F(Frm_Company_Test, The_List_Narrows_By_Initial_And_Takes_A_Company) {
     EXPECT_EQ(Listed(), "");
     EXPECT_EQ(Child<QLabel>(*opened, "Lbl_Kensu")->text().toStdString(), "0 件");
     Click(*opened, "FgZen");
+    // Any part of number, name or reading, in any width and either kana; several words must all be there.
+    const std::pair<const char*, const char*> searches[] = {{"本3", "30=見本30 "},  {"３", "30=見本30 "},
+                                                            {"みほん", "1=見本1 "}, {"パイ", "2=見本2 "},
+                                                            {"見　2", "2=見本2 "},  {"x", ""}};
+    for (const auto& [typed, expected] : searches) {
+        Type_Into(*opened, "Txt_Kensaku", typed);
+        EXPECT_EQ(Listed(), expected) << typed;
+    }
+    QTest::keyClick(opened->focusWidget(), Qt::Key_Escape);
+    EXPECT_EQ(Listed(), "1=見本1 2=見本2 30=見本30 ") << "Esc clears the search";
+    EXPECT_TRUE(opened->isVisible());
     auto* list = Child<Record_List>(*opened, "ListView");
     list->Select_Row(1);
     Click(*opened, "FgA");
@@ -103,6 +114,7 @@ TEST_F(Frm_Company_Test, The_List_Deletes_And_Registers) {
     Click(*opened, "Cmd_Del");
     EXPECT_EQ(Listed(), "1=見本1 30=見本30 ");
     EXPECT_EQ(list->Selected_Row(), -1);
+    EXPECT_EQ(list->Marked_Row(), 0) << "the company in hand";
 
     bool register_it = false;
     shell.on_open_form = [&](const QString&) {

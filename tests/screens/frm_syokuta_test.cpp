@@ -229,6 +229,40 @@ TEST_F(Syokuta_Screen, Keys) {
     EXPECT_EQ(messages.shown.size(), 0U);
 }
 
+TEST_F(Syokuta_Screen, Entries_Are_Undone_One_By_One) {
+    Take_Sample("aoba_kensetsu.json", 4);
+    Frm_Syokuta form(shell);
+    Show(form);
+    const auto state = [&] {
+        return Shown(form, "Enen") + " " + Shown(form, "Saisei") + " " + Shown(form, "W");
+    };
+    const auto control = [&](Qt::Key key) { QTest::keyClick(form.focusWidget(), key, Qt::ControlModifier); };
+    Enter(form, "Saisei", "0"); // the first field that is left calculates
+    std::vector<std::string> states = {state()};
+    Enter(form, "Enen", "7");
+    states.push_back(state());
+    Enter(form, "Saisei", "1");
+    states.push_back(state());
+    EXPECT_EQ(Child<QLabel>(form, "Strip_W")->text().toStdString(), Shown(form, "W"));
+    ASSERT_NE(states[1], states[2]);
+    // What is being typed is undone in its field and leaves the entries alone.
+    Type_Into(form, "Enen", "5");
+    QTest::keyClick(form.focusWidget(), Qt::Key_Escape);
+    EXPECT_EQ(state(), states[2]);
+    control(Qt::Key_Z);
+    EXPECT_EQ(state(), states[1]);
+    EXPECT_EQ(Focused(form), "Saisei");
+    control(Qt::Key_Z);
+    EXPECT_EQ(state(), states[0]);
+    EXPECT_EQ(Focused(form), "Enen");
+    control(Qt::Key_Z);
+    EXPECT_EQ(state(), states[0]) << "nothing more";
+    control(Qt::Key_Y);
+    control(Qt::Key_Y);
+    EXPECT_EQ(state(), states[2]);
+    EXPECT_EQ(Child<QLabel>(form, "Strip_W")->text().toStdString(), Shown(form, "W"));
+}
+
 TEST_F(Syokuta_Screen, What_Cannot_Be_Computed_Or_Stored_Goes_Back) {
     Take_Sample("aoba_kensetsu.json", 4);
     // The average of the equities lies where the product of its row leaves 32 bits.

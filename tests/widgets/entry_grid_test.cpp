@@ -82,7 +82,11 @@ TEST_F(Entry_Grid_Test, Keys_move_through_the_cells) {
         {{}, "A(2)", Key_Return, NoModifier, "B(0)"},
         {{}, "C(2)", Key_Down, NoModifier, "A(0)"},
         {{}, "B(0)", Key_Up, NoModifier, "A(2)"},
-        {{}, "B(0)", Key_Down, NoModifier, "B(1)"}, // locked
+        {{}, "B(0)", Key_Down, NoModifier, "B(1)"},   // locked
+        {{}, "B(0)", Key_Return, NoModifier, "B(2)"}, // Enter and Tab pass what cannot be keyed
+        {{}, "B(2)", Key_Return, ShiftModifier, "B(0)"},
+        {{}, "A(1)", Key_Tab, NoModifier, "C(1)"},
+        {{}, "C(1)", Key_Backtab, NoModifier, "A(1)"},
         {{}, "A(0)", Key_Tab, NoModifier, "B(0)"},
         {{}, "C(0)", Key_Tab, NoModifier, "A(1)"},
         {{}, "A(1)", Key_Backtab, NoModifier, "C(0)"},
@@ -215,8 +219,8 @@ TEST_F(Entry_Grid_Test, A_block_is_pasted_cell_by_cell_and_undone_at_once) {
     EXPECT_EQ(Texts(), "1200|30|2||6||-8||1|") << "in place, blanks clear, locked cells stay";
     ASSERT_EQ(refused.size(), 4U);
     const std::string text = grid->Refusal_Text(refused);
-    EXPECT_NE(text.find("2行目「区分」：3"), std::string::npos) << text;
-    EXPECT_NE(text.find("3行目「基準 決算」：1234567"), std::string::npos) << "too long for the cell";
+    EXPECT_NE(text.find("「建築」の「区分」：3"), std::string::npos) << text;
+    EXPECT_NE(text.find("「大工」の「基準 決算」：1234567"), std::string::npos) << "too long for the cell";
     EXPECT_NE(text.find("3行目6列目（表の外）：9"), std::string::npos);
     EXPECT_NE(text.find("4行目"), std::string::npos);
     Key(Qt::Key_Z, Qt::ControlModifier);

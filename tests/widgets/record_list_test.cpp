@@ -40,6 +40,19 @@ TEST_F(Record_List_Test, Nothing_is_selected_until_the_user_selects) {
     EXPECT_EQ(list.Selected_Row(), -1) << "new records, no selection";
 }
 
+TEST_F(Record_List_Test, Keys_reach_the_ends_and_the_marked_record) {
+    list.Set_Marked_Row(4321);
+    list.Show_Row(4321);
+    EXPECT_EQ(list.Selected_Row(), -1) << "marked is not selected";
+    EXPECT_TRUE(list.viewport()->rect().contains(list.visualRect(list.model()->index(4321, 0))));
+    QTest::keyClick(&list, Qt::Key_Down);
+    EXPECT_EQ(list.Selected_Row(), 4321);
+    QTest::keyClick(&list, Qt::Key_End);
+    EXPECT_EQ(list.Selected_Row(), 9999);
+    QTest::keyClick(&list, Qt::Key_Home);
+    EXPECT_EQ(list.Selected_Row(), 0);
+}
+
 TEST_F(Record_List_Test, Typed_characters_find_a_record) {
     list.Set_Find_Column(1);
     QTest::keyClicks(&list, "7");

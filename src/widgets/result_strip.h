@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#pragma once
+
+#include <QFrame>
+#include <map>
+#include <span>
+#include <string>
+
+class QLabel;
+
+namespace morvane {
+
+/// One figure of a Result_Strip.
+struct Result_Figure {
+    std::string name; ///< objectName of what shows it
+    std::string caption;
+    bool strong = false; ///< the score that the screen is for
+};
+
+/// The scores that an entry changes, in one line beside what scrolls, so that they stay in view: what they
+/// belong to at the left, then captions and figures.
+class Result_Strip : public QFrame {
+    Q_OBJECT
+
+  public:
+    explicit Result_Strip(std::span<const Result_Figure> figures, QWidget* parent = nullptr);
+
+    /// What the figures belong to ("土木一式"); empty shows none.
+    void Set_Subject(const QString& subject);
+
+    /// Shows a figure as text. Raises std::out_of_range for a name that the strip does not have.
+    void Set_Text(const std::string& name, const QString& text);
+    [[nodiscard]] QString Text(const std::string& name) const;
+
+  private:
+    QLabel* subject_label;
+    std::map<std::string, QLabel*> by_name;
+};
+
+} // namespace morvane
