@@ -115,9 +115,14 @@ bool Window_Keys::eventFilter(QObject* watched, QEvent* event) {
 
 // ---- letters
 
+// By a letter of this object or one that stands in a caption of the form's own.
 bool Window_Keys::Is_Used(char letter) const {
+    const QKeySequence key(Qt::ALT | static_cast<Qt::Key>(letter));
+    const QList<QPushButton*> buttons = form.findChildren<QPushButton*>();
     return std::any_of(letters.begin(), letters.end(),
-                       [letter](const Lettered& used) { return used.button && used.letter == letter; });
+                       [letter](const Lettered& used) { return used.button && used.letter == letter; }) ||
+           std::any_of(buttons.begin(), buttons.end(),
+                       [&key](const QPushButton* button) { return button->shortcut() == key; });
 }
 
 // The letter that everybody knows, else one out of the button's name, else any.
