@@ -11,6 +11,7 @@
 
 #include <QApplication>
 #include <QDialogButtonBox>
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QHBoxLayout>
@@ -55,9 +56,15 @@ class On_Paper {
     float scale;
 };
 
-/// The folder of the last PDF of this run of the program, at first that of the user's documents.
+/// The user's own folder for documents, or his home; never the folder of the stores.
+QString Documents_Folder() {
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return QFileInfo(folder).isDir() ? folder : QDir::homePath();
+}
+
+/// The folder of the last PDF of this run of the program.
 QString& Pdf_Folder() {
-    static QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    static QString folder = Documents_Folder();
     return folder;
 }
 
