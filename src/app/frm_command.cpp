@@ -2,6 +2,7 @@
 #include "app/frm_command.h"
 
 #include "app/form_table.h"
+#include "session/save_or_stay.h"
 #include "widgets/theme.h"
 #include "widgets/window_keys.h"
 #include "zaimu/zaimu_calc.h"
@@ -274,18 +275,32 @@ void Frm_Command::Open_Panel(Menu_Button& button) {
     Focus_First();
 }
 
-void Frm_Command::Close_Panel() {
-    if (open_panel == nullptr || !area.Close_All()) {
-        return;
+bool Frm_Command::Close_Panel() {
+    if (open_panel == nullptr) {
+        return true;
     }
-    if (open_panel->statements) {
-        Zaimu_Shukei(shell.session, 2);
-        Zaimu_Shukei_KK(shell.session);
+    if (!area.Close_All()) {
+        return false;
+    }
+    if (open_panel->statements && !Store_Sums()) {
+        return false;
     }
     Fold_Panel();
     Update_Captions();
     Update_Enabled();
     panel_owner->setFocus(Qt::TabFocusReason);
+    return true;
+}
+
+bool Frm_Command::Store_Sums() {
+    const auto save = [this] {
+        Zaimu_Shukei(shell.session, 2);
+        Zaimu_Shukei_KK(shell.session);
+    };
+    const Save_Words words = {.what = "財務諸表の合計",
+                              .discard = "合計を保存しないで閉じます。入力した金額は保存されています。\n"
+                                         "　合計は、次にこの区分を閉じるときに保存されます。"};
+    return Save_Or_Stay(shell.session, save, words) != Save_End::Stay;
 }
 
 void Frm_Command::Fold_Panel() {

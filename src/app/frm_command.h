@@ -55,6 +55,10 @@ class Frm_Command : public QWidget {
     /// Closes a screen and opens its sister in its place: for the menu they are one screen.
     void Replace_Form(Form* screen, const QString& sister);
 
+    /// Closes the panel that is open, with its screens; a panel of the statements stores the sums of what was
+    /// keyed in it. False where a screen or the panel stays.
+    bool Close_Panel();
+
     /// Puts the focus on the first button that can be pressed.
     void Focus_First();
 
@@ -72,7 +76,7 @@ class Frm_Command : public QWidget {
 
     void Press(Menu_Button& button);
     void Open_Panel(Menu_Button& button);
-    void Close_Panel();
+    bool Store_Sums();
     void Fold_Panel();
     void Open_Screen(Menu_Button& button);
     void Highlight(Menu_Button* button);

@@ -3,6 +3,7 @@
 
 #include "app/start_up.h"
 #include "session/boxes.h"
+#include "session/save_or_stay.h"
 #include "widgets/section_box.h"
 #include "widgets/theme.h"
 
@@ -53,8 +54,10 @@ Frm_DtSelect::Frm_DtSelect(Shell_Port& shell_port)
 
 void Frm_DtSelect::Choose(const std::string& title, const std::string& text, const std::string& code) {
     if (Ask(shell.session, title, text)) {
-        Choose_Edition(shell.session.App_Path, code);
-        accept();
+        const auto choose = [&] { Choose_Edition(shell.session.App_Path, code); };
+        if (Save_Or_Back(shell.session, choose, {.what = "選択したデータ"})) {
+            accept();
+        }
     }
 }
 

@@ -5,6 +5,7 @@
 #include "session/boxes.h"
 #include "session/kyotu_mod.h"
 #include "session/network_settings.h"
+#include "session/save_or_stay.h"
 #include "widgets/section_box.h"
 #include "widgets/theme.h"
 
@@ -187,14 +188,13 @@ void Frm_Settei::Save() {
         return;
     }
     const auto texts = Texts();
-    try {
+    const auto save = [&] {
         Install_Info info = Read_Install_Info(shell.session.App_Path);
         info.network = Network_Of_Texts(texts);
         info.net_check_host = texts.at(net_check_control);
         Write_Install_Info(shell.session.App_Path, info);
-    } catch (const Store_Error& error) {
-        // What was typed stays on the screen for another attempt.
-        Tell(shell.session, "保存エラー", std::string("通信設定を保存できませんでした。\n") + error.what());
+    };
+    if (Save_Or_Stay(shell.session, save, {.what = "通信設定"}) == Save_End::Stay) {
         return;
     }
     Close_Form();

@@ -9,6 +9,7 @@
 #include "session/boxes.h"
 #include "session/program_folder.h"
 #include "session/run_time_error.h"
+#include "session/save_or_stay.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -138,19 +139,27 @@ void Shell::Normal_End_By_Button() {
     if (!Query_Unload(own_session)) {
         return;
     }
-    Normal_End(own_session, *lock);
-    frame->Close_For_Good();
+    // What could not be put back stays in the working store, and the marker tells the next start of it.
+    const Save_Words words = {.what = "指定中の事業所のデータ",
+                              .discard = "書き戻さずに終了します。入力したデータは作業用のファイルに残り、\n"
+                                         "　次回の起動時に、この事業所から続けられます。"};
+    if (Save_Or_Stay(
+            own_session, [this] { Normal_End(own_session, *lock); }, words) != Save_End::Stay) {
+        frame->Close_For_Good();
+    }
 }
 
 bool Shell::May_Close() {
     bool may = false;
     Guard([this, &may] {
-        if (!Query_Unload(own_session)) {
+        if (!Query_Unload(own_session) || !frame->command->Close_Panel()) {
             return;
         }
         may = May_Unload(own_session);
         if (may) {
-            lock->Record(0);
+            const Save_Words words = {.what = "終了の記録", .discard = "記録しないで終了します。"};
+            may = Save_Or_Stay(
+                      own_session, [this] { lock->Record(0); }, words) != Save_End::Stay;
         } else {
             Show_Company();
         }
@@ -165,7 +174,7 @@ bool Shell::Guard(const std::function<void()>& work) {
     } catch (const Run_Time_Error& error) {
         Tell(own_session, "実行時エラー", error.what());
     } catch (const Store_Error& error) {
-        Fail("データファイルエラー", error.what());
+        Fail("データファイルエラー", Failure_Text(error));
     } catch (const std::exception& error) {
         Fail("実行時エラー", std::string("予期しない障害が起きました。\n") + error.what());
     }

@@ -11,7 +11,9 @@
 #include "data/store_file.h"
 #include "session/boxes.h"
 #include "session/kidou_ini.h"
+#include "session/save_or_stay.h"
 
+#include <exception>
 #include <optional>
 
 namespace morvane {
@@ -24,13 +26,6 @@ using Outcome = Save_Result::Outcome;
 
 bool Confirmed(const Session& session, const std::string& title, const std::string& text) {
     return Ask(session, title, text + "\nよろしいですか？");
-}
-
-Save_Result Report_Failure(const Session& session, const Store_Error& error) {
-    Tell(session, "保存エラー",
-         std::string(error.what()) + "\n何も保存されていません。入力した内容は画面に残っています。\n"
-                                     "原因を取り除いてから、もう一度保存してください。");
-    return {Outcome::Failed, ""};
 }
 
 /// One saving of a company screen.
@@ -270,15 +265,30 @@ class Company_Saving {
     bool type_changes = false;
 };
 
+/// Tells a failure and offers another attempt. What only the next start can finish is raised.
 template <class Work>
 Save_Result Reported(const Session& session, Work work) {
-    try {
-        return work();
-    } catch (const Unfinished_Work&) {
-        throw;
-    } catch (const Store_Error& error) {
-        return Report_Failure(session, error);
+    Save_Result result;
+    std::exception_ptr unfinished;
+    const Save_End end = Save_Or_Stay(session, [&] {
+        try {
+            result = work();
+        } catch (const Unfinished_Work&) {
+            unfinished = std::current_exception();
+        }
+    });
+    if (unfinished) {
+        std::rethrow_exception(unfinished);
     }
+    switch (end) {
+    case Save_End::Saved:
+        return result;
+    case Save_End::Discard:
+        return {Outcome::Discarded, ""};
+    case Save_End::Stay:
+        break;
+    }
+    return {Outcome::Failed, ""};
 }
 
 /// What is blank, no date, or needs a question of its own stays as it is stored.

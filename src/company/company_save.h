@@ -11,7 +11,8 @@ struct Save_Result {
         Saved,
         Registered, ///< a new company, which is now in hand
         Refused,    ///< an entry was refused or a question answered No; nothing changed
-        Failed      ///< a file could not be written, which was said; nothing changed
+        Failed,     ///< a file could not be written, which was said; nothing changed
+        Discarded   ///< the same, and the user gives the entries up
     };
     Outcome outcome = Outcome::Refused;
     std::string focus; ///< the field the refusal is about

@@ -237,7 +237,9 @@ class Frm_Company : public Form {
         const Save_Result result = Leave_Period(shell.session, entry);
         in_question = false;
         Show_Entry(entry);
-        if (result.outcome != Outcome::Saved) {
+        if (result.outcome == Outcome::Discarded) {
+            Close_Form();
+        } else if (result.outcome != Outcome::Saved) {
             Focus("Ks_ki");
         } else if (shell.session.Syori_Ki != before) {
             loaded = Load_Company(shell.session, screen);
@@ -254,6 +256,8 @@ class Frm_Company : public Form {
             Close_Form();
         } else if (result.outcome == Outcome::Registered) {
             shell.Show_Registered();
+            Close_Form();
+        } else if (result.outcome == Outcome::Discarded) {
             Close_Form();
         } else if (!result.focus.empty()) {
             Focus(result.focus);

@@ -7,6 +7,7 @@
 #include "report/pdf_target.h"
 #include "report/print_watch.h"
 #include "session/boxes.h"
+#include "session/save_or_stay.h"
 #include "widgets/theme.h"
 
 #include <QApplication>
@@ -438,8 +439,10 @@ void Report_Window::Pdf_Save() {
 // ---- the end
 
 bool Report_Window::May_Close() {
-    Save_Report_Info(Cn_Open(shell.session), report, prt);
-    return true;
+    const auto save = [this] { Save_Report_Info(Cn_Open(shell.session), report, prt); };
+    return Save_Or_Stay(shell.session, save,
+                        {.what = "余白と部数", .discard = "余白と部数の変更を保存しないで閉じます。"}) !=
+           Save_End::Stay;
 }
 
 } // namespace morvane

@@ -5,6 +5,7 @@
 #include "calc/xzp_dataget.h"
 #include "session/boxes.h"
 #include "session/kyotu_mod.h"
+#include "session/save_or_stay.h"
 #include "widgets/entry_cell.h"
 #include "widgets/note_button.h"
 #include "widgets/result_strip.h"
@@ -300,26 +301,12 @@ bool Frm_Kanko::Finish_Entry() {
 }
 
 bool Frm_Kanko::Save_First() {
-    try {
-        entry.Save(shell.session);
-        return true;
-    } catch (const Store_Error& error) {
-        Tell(shell.session, "保存エラー",
-             std::string("入力した内容を保存できませんでした。\n") + error.what());
-        return false;
-    }
+    return Save_Or_Back(shell.session, [this] { entry.Save(shell.session); });
 }
 
 bool Frm_Kanko::May_Close() {
-    if (!checks.May_Close() || !Finish_Entry()) {
-        return false;
-    }
-    if (entry.Fault()) {
-        return Ask(shell.session, "保存エラー",
-                   entry.Fault()->what() +
-                       std::string("\n計算できないため保存できません。入力した内容を破棄して閉じますか？"));
-    }
-    return Save_First();
+    return checks.May_Close() && Finish_Entry() &&
+           Save_Or_Stay(shell.session, [this] { entry.Save(shell.session); }) != Save_End::Stay;
 }
 
 } // namespace morvane

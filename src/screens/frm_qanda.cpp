@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "screens/frm_qanda.h"
 
-#include "session/boxes.h"
+#include "session/save_or_stay.h"
 #include "widgets/entry_cell.h"
 #include "widgets/section_box.h"
 #include "widgets/theme.h"
@@ -74,14 +74,8 @@ bool Frm_QandA::May_Close() {
     if (note == stored) {
         return true;
     }
-    try {
-        Save_Note(shell.session, note);
-        return true;
-    } catch (const Store_Error& error) {
-        return Ask(shell.session, "メモ保存エラー",
-                   std::string("メモを保存できませんでした。\n") + error.what() +
-                       "\n\n入力した内容を破棄して閉じますか？");
-    }
+    return Save_Or_Stay(shell.session, [&] { Save_Note(shell.session, note); }, {.what = "メモ"}) !=
+           Save_End::Stay;
 }
 
 } // namespace morvane

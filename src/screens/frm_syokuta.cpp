@@ -3,6 +3,8 @@
 
 #include "screens/syokuta_edit.h"
 #include "session/boxes.h"
+#include "session/save_or_stay.h"
+#include "widgets/figure_label.h"
 #include "widgets/note_button.h"
 #include "widgets/theme.h"
 
@@ -37,8 +39,8 @@ bool Has_Law(const auto& of, int law) {
 }
 
 /// A figure that is not keyed: right-aligned on the ground of shown cells.
-QLabel* Figure_Label(const Syokuta_Cell& cell, bool strong) {
-    auto* label = new QLabel;
+QLabel* Shown_Figure(const Syokuta_Cell& cell, bool strong) {
+    auto* label = new Figure_Label;
     label->setObjectName(Text(cell.name));
     label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     label->setFont(theme::Gothic(theme::body_points, strong));
@@ -166,7 +168,7 @@ QWidget* Frm_Syokuta::Make_Band(const Syokuta_Group& group) {
     title->setPalette(palette);
     line->addWidget(title, 1);
     for (const Syokuta_Cell& cell : group.points) {
-        QLabel* label = Figure_Label(cell, true);
+        QLabel* label = Shown_Figure(cell, true);
         label->setAccessibleName(title->text() + QStringLiteral(" 点数"));
         labels.push_back({&cell, label});
         line->addWidget(label);
@@ -204,7 +206,7 @@ QWidget* Frm_Syokuta::Make_Row(const Syokuta_Row& row) {
     const bool score = row.look == Syokuta_Row::Look::Heading || row.look == Syokuta_Row::Look::Total;
     for (const Syokuta_Cell& cell : row.cells) {
         if (score) {
-            QLabel* label = Figure_Label(cell, true);
+            QLabel* label = Shown_Figure(cell, true);
             label->setAccessibleName(caption->text() + QStringLiteral(" 点数"));
             labels.push_back({&cell, label});
             line->addWidget(label);
@@ -224,7 +226,7 @@ void Frm_Syokuta::Add_Cell(QHBoxLayout& line, const Syokuta_Cell& cell, const ch
         line.addWidget(new QLabel(Text(cell.before)));
     }
     if (cell.place == nullptr) {
-        QLabel* label = Figure_Label(cell, false);
+        QLabel* label = Shown_Figure(cell, false);
         label->setAccessibleName(Text(caption).trimmed() + Text(cell.before));
         labels.push_back({&cell, label});
         line.addWidget(label);
@@ -382,37 +384,14 @@ bool Frm_Syokuta::Take_Focused() {
     return true;
 }
 
-std::string Frm_Syokuta::Store() {
-    try {
-        entry.Store(shell.session);
-        return {};
-    } catch (const Store_Error& error) {
-        return error.what();
-    } catch (const Run_Time_Error& error) {
-        return error.what();
-    }
-}
-
 bool Frm_Syokuta::May_Close() {
-    if (!checks.May_Close() || !Take_Focused()) {
-        return false;
-    }
-    const std::string failure = Store();
-    return failure.empty() ||
-           Ask(shell.session, "保存エラー",
-               "入力した内容を保存できませんでした。\n" + failure + "\n\n入力した内容を破棄して閉じますか？");
+    return checks.May_Close() && Take_Focused() &&
+           Save_Or_Stay(shell.session, [this] { entry.Store(shell.session); }) != Save_End::Stay;
 }
 
 void Frm_Syokuta::Cmd_W2X(int index) {
     checks.Open(W2X_Request(entry.Law().code, index), [this] {
-        if (!Take_Focused()) {
-            return false;
-        }
-        const std::string failure = Store();
-        if (!failure.empty()) {
-            Tell(shell.session, "保存エラー", "入力した内容を保存できませんでした。\n" + failure);
-        }
-        return failure.empty();
+        return Take_Focused() && Save_Or_Back(shell.session, [this] { entry.Store(shell.session); });
     });
 }
 

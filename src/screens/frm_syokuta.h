@@ -47,7 +47,6 @@ class Frm_Syokuta : public Form {
     bool Take_Entry(Syokuta_Edit& edit);
     void Step_Entry(bool back);
     bool Take_Focused();
-    std::string Store();
     void Cmd_W2X(int index);
     void Step(const Syokuta_Edit& from, int by);
     void Step_Down(const Syokuta_Edit& from, int direction);

@@ -6,8 +6,14 @@
 namespace morvane {
 
 enum class Icon { Information, Warning, Exclamation };
-enum class Buttons { Ok, Ok_Cancel, Yes_No };
-enum class Answer { Ok, Cancel, Yes, No };
+enum class Buttons {
+    Ok,
+    Ok_Cancel,
+    Yes_No,
+    Retry_Discard_Back, ///< 再試行, 破棄して閉じる, 戻る: a save that fails when a screen closes
+    Retry_Back          ///< 再試行, 戻る: a save that fails in the middle of the work
+};
+enum class Answer { Ok, Cancel, Yes, No, Retry, Discard, Back };
 
 /// A message box. Multi-line texts are joined by line feeds.
 struct Message_Box {

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "widgets/grid_view.h"
 
+#include "widgets/figure_label.h"
 #include "widgets/theme.h"
 
 #include <QAbstractItemDelegate>
@@ -8,25 +9,6 @@
 #include <QPainter>
 
 namespace morvane {
-
-namespace {
-
-// A figure that finds no room is squeezed, never cut: a cut figure reads as another one.
-void Paint_Figure(QPainter& painter, const QRect& rect, const QString& text, Qt::Alignment alignment) {
-    const QRect room = rect.adjusted(grid_padding, 0, -grid_padding, 0);
-    const int width = painter.fontMetrics().horizontalAdvance(text);
-    if (width <= room.width()) {
-        painter.drawText(room, static_cast<int>(alignment) | Qt::TextSingleLine, text);
-        return;
-    }
-    painter.save();
-    painter.translate(room.left(), 0);
-    painter.scale(static_cast<double>(room.width()) / width, 1);
-    painter.drawText(QRect(0, room.top(), width, room.height()), Qt::AlignLeft | Qt::AlignVCenter, text);
-    painter.restore();
-}
-
-} // namespace
 
 /// Paints cells: grounds by what the cell is for, the marked block, the frame of the current cell.
 class Grid_View::Painter : public QAbstractItemDelegate {
@@ -53,7 +35,8 @@ class Grid_View::Painter : public QAbstractItemDelegate {
                     room, static_cast<int>(Alignment_Of(column)) | Qt::TextSingleLine,
                     painter->fontMetrics().elidedText(data.Text_At(at), Qt::ElideRight, room.width()));
             } else {
-                Paint_Figure(*painter, option.rect, data.Text_At(at), Alignment_Of(column));
+                Paint_Figure(*painter, option.rect.adjusted(grid_padding, 0, -grid_padding, 0),
+                             data.Text_At(at), Alignment_Of(column));
             }
         }
         if (view.block.contains(at.column, at.row)) {

@@ -149,8 +149,7 @@ QTabBar::tab:focus { color: %accent; border-color: %accent; }
 QProgressBar { background: %surface; border: 1px solid %line; border-radius: 3px; text-align: center;
               min-height: 16px; }
 QProgressBar::chunk { background: %accent; border-radius: 2px; }
-QMessageBox { background: %surface; }
-QMessageBox QPushButton { min-width: 72px; }
+QDialog[look="message"] { background: %surface; }
 QToolTip { border: 1px solid %line; padding: 3px; }
 )");
     for (const auto& [mark, colour] : {std::pair{"%surface", surface},

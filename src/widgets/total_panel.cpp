@@ -2,6 +2,7 @@
 #include "widgets/total_panel.h"
 
 #include "session/kyotu_mod.h"
+#include "widgets/figure_label.h"
 #include "widgets/theme.h"
 
 #include <QGridLayout>
@@ -28,7 +29,7 @@ void Total_Panel::Add_Line(const Total_Field& field, int characters) {
     using Line = Total_Field::Line;
     const int row = grid->rowCount();
     const QString caption = QString::fromUtf8(field.caption);
-    auto* figure = new QLabel;
+    auto* figure = new Figure_Label;
     figure->setObjectName(QString::fromUtf8(field.name));
     figure->setAccessibleName(caption);
     figure->setMinimumHeight(22);

@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "zaimu/frm_kszaihyo.h"
 
+#include "session/save_or_stay.h"
 #include "widgets/entry_grid.h"
 #include "widgets/note_button.h"
 #include "widgets/theme.h"
 #include "widgets/total_panel.h"
 #include "zaimu/account_grid.h"
-#include "zaimu/store_or_stay.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -198,7 +198,7 @@ void Frm_KsZaihyo::Add_Buttons() {
     Wire(Y_Disp, &QPushButton::clicked, [this] {
         bool opens = false;
         if (grid->Finish_Entry() &&
-            Store_Or_Stay(shell.session, [this, &opens] { opens = section.Y_Disp(); }) && opens) {
+            Save_Or_Back(shell.session, [this, &opens] { opens = section.Y_Disp(); }) && opens) {
             shell.Open_Form(QStringLiteral("Frm_YSisan"));
         }
         grid->setFocus(Qt::OtherFocusReason); // the keying goes on where it was

@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "zaimu/frm_kszenki.h"
 
+#include "session/save_or_stay.h"
 #include "widgets/entry_grid.h"
 #include "widgets/note_button.h"
 #include "widgets/section_box.h"
 #include "widgets/theme.h"
 #include "zaimu/account_grid.h"
-#include "zaimu/store_or_stay.h"
 
 #include <QHBoxLayout>
 #include <QPushButton>
@@ -81,14 +81,16 @@ void Frm_KsZenki::Fill(Block& block) {
 
 // What was keyed into the other block stays.
 void Frm_KsZenki::Copy(bool second) {
-    Store_Or_Stay(shell.session, [this, second] {
-        if (Copy_Prior_Figures(shell.session, second)) {
-            Prior_Figures copied = Load_Prior_Figures(shell.session);
-            Block& block = second ? second_prior : prior;
-            *block.rows = second ? copied.second_prior : copied.prior;
-            Fill(block);
-        }
-    });
+    Save_Or_Back(shell.session,
+                 [this, second] {
+                     if (Copy_Prior_Figures(shell.session, second)) {
+                         Prior_Figures copied = Load_Prior_Figures(shell.session);
+                         Block& block = second ? second_prior : prior;
+                         *block.rows = second ? copied.second_prior : copied.prior;
+                         Fill(block);
+                     }
+                 },
+                 {.what = "コピーした残高"});
 }
 
 void Frm_KsZenki::Store(bool save) {

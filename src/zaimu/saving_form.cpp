@@ -2,9 +2,9 @@
 #include "zaimu/saving_form.h"
 
 #include "session/boxes.h"
+#include "session/save_or_stay.h"
 #include "widgets/entry_grid.h"
 #include "widgets/theme.h"
-#include "zaimu/store_or_stay.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -65,7 +65,7 @@ bool Saving_Form::May_Close() {
         !std::all_of(grids.begin(), grids.end(), [](Entry_Grid* grid) { return grid->Finish_Entry(); })) {
         return false;
     }
-    return Store_Or_Stay(shell.session, [this] { Store(saving); });
+    return Save_Or_Stay(shell.session, [this] { Store(saving); }) != Save_End::Stay;
 }
 
 } // namespace morvane

@@ -340,7 +340,7 @@ TEST_F(Kanko_Window, Stored_figures_beyond_the_tables_can_be_corrected) {
         EXPECT_EQ(messages.shown.back().title, "保存エラー");
         EXPECT_TRUE(form->isVisible());
         if (!corrected) {
-            messages.answers = {Answer::Yes};
+            messages.answers = {Answer::Discard};
             Close();
             EXPECT_EQ(State(), before);
         }

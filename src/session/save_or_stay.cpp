@@ -1,0 +1,68 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "session/save_or_stay.h"
+
+#include "session/run_time_error.h"
+
+#include <optional>
+
+namespace morvane {
+
+namespace {
+
+/// Why an attempt failed; empty where it did not.
+std::optional<std::string> Attempt(const std::function<void()>& save, const Save_Words& words) {
+    try {
+        save();
+        return std::nullopt;
+    } catch (const Store_Error& error) {
+        return std::string(words.what) + "を保存できませんでした。\n" + Failure_Text(error);
+    } catch (const Run_Time_Error& error) {
+        return std::string("計算できないため、") + words.what + "を保存できませんでした。\n" + error.what();
+    }
+}
+
+Answer Tell_Failure(const Session& session, const std::string& failure, Buttons buttons,
+                    const Save_Words& words) {
+    std::string text = failure + "\n\n再試行：もう一度保存します。";
+    if (buttons == Buttons::Retry_Discard_Back) {
+        text += std::string("\n破棄して閉じる：") + words.discard;
+    }
+    text += "\n戻る：画面に戻ります。入力した内容は画面に残っています。";
+    return Show_Message(session, {.title = "保存エラー",
+                                  .text = text,
+                                  .icon = Icon::Warning,
+                                  .buttons = buttons,
+                                  .default_answer = Answer::Back,
+                                  .beep = true});
+}
+
+Save_End Run(const Session& session, const std::function<void()>& save, Buttons buttons,
+             const Save_Words& words) {
+    while (const auto failure = Attempt(save, words)) {
+        switch (Tell_Failure(session, *failure, buttons, words)) {
+        case Answer::Retry:
+            break;
+        case Answer::Discard:
+            return Save_End::Discard;
+        default:
+            return Save_End::Stay;
+        }
+    }
+    return Save_End::Saved;
+}
+
+} // namespace
+
+Save_End Save_Or_Stay(const Session& session, const std::function<void()>& save, const Save_Words& words) {
+    return Run(session, save, Buttons::Retry_Discard_Back, words);
+}
+
+bool Save_Or_Back(const Session& session, const std::function<void()>& save, const Save_Words& words) {
+    return Run(session, save, Buttons::Retry_Back, words) == Save_End::Saved;
+}
+
+std::string Failure_Text(const Store_Error& error) {
+    return "「" + error.file.string() + "」：" + Reason_Text(error.reason);
+}
+
+} // namespace morvane

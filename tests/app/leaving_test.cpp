@@ -1,0 +1,96 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "app/form_table.h"
+#include "batch/case_file.h"
+#include "screens/qanda.h"
+#include "support/failing_writes.h"
+#include "support/ui_fixture.h"
+#include "widgets/form.h"
+
+#include <QPlainTextEdit>
+#include <memory>
+
+namespace morvane::tests {
+namespace {
+
+/// A screen with something to store, and the button that stores it and closes.
+struct Leaving {
+    const char* form;
+    const char* button;
+    std::function<void(QWidget&)> edit = [](QWidget&) {};
+};
+
+const std::vector<Leaving> leavings = {
+    {"Frm_KsZaihyo", "Tojiru"},
+    {"Frm_KsZenki", "Tojiru"},
+    {"Frm_KsHendo", "Tojiru"},
+    {"Frm_Syokuta_2012", "Tojiru"},
+    {"Frm_Kanko", "Tojiru"},
+    {"Frm_Kanko2", "Tojiru"},
+    {"Rpt_Kekka_2012", "Tojiru"},
+    {"Frm_QandA", "Cmd_Cancel",
+     [](QWidget& form) { Child<QPlainTextEdit>(form, "Advice")->setPlainText(QStringLiteral("答")); }},
+    {"Frm_Settei", "Cmd_Excute", [](QWidget& form) { Type_Into(form, "Net_Check_Host", "localhost:80"); }},
+    {"Frm_Jgmas", "Cmd_Excute", [](QWidget& form) { Type_Into(form, "SyaMei", "新青葉"); }},
+};
+
+class Leaving_Test : public Ui_Installation {
+  protected:
+    Leaving_Test() : Ui_Installation("13", false) {
+        Import_Case(session, Samples_Folder() / "aoba_kensetsu.json");
+        session.Syori_Ki = static_cast<std::int16_t>(Field("Jigyo_mas", "処理決算期", "1=1").As_Integer());
+        session.Hojin_Kojin = 1;
+        session.Simyu_Kubun = 4;
+        session.Kamoku_From = 100;
+        session.Kamoku_To = 129;
+        session.Screen_No = 53;
+    }
+};
+
+// Whatever a screen holds when the disk is full: another attempt fails again, going back keeps the screen,
+// giving up closes it, and nothing of a failed attempt is kept.
+TEST_F(Leaving_Test, Every_screen_can_be_left_on_a_full_disk) {
+    for (const Leaving& leaving : leavings) {
+        SCOPED_TRACE(leaving.form);
+        std::unique_ptr<Form> form(Find_Form(leaving.form)->make(shell));
+        form->show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
+        leaving.edit(*form);
+        messages.shown.clear();
+        const auto before = State();
+        const Failing_Writes full(1, Failing_Writes::Manner::From_Then_On, ENOSPC);
+        messages.answers = {Answer::Retry, Answer::Back};
+        Click(*form, leaving.button);
+        EXPECT_TRUE(form->isVisible());
+        ASSERT_EQ(messages.shown.size(), 2U);
+        messages.answers = {Answer::Discard};
+        Click(*form, leaving.button);
+        EXPECT_FALSE(form->isVisible());
+        EXPECT_EQ(shell.failure, "") << "the program would end";
+        EXPECT_EQ(State(), before);
+        for (const Message_Box& box : messages.shown) {
+            EXPECT_EQ(box.title, "保存エラー");
+            EXPECT_EQ(box.buttons, Buttons::Retry_Discard_Back);
+            EXPECT_NE(box.text.find(folder.path.string()), std::string::npos) << "the file: " << box.text;
+            for (const char* engine : {"UPDATE", "SELECT", "INSERT", "database"}) {
+                EXPECT_EQ(box.text.find(engine), std::string::npos) << "words, no SQL: " << box.text;
+            }
+        }
+    }
+}
+
+TEST_F(Leaving_Test, Another_attempt_stores_what_the_screen_holds) {
+    std::unique_ptr<Form> form(Find_Form("Frm_QandA")->make(shell));
+    form->show();
+    leavings[7].edit(*form);
+    {
+        const Failing_Writes once(1);
+        messages.answers = {Answer::Retry};
+        Click(*form, "Cmd_Cancel");
+    }
+    EXPECT_FALSE(form->isVisible());
+    EXPECT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(Read_Note(session).advice, "答");
+}
+
+} // namespace
+} // namespace morvane::tests
