@@ -3,6 +3,7 @@
 
 #include "app/form_table.h"
 #include "session/save_or_stay.h"
+#include "widgets/elided_label.h"
 #include "widgets/theme.h"
 #include "widgets/window_keys.h"
 #include "zaimu/zaimu_calc.h"
@@ -12,6 +13,7 @@
 #include <QPainter>
 #include <QScrollArea>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <array>
 #include <memory>
 
@@ -23,11 +25,40 @@ QString Text(const std::string& text) {
     return QString::fromStdString(text);
 }
 
-// A name that is too long for the column keeps its beginning; the tool tip has all of it.
-void Show_Name(QLabel& label, const QString& name) {
-    label.setText(name);
-    label.setToolTip(name);
-}
+// Beside a column and a panel a screen has no room in a frame narrower than this.
+constexpr int narrow_frame = 1180;
+
+/// Buttons under each other, as high as they are; where the window is lower they scroll.
+class Button_Column : public QScrollArea {
+  public:
+    Button_Column() : column(new QVBoxLayout) {
+        setWidgetResizable(true);
+        setFocusPolicy(Qt::NoFocus);
+        setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
+        theme::Set_Look(this, "menu_column");
+        auto* content = new QWidget;
+        content->setLayout(column);
+        column->setContentsMargins(0, 0, 0, 0);
+        setWidget(content);
+        content->setAutoFillBackground(false);
+    }
+
+    [[nodiscard]] QSize sizeHint() const override { return widget()->sizeHint(); }
+    [[nodiscard]] QSize minimumSizeHint() const override {
+        return {0, std::min(sizeHint().height(), Menu_Button::height_of_button)};
+    }
+
+    QVBoxLayout* column;
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (watched == widget() && event->type() == QEvent::LayoutRequest) {
+            updateGeometry();
+        }
+        return QScrollArea::eventFilter(watched, event);
+    }
+};
 
 } // namespace
 
@@ -54,15 +85,15 @@ void Panel_Line::paintEvent(QPaintEvent* /*event*/) {
 // ---- building
 
 Frm_Command::Frm_Command(Shell_Port& shell_port, Work_Area& work_area, std::function<void()> end)
-    : shell(shell_port), area(work_area), normal_end(std::move(end)), SyaMei(new QLabel),
-      KsKi_Dsp(new QLabel), JimusyoMei(new QLabel), TiikiMei(new QLabel), panel_line(new Panel_Line) {
+    : shell(shell_port), area(work_area), normal_end(std::move(end)), command(new QFrame),
+      SyaMei(new Elided_Label(2)), KsKi_Dsp(new QLabel), JimusyoMei(new Elided_Label), TiikiMei(new QLabel),
+      panel_line(new Panel_Line) {
     setObjectName(QStringLiteral("Frm_Command"));
     Window_Keys::Set_Part(*this);
     shell.session.Edit_Flg = false;
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(0);
-    auto* command = new QFrame;
     theme::Set_Look(command, "command");
     command->setFixedWidth(theme::command_width);
     auto* column = new QVBoxLayout(command);
@@ -81,6 +112,8 @@ Frm_Command::Frm_Command(Shell_Port& shell_port, Work_Area& work_area, std::func
     JimusyoMei->setVisible(shell.session.Is_Multi());
     JimusyoMei->setText(Text(shell.session.Office_Name));
     TiikiMei->setText(Text(shell.session.Todofuken_Mei + " 版"));
+    connect(&area, &Work_Area::Opened, this, &Frm_Command::Fit_Column);
+    connect(&area, &Work_Area::Resized, this, &Frm_Command::Fit_Column);
     connect(&area, &Work_Area::All_Closed, this, &Frm_Command::Screens_Closed);
     if (shell.session.Is_Multi()) {
         Show_No_Company();
@@ -100,12 +133,10 @@ void Frm_Command::Add_Heading(QVBoxLayout& column) {
     for (const auto& [label, name] : labels) {
         label->setObjectName(QString::fromLatin1(name));
         label->setTextFormat(Qt::PlainText);
-        label->setWordWrap(label != TiikiMei);
     }
     SyaMei->setFont(theme::Gothic(theme::body_points, true));
-    SyaMei->setMaximumHeight(3 * SyaMei->fontMetrics().lineSpacing() + 2);
+    SyaMei->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     JimusyoMei->setFont(theme::Gothic(9));
-    JimusyoMei->setMaximumHeight(2 * JimusyoMei->fontMetrics().lineSpacing() + 2);
     KsKi_Dsp->setFont(theme::Gothic(theme::heading_points, true));
     theme::Set_Look(TiikiMei, "muted");
     TiikiMei->setAlignment(Qt::AlignRight);
@@ -116,14 +147,19 @@ void Frm_Command::Add_Heading(QVBoxLayout& column) {
 }
 
 void Frm_Command::Add_Groups(QVBoxLayout& column) {
+    auto* groups = new Button_Column;
+    groups->column->setSpacing(column.spacing());
+    column.addWidget(groups);
     for (const Menu_Group& group : Menu_Groups()) {
         auto* heading = new QLabel(QString::fromUtf8(group.heading));
         theme::Set_Look(heading, "muted");
         heading->setFont(theme::Gothic(9.5, true));
-        column.addSpacing(6);
-        column.addWidget(heading);
+        heading->setContentsMargins(0, 6, 0, 0);
+        groups->column->addWidget(heading);
         for (const Menu_Entry& entry : group.entries) {
-            main_buttons.push_back(Add_Button(column, entry));
+            // The way out is always in view.
+            QVBoxLayout& place = entry.action == Menu_Action::End ? column : *groups->column;
+            main_buttons.push_back(Add_Button(place, entry));
         }
     }
 }
@@ -136,14 +172,23 @@ QWidget* Frm_Command::Make_Panel(const Menu_Panel& panel) {
     auto* column = new QVBoxLayout(widget);
     column->setContentsMargins(8, 12, 8, 8);
     column->setSpacing(6);
+    auto* company = new Elided_Label(2);
+    company->setFont(theme::Gothic(9));
+    company->hide();
+    panel_companies.push_back(company);
+    column->addWidget(company);
     auto* heading = new QLabel(QString::fromUtf8(panel.heading));
     theme::Set_Look(heading, "heading");
     column->addWidget(heading);
+    auto* entries = new Button_Column;
+    entries->column->setSpacing(column->spacing());
+    column->addWidget(entries);
     for (const Menu_Entry& entry : panel.entries) {
-        if (entry.action == Menu_Action::Close_Panel) {
+        const bool closes = entry.action == Menu_Action::Close_Panel;
+        if (closes) {
             column->addSpacing(8);
         }
-        panel_buttons.push_back(Add_Button(*column, entry));
+        panel_buttons.push_back(Add_Button(closes ? *column : *entries->column, entry));
     }
     column->addStretch(1);
     widget->hide();
@@ -173,7 +218,7 @@ void Frm_Command::Show_Company() {
     KsKi_Dsp->setText(session.Syori_Ki != 0 || session.Is_Multi()
                           ? Text("第" + std::to_string(session.Syori_Ki) + "期")
                           : QStringLiteral("第   期"));
-    Show_Name(*SyaMei, Text(session.Jigyo_Name));
+    SyaMei->setText(Text(session.Jigyo_Name));
     area.Set_Hint({});
     Update_Captions();
     Update_Enabled();
@@ -182,7 +227,7 @@ void Frm_Command::Show_Company() {
 void Frm_Command::Show_No_Company() {
     Fold_Panel();
     KsKi_Dsp->setText({});
-    Show_Name(*SyaMei, QStringLiteral("事業所が指定されていません！"));
+    SyaMei->setText(QStringLiteral("事業所が指定されていません！"));
     area.Set_Hint(QStringLiteral("メニューバーの「事業所登録・指定」で、処理する事業所を指定してください。"));
     Update_Captions();
     Update_Enabled();
@@ -218,6 +263,37 @@ void Frm_Command::Update_Enabled() {
         button->setEnabled(button->entry.action == Menu_Action::Close_Panel ||
                            Is_Enabled(button->entry, shell.session));
     }
+}
+
+// Beside a panel and its screen the column has nothing that can be pressed: in a narrow frame it makes room,
+// and the panel says whose figures these are.
+void Frm_Command::Fit_Column() {
+    const bool gives_way =
+        open_panel != nullptr && !area.Forms().isEmpty() && window()->width() < narrow_frame;
+    command->setHidden(gives_way);
+    panel_line->setHidden(gives_way || open_panel == nullptr);
+    for (QLabel* company : panel_companies) {
+        company->setText(SyaMei->text() + QStringLiteral("　") + KsKi_Dsp->text());
+        company->setVisible(gives_way);
+    }
+}
+
+// In a low window the buttons are lower, before they scroll.
+void Frm_Command::Fit_Buttons() {
+    constexpr int roomy = 760;
+    constexpr int low = 620;
+    const int lines = height() >= roomy ? 38 : height() >= low ? 32 : 28;
+    for (const auto* buttons : {&main_buttons, &panel_buttons}) {
+        for (Menu_Button* button : *buttons) {
+            button->setFixedHeight(lines);
+        }
+    }
+}
+
+void Frm_Command::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    Fit_Buttons();
+    Fit_Column();
 }
 
 void Frm_Command::Highlight(Menu_Button* button) {
@@ -306,8 +382,8 @@ bool Frm_Command::Store_Sums() {
 void Frm_Command::Fold_Panel() {
     if (open_panel != nullptr) {
         panel_widgets[open_panel->name]->hide();
-        panel_line->hide();
         open_panel = nullptr;
+        Fit_Column();
     }
 }
 
@@ -371,6 +447,7 @@ void Frm_Command::Screens_Closed() {
     }
     show();
     Menu_Button* opener = Last_Button;
+    Fit_Column();
     Highlight(nullptr);
     shell.session.Edit_Flg = false;
     Update_Enabled();

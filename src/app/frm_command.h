@@ -66,10 +66,13 @@ class Frm_Command : public QWidget {
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
   private:
     void Add_Heading(QVBoxLayout& column);
     void Add_Groups(QVBoxLayout& column);
+    void Fit_Buttons();
+    void Fit_Column();
     QWidget* Make_Panel(const Menu_Panel& panel);
     Menu_Button* Add_Button(QVBoxLayout& column, const Menu_Entry& entry);
     [[nodiscard]] Menu_Button* Button(const char* name) const;
@@ -87,6 +90,7 @@ class Frm_Command : public QWidget {
     Shell_Port& shell;
     Work_Area& area;
     std::function<void()> normal_end;
+    QFrame* command; ///< the column of the main buttons
     QLabel* SyaMei;
     QLabel* KsKi_Dsp;
     QLabel* JimusyoMei;
@@ -95,6 +99,7 @@ class Frm_Command : public QWidget {
     std::vector<Menu_Button*> main_buttons;
     std::vector<Menu_Button*> panel_buttons;
     std::map<std::string, QWidget*> panel_widgets;
+    std::vector<QLabel*> panel_companies; ///< the company over a panel that stands without the column
     const Menu_Panel* open_panel = nullptr;
     Menu_Button* panel_owner = nullptr;
     std::int32_t panel_company = 0; ///< company in hand when the panel was opened

@@ -40,8 +40,7 @@ Frm_Main::Frm_Main(Shell_Port& shell_port, Hooks the_hooks)
     row->addWidget(area, 1);
     setCentralWidget(centre);
     Make_Menu_Bar();
-    setMinimumSize(1000, 660);
-    resize(1280, 730);
+    setMinimumSize(640, 360);
 }
 
 void Frm_Main::Make_Menu_Bar() {

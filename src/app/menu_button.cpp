@@ -15,7 +15,8 @@ Menu_Button::Menu_Button(const Menu_Entry& menu_entry, const QString& caption) :
     setObjectName(QString::fromUtf8(entry.name));
     theme::Set_Look(this, "menu");
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    setFixedHeight(38);
+    setFixedHeight(height_of_button);
+    setMinimumWidth(80); // a narrower caption becomes smaller
     setAutoDefault(false);
     Set_Caption(caption);
 }
@@ -56,7 +57,8 @@ void Menu_Button::paintEvent(QPaintEvent* /*event*/) {
         points -= 1.0;
     }
     for (own.setPointSizeF(points); points > 7.0; own.setPointSizeF(points -= 0.5)) {
-        if (QFontMetrics(own).boundingRect(room, Qt::AlignCenter, lines).width() <= room.width()) {
+        const QSize needed = QFontMetrics(own).boundingRect(room, Qt::AlignCenter, lines).size();
+        if (needed.width() <= room.width() && needed.height() <= room.height()) {
             break;
         }
     }

@@ -13,6 +13,8 @@ class Menu_Button : public QPushButton {
     Q_OBJECT
 
   public:
+    static constexpr int height_of_button = 38;
+
     Menu_Button(const Menu_Entry& menu_entry, const QString& caption);
 
     void Set_Caption(const QString& caption);

@@ -13,6 +13,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QScreen>
 #include <cstdlib>
 
 namespace morvane {
@@ -75,7 +76,7 @@ Shell::Start Shell::Load_Frame() {
                                                               [this] { return May_Close(); },
                                                               [this](QWidget* widget) { Help_For(widget); }});
     placement = std::make_unique<Window_Placement>(own_session.App_Path);
-    placement->Follow(frame.get(), QSize(1320, 720));
+    placement->Follow(frame.get(), First_Size(frame->screen()->availableSize()));
     frame->show();
     const Start_Result result =
         Load_Session(own_session, *lock, [this] { Open_Form(QStringLiteral("Frm_Jgmas")); });
@@ -143,9 +144,14 @@ void Shell::Normal_End_By_Button() {
     const Save_Words words = {.what = "指定中の事業所のデータ",
                               .discard = "書き戻さずに終了します。入力したデータは作業用のファイルに残り、\n"
                                          "　次回の起動時に、この事業所から続けられます。"};
-    if (Save_Or_Stay(
-            own_session, [this] { Normal_End(own_session, *lock); }, words) != Save_End::Stay) {
-        frame->Close_For_Good();
+    const Save_End end = Save_Or_Stay(
+        own_session, [this] { Normal_End(own_session, *lock); }, words);
+    if (end == Save_End::Stay) {
+        return;
+    }
+    frame->Close_For_Good();
+    if (end == Save_End::Discard) {
+        end_process(1);
     }
 }
 

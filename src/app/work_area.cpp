@@ -28,6 +28,7 @@ void Work_Area::Open(Form* form) {
             Q_EMIT All_Closed();
         }
     });
+    Q_EMIT Opened();
     window->setGeometry(viewport()->rect());
     window->show();
     form->show();
@@ -71,6 +72,7 @@ void Work_Area::resizeEvent(QResizeEvent* event) {
     for (QMdiSubWindow* window : subWindowList()) {
         window->setGeometry(viewport()->rect());
     }
+    Q_EMIT Resized();
 }
 
 void Work_Area::paintEvent(QPaintEvent* event) {

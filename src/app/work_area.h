@@ -27,6 +27,8 @@ class Work_Area : public QMdiArea {
     void Set_Hint(const QString& text);
 
   Q_SIGNALS:
+    void Opened();     ///< a screen has come
+    void Resized();    ///< the frame has another size
     void All_Closed(); ///< the last screen has gone
 
   protected:

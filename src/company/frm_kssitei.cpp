@@ -35,6 +35,8 @@ constexpr std::array<Option, 3> mode_options = {{
 constexpr std::array<const char*, law_years.size()> law_option_names = {"Simyu2008_flg", "Simyu2011_flg",
                                                                         "Simyu2012_flg", "Simyu2015_flg"};
 
+constexpr int choices_width = 290;
+
 constexpr std::array<List_Column, 3> list_columns = {{{"決算期", 10}, {"経審計算年", 26}, {"状態"}}};
 
 QLabel* Muted(const QString& text) {
@@ -96,7 +98,7 @@ Frm_KsSitei::Frm_KsSitei(Shell_Port& shell_port)
 
 QWidget* Frm_KsSitei::Make_Mode_Panel() {
     auto* panel = new Section_Box(QStringLiteral("処理"));
-    panel->setFixedWidth(320);
+    panel->setFixedWidth(choices_width);
     auto* group = new QButtonGroup(this);
     for (std::size_t i = 0; i < mode_options.size(); ++i) {
         const Option& row = mode_options[i];
@@ -114,7 +116,7 @@ QWidget* Frm_KsSitei::Make_Mode_Panel() {
 
 QWidget* Frm_KsSitei::Make_Law_Panel() {
     auto* panel = new Section_Box(QStringLiteral("経審計算年"));
-    panel->setFixedWidth(320);
+    panel->setFixedWidth(choices_width);
     for (const Law_Year& law : law_years) {
         QRadioButton* option = Named_Option(law_option_names[law.code - 1U], QString::fromUtf8(law.name));
         law_options->addButton(option, law.code);
@@ -135,7 +137,7 @@ QWidget* Frm_KsSitei::Make_List_Panel() {
     auto* panel = new Section_Box(QStringLiteral("登録済みの決算期"));
     list->setObjectName(QStringLiteral("Lst_Box"));
     list->setAccessibleName(QStringLiteral("登録済みの決算期"));
-    list->setMinimumWidth(480);
+    list->setMinimumWidth(360);
     list->Set_Empty_Text(QStringLiteral("登録されている決算期がありません。"));
     Lbl_Kizon->setObjectName(QStringLiteral("Lbl_Kizon"));
     panel->body->addWidget(Lbl_Kizon);

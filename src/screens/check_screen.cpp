@@ -6,12 +6,12 @@
 #include "session/boxes.h"
 #include "widgets/section_box.h"
 #include "widgets/theme.h"
+#include "widgets/window_placement.h"
 
 #include <QCoreApplication>
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QShowEvent>
@@ -50,8 +50,8 @@ QLabel* Value_Label(const Named_Text& value) {
 }
 
 constexpr const char* explain_caption = "解説(&K)";
-constexpr int line_width = 860;    // of a formula, before it is broken
-constexpr int step_width = 640;    // of a step behind its name
+constexpr int line_width = 780;    // of a formula, before it is broken
+constexpr int step_width = 600;    // of a step behind its name
 constexpr int most_in_column = 12; // inputs under each other
 
 void Break_Long_Line(QLabel& label, int width) {
@@ -106,16 +106,14 @@ Check_Screen::Check_Screen(Shell_Port& shell_port, const QString& form, Check_Sh
 
 // As large as its content where the display has the room; the sizes hold once the fonts are set.
 void Check_Screen::showEvent(QShowEvent* event) {
-    if (!event->spontaneous()) {
-        const QSize around = sizeHint() - scroll->sizeHint();
-        const QSize room = screen()->availableSize() - QSize(24, 48);
-        QSize wanted = scroll->widget()->sizeHint() + around;
-        if (wanted.height() > room.height()) {
-            wanted.rwidth() += scroll->verticalScrollBar()->sizeHint().width();
-        }
-        resize(wanted.expandedTo(minimumSizeHint()).boundedTo(room));
-    }
     Form::showEvent(event);
+    if (!event->spontaneous()) {
+        const QWidget* content_widget = scroll->widget();
+        const QSize around =
+            sizeHint() - scroll->sizeHint() + QSize(scroll->verticalScrollBar()->sizeHint().width(), 0);
+        resize(content_widget->sizeHint().expandedTo(content_widget->minimumSizeHint()) + around);
+        Bring_Into_View(*this);
+    }
 }
 
 void Check_Screen::Add_Figures() {

@@ -6,6 +6,7 @@
 #include "session/boxes.h"
 #include "session/kyotu_mod.h"
 #include "session/save_or_stay.h"
+#include "widgets/elided_label.h"
 #include "widgets/entry_cell.h"
 #include "widgets/note_button.h"
 #include "widgets/result_strip.h"
@@ -110,7 +111,8 @@ QWidget* Frm_Kanko::Make_Head() {
         Kanko_Avg->Set_Width(2);
         Wire(Kanko_Avg, &Entry_Cell::Left, [this] { Take_Avg(); });
         connect(Kanko_Avg, &Entry_Cell::Next_Field, grid, [this] { grid->Focus_Cell(0, 0); });
-        auto* hint = new QLabel(QStringLiteral("年平均（２年平均：2　３年平均：3）"));
+        auto* hint = new Elided_Label;
+        hint->setText(QStringLiteral("年平均（２年平均：2　３年平均：3）"));
         theme::Set_Look(hint, "muted");
         head->addWidget(new QLabel(QStringLiteral("完成工事高の採用")));
         head->addWidget(Kanko_Avg);

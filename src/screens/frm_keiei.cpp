@@ -69,7 +69,7 @@ Frm_Keiei::Frm_Keiei(Shell_Port& shell_port)
     texts = Show_Keiei(y);
     Set_Sub_Title(Text(shell.session.Screen_Title));
     auto* whole = new QWidget;
-    auto* columns = new QHBoxLayout(whole);
+    columns = new QBoxLayout(QBoxLayout::LeftToRight, whole);
     columns->setContentsMargins(0, 0, 0, 0);
     columns->setSpacing(theme::panel_gap);
     auto* left = new QVBoxLayout;
@@ -85,6 +85,13 @@ Frm_Keiei::Frm_Keiei(Shell_Port& shell_port)
     scroll->setWidget(whole);
     body->addWidget(scroll, 1);
     Make_Buttons();
+}
+
+// In a narrow window the indicators stand under the figures they come from.
+void Frm_Keiei::resizeEvent(QResizeEvent* event) {
+    Form::resizeEvent(event);
+    constexpr int beside = 900;
+    columns->setDirection(width() < beside ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
 }
 
 QWidget* Frm_Keiei::Make_Elements() {

@@ -5,6 +5,7 @@
 #include "screens/keiei.h"
 #include "widgets/form.h"
 
+class QBoxLayout;
 class QGridLayout;
 class QLabel;
 
@@ -24,6 +25,7 @@ class Frm_Keiei : public Form {
 
   protected:
     bool May_Close() override { return checks.May_Close(); }
+    void resizeEvent(QResizeEvent* event) override;
 
   private:
     [[nodiscard]] QWidget* Make_Elements();
@@ -37,6 +39,7 @@ class Frm_Keiei : public Form {
     Y_Calc y;
     Keiei_Texts texts;
     Check_Opener checks{*this, shell};
+    QBoxLayout* columns = nullptr;
 };
 
 } // namespace morvane

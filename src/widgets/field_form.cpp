@@ -10,6 +10,12 @@
 
 namespace morvane {
 
+namespace {
+
+constexpr int narrowest_text = 20; ///< of a long text, in half-width characters
+
+} // namespace
+
 Field_Form::Field_Form(std::span<const Field> fields, QWidget* parent)
     : QWidget(parent), grid(new QGridLayout(this)) {
     grid->setContentsMargins(0, 0, 0, 0);
@@ -38,7 +44,9 @@ void Field_Form::Add_Field(const Field& field) {
     if (field.caption != nullptr || line == nullptr) {
         Begin_Line(QString::fromUtf8(field.caption == nullptr ? "" : field.caption));
     }
-    const auto add = [this](QWidget* widget) { line->insertWidget(line->count() - 1, widget); };
+    const auto add = [this](QWidget* widget, int stretch = 0) {
+        line->insertWidget(line->count() - 1, widget, stretch);
+    };
     if (*field.before != '\0') {
         add(new QLabel(QString::fromUtf8(field.before)));
     }
@@ -52,7 +60,15 @@ void Field_Form::Add_Field(const Field& field) {
     if (field.password) {
         cell->setEchoMode(QLineEdit::Password);
     }
-    add(cell);
+    if (field.width > narrowest_text) {
+        // In a narrow window a long text shows less of itself.
+        const int wide = cell->width();
+        cell->Set_Width(narrowest_text);
+        cell->setMaximumWidth(wide);
+        add(cell, 1000);
+    } else {
+        add(cell);
+    }
     captions.back()->setBuddy(captions.back()->buddy() == nullptr ? cell : captions.back()->buddy());
     if (*field.hint != '\0') {
         auto* hint = new QLabel(QString::fromUtf8(field.hint));

@@ -1,20 +1,122 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "widgets/form.h"
 
+#include "widgets/elided_label.h"
 #include "widgets/theme.h"
 #include "widgets/window_keys.h"
 
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QVBoxLayout>
 
 namespace morvane {
 
+namespace {
+
+constexpr int button_width = 96;
+
+/// What a form shows between its title and its buttons. It takes the room of its content where the display
+/// has that, and scrolls where it has not; the cell that has the focus is in view.
+class Body_Scroll : public QScrollArea {
+  public:
+    explicit Body_Scroll(QLayout* body) {
+        setObjectName(QStringLiteral("Body_Scroll"));
+        setWidgetResizable(true);
+        setFrameShape(NoFrame);
+        setFocusPolicy(Qt::NoFocus);
+        auto* content = new QWidget;
+        content->setLayout(body);
+        setWidget(content);
+        connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { Follow(now); });
+    }
+
+    [[nodiscard]] QSize sizeHint() const override {
+        QSize size = widget()->sizeHint();
+        if (widget()->layout()->hasHeightForWidth()) {
+            size.setHeight(std::max(size.height(), widget()->layout()->totalHeightForWidth(size.width())));
+        }
+        return Within_Display(size);
+    }
+
+    // A window of its own keeps its content whole as long as the display holds it.
+    [[nodiscard]] QSize minimumSizeHint() const override {
+        constexpr QSize least(160, 80);
+        return parentWidget()->isWindow() ? Within_Display(widget()->minimumSizeHint()).expandedTo(least)
+                                          : least;
+    }
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (watched == widget() && event->type() == QEvent::LayoutRequest) {
+            updateGeometry();
+        }
+        return QScrollArea::eventFilter(watched, event);
+    }
+
+  private:
+    /// The part of a content that the display has room for; a scroll bar beside it has its own.
+    [[nodiscard]] QSize Within_Display(QSize content) const {
+        constexpr QSize around(40, 160); // frame of the window, title and buttons of the form
+        const QWidget* over = window()->parentWidget();
+        const QSize room = (over != nullptr ? over : window())->screen()->availableSize() - around;
+        if (parentWidget()->isWindow()) {
+            content.rwidth() += verticalScrollBar()->sizeHint().width();
+        }
+        return content.boundedTo(room);
+    }
+
+    void Follow(QWidget* now) {
+        if (now != nullptr && widget()->isAncestorOf(now)) {
+            constexpr int around = theme::cell_height;
+            ensureWidgetVisible(now, around, around);
+        }
+    }
+};
+
+/// The row of buttons at the foot. Where it is narrow they move together.
+class Foot : public QWidget {
+  public:
+    explicit Foot(QHBoxLayout* buttons) : row(buttons) {
+        setLayout(row);
+        Spread(true);
+    }
+
+    [[nodiscard]] QSize minimumSizeHint() const override {
+        return {160, QWidget::minimumSizeHint().height()};
+    }
+
+  protected:
+    void resizeEvent(QResizeEvent* event) override {
+        QWidget::resizeEvent(event);
+        Spread(true);
+        if (row->minimumSize().width() > width()) {
+            Spread(false);
+        }
+    }
+
+  private:
+    void Spread(bool wide) {
+        row->setContentsMargins(wide ? 16 : 8, 0, wide ? 16 : 8, wide ? 12 : 8);
+        row->setSpacing(wide ? 8 : 4);
+        for (QPushButton* button : findChildren<QPushButton*>()) {
+            button->setMinimumWidth(wide ? button_width : 0);
+        }
+    }
+
+    QHBoxLayout* row;
+};
+
+} // namespace
+
 Form::Form(Shell_Port& shell_port, const QString& name, const QString& title)
     : QDialog(nullptr), shell(shell_port), body(new QVBoxLayout), buttons(new QHBoxLayout),
-      title_label(new QLabel), sub_title_label(new QLabel) {
+      title_label(new Elided_Label), sub_title_label(new Elided_Label) {
     setObjectName(name);
     auto* header = new QFrame;
     theme::Set_Look(header, "header");
@@ -25,21 +127,20 @@ Form::Form(Shell_Port& shell_port, const QString& name, const QString& title)
     theme::Set_Look(sub_title_label, "muted");
     sub_title_label->setObjectName(QStringLiteral("Lbl_SubTitle"));
     header_row->addWidget(title_label);
+    header_row->addStretch(1);
     header_row->addSpacing(12);
-    header_row->addWidget(sub_title_label, 1, Qt::AlignRight | Qt::AlignVCenter);
+    header_row->addWidget(sub_title_label);
 
     body->setContentsMargins(16, 12, 16, 12);
     body->setSpacing(theme::panel_gap);
-    buttons->setContentsMargins(16, 0, 16, 12);
-    buttons->setSpacing(8);
     buttons->addStretch(1);
 
     auto* whole = new QVBoxLayout(this);
     whole->setContentsMargins(0, 0, 0, 0);
     whole->setSpacing(0);
     whole->addWidget(header);
-    whole->addLayout(body, 1);
-    whole->addLayout(buttons);
+    whole->addWidget(new Body_Scroll(body), 1);
+    whole->addWidget(new Foot(buttons));
     Set_Title(title);
     Set_Sub_Title({});
     new Window_Keys(*this, *buttons);
@@ -96,7 +197,7 @@ QPushButton* Form::Add_Button(const QString& name, const QString& caption, const
     button->setObjectName(name);
     button->setAccessibleName(caption);
     button->setAutoDefault(false);
-    button->setMinimumWidth(96);
+    button->setMinimumWidth(button_width);
     if (look != nullptr) {
         theme::Set_Look(button, look);
     }

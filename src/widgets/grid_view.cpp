@@ -10,6 +10,17 @@
 
 namespace morvane {
 
+namespace {
+
+// A name is squeezed as far as it still reads well; a longer one keeps its beginning.
+void Paint_Name(QPainter& painter, const QRect& room, const QString& text, Qt::Alignment alignment) {
+    constexpr double narrowest = 0.75;
+    const int most = static_cast<int>(room.width() / narrowest);
+    Paint_Figure(painter, room, painter.fontMetrics().elidedText(text, Qt::ElideRight, most), alignment);
+}
+
+} // namespace
+
 /// Paints cells: grounds by what the cell is for, the marked block, the frame of the current cell.
 class Grid_View::Painter : public QAbstractItemDelegate {
   public:
@@ -31,9 +42,7 @@ class Grid_View::Painter : public QAbstractItemDelegate {
             painter->setFont(font);
             if (column.kind == Entry_Kind::Text) {
                 const QRect room = option.rect.adjusted(grid_padding, 0, -grid_padding, 0);
-                painter->drawText(
-                    room, static_cast<int>(Alignment_Of(column)) | Qt::TextSingleLine,
-                    painter->fontMetrics().elidedText(data.Text_At(at), Qt::ElideRight, room.width()));
+                Paint_Name(*painter, room, data.Text_At(at), Alignment_Of(column));
             } else {
                 Paint_Figure(*painter, option.rect.adjusted(grid_padding, 0, -grid_padding, 0),
                              data.Text_At(at), Alignment_Of(column));

@@ -143,25 +143,28 @@ Message_Window::Message_Window(const Message_Box& box, QWidget* parent)
     row->addWidget(Make_Text(box), 1);
     whole->addLayout(row, 1);
     whole->addLayout(Make_Buttons(box));
-    setMinimumWidth(320);
-    adjustSize();
+    resize(sizeHint());
 }
 
 // The lines stand as they are given; a line that is wider than the display breaks, and a text that is higher
 // scrolls.
 QWidget* Message_Window::Make_Text(const Message_Box& box) {
-    const QSize display = screen()->availableSize();
+    const QWidget* over = parentWidget();
+    const QSize display = (over != nullptr ? over : this)->screen()->availableSize();
     const QSize most(display.width() - 160, display.height() - 160);
     auto* text = new QLabel(Fitted_Lines(QString::fromStdString(box.text), font(), most.width()));
     text->setObjectName(QStringLiteral("Message_Text"));
     text->setTextFormat(Qt::PlainText);
     text->setTextInteractionFlags(Qt::TextSelectableByMouse);
     text->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    text->setMinimumWidth(std::max(text->sizeHint().width(), 240));
     if (text->sizeHint().height() <= most.height()) {
         return text;
     }
     auto* scroll = new QScrollArea;
     scroll->setWidget(text);
+    text->setAutoFillBackground(false);
+    scroll->viewport()->setAutoFillBackground(false);
     scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     scroll->setMinimumSize(text->sizeHint().width() + scroll->verticalScrollBar()->sizeHint().width(), 120);
     scroll->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);

@@ -131,6 +131,8 @@ QAbstractScrollArea::corner { border: 0; background: transparent; }
 QScrollBar { background: #EBEEF2; border: 0; }
 QScrollBar:vertical { width: 13px; }
 QScrollBar:horizontal { height: 13px; }
+QScrollArea[look="menu_column"] QScrollBar:vertical { width: 9px; }
+QScrollArea[look="menu_column"] QScrollBar { background: transparent; }
 QScrollBar::handle { background: #BCC7D3; border-radius: 4px; margin: 2px; }
 QScrollBar::handle:hover { background: #93A4B7; }
 QScrollBar::handle:vertical { min-height: 32px; }

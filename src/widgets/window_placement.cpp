@@ -38,6 +38,16 @@ QRect On_Screen(const QRect& wanted, const QList<QRect>& screens) {
     return placed;
 }
 
+void Bring_Into_View(QWidget& window) {
+    window.setGeometry(On_Screen(window.geometry(), Free_Areas()));
+}
+
+QSize First_Size(const QSize& display) {
+    constexpr QSize comfortable(1320, 760);
+    const QSize share = display * 85 / 100;
+    return comfortable.expandedTo(share).boundedTo(display).boundedTo({1800, 1100});
+}
+
 Window_Placement::Window_Placement(const std::filesystem::path& app_path)
     : settings(QString::fromStdString((app_path / "windows.ini").string()), QSettings::IniFormat) {}
 

@@ -29,6 +29,13 @@ class Window_Placement : public QObject {
     QSettings settings;
 };
 
+/// Moves a window wholly onto the display on which most of it is, and makes it as small as that needs.
+void Bring_Into_View(QWidget& window);
+
+/// The size of the frame at its first start on a display: a sensible share of a large one, all of a small
+/// one.
+QSize First_Size(const QSize& display);
+
 /// A window's place as near to `wanted` as it is wholly on one of the screens (their free areas, at least
 /// one).
 QRect On_Screen(const QRect& wanted, const QList<QRect>& screens);

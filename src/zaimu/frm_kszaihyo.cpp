@@ -36,7 +36,7 @@ constexpr std::array<Group, 4> groups = {{
 }};
 
 // Beside the panel the captions need room to be read; in a narrow window the panel gives way a little, in a
-// very narrow one it scrolls.
+// very narrow one its two columns stand under each other.
 constexpr int narrowest_grid = 332;
 constexpr int widest_grid = 620;
 struct Panel_Size {
@@ -133,7 +133,7 @@ void Frm_KsZaihyo::Name_Rows() {
 
 QWidget* Frm_KsZaihyo::Make_Panels() {
     auto* field = new QWidget;
-    auto* both = new QHBoxLayout(field);
+    auto* both = new QBoxLayout(QBoxLayout::LeftToRight, field);
     both->setContentsMargins(0, 0, 0, 0);
     both->setSpacing(theme::panel_gap);
     std::array<QVBoxLayout*, 2> stacks{};
@@ -175,10 +175,14 @@ void Frm_KsZaihyo::resizeEvent(QResizeEvent* event) {
 }
 
 void Frm_KsZaihyo::Fit_Panels() {
-    const bool wide = width() >= narrowest_grid + Width_Of(wide_panel) + beside_columns;
-    const Panel_Size& size = wide ? wide_panel : compact_panel;
+    const int room = width() - narrowest_grid - beside_columns;
+    const bool beside = room >= Width_Of(compact_panel);
+    const Panel_Size& size = beside && room < Width_Of(wide_panel) ? compact_panel : wide_panel;
     const QScrollBar* bar = panel_scroll->verticalScrollBar();
-    panel_scroll->setMaximumWidth(Width_Of(size) + (bar->maximum() > 0 ? bar->sizeHint().width() : 0));
+    static_cast<QBoxLayout*>(panel_scroll->widget()->layout())
+        ->setDirection(beside ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+    panel_scroll->setMaximumWidth((beside ? Width_Of(size) : size.column_width) +
+                                  (bar->maximum() > 0 ? bar->sizeHint().width() : 0));
     if (column_width == size.column_width) {
         return;
     }

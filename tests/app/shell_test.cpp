@@ -211,15 +211,44 @@ TEST_F(Single_Shell_Test, Without_an_edition_the_start_asks_for_one_until_it_is_
     EXPECT_EQ(Label("TiikiMei"), "全国 版");
 }
 
-TEST_F(Shell_Test, A_failing_store_names_its_file_and_ends_with_a_failure_status) {
+TEST_F(Shell_Test, A_company_that_cannot_be_put_back_is_left_to_the_next_start) {
     ASSERT_TRUE(Start().running);
     Take(12, "青葉建設");
     std::filesystem::rename(folder.path / "data", folder.path / "gone");
+    messages.answers = {Answer::Retry, Answer::Back};
     Press("Cmd_End");
-    ASSERT_TRUE(ended_with);
-    EXPECT_NE(*ended_with, 0);
+    EXPECT_FALSE(ended_with);
+    EXPECT_TRUE(shell->Frame()->isVisible());
     EXPECT_NE(messages.shown.back().text.find("000012.dat"), std::string::npos);
+    messages.answers = {Answer::Discard};
+    Press("Cmd_End");
+    EXPECT_FALSE(shell->Frame()->isVisible());
+    EXPECT_EQ(ended_with, 1);
     EXPECT_EQ(Read_Kidou_Ini(folder.path).number, 12) << "the marker tells the next start";
+}
+
+TEST_F(Shell_Test, A_failing_store_names_its_file_and_ends_with_a_failure_status) {
+    ASSERT_TRUE(Start().running);
+    Take(12, "青葉建設");
+    std::filesystem::rename(folder.path / "Morvane.dat", folder.path / "gone.dat");
+    Press("Cmd_Hojyo1");
+    EXPECT_EQ(ended_with, 1);
+    EXPECT_NE(messages.shown.back().text.find("Morvane.dat"), std::string::npos);
+    EXPECT_EQ(messages.shown.back().text.find("open"), std::string::npos) << "words, no engine text";
+}
+
+// The sums of the statements are stored when their panel closes.
+TEST_F(Single_Shell_Test, A_panel_whose_sums_cannot_be_stored_can_be_left) {
+    ASSERT_TRUE(Start().running);
+    Press("Cmd_KsZ1");
+    const Failing_Writes full(1, Failing_Writes::Manner::From_Then_On, ENOSPC);
+    Press("Cmd_KsT(6)");
+    EXPECT_TRUE(Child<QWidget>(*shell->Frame(), "Mnu_KsZTais")->isVisible());
+    EXPECT_EQ(messages.shown.back().title, "保存エラー");
+    messages.answers = {Answer::Discard};
+    Press("Cmd_KsT(6)");
+    EXPECT_FALSE(Child<QWidget>(*shell->Frame(), "Mnu_KsZTais")->isVisible());
+    EXPECT_FALSE(ended_with);
 }
 
 TEST_F(Shell_Test, Sister_screens_are_one_screen_for_the_menu) {

@@ -1,0 +1,325 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "app/form_table.h"
+#include "app/shell.h"
+#include "batch/case_file.h"
+#include "support/ui_fixture.h"
+#include "widgets/elided_label.h"
+#include "widgets/figure_label.h"
+#include "widgets/message_windows.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QHeaderView>
+#include <QLabel>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QTableView>
+#include <algorithm>
+#include <set>
+
+namespace morvane::tests {
+namespace {
+
+constexpr int title_bar = 30;
+constexpr double least_squeeze = 0.6; ///< of the natural width of a figure that still reads
+
+/// The displays that tests/support/ui_main.cpp gives the platform, by their logical size: 1366x768 at 150,
+/// 125 and 100 %, 1920x1080 at 200 and 150 %.
+std::vector<QScreen*> Displays() {
+    QList<QScreen*> screens = QGuiApplication::screens();
+    screens.removeIf([](const QScreen* screen) { return screen->name() == QStringLiteral("first"); });
+    std::sort(screens.begin(), screens.end(), [](const QScreen* a, const QScreen* b) {
+        return a->geometry().width() < b->geometry().width();
+    });
+    return {screens.begin(), screens.end()};
+}
+
+QString Plain(QString caption) {
+    return caption.remove(QLatin1Char('&'));
+}
+
+int Width_Of(const QWidget& widget, const QString& text) {
+    int width = 0;
+    for (const QString& line : text.split(QLatin1Char('\n'))) {
+        width = std::max(width, widget.fontMetrics().horizontalAdvance(line));
+    }
+    return width;
+}
+
+/// The nearest scroll area around a widget, itself not counted; null where it is always in view.
+const QAbstractScrollArea* Scrolled_By(const QWidget& widget) {
+    for (const QWidget* at = widget.parentWidget(); at != nullptr && !at->isWindow();
+         at = at->parentWidget()) {
+        if (const auto* area = qobject_cast<const QScrollArea*>(at)) {
+            return area;
+        }
+    }
+    return nullptr;
+}
+
+/// Looks at everything that a window shows.
+class Look {
+  public:
+    explicit Look(QWidget& shown) : window(shown) {
+        for (const QWidget* widget : window.findChildren<QWidget*>()) {
+            // A window over this one is looked at by itself.
+            if (widget->isVisibleTo(&window) && widget->window() == window.window()) {
+                At(*widget);
+            }
+        }
+    }
+
+  private:
+    void At(const QWidget& widget) const {
+        if (const auto* button = qobject_cast<const QPushButton*>(&widget)) {
+            At_Button(*button);
+        } else if (const auto* figure = qobject_cast<const Figure_Label*>(&widget)) {
+            EXPECT_LE(Width_Of(*figure, figure->text()) * least_squeeze, figure->contentsRect().width())
+                << Place(widget) << figure->text().toStdString();
+        } else if (const auto* label = qobject_cast<const QLabel*>(&widget)) {
+            At_Label(*label);
+        } else if (const auto* table = qobject_cast<const QTableView*>(&widget)) {
+            At_Table(*table);
+        } else if (const auto* area = qobject_cast<const QScrollArea*>(&widget)) {
+            EXPECT_EQ(area->horizontalScrollBar()->maximum(), 0) << Place(widget) << "scrolls sideways";
+            EXPECT_GE(area->viewport()->height(), 60) << Place(widget) << "shows nothing";
+        }
+    }
+
+    void At_Button(const QPushButton& button) const {
+        const std::string what = Place(button) + Plain(button.text()).toStdString();
+        if (Scrolled_By(button) == nullptr) {
+            const QRect there(button.mapTo(&window, QPoint(0, 0)), button.size());
+            EXPECT_TRUE(window.rect().contains(there)) << what << " is outside";
+            EXPECT_EQ(button.visibleRegion().boundingRect(), button.rect()) << what << " is covered";
+        }
+        if (qobject_cast<const Menu_Button*>(&button) == nullptr) {
+            EXPECT_LE(Width_Of(button, Plain(button.text())), button.width() - 2) << what << " is cut";
+        }
+    }
+
+    void At_Label(const QLabel& label) const {
+        if (label.text().isEmpty() || qobject_cast<const Elided_Label*>(&label) != nullptr ||
+            label.sizePolicy().horizontalPolicy() == QSizePolicy::Ignored) {
+            return;
+        }
+        const std::string what = Place(label) + label.text().toStdString() + " is cut";
+        if (label.wordWrap()) {
+            EXPECT_LE(label.heightForWidth(label.width()), label.height() + 1) << what;
+        } else {
+            EXPECT_LE(Width_Of(label, label.text()), label.contentsRect().width()) << what;
+            EXPECT_LE(label.fontMetrics().height() * (label.text().count(QLatin1Char('\n')) + 1),
+                      label.height() + 4)
+                << what;
+        }
+    }
+
+    void At_Table(const QTableView& table) const {
+        for (int row = 0; row < std::min(table.model()->rowCount(), 60); ++row) {
+            for (int column = 0; column < table.model()->columnCount(); ++column) {
+                const QModelIndex at = table.model()->index(row, column);
+                if ((at.data(Qt::TextAlignmentRole).toInt() & Qt::AlignRight) == 0) {
+                    continue;
+                }
+                const QString text = at.data().toString();
+                EXPECT_LE(Width_Of(table, text) * least_squeeze, table.columnWidth(column) - 6)
+                    << Place(table) << text.toStdString();
+            }
+        }
+        EXPECT_GE(table.viewport()->height(), theme_row) << Place(table) << "shows no row";
+    }
+
+    [[nodiscard]] static std::string Place(const QWidget& widget) {
+        std::string place;
+        for (const QWidget* at = &widget; at != nullptr; at = at->parentWidget()) {
+            if (!at->objectName().isEmpty() && !at->objectName().startsWith(QStringLiteral("qt_"))) {
+                place = at->objectName().toStdString() + (place.empty() ? "" : "/") + place;
+            }
+        }
+        return place + " ";
+    }
+
+    static constexpr int theme_row = 24;
+    QWidget& window;
+};
+
+/// What the figures of the firm are.
+enum class Fill { Large, Blank };
+
+class Layout_Test : public Installation {
+  protected:
+    Layout_Test() : Installation("13", false) {}
+
+    void Make_Firm(Fill fill) {
+        Import_Case(session, Samples_Folder() / "aoba_kensetsu.json");
+        const Connection cn = Cn_Open(session);
+        cn.Execute("UPDATE Jigyo_mas SET 事業所名='特定非営利活動法人北海道東部広域建設業振興協同組合連合会"
+                   "青葉建設工業' ");
+        if (fill == Fill::Blank) {
+            cn.Execute("UPDATE Ks_Zaihyo SET 金額=Null, 改善後残高=Null");
+        } else {
+            for (const char* column : {"金額", "改善後残高"}) {
+                cn.Execute(std::string("UPDATE Ks_Zaihyo SET ") + column + "=-9876543210");
+            }
+            cn.Execute("UPDATE Kandaka_Gj SET 完工高前期=1987654, 完工高前々期=1987654, "
+                       "完工高基準=1987654, 完工高平均=1987654");
+        }
+    }
+
+    void Start_On(const QScreen& display) {
+        shell = std::make_unique<Shell>(folder.path, messages);
+        shell->end_process = [](int) { ADD_FAILURE() << "the process would end"; };
+        ASSERT_TRUE(shell->Sub_Main().running);
+        shell->session.Office_Name = "北海道東部広域総合行政書士社会保険労務士合同事務所";
+        room = display.availableGeometry().adjusted(0, title_bar, 0, 0);
+        shell->Frame()->setGeometry(room);
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(shell->Frame()));
+        QApplication::processEvents();
+    }
+
+    /// A window of its own is on the display with its title bar, and shows everything.
+    void Look_At(QWidget& window, const std::string& name) {
+        SCOPED_TRACE(name);
+        QApplication::processEvents();
+        EXPECT_TRUE(room.adjusted(-2, -2, 2, 2).contains(window.geometry()))
+            << window.x() << "," << window.y() << " " << window.width() << "x" << window.height();
+        const Look look(window);
+        if (const QString pictures = qEnvironmentVariable("MORVANE_PICTURES"); !pictures.isEmpty()) {
+            QDir().mkpath(pictures);
+            window.grab().save(
+                pictures + QStringLiteral("/%1_%2.png").arg(room.width()).arg(QString::fromStdString(name)));
+        }
+    }
+
+    /// Opens a form of the table and looks at it, and at the checks that its buttons open.
+    void Look_At_Form(const Form_Row& row) {
+        Frm_Main& frame = *shell->Frame();
+        messages.shown.clear();
+        if (row.modal) {
+            With_Dialog([&] { shell->Open_Form(QString::fromUtf8(row.name)); },
+                        [&](QDialog& dialog) {
+                            Look_At(dialog, row.name);
+                            messages.answers = {Answer::Yes};
+                            dialog.reject();
+                            messages.answers.clear();
+                        });
+            return;
+        }
+        shell->Open_Form(QString::fromUtf8(row.name));
+        Form* form = frame.area->Top();
+        ASSERT_NE(form, nullptr) << row.name;
+        Look_At(frame, row.name);
+        for (QPushButton* check : form->findChildren<QPushButton*>()) {
+            if (check->text() == QStringLiteral("計算チェック")) {
+                check->click();
+                QApplication::processEvents();
+                Look_At_Checks(std::string(row.name) + "_" + check->objectName().toStdString());
+            }
+        }
+        frame.area->Close_All();
+        EXPECT_EQ(frame.area->Top(), nullptr) << row.name;
+        while (Form* left = frame.area->Top()) {
+            left->done(0);
+        }
+    }
+
+    void Look_At_Checks(const std::string& name) {
+        for (QWidget* window : QApplication::topLevelWidgets()) {
+            auto* dialog = qobject_cast<QDialog*>(window);
+            if (dialog != nullptr && dialog->isVisible()) {
+                Look_At(*dialog, name);
+                dialog->reject();
+            }
+        }
+        QApplication::processEvents();
+    }
+
+    /// All forms, beside the panel from which they are opened.
+    void Look_At_All() {
+        Frm_Main& frame = *shell->Frame();
+        Look_At(frame, "Frm_Main");
+        Session& now = shell->session;
+        now.Kamoku_From = 100;
+        now.Kamoku_To = 199;
+        now.Screen_No = 53;
+        const std::set<std::string_view> elsewhere = {"Frm_JGSitei", "Frm_JgNew"}; // of several companies
+        for (const char* opener : {"Cmd_KsZ1", "Cmd_Sim1"}) {
+            Click(frame, opener);
+            Look_At(frame, opener);
+            const bool statements = std::string_view(opener) == "Cmd_KsZ1";
+            for (const Form_Row& row : Form_Table()) {
+                const bool of_statements = std::string_view(row.name).starts_with("Frm_Ks");
+                if (row.make != nullptr && of_statements == statements && !elsewhere.contains(row.name)) {
+                    Look_At_Form(row);
+                }
+            }
+            frame.command->Close_Panel();
+        }
+    }
+
+    std::unique_ptr<Shell> shell;
+    QRect room; ///< of a window on the display
+};
+
+TEST_F(Layout_Test, Every_form_has_its_place_on_every_display) {
+    ASSERT_EQ(Displays().size(), 5U);
+    Make_Firm(Fill::Large);
+    for (const QScreen* display : Displays()) {
+        SCOPED_TRACE(display->name().toStdString());
+        Start_On(*display);
+        Look_At_All();
+        shell.reset();
+        std::filesystem::remove(folder.path / "windows.ini");
+    }
+}
+
+TEST_F(Layout_Test, Blank_figures_change_nothing) {
+    Make_Firm(Fill::Blank);
+    Start_On(*Displays().front());
+    Look_At_All();
+}
+
+TEST_F(Layout_Test, Messages_are_as_wide_as_their_lines) {
+    std::string many;
+    for (int line = 1; line <= 60; ++line) {
+        many += std::to_string(line) + "行目「完成工事高（千円）」：数値ではありません。\n";
+    }
+    const std::string path =
+        "「/" + std::string(200, 'x') + "/data/000012.dat」：ディスクの空き容量が足りません。";
+    for (const QScreen* display : Displays()) {
+        SCOPED_TRACE(display->name().toStdString());
+        room = display->availableGeometry().adjusted(0, title_bar, 0, 0);
+        QWidget under;
+        under.setGeometry(room);
+        under.show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&under));
+        for (const std::string& text :
+             {std::string("決算期情報が不完全です。\n自社情報の編集画面を開きますので入力して下さい。"), path,
+              many}) {
+            under.activateWindow();
+            ASSERT_TRUE(QTest::qWaitForWindowActive(&under));
+            Message_Windows windows;
+            With_Dialog(
+                [&] {
+                    windows.Show({.title = "保存エラー",
+                                  .text = text,
+                                  .buttons = Buttons::Retry_Discard_Back,
+                                  .default_answer = Answer::Back});
+                },
+                [&](QDialog& dialog) {
+                    Look_At(dialog, "Message_" + std::to_string(text.size()));
+                    QString shown = Child<QLabel>(dialog, "Message_Text")->text();
+                    if (text != path) {
+                        EXPECT_EQ(shown.toStdString(), text) << "the stated lines stand";
+                    } else {
+                        EXPECT_EQ(shown.remove(QLatin1Char('\n')).toStdString(), text);
+                    }
+                    dialog.reject();
+                });
+        }
+    }
+}
+
+} // namespace
+} // namespace morvane::tests
