@@ -3,6 +3,7 @@
 
 #include "session/run_time_error.h"
 
+#include <algorithm>
 #include <optional>
 
 namespace morvane {
@@ -62,7 +63,14 @@ bool Save_Or_Back(const Session& session, const std::function<void()>& save, con
 }
 
 std::string Failure_Text(const Store_Error& error) {
-    return "「" + error.file.string() + "」：" + Reason_Text(error.reason);
+    const std::string words = "「" + error.file.string() + "」：" + Reason_Text(error.reason);
+    const std::string all = error.what();
+    // Details in Japanese belong to the words; those of the store engine are in Latin letters.
+    const auto is_letter = [](char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); };
+    const bool is_plain =
+        all.size() >= words.size() &&
+        std::none_of(all.begin() + static_cast<std::ptrdiff_t>(words.size()), all.end(), is_letter);
+    return is_plain ? all : words;
 }
 
 } // namespace morvane
