@@ -8,6 +8,7 @@
 #include "session/save_or_stay.h"
 #include "widgets/section_box.h"
 #include "widgets/theme.h"
+#include "widgets/window_placement.h"
 
 #include <QCoreApplication>
 #include <QGridLayout>
@@ -120,6 +121,7 @@ constexpr Probe probes[] = {
 Frm_Settei::Frm_Settei(Shell_Port& shell_port)
     : Form(shell_port, QStringLiteral("Frm_Settei"), QStringLiteral("通信設定")) {
     auto* grid = new QGridLayout;
+    const bool narrow = Is_Narrow_Display(shell.Window());
     grid->setSpacing(theme::panel_gap);
     int caption_width = 0;
     for (const Group& group : group_rows) {
@@ -127,7 +129,11 @@ Frm_Settei::Frm_Settei(Shell_Port& shell_port)
         auto* fields = new Field_Form(group.fields);
         box->body->addWidget(fields);
         box->body->addStretch(1);
-        grid->addWidget(box, group.row, group.column, 1, group.columns);
+        if (narrow) {
+            grid->addWidget(box, grid->rowCount(), 0);
+        } else {
+            grid->addWidget(box, group.row, group.column, 1, group.columns);
+        }
         caption_width = std::max(caption_width, fields->Caption_Width());
         groups.push_back(fields);
     }

@@ -7,6 +7,7 @@
 #include "widgets/field_form.h"
 #include "widgets/section_box.h"
 #include "widgets/theme.h"
+#include "widgets/window_placement.h"
 
 #include <QButtonGroup>
 #include <QPushButton>
@@ -104,7 +105,8 @@ class Frm_Company : public Form {
   public:
     Frm_Company(Shell_Port& shell_port, Company_Screen the_screen, const char* name, const char* title)
         : Form(shell_port, QString::fromUtf8(name), QString::fromUtf8(title)), screen(the_screen) {
-        auto* last_line = new QHBoxLayout;
+        auto* last_line = new QBoxLayout(Is_Narrow_Display(shell.Window()) ? QBoxLayout::TopToBottom
+                                                                           : QBoxLayout::LeftToRight);
         last_line->setSpacing(theme::panel_gap);
         for (const auto& [section, heading] : sections) {
             auto* box = new Section_Box(QString::fromUtf8(heading));

@@ -42,6 +42,12 @@ void Bring_Into_View(QWidget& window) {
     window.setGeometry(On_Screen(window.geometry(), Free_Areas()));
 }
 
+bool Is_Narrow_Display(const QWidget* window) {
+    constexpr int narrow = 1080;
+    const QScreen* display = window != nullptr ? window->screen() : QGuiApplication::primaryScreen();
+    return display->availableSize().width() < narrow;
+}
+
 QSize First_Size(const QSize& display) {
     constexpr QSize comfortable(1320, 760);
     const QSize share = display * 85 / 100;

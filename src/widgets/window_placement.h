@@ -32,6 +32,9 @@ class Window_Placement : public QObject {
 /// Moves a window wholly onto the display on which most of it is, and makes it as small as that needs.
 void Bring_Into_View(QWidget& window);
 
+/// Whether the display of a window (null: the first display) is too narrow for groups beside each other.
+bool Is_Narrow_Display(const QWidget* window);
+
 /// The size of the frame at its first start on a display: a sensible share of a large one, all of a small
 /// one.
 QSize First_Size(const QSize& display);
