@@ -3,6 +3,7 @@
 
 #include "session/boxes.h"
 #include "session/kyotu_mod.h"
+#include "session/network_settings.h"
 #include "widgets/section_box.h"
 #include "widgets/theme.h"
 
@@ -18,13 +19,6 @@ constexpr const char* user_page_path = "/UserPage/user_page.php";
 
 } // namespace
 
-std::string Page_Address(const std::string& base, const std::string& path) {
-    if (base.empty()) {
-        return {};
-    }
-    return (base.back() == '/' ? base.substr(0, base.size() - 1) : base) + path;
-}
-
 Frm_HpOpen::Frm_HpOpen(Shell_Port& shell_port)
     : Form(shell_port, QStringLiteral("Frm_HpOpen"), QStringLiteral("「Morvane」ホームページ")) {
     const Install_Info info = Read_Install_Info(shell.session.App_Path);
@@ -32,7 +26,7 @@ Frm_HpOpen::Frm_HpOpen(Shell_Port& shell_port)
     auto* section = new Section_Box(QStringLiteral("利用者ページ"));
     section->body->addWidget(new QLabel(QStringLiteral("「Morvane」の利用者ページをブラウザで開きます。")));
     auto* shown = new QLabel(address.empty() ? QStringLiteral("利用者ページのアドレスが設定されていません。"
-                                                              "［通信設定］で設定してください。")
+                                                              "［事務所・通信設定］で設定してください。")
                                              : QString::fromStdString(address));
     shown->setObjectName(QStringLiteral("Lbl_Address"));
     shown->setTextFormat(Qt::PlainText);
@@ -42,7 +36,7 @@ Frm_HpOpen::Frm_HpOpen(Shell_Port& shell_port)
     setMinimumWidth(480);
     Add_Help_Button();
     QPushButton* settings =
-        Add_Button(QStringLiteral("Cmd_Settei"), QStringLiteral("通信設定"), nullptr, true);
+        Add_Button(QStringLiteral("Cmd_Settei"), QStringLiteral("事務所・通信設定"), nullptr, true);
     QPushButton* open = Add_Button(QStringLiteral("Cmd_Sousin"), QStringLiteral("ページを開く"), "primary");
     open->setEnabled(!address.empty());
     QPushButton* cancel = Add_Button(QStringLiteral("Cmd_Cancel"), QStringLiteral("閉じる"));

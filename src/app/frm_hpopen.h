@@ -7,9 +7,6 @@
 
 namespace morvane {
 
-/// The address of a page below a configured address; empty where none is configured.
-std::string Page_Address(const std::string& base, const std::string& path);
-
 /// Opens the users' page of the program in the browser.
 class Frm_HpOpen : public Form {
   public:

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "app/frm_settei.h"
 
+#include "company/office_mode.h"
 #include "data/store_error.h"
 #include "session/boxes.h"
 #include "session/kyotu_mod.h"
@@ -23,6 +24,22 @@ namespace morvane {
 namespace {
 
 constexpr const char* security_hint = "０：なし　１：STARTTLS　２：TLS";
+
+constexpr Field office_fields[] = {
+    {.name = "Office_Name",
+     .caption = "事務所名",
+     .max_length = 60,
+     .width = 60,
+     .hint = "帳票に印刷します。"},
+    {.name = "User_ID", .caption = "ユーザーID", .max_length = 30, .width = 30},
+    {.name = "Office_Mode",
+     .kind = Entry_Kind::Choice,
+     .width = 2,
+     .before = "　使い方",
+     .hint = "１：自社で使う（1社）　２：事務所で使う（多数の事業所）",
+     .choices = "12",
+     .label = "使い方"},
+};
 
 constexpr Field smtp_fields[] = {
     {.name = "Smtp_Host", .caption = "送信サーバー（SMTP）", .max_length = 253, .width = 34},
@@ -80,7 +97,7 @@ constexpr Field host_fields[] = {
      .width = 34,
      .hint = "ホスト名 または ホスト名:ポート番号"},
     {.name = "Help_Host", .caption = "解説ページのホスト", .max_length = 500, .width = 60},
-    {.name = "User_Page", .caption = "利用者ページ", .max_length = 500, .width = 60},
+    {.name = "User_Page", .caption = "利用者ページのホスト", .max_length = 500, .width = 60},
     {.name = "Rating_Page", .caption = "格付情報ページ", .max_length = 500, .width = 60},
 };
 
@@ -97,10 +114,9 @@ struct Group {
 };
 
 const Group group_rows[] = {
-    {"メール送信", smtp_fields, 0, 0, 1},
-    {"メール受信", imap_fields, 0, 1, 1},
-    {"接続先", host_fields, 1, 0, 2},
-    {"格付情報の取得", rating_fields, 2, 0, 2},
+    {"事務所", office_fields, 0, 0, 2},         {"メール送信", smtp_fields, 1, 0, 1},
+    {"メール受信", imap_fields, 1, 1, 1},       {"接続先", host_fields, 2, 0, 2},
+    {"格付情報の取得", rating_fields, 3, 0, 2},
 };
 
 /// A host to be tested: the entries that hold it and its port.
@@ -119,7 +135,8 @@ constexpr Probe probes[] = {
 } // namespace
 
 Frm_Settei::Frm_Settei(Shell_Port& shell_port)
-    : Form(shell_port, QStringLiteral("Frm_Settei"), QStringLiteral("通信設定")) {
+    : Form(shell_port, QStringLiteral("Frm_Settei"), QStringLiteral("事務所・通信設定")),
+      end_program([] { QCoreApplication::exit(0); }) {
     auto* grid = new QGridLayout;
     const bool narrow = Is_Narrow_Display(shell.Window());
     grid->setSpacing(theme::panel_gap);
@@ -150,13 +167,14 @@ Frm_Settei::Frm_Settei(Shell_Port& shell_port)
          [this] { reject(); });
     Add_Help_Button();
     shell.Guard([this] { Load(); });
-    groups.front()->Focus("Smtp_Host");
+    groups.front()->Focus("Office_Name");
 }
 
 void Frm_Settei::Load() {
     const Install_Info info = Read_Install_Info(shell.session.App_Path);
     auto texts = Network_Texts(info.network);
     texts[net_check_control] = info.net_check_host;
+    texts.merge(Office_Texts(info));
     for (Field_Form* group : groups) {
         group->Set_Texts(texts);
     }
@@ -176,11 +194,15 @@ bool Frm_Settei::Is_Edited() const {
 }
 
 bool Frm_Settei::Entries_Hold() {
-    const auto fault = Test_Network_Settings(Texts());
+    auto fault = Test_Office(Texts());
+    const bool of_office = fault.has_value();
+    if (!of_office) {
+        fault = Test_Network_Settings(Texts());
+    }
     if (!fault) {
         return true;
     }
-    Tell(shell.session, "通信設定エラー", fault->text);
+    Tell(shell.session, of_office ? "事務所設定エラー" : "通信設定エラー", fault->text);
     for (const Field_Form* group : groups) {
         if (group->Has(fault->control)) {
             group->Focus(fault->control);
@@ -194,21 +216,60 @@ void Frm_Settei::Save() {
         return;
     }
     const auto texts = Texts();
-    const auto save = [&] {
-        Install_Info info = Read_Install_Info(shell.session.App_Path);
-        info.network = Network_Of_Texts(texts);
-        info.net_check_host = texts.at(net_check_control);
-        Write_Install_Info(shell.session.App_Path, info);
-    };
-    if (Save_Or_Stay(shell.session, save, {.what = "通信設定"}) == Save_End::Stay) {
+    const bool to_multi = texts.at("Office_Mode") == "2";
+    const bool changes_mode = to_multi != shell.session.Is_Multi();
+    if (changes_mode && !May_Change_Mode(to_multi)) {
         return;
     }
+    bool is_saved = false;
+    const auto save = [&] {
+        Store(texts);
+        if (changes_mode) {
+            Change_Mode(shell.session, to_multi);
+        }
+        is_saved = true;
+    };
+    if (Save_Or_Stay(shell.session, save, {.what = "設定"}) == Save_End::Stay) {
+        return;
+    }
+    const bool has_new_mode = changes_mode && is_saved;
+    if (has_new_mode) {
+        Tell(shell.session, "使い方変更完了",
+             "使い方の変更が終了しました。\n環境設定のため一旦「Morvane」を終了します。");
+    }
     Close_Form();
+    if (has_new_mode) {
+        end_program();
+    }
+}
+
+bool Frm_Settei::May_Change_Mode(bool to_multi) {
+    if (const std::string refusal = Mode_Refusal(shell.session, to_multi); !refusal.empty()) {
+        Tell(shell.session, "使い方変更エラー", refusal);
+        groups.front()->Focus("Office_Mode");
+        return false;
+    }
+    return Ask(
+        shell.session, "使い方変更確認",
+        to_multi ? "「事務所で使う」に変更します。入力済みの自社のデータは、事業所の1つとして登録されます。\n"
+                   "よろしいですか？"
+                 : "「自社で使う」に変更します。\nよろしいですか？");
+}
+
+void Frm_Settei::Store(const std::map<std::string, std::string>& texts) {
+    Install_Info info = Read_Install_Info(shell.session.App_Path);
+    info.network = Network_Of_Texts(texts);
+    info.net_check_host = texts.at(net_check_control);
+    info.office_name = texts.at("Office_Name");
+    info.user_id = texts.at("User_ID");
+    Write_Install_Info(shell.session.App_Path, info);
+    shell.session.Office_Name = info.office_name;
+    shell.session.User_ID = info.user_id;
 }
 
 bool Frm_Settei::May_Close() {
     return !Is_Edited() ||
-           Ask(shell.session, "編集破棄確認", "編集中の通信設定を保存せずに終了します。\nよろしいですか？");
+           Ask(shell.session, "編集破棄確認", "編集中の設定を保存せずに終了します。\nよろしいですか？");
 }
 
 // A host that does not answer takes seconds, so it is asked beside the window.
@@ -227,7 +288,7 @@ void Frm_Settei::Test_Connections() {
     }
     if (hosts.empty()) {
         Tell(shell.session, "接続テスト", "接続確認先を入力してください。");
-        groups[2]->Focus(net_check_control);
+        groups[3]->Focus(net_check_control);
         return;
     }
     test_button->setEnabled(false);

@@ -4,16 +4,20 @@
 #include "widgets/field_form.h"
 #include "widgets/form.h"
 
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
 
 namespace morvane {
 
-/// 通信設定: mail servers, hosts and addresses of the installation. Saved into its settings file.
+/// 事務所・通信設定: the office and how the installation is used; mail servers, hosts and addresses. Saved
+/// into its settings file. A change of use ends the program, whose session is one of the former use.
 class Frm_Settei : public Form {
   public:
     explicit Frm_Settei(Shell_Port& shell_port);
+
+    std::function<void()> end_program; ///< leaves every event loop; tests put their own
 
   protected:
     bool May_Close() override;
@@ -26,6 +30,8 @@ class Frm_Settei : public Form {
     [[nodiscard]] std::map<std::string, std::string> Texts() const;
     [[nodiscard]] bool Is_Edited() const;
     [[nodiscard]] bool Entries_Hold();
+    [[nodiscard]] bool May_Change_Mode(bool to_multi);
+    void Store(const std::map<std::string, std::string>& texts);
 
     std::vector<Field_Form*> groups;
     QPushButton* test_button;

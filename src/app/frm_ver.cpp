@@ -43,7 +43,7 @@ Frm_Ver::Frm_Ver(Shell_Port& shell_port)
     body->addLayout(row);
     setMinimumWidth(440);
     QPushButton* settings =
-        Add_Button(QStringLiteral("Cmd_Settei"), QStringLiteral("通信設定"), nullptr, true);
+        Add_Button(QStringLiteral("Cmd_Settei"), QStringLiteral("事務所・通信設定"), nullptr, true);
     Wire(settings, &QPushButton::clicked, [this] { shell.Open_Form(QStringLiteral("Frm_Settei")); });
     QPushButton* close = Add_Button(QStringLiteral("Cmd_Cancel"), QStringLiteral("閉じる"), "primary");
     connect(close, &QPushButton::clicked, this, &Form::reject);

@@ -2,6 +2,9 @@
 #include "calc/review_figures.h"
 
 #include "calc/checked.h"
+#include "calc/social_items.h"
+#include "data/shown_text.h"
+#include "session/kyotu_mod.h"
 
 #include <algorithm>
 #include <chrono>
@@ -76,6 +79,24 @@ Statement Prepare_Works(const Connection& cn, std::string_view prefix) {
 constexpr int last_code_of_work_style = 241;
 constexpr int first_code_of_work_style = 235;
 
+bool Has_32_Bits(double value) {
+    return value > -2147483648.5 && value < 2147483647.5;
+}
+
+// What has no place in its width is told with its name and value.
+[[noreturn]] void Throw_Overflow(const std::string& what) {
+    throw Run_Time_Error(Run_Time_Error::Kind::Overflow, what + "の計算で桁あふれが発生しました。");
+}
+
+std::string Name_Of_Element(int code) {
+    for (const Social_Field& field : Social_Fields()) {
+        if (field.code == code) {
+            return field.caption;
+        }
+    }
+    return "要素" + std::to_string(code);
+}
+
 } // namespace
 
 bool Work_Line::Has_Engineer() const {
@@ -83,8 +104,14 @@ bool Work_Line::Has_Engineer() const {
 }
 
 std::int32_t Statement_Figures::Get_Y_Kamoku(int code) const {
-    return Narrow_Double<std::int32_t>(std::trunc(amount[static_cast<std::size_t>(code)] / 1000.0),
-                                       "財務諸表の金額（千円）");
+    const double thousands = std::trunc(amount[static_cast<std::size_t>(code)] / 1000.0);
+    if (!Has_32_Bits(thousands)) {
+        const auto name = beyond_32_bits.find(code);
+        Throw_Overflow("財務諸表の「" +
+                       (name == beyond_32_bits.end() ? std::to_string(code) : Shown_Text(name->second)) +
+                       "」（" + Comma_Str(Value(amount[static_cast<std::size_t>(code)])) + "円）");
+    }
+    return static_cast<std::int32_t>(thousands);
 }
 
 std::int32_t Review_Figures::Yoso(int code, std::int32_t limit) const {
@@ -92,7 +119,11 @@ std::int32_t Review_Figures::Yoso(int code, std::int32_t limit) const {
     if (!element.up) {
         return 0;
     }
-    const auto value = Round_Half_Even<std::int32_t>(element.value, "その他審査項目の入力値");
+    if (!Has_32_Bits(element.value)) {
+        Throw_Overflow("その他審査項目の「" + Name_Of_Element(code) + "」（" + Number_Text(element.value) +
+                       "）");
+    }
+    const auto value = Round_Half_Even<std::int32_t>(element.value, "その他審査項目");
     return value > limit ? 0 : value;
 }
 
@@ -115,14 +146,18 @@ bool Review_Figures::Is_Empty_Scenario() const {
 
 void Read_Statement(const Connection& cn, int period, std::string_view column, Statement_Figures& figures) {
     figures = {};
-    Statement rows =
-        cn.Prepare("SELECT 建設科目CD, 並び順, [" + std::string(column) + "] FROM Ks_Zaihyo WHERE 決算期=?");
+    Statement rows = cn.Prepare("SELECT 建設科目CD, 並び順, [" + std::string(column) +
+                                "], 建設科目名 FROM Ks_Zaihyo WHERE 決算期=?");
     rows.Bind(1, period);
     while (rows.Step()) {
         figures.has_rows = true;
         const std::int64_t code = rows.Integer_At(0);
         if (code >= 0 && code < static_cast<std::int64_t>(Statement_Figures::code_end)) {
-            figures.amount[static_cast<std::size_t>(code)] = rows.Double_At(2);
+            const double amount = rows.Double_At(2);
+            figures.amount[static_cast<std::size_t>(code)] = amount;
+            if (!Has_32_Bits(amount / 1000.0)) {
+                figures.beyond_32_bits[static_cast<int>(code)] = rows.Text_At(3);
+            }
         }
         if (code == 99) {
             figures.form = static_cast<int>(rows.Is_Null(1) ? 2 : rows.Integer_At(1));
@@ -176,8 +211,13 @@ void Read_Works(const Connection& cn, int period, const Scenario& scenario, Revi
         for (std::size_t i = 0; i < work_columns.size(); ++i) {
             const int column = static_cast<int>(i) + 1;
             if (!rows.Is_Null(column)) {
-                work_columns[i].place(line) = {
-                    Round_Half_Even<std::int32_t>(rows.Double_At(column), "工種別の入力値"), true, false};
+                const double value = rows.Double_At(column);
+                if (!Has_32_Bits(value)) {
+                    Throw_Overflow("工種" + std::to_string(code) + "の" + std::string(work_columns[i].name) +
+                                   "（" + Number_Text(value) + "）");
+                }
+                work_columns[i].place(line) = {Round_Half_Even<std::int32_t>(value, "工種別の入力値"), true,
+                                               false};
             }
         }
     }

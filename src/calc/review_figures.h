@@ -7,6 +7,7 @@
 
 #include <array>
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <string>
 
@@ -72,8 +73,9 @@ struct Element {
 struct Statement_Figures {
     static constexpr std::size_t code_end = 1000;
     std::array<double, code_end> amount{};
-    int form = 0;          ///< data form of the marker row 99, 0 without one
-    bool has_rows = false; ///< the period has rows
+    int form = 0;                              ///< data form of the marker row 99, 0 without one
+    bool has_rows = false;                     ///< the period has rows
+    std::map<int, std::string> beyond_32_bits; ///< the names of accounts that have no place in 32 bits
 
     /// The amount of an account in thousand yen, cut toward zero. Raises Run_Time_Error beyond 32 bits.
     [[nodiscard]] std::int32_t Get_Y_Kamoku(int code) const;

@@ -27,18 +27,15 @@ std::string Probed_Host(const Install_Info& info) {
 } // namespace
 
 std::string Kaisetu_Address(const std::string& host, const std::string& key) {
-    std::string address = host.find("://") == std::string::npos ? "https://" + host : host;
-    while (address.ends_with('/')) {
-        address.pop_back();
-    }
-    return address + "/kaisei08/morv_kaisetu.php?" + key;
+    return Page_Address(host, "/kaisei08/morv_kaisetu.php") + "?" + key;
 }
 
 std::optional<Kaisetu_Page> Ask_Kaisetu(const Session& session, const std::string& key) {
     const Install_Info info = Read_Install_Info(session.App_Path);
     if (info.network.help_host.empty()) {
         Tell(session, box_title,
-             "解説ページのホストが設定されていません。\n［通信設定］の「解説ページのホスト」で設定してくださ"
+             "解説ページのホストが設定されていません。\n［事務所・通信設定］の「解説ページのホスト」で設定し"
+             "てくださ"
              "い。");
         return std::nullopt;
     }

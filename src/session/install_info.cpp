@@ -1,7 +1,9 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "session/install_info.h"
 
+#include "data/decimal.h"
 #include "data/json_text.h"
+#include "data/shown_text.h"
 #include "data/store_error.h"
 #include "data/store_file.h"
 
@@ -9,7 +11,6 @@
 #include <cmath>
 #include <limits>
 #include <nlohmann/json.hpp>
-#include <stdexcept>
 
 namespace morvane {
 
@@ -24,14 +25,22 @@ Int Whole_Number(const Json& record, const char* key, Int if_absent) {
         return if_absent;
     }
     if (!found->is_number()) {
-        throw std::invalid_argument("項目「" + std::string(key) + "」が数値ではありません");
+        throw Json_Fault(key, "数値ではありません（" + Shown_Json(*found) + "）");
     }
     const auto number = found->get<double>();
     if (number != std::floor(number) || number < std::numeric_limits<Int>::min() ||
         number > std::numeric_limits<Int>::max()) {
-        throw std::out_of_range("項目「" + std::string(key) + "」の数値が範囲外です");
+        throw Json_Fault(key, "数値が範囲外です（" + Shown_Json(*found) + "）");
     }
     return static_cast<Int>(number);
+}
+
+// A text of the settings goes into one line, wherever it goes.
+std::string Tested_Text(const char* key, std::string text) {
+    if (std::any_of(text.begin(), text.end(), [](char c) { return (c >= 0 && c < ' ') || c == 0x7F; })) {
+        throw Json_Fault(key, "使えない文字（制御文字）があります（" + Shown_Text(text) + "）");
+    }
+    return text;
 }
 
 std::string Text(const Json& record, const char* key) {
@@ -40,9 +49,9 @@ std::string Text(const Json& record, const char* key) {
         return {};
     }
     if (!found->is_string()) {
-        throw std::invalid_argument("項目「" + std::string(key) + "」が文字列ではありません");
+        throw Json_Fault(key, "文字列ではありません（" + Shown_Json(*found) + "）");
     }
-    return found->get<std::string>();
+    return Tested_Text(key, found->get<std::string>());
 }
 
 constexpr const char* network_key = "通信設定";
@@ -65,6 +74,10 @@ std::string Plain_Text(const Json& value) {
     return value.is_string() ? value.get<std::string>() : value.dump();
 }
 
+bool Is_Plain(const Json& value) {
+    return value.is_string() || value.is_number() || value.is_boolean();
+}
+
 Network_Settings Network_From_Json(const Json& record) {
     std::map<std::string, std::string> texts;
     for (const Network_Field& field : Network_Fields()) {
@@ -72,11 +85,15 @@ Network_Settings Network_From_Json(const Json& record) {
         if (found == record.end() || found->is_null()) {
             continue;
         }
-        std::string text = Plain_Text(*found);
+        if (!Is_Plain(*found)) {
+            throw Json_Fault(field.key, "文字列ではありません（" + Shown_Json(*found) + "）");
+        }
+        std::string text = Tested_Text(field.key, Plain_Text(*found));
         if (field.security != nullptr) {
             const auto* name = std::find(std::begin(security_names), std::end(security_names), text);
             if (name == std::end(security_names)) {
-                throw std::invalid_argument(std::string(field.key) + " は なし、STARTTLS、TLS のどれかです");
+                throw Json_Fault(field.key, "なし、STARTTLS、TLS のどれかを指定してください（" +
+                                                Shown_Text(text) + "）");
             }
             text = std::to_string(name - std::begin(security_names));
         } else if (field.number != nullptr) {
@@ -97,9 +114,9 @@ void Network_To_Json(const Network_Settings& settings, Json& record) {
             continue;
         }
         if (field.security != nullptr) {
-            record[field.key] = security_names[std::stoul(text)];
+            record[field.key] = security_names[Decimal(text).value_or(0)];
         } else if (field.number != nullptr) {
-            record[field.key] = std::stoi(text);
+            record[field.key] = Decimal(text).value_or(0);
         } else {
             record[field.key] = text;
         }
@@ -121,23 +138,31 @@ Install_Info From_Json(const Json& record) {
         info.network = Network_From_Json(*network);
     }
     for (const auto& [key, value] : record.items()) {
-        if (!Is_Own_Key(key) && !value.is_null()) {
+        if (!Is_Own_Key(key) && Is_Plain(value)) {
             info.optional_columns[key] = Plain_Text(value);
         }
     }
     return info;
 }
 
+[[noreturn]] void Throw_Bad_Content(const std::filesystem::path& file, const Json_Fault& fault) {
+    throw Store_Error(file, Store_Error::Reason::Bad_Content,
+                      fault.path.empty() ? fault.what() : Shown_Text(fault.path) + "：" + fault.what());
+}
+
 Json Read_Record(const std::filesystem::path& file) {
     const std::string text = Read_Text_File(file);
     try {
         Json record = Ordered_Json_Of(text);
-        if (!record.is_object() || (record.contains(network_key) && !record[network_key].is_object())) {
-            throw std::invalid_argument("設定の形ではありません");
+        if (!record.is_object()) {
+            throw Json_Fault("", "設定の形ではありません");
+        }
+        if (const auto network = record.find(network_key); network != record.end() && !network->is_object()) {
+            throw Json_Fault(network_key, "オブジェクトではありません（" + Shown_Json(*network) + "）");
         }
         return record;
-    } catch (const std::exception& error) {
-        throw Store_Error(file, Store_Error::Reason::Bad_Content, error.what());
+    } catch (const Json_Fault& fault) {
+        Throw_Bad_Content(file, fault);
     }
 }
 
@@ -148,8 +173,8 @@ Install_Info Read_Install_Info(const std::filesystem::path& app_path) {
     const Json record = Read_Record(file);
     try {
         return From_Json(record);
-    } catch (const std::exception& error) {
-        throw Store_Error(file, Store_Error::Reason::Bad_Content, error.what());
+    } catch (const Json_Fault& fault) {
+        Throw_Bad_Content(file, fault);
     }
 }
 

@@ -1,9 +1,10 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "session/network_settings.h"
 
+#include "data/decimal.h"
+
 #include <algorithm>
 #include <array>
-#include <charconv>
 
 namespace morvane {
 
@@ -29,7 +30,7 @@ constexpr Network_Field fields[] = {
     {"Imap_User", "受信ユーザー", Text, [](S& s) -> std::string& { return s.imap.user; }},
     {"Imap_Password", "受信パスワード", Password, [](S& s) -> std::string& { return s.imap.password; }},
     {"Help_Host", "解説ページのホスト", Host_Or_Web, [](S& s) -> std::string& { return s.help_host; }},
-    {"User_Page", "利用者ページ", Web, [](S& s) -> std::string& { return s.user_page; }},
+    {"User_Page", "利用者ページ", Host_Or_Web, [](S& s) -> std::string& { return s.user_page; }},
     {"Rating_Page", "格付情報ページ", Web, [](S& s) -> std::string& { return s.rating_page; }},
     {"Rating_Source", "格付データの取得元", Web, [](S& s) -> std::string& { return s.rating_source; }},
 };
@@ -59,9 +60,8 @@ bool Is_Host(std::string_view host) {
 }
 
 bool Is_Port(std::string_view text) {
-    int port = 0;
-    const auto read = std::from_chars(text.data(), text.data() + text.size(), port);
-    return read.ec == std::errc() && read.ptr == text.data() + text.size() && port >= 1 && port <= 65535;
+    const auto port = Decimal(text);
+    return port && *port >= 1 && *port <= 65535;
 }
 
 bool Is_Host_And_Port(std::string_view text) {
@@ -186,8 +186,7 @@ Network_Settings Network_Of_Texts(const std::map<std::string, std::string>& text
         if (text.empty()) {
             continue;
         }
-        int number = 0;
-        std::from_chars(text.data(), text.data() + text.size(), number);
+        const int number = static_cast<int>(Decimal(text).value_or(0));
         if (field.number != nullptr) {
             field.number(settings) = number;
         } else {
@@ -195,6 +194,27 @@ Network_Settings Network_Of_Texts(const std::map<std::string, std::string>& text
         }
     }
     return settings;
+}
+
+std::string Page_Address(std::string base, std::string_view path) {
+    if (base.empty()) {
+        return {};
+    }
+    if (base.find("://") == std::string::npos) {
+        base.insert(0, "https://");
+    }
+    base.erase(std::min(base.find_first_of("?#"), base.size()));
+    const auto drop_slashes = [&base] {
+        while (base.ends_with('/')) {
+            base.pop_back();
+        }
+    };
+    drop_slashes();
+    if (base.ends_with(path)) {
+        base.erase(base.size() - path.size());
+        drop_slashes();
+    }
+    return base + std::string(path);
 }
 
 std::optional<Network_Fault> Test_Network_Settings(const std::map<std::string, std::string>& texts) {

@@ -5,6 +5,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 
 namespace morvane {
 
@@ -28,7 +29,7 @@ struct Network_Settings {
     std::string sender_name;
     std::string support_mailbox; ///< where data goes that is sent to the support
     std::string help_host;       ///< host[:port] or web address of the explanatory pages
-    std::string user_page;       ///< web address under which the users' pages stand
+    std::string user_page;       ///< host[:port] or web address of the users' pages
     std::string rating_page;     ///< web address of the page about ratings
     std::string rating_source;   ///< web address that rating data is loaded from
 };
@@ -59,6 +60,10 @@ std::map<std::string, std::string> Network_Texts(Network_Settings settings);
 /// The settings that tested texts stand for; what is absent, and a port or security left blank, keeps its
 /// default.
 Network_Settings Network_Of_Texts(const std::map<std::string, std::string>& texts);
+
+/// The web address of a page (its path begins with "/") on a host[:port] or below a web address; also where
+/// that is the page's own address already. Empty where none is configured.
+std::string Page_Address(std::string base, std::string_view path);
 
 /// An entry that cannot be used: its control and why, in Japanese.
 struct Network_Fault {

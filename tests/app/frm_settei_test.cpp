@@ -52,6 +52,38 @@ TEST_F(Frm_Settei_Test, What_is_entered_is_saved) {
     EXPECT_EQ(info.tiiki_cd, session.Tiiki_CD);
 }
 
+TEST_F(Frm_Settei_Test, The_office_is_entered_here) {
+    session.Kanri_Flg = multi_company_mode;
+    Type_Into(form, "Office_Name", "見本事務所");
+    Type_Into(form, "User_ID", "U-1");
+    Click(form, "Cmd_Excute");
+    EXPECT_FALSE(form.isVisible());
+    const Install_Info info = Read_Install_Info(folder.path);
+    EXPECT_EQ(info.office_name, "見本事務所");
+    EXPECT_EQ(info.user_id, "U-1");
+    EXPECT_EQ(session.Office_Name, "見本事務所") << "the next report bears it";
+}
+
+TEST_F(Frm_Settei_Test, A_change_of_use_asks_and_ends_the_program) {
+    bool ended = false;
+    form.end_program = [&ended] { ended = true; };
+    const bool to_multi = !session.Is_Multi();
+    Type_Into(form, "Office_Mode", to_multi ? "2" : "1");
+    session.Edit_Flg = true;
+    Click(form, "Cmd_Excute");
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(messages.shown[0].title, "使い方変更エラー");
+    session.Edit_Flg = false;
+    Click(form, "Cmd_Excute");
+    EXPECT_EQ(messages.shown.back().title, "使い方変更確認");
+    EXPECT_TRUE(form.isVisible() && !ended) << "No by default";
+    messages.answers = {Answer::Yes};
+    Click(form, "Cmd_Excute");
+    EXPECT_EQ(messages.shown.back().title, "使い方変更完了");
+    EXPECT_TRUE(!form.isVisible() && ended);
+    EXPECT_EQ(Read_Install_Info(folder.path).kanri_flg == multi_company_mode, to_multi);
+}
+
 TEST_F(Frm_Settei_Test, Edits_are_not_dropped_unasked) {
     Type_Into(form, "User_Page", "https://example.jp");
     Click(form, "Cmd_Cancel");

@@ -75,8 +75,8 @@ TEST(Network_Fault_Test, Entries_That_Cannot_Be_Used_Are_Named) {
         {"Net_Check_Host", {"a.jp:0", "https://a.jp", ":80"}, {"a.jp", "a.jp:80"}},
         {"Help_Host", {"ftp://a.jp", "a.jp/x"}, {"a.jp", "http://a.jp:8080/x"}},
         {"User_Page",
-         {"a.jp", "https://", "https://a.jp/x y", "file:///etc", "https://a.jp\"x"},
-         {"https://a.jp", "http://a.jp/頁?x=1#y"}},
+         {"https://", "https://a.jp/x y", "file:///etc", "https://a.jp\"x"},
+         {"a.jp", "https://a.jp", "http://a.jp/頁?x=1#y"}},
     };
     for (const auto& c : cases) {
         auto texts = whole;
@@ -90,6 +90,45 @@ TEST(Network_Fault_Test, Entries_That_Cannot_Be_Used_Are_Named) {
             texts[c.control] = text;
             const auto fault = Test_Network_Settings(texts);
             EXPECT_FALSE(fault.has_value()) << fault->text;
+        }
+    }
+}
+
+TEST(Network_Fault_Test, A_Page_Is_Found_From_Whatever_Was_Entered) {
+    for (const char* base : {"a.jp", "https://a.jp", "https://a.jp/", "https://a.jp/P/page.php",
+                             "https://a.jp/P/page.php/", "https://a.jp/P/page.php?x=1#y"}) {
+        EXPECT_EQ(Page_Address(base, "/P/page.php"), "https://a.jp/P/page.php") << base;
+    }
+    EXPECT_EQ(Page_Address("http://a.jp:8080/x/", "/P/page.php"), "http://a.jp:8080/x/P/page.php");
+    EXPECT_EQ(Page_Address("", "/P/page.php"), "");
+}
+
+TEST_F(Network_Settings_Test, A_Refusal_Of_The_File_Names_The_Field) {
+    const struct {
+        std::string text;
+        const char* reason;
+    } cases[] = {
+        {R"({"管理者識別": "x"})", "管理者識別：数値ではありません（\"x\"）"},
+        {R"({"管理者識別": 256})", "管理者識別：数値が範囲外です（256）"},
+        {R"({"管理No": 1e400})", "管理No：数値が大きすぎます"},
+        {R"({"管理No": 1, "管理No": 2})", "管理No：同じ名前が2回"},
+        {R"({"UserID": [1]})", "UserID：文字列ではありません（配列）"},
+        {R"({"事業所名": "a\u0000b"})", "事業所名：使えない文字（制御文字）があります（a\\x00b）"},
+        {R"({"通信設定": {"送信ポート": "x"}})", "送信ポート：数値ではありません"},
+        {R"({"通信設定": {"送信の暗号化": "\u001b"}})",
+         "送信の暗号化：なし、STARTTLS、TLS のどれかを指定してください（\\x1B）"},
+        {R"({"通信設定": 5})", "通信設定：オブジェクトではありません（5）"},
+        {"[]", "設定の形ではありません"},
+        {"{\n\"UserID\": NaN}", "2行12文字目"},
+        {std::string(1'000'000, '['), "64段"},
+    };
+    for (const auto& c : cases) {
+        Write_Text_File(folder.path / install_info_file, c.text);
+        try {
+            static_cast<void>(Read_Install_Info(folder.path));
+            ADD_FAILURE() << "taken: " << c.reason;
+        } catch (const Store_Error& error) {
+            EXPECT_NE(std::string(error.what()).find(c.reason), std::string::npos) << error.what();
         }
     }
 }

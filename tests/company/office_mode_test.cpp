@@ -1,0 +1,116 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "company/office_mode.h"
+
+#include "company/datacheck.h"
+#include "company/register.h"
+#include "data/store_file.h"
+#include "session/kidou_ini.h"
+#include "support/failing_writes.h"
+#include "support/installation_fixture.h"
+
+namespace morvane::tests {
+namespace {
+
+namespace fs = std::filesystem;
+
+class Own_Use_Test : public Installation {
+  protected:
+    Own_Use_Test() : Installation("13", false) { fs::remove(folder.path / "Jgmas.dat"); }
+
+    [[nodiscard]] bool Is_Office() const {
+        return Read_Install_Info(folder.path).kanri_flg == multi_company_mode;
+    }
+};
+
+// Whatever write fails, nothing has changed and the change can be done again.
+TEST_F(Own_Use_Test, The_Firm_Becomes_A_Company_Of_The_Office) {
+    Make_Company(7, 1, 3);
+    Put_Amounts({{100, 5000}});
+    ASSERT_EQ(Mode_Refusal(session, true), "");
+    const std::string before = Dump(session.Work_Store);
+    int failures = 0;
+    for (bool done = false; !done; ++failures) {
+        try {
+            const Failing_Writes full_disk(failures + 1);
+            Change_Mode(session, true);
+            done = true;
+        } catch (const Store_Error&) {
+            EXPECT_FALSE(Is_Office()) << failures;
+        }
+        EXPECT_EQ(Dump(session.Work_Store), before) << failures;
+        EXPECT_EQ(Mode_Refusal(session, true), "") << failures;
+        ASSERT_LT(failures, 200);
+    }
+    EXPECT_GT(failures, 3);
+    EXPECT_TRUE(Is_Office());
+    EXPECT_EQ(Dump(Company_Store(session, 7)), before);
+    ASSERT_EQ(Read_Register(session).size(), 1U);
+    EXPECT_EQ(Read_Register(session)[0].number, 7);
+    EXPECT_TRUE(Read_Kidou_Ini(folder.path).Is_Clean());
+}
+
+TEST_F(Own_Use_Test, A_Firm_Without_Number_Gets_One_And_An_Unused_Folder_No_Company) {
+    Change_Mode(session, true);
+    EXPECT_TRUE(Is_Office());
+    EXPECT_TRUE(Read_Register(session).empty());
+    Make_Company(0, 1, 3);
+    Change_Mode(session, true);
+    ASSERT_EQ(Read_Register(session).size(), 1U);
+    EXPECT_EQ(Read_Register(session)[0].number, 1);
+    EXPECT_EQ(Connection(Company_Store(session, 1), session.Db_Key)
+                  .Open("SELECT * FROM Jigyo_mas")["管理No"]
+                  .As_Integer(),
+              1);
+}
+
+TEST_F(Own_Use_Test, What_Would_Lose_Data_Is_Refused) {
+    Make_Company(7, 1, 3);
+    session.Edit_Flg = true;
+    EXPECT_NE(Mode_Refusal(session, true), "");
+    session.Edit_Flg = false;
+    EXPECT_EQ(Mode_Refusal(session, true), "");
+    fs::create_directories(folder.path / "data");
+    Copy_Store(session.Work_Store, Company_Store(session, 7), session.Db_Key);
+    EXPECT_EQ(Mode_Refusal(session, true), "") << "its own file";
+    Connection(Company_Store(session, 7), session.Db_Key).Execute("UPDATE Jigyo_mas SET 事業所名='別の組'");
+    EXPECT_NE(Mode_Refusal(session, true).find("000007.dat"), std::string::npos);
+    fs::remove(Company_Store(session, 7));
+    Put_Amounts({{100, 5000}});
+    Connection(session.Work_Store, session.Db_Key).Execute("UPDATE Jigyo_mas SET 事業所名=Null");
+    EXPECT_NE(Mode_Refusal(session, true).find("自社情報"), std::string::npos);
+}
+
+class Office_Test : public Installation {};
+
+TEST_F(Office_Test, Own_Use_Needs_An_Empty_Register) {
+    Put_Register_Row(session, {5, "見本組", "ﾐ"});
+    EXPECT_NE(Mode_Refusal(session, false).find("1件"), std::string::npos);
+    Remove_Register_Row(session, 5);
+    Make_Company(5, 1, 3);
+    EXPECT_NE(Mode_Refusal(session, false), "") << "in hand";
+    session.Kanri_No = 0;
+    EXPECT_EQ(Mode_Refusal(session, false), "");
+    Change_Mode(session, false);
+    EXPECT_NE(Read_Install_Info(folder.path).kanri_flg, multi_company_mode);
+    EXPECT_TRUE(Cn_Open(session).Open("SELECT * FROM Jigyo_mas").Eof()) << "no deleted company comes back";
+}
+
+TEST(Office_Texts_Test, Entries_Are_Tested) {
+    const std::map<std::string, std::string> whole = {
+        {"Office_Name", "見本事務所"}, {"User_ID", "U1"}, {"Office_Mode", "2"}};
+    EXPECT_FALSE(Test_Office(whole).has_value());
+    for (const auto& [control, text] : {std::pair("Office_Name", std::string(61, 'a')),
+                                        {"Office_Name", "a\nb"},
+                                        {"User_ID", std::string(31, 'a')},
+                                        {"Office_Mode", ""},
+                                        {"Office_Mode", "3"}}) {
+        auto texts = whole;
+        texts[control] = text;
+        const auto fault = Test_Office(texts);
+        ASSERT_TRUE(fault.has_value()) << control;
+        EXPECT_EQ(fault->control, control);
+    }
+}
+
+} // namespace
+} // namespace morvane::tests
