@@ -2,6 +2,7 @@
 #include "app/frm_command.h"
 
 #include "app/form_table.h"
+#include "screens/settled_score.h"
 #include "session/save_or_stay.h"
 #include "widgets/elided_label.h"
 #include "widgets/theme.h"
@@ -361,6 +362,7 @@ bool Frm_Command::Close_Panel() {
     if (open_panel->statements && !Store_Sums()) {
         return false;
     }
+    Settle_Scores();
     Fold_Panel();
     Update_Captions();
     Update_Enabled();
@@ -449,6 +451,7 @@ void Frm_Command::Screens_Closed() {
     Menu_Button* opener = Last_Button;
     Fit_Column();
     Highlight(nullptr);
+    Settle_Scores();
     shell.session.Edit_Flg = false;
     Update_Enabled();
     // Whoever works through the menu goes on at the next button.
@@ -456,6 +459,14 @@ void Frm_Command::Screens_Closed() {
         opener->setFocus(Qt::TabFocusReason);
     } else if (QWidget* focus = window()->focusWidget(); focus == nullptr || !isAncestorOf(focus)) {
         Focus_First();
+    }
+}
+
+// Statement, closing date, law year and firm type enter the scores; the screens that change them know nothing
+// of the scores stored.
+void Frm_Command::Settle_Scores() {
+    if (!shell.session.Is_Multi() || shell.session.Kanri_No != 0) {
+        shell.Guard([this] { Settle_Again(shell.session); });
     }
 }
 

@@ -84,6 +84,7 @@ class Frm_Command : public QWidget {
     void Open_Screen(Menu_Button& button);
     void Highlight(Menu_Button* button);
     void Screens_Closed();
+    void Settle_Scores();
     void Update_Captions();
     void Update_Enabled();
 

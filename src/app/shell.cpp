@@ -30,7 +30,7 @@ Shell::~Shell() = default;
 Shell::Start Shell::Sub_Main() {
     Start start;
     Guard([this, &start] {
-        Make_Installation();
+        // The lock first: a second start must not fill a folder that the first one is filling.
         if (auto taken = Instance_Lock::Take(own_session.App_Path)) {
             lock.emplace(std::move(*taken));
         } else {
@@ -39,6 +39,7 @@ Shell::Start Shell::Sub_Main() {
             start.status = 1;
             return;
         }
+        Make_Installation();
         own_session = Make_Session(own_session.App_Path, messages);
         qApp->installEventFilter(this);
         if (!Has_Edition(Read_Install_Info(own_session.App_Path)) && !Choose_An_Edition()) {

@@ -7,11 +7,15 @@
 #include "company/datacheck.h"
 #include "company/law_change.h"
 #include "company/pending_work.h"
+#include "company/register.h"
 #include "data/shown_text.h"
 #include "data/store_file.h"
+#include "screens/settled_score.h"
+#include "session/run_time_error.h"
 #include "zaimu/z_zzen_get.h"
 #include "zaimu/zaimu_calc.h"
 
+#include <array>
 #include <atomic>
 #include <optional>
 #include <set>
@@ -41,6 +45,23 @@ class Scratch_Store {
     fs::path path;
 };
 
+/// The lines of tangible assets that show cost less accumulated depreciation: cost, depreciation and book
+/// value follow each other. The statement screen forms them while it is keyed; a case brings the other two.
+void Form_Book_Values(const Connection& cn, int period) {
+    constexpr std::array costs = {130, 133, 136, 140, 144};
+    Recordset rows =
+        cn.Open("SELECT * FROM Ks_Zaihyo WHERE 決算期=" + std::to_string(period) + " ORDER BY 建設科目CD;");
+    for (const int code : costs) {
+        const auto amount = [&](int of) { return rows.Find("建設科目CD", of) ? rows["金額"] : Value(); };
+        const Value cost = amount(code);
+        const Value depreciation = amount(code + 1);
+        if ((!cost.Is_Null() || !depreciation.Is_Null()) && rows.Find("建設科目CD", code + 2)) {
+            rows.Set("金額", cost.As_Double() - depreciation.As_Double());
+            rows.Update();
+        }
+    }
+}
+
 /// Builds a company's store from its case.
 class Case_Builder {
   public:
@@ -57,7 +78,11 @@ class Case_Builder {
         Fill_Prior_Figures();
         Form_Improved_Balances();
         Put_Company();
+        Settle_Scores();
     }
+
+    /// Why scores could not be computed, one text for each period and scenario.
+    std::vector<std::string> unsettled;
 
   private:
     // All periods are made before any figure stands in them, so that none takes one over: absent is Null.
@@ -82,6 +107,7 @@ class Case_Builder {
             Transaction transaction(cn);
             for (const Case_Period& period : source.periods) {
                 source.Put_Table(cn, period, Case_Table::Ks_Zaihyo);
+                Form_Book_Values(cn, period.number);
                 source.Put_Table(cn, period, Case_Table::Kandaka_Gj);
                 source.Put_Table(cn, period, Case_Table::W_Yoso);
                 source.Put_Table(cn, period, Case_Table::QandA);
@@ -139,6 +165,27 @@ class Case_Builder {
         }
         firm.Update();
         transaction.Commit();
+    }
+
+    // What cannot be computed is kept as it was given, to be mended on the screens.
+    void Settle_Scores() {
+        const auto in_hand = static_cast<int>(source.firm.at("処理決算期").As_Integer());
+        const Connection cn = Cn_Open(session);
+        for (const Case_Period& period : source.periods) {
+            for (const Scenario& scenario : scenarios) {
+                try {
+                    Transaction transaction(cn);
+                    Settle_Filled(cn,
+                                  {period.number, session.Is_Hokkaido(), session.Is_Corporation(),
+                                   period.number - in_hand},
+                                  scenario);
+                    transaction.Commit();
+                } catch (const Run_Time_Error& error) {
+                    unsettled.push_back("第" + std::to_string(period.number) + "期（" +
+                                        std::string(scenario.name) + "）：" + error.what());
+                }
+            }
+        }
     }
 
     template <class Action>
@@ -201,10 +248,12 @@ Imported Import_Case(const Session& session, const fs::path& file) {
         Test_Number(session, file, number);
     }
     const Scratch_Store scratch(session.Is_Multi() ? session.App_Path / "data" : session.App_Path);
-    Case_Builder(session, record, scratch.path).Build();
+    Case_Builder builder(session, record, scratch.path);
+    builder.Build();
 
     const fs::path target = session.Is_Multi() ? Company_Store(session, number) : session.Work_Store;
-    Imported imported{number, Text_Of(record, "事業所名"), session.Is_Multi() && Is_There(target)};
+    Imported imported{number, Text_Of(record, "事業所名"), session.Is_Multi() && Is_There(target),
+                      std::move(builder.unsettled)};
     Keep_Backup(target, session.Db_Key);
     File_Replacement replacement = File_Replacement::With_Store(scratch.path, target, session.Db_Key);
     if (session.Is_Multi()) {

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <nlohmann/json.hpp>
 #include <string>
+#include <vector>
 
 namespace morvane {
 
@@ -21,15 +22,17 @@ class Case_Error : public std::runtime_error {
 struct Imported {
     std::int32_t number = 0;
     std::string name;
-    bool replaced = false; ///< the company was there before
+    bool replaced = false;              ///< the company was there before
+    std::vector<std::string> unsettled; ///< why scores could not be computed: the figures stand without them
 };
 
 /// The edition (地域CD) that a case file names. Raises Case_Error, Store_Error.
 std::string Edition_Of_Case(const std::filesystem::path& file);
 
 /// Brings the company of a case file into the installation, new or in the place of the one with its number:
-/// blank company, periods, law years, figures, class totals, prior-period figures. A store that is replaced
-/// is kept beside it with the ending .bak (a second time on one day .bak2). Raises Case_Error, Store_Error.
+/// blank company, periods, law years, figures, class totals, prior-period figures, and the scores of every
+/// scenario that the case fills. A store that is replaced is kept beside it with the ending .bak (a second
+/// time on one day .bak2). Raises Case_Error, Store_Error.
 Imported Import_Case(const Session& session, const std::filesystem::path& file);
 
 /// A company as a case file; importing it gives the same company. Raises Store_Error.

@@ -10,7 +10,6 @@
 #include "data/table_catalogue.h"
 #include "session/kidou_ini.h"
 #include "session/kyotu_mod.h"
-#include "session/run_time_error.h"
 
 #include <algorithm>
 #include <ostream>
@@ -78,12 +77,9 @@ std::vector<std::string> Date_Findings(const Connection& cn) {
     if (cn.Open("SELECT * FROM W_Yoso WHERE 要素CD=210 And 現状>1").Eof()) {
         return {};
     }
-    try {
-        static_cast<void>(Read_Review_Date(cn));
-        return {};
-    } catch (const Run_Time_Error& error) {
-        return {error.what()};
-    }
+    Review_Figures figures;
+    Read_Review_Date(cn, figures);
+    return figures.date_error.empty() ? std::vector<std::string>() : std::vector{figures.date_error};
 }
 
 /// Whether a store is that of its company: number, edition, name in the register.

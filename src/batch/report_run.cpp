@@ -43,8 +43,13 @@ struct Printed {
 Printed Pdf_Of(const Session& session, const Report_Options& options, const Company& company) {
     const Connection cn = Open_Company(session, company);
     Settled_Score score = Score_Company(cn, session.Is_Hokkaido(), options.period, *options.scenario);
-    const char* name =
-        options.report.empty() ? Law_Of(score.figures.law_year).result_report : options.report.c_str();
+    const Law_Year& law = Law_Of(score.figures.law_year);
+    const std::string name = law.result_report;
+    if (!options.report.empty() && options.report != name) {
+        throw Score_Refusal("第" + std::to_string(score.period) + "期は「" + law.name + "」のため、帳票「" +
+                            options.report + "」では出力できません。--report を省略するか、" + name +
+                            " を指定してください。");
+    }
     const Kekka_Figures kekka = Kekka_Read(cn, std::move(score), Heading_Of(session));
     Print_State print_state;
     print_state.Prt_Doing = true;

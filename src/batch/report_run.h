@@ -16,7 +16,7 @@ struct Report_Options {
     std::vector<Company> companies;
     std::optional<int> period;
     const Scenario* scenario = &scenario_genjo;
-    std::string report;           ///< name of a report; empty: the result report of the law year
+    std::string report;           ///< name of a report; empty: that of the law year, which alone is printed
     std::filesystem::path output; ///< a PDF file, for one company, else a folder
     unsigned jobs = 0;
     bool progress = false;

@@ -7,7 +7,6 @@
 #include "session/kyotu_mod.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cmath>
 
 namespace morvane {
@@ -134,14 +133,24 @@ void Review_Figures::Put_Yoso(int code, double value) {
     }
 }
 
-bool Review_Figures::Is_Empty_Scenario() const {
-    const bool no_element =
-        std::none_of(elements.begin(), elements.end(), [](const Element& e) { return e.up; });
-    return no_element && std::all_of(works.begin(), works.end(), [](const Work_Line& line) {
-               Work_Line copy = line;
-               return std::none_of(work_columns.begin(), work_columns.end(),
-                                   [&copy](const Work_Column& column) { return column.place(copy).up; });
-           });
+bool Review_Figures::Is_Started(const Scenario& scenario) const {
+    if (scenario.number == scenario_genjo.number) {
+        return true;
+    }
+    return std::any_of(works.begin(), works.end(), [&scenario](Work_Line line) {
+        if (scenario.number != scenario_kaizen.number) {
+            return line.P.up;
+        }
+        return std::any_of(work_columns.begin(), work_columns.begin() + copied_columns,
+                           [&line](const Work_Column& column) { return column.place(line).up; });
+    });
+}
+
+const std::optional<Review_Date>& Review_Figures::Date_For_W() const {
+    if (!date_error.empty()) {
+        throw Run_Time_Error(Run_Time_Error::Kind::Type_Mismatch, date_error);
+    }
+    return review_date;
 }
 
 void Read_Statement(const Connection& cn, int period, std::string_view column, Statement_Figures& figures) {
@@ -267,6 +276,20 @@ void Write_Works(const Connection& cn, int period, const Scenario& scenario, Rev
     }
 }
 
+void Forget_Unchanged(const Review_Figures& stored, Review_Figures& figures) {
+    for (std::size_t code = 0; code < figures.elements.size(); ++code) {
+        Element& element = figures.elements[code];
+        element.dirty = element.dirty && !(element == stored.elements[code]);
+    }
+    for (std::size_t code = 0; code < work_line_count; ++code) {
+        Work_Line before = stored.works[code];
+        for (const Work_Column& column : work_columns) {
+            Figure& figure = column.place(figures.works[code]);
+            figure.dirty = figure.dirty && !(figure == column.place(before));
+        }
+    }
+}
+
 void Post_Current(const Review_Figures& current, Review_Figures& scenario) {
     for (std::size_t code = 0; code < scored_lines; ++code) {
         Work_Line from = current.works[code];
@@ -279,20 +302,6 @@ void Post_Current(const Review_Figures& current, Review_Figures& scenario) {
         const Element& element = current.elements[code];
         scenario.elements[code] = {element.value, element.up, element.row, element.row};
     }
-}
-
-Review_Date Checked_Date(const Value& year, const Value& month, const Value& day, int year_shift) {
-    const std::chrono::year_month_day date(
-        std::chrono::year(static_cast<int>(year.As_Integer()) + year_shift),
-        std::chrono::month(static_cast<unsigned>(month.As_Integer())),
-        std::chrono::day(static_cast<unsigned>(day.As_Integer())));
-    if (year.Is_Null() || month.Is_Null() || day.Is_Null() || !date.ok()) {
-        throw Run_Time_Error(Run_Time_Error::Kind::Type_Mismatch,
-                             "決算期終了日「" + year.As_Text() + "/" + month.As_Text() + "/" + day.As_Text() +
-                                 "」が日付ではないため、社会性等の評点（Ｗ）を計算できません。");
-    }
-    return {static_cast<int>(date.year()), static_cast<int>(static_cast<unsigned>(date.month())),
-            static_cast<int>(static_cast<unsigned>(date.day()))};
 }
 
 } // namespace morvane

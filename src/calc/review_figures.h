@@ -88,6 +88,7 @@ struct Review_Figures {
     std::array<Work_Line, work_line_count> works{};
     int law_year = 1;                       ///< element 210 of the current figures; without one 1
     std::optional<Review_Date> review_date; ///< last day of the period; empty where Jigyo_mas has no row
+    std::string date_error;                 ///< why Jigyo_mas has no such day; empty where it has
     bool corporation = true;
     bool hokkaido = false;
 
@@ -98,8 +99,13 @@ struct Review_Figures {
     /// Assigns element `code` where the period has its row.
     void Put_Yoso(int code, double value);
 
-    /// Whether no column of works or elements holds a figure: the scenario was never started.
-    [[nodiscard]] bool Is_Empty_Scenario() const;
+    /// Whether these figures of a scenario are its own. The working scenario is started by the first figure
+    /// in one of the columns that its first visit posts, on any line; a saved one by the first 総合評点P. The
+    /// current figures always are.
+    [[nodiscard]] bool Is_Started(const Scenario& scenario) const;
+
+    /// The last day of the period, for W. Raises Run_Time_Error (type mismatch) where what is stored is none.
+    [[nodiscard]] const std::optional<Review_Date>& Date_For_W() const;
 };
 
 /// Reads a period's statement column (a column of Ks_Zaihyo that holds yen). Raises Store_Error.
@@ -114,12 +120,11 @@ void Read_Works(const Connection& cn, int period, const Scenario& scenario, Revi
 void Write_Elements(const Connection& cn, int period, const Scenario& scenario, Review_Figures& figures);
 void Write_Works(const Connection& cn, int period, const Scenario& scenario, Review_Figures& figures);
 
+/// Takes the mark of an assignment from every figure that is what `stored` has, so that it is not written.
+void Forget_Unchanged(const Review_Figures& stored, Review_Figures& figures);
+
 /// Posts current works (32 lines, without the sixth engineer class) and elements into a scenario that was
 /// never started, as its first visit does.
 void Post_Current(const Review_Figures& current, Review_Figures& scenario);
-
-/// The date that year, month and day of the western calendar name. Raises Run_Time_Error (type mismatch) for
-/// a part that is Null and for a day that does not exist.
-Review_Date Checked_Date(const Value& year, const Value& month, const Value& day, int year_shift);
 
 } // namespace morvane

@@ -2,6 +2,7 @@
 #include "calc/x2w_dataget.h"
 
 #include "calc/checked.h"
+#include "calc/era_date.h"
 
 #include <cmath>
 #include <initializer_list>
@@ -12,7 +13,6 @@ namespace morvane {
 namespace {
 
 constexpr const char* what_x2 = "自己資本額及び平均利益額の評点（Ｘ２）";
-constexpr int reiwa_year_0 = 2018;
 
 std::int32_t Sum(const Statement_Figures& statement, std::initializer_list<int> codes) {
     std::int32_t sum = 0;
@@ -38,12 +38,22 @@ std::uint8_t Get_Simyu_Kubun(const Connection& cn, int period) {
     return rows.Eof() ? std::uint8_t{1} : static_cast<std::uint8_t>(rows["現状"].As_Integer(1));
 }
 
-std::optional<Review_Date> Read_Review_Date(const Connection& cn, int year_shift) {
+void Read_Review_Date(const Connection& cn, Review_Figures& figures, int year_shift) {
+    figures.review_date.reset();
+    figures.date_error.clear();
     Statement firm = cn.Prepare("SELECT 決算期終了年, 決算期終了月, 決算期終了日 FROM Jigyo_mas");
     if (!firm.Step()) {
-        return std::nullopt;
+        return;
     }
-    return Checked_Date(firm.Value_At(0), firm.Value_At(1), firm.Value_At(2), reiwa_year_0 + year_shift);
+    const Era_Date stored = {firm.Integer_At(0), firm.Integer_At(1), firm.Integer_At(2)};
+    if (!firm.Is_Null(0)) {
+        figures.review_date = Reiwa_Day(Shift_Years(stored, year_shift));
+    }
+    if (!figures.review_date) {
+        figures.date_error = "決算期終了日「" + firm.Value_At(0).As_Text() + "/" +
+                             firm.Value_At(1).As_Text() + "/" + firm.Value_At(2).As_Text() +
+                             "」が日付ではないため、社会性等の評点（Ｗ）を計算できません。";
+    }
 }
 
 Review_Figures Load_Review(const Connection& cn, int period, const Scenario& scenario, bool hokkaido,
@@ -54,7 +64,7 @@ Review_Figures Load_Review(const Connection& cn, int period, const Scenario& sce
     Read_Statement(cn, period, scenario.zaihyo_column, figures.statement);
     Read_Elements(cn, period, scenario, figures);
     Read_Works(cn, period, scenario, figures);
-    figures.review_date = Read_Review_Date(cn, year_shift);
+    Read_Review_Date(cn, figures, year_shift);
     return figures;
 }
 

@@ -15,10 +15,10 @@ namespace morvane {
 std::uint8_t Get_Simyu_Kubun(const Session& session, int period);
 std::uint8_t Get_Simyu_Kubun(const Connection& cn, int period);
 
-/// The last day of the period in hand as Jigyo_mas has it, with `year_shift` years added for another period.
-/// The year is a Reiwa year; empty where Jigyo_mas has no row. Raises Store_Error and Run_Time_Error (no
-/// date).
-std::optional<Review_Date> Read_Review_Date(const Connection& cn, int year_shift = 0);
+/// Reads the last day of the period in hand, with `year_shift` years added for another period, into the
+/// figures: nothing where Jigyo_mas has no row, and why there is none where what it holds is no date. Raises
+/// Store_Error.
+void Read_Review_Date(const Connection& cn, Review_Figures& figures, int year_shift = 0);
 
 /// Reads statement, elements, works and the date of a period in a scenario. Raises Store_Error,
 /// Run_Time_Error.

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "company/company_info.h"
 
+#include "calc/era_date.h"
 #include "session/boxes.h"
 
 #include <algorithm>
@@ -108,7 +109,9 @@ std::size_t Characters(std::string_view text) {
 std::string Test_Width(const Session& session, const Company_Field& field, const std::string& text,
                        const std::string& stored) {
     const std::string control = field.control;
-    if (control == "Ks_ki" && !Test_Period(session, text)) {
+    // Data from before the first period was numbered keep their 0 until it is changed.
+    const bool is_kept_0 = text == stored && Number_Of(text) == 0;
+    if (control == "Ks_ki" && !is_kept_0 && !Test_Period(session, text)) {
         return control;
     }
     if (control == "HoKo" && text != "1" && text != "2") {
@@ -190,24 +193,16 @@ void Put_Company(const Connection& cn, Company_Screen screen, const Company_Entr
 }
 
 bool Is_Era_Date(std::string_view year, std::string_view month, std::string_view day) {
-    constexpr std::array<int, 12> days = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-    const std::int64_t y = Number_Of(year);
-    const std::int64_t m = Number_Of(month);
-    const std::int64_t d = Number_Of(day);
-    if (y < 1 || y > 99 || m < 1 || m > 12 || d < 1) {
-        return false;
-    }
-    const std::int64_t western = 1988 + y;
-    const bool leap = western % 4 == 0 && (western % 100 != 0 || western % 400 == 0);
-    return d <= days.at(static_cast<std::size_t>(m - 1)) + (leap && m == 2 ? 1 : 0);
+    const Era_Date date = {Number_Of(year), Number_Of(month), Number_Of(day)};
+    return date.year >= 1 && date.year <= 99 && Is_Date(date);
 }
 
 bool Test_Period(const Session& session, std::string_view text) {
     const std::int64_t period = Number_Of(text);
-    if (period >= 0 && period <= std::numeric_limits<std::int16_t>::max()) {
+    if (period >= 1 && period <= std::numeric_limits<std::int16_t>::max()) {
         return true;
     }
-    Tell(session, "決算期エラー", "決算期は 0 から 32767 までの数字で入力してください。");
+    Tell(session, "決算期エラー", "決算期は 1 から 32767 までの数字で入力してください。");
     return false;
 }
 

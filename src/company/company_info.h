@@ -58,8 +58,7 @@ Company_Entry Load_Company(const Session& session, Company_Screen screen);
 /// The caller holds the transaction. Raises Store_Error.
 void Put_Company(const Connection& cn, Company_Screen screen, const Company_Entry& entry);
 
-/// Whether year, month and day are a date of the era Heisei, which stands for every era: month and day are
-/// tested, the year from 1 to 99 with the leap years of Heisei.
+/// Whether year (1 to 99), month and day are a date of that year of Heisei or of Reiwa.
 bool Is_Era_Date(std::string_view year, std::string_view month, std::string_view day);
 
 /// The number a text of digits stands for; -1 for one that is blank, none, or beyond 32 bits.
@@ -76,7 +75,7 @@ std::string Column_Refusal(std::string_view column, const Value& value);
 /// Whether there is nothing but blanks in a text.
 bool Is_Blank(std::string_view text);
 
-/// Whether a text is a period number, from 0 to 16 bits; else it is said.
+/// Whether a text is a period number, from 1 to 16 bits; else it is said.
 bool Test_Period(const Session& session, std::string_view text);
 
 /// Tests an entry as far as it can be without the stores: required fields, lengths and widths, dates. The

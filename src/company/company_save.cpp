@@ -147,10 +147,13 @@ class Company_Saving {
         if (test == Shift_Test::Possible) {
             return true;
         }
-        Tell(session, "決算期変更確認",
-             std::string(test == Shift_Test::Below_Zero ? "既に登録されている決算期がマイナスになります。"
-                                                        : "既に登録されている決算期が32767を超えます。") +
-                 "\nこの決算期には変更できません。");
+        const char* reason = "既に登録されている決算期が32767を超えます。";
+        if (test == Shift_Test::Below_Zero) {
+            reason = "既に登録されている決算期がマイナスになります。";
+        } else if (test == Shift_Test::To_Zero) {
+            reason = "既に登録されている決算期が0になります。決算期の番号は1からです。";
+        }
+        Tell(session, "決算期変更確認", std::string(reason) + "\nこの決算期には変更できません。");
         return Put_Back("Ks_ki");
     }
 

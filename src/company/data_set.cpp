@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "company/data_set.h"
 
+#include "calc/era_date.h"
 #include "calc/x2w_dataget.h"
 #include "company/law_change.h"
 #include "company/table_edit.h"
@@ -235,10 +236,19 @@ void Take_Period(const Connection& cn, int period, int former) {
         return;
     }
     firm.Set("処理決算期", period);
-    // A fiscal period is one year.
-    for (const char* year : {"決算期開始年", "決算期終了年"}) {
-        if (!firm[year].Is_Null()) {
-            firm.Set(year, firm[year].As_Integer() + period - former);
+    for (const std::string end : {"開始", "終了"}) {
+        const std::string column = "決算期" + end;
+        if (firm[column + "年"].Is_Null()) {
+            continue;
+        }
+        // A fiscal period is one year.
+        const Era_Date moved =
+            Shift_Years({firm[column + "年"].As_Integer(), firm[column + "月"].As_Integer(),
+                         firm[column + "日"].As_Integer()},
+                        period - former);
+        firm.Set(column + "年", moved.year);
+        if (!firm[column + "日"].Is_Null()) {
+            firm.Set(column + "日", moved.day);
         }
     }
     firm.Update();

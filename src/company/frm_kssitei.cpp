@@ -90,6 +90,8 @@ Frm_KsSitei::Frm_KsSitei(Shell_Port& shell_port)
     Wire(list, &Record_List::Row_Selected, [this] { Show_Law_Of_Chosen(); });
     Wire(list, &Record_List::Row_Opened, [this] { Excute(); });
     connect(Ks_ki, &QLineEdit::textChanged, this, [this] { Show_Fault({}); });
+    connect(Ks_ki, &Entry_Cell::Refused, this,
+            [this] { fault->setText(QStringLiteral("決算期の番号は、数字だけで入力してください。")); });
     connect(Ks_ki, &Entry_Cell::Next_Field, Cmd_Excute, [this] { Cmd_Excute->setFocus(Qt::TabFocusReason); });
 
     Show_Periods();
@@ -209,6 +211,7 @@ void Frm_KsSitei::Show_Mode(Mode to) {
     }
     const std::optional<int> number = Proposed_Period(periods, New_Mode());
     Ks_ki->Set_Value(number ? Value(*number) : Value());
+    fault->setText(mode == Mode::Before ? QString::fromStdString(No_Period_Before(periods)) : QString());
     Mark_Law(Proposed_Law_Year(periods, New_Mode()), true);
     what_is_carried->setText(
         mode == Mode::After

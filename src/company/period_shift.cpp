@@ -29,6 +29,9 @@ Shift_Test Test_Shift(const Connection& cn, int difference) {
     if (!periods.empty() && periods.front() + difference < 0) {
         return Shift_Test::Below_Zero;
     }
+    if (!periods.empty() && periods.front() + difference == 0) {
+        return Shift_Test::To_Zero;
+    }
     if (!periods.empty() && periods.back() + difference > std::numeric_limits<std::int16_t>::max()) {
         return Shift_Test::Too_Large;
     }

@@ -11,6 +11,7 @@ namespace morvane {
 enum class Shift_Test : std::uint8_t {
     Possible,
     Below_Zero, ///< the smallest would be negative
+    To_Zero,    ///< the smallest would be 0, which is no period number
     Too_Large   ///< the largest would leave 16 bits
 };
 

@@ -15,6 +15,7 @@ namespace morvane {
 
 namespace {
 
+constexpr int lowest_number = 1;
 constexpr int highest_number = std::numeric_limits<std::int16_t>::max();
 
 bool Is_Registered(const std::vector<Period_Entry>& periods, std::int64_t number) {
@@ -73,7 +74,7 @@ std::optional<int> Proposed_Period(const std::vector<Period_Entry>& periods, Cop
         return std::nullopt;
     }
     const int number = mode == Copy_Mode::After ? periods.back().number + 1 : periods.front().number - 1;
-    return number < 0 || number > highest_number ? std::nullopt : std::optional(number);
+    return number < lowest_number || number > highest_number ? std::nullopt : std::optional(number);
 }
 
 std::uint8_t Proposed_Law_Year(const std::vector<Period_Entry>& periods, Copy_Mode mode) {
@@ -81,12 +82,24 @@ std::uint8_t Proposed_Law_Year(const std::vector<Period_Entry>& periods, Copy_Mo
                                                        : Law_Of(periods.front().law_year).code;
 }
 
+std::string No_Period_Before(const std::vector<Period_Entry>& periods) {
+    return periods.empty() || Proposed_Period(periods, Copy_Mode::Before)
+               ? std::string()
+               : Ordinal(periods.front().number) +
+                     "が最も古い決算期のため、これより前の決算期は作成できません。決算期の番号は " +
+                     std::to_string(lowest_number) + " からです。";
+}
+
 std::string New_Period_Fault(const std::vector<Period_Entry>& periods, const Value& number, Copy_Mode mode) {
+    if (const std::string none = No_Period_Before(periods); mode == Copy_Mode::Before && !none.empty()) {
+        return none;
+    }
     if (number.Is_Null()) {
         return "新しい決算期の番号を入力してください。";
     }
-    if (number.Is_Text() || number.As_Double() < 0 || number.As_Double() > highest_number) {
-        return "決算期の番号は、0 から " + std::to_string(highest_number) + " までの数字です。";
+    if (number.Is_Text() || number.As_Double() < lowest_number || number.As_Double() > highest_number) {
+        return "決算期の番号は、" + std::to_string(lowest_number) + " から " +
+               std::to_string(highest_number) + " までの数字です。";
     }
     const std::int64_t wanted = number.As_Integer();
     if (Is_Registered(periods, wanted)) {

@@ -38,8 +38,11 @@ std::optional<int> Proposed_Period(const std::vector<Period_Entry>& periods, Cop
 /// the neighbour before the oldest.
 std::uint8_t Proposed_Law_Year(const std::vector<Period_Entry>& periods, Copy_Mode mode);
 
+/// Why there is no number before the oldest period, in Japanese; empty where there is one.
+std::string No_Period_Before(const std::vector<Period_Entry>& periods);
+
 /// Why an entry cannot become the number of a new period, in Japanese; empty where it can: it is blank, below
-/// 0 or beyond 16 bits, registered already, or has no registered neighbour to be copied from.
+/// 1 or beyond 16 bits, registered already, or has no registered neighbour to be copied from.
 std::string New_Period_Fault(const std::vector<Period_Entry>& periods, const Value& number, Copy_Mode mode);
 
 /// How far the creation of a period came.

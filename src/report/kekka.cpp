@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "report/kekka.h"
 
+#include "session/run_time_error.h"
+
 #include <array>
 #include <string_view>
 #include <utility>
@@ -57,29 +59,15 @@ void Read_Zenki(const Connection& cn, int period, Kekka_Figures& kekka) {
 } // namespace
 
 Kekka_Figures Kekka_Read(const Session& session) {
-    const Scenario& scenario = session.Sim_Mode == 2 ? scenario_kaizen : scenario_genjo;
-    const int period = session.Syori_Ki;
     const Connection cn = Cn_Open(session);
-    const Transaction reading(cn, Transaction::Purpose::Read);
-    Kekka_Figures kekka;
-    kekka.heading = Heading_Of(session);
-    kekka.heading.word = scenario_words[scenario.number - 1U];
-    Review_Figures& figures = kekka.figures;
-    figures.hokkaido = session.Is_Hokkaido();
-    figures.corporation = session.Is_Corporation();
-    Read_Statement(cn, period, scenario.zaihyo_column, figures.statement);
-    Read_Elements(cn, period, scenario, figures);
-    Read_Works(cn, period, scenario, figures);
-    if (scenario.number != scenario_genjo.number && figures.Is_Empty_Scenario()) {
-        Read_Elements(cn, period, scenario_genjo, figures);
-        Read_Works(cn, period, scenario_genjo, figures);
+    try {
+        return Kekka_Read(cn,
+                          Score_Company(cn, session.Is_Hokkaido(), session.Syori_Ki,
+                                        session.Sim_Mode == 2 ? scenario_kaizen : scenario_genjo),
+                          Heading_Of(session));
+    } catch (const Score_Refusal& refusal) {
+        throw Run_Time_Error(Run_Time_Error::Kind::Type_Mismatch, refusal.what());
     }
-    WZX_Calc wzx;
-    kekka.x2.Calc_X2(figures, wzx, false);
-    kekka.y.Calc_Y(figures.statement, figures.hokkaido, figures.corporation);
-    kekka.items.Load(figures);
-    Read_Zenki(cn, period, kekka);
-    return kekka;
 }
 
 Kekka_Figures Kekka_Read(const Connection& cn, Settled_Score score, Report_Heading heading) {
@@ -88,6 +76,7 @@ Kekka_Figures Kekka_Read(const Connection& cn, Settled_Score score, Report_Headi
     kekka.heading.Jigyo_Name = score.jigyo_name;
     kekka.heading.Syori_Ki = score.period;
     kekka.heading.word = scenario_words[score.scenario->number - 1U];
+    kekka.x2w_entered = score.x2w_entered;
     kekka.figures = std::move(score.figures);
     kekka.y = score.y;
     kekka.x2 = score.x2;

@@ -20,6 +20,7 @@ enum class Kekka_Form : std::uint8_t { Rpt_Kekka = 1, Rpt_Kekka_2011 = 2, Rpt_Ke
 /// The figures of the result report (結果通知書): one period in one scenario. Amounts are thousand yen.
 struct Kekka_Figures {
     Report_Heading heading;
+    bool x2w_entered = false; ///< false: the items of X2 and W count as blank, nobody has entered them yet
     Review_Figures figures;
     Social_Items items;
     Y_Calc y;
@@ -28,12 +29,11 @@ struct Kekka_Figures {
     bool has_zenki = false; ///< the period before has a statement, or figures of it were keyed into this one
 };
 
-/// Reads the period in hand: the stored scores, elements and works of the column that the session's Sim_Mode
-/// names, with Y and X2 computed from its statement. A working scenario that was never started has the
-/// current figures. Raises Store_Error, Run_Time_Error.
+/// Scores the period in hand, in the scenario that the session's Sim_Mode names, as Score_Company does.
+/// Raises Store_Error, and Run_Time_Error with the reason where there is no score.
 Kekka_Figures Kekka_Read(const Session& session);
 
-/// The same from a settled score of an open store.
+/// The same of a score in hand, from its open store.
 Kekka_Figures Kekka_Read(const Connection& cn, Settled_Score score, Report_Heading heading);
 
 /// Draws the sheet in one of its forms.

@@ -15,7 +15,10 @@ constexpr int upright = 1;
 template <Kekka_Form Form>
 Rpt_Draw Read_Kekka(const Session& session) {
     auto kekka = std::make_shared<const Kekka_Figures>(Kekka_Read(session));
-    return {kekka->heading, [kekka](Prt_ModSet& prt) { Draw_Kekka(prt, *kekka, Form); }};
+    return {kekka->heading, [kekka](Prt_ModSet& prt) { Draw_Kekka(prt, *kekka, Form); },
+            kekka->x2w_entered ? ""
+                               : "自己資本額・利益額・その他（Ｘ２，Ｗ）の画面が未入力です。未入力の項目は "
+                                 "0（無）として計算しています。"};
 }
 
 // Number 35 came with the revision of 2011: stores from before it lack the row, whichever of the two newer

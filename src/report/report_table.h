@@ -15,6 +15,7 @@ namespace morvane {
 struct Rpt_Draw {
     Report_Heading heading;
     std::function<void(Prt_ModSet&)> draw;
+    std::string warning; ///< what must be known before it is taken for the result; empty where nothing
 };
 
 /// A report: its form, the row of its margins, how its figures are read for the company in hand.

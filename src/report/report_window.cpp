@@ -211,6 +211,9 @@ void Report_Window::Draw() {
 void Report_Window::Show_Notice() {
     const Margin_Room room = Room();
     QStringList lines;
+    if (!draw.warning.empty()) {
+        lines << QString::fromStdString(draw.warning);
+    }
     if (!missing.empty()) {
         lines << QString::fromStdString(missing);
     }

@@ -308,7 +308,7 @@ bool Frm_Kanko::Save_First() {
 
 bool Frm_Kanko::May_Close() {
     return checks.May_Close() && Finish_Entry() &&
-           Save_Or_Stay(shell.session, [this] { entry.Save(shell.session); }) != Save_End::Stay;
+           Save_Or_Stay(shell.session, [this] { entry.Close(shell.session); }) != Save_End::Stay;
 }
 
 } // namespace morvane

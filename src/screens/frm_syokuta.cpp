@@ -386,7 +386,7 @@ bool Frm_Syokuta::Take_Focused() {
 
 bool Frm_Syokuta::May_Close() {
     return checks.May_Close() && Take_Focused() &&
-           Save_Or_Stay(shell.session, [this] { entry.Store(shell.session); }) != Save_End::Stay;
+           Save_Or_Stay(shell.session, [this] { entry.Close(shell.session); }) != Save_End::Stay;
 }
 
 void Frm_Syokuta::Cmd_W2X(int index) {

@@ -118,9 +118,12 @@ void Kanko::Calc_Kanko_All(const Review_Figures& figures, WZX_Calc& wzx, bool w_
     const std::array<std::int16_t, 8> sub_scores = {
         Ten16(social.RF_Ten),  Ten16(social.Enen_Ten),   Ten16(social.Bkyotei_Ten), Ten16(social.Horei_ten),
         Ten16(social.Jms_Ten), Ten16(social.Kihatu_Ten), Ten16(social.Kikai_Ten),   Ten16(social.Iso_Ten)};
-    social.W = Calc_W_Total(wzx, sub_scores, !law.has_w7_w8, figures.review_date);
+    const auto w_total = [&](bool law_2008) {
+        return Calc_W_Total(wzx, sub_scores, law_2008, law_2008 ? figures.review_date : figures.Date_For_W());
+    };
+    social.W = w_total(!law.has_w7_w8);
     if (!w_by_law_year) {
-        social.W = Calc_W_Total(wzx, sub_scores, false, figures.review_date);
+        social.W = w_total(false);
     }
     if (social.tishikiGJ[0] != 0) {
         social.W10_ten = wzx.Calc_W10_Ten(social.tishikiGJ[0], social.tishikiGJ[1], social.tishikiGN[0],
@@ -237,10 +240,9 @@ void Kanko::Save_Gijutu(Review_Figures& figures) const {
     }
 }
 
-void Save_Kanko(const Session& session, int scenario, const Kanko& screen, bool gijutu) {
+void Save_Kanko(const Connection& cn, const Session& session, int scenario, const Kanko& screen,
+                bool gijutu) {
     const Scenario& column = Scenario_Of(scenario);
-    const Connection cn = Cn_Open(session);
-    Transaction transaction(cn);
     Review_Figures figures;
     Read_Elements(cn, session.Syori_Ki, column, figures);
     Read_Works(cn, session.Syori_Ki, column, figures);
@@ -252,7 +254,6 @@ void Save_Kanko(const Session& session, int scenario, const Kanko& screen, bool 
     }
     Write_Elements(cn, session.Syori_Ki, column, figures);
     Write_Works(cn, session.Syori_Ki, column, figures);
-    transaction.Commit();
 }
 
 } // namespace morvane

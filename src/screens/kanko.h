@@ -71,7 +71,7 @@ class Kanko {
 };
 
 /// Stores what a screen holds into a scenario of the period in hand, as closing it does; `gijutu` is the
-/// engineer screen. One transaction. Raises Store_Error, Run_Time_Error.
-void Save_Kanko(const Session& session, int scenario, const Kanko& screen, bool gijutu);
+/// engineer screen. The caller holds the transaction. Raises Store_Error, Run_Time_Error.
+void Save_Kanko(const Connection& cn, const Session& session, int scenario, const Kanko& screen, bool gijutu);
 
 } // namespace morvane

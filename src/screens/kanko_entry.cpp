@@ -3,6 +3,7 @@
 
 #include "calc/checked.h"
 #include "calc/x2w_dataget.h"
+#include "screens/settled_score.h"
 
 #include <algorithm>
 
@@ -110,11 +111,22 @@ bool Kanko_Entry::Can_Check(int row) const {
     return !fault && has_text && index < scored_lines;
 }
 
-void Kanko_Entry::Save(const Session& session) const {
+void Kanko_Entry::Save(const Connection& cn, const Session& session) const {
     if (fault) {
         throw Run_Time_Error(*fault);
     }
-    Save_Kanko(session, screen.scenario, kanko, screen.gijutu);
+    Save_Kanko(cn, session, screen.scenario, kanko, screen.gijutu);
+}
+
+void Kanko_Entry::Save(const Session& session) const {
+    const Connection cn = Cn_Open(session);
+    Transaction transaction(cn);
+    Save(cn, session);
+    transaction.Commit();
+}
+
+void Kanko_Entry::Close(const Session& session) const {
+    Store_And_Settle(session, Scenario_Of(screen.scenario), [&](const Connection& cn) { Save(cn, session); });
 }
 
 } // namespace morvane

@@ -49,14 +49,20 @@ class Kanko_Entry {
     [[nodiscard]] std::int32_t Kanko_Avg() const { return kanko.Kanko_Avg; }
     [[nodiscard]] const Kanko::Scores& Scores() const { return kanko.scores; }
 
-    /// Stores what the screen holds. One transaction. Raises Store_Error; Run_Time_Error while there is a
-    /// fault.
+    /// Stores what the screen holds while it stays open. One transaction. Raises Store_Error; Run_Time_Error
+    /// while there is a fault.
     void Save(const Session& session) const;
+
+    /// Stores what the screen holds and settles the scores of its scenario (Store_And_Settle) in one
+    /// transaction. Raises Store_Error, and Run_Time_Error while there is a fault or where a score cannot be
+    /// computed; nothing is stored then.
+    void Close(const Session& session) const;
 
     const Kanko_Screen& screen;
 
   private:
     void Calculate();
+    void Save(const Connection& cn, const Session& session) const;
     template <class Held>
     void Change(Held& held, const Held& next);
 

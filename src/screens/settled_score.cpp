@@ -3,7 +3,10 @@
 
 #include "screens/kanko.h"
 #include "screens/syokuta.h"
+#include "session/kyotu_mod.h"
+#include "session/run_time_error.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 namespace morvane {
@@ -14,7 +17,10 @@ namespace {
 // row.
 constexpr int most_rounds = 12;
 
-void One_Round(Review_Figures& figures, WZX_Calc& wzx, std::int16_t y, std::int16_t x2) {
+// Older forms of the accounts are not taken in hand.
+constexpr std::uint8_t oldest_data_form = 3;
+
+void One_Round(Review_Figures& figures, WZX_Calc& wzx, std::int16_t y, std::int16_t x2, bool current) {
     Syokuta social;
     social.Load_W_2012(figures);
     social.Calc_W_2012(figures, wzx);
@@ -29,7 +35,52 @@ void One_Round(Review_Figures& figures, WZX_Calc& wzx, std::int16_t y, std::int1
     // The engineer screen stores no element, so that its sister reads just the lines anew.
     kanko.lines = figures.works;
     kanko.Calc_Kanko_All(figures, wzx);
-    kanko.Save_Kanko(figures, true);
+    kanko.Save_Kanko(figures, current);
+    if (!current) {
+        Recalc_P_All(figures, x2, y);
+    }
+}
+
+bool Has_Element(const Review_Figures& figures, std::size_t code) {
+    return figures.elements[code].up;
+}
+
+// The law year stands in every period, whether anything was entered or not.
+bool Is_Filled(const Review_Figures& figures, const Scenario& scenario) {
+    if (scenario.number == scenario_kaizen.number) {
+        return figures.Is_Started(scenario); // else its first visit posts the current figures over it
+    }
+    for (std::size_t code = 0; code < figures.elements.size(); ++code) {
+        if (code != 210 && Has_Element(figures, code)) {
+            return true;
+        }
+    }
+    return std::any_of(figures.works.begin(), figures.works.end(), [](const Work_Line& line) {
+        return line.Has_Kanko() || line.Has_Motouke() || line.Has_Engineer();
+    });
+}
+
+void Settle_And_Store(const Connection& cn, const Settled_Period& of, const Scenario& scenario,
+                      bool (*applies)(const Review_Figures&, const Scenario&)) {
+    const Review_Figures stored =
+        Load_Review(cn, of.period, scenario, of.hokkaido, of.corporation, of.year_shift);
+    if (!applies(stored, scenario)) {
+        return;
+    }
+    if (stored.law_year >= 4) {
+        Add_Knowledge_Rows(cn, of.period);
+    }
+    Review_Figures figures = stored;
+    Y_Calc y;
+    X2_Calc x2;
+    Settle(figures, y, x2, scenario);
+    Forget_Unchanged(stored, figures);
+    Write_Elements(cn, of.period, scenario, figures);
+    Write_Works(cn, of.period, scenario, figures);
+}
+
+bool Is_Entered(const Review_Figures& figures, const Scenario&) {
+    return Has_Element(figures, 100) && Has_Element(figures, 202) && figures.date_error.empty();
 }
 
 struct Firm {
@@ -48,27 +99,42 @@ Firm Read_Firm(const Connection& cn) {
             static_cast<int>(row.Integer_At(2)), row.Integer_At(3) == 1};
 }
 
-void Test_Period(const Connection& cn, int period, const Statement_Figures& statement) {
+void Test_Period(const Connection& cn, bool hokkaido, int period) {
     Statement row = cn.Prepare("SELECT 決算期 FROM Ks_ki WHERE 決算期=?");
     row.Bind(1, period);
     if (!row.Step()) {
         throw Score_Refusal("第" + std::to_string(period) + "期は登録されていません。");
     }
-    // Without a marker row the form counts as one that passes.
-    if (statement.form != 0 && statement.form < 3) {
+    if (Get_Data_Ver(cn, hokkaido, period) < oldest_data_form) {
         throw Score_Refusal("データが2008年より古いため、事業所指定できません。");
+    }
+}
+
+void Settle_Entered(const Connection& cn, const Session& session, const Scenario& scenario) {
+    Settle_And_Store(cn, {session.Syori_Ki, session.Is_Hokkaido(), session.Is_Corporation()}, scenario,
+                     Is_Entered);
+}
+
+bool Can_Settle(const Connection& cn, const Session& session, const Scenario& scenario) {
+    const Transaction nothing_stays(cn);
+    try {
+        Settle_Entered(cn, session, scenario);
+        return true;
+    } catch (const Run_Time_Error&) {
+        return false;
     }
 }
 
 } // namespace
 
-void Settle(Review_Figures& figures, Y_Calc& y, X2_Calc& x2) {
+void Settle(Review_Figures& figures, Y_Calc& y, X2_Calc& x2, const Scenario& scenario) {
+    const bool current = scenario.number == scenario_genjo.number;
     WZX_Calc wzx;
     y.Calc_Y(figures.statement, figures.hokkaido, figures.corporation);
     x2.Calc_X2(figures, wzx, false);
     for (int round = 0; round < most_rounds; ++round) {
         const auto elements = figures.elements;
-        One_Round(figures, wzx, y.Y_Ten, x2.X2_Ten);
+        One_Round(figures, wzx, y.Y_Ten, x2.X2_Ten, current);
         // A round forms the scores of the works from their inputs and the elements alone: once these stay, so
         // do those.
         if (elements == figures.elements) {
@@ -76,6 +142,41 @@ void Settle(Review_Figures& figures, Y_Calc& y, X2_Calc& x2) {
         }
     }
     throw std::logic_error("the scores do not settle");
+}
+
+void Settle_Filled(const Connection& cn, const Settled_Period& of, const Scenario& scenario) {
+    Settle_And_Store(cn, of, scenario, Is_Filled);
+}
+
+void Store_And_Settle(const Session& session, const Scenario& scenario,
+                      const std::function<void(const Connection&)>& store) {
+    const Connection cn = Cn_Open(session);
+    try {
+        Transaction transaction(cn);
+        store(cn);
+        Settle_Entered(cn, session, scenario);
+        transaction.Commit();
+    } catch (const Run_Time_Error&) {
+        if (Can_Settle(cn, session, scenario)) {
+            throw;
+        }
+        Transaction transaction(cn);
+        store(cn);
+        transaction.Commit();
+    }
+}
+
+void Settle_Again(const Session& session) {
+    const Connection cn = Cn_Open(session);
+    for (const Scenario* scenario : {&scenario_genjo, &scenario_kaizen}) {
+        try {
+            Transaction transaction(cn);
+            Settle_Entered(cn, session, *scenario);
+            transaction.Commit();
+        } catch (const Run_Time_Error&) {
+            continue; // what stands is shown nowhere without being computed again
+        }
+    }
 }
 
 Settled_Score Score_Company(const Connection& cn, bool hokkaido, std::optional<int> period,
@@ -89,8 +190,8 @@ Settled_Score Score_Company(const Connection& cn, bool hokkaido, std::optional<i
     score.scenario = &scenario;
     const int year_shift = score.period - firm.period;
     score.figures = Load_Review(cn, score.period, scenario, hokkaido, firm.corporation, year_shift);
-    Test_Period(cn, score.period, score.figures.statement);
-    if (scenario.number != scenario_genjo.number && score.figures.Is_Empty_Scenario()) {
+    Test_Period(cn, hokkaido, score.period);
+    if (!score.figures.Is_Started(scenario)) {
         if (scenario.number != scenario_kaizen.number) {
             throw Score_Refusal("「保存値" + std::string(scenario.name) +
                                 "」に保存された改善後数値データはありません。");
@@ -108,7 +209,8 @@ Settled_Score Score_Company(const Connection& cn, bool hokkaido, std::optional<i
             score.kosyu_ryaku[static_cast<std::size_t>(code)] = names.Text_At(1);
         }
     }
-    Settle(score.figures, score.y, score.x2);
+    score.x2w_entered = score.figures.elements[100].up;
+    Settle(score.figures, score.y, score.x2, scenario);
     return score;
 }
 

@@ -72,7 +72,7 @@ void Syokuta::Calc_W_2012(const Review_Figures& figures, WZX_Calc& wzx) {
                           {Ten16(next.RF_Ten), Ten16(next.Enen_Ten), Ten16(next.Bkyotei_Ten),
                            Ten16(next.Horei_ten), Ten16(next.Jms_Ten), Ten16(next.Kihatu_Ten),
                            Ten16(machines), Ten16(next.Iso_Ten)},
-                          !law.has_w7_w8, figures.review_date);
+                          !law.has_w7_w8, law.has_w7_w8 ? figures.Date_For_W() : figures.review_date);
     items = next;
 }
 
@@ -86,22 +86,26 @@ void Recalc_P_All(Review_Figures& figures, std::int16_t x2, std::int16_t y) {
     }
 }
 
-void Store_W_2012(const Session& session, int scenario, const Syokuta& screen) {
-    const Scenario& column = Scenario_Of(scenario);
-    const Connection cn = Cn_Open(session);
-    Transaction transaction(cn);
-    if (session.Simyu_Kubun == 4) {
-        for (const Social_Field& field : Social_Fields()) {
-            if (field.code < 228 || field.code > 233) {
-                continue;
-            }
-            const std::array<Value, 3> row = {session.Syori_Ki, field.code, field.caption};
-            if (cn.Open("SELECT * FROM W_Yoso WHERE 決算期=" + std::to_string(session.Syori_Ki) +
-                        " And 要素CD=" + std::to_string(field.code) + ";")
-                    .Eof()) {
-                cn.Execute("INSERT INTO W_Yoso (決算期, 要素CD, 要素名) VALUES (?, ?, ?)", row);
-            }
+void Add_Knowledge_Rows(const Connection& cn, int period) {
+    Statement find = cn.Prepare("SELECT 要素CD FROM W_Yoso WHERE 決算期=? And 要素CD=?");
+    for (const Social_Field& field : Social_Fields()) {
+        if (field.code < 228 || field.code > 233) {
+            continue;
         }
+        find.Reset();
+        find.Bind(1, period);
+        find.Bind(2, field.code);
+        if (!find.Step()) {
+            const std::array<Value, 3> row = {period, field.code, field.caption};
+            cn.Execute("INSERT INTO W_Yoso (決算期, 要素CD, 要素名) VALUES (?, ?, ?)", row);
+        }
+    }
+}
+
+void Store_W_2012(const Connection& cn, const Session& session, int scenario, const Syokuta& screen) {
+    const Scenario& column = Scenario_Of(scenario);
+    if (session.Simyu_Kubun == 4) {
+        Add_Knowledge_Rows(cn, session.Syori_Ki);
     }
     Review_Figures figures =
         Load_Review(cn, session.Syori_Ki, column, session.Is_Hokkaido(), session.Is_Corporation());
@@ -114,7 +118,6 @@ void Store_W_2012(const Session& session, int scenario, const Syokuta& screen) {
     Recalc_P_All(figures, x2.X2_Ten, y.Y_Ten);
     Write_Elements(cn, session.Syori_Ki, column, figures);
     Write_Works(cn, session.Syori_Ki, column, figures);
-    transaction.Commit();
 }
 
 } // namespace morvane

@@ -36,9 +36,13 @@ class Syokuta {
 /// Run_Time_Error on overflow.
 void Recalc_P_All(Review_Figures& figures, std::int16_t x2, std::int16_t y);
 
-/// Stores the items of a scenario of the period in hand and forms P anew, in one transaction; at law year 4
-/// the rows of knowledge and skill (228 to 233) are added where they are missing. Raises Store_Error,
-/// Run_Time_Error.
-void Store_W_2012(const Session& session, int scenario, const Syokuta& screen);
+/// Stores the items of a scenario of the period in hand and forms P anew, as closing the screen does; at law
+/// year 4 the rows of knowledge and skill (228 to 233) are added where they are missing. The caller holds the
+/// transaction. Raises Store_Error, Run_Time_Error.
+void Store_W_2012(const Connection& cn, const Session& session, int scenario, const Syokuta& screen);
+
+/// Adds the rows of knowledge and skill to a period of law year 4 that lacks them. The caller holds the
+/// transaction. Raises Store_Error.
+void Add_Knowledge_Rows(const Connection& cn, int period);
 
 } // namespace morvane

@@ -2,6 +2,7 @@
 #include "screens/syokuta_entry.h"
 
 #include "calc/y_calc.h"
+#include "screens/settled_score.h"
 
 namespace morvane {
 
@@ -44,11 +45,22 @@ void Syokuta_Entry::Take(std::int32_t& (*place)(Social_Items&), std::int32_t val
     screen = next;
 }
 
-void Syokuta_Entry::Store(const Session& session) const {
+void Syokuta_Entry::Store(const Connection& cn, const Session& session) const {
     if (fault) {
         throw Run_Time_Error(*fault);
     }
-    Store_W_2012(session, scenario, screen);
+    Store_W_2012(cn, session, scenario, screen);
+}
+
+void Syokuta_Entry::Store(const Session& session) const {
+    const Connection cn = Cn_Open(session);
+    Transaction transaction(cn);
+    Store(cn, session);
+    transaction.Commit();
+}
+
+void Syokuta_Entry::Close(const Session& session) const {
+    Store_And_Settle(session, Scenario_Of(scenario), [&](const Connection& cn) { Store(cn, session); });
 }
 
 std::string Syokuta_Entry::Refusal(const std::string& control, std::int32_t value) {

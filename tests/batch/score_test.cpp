@@ -230,6 +230,15 @@ TEST_F(Score_Test, A_Working_Scenario_That_Was_Never_Started) {
         ordered_json kaizen = company(scenario_kaizen);
         EXPECT_EQ(kaizen["scenario"], "kaizen");
         kaizen["scenario"] = "genjo";
+        if (law == 1) {
+            // The completed-work screen leaves its W to the current figures; P follows the W beside it.
+            EXPECT_EQ(genjo["W"]["W"], 10 * 30 * 175 / 200);
+            EXPECT_EQ(kaizen["W"]["W"], 10 * 30);
+            kaizen["W"] = genjo["W"];
+            EXPECT_GT(kaizen["Kandaka_Gj"][0]["総合評点P"].get<int>(),
+                      genjo["Kandaka_Gj"][0]["総合評点P"].get<int>());
+            kaizen["Kandaka_Gj"][0]["総合評点P"] = genjo["Kandaka_Gj"][0]["総合評点P"];
+        }
         EXPECT_EQ(kaizen, genjo) << law;
 
         firm["periods"][1]["Ks_Zaihyo"] = {{"274", {{"金額", 0}, {"貸方", 500'000'000}}},
@@ -240,6 +249,7 @@ TEST_F(Score_Test, A_Working_Scenario_That_Was_Never_Started) {
         EXPECT_EQ(genjo["Y"]["X"][7], 0.0);
         EXPECT_EQ(kaizen["Y"]["X"][7], 9.0) << "retained earnings of 900 million after the journal";
         EXPECT_EQ(kaizen["X2"]["Jiko"], 900'000);
+        kaizen["W"]["W"] = law == 1 ? genjo["W"]["W"] : kaizen["W"]["W"];
         EXPECT_EQ(kaizen["W"], genjo["W"]);
         for (const char* column : {"評点X1", "評点Z", "完工高平均"}) {
             EXPECT_EQ(kaizen["Kandaka_Gj"][0][column], genjo["Kandaka_Gj"][0][column]);
@@ -250,6 +260,31 @@ TEST_F(Score_Test, A_Working_Scenario_That_Was_Never_Started) {
     Import(Firm(1, {{"0", {{"完工高基準", 2}, {"技術者6", 1}}}}));
     EXPECT_EQ(company(scenario_genjo)["Kandaka_Gj"][0]["評点Z1"], 559);
     EXPECT_EQ(company(scenario_kaizen)["Kandaka_Gj"][0]["評点Z1"], 510);
+}
+
+// A closing date that is none takes only the scores that need it; 29 February counts as the last of its
+// month.
+TEST_F(Score_Test, Dates_That_Are_None) {
+    const struct {
+        int year, month, day, period;
+        int w; ///< -1: refused
+    } cases[] = {{6, 2, 29, 2, 175}, {6, 2, 29, 1, 190}, {8, 2, 29, 2, 175},
+                 {7, 2, 29, 2, -1},  {6, 4, 31, 2, -1},  {6, 4, 31, 1, -1}};
+    for (const auto& c : cases) {
+        json firm = Firm(1, one_line);
+        firm["Jigyo_mas"]["決算期終了年"] = c.year;
+        firm["Jigyo_mas"]["決算期終了月"] = c.month;
+        firm["Jigyo_mas"]["決算期終了日"] = c.day;
+        Import(firm);
+        Import(Firm(2, one_line));
+        const ordered_json root = Scored([&](Score_Options& options) { options.period = c.period; }).Parsed();
+        ASSERT_EQ(root["companies"].size(), c.w < 0 ? 1U : 2U) << c.month << " " << c.day;
+        if (c.w < 0) {
+            EXPECT_NE(root["errors"][0]["error"].get<std::string>().find("日付ではない"), std::string::npos);
+        } else {
+            EXPECT_EQ(root["companies"][0]["W"]["W"], c.w) << c.year;
+        }
+    }
 }
 
 TEST_F(Score_Test, Threads_Change_Nothing) {

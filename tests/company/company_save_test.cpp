@@ -170,10 +170,11 @@ TEST_F(Company_Save_Test, All_Questions_Come_Before_Any_Action) {
         messages.shown[2].text,
         "法人・個人識別が変更されました。既に入力されている全てのデータを消去します。\nよろしいですか？");
     // The refusal of the shift comes before the question that follows it.
-    EXPECT_EQ(Save({{"Ks_ki", "0"}, {"HoKo", "2"}}, {Answer::Yes}).focus, "Ks_ki");
+    EXPECT_EQ(Save({{"Ks_ki", "1"}, {"HoKo", "2"}}, {Answer::Yes}).focus, "Ks_ki");
     EXPECT_EQ(Titles(), "決算期変更確認 決算期変更確認");
-    EXPECT_EQ(messages.shown[1].text,
-              "既に登録されている決算期がマイナスになります。\nこの決算期には変更できません。");
+    EXPECT_EQ(
+        messages.shown[1].text,
+        "既に登録されている決算期が0になります。決算期の番号は1からです。\nこの決算期には変更できません。");
     EXPECT_EQ(Save({{"Ks_ki", "32767"}}, {Answer::Yes}).focus, "Ks_ki");
     EXPECT_TRUE(State() == before);
 
@@ -307,7 +308,8 @@ TEST_F(Own_Firm_Test, Leaving_The_Period_Shifts_At_Once) {
               "決算期は省略できません。必須項目です。\n個人事業の場合も事業年度等として入力してください。");
     EXPECT_EQ(leave({{"Ks_ki", "8"}}, {Answer::No}), "refused 決算期変更確認");
     EXPECT_EQ(entry.Text("Ks_ki"), "6");
-    EXPECT_EQ(leave({{"Ks_ki", "0"}}, {Answer::Yes}), "refused 決算期変更確認 決算期変更確認");
+    EXPECT_EQ(leave({{"Ks_ki", "1"}}, {Answer::Yes}), "refused 決算期変更確認 決算期変更確認");
+    EXPECT_EQ(leave({{"Ks_ki", "0"}}, {}), "refused 決算期エラー");
     EXPECT_TRUE(State() == before);
     // What is whole of the other edits is saved; the firm type waits for its own question.
     EXPECT_EQ(leave({{"Ks_ki", "8"},
@@ -335,6 +337,7 @@ TEST(Company_Info_Test, Era_Dates_And_Readings) {
                  {"0", "4", "1", false}, {"100", "4", "1", false}, {"5", "13", "1", false},
                  {"5", "0", "1", false}, {"5", "4", "31", false},  {"5", "4", "0", false},
                  {"4", "2", "29", true}, {"5", "2", "29", false},  {"12", "2", "29", true},
+                 {"6", "2", "29", true}, {"7", "2", "29", false},  {"8", "2", "29", true},
                  {"", "4", "1", false},  {"07", "03", "31", true}};
     for (const auto& c : dates) {
         EXPECT_EQ(Is_Era_Date(c.year, c.month, c.day), c.is_date) << c.year << "/" << c.month << "/" << c.day;

@@ -192,12 +192,13 @@ TEST_F(Periods_Test, A_Number_That_Cannot_Be_A_New_Period) {
         {Copy_Mode::After, {}, "入力してください"},
         {Copy_Mode::After, 35, "第35期は既に登録されています。"},
         {Copy_Mode::After, 37, "前の期（第36期）が登録されていません。"},
-        {Copy_Mode::After, 32768, "0 から 32767 まで"},
-        {Copy_Mode::After, std::int64_t{65536 + 36}, "0 から 32767 まで"},
-        {Copy_Mode::After, 1e30, "0 から 32767 まで"},
+        {Copy_Mode::After, 32768, "1 から 32767 まで"},
+        {Copy_Mode::After, std::int64_t{65536 + 36}, "1 から 32767 まで"},
+        {Copy_Mode::After, 1e30, "1 から 32767 まで"},
         {Copy_Mode::Before, 34, "第34期は既に登録されています。"},
         {Copy_Mode::Before, 31, "次の期（第32期）が登録されていません。"},
-        {Copy_Mode::Before, -1, "0 から 32767 まで"},
+        {Copy_Mode::Before, -1, "1 から 32767 まで"},
+        {Copy_Mode::Before, 0, "1 から 32767 まで"},
     };
     const auto before = State();
     for (const auto& c : cases) {
@@ -211,10 +212,37 @@ TEST_F(Periods_Test, A_Number_That_Cannot_Be_A_New_Period) {
     const auto proposed = [](std::int16_t number, Copy_Mode mode) {
         return Proposed_Period({{number, 5, 4}}, mode);
     };
-    EXPECT_EQ(proposed(1, Copy_Mode::Before), 0);
+    EXPECT_EQ(proposed(2, Copy_Mode::Before), 1);
+    EXPECT_EQ(proposed(1, Copy_Mode::Before), std::nullopt);
+    for (const Value& number : {Value(), Value(0), Value(7)}) {
+        EXPECT_NE(New_Period_Fault({{1, 5, 4}}, number, Copy_Mode::Before).find("第1期が最も古い"),
+                  std::string::npos);
+    }
     EXPECT_EQ(proposed(0, Copy_Mode::Before), std::nullopt);
     EXPECT_EQ(proposed(32766, Copy_Mode::After), 32767);
     EXPECT_EQ(proposed(32767, Copy_Mode::After), std::nullopt);
+}
+
+// The end of a month stays the end of its month, a leap year being one of Heisei or of Reiwa.
+TEST_F(Periods_Test, A_Shifted_Date_Keeps_The_End_Of_Its_Month) {
+    const struct {
+        const char *from, *to;
+        int years;
+    } cases[] = {{"6=2=29", "7=2=28", 1},   {"7=2=28", "8=2=29", 1}, {"8=2=28", "9=2=28", 1},
+                 {"6=2=29", "5=2=28", -1},  {"5=2=28", "7=2=28", 2}, {"7=3=31", "9=3=31", 2},
+                 {"7=2=29", "8=2=29", 1},   {"7=4=31", "8=4=31", 1}, {"2=2=28", "-1=2=28", -3},
+                 {"1=12=31", "0=12=31", -1}};
+    for (const auto& c : cases) {
+        const std::string from = c.from;
+        const auto dot = from.find('='), second = from.rfind('=');
+        const Connection cn = Cn_Open(session);
+        cn.Execute("UPDATE Jigyo_mas SET 決算期終了年=" + from.substr(0, dot) + ", 決算期終了月=" +
+                   from.substr(dot + 1, second - dot - 1) + ", 決算期終了日=" + from.substr(second + 1));
+        Transaction transaction(cn);
+        Take_Period(cn, 35 + c.years, 35);
+        transaction.Commit();
+        EXPECT_EQ(List("SELECT 決算期終了年, 決算期終了月, 決算期終了日 FROM Jigyo_mas"), c.to) << c.from;
+    }
 }
 
 TEST_F(Periods_Test, Turning_To_A_Period_Shifts_The_Years) {

@@ -244,11 +244,12 @@ TEST_F(Hokkaido_Table_Edit_Test, Old_Stores_Of_Hokkaido) {
     for (const Old_Store& old : cases) {
         Expect_Brought_Forward(old);
     }
-    // A form too old to be scored is brought forward all the same.
+    // The oldest form of this edition is taken in hand, so it is scored, before and after.
     Make_Old_Company(
         {no_ledger, "UPDATE Ks_Zaihyo SET 並び順 = 1 WHERE 建設科目CD=99", no_31_32, other_at_31}, false);
-    EXPECT_THROW(Score(), Score_Refusal);
+    const std::int16_t y = Score().y.Y_Ten;
     Company_Reload(session);
+    EXPECT_EQ(Score().y.Y_Ten, y);
     EXPECT_EQ(session.Data_Ver, 53);
     EXPECT_EQ(List("SELECT Info_No FROM sys_info"), "11");
     EXPECT_EQ(List("SELECT 工種略 FROM Kandaka_Gj WHERE 決算期=5 And 工種CD>=31 ORDER BY 工種CD"),

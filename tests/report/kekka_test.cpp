@@ -85,7 +85,7 @@ class Kekka_Test : public Installation {
   protected:
     using Installation::Installation;
 
-    /// Takes a sample in hand and stores the scores that its screens would hold.
+    /// Takes a sample in hand.
     Settled_Score Take_In_Hand(const std::string& sample, int number, int period, const Scenario& scenario) {
         Import_Case(session, Samples_Folder() / sample);
         session.Work_Store = Company_Store(session, number);
@@ -96,11 +96,6 @@ class Kekka_Test : public Installation {
         Settled_Score score = Score_Company(cn, session.Is_Hokkaido(), period, scenario);
         session.Jigyo_Name = score.jigyo_name;
         session.Hojin_Kojin = score.figures.corporation ? 1 : 2;
-        Review_Figures stored = score.figures;
-        Transaction transaction(cn);
-        Write_Elements(cn, period, scenario, stored);
-        Write_Works(cn, period, scenario, stored);
-        transaction.Commit();
         return score;
     }
 };
@@ -170,19 +165,6 @@ void Expect_Score(const Settled_Score& score, const Kekka_Figures& kekka, Kekka_
               "建設業の経理の状況|" + std::to_string(score.figures.Yoso(140)));
 }
 
-/// The stored scores and the settled ones make the same sheet.
-void Expect_Two_Roads_Agree(const Session& session, Settled_Score score, Kekka_Form form) {
-    const Kekka_Figures from_session = Kekka_Read(session);
-    const Kekka_Figures from_score = Kekka_Read(Cn_Open(session), std::move(score), from_session.heading);
-    std::array<std::string, 2> sheets;
-    for (std::size_t i = 0; i < 2; ++i) {
-        for (const Box_Of_Text& text : Texts_Of(i == 0 ? from_session : from_score, form)) {
-            sheets[i] += text.text + "@" + std::to_string(text.left) + "," + std::to_string(text.top) + "\n";
-        }
-    }
-    EXPECT_EQ(sheets[0], sheets[1]);
-}
-
 TEST_F(Kekka_Test, Samples_Print_Their_Scores) {
     struct Row {
         const char* sample;
@@ -203,7 +185,6 @@ TEST_F(Kekka_Test, Samples_Print_Their_Scores) {
         const Settled_Score score = Take_In_Hand(row.sample, row.number, row.period, row.scenario);
         const Kekka_Figures kekka = Kekka_Read(session);
         Expect_Score(score, kekka, row.form);
-        Expect_Two_Roads_Agree(session, score, row.form);
         const auto texts = Texts_Of(kekka, row.form);
         std::set<double> sizes;
         for (const Box_Of_Text& text : texts) {
@@ -230,6 +211,7 @@ TEST_F(Kekka_Hokkaido_Test, Sample_Prints_Its_Score) {
 
 TEST_F(Kekka_Test, An_Untouched_Scenario_Prints_The_Current_Figures) {
     Take_In_Hand("aoba_kensetsu.json", 1, 35, scenario_genjo);
+    Cn_Open(session).Execute("UPDATE Kandaka_Gj SET 技術者6=Null"); // which the first visit does not post
     std::array<std::vector<Box_Of_Text>, 2> sheets;
     for (const std::uint8_t mode : {std::uint8_t{1}, std::uint8_t{2}}) {
         session.Sim_Mode = mode;

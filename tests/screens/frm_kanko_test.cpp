@@ -3,7 +3,7 @@
 
 #include "calc/x2w_dataget.h"
 #include "screens/settled_score.h"
-#include "screens/syokuta.h"
+#include "screens/syokuta_entry.h"
 #include "session/kyotu_mod.h"
 #include "support/failing_writes.h"
 #include "support/ui_fixture.h"
@@ -175,18 +175,7 @@ TEST_P(Kanko_Firms, What_is_keyed_ends_in_the_figures_of_the_engine) {
     Type_Into(*form, "Kanko_Avg", years.c_str());
     Key(Qt::Key_Return);
     Key(Qt::Key_Escape);
-    for (int round = 0; round < 6; ++round) {
-        Syokuta social;
-        WZX_Calc wzx;
-        const Review_Figures figures = Stored();
-        social.Load_W_2012(figures);
-        social.Calc_W_2012(figures, wzx);
-        Store_W_2012(session, 1, social);
-        for (const char* name : {"Frm_Kanko2", "Frm_Kanko"}) {
-            Open(name);
-            Close();
-        }
-    }
+    Syokuta_Entry(session, 1).Close(session);
     const Review_Figures stored = Stored();
     EXPECT_EQ(stored.works, expected.works);
     for (std::size_t code = 0; code < stored.elements.size(); ++code) {

@@ -352,7 +352,7 @@ TEST_F(Kanko_Store, Completed_Work_As_It_Is_Left) {
         kanko.lines[5].Mzki.Set_Null();
         WZX_Calc wzx;
         kanko.Calc_Kanko_All(figures, wzx);
-        Save_Kanko(session, scenario, kanko, false);
+        Save_Kanko(Cn_Open(session), session, scenario, kanko, false);
         EXPECT_EQ(Stored(0, amounts, prefix), "1000 0 0 0 0");
         EXPECT_EQ(Stored(0, scores, prefix), "397 0 241 450 280");
         EXPECT_EQ(Stored(0, prime, prefix), "- - - - -");
@@ -388,7 +388,7 @@ TEST_F(Kanko_Store, Engineers_As_They_Are_Left) {
         kanko.lines[33].Mkijun.Set(10);
         WZX_Calc wzx;
         kanko.Calc_Gijutu_All(figures, wzx);
-        Save_Kanko(session, scenario, kanko, true);
+        Save_Kanko(Cn_Open(session), session, scenario, kanko, true);
         const std::vector<std::string> z_p = {"評点Z1", "評点Z2", "評点Z", "総合評点P"};
         EXPECT_EQ(Stored(5, {"技術者1", "技術者2", "技術者6"}, prefix), "- - 0");
         EXPECT_EQ(Stored(5, prime, prefix), "0 30 30 0 15");

@@ -244,7 +244,7 @@ TEST_F(Syokuta_Store, Adds_The_Rows_Of_Knowledge_And_Forms_P_Anew) {
         WZX_Calc wzx;
         screen.Load_W_2012(figures);
         screen.Calc_W_2012(figures, wzx);
-        Store_W_2012(session, 1, screen);
+        Store_W_2012(cn, session, 1, screen);
         const Recordset rows = cn.Open("SELECT * FROM W_Yoso WHERE " + of_period + " ORDER BY 要素CD;");
         ASSERT_EQ(rows.Count(), static_cast<std::size_t>(c.added));
         if (c.added != 0) {
