@@ -13,6 +13,7 @@ Exit status: 0 all scored, 1 some company failed, 2 bad arguments or bad case.
 
 import argparse
 import csv
+import calendar
 import datetime
 import json
 import math
@@ -588,7 +589,8 @@ def points_p(x1, x2, y, z, w):
 class Desk:
     """One scenario of one period: what is stored, and the screens that rework it."""
 
-    def __init__(self, edition, law, column, y, elements, lines, end_date):
+    def __init__(self, edition, law, column, y, elements, lines, end_date, current):
+        self.current = current       # the current figures, not a scenario
         self.edition = edition
         self.law = law
         self.column = column
@@ -620,6 +622,8 @@ class Desk:
             self.social_screen()
             self.engineer_screen()
             self.work_screen()
+            if not self.current:
+                self.form_p_anew()
             if before == (self.elements, self.lines):
                 return
         raise ScoreError("計算が収束しません")
@@ -767,7 +771,16 @@ class Desk:
             self.store_amounts(line, PRIME, PRIME_STORED, prime, prime_average, prime_previous)
             if index < SCORED:
                 line.update(zip(SCORES, (x1, z1, z2, z, p) if own else (None,) * 5))
-        e.update({201: years, 202: sums[3], 203: sums[4], 140: w5, 200: w})
+        e.update({201: years, 202: sums[3], 203: sums[4], 140: w5})
+        if self.current:     # the improved screen leaves W to the X2/W screen
+            e[200] = w
+
+    def form_p_anew(self):
+        """P with the W that is stored, as closing the X2/W screen forms it."""
+        for line in self.lines[:SCORED]:
+            if line.get("総合評点P") is not None:
+                line["総合評点P"] = points_p(to_int(line.get("評点X1")), self.x2["X2"], self.y,
+                                          to_int(line.get("評点Z")), self.score(200))
 
     def result(self):
         e = self.elements
@@ -844,8 +857,15 @@ class Company:
     def end_date(self, k):
         """End of period k; the register holds the Reiwa year of the period in hand."""
         o = self.office
-        return datetime.date(o["決算期終了年"] + k - o["処理決算期"] + 2018,
-                             o["決算期終了月"], o["決算期終了日"])
+        year, month, day = o["決算期終了年"], o["決算期終了月"], o["決算期終了日"]
+
+        def last(of):    # of Heisei or of Reiwa, whichever is longer
+            return max(calendar.monthrange(base + of, month)[1] for base in (1988, 2018))
+        if not 1 <= day <= last(year):
+            raise ValueError("決算期終了日")
+        moved = year + k - o["処理決算期"]
+        day = last(moved) if day == last(year) else min(day, last(moved))
+        return datetime.date(moved + 2018, month, min(day, calendar.monthrange(moved + 2018, month)[1]))
 
     def desk(self, k, scenario):
         period, statement = self.periods[k], self.statements[k]
@@ -871,11 +891,10 @@ class Company:
         stored_lines = lines(PREFIX[scenario])
         stored_elements = elements(ELEMENT_COLUMN.get(scenario, "改善後" + scenario))
         if scenario != "genjo":
-            untouched = (all(v is None for line in stored_lines for v in line.values())
-                         and all(v is None for v in stored_elements.values()))
-            if untouched and scenario != "kaizen":
-                raise ScoreError("保存値%s はありません" % scenario)
-            if untouched:
+            if scenario != "kaizen":
+                if not any(line[n] is not None for line in stored_lines[:SCORED] for n in OWN):
+                    raise ScoreError("保存値%s はありません" % scenario)
+            elif all(line[n] is None for line in stored_lines for n in FAMILY):
                 current = lines("")
                 for i in range(SCORED):
                     for n in FAMILY:
@@ -890,7 +909,7 @@ class Company:
             column = {}      # a case file brings no balances of a saved slot
         y = points_y(column, self.edition, self.corporation)
         desk = Desk(self.edition, period["Simyu_Kubun"], column, y["Y"], stored_elements,
-                    stored_lines, self.end_date(k))
+                    stored_lines, self.end_date(k), scenario == "genjo")
         return desk, y
 
     def score(self, k, scenario):

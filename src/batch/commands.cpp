@@ -56,6 +56,10 @@ int Import_All(const Session& session, const std::vector<fs::path>& files) {
             const Imported imported = Import_Case(session, file);
             std::cout << imported.number << " " << Shown_Text(imported.name)
                       << (imported.replaced ? "：置き換えました。" : "：取り込みました。") << "\n";
+            for (const std::string& reason : imported.unsettled) {
+                std::cerr << imported.number << " " << Shown_Text(imported.name) << "：" << Shown_Text(reason)
+                          << "\n";
+            }
         } catch (const std::exception& error) {
             std::cerr << Failure_Text(error) << "\n";
             status = status_failed;

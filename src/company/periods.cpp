@@ -84,10 +84,8 @@ std::uint8_t Proposed_Law_Year(const std::vector<Period_Entry>& periods, Copy_Mo
 
 std::string No_Period_Before(const std::vector<Period_Entry>& periods) {
     return periods.empty() || Proposed_Period(periods, Copy_Mode::Before)
-               ? std::string()
-               : Ordinal(periods.front().number) +
-                     "が最も古い決算期のため、これより前の決算期は作成できません。決算期の番号は " +
-                     std::to_string(lowest_number) + " からです。";
+               ? ""
+               : "これより前の決算期は作成できません。決算期の番号は 1 からです。";
 }
 
 std::string New_Period_Fault(const std::vector<Period_Entry>& periods, const Value& number, Copy_Mode mode) {

@@ -5,6 +5,9 @@
 #include "company/datacheck.h"
 #include "company/register.h"
 #include "data/store_file.h"
+#include "screens/kanko_entry.h"
+#include "screens/settled_score.h"
+#include "screens/syokuta_entry.h"
 #include "session/kidou_ini.h"
 #include "support/failing_writes.h"
 #include "support/ui_fixture.h"
@@ -74,6 +77,30 @@ class Single_Shell_Test : public Shell_Test {
                                  "決算期開始年=6, 決算期開始月=4, 決算期開始日=1");
     }
 };
+
+// A statement that changes Y reaches the stored scores when its panel is closed, without a visit of their
+// screens.
+TEST_F(Single_Shell_Test, Stored_scores_follow_the_statement) {
+    session.Hojin_Kojin = 2;
+    Kanko_Entry works(session, Kanko_Screen_Of("Frm_Kanko"));
+    const Kanko_Entered amount = {2, 2, 50'000};
+    works.Take({&amount, 1});
+    Syokuta_Entry(session, 1).Close(session);
+    works.Close(session);
+    const std::string stored = "SELECT 総合評点P FROM Kandaka_Gj WHERE 工種CD=2";
+    const std::string before = List(stored);
+    ASSERT_TRUE(Start().running);
+    Press("Cmd_KsZ1");
+    Put_Amounts({{319, 800'000'000}, {399, 900'000'000}, {250, 800'000'000}, {100, 900'000'000}});
+    EXPECT_EQ(List(stored), before);
+    Press("Cmd_KsT(6)");
+    EXPECT_NE(List(stored), before);
+    const Connection cn = Cn_Open(session);
+    EXPECT_EQ(
+        List(stored),
+        std::to_string(Score_Company(cn, false, std::nullopt, scenario_genjo).figures.works[2].P.value));
+    EXPECT_TRUE(messages.shown.empty());
+}
 
 const std::vector<const char*> company_bound = {"Cmd_KsZ1",   "Cmd_KsZ2",   "Cmd_KsZ3",  "Cmd_KsZ4",
                                                 "Cmd_Sim1",   "Cmd_Sim2",   "Cmd_Sim3",  "Cmd_Sim4",

@@ -215,7 +215,8 @@ TEST_F(Periods_Test, A_Number_That_Cannot_Be_A_New_Period) {
     EXPECT_EQ(proposed(2, Copy_Mode::Before), 1);
     EXPECT_EQ(proposed(1, Copy_Mode::Before), std::nullopt);
     for (const Value& number : {Value(), Value(0), Value(7)}) {
-        EXPECT_NE(New_Period_Fault({{1, 5, 4}}, number, Copy_Mode::Before).find("第1期が最も古い"),
+        EXPECT_NE(New_Period_Fault({{1, 5, 4}}, number, Copy_Mode::Before)
+                      .find("これより前の決算期は作成できません"),
                   std::string::npos);
     }
     EXPECT_EQ(proposed(0, Copy_Mode::Before), std::nullopt);

@@ -94,8 +94,9 @@ def main(top):
     run(PROGRAM, "report", top / "13", "--company", 4, "--period", 20, "-o", one)
     text = text_of(one)
     expect("労働福祉の状況" in text and "補佐" not in text, "the report of the law year of period 20")
-    run(PROGRAM, "report", top / "13", "--company", 1, "--report", "Rpt_Kekka", "-o", one)
+    run(PROGRAM, "report", top / "13", "--company", 4, "--period", 20, "--report", "Rpt_Kekka_2011", "-o", one)
     expect("労働福祉の状況" in text_of(one), "a report by its name")
+    run(PROGRAM, "report", top / "13", "--company", 1, "--report", "Rpt_Kekka", "-o", one, status=1)
 
     case = json.loads(run(PROGRAM, "export", top / "13", "--company", 1))
     for name, other_fonts, notice in (("㈱𠮷野・葛󠄀城\u200b建設", 1, ""), ("青葉\U000f1234建設", 0, "U+F1234")):
