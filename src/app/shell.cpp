@@ -31,6 +31,8 @@ Shell::Start Shell::Sub_Main() {
     Start start;
     Guard([this, &start] {
         // The lock first: a second start must not fill a folder that the first one is filling.
+        std::error_code is_there_or_fails_below;
+        std::filesystem::create_directories(own_session.App_Path, is_there_or_fails_below);
         if (auto taken = Instance_Lock::Take(own_session.App_Path)) {
             lock.emplace(std::move(*taken));
         } else {

@@ -387,6 +387,12 @@ TEST_F(Shell_Test, A_second_instance_is_refused_and_a_killed_one_leaves_the_lock
     EXPECT_EQ(second.status, 1);
     EXPECT_EQ(messages.shown.back().title, "複数起動エラー");
     EXPECT_TRUE(State() == before) << "a refused start changes no file";
+    // Nor does it fill a folder that the first one has only begun to fill.
+    const auto settings = folder.path / "install_info.json";
+    std::filesystem::rename(settings, folder.path / "aside");
+    EXPECT_EQ(Start().status, 1);
+    EXPECT_FALSE(std::filesystem::exists(settings));
+    std::filesystem::rename(folder.path / "aside", settings);
     first.kill();
     ASSERT_TRUE(first.waitForFinished());
     EXPECT_TRUE(Start().running);
