@@ -271,11 +271,9 @@ TEST_F(Score_Test, Dates_That_Are_None) {
     } cases[] = {{6, 2, 29, 2, 175}, {6, 2, 29, 1, 190}, {8, 2, 29, 2, 175},
                  {7, 2, 29, 2, -1},  {6, 4, 31, 2, -1},  {6, 4, 31, 1, -1}};
     for (const auto& c : cases) {
-        json firm = Firm(1, one_line);
-        firm["Jigyo_mas"]["決算期終了年"] = c.year;
-        firm["Jigyo_mas"]["決算期終了月"] = c.month;
-        firm["Jigyo_mas"]["決算期終了日"] = c.day;
-        Import(firm);
+        Import(Firm(1, one_line));
+        Execute(1, "UPDATE Jigyo_mas SET 決算期終了年=" + std::to_string(c.year) + ", 決算期終了月=" +
+                       std::to_string(c.month) + ", 決算期終了日=" + std::to_string(c.day));
         Import(Firm(2, one_line));
         const ordered_json root = Scored([&](Score_Options& options) { options.period = c.period; }).Parsed();
         ASSERT_EQ(root["companies"].size(), c.w < 0 ? 1U : 2U) << c.month << " " << c.day;

@@ -211,7 +211,11 @@ TEST_F(Kekka_Hokkaido_Test, Sample_Prints_Its_Score) {
 
 TEST_F(Kekka_Test, An_Untouched_Scenario_Prints_The_Current_Figures) {
     Take_In_Hand("aoba_kensetsu.json", 1, 35, scenario_genjo);
-    Cn_Open(session).Execute("UPDATE Kandaka_Gj SET 技術者6=Null"); // which the first visit does not post
+    // What the first visit does not post.
+    Cn_Open(session).Execute("UPDATE Kandaka_Gj SET 技術者6=Null");
+    Cn_Open(session).Execute(
+        "UPDATE Kandaka_Gj SET 完工高前々期=Null, 完工高前期=Null, 完工高基準=Null, "
+        "元請完工高前々期=Null, 元請完工高前期=Null, 元請完工高基準=Null WHERE 工種CD=33");
     std::array<std::vector<Box_Of_Text>, 2> sheets;
     for (const std::uint8_t mode : {std::uint8_t{1}, std::uint8_t{2}}) {
         session.Sim_Mode = mode;
