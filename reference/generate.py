@@ -374,8 +374,6 @@ class Firm:
         figures = self.three(years, average)
         if self.risky and self.chance(0.04):
             figures = self.pick([0, 0, MAX32], [0, 1, MAX32], [MAX32, 0, 0], [0, MAX32, 0])
-        if self.chance(0.01):
-            figures[r.randrange(3)] = -r.randrange(1, 1000)
         shape = r.random()
         for name, v in zip(OWN, figures):
             if shape < 0.06:                      # nothing entered
@@ -439,16 +437,10 @@ class Firm:
         put(103, self.pick(0, 1, 2) if law >= 3 else self.pick(0, 1))
         for code in (104, 105) + ((106,) if law >= 3 else ()):
             put(code, self.pick(0, 1))
-        if self.chance(0.1):
-            e[self.pick(103, 104, 105)] = 2                # not an answer of 1
-        if self.chance(0.03):
-            e[self.pick(101, 102, 103, 104)] = 3           # above the limit, counts as not entered
-        put(111, self.pick(0, 5, 6, 7, 34, 35, 36, 100, 199, 200, 201, r.randrange(60)))
-        if self.chance(0.01):
-            e[111] = -1
-        put(121, self.pick(0, 1, 1, 2))
-        put(131, self.pick(0, 0, 1, 2, 3))
-        put(141, self.pick(0, 1, 2, 3, 3, 4))
+        put(111, self.pick(0, 5, 6, 7, 34, 35, 36, 100, 199, 200, r.randrange(60)))
+        put(121, self.pick(0, 1, 1))
+        put(131, self.pick(0, 0, 1, 2))
+        put(141, self.pick(0, 1, 2, 3, 3))
         put(142, self.pick(0, r.randrange(15)))
         put(143, self.pick(0, 1, 2, 3, 4, r.randrange(40)))
         cost = self.near(r.choice(RESEARCH)) if self.chance(0.7) else r.randrange(0, 2200000)
@@ -572,6 +564,8 @@ class Firm:
             day = 28 if month == 2 else day
         end = datetime.date(2018 + year, month, day)
         begin = end + datetime.timedelta(days=1)
+        if (begin.month, begin.day) == (2, 29):        # not a day of the year before
+            begin += datetime.timedelta(days=1)
         return {"format": "morvane-case", "version": 1, "Tiiki_CD": self.edition,
                 "Jigyo_mas": {"管理No": self.number, "事業所名": "照合建設第%d号" % self.number,
                               "事業所カナ名": "ｼ", "法人個人識別": 1 if self.corporation else 2,

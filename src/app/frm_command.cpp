@@ -372,8 +372,11 @@ bool Frm_Command::Close_Panel() {
 
 bool Frm_Command::Store_Sums() {
     const auto save = [this] {
-        Zaimu_Shukei(shell.session, 2);
-        Zaimu_Shukei_KK(shell.session);
+        const Connection cn = Cn_Open(shell.session);
+        Transaction transaction(cn);
+        Zaimu_Shukei(cn, shell.session, 2);
+        Zaimu_Shukei_KK(cn, shell.session);
+        transaction.Commit();
     };
     const Save_Words words = {.what = "財務諸表の合計",
                               .discard = "合計を保存しないで閉じます。入力した金額は保存されています。\n"

@@ -33,12 +33,11 @@ constexpr Field office_fields[] = {
      .hint = "帳票に印刷します。"},
     {.name = "User_ID", .caption = "ユーザーID", .max_length = 30, .width = 30},
     {.name = "Office_Mode",
+     .caption = "使い方",
      .kind = Entry_Kind::Choice,
      .width = 2,
-     .before = "　使い方",
      .hint = "１：自社で使う（1社）　２：事務所で使う（多数の事業所）",
-     .choices = "12",
-     .label = "使い方"},
+     .choices = "12"},
 };
 
 constexpr Field smtp_fields[] = {

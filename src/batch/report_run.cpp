@@ -51,13 +51,14 @@ Printed Pdf_Of(const Session& session, const Report_Options& options, const Comp
                             " を指定してください。");
     }
     const Kekka_Figures kekka = Kekka_Read(cn, std::move(score), Heading_Of(session));
+    const Report_Row& report = *Find_Report(name);
     Print_State print_state;
     print_state.Prt_Doing = true;
-    const Report_Row& report = *Find_Report(name);
+    Read_Report_Info(cn, report, print_state);
     Pdf_Target pdf(Pdf_Info_Of(report, kekka.heading));
     Prt_ModSet prt(print_state, pdf);
     Draw_Kekka(prt, kekka, Kekka_Form_Of(name).value());
-    return {pdf.Finish(), Missing_Notice(prt.Missing())};
+    return {pdf.Finish(), Entry_Notice(kekka) + Missing_Notice(prt.Missing())};
 }
 
 } // namespace

@@ -85,4 +85,12 @@ Kekka_Figures Kekka_Read(const Connection& cn, Settled_Score score, Report_Headi
     return kekka;
 }
 
+std::string Entry_Notice(const Kekka_Figures& kekka) {
+    return kekka.x2w_entered
+               ? ""
+               : "自己資本額・利益額・その他（Ｘ２，Ｗ）の画面が未入力です。未入力の項目は "
+                 "0（無）として計算しています。完工高・技術者の画面は、入力されるまでＷを 0 点として"
+                 "表示します。";
+}
+
 } // namespace morvane

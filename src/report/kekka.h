@@ -36,6 +36,10 @@ Kekka_Figures Kekka_Read(const Session& session);
 /// The same of a score in hand, from its open store.
 Kekka_Figures Kekka_Read(const Connection& cn, Settled_Score score, Report_Heading heading);
 
+/// What is to be said of a sheet beside it: that the items of X2 and W were never entered. Empty where they
+/// were.
+std::string Entry_Notice(const Kekka_Figures& kekka);
+
 /// Draws the sheet in one of its forms.
 void Draw_Kekka(Prt_ModSet& prt, const Kekka_Figures& kekka, Kekka_Form form);
 

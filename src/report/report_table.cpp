@@ -16,9 +16,7 @@ template <Kekka_Form Form>
 Rpt_Draw Read_Kekka(const Session& session) {
     auto kekka = std::make_shared<const Kekka_Figures>(Kekka_Read(session));
     return {kekka->heading, [kekka](Prt_ModSet& prt) { Draw_Kekka(prt, *kekka, Form); },
-            kekka->x2w_entered ? ""
-                               : "自己資本額・利益額・その他（Ｘ２，Ｗ）の画面が未入力です。未入力の項目は "
-                                 "0（無）として計算しています。"};
+            Entry_Notice(*kekka)};
 }
 
 // Number 35 came with the revision of 2011: stores from before it lack the row, whichever of the two newer
@@ -82,12 +80,19 @@ Sheet_Size Load_Report_Info(const Connection& cn, const Report_Row& report, Prin
     const bool doing = print_state.Prt_Doing;
     print_state = {};
     print_state.Prt_Doing = report.keeps_doing && doing;
+    const auto stored = Read_Report_Info(cn, report, print_state);
+    if (!stored && report.object_name != nullptr) {
+        Recordset rows = cn.Open(Select(report));
+        Add_Row(rows, report);
+    }
+    return stored.value_or(Sheet_Size{});
+}
+
+std::optional<Sheet_Size> Read_Report_Info(const Connection& cn, const Report_Row& report,
+                                           Print_State& print_state) {
     Recordset rows = cn.Open(Select(report));
     if (rows.Eof()) {
-        if (report.object_name != nullptr) {
-            Add_Row(rows, report);
-        }
-        return {};
+        return std::nullopt;
     }
     print_state.Ue_Mrg_Val = static_cast<float>(rows["上余白"].As_Double());
     print_state.Hida_Mrg_Val = static_cast<float>(rows["左余白"].As_Double());

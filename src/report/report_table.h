@@ -6,6 +6,7 @@
 #include "report/prt_modset.h"
 
 #include <functional>
+#include <optional>
 #include <span>
 #include <string_view>
 
@@ -51,6 +52,11 @@ struct Sheet_Size {
 /// Reads margins and paper of a report into the print state and makes it ready: one copy, scale 1, not
 /// printing. A missing row is added where the report repairs its own, else the sheet is A4 without margins.
 Sheet_Size Load_Report_Info(const Connection& cn, const Report_Row& report, Print_State& print_state);
+
+/// Reads margins and paper of a report into the print state and writes nothing: the sheet that is stored,
+/// empty where the report has no row.
+std::optional<Sheet_Size> Read_Report_Info(const Connection& cn, const Report_Row& report,
+                                           Print_State& print_state);
 
 /// Stores the margins in the row of the report, where there is one.
 void Save_Report_Info(const Connection& cn, const Report_Row& report, const Print_State& print_state);

@@ -7,6 +7,7 @@
 #include "session/run_time_error.h"
 
 #include <algorithm>
+#include <array>
 #include <stdexcept>
 
 namespace morvane {
@@ -45,19 +46,23 @@ bool Has_Element(const Review_Figures& figures, std::size_t code) {
     return figures.elements[code].up;
 }
 
-// The law year stands in every period, whether anything was entered or not.
+// What every period has or the completed work brings: law year, years of the average, its totals, W and W5.
+constexpr std::array elements_beside_the_items = {140U, 200U, 201U, 202U, 203U, 210U};
+
+// Completed work without items of X2 and W is not filled: their scores would stand as if they had been
+// entered.
 bool Is_Filled(const Review_Figures& figures, const Scenario& scenario) {
     if (scenario.number == scenario_kaizen.number) {
         return figures.Is_Started(scenario); // else its first visit posts the current figures over it
     }
     for (std::size_t code = 0; code < figures.elements.size(); ++code) {
-        if (code != 210 && Has_Element(figures, code)) {
+        if (Has_Element(figures, code) &&
+            std::find(elements_beside_the_items.begin(), elements_beside_the_items.end(), code) ==
+                elements_beside_the_items.end()) {
             return true;
         }
     }
-    return std::any_of(figures.works.begin(), figures.works.end(), [](const Work_Line& line) {
-        return line.Has_Kanko() || line.Has_Motouke() || line.Has_Engineer();
-    });
+    return false;
 }
 
 void Settle_And_Store(const Connection& cn, const Settled_Period& of, const Scenario& scenario,

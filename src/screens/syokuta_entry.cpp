@@ -18,6 +18,9 @@ Syokuta_Entry::Syokuta_Entry(const Session& session, int scenario_number)
         screen.x2.Calc_X2(figures, wzx, false);
         shown = screen;
         screen.Calc_W_2012(figures, wzx);
+        if (!figures.elements[100].up) {
+            shown = screen; // nothing is stored yet that could be shown
+        }
     } catch (const Run_Time_Error& error) {
         fault = error;
     }

@@ -36,6 +36,9 @@ class Body_Scroll : public QScrollArea {
         connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { Follow(now); });
     }
 
+    // The content goes last, and with it the focus.
+    ~Body_Scroll() override { disconnect(qApp, nullptr, this, nullptr); }
+
     [[nodiscard]] QSize sizeHint() const override {
         QSize size = widget()->sizeHint();
         if (widget()->layout()->hasHeightForWidth()) {

@@ -122,6 +122,7 @@ class Message_Window : public QDialog {
     QLayout* Make_Buttons(const Message_Box& box);
 
     Answer chosen;
+    QPushButton* default_button = nullptr;
 };
 
 Message_Window::Message_Window(const Message_Box& box, QWidget* parent)
@@ -143,6 +144,11 @@ Message_Window::Message_Window(const Message_Box& box, QWidget* parent)
     row->addWidget(Make_Text(box), 1);
     whole->addLayout(row, 1);
     whole->addLayout(Make_Buttons(box));
+    // A button is taken for the default, and takes the focus, only where it stands in its window.
+    if (default_button != nullptr) {
+        default_button->setDefault(true);
+        default_button->setFocus();
+    }
     resize(sizeHint());
 }
 
@@ -182,21 +188,27 @@ QLayout* Message_Window::Make_Buttons(const Message_Box& box) {
         auto* button = new QPushButton(QString::fromUtf8(shown.caption));
         button->setObjectName(QString::fromLatin1(shown.name));
         button->setMinimumWidth(96);
+        // Of several that would be one on their own the dialog takes the first for its default.
+        button->setAutoDefault(false);
         connect(button, &QPushButton::clicked, this, [this, answer] {
             chosen = answer;
             accept();
         });
         row->addWidget(button);
         if (answer == box.default_answer) {
-            button->setDefault(true);
-            button->setFocus();
+            default_button = button;
         }
     }
     return row;
 }
 
-// A letter alone presses as it does with Alt.
+// Enter presses the button that has the focus. A letter alone presses as it does with Alt.
 void Message_Window::keyPressEvent(QKeyEvent* event) {
+    auto* focused = qobject_cast<QPushButton*>(focusWidget());
+    if (focused != nullptr && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
+        focused->click();
+        return;
+    }
     const QString letter = event->text().toUpper();
     if (letter.size() == 1 && letter.at(0).isLetter()) {
         for (QPushButton* button : findChildren<QPushButton*>()) {

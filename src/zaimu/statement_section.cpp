@@ -191,30 +191,35 @@ std::optional<std::size_t> Statement_Section::Book_Value_Pair(std::size_t row) {
     return std::nullopt;
 }
 
-void Statement_Section::Save_Rows() const {
-    {
-        const Connection cn = Cn_Open(session);
-        Transaction transaction(cn);
-        Statement update = cn.Prepare("UPDATE " + session.Zaihyo_Table +
-                                      " SET 建設科目名=?, 金額=? WHERE 決算期=? AND 建設科目CD=?");
-        for (const Statement_Row& row : rows) {
-            update.Bind(1, row.name);
-            update.Bind(2, row.amount);
-            update.Bind(3, static_cast<int>(session.Syori_Ki));
-            update.Bind(4, row.code);
-            update.Step();
-            update.Reset();
-        }
-        transaction.Commit();
+void Statement_Section::Store_Rows(const Connection& cn) const {
+    Statement update = cn.Prepare("UPDATE " + session.Zaihyo_Table +
+                                  " SET 建設科目名=?, 金額=? WHERE 決算期=? AND 建設科目CD=?");
+    for (const Statement_Row& row : rows) {
+        update.Bind(1, row.name);
+        update.Bind(2, row.amount);
+        update.Bind(3, static_cast<int>(session.Syori_Ki));
+        update.Bind(4, row.code);
+        update.Step();
+        update.Reset();
     }
-    Zaimu_Shukei(session, 2);
+    Zaimu_Shukei(cn, session, 2);
+}
+
+void Statement_Section::Save_Rows() const {
+    const Connection cn = Cn_Open(session);
+    Transaction transaction(cn);
+    Store_Rows(cn);
+    transaction.Commit();
 }
 
 void Statement_Section::Close(bool save) const {
+    const Connection cn = Cn_Open(session);
+    Transaction transaction(cn);
     if (save) {
-        Save_Rows();
+        Store_Rows(cn);
     }
-    Zaimu_Shukei_KK(session);
+    Zaimu_Shukei_KK(cn, session);
+    transaction.Commit();
 }
 
 bool Statement_Section::Y_Disp() const {

@@ -44,12 +44,12 @@ class Statement_Section {
     /// Forms the subtotals of the section and the totals behind them, after one or more amounts.
     void Sec_Subtotals();
 
-    /// Stores captions and amounts of all rows in one transaction, a blank as Null, and forms the totals of
-    /// the period. Raises Store_Error; nothing of the rows is stored then.
+    /// Stores captions and amounts of all rows, a blank as Null, and forms the totals of the period, in one
+    /// transaction: amounts never stand beside totals that do not hold them. Raises Store_Error.
     void Save_Rows() const;
 
-    /// Leaves the section: stores it unless it is thrown away, and forms the balances after the journal anew.
-    /// Raises Store_Error.
+    /// Leaves the section: stores it unless it is thrown away, and forms the balances after the journal anew,
+    /// all in one transaction. Raises Store_Error.
     void Close(bool save) const;
 
     /// Y from what has been keyed so far: refuses incomplete or unbalanced statements with a box, asks, and
@@ -57,6 +57,7 @@ class Statement_Section {
     bool Y_Disp() const;
 
   private:
+    void Store_Rows(const Connection& cn) const;
     [[nodiscard]] double Sec_RangeSum(std::size_t from, std::size_t to) const;
     std::optional<std::size_t> Book_Value_Pair(std::size_t row);
 

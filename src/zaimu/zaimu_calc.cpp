@@ -286,18 +286,20 @@ double Improved_Balance(const Recordset& row) {
     return row["貸借正負"].As_Integer() == 1 ? amount + debit - credit : amount - debit + credit;
 }
 
-void Zaimu_Shukei(const Session& session, std::uint8_t kbn) {
+void Zaimu_Shukei(const Connection& cn, const Session& session, std::uint8_t kbn) {
     static constexpr std::array<const char*, 3> columns = {"仮金額", "金額", "改善後残高"};
-    const Connection cn = Cn_Open(session);
-    Transaction transaction(cn);
     Book<1> book(cn, session.Syori_Ki, {columns.at(kbn - 1U)}, true);
     Cascade<1>(book, session, Routine::Shukei).Run();
+}
+
+void Zaimu_Shukei(const Session& session, std::uint8_t kbn) {
+    const Connection cn = Cn_Open(session);
+    Transaction transaction(cn);
+    Zaimu_Shukei(cn, session, kbn);
     transaction.Commit();
 }
 
-void Zaimu_Shukei_KK(const Session& session) {
-    const Connection cn = Cn_Open(session);
-    Transaction transaction(cn);
+void Zaimu_Shukei_KK(const Connection& cn, const Session& session) {
     Recordset rows = cn.Open("SELECT * FROM ks_Zaihyo WHERE 決算期=" + std::to_string(session.Syori_Ki) +
                              " ORDER BY 建設科目CD;");
     for (; !rows.Eof(); rows.Move_Next()) {
@@ -305,6 +307,12 @@ void Zaimu_Shukei_KK(const Session& session) {
     }
     Book<3> book(cn, session.Syori_Ki, {"借方", "貸方", "改善後残高"}, false);
     Cascade<3>(book, session, Routine::Shukei_KK).Run();
+}
+
+void Zaimu_Shukei_KK(const Session& session) {
+    const Connection cn = Cn_Open(session);
+    Transaction transaction(cn);
+    Zaimu_Shukei_KK(cn, session);
     transaction.Commit();
 }
 

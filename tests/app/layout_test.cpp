@@ -321,5 +321,37 @@ TEST_F(Layout_Test, Messages_are_as_wide_as_their_lines) {
     }
 }
 
+// One Enter must never carry out what a question warns of.
+TEST(Message_Windows_Test, Enter_takes_the_default_and_esc_the_way_back) {
+    const struct {
+        Buttons buttons;
+        Answer default_answer;
+        Answer back;
+    } cases[] = {{Buttons::Yes_No, Answer::No, Answer::No},
+                 {Buttons::Yes_No, Answer::Yes, Answer::No},
+                 {Buttons::Ok_Cancel, Answer::Cancel, Answer::Cancel},
+                 {Buttons::Ok_Cancel, Answer::Ok, Answer::Cancel},
+                 {Buttons::Retry_Discard_Back, Answer::Back, Answer::Back}};
+    for (const auto& c : cases) {
+        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape}) {
+            Message_Windows windows;
+            Answer answer = Answer::Ok;
+            With_Dialog(
+                [&] {
+                    answer = windows.Show({.title = "編集破棄確認",
+                                           .text = "よろしいですか？",
+                                           .buttons = c.buttons,
+                                           .default_answer = c.default_answer});
+                },
+                [&](QDialog& dialog) {
+                    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+                    ASSERT_NE(dialog.focusWidget(), nullptr);
+                    QTest::keyClick(dialog.focusWidget(), key);
+                });
+            EXPECT_EQ(answer, key == Qt::Key_Escape ? c.back : c.default_answer);
+        }
+    }
+}
+
 } // namespace
 } // namespace morvane::tests

@@ -139,7 +139,8 @@ TEST_P(Sample_Test, Balances_And_Comes_Back_The_Same) {
     EXPECT_EQ(Import_Text(text).replaced, GetParam().multi);
     EXPECT_EQ(Export(number), text);
     EXPECT_EQ(Dump(Store(number)), before);
-    EXPECT_EQ(Dump(Store(number).string() + ".bak"), before);
+    // A firm of its own has replaced the blank store of the installation first.
+    EXPECT_EQ(Dump(Store(number).string() + (GetParam().multi ? ".bak" : ".bak2")), before);
 }
 
 // Whatever the screens may have left in the store goes out and comes in again.

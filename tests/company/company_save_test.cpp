@@ -199,7 +199,7 @@ TEST_F(Company_Save_Test, A_Shift_Moves_Every_Period_In_Either_Direction) {
     const struct {
         const char* period;
         const char* moved;
-    } cases[] = {{"8", "7=5 8=6 9=7"}, {"7", "6=5 7=6 8=7"}, {"1", "0=5 1=6 2=7"}};
+    } cases[] = {{"8", "7=5 8=6 9=7"}, {"7", "6=5 7=6 8=7"}, {"2", "1=5 2=6 3=7"}};
     for (const auto& c : cases) {
         ASSERT_EQ(Save({{"Ks_ki", c.period}}, {Answer::Yes}).outcome, Outcome_Of_Save::Saved);
         EXPECT_EQ(List("SELECT 決算期, 現状 FROM W_Yoso WHERE 要素CD=111 ORDER BY 決算期"), c.moved);
@@ -209,6 +209,9 @@ TEST_F(Company_Save_Test, A_Shift_Moves_Every_Period_In_Either_Direction) {
         }
     }
     EXPECT_EQ(List("SELECT 決算期 FROM Kandaka_Kz"), "6");
+    EXPECT_NE(Save({{"Ks_ki", "1"}}, {Answer::Yes}).outcome, Outcome_Of_Save::Saved)
+        << "it would leave a period 0";
+    EXPECT_EQ(List("SELECT 決算期 FROM Ks_ki ORDER BY 決算期"), "1 2 3");
 }
 
 TEST_F(Company_Save_Test, A_New_Company_Is_Registered_And_Taken_In_Hand) {

@@ -3,6 +3,8 @@
 
 #include "app/form_table.h"
 #include "batch/case_file.h"
+#include "batch/company_run.h"
+#include "batch/report_run.h"
 #include "company/datacheck.h"
 #include "data/store_file.h"
 #include "report/painter_target.h"
@@ -18,6 +20,7 @@
 #include <QSignalSpy>
 #include <QWheelEvent>
 #include <cups/cups.h>
+#include <sstream>
 #include <unistd.h>
 
 namespace morvane::tests {
@@ -152,6 +155,37 @@ TEST_F(Report_Window_Test, Margins_Are_Kept_For_The_Report_Number) {
     Open("Rpt_Kekka_2011");
     EXPECT_EQ(session.Prt.Prt_Top, 7.5F);
     EXPECT_EQ(session.Prt.Prt_Busu, 1);
+
+    // The batch tool prints on the same place of the sheet.
+    const auto first_text = [&](const char* name) {
+        QProcess reader;
+        reader.start(
+            QStringLiteral("pdftotext"),
+            {QStringLiteral("-bbox"), QString::fromStdString(folder.path / name), QStringLiteral("-")});
+        EXPECT_TRUE(reader.waitForFinished());
+        const QString page = QString::fromUtf8(reader.readAllStandardOutput());
+        const qsizetype word = page.indexOf(QLatin1String("<word"));
+        EXPECT_GE(word, 0);
+        return page.mid(word, page.indexOf(QLatin1Char('>'), word) - word);
+    };
+    const auto print = [&](const char* name) {
+        Report_Options options;
+        options.companies = Chosen_Companies(session, {});
+        options.output = folder.path / name;
+        std::ostringstream errors;
+        EXPECT_EQ(Report_Run(session, options, errors), 0U) << errors.str();
+    };
+    print("batch.pdf");
+    Open();
+    window->choose_pdf_file = [&](const QString&) {
+        return QString::fromStdString(folder.path / "window.pdf");
+    };
+    Click(*window, "Pdf_Save");
+    EXPECT_EQ(first_text("batch.pdf"), first_text("window.pdf"));
+    session.Prt.Ue_Mrg_Val = 0;
+    Save_Report_Info(Cn_Open(session), *Find_Report("Rpt_Kekka_2012"), session.Prt);
+    print("no_margin.pdf");
+    EXPECT_NE(first_text("no_margin.pdf"), first_text("window.pdf"));
     Open("Rpt_Kekka");
     EXPECT_EQ(session.Prt.Prt_Top, 0.0F);
 }

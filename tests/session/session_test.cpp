@@ -172,7 +172,7 @@ TEST_F(Session_Test, Settings_Are_Kept) {
     info.hojin_kojin = 2;
     info.syori_ki = -3;
     info.kanri_no = 2147483647;
-    info.office_name = "「\"引用\"」\\\n";
+    info.office_name = "「\"引用\"」\\";
     info.net_check_host = "example.jp:80";
     info.optional_columns = {{"代表者名", "見本"}, {"決算期開始年", "6"}};
     Write_Install_Info(folder.path, info);

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "zaimu/statement_section.h"
 
+#include "support/failing_writes.h"
 #include "support/installation_fixture.h"
 #include "zaimu/prior_figures.h"
 
@@ -219,6 +220,28 @@ TEST_F(Corporation_Test, Leaving_without_saving_still_forms_the_balances) {
     EXPECT_EQ(Amount(281, "改善後残高"), 400.0);
     section.Close(true);
     EXPECT_EQ(Amount(281, "改善後残高"), 8900.0);
+}
+
+// Amounts never stand beside totals that do not hold them, whichever write fails or kills the program.
+TEST_F(Corporation_Test, No_failing_write_separates_amounts_and_totals) {
+    Put_Amounts({{100, 500}, {200, 100}});
+    Open(100).Close(true);
+    Expect_All_Or_Nothing(
+        folder.path,
+        [this] {
+            Statement_Section section = Open(100);
+            Key(section, 100, 9000);
+            section.Close(true);
+        },
+        [this] {
+            std::map<std::string, std::string> state;
+            for (const char* column : {"金額", "改善後残高"}) {
+                for (const int code : {100, 129, 199, 281, 399}) {
+                    state[column + std::to_string(code)] = std::to_string(Amount(code, column));
+                }
+            }
+            return state;
+        });
 }
 
 /// A statement that is complete and balances, with one account changed.
