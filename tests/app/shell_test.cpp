@@ -246,7 +246,8 @@ TEST_F(Shell_Test, A_company_that_cannot_be_put_back_is_left_to_the_next_start) 
     Press("Cmd_End");
     EXPECT_FALSE(ended_with);
     EXPECT_TRUE(shell->Frame()->isVisible());
-    EXPECT_NE(messages.shown.back().text.find("000012.dat"), std::string::npos);
+    EXPECT_NE(messages.shown.back().text.find((folder.path / "data").string()), std::string::npos)
+        << messages.shown.back().text;
     messages.answers = {Answer::Discard};
     Press("Cmd_End");
     EXPECT_FALSE(shell->Frame()->isVisible());

@@ -47,6 +47,7 @@ class Report_Window_Test : public Ui_Installation {
     void Open(const char* name = "Rpt_Kekka_2012") {
         window = std::make_unique<Report_Window>(shell, *Find_Report(name));
         window->show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
     }
 
     std::unique_ptr<Report_Window> window;
