@@ -104,11 +104,17 @@ std::optional<Sheet_Size> Read_Report_Info(const Connection& cn, const Report_Ro
     return stored.width > 0 && stored.height > 0 ? stored : Sheet_Size{};
 }
 
-void Save_Report_Info(const Connection& cn, const Report_Row& report, const Print_State& print_state) {
-    Recordset rows = cn.Open(Select(report));
-    if (rows.Eof()) {
-        return;
+void Save_Report_Info(const Session& session, const Report_Row& report, const Print_State& print_state) {
+    {
+        const Connection reader(session.Work_Store, session.Db_Key, Connection::Mode::Read_Only);
+        Print_State stored;
+        if (!Read_Report_Info(reader, report, stored) || (stored.Ue_Mrg_Val == print_state.Ue_Mrg_Val &&
+                                                          stored.Hida_Mrg_Val == print_state.Hida_Mrg_Val)) {
+            return;
+        }
     }
+    const Connection cn = Cn_Open(session);
+    Recordset rows = cn.Open(Select(report));
     rows.Set("上余白", static_cast<double>(print_state.Ue_Mrg_Val));
     rows.Set("左余白", static_cast<double>(print_state.Hida_Mrg_Val));
     rows.Update();

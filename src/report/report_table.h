@@ -58,7 +58,9 @@ Sheet_Size Load_Report_Info(const Connection& cn, const Report_Row& report, Prin
 std::optional<Sheet_Size> Read_Report_Info(const Connection& cn, const Report_Row& report,
                                            Print_State& print_state);
 
-/// Stores the margins in the row of the report, where there is one.
-void Save_Report_Info(const Connection& cn, const Report_Row& report, const Print_State& print_state);
+/// Stores the margins in the row of the report, where there is one and they differ from it: nothing is
+/// written for margins as they were, so that a store that cannot be written is no hindrance. Raises
+/// Store_Error.
+void Save_Report_Info(const Session& session, const Report_Row& report, const Print_State& print_state);
 
 } // namespace morvane

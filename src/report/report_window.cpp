@@ -442,7 +442,7 @@ void Report_Window::Pdf_Save() {
 // ---- the end
 
 bool Report_Window::May_Close() {
-    const auto save = [this] { Save_Report_Info(Cn_Open(shell.session), report, prt); };
+    const auto save = [this] { Save_Report_Info(shell.session, report, prt); };
     return Save_Or_Stay(shell.session, save,
                         {.what = "余白と部数", .discard = "余白と部数の変更を保存しないで閉じます。"}) !=
            Save_End::Stay;

@@ -55,6 +55,7 @@ TEST_F(Leaving_Test, Every_screen_can_be_left_on_a_full_disk) {
         form->show();
         ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
         leaving.edit(*form);
+        session.Prt.Ue_Mrg_Val += 1; // as the setting of the sheet leaves it
         messages.shown.clear();
         const auto before = State();
         const Failing_Writes full(1, Failing_Writes::Manner::From_Then_On, ENOSPC);

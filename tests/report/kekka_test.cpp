@@ -6,6 +6,7 @@
 #include "report/recorded_sheet.h"
 #include "report/report_table.h"
 #include "session/kyotu_mod.h"
+#include "support/failing_writes.h"
 #include "support/installation_fixture.h"
 
 #include <algorithm>
@@ -399,14 +400,22 @@ TEST_F(Kekka_Test, Margins_By_Report_Number) {
     // Number 35 is shared; number 17 is not repaired and keeps nothing.
     state.Ue_Mrg_Val = 2.5F;
     state.Hida_Mrg_Val = 3.0F;
-    Save_Report_Info(cn, newest, state);
-    Save_Report_Info(cn, oldest, state);
+    Save_Report_Info(session, newest, state);
+    Save_Report_Info(session, oldest, state);
     Load_Report_Info(cn, *Find_Report("Rpt_Kekka_2011"), state);
     EXPECT_EQ(state.Prt_Top, 2.5F);
     EXPECT_EQ(state.Prt_Left, 3.0F);
     Load_Report_Info(cn, oldest, state);
     EXPECT_EQ(state.Prt_Top, 0.0F);
     EXPECT_EQ(List("SELECT レポートNo FROM Report_Info WHERE レポートNo=17"), "");
+
+    // Margins as they are stored write nothing, as on a disk that can only be read.
+    cn.Execute("UPDATE Report_Info SET 上余白=2.55 WHERE レポートNo=35");
+    Load_Report_Info(cn, newest, state);
+    const Failing_Writes read_only(1, Failing_Writes::Manner::From_Then_On, EROFS);
+    EXPECT_NO_THROW(Save_Report_Info(session, newest, state));
+    state.Hida_Mrg_Val = 4.0F;
+    EXPECT_THROW(Save_Report_Info(session, newest, state), Store_Error);
 }
 
 } // namespace
