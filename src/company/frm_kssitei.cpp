@@ -3,6 +3,7 @@
 
 #include "calc/law_year.h"
 #include "calc/x2w_dataget.h"
+#include "session/save_or_stay.h"
 #include "widgets/entry_cell.h"
 #include "widgets/record_list.h"
 #include "widgets/section_box.h"
@@ -66,12 +67,10 @@ Frm_KsSitei::Frm_KsSitei(Shell_Port& shell_port)
     choices->addStretch(1);
     pages->addWidget(Make_List_Panel());
     pages->addWidget(Make_New_Panel());
-    pages->setMaximumWidth(720);
     auto* row = new QHBoxLayout;
     row->setSpacing(theme::panel_gap);
     row->addLayout(choices);
     row->addWidget(pages, 1);
-    row->addStretch(0);
     body->addLayout(row, 1);
 
     Add_Help_Button();
@@ -168,9 +167,7 @@ QWidget* Frm_KsSitei::Make_New_Panel() {
     line->addStretch(1);
     fault->setObjectName(QStringLiteral("Lbl_Fault"));
     fault->setWordWrap(true);
-    QPalette red = fault->palette();
-    red.setColor(QPalette::WindowText, QColor(0xB3, 0x26, 0x1E));
-    fault->setPalette(red);
+    theme::Set_Look(fault, "fault");
     panel->body->addLayout(line);
     panel->body->addWidget(fault);
     panel->body->addWidget(what_is_carried);
@@ -299,9 +296,18 @@ std::optional<std::int16_t> Frm_KsSitei::Chosen() const {
     return row < 0 ? std::nullopt : std::optional(periods[static_cast<std::size_t>(row)].number);
 }
 
+// The law year of the period in hand may have been changed here. Where it cannot be read the window is left
+// all the same, with the one that is known.
 bool Frm_KsSitei::May_Close() {
-    shell.session.Simyu_Kubun = Get_Simyu_Kubun(shell.session, shell.session.Syori_Ki);
-    return true;
+    const auto read = [this] {
+        shell.session.Simyu_Kubun = Get_Simyu_Kubun(shell.session, shell.session.Syori_Ki);
+    };
+    return Save_Or_Stay(shell.session, read,
+                        {.what = "処理中の決算期の経審計算年",
+                         .discard = "経審計算年を読み込まないで閉じます。",
+                         .title = "読み込みエラー",
+                         .failed = "を読み込めませんでした。",
+                         .again = "もう一度読み込みます。"}) != Save_End::Stay;
 }
 
 } // namespace morvane

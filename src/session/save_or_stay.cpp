@@ -10,26 +10,30 @@ namespace morvane {
 
 namespace {
 
+std::string Could_Not(const Save_Words& words) {
+    return std::string(words.what) + words.failed + "\n";
+}
+
 /// Why an attempt failed; empty where it did not.
 std::optional<std::string> Attempt(const std::function<void()>& save, const Save_Words& words) {
     try {
         save();
         return std::nullopt;
     } catch (const Store_Error& error) {
-        return std::string(words.what) + "を保存できませんでした。\n" + Failure_Text(error);
+        return Could_Not(words) + Failure_Text(error);
     } catch (const Run_Time_Error& error) {
-        return std::string("計算できないため、") + words.what + "を保存できませんでした。\n" + error.what();
+        return "計算できないため、" + Could_Not(words) + error.what();
     }
 }
 
 Answer Tell_Failure(const Session& session, const std::string& failure, Buttons buttons,
                     const Save_Words& words) {
-    std::string text = failure + "\n\n再試行：もう一度保存します。";
+    std::string text = failure + "\n\n再試行：" + words.again;
     if (buttons == Buttons::Retry_Discard_Back) {
         text += std::string("\n破棄して閉じる：") + words.discard;
     }
     text += "\n戻る：画面に戻ります。入力した内容は画面に残っています。";
-    return Show_Message(session, {.title = "保存エラー",
+    return Show_Message(session, {.title = words.title,
                                   .text = text,
                                   .icon = Icon::Warning,
                                   .buttons = buttons,

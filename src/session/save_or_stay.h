@@ -17,10 +17,13 @@ enum class Save_End : std::uint8_t {
     Stay     ///< the user goes back; what was typed is still there
 };
 
-/// What a box says of a save that fails.
+/// What a box says of a save that fails, or of another step of closing that reaches the store.
 struct Save_Words {
     const char* what = "入力した内容";
     const char* discard = "保存されていない入力を捨てて閉じます。";
+    const char* title = "保存エラー";
+    const char* failed = "を保存できませんでした。"; ///< behind `what`
+    const char* again = "もう一度保存します。";      ///< what another attempt does
 };
 
 /// Runs `save`, the one way in which a screen stores what it holds when it closes. A failing store

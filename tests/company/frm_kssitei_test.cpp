@@ -73,6 +73,19 @@ TEST_F(Period_Screen, A_Line_Is_Chosen_And_Taken_In_Hand) {
     EXPECT_EQ(shell.calls, (std::vector<std::string>{"Show_Company"}));
 }
 
+TEST_F(Period_Screen, A_Store_That_Cannot_Be_Read_Does_Not_Hold_The_Window) {
+    std::filesystem::rename(session.Work_Store, session.App_Path / "gone.dat");
+    messages.answers = {Answer::Back, Answer::Discard};
+    Click(*form, "Cmd_Cancel");
+    EXPECT_TRUE(form->isVisible());
+    EXPECT_EQ(messages.shown.back().title, "読み込みエラー");
+    EXPECT_EQ(messages.shown.back().buttons, Buttons::Retry_Discard_Back);
+    Click(*form, "Cmd_Cancel");
+    EXPECT_FALSE(form->isVisible());
+    EXPECT_EQ(shell.failure, "") << "the program would end";
+    EXPECT_EQ(session.Simyu_Kubun, 4);
+}
+
 TEST_F(Period_Screen, A_New_Period_Is_Made_From_The_Proposal) {
     Click(*form, "Opt(1)");
     EXPECT_FALSE(list->isVisible());
