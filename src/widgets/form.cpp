@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QHBoxLayout>
+#include <QIcon>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
@@ -108,7 +109,8 @@ class Foot : public QWidget {
         row->setContentsMargins(wide ? 16 : 8, 0, wide ? 16 : 8, wide ? 12 : 8);
         row->setSpacing(wide ? 8 : 4);
         for (QPushButton* button : findChildren<QPushButton*>()) {
-            button->setMinimumWidth(wide ? button_width : 0);
+            const bool is_picture = button->text().isEmpty();
+            button->setMinimumWidth(wide && !is_picture ? button_width : 0);
         }
     }
 
@@ -220,10 +222,12 @@ QPushButton* Form::Add_Help_Button() {
 
 QPushButton* Form::Add_Menu_Button() {
     QPushButton* button = Add_Button(QStringLiteral("Cmd_Mnu"), {}, nullptr, true);
+    button->setIconSize({20, 20});
     const auto say = [this, button] {
-        button->setText(shell.Is_Menu_Shown() ? QStringLiteral("« ﾒﾆｭｰを隠す")
-                                              : QStringLiteral("» ﾒﾆｭｰを表示"));
-        button->setAccessibleName(button->text().mid(2));
+        const bool shown = shell.Is_Menu_Shown();
+        button->setIcon(QIcon(shown ? QStringLiteral(":/menu-hide.svg") : QStringLiteral(":/menu-show.svg")));
+        button->setAccessibleName(shown ? QStringLiteral("ﾒﾆｭｰを隠す") : QStringLiteral("ﾒﾆｭｰを表示"));
+        button->setToolTip(button->accessibleName() + QStringLiteral("（Alt＋M）"));
     };
     say();
     Wire(button, &QPushButton::clicked, [this, say] {

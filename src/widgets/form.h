@@ -54,7 +54,7 @@ class Form : public QDialog {
     /// Adds Cmd_help, which opens the page of the form.
     QPushButton* Add_Help_Button();
 
-    /// Adds Cmd_Mnu, which hides and shows the menu.
+    /// Adds Cmd_Mnu, the picture that hides and shows the menu.
     QPushButton* Add_Menu_Button();
 
     /// Connects a signal to work that runs inside the shell's guard.
