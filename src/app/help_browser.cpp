@@ -10,9 +10,11 @@ namespace morvane {
 
 namespace {
 
-constexpr int widest_picture = 740; // the window shows it whole as it opens
+constexpr int widest_picture = 740;
+constexpr int least_picture = 240;
+constexpr int around_picture = 84; // margins of the page and scroll bar
 
-}
+} // namespace
 
 QVariant Help_Browser::loadResource(int type, const QUrl& name) {
     QVariant found = QTextBrowser::loadResource(type, name);
@@ -25,7 +27,8 @@ QVariant Help_Browser::loadResource(int type, const QUrl& name) {
     }
     // In pixels of the display, so that nothing is left for the toolkit to scale.
     const qreal ratio = devicePixelRatioF();
-    const int width = qRound(std::min(picture.width(), widest_picture) * ratio);
+    const int room = std::clamp(viewport()->width() - around_picture, least_picture, widest_picture);
+    const int width = qRound(std::min(picture.width(), room) * ratio);
     if (width != picture.width()) {
         picture = picture.scaledToWidth(width, Qt::SmoothTransformation);
     }

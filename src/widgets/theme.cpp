@@ -94,7 +94,9 @@ QLineEdit:disabled { background: %window; border-color: %pale; color: %disabled;
 QCheckBox, QRadioButton { spacing: 6px; padding: 2px; border: 1px solid transparent; border-radius: 2px; }
 QCheckBox:focus, QRadioButton:focus { border: 1px solid %accent; background: %soft; }
 QCheckBox:disabled, QRadioButton:disabled { color: %disabled; }
-QTableView, QListView, QTextBrowser { background: %surface; border: 1px solid %line; gridline-color: %grid;
+QTextBrowser { background: %surface; border: 1px solid %line; selection-background-color: %accent;
+              selection-color: white; }
+QTableView, QListView { background: %surface; border: 1px solid %line; gridline-color: %grid;
               selection-background-color: %soft; selection-color: %text; outline: 0; }
 QTableView[look="grid"] { border: 0; }
 QTableView[look="records"] { border: 2px solid %line; }
@@ -113,6 +115,7 @@ QLabel[look="title"] { font-size: 14pt; font-weight: bold; }
 QLabel[look="heading"] { font-size: 12pt; font-weight: bold; }
 QLabel[look="muted"] { color: %muted; }
 QLabel[look="notice"] { background: #FFF3CD; border-bottom: 1px solid #E0C878; }
+QLabel[look="fault"] { color: #B3261E; }
 QLabel[look="done"] { background: %soft; border-top: 1px solid %line; }
 QLabel[look="group"] { background: %soft; color: %accent; font-weight: bold; padding: 0 6px; }
 QLabel[look="panel_heading"] { color: %accent; font-weight: bold; padding: 6px 8px 0 8px; }

@@ -28,6 +28,7 @@ inline constexpr QRgb button_open = 0xFFC0C0FF;
 inline constexpr QRgb best = 0xFFFFC0C0;
 inline constexpr QRgb disabled = 0xFF9AA5B1; ///< text of what cannot be used
 inline constexpr QRgb selected = 0xFFCFE0F4; ///< row selected in a list
+inline constexpr QRgb found = 0xFFFFE08A;    ///< hits of a search in a page
 inline constexpr QRgb grid_line = 0xFFE2E7ED;
 inline constexpr QRgb shown = 0xFFF3F5F8; ///< cells of a grid that are not keyed
 inline constexpr QRgb shown_zebra = 0xFFECEFF4;

@@ -14,6 +14,10 @@ namespace {
 // Room for the title bar, which the window manager puts above a window's own area.
 constexpr int title_bar = 32;
 
+constexpr int frame = 1; // at its other sides
+
+constexpr int narrow_display = 1080;
+
 QList<QRect> Free_Areas() {
     QList<QRect> areas;
     for (const QScreen* screen : QGuiApplication::screens()) {
@@ -43,9 +47,41 @@ void Bring_Into_View(QWidget& window) {
 }
 
 bool Is_Narrow_Display(const QWidget* window) {
-    constexpr int narrow = 1080;
     const QScreen* display = window != nullptr ? window->screen() : QGuiApplication::primaryScreen();
-    return display->availableSize().width() < narrow;
+    return display->availableSize().width() < narrow_display;
+}
+
+QRect Free_Area_Of(const QWidget& window) {
+    return window.screen()->availableGeometry().adjusted(frame, title_bar, -frame, -frame);
+}
+
+std::optional<QRect> Beside(const QRect& form, const QRect& focus, const QSize& size, const QRect& display) {
+    constexpr int least_width = 420;
+    constexpr int gap = 4; // the frames of both windows
+    if (display.width() < narrow_display) {
+        return std::nullopt;
+    }
+    QRect right = display;
+    right.setLeft(std::max(display.left(), form.right() + 1 + gap));
+    QRect left = display;
+    left.setRight(std::min(display.right(), form.left() - 1 - gap));
+    QRect room = right.width() >= left.width() ? right : left;
+    if (room.width() < least_width) {
+        const QRect halves[] = {{QPoint(display.center().x() + 1, display.top()), display.bottomRight()},
+                                {display.topLeft(), QPoint(display.center().x(), display.bottom())}};
+        right = halves[0];
+        left = halves[1];
+        if (!focus.isNull()) {
+            right.setLeft(std::max(right.left(), focus.right() + 1 + gap));
+            left.setRight(std::min(left.right(), focus.left() - 1 - gap));
+        }
+        room = right.width() >= least_width ? right : left.width() >= least_width ? left : halves[0];
+    }
+    // On the side of the form, where it takes no more than it needs.
+    QRect place({}, size.boundedTo(room.size()));
+    place.moveTop(std::clamp(form.top(), room.top(), room.bottom() + 1 - place.height()));
+    place.moveLeft(room.left() == display.left() ? room.left() : room.right() + 1 - place.width());
+    return place;
 }
 
 QSize First_Size(const QSize& display) {

@@ -13,6 +13,8 @@
 #include "support/ui_fixture.h"
 
 #include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
 #include <QMenuBar>
 #include <QProcess>
 #include <QProcessEnvironment>
@@ -339,6 +341,30 @@ TEST_F(Shell_Test, F1_opens_the_page_of_what_has_the_focus) {
     ASSERT_NE(help, nullptr);
     EXPECT_TRUE(help->isVisible());
     EXPECT_EQ(help->source().fileName().toStdString(), "Frm_Command.html");
+
+    // Keys typed in the page search it; Enter goes on, Esc ends the search and then the window.
+    auto* search = help->window()->findChild<QLineEdit*>("Help_Search");
+    auto* hits = help->window()->findChild<QLabel*>("Lbl_Hits");
+    ASSERT_TRUE(QTest::qWaitForWindowActive(help->window()));
+    help->setFocus();
+    QTest::keyClick(help, 'F');
+    EXPECT_TRUE(search->hasFocus());
+    const auto marked = help->extraSelections().size();
+    ASSERT_GT(marked, 1);
+    EXPECT_EQ(help->textCursor().selectedText().toStdString(), "F");
+    EXPECT_EQ(hits->text(), QStringLiteral("1／%1件").arg(marked));
+    const int first = help->textCursor().position();
+    QTest::keyClick(search, Qt::Key_Return);
+    EXPECT_GT(help->textCursor().position(), first);
+    QTest::keyClick(search, Qt::Key_Return, Qt::ShiftModifier);
+    EXPECT_EQ(help->textCursor().position(), first);
+    QTest::keyClicks(search, "!?");
+    EXPECT_EQ(hits->text(), QStringLiteral("見つかりません"));
+    QTest::keyClick(search, Qt::Key_Escape);
+    EXPECT_TRUE(help->isVisible());
+    EXPECT_EQ(help->extraSelections().size(), 0);
+    QTest::keyClick(search, Qt::Key_Escape);
+    EXPECT_FALSE(help->isVisible());
 }
 
 // A whole session in a process of its own that is killed with a company in hand.

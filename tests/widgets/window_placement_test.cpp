@@ -23,6 +23,35 @@ TEST(Window_Placement_Test, No_window_stands_off_the_screen) {
     }
 }
 
+TEST(Window_Placement_Test, A_second_window_stands_beside_what_is_worked_with) {
+    constexpr QSize size(860, 680);
+    const QRect small(0, 32, 1366, 736);
+    const QRect large(0, 32, 1920, 1048);
+    const QRect field(210, 200, 120, 24);
+    const struct {
+        const char* what;
+        QRect display, form, focus;
+        std::optional<QRect> place;
+    } cases[] = {
+        {"right of a narrow form", small, {20, 100, 700, 500}, field, QRect(724, 88, 642, 680)},
+        {"left of it", small, {600, 40, 760, 700}, {610, 200, 100, 24}, QRect(0, 40, 596, 680)},
+        {"as wide as it asks for", large, {0, 60, 900, 800}, field, QRect(1060, 60, 860, 680)},
+        {"right half", small, {0, 32, 1366, 736}, field, QRect(683, 32, 683, 680)},
+        {"left half", small, {0, 32, 1366, 736}, {900, 200, 80, 24}, QRect(0, 32, 683, 680)},
+        {"half less a field", small, {0, 32, 1366, 736}, {640, 160, 140, 24}, QRect(784, 32, 582, 680)},
+        {"a field over both", small, {0, 32, 1366, 736}, {100, 200, 900, 24}, QRect(683, 32, 683, 680)},
+        {"a second display",
+         large.translated(1366, 0),
+         {1366, 32, 1920, 1048},
+         {},
+         QRect(2426, 32, 860, 680)},
+        {"too small", {0, 32, 911, 480}, {0, 32, 911, 480}, field, std::nullopt},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(Beside(c.form, c.focus, size, c.display), c.place) << c.what;
+    }
+}
+
 TEST(Window_Placement_Test, A_window_comes_back_to_where_it_stood) {
     const Temporary_Folder folder;
     const auto show = [&](const QRect* move_to) {
