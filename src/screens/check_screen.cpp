@@ -10,6 +10,7 @@
 
 #include <QCoreApplication>
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollArea>
@@ -17,6 +18,7 @@
 #include <QShowEvent>
 #include <QThreadPool>
 #include <QVBoxLayout>
+#include <map>
 
 namespace morvane {
 
@@ -249,6 +251,43 @@ void Check_Screen::Add_Buttons() {
     auto* Tojiru = Add_Button(QStringLiteral("Tojiru"), QStringLiteral("閉じる"), "primary");
     connect(Tojiru, &QPushButton::clicked, this, &Check_Screen::reject);
     Tojiru->setFocus();
+    for (int at = 0; at < buttons->count(); ++at) {
+        if (QWidget* button = buttons->itemAt(at)->widget()) {
+            button->installEventFilter(this); // its arrow keys would go to the next button
+        }
+    }
+}
+
+bool Check_Screen::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress && Scroll_By_Key(static_cast<QKeyEvent*>(event)->key())) {
+        return true;
+    }
+    return Form::eventFilter(watched, event);
+}
+
+void Check_Screen::keyPressEvent(QKeyEvent* event) {
+    if (!Scroll_By_Key(event->key())) {
+        Form::keyPressEvent(event);
+    }
+}
+
+/// Moves through content that is taller than the window; false where all of it is in view.
+bool Check_Screen::Scroll_By_Key(int key) {
+    static const std::map<int, QAbstractSlider::SliderAction> moves = {
+        {Qt::Key_Up, QAbstractSlider::SliderSingleStepSub},
+        {Qt::Key_Down, QAbstractSlider::SliderSingleStepAdd},
+        {Qt::Key_PageUp, QAbstractSlider::SliderPageStepSub},
+        {Qt::Key_PageDown, QAbstractSlider::SliderPageStepAdd},
+        {Qt::Key_Home, QAbstractSlider::SliderToMinimum},
+        {Qt::Key_End, QAbstractSlider::SliderToMaximum},
+    };
+    QScrollBar* bar = scroll->verticalScrollBar();
+    const auto move = moves.find(key);
+    if (move == moves.end() || bar->maximum() == 0) {
+        return false;
+    }
+    bar->triggerAction(move->second);
+    return true;
 }
 
 // The network is asked beside the windows: a host that does not answer takes seconds.

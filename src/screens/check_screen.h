@@ -28,6 +28,8 @@ class Check_Screen : public Form {
   protected:
     bool May_Close() override;
     void showEvent(QShowEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     Check_Screen(Shell_Port& shell_port, const QString& form, Check_Sheet the_sheet);
@@ -39,6 +41,7 @@ class Check_Screen : public Form {
     void Add_Buttons();
     void Open_Table();
     void Explain();
+    bool Scroll_By_Key(int key);
 
     Check_Sheet sheet;
     QScrollArea* scroll;

@@ -79,10 +79,11 @@ Value Shown_Value(std::optional<std::int32_t> number) {
 Frm_Kanko::Frm_Kanko(Shell_Port& shell_port, const char* form)
     : Form(shell_port, QString::fromUtf8(form), QString::fromUtf8(Kanko_Screen_Of(form).title)),
       entry(shell.session, Kanko_Screen_Of(form)), grid(new Entry_Grid(Columns_Of(entry.screen), kanko_rows)),
-      basis(new QLabel) {
+      basis(new QLabel), fault(new QLabel) {
     Set_Sub_Title(QString::fromStdString(shell.session.Screen_Title));
     Make_Grid();
-    body->addWidget(Make_Head());
+    body->addWidget(fault);
+    body->insertWidget(0, Make_Head());
     body->addWidget(grid, 1);
     body->addWidget(Make_Strip());
     Make_Buttons();
@@ -122,6 +123,9 @@ QWidget* Frm_Kanko::Make_Head() {
     basis->setObjectName(QStringLiteral("Lbl_Basis"));
     basis->setToolTip(QStringLiteral("総合評点（Ｐ）の計算に使う、ほかの画面の評点です。"));
     head->addWidget(basis);
+    fault->setObjectName(QStringLiteral("Lbl_Fault"));
+    fault->setWordWrap(true);
+    theme::Set_Look(fault, "fault");
     auto* unit = new QLabel(QStringLiteral("金額単位：千円"));
     theme::Set_Look(unit, "muted");
     head->addSpacing(16);
@@ -268,10 +272,12 @@ void Frm_Kanko::Show_Kanko() {
     }
     Show_Row_In_Hand();
     const Kanko::Scores& scores = entry.Scores();
+    const bool computed = !entry.Fault();
     basis->setText(
-        entry.Fault()
-            ? QString::fromUtf8(entry.Fault()->what())
-            : QStringLiteral("Ｙ %1　　Ｘ２ %2　　Ｗ %3").arg(scores.Y).arg(scores.X2).arg(scores.W));
+        computed ? QStringLiteral("Ｙ %1　　Ｘ２ %2　　Ｗ %3").arg(scores.Y).arg(scores.X2).arg(scores.W)
+                 : QString());
+    fault->setText(computed ? QString() : QString::fromUtf8(entry.Fault()->what()));
+    fault->setHidden(computed);
 }
 
 void Frm_Kanko::Set_Cmd_Enable() {

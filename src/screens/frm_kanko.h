@@ -49,6 +49,7 @@ class Frm_Kanko : public Form {
     Entry_Cell* Kanko_Avg = nullptr; ///< on the screen of completed work
     Result_Strip* strip = nullptr;   ///< the scores of the work type in hand
     QLabel* basis;                   ///< the scores that P takes besides
+    QLabel* fault;                   ///< why nothing can be computed
 };
 
 } // namespace morvane

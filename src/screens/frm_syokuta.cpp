@@ -38,6 +38,19 @@ bool Has_Law(const auto& of, int law) {
     return law >= of.law_from && law <= of.law_to;
 }
 
+/// A caption whose last word, where it is short, stays in one line: kanji break anywhere else.
+QString Keep_Last_Word(QString caption) {
+    constexpr int short_word = 4;
+    constexpr QChar word_joiner(0x2060);
+    const qsizetype word = caption.lastIndexOf(QLatin1Char(' ')) + 1;
+    if (caption.size() - word <= short_word) {
+        for (qsizetype at = caption.size() - 1; at > word; --at) {
+            caption.insert(at, word_joiner);
+        }
+    }
+    return caption;
+}
+
 /// A figure that is not keyed: right-aligned on the ground of shown cells.
 QLabel* Shown_Figure(const Syokuta_Cell& cell, bool strong) {
     auto* label = new Figure_Label;
@@ -187,9 +200,11 @@ QWidget* Frm_Syokuta::Make_Row(const Syokuta_Row& row) {
     if (row.look != Syokuta_Row::Look::Note) {
         widget->setMinimumHeight(row_height);
     }
-    auto* caption = new QLabel(Text(row.caption).trimmed());
+    const QString text = Text(row.caption).trimmed();
+    const bool wraps = text.size() > longest_in_line;
+    auto* caption = new QLabel(wraps ? Keep_Last_Word(text) : text);
     caption->setTextFormat(Qt::PlainText);
-    caption->setWordWrap(caption->text().size() > longest_in_line);
+    caption->setWordWrap(wraps);
     switch (row.look) {
     case Syokuta_Row::Look::Line:
         break;
@@ -207,7 +222,7 @@ QWidget* Frm_Syokuta::Make_Row(const Syokuta_Row& row) {
     for (const Syokuta_Cell& cell : row.cells) {
         if (score) {
             QLabel* label = Shown_Figure(cell, true);
-            label->setAccessibleName(caption->text() + QStringLiteral(" 点数"));
+            label->setAccessibleName(text + QStringLiteral(" 点数"));
             labels.push_back({&cell, label});
             line->addWidget(label);
         } else {

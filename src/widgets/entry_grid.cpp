@@ -176,7 +176,7 @@ void Entry_Grid::Place(Cell_At at) {
     current = at;
     block_end = at;
     view->scrollTo(data->index(at.row, at.column));
-    view->Set_Current(at);
+    Mark_Current();
     editor->Load(at);
     Name_Editor();
     Put_Editor();
@@ -184,6 +184,11 @@ void Entry_Grid::Place(Cell_At at) {
         editor->selectAll();
         Q_EMIT Cell_Entered(at.row, at.column);
     }
+}
+
+// A frame would say that keys go there.
+void Entry_Grid::Mark_Current() {
+    view->Set_Current(editor->isHidden() ? Cell_At{} : current);
 }
 
 void Entry_Grid::Put_Editor() {
@@ -208,6 +213,7 @@ void Entry_Grid::Show_Editor() {
     if (!editor->isVisible()) {
         Place(current);
         editor->show();
+        Mark_Current();
     }
     if (!editor->hasFocus()) {
         editor->setFocus(Qt::OtherFocusReason);
@@ -220,7 +226,7 @@ void Entry_Grid::Editor_Left() {
     view->Set_Block({});
     editor->hide();
     editor->Load(current);
-    view->Set_Current(current);
+    Mark_Current();
 }
 
 void Entry_Grid::focusInEvent(QFocusEvent* event) {

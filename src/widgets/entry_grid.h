@@ -179,6 +179,7 @@ class Entry_Grid : public QFrame {
 
     // The editor.
     void Place(Cell_At at);
+    void Mark_Current();
     void Put_Editor();
     void Show_Editor();
     void Editor_Left();

@@ -13,6 +13,8 @@
 #include <QApplication>
 #include <QLabel>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
 
 namespace morvane::tests {
 namespace {
@@ -68,6 +70,29 @@ class Check_Screens : public Ui_Installation {
     X2_Calc x2;
     Entry_Screen entry;
 };
+
+TEST_F(Check_Screens, Keys_Scroll_What_Is_Taller_Than_The_Window) {
+    Form& form = Open(W2X_Request(4, 5));
+    form.resize(form.width(), 240);
+    QApplication::processEvents();
+    const QWidget* at = Child<QLabel>(form, "lbl_San");
+    while (qobject_cast<const QScrollArea*>(at) == nullptr) {
+        at = at->parentWidget();
+    }
+    const QScrollBar& bar = *qobject_cast<const QScrollArea*>(at)->verticalScrollBar();
+    ASSERT_GT(bar.maximum(), bar.pageStep());
+    const struct {
+        Qt::Key key;
+        int place;
+    } steps[] = {
+        {Qt::Key_Down, bar.singleStep()}, {Qt::Key_Up, 0},   {Qt::Key_PageDown, bar.pageStep()},
+        {Qt::Key_End, bar.maximum()},     {Qt::Key_Home, 0},
+    };
+    for (const auto& step : steps) {
+        QTest::keyClick(Child<QPushButton>(form, "Tojiru"), step.key);
+        EXPECT_EQ(bar.value(), step.place) << step.key;
+    }
+}
 
 TEST_F(Check_Screens, Each_Law_Year_Has_Its_Screen_With_The_Score) {
     const char* const none = nullptr;
