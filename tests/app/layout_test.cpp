@@ -2,6 +2,8 @@
 #include "app/form_table.h"
 #include "app/shell.h"
 #include "batch/case_file.h"
+#include "company/register.h"
+#include "session/install_info.h"
 #include "support/ui_fixture.h"
 #include "widgets/elided_label.h"
 #include "widgets/figure_label.h"
@@ -149,7 +151,7 @@ enum class Fill { Large, Blank };
 
 class Layout_Test : public Installation {
   protected:
-    Layout_Test() : Installation("13", false) {}
+    explicit Layout_Test(bool multi = false) : Installation("13", multi) {}
 
     void Make_Firm(Fill fill) {
         Import_Case(session, Samples_Folder() / "aoba_kensetsu.json");
@@ -171,7 +173,6 @@ class Layout_Test : public Installation {
         shell = std::make_unique<Shell>(folder.path, messages);
         shell->end_process = [](int) { ADD_FAILURE() << "the process would end"; };
         ASSERT_TRUE(shell->Sub_Main().running);
-        shell->session.Office_Name = "北海道東部広域総合行政書士社会保険労務士合同事務所";
         room = display.availableGeometry().adjusted(0, title_bar, 0, 0);
         shell->Frame()->setGeometry(room);
         ASSERT_TRUE(QTest::qWaitForWindowExposed(shell->Frame()));
@@ -278,6 +279,49 @@ TEST_F(Layout_Test, Blank_figures_change_nothing) {
     Make_Firm(Fill::Blank);
     Start_On(*Displays().front());
     Look_At_All();
+}
+
+// Why nothing can be computed is a sentence that is longer than a small display is wide.
+TEST_F(Layout_Test, A_screen_tells_of_figures_that_cannot_be_computed) {
+    Make_Firm(Fill::Large);
+    Cn_Open(session).Execute("UPDATE W_Yoso SET 現状=0 WHERE 要素CD=229 Or 要素CD=231");
+    Start_On(*Displays().front());
+    Click(*shell->Frame(), "Cmd_Sim1");
+    shell->Open_Form(QStringLiteral("Frm_Kanko"));
+    auto* fault = Child<QLabel>(*shell->Frame(), "Lbl_Fault");
+    EXPECT_TRUE(fault->text().contains(QStringLiteral("技能者数の合計が０です。")))
+        << fault->text().toStdString();
+    Look_At(*shell->Frame(), "Frm_Kanko_fault");
+    shell->Frame()->area->Top()->done(0);
+}
+
+/// An office with long names: its own, and those of its companies.
+class Office_Layout_Test : public Layout_Test {
+  protected:
+    Office_Layout_Test() : Layout_Test(true) {
+        Install_Info info = Read_Install_Info(folder.path);
+        info.office_name = "北海道東部広域総合行政書士社会保険労務士合同事務所";
+        Write_Install_Info(folder.path, info);
+        for (int number = 999950; number < 1000000; ++number) {
+            Put_Register_Row(session,
+                             {number, "特定非営利活動法人北海道東部広域建設業振興協同組合連合会青葉建設工業",
+                              "ﾄｸﾃｲﾋｴｲﾘｶﾂﾄﾞｳﾎｳｼﾞﾝﾎｯｶｲﾄﾞｳﾄｳﾌﾞｺｳｲｷｹﾝｾﾂｷﾞｮｳｼﾝｺｳ"});
+        }
+    }
+};
+
+TEST_F(Office_Layout_Test, The_windows_of_the_register_have_their_place_on_every_display) {
+    for (const QScreen* display : Displays()) {
+        SCOPED_TRACE(display->name().toStdString());
+        Start_On(*display);
+        Look_At(*shell->Frame(), "Frm_Main_Plus");
+        EXPECT_TRUE(Child<QLabel>(*shell->Frame(), "JimusyoMei")->isVisible());
+        for (const char* form : {"Frm_JGSitei", "Frm_JgNew"}) {
+            Look_At_Form(*Find_Form(form));
+        }
+        shell.reset();
+        std::filesystem::remove(folder.path / "windows.ini");
+    }
 }
 
 TEST_F(Layout_Test, Messages_are_as_wide_as_their_lines) {
