@@ -38,14 +38,16 @@ bool Has_Law(const auto& of, int law) {
     return law >= of.law_from && law <= of.law_to;
 }
 
-/// A caption whose last word, where it is short, stays in one line: kanji break anywhere else.
-QString Keep_Last_Word(QString caption) {
-    constexpr int short_word = 4;
+/// A caption that does not break inside a short end, such as 点数 behind its （Ｗ１）: kanji break anywhere.
+QString Keep_End_Whole(QString caption) {
+    constexpr int short_end = 8;
     constexpr QChar word_joiner(0x2060);
-    const qsizetype word = caption.lastIndexOf(QLatin1Char(' ')) + 1;
-    if (caption.size() - word <= short_word) {
-        for (qsizetype at = caption.size() - 1; at > word; --at) {
-            caption.insert(at, word_joiner);
+    const auto begin = std::max(caption.lastIndexOf(QChar(u'（')), qsizetype{0});
+    if (caption.size() - begin <= short_end) {
+        for (qsizetype at = caption.size() - 1; at > begin; --at) {
+            if (!caption[at].isSpace() && !caption[at - 1].isSpace()) {
+                caption.insert(at, word_joiner);
+            }
         }
     }
     return caption;
@@ -202,7 +204,7 @@ QWidget* Frm_Syokuta::Make_Row(const Syokuta_Row& row) {
     }
     const QString text = Text(row.caption).trimmed();
     const bool wraps = text.size() > longest_in_line;
-    auto* caption = new QLabel(wraps ? Keep_Last_Word(text) : text);
+    auto* caption = new QLabel(wraps ? Keep_End_Whole(text) : text);
     caption->setTextFormat(Qt::PlainText);
     caption->setWordWrap(wraps);
     switch (row.look) {

@@ -345,7 +345,8 @@ TEST_F(Shell_Test, F1_opens_the_page_of_what_has_the_focus) {
     // Keys typed in the page search it; Enter goes on, Esc ends the search and then the window.
     auto* search = help->window()->findChild<QLineEdit*>("Help_Search");
     auto* hits = help->window()->findChild<QLabel*>("Lbl_Hits");
-    ASSERT_TRUE(QTest::qWaitForWindowActive(help->window()));
+    help->window()->activateWindow();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == help->window(); }));
     help->setFocus();
     QTest::keyClick(help, 'F');
     EXPECT_TRUE(search->hasFocus());
