@@ -184,7 +184,7 @@ TEST_F(Report_Window_Test, Margins_Are_Kept_For_The_Report_Number) {
     Click(*window, "Pdf_Save");
     EXPECT_EQ(first_text("batch.pdf"), first_text("window.pdf"));
     session.Prt.Ue_Mrg_Val = 0;
-    Save_Report_Info(Cn_Open(session), *Find_Report("Rpt_Kekka_2012"), session.Prt);
+    Save_Report_Info(session, *Find_Report("Rpt_Kekka_2012"), session.Prt);
     print("no_margin.pdf");
     EXPECT_NE(first_text("no_margin.pdf"), first_text("window.pdf"));
     Open("Rpt_Kekka");
