@@ -79,7 +79,7 @@ Value Shown_Value(std::optional<std::int32_t> number) {
 Frm_Kanko::Frm_Kanko(Shell_Port& shell_port, const char* form)
     : Form(shell_port, QString::fromUtf8(form), QString::fromUtf8(Kanko_Screen_Of(form).title)),
       entry(shell.session, Kanko_Screen_Of(form)), grid(new Entry_Grid(Columns_Of(entry.screen), kanko_rows)),
-      basis(new QLabel), fault(new QLabel) {
+      basis(new QLabel), fault(new Elided_Label(2)) {
     Set_Sub_Title(QString::fromStdString(shell.session.Screen_Title));
     Make_Grid();
     body->addWidget(fault);
@@ -124,7 +124,6 @@ QWidget* Frm_Kanko::Make_Head() {
     basis->setToolTip(QStringLiteral("総合評点（Ｐ）の計算に使う、ほかの画面の評点です。"));
     head->addWidget(basis);
     fault->setObjectName(QStringLiteral("Lbl_Fault"));
-    fault->setWordWrap(true);
     theme::Set_Look(fault, "fault");
     auto* unit = new QLabel(QStringLiteral("金額単位：千円"));
     theme::Set_Look(unit, "muted");

@@ -284,7 +284,9 @@ TEST_F(Layout_Test, Blank_figures_change_nothing) {
 // Why nothing can be computed is a sentence that is longer than a small display is wide.
 TEST_F(Layout_Test, A_screen_tells_of_figures_that_cannot_be_computed) {
     Make_Firm(Fill::Large);
-    Cn_Open(session).Execute("UPDATE W_Yoso SET 現状=0 WHERE 要素CD=229 Or 要素CD=231");
+    // Engineers and skilled workers that cancel each other, as only a damaged store has them.
+    Cn_Open(session).Execute("UPDATE W_Yoso SET 現状=5 WHERE 要素CD=229");
+    Cn_Open(session).Execute("UPDATE W_Yoso SET 現状=-5 WHERE 要素CD=231");
     Start_On(*Displays().front());
     Click(*shell->Frame(), "Cmd_Sim1");
     shell->Open_Form(QStringLiteral("Frm_Kanko"));
@@ -292,6 +294,8 @@ TEST_F(Layout_Test, A_screen_tells_of_figures_that_cannot_be_computed) {
     EXPECT_TRUE(fault->text().contains(QStringLiteral("技能者数の合計が０です。")))
         << fault->text().toStdString();
     Look_At(*shell->Frame(), "Frm_Kanko_fault");
+    EXPECT_EQ(Child<QScrollArea>(*shell->Frame()->area->Top(), "Body_Scroll")->verticalScrollBar()->maximum(),
+              0);
     shell->Frame()->area->Top()->done(0);
 }
 
