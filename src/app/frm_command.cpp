@@ -416,7 +416,8 @@ void Frm_Command::Open_Form(const QString& form) {
         Screens_Closed();
         return;
     }
-    shell.session.Edit_Flg = true;
+    // A dialog needs no flag: nothing else can be reached under it. The settings ask it of themselves.
+    shell.session.Edit_Flg = shell.session.Edit_Flg || !row->modal;
     std::unique_ptr<Form> screen;
     try {
         screen.reset(row->make(shell));

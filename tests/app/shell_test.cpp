@@ -19,6 +19,7 @@
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QTextBrowser>
+#include <QTimer>
 
 namespace morvane::tests {
 namespace {
@@ -214,6 +215,46 @@ TEST_F(Single_Shell_Test, A_single_firm_has_no_register_and_closes_freely) {
     EXPECT_EQ(Label("KsKi_Dsp"), "第3期");
     EXPECT_TRUE(Enabled("Cmd_KsZ1"));
     EXPECT_TRUE(shell->Frame()->close());
+}
+
+// As from the menu bar, in the running program: the change ends it, and it starts again in the new use.
+TEST_F(Single_Shell_Test, The_use_is_changed_and_the_next_start_has_it) {
+    const auto change = [this](QDialog& settings, const char* mode) {
+        Type_Into(settings, "Office_Mode", mode);
+        messages.answers = {Answer::Yes};
+        Click(settings, "Cmd_Excute");
+        if (settings.isVisible()) { // refused
+            messages.answers = {Answer::Yes};
+            Click(settings, "Cmd_Cancel");
+            QApplication::exit(0);
+        }
+    };
+    const auto change_to = [&](const char* mode) {
+        ASSERT_TRUE(Start().running);
+        QTimer::singleShot(0, shell->Frame(), [this] { Trigger("Disp_Version"); });
+        With_Dialog([] { EXPECT_EQ(QApplication::exec(), 0); },
+                    [&](QDialog& version) {
+                        With_Dialog([&] { Click(version, "Cmd_Settei"); },
+                                    [&](QDialog& settings) { change(settings, mode); });
+                    });
+        shell.reset();
+    };
+    change_to("2");
+    EXPECT_EQ(messages.shown.back().title, "使い方変更完了");
+    ASSERT_EQ(Read_Register(session).size(), 1U);
+    messages.shown.clear();
+    change_to("1");
+    ASSERT_GE(messages.shown.size(), 1U);
+    EXPECT_NE(messages.shown[0].text.find("1件登録されています"), std::string::npos)
+        << messages.shown[0].text;
+    Remove_Register_Row(session, 1);
+    change_to("1");
+    EXPECT_EQ(messages.shown.back().title, "使い方変更完了");
+    messages.shown.clear();
+    messages.answers = {Answer::Yes};
+    With_Dialog([this] { EXPECT_TRUE(Start().running); }, // the blank firm asks for its dates
+                [](QDialog& firm) { Click(firm, "Cmd_Cancel"); });
+    EXPECT_FALSE(shell->session.Is_Multi());
 }
 
 TEST_F(Single_Shell_Test, Without_an_edition_the_start_asks_for_one_until_it_is_chosen) {
