@@ -5,6 +5,7 @@
 #include "batch/check_run.h"
 #include "batch/company_run.h"
 #include "batch/installation.h"
+#include "batch/output_folder.h"
 #include "batch/report_run.h"
 #include "batch/score_run.h"
 #include "calc/law_year.h"
@@ -145,11 +146,7 @@ int Run_Export(const std::string& folder, std::int32_t number, const std::string
 int Run_Csv(const std::string& folder, const std::string& target, std::optional<std::int32_t> number) {
     const Session session = Open_Installation(folder, messages);
     const fs::path store = number ? Store_Of(session, Named_Company(session, *number)) : session.Work_Store;
-    std::error_code error;
-    fs::create_directories(target, error);
-    if (!fs::is_directory(target, error)) {
-        throw Usage_Error("フォルダ「" + target + "」を作成できません。");
-    }
+    Make_Output_Folder(target);
     Csv_Out(Connection(store, session.Db_Key, Connection::Mode::Read_Only), target);
     return status_done;
 }
@@ -441,8 +438,12 @@ class Command_Line {
                             "morvane-batch export ~/morvane --company 1 -o aoba.json");
         sub->add_option("DIR", folder, "データフォルダ")->required();
         Add_Number(sub, "--company", company, "事業所番号")->required();
-        sub->add_option("-o,--output", output, "出力ファイル（省略時は標準出力）");
-        sub->callback([this] {
+        const CLI::Option* target =
+            sub->add_option("-o,--output", output, "出力ファイル（省略時は標準出力）");
+        sub->callback([this, target] {
+            if (target->count() > 0 && output.empty()) {
+                throw Usage_Error("出力先の名前が空です。");
+            }
             command = [this, number = Company_Argument(*company)] {
                 return Run_Export(folder, number, output);
             };

@@ -2,6 +2,7 @@
 #include "batch/report_run.h"
 
 #include "batch/company_run.h"
+#include "batch/output_folder.h"
 #include "data/output_file.h"
 #include "report/kekka.h"
 #include "report/pdf_target.h"
@@ -70,11 +71,7 @@ std::size_t Report_Run(const Session& session, const Report_Options& options, st
                 "複数の事業所は1つのファイルに出力できません。-o にフォルダを指定してください。");
         }
     } else {
-        std::error_code error;
-        fs::create_directories(options.output, error);
-        if (!fs::is_directory(options.output)) {
-            throw Usage_Error("フォルダ「" + options.output.string() + "」を作成できません。");
-        }
+        Make_Output_Folder(options.output);
     }
     const auto print_one = [&](const Company& company) {
         const Printed printed = Pdf_Of(session, options, company);

@@ -4,8 +4,11 @@
 #include "data/store_error.h"
 #include "data/store_file.h"
 
+#include <algorithm>
+#include <array>
 #include <cerrno>
 #include <fcntl.h>
+#include <fstream>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -16,6 +19,9 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr const char* writing = "書き込み";
+
+/// Files by which an installation folder is known.
+constexpr std::array installation_marks = {"install_info.json", "Morvane.dat", "Jgmas.dat"};
 
 /// Writes into what stands there.
 void Write_Into(const fs::path& target, std::string_view bytes) {
@@ -70,7 +76,61 @@ fs::path Behind_Links(fs::path target) {
     return target;
 }
 
+// A folder with settings or a working store is one that the program works in.
+bool Is_Installation(const fs::path& folder) {
+    return std::any_of(installation_marks.begin(), installation_marks.end(), [&folder](const char* mark) {
+        std::error_code error;
+        return fs::exists(Find_File(folder, mark), error);
+    });
+}
+
+/// Whether a folder is that of an installation, or one below it that holds its files.
+bool Is_Of_Installation(const fs::path& folder) {
+    if (Is_Installation(folder)) {
+        return true;
+    }
+    fs::path below = folder;
+    for (fs::path above = folder.parent_path(); above != below; above = above.parent_path()) {
+        const fs::path name = below.filename();
+        if ((name == "data" || name == "templates") && Is_Installation(above)) {
+            return true;
+        }
+        below = above;
+    }
+    return false;
+}
+
+/// Whether a file is a store, wherever it stands and whatever its name is: pages, whose bytes are random
+/// (encrypted) and so unlike those of any text.
+bool Is_A_Store(const fs::path& file, const struct stat& status) {
+    constexpr off_t smallest_page = 512;
+    if (!S_ISREG(status.st_mode) || status.st_size == 0 || status.st_size % smallest_page != 0) {
+        return false;
+    }
+    std::array<char, smallest_page> page{};
+    std::ifstream(file, std::ios::binary).read(page.data(), page.size());
+    return std::string_view(page.data(), 5) != "%PDF-" && std::any_of(page.begin(), page.end(), [](char c) {
+               return c >= 0 && c < ' ' && c != '\n' && c != '\r' && c != '\t' && c != '\f';
+           });
+}
+
 } // namespace
+
+void Test_Output_Place(const fs::path& target) {
+    const fs::path file = Behind_Links(target);
+    std::error_code error;
+    const fs::path real = fs::canonical(fs::absolute(file).parent_path(), error);
+    if (Is_Of_Installation(fs::absolute(file).lexically_normal().parent_path()) ||
+        (!error && Is_Of_Installation(real))) {
+        throw Store_Error(target, Store_Error::Reason::Failed,
+                          "Morvaneのデータフォルダです。ほかのフォルダを指定してください");
+    }
+    struct stat status = {};
+    if (::stat(file.c_str(), &status) == 0 && Is_A_Store(file, status)) {
+        throw Store_Error(target, Store_Error::Reason::Failed,
+                          "Morvaneのデータファイルです。ほかの名前を指定してください");
+    }
+}
 
 void Write_Output(const fs::path& target, std::string_view bytes) {
     struct stat status = {};
@@ -78,6 +138,7 @@ void Write_Output(const fs::path& target, std::string_view bytes) {
         Write_Into(target, bytes);
         return;
     }
+    Test_Output_Place(target);
     const fs::path file = Behind_Links(target);
     if (::stat(file.c_str(), &status) != 0) {
         if (errno != ENOENT) {

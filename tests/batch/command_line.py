@@ -157,6 +157,36 @@ def outputs(top):
     expect_in("空き容量", run(*export, "/dev/full", status=1)[1], "a full device")
     expect_in("フォルダ", run(*export, place / "none" / "file", status=1)[1], "no such folder")
     expect(sorted(path.name for path in place.iterdir()) == ["count", "file", "link", "pipe"], "nothing left beside")
+    own_places(folder, place)
+
+
+def own_places(folder, place):
+    """No output takes the place of a store or of another file of an installation."""
+    stores = {path: path.read_bytes() for path in folder.rglob("*") if path.is_file()}
+    store = folder / "data" / "000005.dat"
+    os.symlink(store, place / "store.pdf")
+    os.symlink(folder, place / "inst")
+    os.link(folder / "data" / "000001.dat", place / "second.json")
+    shutil.copy(store, place / "copy.pdf")
+    copy = (place / "copy.pdf").read_bytes()
+    for target in (store, folder / "Jgmas.dat", folder / "install_info.json", folder / "new.pdf",
+                   folder / "data" / "000099.dat", place / "store.pdf", place / "inst" / "new.json",
+                   place / "inst" / "data" / ".." / "x.pdf", place / "second.json", place / "copy.pdf"):
+        for command in ("export", "report"):
+            status = 2 if command == "report" and target.suffix != ".pdf" and not target.exists() else 1
+            expect_in("Morvaneのデータ", run(command, folder, "--company", 5, "-o", target, status=status)[1], f"{target}")
+    for target in (folder, folder / "data", folder / "data" / "csv", place / "inst"):
+        expect_in("Morvaneのデータ", run("csv", folder, target, status=2)[1], f"csv {target}")
+    for command in (("export", folder, "--company", 5, "-o", ""), ("report", folder, "-o", ""), ("csv", folder, "")):
+        expect_in("名前が空", run(*command, status=2)[1], f"{command}")
+    for target in (place / "none" / "deep", "/dev/folder", "/proc/folder", place / "file" / "x"):
+        for command in (("report", folder, "--company", 5, "-o", target), ("csv", folder, target)):
+            expect_in("作成できません", run(*command, status=2)[1], f"{command}")
+            expect(not pathlib.Path(target).exists() and not (place / "none").exists(), f"{target} made")
+    run("report", folder, "--company", 5, "-o", f"{place / 'reports'}/")
+    expect([path.name for path in (place / "reports").iterdir()] == ["000005.pdf"], "the last level is made")
+    expect(stores == {path: path.read_bytes() for path in folder.rglob("*") if path.is_file()}, "a store was written")
+    expect((place / "copy.pdf").read_bytes() == copy, "a copy of a store was written")
 
 
 def foreign_names(top):

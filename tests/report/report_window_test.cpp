@@ -222,7 +222,8 @@ TEST_F(Report_Window_Test, Margins_That_Cut_The_Report_Are_Asked_About) {
 constexpr const char* printer_error = "ﾌﾟﾘﾝﾀｴﾗｰです。\n接続状態（電源、用紙ｻｲｽﾞ等）を確認してください。";
 
 TEST_F(Report_Window_Test, A_Printer_That_Fails_Leaves_The_Preview) {
-    const fs::path file = folder.path / "printed.pdf";
+    fs::create_directory(folder.path / "pdf");
+    const fs::path file = folder.path / "pdf" / "printed.pdf";
     struct Row {
         const char* what;
         std::function<void(QPrinter&)> choose;
@@ -333,7 +334,9 @@ TEST_F(Report_Window_Test, A_Queue_Prints_Or_The_Failure_Is_Told) {
 }
 
 TEST_F(Report_Window_Test, A_Pdf_Is_Saved_Or_The_Failure_Told) {
-    const fs::path file = folder.path / "kekka.pdf";
+    const fs::path place = folder.path / "pdf";
+    fs::create_directory(place);
+    const fs::path file = place / "kekka.pdf";
     std::vector<QString> asked;
     const auto save = [&](std::vector<std::string> files, const std::vector<Answer>& answers) {
         asked.clear();
@@ -346,7 +349,7 @@ TEST_F(Report_Window_Test, A_Pdf_Is_Saved_Or_The_Failure_Told) {
         Click(*window, "Pdf_Save");
         EXPECT_EQ(asked.size(), files.size());
     };
-    save({folder.path / "kekka"}, {});
+    save({place / "kekka"}, {});
     EXPECT_TRUE(asked[0].endsWith(QStringLiteral("/結果通知書_さくら見本設備株式会社_第28期_改善前.pdf")))
         << asked[0].toStdString();
     EXPECT_TRUE(Read_Text_File(file).starts_with("%PDF-"));
@@ -355,18 +358,23 @@ TEST_F(Report_Window_Test, A_Pdf_Is_Saved_Or_The_Failure_Told) {
     // A file that is there is overwritten only where the user says so, whether the ending was typed or not.
     for (const char* name : {"kekka", "kekka.pdf"}) {
         Write_Text_File(file, "先の内容");
-        save({folder.path / name, ""}, {Answer::No});
+        save({place / name, ""}, {Answer::No});
         ASSERT_EQ(messages.shown.size(), 1U);
         EXPECT_NE(messages.shown[0].text.find("「kekka.pdf」"), std::string::npos);
         EXPECT_EQ(messages.shown[0].default_answer, Answer::No);
         EXPECT_EQ(Read_Text_File(file), "先の内容");
     }
-    save({folder.path / "kekka"}, {Answer::Yes});
+    save({place / "kekka"}, {Answer::Yes});
     EXPECT_TRUE(Read_Text_File(file).starts_with("%PDF-"));
 
-    save({"/nai/kekka.pdf"}, {});
-    ASSERT_EQ(messages.shown.size(), 1U);
-    EXPECT_EQ(messages.shown[0].title, "PDF保存エラー");
+    fs::create_symlink(folder.path / "Morvane.dat", place / "store.pdf");
+    for (const fs::path& refused :
+         {fs::path("/nai/kekka.pdf"), folder.path / "kekka.pdf", place / "store.pdf"}) {
+        save({refused}, {Answer::Yes});
+        ASSERT_GE(messages.shown.size(), 1U) << refused;
+        EXPECT_EQ(messages.shown.back().title, "PDF保存エラー") << refused;
+    }
+    EXPECT_FALSE(fs::exists(folder.path / "kekka.pdf"));
     save({""}, {});
     EXPECT_TRUE(messages.shown.empty());
     EXPECT_FALSE(session.Prt.Prt_Doing);
