@@ -30,6 +30,8 @@ struct Many {
             companies.push_back({number, "計測", Company::Place::Resting_Store});
             if (number != 5) {
                 fs::copy_file(session.Work_Store, Company_Store(session, number));
+                Connection(Company_Store(session, number), session.Db_Key, Connection::Mode::Scratch)
+                    .Execute("UPDATE Jigyo_mas SET 管理No=" + std::to_string(number));
             }
         }
     }

@@ -28,19 +28,20 @@ float Prt_ModSet::Width_Of(const std::string& text, const char* font, float size
 }
 
 void Prt_ModSet::Prt_Text(const std::string& text, float x, float y, const char* font, float size) {
-    const std::string drawable = Drawable(text);
+    const Report_Face face = Face_Of(font);
+    std::string drawable;
+    for (const Letter& letter : Letters_Of(text)) {
+        drawable += Utf8_Of(letter);
+        Note_Missing(letter, face);
+    }
     if (!drawable.empty()) {
-        Note_Missing(drawable, Face_Of(font));
-        target.Text(drawable, X(x), Y(y), Face_Of(font), size * state.Prt_Scale);
+        target.Text(drawable, X(x), Y(y), face, size * state.Prt_Scale);
     }
 }
 
-void Prt_ModSet::Note_Missing(const std::string& text, Report_Face face) {
-    for (const Letter& letter : Letters_Of(text)) {
-        if (!Is_In_A_Font(letter, face) &&
-            std::find(missing.begin(), missing.end(), letter) == missing.end()) {
-            missing.push_back(letter);
-        }
+void Prt_ModSet::Note_Missing(const Letter& letter, Report_Face face) {
+    if (!Is_In_A_Font(letter, face) && std::find(missing.begin(), missing.end(), letter) == missing.end()) {
+        missing.push_back(letter);
     }
 }
 

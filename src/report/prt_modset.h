@@ -58,7 +58,7 @@ class Prt_ModSet {
     [[nodiscard]] float X(float x) const { return state.Prt_Scale * x + state.Prt_Left; }
     [[nodiscard]] float Y(float y) const { return state.Prt_Scale * y + state.Prt_Top; }
     void Take_Width(std::int16_t& width) const;
-    void Note_Missing(const std::string& text, Report_Face face);
+    void Note_Missing(const Letter& letter, Report_Face face);
 
     const Print_State& state;
     Print_Target& target;

@@ -181,12 +181,26 @@ Found_Letter Search(const Letter& letter, Report_Face face) {
 }
 
 /// The letter in its font; without a font where none has it.
-const Found_Letter& Find(const Letter& letter, Report_Face face) {
+const Found_Letter& Look_Up(const Letter& letter, Report_Face face) {
     thread_local std::array<std::unordered_map<std::uint64_t, Found_Letter>, 2> letters;
     auto& known = letters[static_cast<std::size_t>(face)];
     const std::uint64_t key = (std::uint64_t{letter.variant} << 32) | letter.character;
     const auto found = known.find(key);
     return found != known.end() ? found->second : known.emplace(key, Search(letter, face)).first->second;
+}
+
+/// The same; figures and signs, of which a sheet mostly consists, stand in a table of their own.
+const Found_Letter& Find(const Letter& letter, Report_Face face) {
+    constexpr std::size_t plain_letters = 128;
+    thread_local std::array<std::array<const Found_Letter*, plain_letters>, 2> plain{};
+    if (letter.variant != 0 || letter.character >= plain_letters) {
+        return Look_Up(letter, face);
+    }
+    const Found_Letter*& found = plain[static_cast<std::size_t>(face)][letter.character];
+    if (found == nullptr) {
+        found = &Look_Up(letter, face);
+    }
+    return *found;
 }
 
 /// The letter, or what stands for it.
