@@ -31,8 +31,8 @@ Shell::Start Shell::Sub_Main() {
     Start start;
     Guard([this, &start] {
         // The lock first: a second start must not fill a folder that the first one is filling.
-        std::error_code is_there_or_fails_below;
-        std::filesystem::create_directories(own_session.App_Path, is_there_or_fails_below);
+        Make_Installation_Folder(own_session.App_Path);
+        Test_Writable(own_session.App_Path);
         if (auto taken = Instance_Lock::Take(own_session.App_Path)) {
             lock.emplace(std::move(*taken));
         } else {
@@ -53,7 +53,7 @@ Shell::Start Shell::Sub_Main() {
 }
 
 void Shell::Make_Installation() {
-    if (std::filesystem::exists(Find_File(own_session.App_Path, install_info_file))) {
+    if (Is_There(Find_File(own_session.App_Path, install_info_file))) {
         return;
     }
     const auto templates = Delivered_Folder("templates");
@@ -183,7 +183,10 @@ bool Shell::Guard(const std::function<void()>& work) {
     } catch (const Run_Time_Error& error) {
         Tell(own_session, "実行時エラー", error.what());
     } catch (const Store_Error& error) {
-        Fail("データファイルエラー", Failure_Text(error));
+        Fail("データファイルエラー", error.what());
+    } catch (const std::filesystem::filesystem_error& error) {
+        Fail("データファイルエラー",
+             Store_Error(error.path1(), Reason_Of_Errno(error.code().value()), "").what());
     } catch (const std::exception& error) {
         Fail("実行時エラー", std::string("予期しない障害が起きました。\n") + error.what());
     }

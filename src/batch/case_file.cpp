@@ -3,6 +3,7 @@
 
 #include "batch/case_format.h"
 #include "batch/installation.h"
+#include "company/company_identity.h"
 #include "company/data_set.h"
 #include "company/datacheck.h"
 #include "company/law_change.h"
@@ -205,7 +206,7 @@ std::string Text_Of(const Case_Record& record, const char* column) {
     return found == record.firm.end() ? std::string() : found->second.As_Text();
 }
 
-// A number of the register must not take the place of another company.
+// A company must not take the place of another one, neither its number nor its file.
 void Test_Number(const Session& session, const fs::path& file, std::int32_t number) {
     const auto refuse = [&file](const std::string& reason) {
         throw Case_Error(file, "Jigyo_mas.管理No", reason);
@@ -216,13 +217,19 @@ void Test_Number(const Session& session, const fs::path& file, std::int32_t numb
     if (Company_Left_In_Hand(session) == number) {
         refuse("前回の異常終了で指定中の事業所です。「Morvane」を起動して保存してから実行してください。");
     }
-    if (!Is_There(Company_Store(session, number))) {
+    const fs::path target = Company_Store(session, number);
+    if (!Is_There(target)) {
         return;
     }
     for (const Register_Row& row : Read_Register(session)) {
-        if (row.number != number && Company_Store(session, row.number) == Company_Store(session, number)) {
+        if (row.number != number && Company_Store(session, row.number) == target) {
             refuse("下6桁が事業所「" + std::to_string(row.number) + "」と同じため、使用できない番号です。");
         }
+    }
+    const Store_Identity there = Identity_Of(Connection(target, session.Db_Key, Connection::Mode::Read_Only));
+    if (const std::string fault = Identity_Fault(session, there, number); !fault.empty()) {
+        refuse("置き換える先のファイル「" + target.string() + "」は、" + fault +
+               "。置き換えませんでした。ファイルの名前を確かめてから実行してください。");
     }
 }
 

@@ -95,13 +95,11 @@ int Run_Init(const Init_Arguments& arguments) {
         samples.resize(multi ? samples.size() : std::min<std::size_t>(samples.size(), 1));
     }
     const std::string office = multi && arguments.sample ? "見本行政書士事務所" : "";
-    Init_Installation(arguments.folder, {arguments.edition, multi, office});
+    const Instance_Lock lock = Init_Installation(arguments.folder, {arguments.edition, multi, office});
     if (samples.empty()) {
         return status_done;
     }
-    const Session session = Open_Installation(arguments.folder, messages);
-    const Instance_Lock lock = Lock_Installation(session);
-    return Import_All(session, samples);
+    return Import_All(Open_Installation(arguments.folder, messages), samples);
 }
 
 // ---- import, export, csv

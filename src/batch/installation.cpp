@@ -56,6 +56,14 @@ void Test_Folder(const fs::path& folder) {
     }
 }
 
+void Test_Vacant(const fs::path& folder) {
+    if (const auto parts = Installation_Parts(folder); !parts.empty()) {
+        throw Usage_Error("フォルダ「" + folder.string() + "」には既にMorvaneのデータがあります（" +
+                          Listed(parts) +
+                          "）。失われたファイルだけを作り直すときは init --repair を使います。");
+    }
+}
+
 Instance_Lock Take_Lock(const fs::path& folder) {
     auto lock = Instance_Lock::Take(folder);
     if (!lock) {
@@ -136,19 +144,29 @@ std::vector<Company> Companies_Of(const Session& session) {
     return companies;
 }
 
-void Init_Installation(const fs::path& folder, const Init_Options& options) {
+Instance_Lock Init_Installation(const fs::path& folder, const Init_Options& options) {
     if (folder.empty()) {
         throw Usage_Error("フォルダの名前が空です。");
     }
+    const fs::path templates = Templates_Folder();
     if (Is_There(folder)) {
         Test_Folder(folder);
-        if (const auto parts = Installation_Parts(folder); !parts.empty()) {
-            throw Usage_Error("フォルダ「" + folder.string() + "」には既にMorvaneのデータがあります（" +
-                              Listed(parts) +
-                              "）。失われたファイルだけを作り直すときは init --repair を使います。");
-        }
+        Test_Vacant(folder);
     }
-    New_Installation(Templates_Folder(), folder, options);
+    Make_Installation_Folder(folder);
+    Instance_Lock lock = Take_Lock(folder);
+    Test_Vacant(folder); // of what another process made before it freed the lock
+    try {
+        New_Installation(templates, folder, options);
+    } catch (...) {
+        Sweep_Drafts(folder);
+        for (const std::string& part : Installation_Parts(folder)) {
+            std::error_code stays;
+            fs::remove(folder / part, stays);
+        }
+        throw;
+    }
+    return lock;
 }
 
 std::vector<std::string> Repair_Folder(const fs::path& folder, const std::optional<std::string>& edition) {

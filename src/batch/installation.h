@@ -64,9 +64,9 @@ std::vector<Company> Companies_Of(const Session& session);
 /// has it in hand or was broken off; 0 none.
 std::int32_t Company_Left_In_Hand(const Session& session);
 
-/// Makes an installation folder from the delivered templates. Raises Usage_Error where any part of one stands
-/// there already.
-void Init_Installation(const std::filesystem::path& folder, const Init_Options& options);
+/// Makes an installation folder from the delivered templates and gives its lock. Raises Usage_Error where any
+/// part of one stands there already or another process holds the folder. What fails leaves no part behind.
+Instance_Lock Init_Installation(const std::filesystem::path& folder, const Init_Options& options);
 
 /// Makes what the installation in a folder has lost (see Repair_Installation). Raises Usage_Error where no
 /// part of one is there or the desktop program holds it.

@@ -289,6 +289,14 @@ std::vector<std::string> Installation_Parts(const fs::path& folder) {
     return parts;
 }
 
+void Make_Installation_Folder(const fs::path& folder) {
+    std::error_code error;
+    fs::create_directories(folder, error);
+    if (error) {
+        throw Store_Error(folder, Reason_Of_Errno(error.value()), "フォルダの作成");
+    }
+}
+
 void New_Installation(const fs::path& templates, const fs::path& folder, const Init_Options& options) {
     const Store_Key key = Store_Key::Derive(Session::default_password);
     if (May_Hold_Companies(folder, key)) {
@@ -296,11 +304,7 @@ void New_Installation(const fs::path& templates, const fs::path& folder, const I
                           "ほかのデータは残っています。「morvane-batch init --repair フォルダ」で、"
                           "失われたファイルだけを作り直せます");
     }
-    std::error_code error;
-    fs::create_directories(folder, error);
-    if (error) {
-        throw Store_Error(folder, Reason_Of_Errno(error.value()), "フォルダの作成");
-    }
+    Make_Installation_Folder(folder);
     Make_Folder(folder / data_folder, 0700);
     for (const char* name : Template_Names()) {
         if (options.multi || std::string_view(name) != register_store) {

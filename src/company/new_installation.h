@@ -18,9 +18,13 @@ struct Init_Options {
 /// What of an installation stands in a folder, by name: settings, stores, register, marker, data folder.
 std::vector<std::string> Installation_Parts(const std::filesystem::path& folder);
 
+/// Makes the folder, with those above it, where it is not there. Raises Store_Error.
+void Make_Installation_Folder(const std::filesystem::path& folder);
+
 /// Fills an installation folder from the templates: stores, register, marker, settings. Nothing that stands
-/// there is replaced. The settings are written last, so that a folder that was left half made is finished by
-/// the next call. Raises Store_Error, also for a folder that holds companies and has lost its settings.
+/// there is replaced; the instance lock is held by the caller. The settings are written last, so that a
+/// folder that was left half made is finished by the next call. Raises Store_Error, also for a folder that
+/// holds companies and has lost its settings.
 void New_Installation(const std::filesystem::path& templates, const std::filesystem::path& folder,
                       const Init_Options& options);
 

@@ -39,6 +39,8 @@ void Make_Store(const fs::path& file, Store_Kind kind, const Store_Key& key,
     }
     Copy_Store(draft, file, key);
     fs::remove(draft);
+    // Unlike a company's store a delivered one holds nobody's figures, and every user's start copies it.
+    fs::permissions(file, fs::perms(0644));
 }
 
 /// A master row's captions and flags are, until a firm type is known, the corporation's; rows are shown in

@@ -273,9 +273,9 @@ fs::path Find_File(const fs::path& folder, std::string_view name) {
     if (fs::exists(given, error)) {
         return given;
     }
-    for (const auto& entry : fs::directory_iterator(folder, error)) {
-        if (Same_Name(entry.path().filename().string(), name)) {
-            return entry.path();
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+        if (Same_Name(entry->path().filename().string(), name)) {
+            return entry->path();
         }
     }
     return given;

@@ -3,7 +3,6 @@
 
 #include "session/run_time_error.h"
 
-#include <algorithm>
 #include <optional>
 
 namespace morvane {
@@ -20,7 +19,7 @@ std::optional<std::string> Attempt(const std::function<void()>& save, const Save
         save();
         return std::nullopt;
     } catch (const Store_Error& error) {
-        return Could_Not(words) + Failure_Text(error);
+        return Could_Not(words) + error.what();
     } catch (const Run_Time_Error& error) {
         return "計算できないため、" + Could_Not(words) + error.what();
     }
@@ -64,17 +63,6 @@ Save_End Save_Or_Stay(const Session& session, const std::function<void()>& save,
 
 bool Save_Or_Back(const Session& session, const std::function<void()>& save, const Save_Words& words) {
     return Run(session, save, Buttons::Retry_Back, words) == Save_End::Saved;
-}
-
-std::string Failure_Text(const Store_Error& error) {
-    const std::string words = "「" + error.file.string() + "」：" + Reason_Text(error.reason);
-    const std::string all = error.what();
-    // Details in Japanese belong to the words; those of the store engine are in Latin letters.
-    const auto is_letter = [](char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); };
-    const bool is_plain =
-        all.size() >= words.size() &&
-        std::none_of(all.begin() + static_cast<std::ptrdiff_t>(words.size()), all.end(), is_letter);
-    return is_plain ? all : words;
 }
 
 } // namespace morvane

@@ -37,7 +37,4 @@ Save_End Save_Or_Stay(const Session& session, const std::function<void()>& save,
 /// going back. Whether it is stored.
 bool Save_Or_Back(const Session& session, const std::function<void()>& save, const Save_Words& words = {});
 
-/// A failure in words, the file and the reason, without the text of the store engine.
-std::string Failure_Text(const Store_Error& error);
-
 } // namespace morvane

@@ -441,6 +441,15 @@ TEST_F(Shell_Test, After_a_kill_the_next_start_has_every_edit_and_all_files_agre
 }
 
 // The program itself, as it is delivered.
+// The box says what the raiser of the failure advises, whatever letters that holds.
+TEST_F(Shell_Test, The_box_of_lost_settings_tells_how_to_make_them_again) {
+    std::filesystem::remove(folder.path / "install_info.json");
+    EXPECT_FALSE(Start().running);
+    EXPECT_EQ(ended_with, 1);
+    EXPECT_NE(messages.shown.back().text.find("morvane-batch init --repair"), std::string::npos)
+        << messages.shown.back().text;
+}
+
 TEST_F(Shell_Test, A_second_instance_is_refused_and_a_killed_one_leaves_the_lock_free) {
     std::filesystem::copy_file(Program_File(), folder.path / "morvane");
     QProcess first;

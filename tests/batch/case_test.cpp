@@ -520,5 +520,17 @@ TEST_F(Case_Test, A_Company_Left_In_Hand_Is_Not_Replaced) {
     EXPECT_TRUE(Import(Firm(7)).replaced);
 }
 
+TEST_F(Case_Test, A_File_That_Is_Anothers_Is_Not_Replaced) {
+    Import(Firm(7));
+    Import(Firm(8));
+    fs::rename(Store(7), folder.path / "aside");
+    fs::rename(Store(8), Store(7));
+    fs::rename(folder.path / "aside", Store(8));
+    const auto before = State();
+    EXPECT_THROW(Import(Firm(7)), Case_Error);
+    EXPECT_THROW(Import(Firm(8)), Case_Error);
+    EXPECT_EQ(State(), before);
+}
+
 } // namespace
 } // namespace morvane::tests

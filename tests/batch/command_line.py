@@ -74,6 +74,36 @@ def make_folders(top):
     expect(oct((top / "13-multi" / "data").stat().st_mode & 0o777) == "0o700", "the data folder is the owner's")
 
 
+def init_at_once(top):
+    """Of several that make one folder at the same time one does, all of it, and the others are refused."""
+    for turn in range(4):
+        folder = top / f"at-once-{turn}"
+        started = [(edition, subprocess.Popen([PROGRAM, "init", folder, "--edition", edition, "--sample"],
+                                              stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE))
+                   for edition in ("13", "01", "13", "01")]
+        ends = [(program.communicate(timeout=120), edition, program.returncode) for edition, program in started]
+        expect(sorted(status for _, _, status in ends) == [0, 2, 2, 2], f"init at once: {ends}")
+        made = next(edition for _, edition, status in ends if status == 0)
+        settings = json.loads((folder / "install_info.json").read_text(encoding="utf-8"))
+        expect(settings["地域CD"] == made, "the edition of the one that ended well")
+        expect(len(numbers(folder)) == (4 if made == "13" else 1), "the samples of one edition")
+        expect(run("check", folder)[0] == "", "findings after init at once")
+
+
+def failed_init(top):
+    """One that fails leaves nothing that would stop the next one."""
+    delivered, folder = top / "delivered", top / "failed"
+    delivered.mkdir()
+    program = delivered / "morvane-batch"
+    shutil.copy(PROGRAM, program)
+    shutil.copytree(pathlib.Path(PROGRAM).parent / "templates", delivered / "templates")
+    for template in (delivered / "templates").iterdir():
+        expect(template.stat().st_mode & 0o444 == 0o444, f"{template}: every user's start reads it")
+    (delivered / "templates" / "morv_13.dat").unlink()
+    run("init", folder, status=1, program=program)
+    run("init", folder)
+
+
 def import_cases(top):
     folder = top / "empty"
     broken = top / "broken.json"
@@ -314,6 +344,8 @@ def read_only(top):
 with tempfile.TemporaryDirectory(prefix="morvane-command-") as name:
     place = pathlib.Path(name)
     make_folders(place)
+    init_at_once(place)
+    failed_init(place)
     import_cases(place)
     score(place)
     export_and_csv(place)

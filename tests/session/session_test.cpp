@@ -5,6 +5,7 @@
 #include "session/instance_lock.h"
 #include "session/kidou_ini.h"
 #include "session/kyotu_mod.h"
+#include "session/program_folder.h"
 #include "support/installation_fixture.h"
 
 #include <arpa/inet.h>
@@ -216,6 +217,29 @@ TEST_F(Session_Test, Settings_That_Cannot_Be_Read_Are_Refused) {
     fs::remove(folder.path / install_info_file);
     Expect_Refusal(install_info_file, Store_Error::Reason::Missing,
                    [&] { Make_Session(folder.path, messages); });
+}
+
+TEST_F(Session_Test, Data_Beside_The_Program_Are_Never_Passed_Over) {
+    const fs::path program = folder.path / "program";
+    const fs::path of_user = folder.path / "user";
+    ::setenv("XDG_DATA_HOME", of_user.c_str(), 1);
+    const struct {
+        const char* beside;
+        bool is_own;
+    } cases[] = {{"manual/index.html", false}, {"data/notes.txt", false},   {"templates/morv_13.dat", true},
+                 {"install_info.json", true},  {"INSTALL_INFO.JSON", true}, {"Morvane.dat", true},
+                 {"Jgmas.dat", true},          {"data/000001.dat", true}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.beside);
+        fs::remove_all(program);
+        fs::create_directories((program / c.beside).parent_path());
+        Write_Text_File(program / c.beside, "");
+        EXPECT_EQ(Choose_App_Path(program), c.is_own ? program : of_user / "morvane");
+    }
+    EXPECT_EQ(Choose_App_Path(folder.path / "unreadable"), folder.path / "unreadable");
+    ::unsetenv("XDG_DATA_HOME");
+    Expect_Refusal("unreadable", Store_Error::Reason::Missing,
+                   [&] { Test_Writable(folder.path / "unreadable"); });
 }
 
 TEST_F(Session_Test, Each_Store_Has_Its_Opener) {
