@@ -277,11 +277,12 @@ template <class Int>
 Int Number_Argument(const char* name, const std::string& text, Int lowest, Int highest) {
     const auto number = Decimal(text);
     if (!number || *number < std::int64_t{lowest} || *number > std::int64_t{highest}) {
-        const bool has_limit = highest < std::numeric_limits<std::int32_t>::max();
-        throw Usage_Error(
-            std::string(name) + "に「" + Shown_Text(text) + "」は指定できません。" +
-            (has_limit ? std::to_string(lowest) + " から " + std::to_string(highest) + " までの" : "") +
-            "数字を指定してください。\n" + usage_hint);
+        const auto in_reach = [](Int limit) {
+            return std::to_string(std::clamp<std::int64_t>(limit, INT32_MIN, INT32_MAX));
+        };
+        throw Usage_Error(std::string(name) + "に「" + Shown_Text(text) + "」は指定できません。" +
+                          in_reach(lowest) + " から " + in_reach(highest) +
+                          " までの数字を指定してください。\n" + usage_hint);
     }
     return static_cast<Int>(*number);
 }

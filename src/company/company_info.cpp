@@ -2,6 +2,7 @@
 #include "company/company_info.h"
 
 #include "calc/era_date.h"
+#include "data/shown_text.h"
 #include "session/boxes.h"
 
 #include <algorithm>
@@ -213,11 +214,7 @@ std::int64_t Number_Of(std::string_view text) {
 }
 
 std::string Text_Refusal(std::string_view text, std::size_t most, bool has_lines) {
-    const bool has_control = std::any_of(text.begin(), text.end(), [has_lines](char c) {
-        const bool of_lines = c == '\n' || c == '\r' || c == '\t';
-        return ((c >= 0 && c < ' ') || c == 0x7F) && !(has_lines && of_lines);
-    });
-    if (has_control) {
+    if (Has_Control(text, has_lines)) {
         return "使えない文字（制御文字）があります。";
     }
     if (const std::size_t count = Characters(text); count > most) {

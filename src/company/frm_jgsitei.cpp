@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "company/frm_jgsitei.h"
 
+#include "company/kana.h"
 #include "widgets/entry_cell.h"
 #include "widgets/record_list.h"
 #include "widgets/section_box.h"
@@ -21,9 +22,12 @@ namespace {
 
 constexpr List_Column list_columns[] = {{"事業所CD", 12, true}, {"事業所名"}};
 
-// What counts as the same in a search: full width and half width, capitals, hiragana and katakana.
+// What counts as the same in a search: full width and half width, capitals, hiragana and katakana, older and
+// common forms of a character.
 QString Search_Form(const QString& text) {
-    QString form = text.normalized(QString::NormalizationForm_KC).toCaseFolded();
+    QString form = QString::fromStdString(Common_Kanji(text.toStdString()))
+                       .normalized(QString::NormalizationForm_KC)
+                       .toCaseFolded();
     for (QChar& c : form) {
         if (c >= u'ぁ' && c <= u'ゖ') {
             c = QChar(static_cast<char16_t>(c.unicode() + (u'ァ' - u'ぁ')));

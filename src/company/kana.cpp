@@ -1,8 +1,11 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "company/kana.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
+#include <iterator>
+#include <utility>
 
 namespace morvane {
 
@@ -16,6 +19,16 @@ constexpr std::array<const char*, 92> from_katakana = {
     "ﾊﾟ", "ﾋ",  "ﾋﾞ", "ﾋﾟ", "ﾌ",  "ﾌﾞ", "ﾌﾟ", "ﾍ",  "ﾍﾞ", "ﾍﾟ", "ﾎ", "ﾎﾞ", "ﾎﾟ", "ﾏ",  "ﾐ", "ﾑ",
     "ﾒ",  "ﾓ",  "ｬ",  "ﾔ",  "ｭ",  "ﾕ",  "ｮ",  "ﾖ",  "ﾗ",  "ﾘ",  "ﾙ", "ﾚ",  "ﾛ",  "ﾜ",  "ﾜ", "ｲ",
     "ｴ",  "ｦ",  "ﾝ",  "ｳﾞ", "ｶ",  "ｹ",  "ﾜﾞ", "ｲﾞ", "ｴﾞ", "ｦﾞ", "･", "ｰ"};
+
+/// Forms of characters in the names of firms and places, each with the common one.
+constexpr std::pair<std::string_view, std::string_view> kanji_forms[] = {
+    {"髙", "高"},     {"﨑", "崎"}, {"碕", "崎"}, {"嵜", "崎"}, {"𠮷", "吉"}, {"邊", "辺"}, {"邉", "辺"},
+    {"齋", "斎"},     {"齊", "斎"}, {"斉", "斎"}, {"濵", "浜"}, {"濱", "浜"}, {"嶋", "島"}, {"嶌", "島"},
+    {"澤", "沢"},     {"廣", "広"}, {"國", "国"}, {"櫻", "桜"}, {"瀨", "瀬"}, {"德", "徳"}, {"眞", "真"},
+    {"龍", "竜"},     {"榮", "栄"}, {"會", "会"}, {"萬", "万"}, {"鐵", "鉄"}, {"關", "関"}, {"惠", "恵"},
+    {"條", "条"},     {"圓", "円"}, {"藏", "蔵"}, {"豐", "豊"}, {"實", "実"}, {"栁", "柳"}, {"桒", "桑"},
+    {"\uFA10", "塚"}, {"淵", "渕"}, {"渊", "渕"}, {"壽", "寿"}, {"靜", "静"}, {"縣", "県"},
+};
 
 /// The character of three bytes at `at`; 0 where none begins there.
 unsigned Three_Byte_Character(std::string_view text, std::size_t at) {
@@ -45,6 +58,19 @@ std::string Half_Width_Kana(std::string_view text) {
         at += code == 0 ? 1 : 3;
     }
     return narrow;
+}
+
+std::string Common_Kanji(std::string_view text) {
+    std::string common;
+    while (!text.empty()) {
+        const auto* const form =
+            std::find_if(std::begin(kanji_forms), std::end(kanji_forms),
+                         [text](const auto& pair) { return text.starts_with(pair.first); });
+        const bool is_known = form != std::end(kanji_forms);
+        common += is_known ? form->second : text.substr(0, 1);
+        text.remove_prefix(is_known ? form->first.size() : 1);
+    }
+    return common;
 }
 
 } // namespace morvane

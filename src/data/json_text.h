@@ -20,8 +20,15 @@ class Json_Fault : public std::runtime_error {
 /// How deep arrays and objects may stand in each other.
 inline constexpr int most_json_depth = 64;
 
+/// How many members an object and elements an array may have: some times what the largest table has.
+inline constexpr std::size_t most_json_members = 5000;
+
+/// How many values a text may have in all: more than a case of as many periods as it may have.
+inline constexpr std::size_t most_json_values = 3'000'000;
+
 /// Reads a JSON text. Raises Json_Fault, in Japanese, for one that is none (with line and column), for a key
-/// that stands twice in its object, a number beyond all measure, and for more than 64 levels or 64 MB.
+/// that stands twice in its object, a number beyond all measure, for too many members or values, and for more
+/// than 64 levels or 64 MB.
 nlohmann::json Json_Of(std::string_view text);
 
 /// The same with the keys in the order of the text.

@@ -105,4 +105,16 @@ std::string Shown_Lines(std::string_view text) {
     return shown;
 }
 
+bool Has_Control(std::string_view text, bool has_lines) {
+    while (!text.empty()) {
+        const Character character = First_Of(text);
+        const bool of_lines = text[0] == '\n' || text[0] == '\r' || text[0] == '\t';
+        if (character.is_valid && Is_Control(character.number) && !(has_lines && of_lines)) {
+            return true;
+        }
+        text.remove_prefix(character.size);
+    }
+    return false;
+}
+
 } // namespace morvane

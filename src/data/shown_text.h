@@ -21,4 +21,8 @@ std::string Shown_Text(std::string_view text, std::size_t most = most_shown);
 /// A whole message of several lines in the same manner; its line feeds stay, its length has no limit.
 std::string Shown_Lines(std::string_view text);
 
+/// Whether a text has characters that cannot be seen and change what is: controls of both ranges, marks of
+/// the direction of writing. Tab and line ends are none where it may have several lines.
+bool Has_Control(std::string_view text, bool has_lines);
+
 } // namespace morvane

@@ -131,8 +131,11 @@ Entry_Limit Limit_Of_Work_Column(std::string_view column) {
     if (column.starts_with("技術者")) {
         return Limit_Of_Work(Kanko_Use::Count);
     }
-    const bool is_result = column.starts_with("評点") || column == "総合評点P" || column.ends_with("平均");
-    return Limit_Of_Work(is_result ? Kanko_Use::Result : Kanko_Use::Amount);
+    // The routines hold a score in sixteen bits and an average in thirty-two.
+    if (column.starts_with("評点") || column == "総合評点P") {
+        return Width_Of<std::int16_t>();
+    }
+    return Limit_Of_Work(column.ends_with("平均") ? Kanko_Use::Result : Kanko_Use::Amount);
 }
 
 } // namespace morvane

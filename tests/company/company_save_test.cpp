@@ -346,6 +346,7 @@ TEST(Company_Info_Test, Era_Dates_And_Readings) {
         EXPECT_EQ(Is_Era_Date(c.year, c.month, c.day), c.is_date) << c.year << "/" << c.month << "/" << c.day;
     }
     EXPECT_EQ(Half_Width_Kana("ばパがーヴん・ッ ｱｲ　A漢é"), "ﾊﾞﾊﾟｶﾞｰｳﾞﾝ･ｯ ｱｲ A漢é");
+    EXPECT_EQ(Common_Kanji("髙﨑𠮷邊邉齋齊斉濵濱嶋澤廣國櫻工業A"), "高崎吉辺辺斎斎斎浜浜島沢広国桜工業A");
 }
 
 /// Where nothing was begun or all of it is done, and what the next start makes of a killed process.

@@ -104,6 +104,17 @@ TEST(Network_Fault_Test, A_Page_Is_Found_From_Whatever_Was_Entered) {
 }
 
 TEST_F(Network_Settings_Test, A_Refusal_Of_The_File_Names_The_Field) {
+    const auto many = [](const std::string& text, int count) {
+        std::string all;
+        for (int i = 0; i < count; ++i) {
+            all += text;
+        }
+        return all;
+    };
+    std::string keys = R"("0": 0)";
+    for (int i = 1; i <= 5000; ++i) {
+        keys += ", \"" + std::to_string(i) + "\": {}";
+    }
     const struct {
         std::string text;
         const char* reason;
@@ -121,6 +132,9 @@ TEST_F(Network_Settings_Test, A_Refusal_Of_The_File_Names_The_Field) {
         {"[]", "設定の形ではありません"},
         {"{\n\"UserID\": NaN}", "2行11文字目"},
         {std::string(1'000'000, '['), "64段"},
+        {R"({"管理No": [)" + many("1,", 5001) + "1]}", "管理No：要素が多すぎます（5000まで）"},
+        {"{" + keys + "}", "項目が多すぎます（5000まで）"},
+        {R"({"a": [)" + many("[" + many("1,", 4999) + "1],", 700) + "1]}", "値が多すぎます"},
     };
     for (const auto& c : cases) {
         Write_Text_File(folder.path / install_info_file, c.text);
