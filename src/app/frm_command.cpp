@@ -9,10 +9,12 @@
 #include "widgets/window_keys.h"
 #include "zaimu/zaimu_calc.h"
 
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <array>
@@ -29,10 +31,12 @@ QString Text(const std::string& text) {
 // Beside a column and a panel a screen has no room in a frame narrower than this.
 constexpr int narrow_frame = 1180;
 
-/// Buttons under each other, as high as they are; where the window is lower they scroll.
+/// Buttons under each other, as high as they are; where the window is lower they scroll, and the one that has
+/// the focus is in view.
 class Button_Column : public QScrollArea {
   public:
     Button_Column() : column(new QVBoxLayout) {
+        setObjectName(QStringLiteral("Button_Column"));
         setWidgetResizable(true);
         setFocusPolicy(Qt::NoFocus);
         setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -43,6 +47,20 @@ class Button_Column : public QScrollArea {
         column->setContentsMargins(0, 0, 0, 0);
         setWidget(content);
         content->setAutoFillBackground(false);
+        connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { Follow(now); });
+    }
+
+    // The focus moves while children go, when this is no Button_Column any more.
+    ~Button_Column() override { qApp->disconnect(this); }
+
+    /// After the last button: what room is left is under them.
+    void End() { column->addStretch(1); }
+
+    /// Brings a button into view.
+    void Follow(QWidget* button) {
+        if (button != nullptr && widget()->isAncestorOf(button)) {
+            ensureWidgetVisible(button, 0, column->spacing());
+        }
     }
 
     [[nodiscard]] QSize sizeHint() const override { return widget()->sizeHint(); }
@@ -56,8 +74,20 @@ class Button_Column : public QScrollArea {
     bool eventFilter(QObject* watched, QEvent* event) override {
         if (watched == widget() && event->type() == QEvent::LayoutRequest) {
             updateGeometry();
+            Follow_Focus();
         }
         return QScrollArea::eventFilter(watched, event);
+    }
+    void resizeEvent(QResizeEvent* event) override {
+        QScrollArea::resizeEvent(event);
+        Follow_Focus();
+    }
+
+  private:
+    // Once the buttons stand where they now belong.
+    void Follow_Focus() {
+        QMetaObject::invokeMethod(
+            this, [this] { Follow(window()->focusWidget()); }, Qt::QueuedConnection);
     }
 };
 
@@ -70,16 +100,19 @@ Panel_Line::Panel_Line() {
     setFixedWidth(14);
 }
 
-void Panel_Line::Point_At(const QWidget* button) {
-    const QPoint middle = button->mapToGlobal(QPoint(0, button->height() / 2));
-    height_of_line = mapFromGlobal(middle).y();
+void Panel_Line::Point_At(const QWidget* pressed) {
+    button = pressed;
     update();
 }
 
+// The button may have been scrolled, or have moved with the window.
 void Panel_Line::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.setPen(QPen(QColor(theme::accent), 3));
-    painter.drawLine(0, height_of_line, width(), height_of_line);
+    if (button != nullptr && !button->visibleRegion().isEmpty()) {
+        const int middle = mapFromGlobal(button->mapToGlobal(QPoint(0, button->height() / 2))).y();
+        painter.drawLine(0, middle, width(), middle);
+    }
     painter.drawLine(width() - 2, 0, width() - 2, height());
 }
 
@@ -90,6 +123,7 @@ Frm_Command::Frm_Command(Shell_Port& shell_port, Work_Area& work_area, std::func
       SyaMei(new Elided_Label(2)), KsKi_Dsp(new QLabel), JimusyoMei(new Elided_Label), TiikiMei(new QLabel),
       panel_line(new Panel_Line) {
     setObjectName(QStringLiteral("Frm_Command"));
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
     Window_Keys::Set_Part(*this);
     shell.session.Edit_Flg = false;
     auto* row = new QHBoxLayout(this);
@@ -151,6 +185,8 @@ void Frm_Command::Add_Groups(QVBoxLayout& column) {
     auto* groups = new Button_Column;
     groups->column->setSpacing(column.spacing());
     column.addWidget(groups);
+    connect(groups->verticalScrollBar(), &QScrollBar::valueChanged, panel_line,
+            [this] { panel_line->update(); });
     for (const Menu_Group& group : Menu_Groups()) {
         auto* heading = new QLabel(QString::fromUtf8(group.heading));
         theme::Set_Look(heading, "muted");
@@ -163,6 +199,7 @@ void Frm_Command::Add_Groups(QVBoxLayout& column) {
             main_buttons.push_back(Add_Button(place, entry));
         }
     }
+    groups->End();
 }
 
 QWidget* Frm_Command::Make_Panel(const Menu_Panel& panel) {
@@ -191,6 +228,7 @@ QWidget* Frm_Command::Make_Panel(const Menu_Panel& panel) {
         }
         panel_buttons.push_back(Add_Button(closes ? *column : *entries->column, entry));
     }
+    entries->End();
     column->addStretch(1);
     widget->hide();
     return widget;
@@ -347,7 +385,6 @@ void Frm_Command::Open_Panel(Menu_Button& button) {
     Update_Enabled();
     panel_widgets[open_panel->name]->show();
     panel_line->show();
-    layout()->activate();
     panel_line->Point_At(&button);
     Focus_First();
 }

@@ -19,13 +19,13 @@ namespace morvane {
 class Panel_Line : public QWidget {
   public:
     Panel_Line();
-    void Point_At(const QWidget* button);
+    void Point_At(const QWidget* pressed);
 
   protected:
     void paintEvent(QPaintEvent* event) override;
 
   private:
-    int height_of_line = 0;
+    const QWidget* button = nullptr;
 };
 
 /// The menu: the column of main buttons at the left of the frame and the panels that open beside it. Every

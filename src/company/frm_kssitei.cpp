@@ -36,9 +36,9 @@ constexpr std::array<Option, 3> mode_options = {{
 constexpr std::array<const char*, law_years.size()> law_option_names = {"Simyu2008_flg", "Simyu2011_flg",
                                                                         "Simyu2012_flg", "Simyu2015_flg"};
 
-constexpr int choices_width = 290;
+constexpr int choices_width = 284;
 
-constexpr std::array<List_Column, 3> list_columns = {{{"決算期", 10}, {"経審計算年", 26}, {"状態"}}};
+constexpr std::array<List_Column, 3> list_columns = {{{"決算期", 8}, {"経審計算年"}, {"状態", 7}}};
 
 QLabel* Muted(const QString& text) {
     auto* label = new QLabel(text);
@@ -106,6 +106,8 @@ QWidget* Frm_KsSitei::Make_Mode_Panel() {
         QRadioButton* option = Named_Option(row.name, QString::fromUtf8(row.caption));
         group->addButton(option, static_cast<int>(i));
         QLabel* what = Muted(QString::fromUtf8(row.what));
+        what->setFont(theme::Gothic(9));
+        what->setWordWrap(false);
         what->setContentsMargins(22, 0, 0, 4);
         panel->body->addWidget(option, 0, Qt::AlignLeft);
         panel->body->addWidget(what);
@@ -128,6 +130,7 @@ QWidget* Frm_KsSitei::Make_Law_Panel() {
                                               "するには、メニューの「データ変換\n"
                                               "（2012→2015）」を実行します。"));
     conversion->setWordWrap(false);
+    conversion->setFont(theme::Gothic(9));
     panel->body->addWidget(conversion);
     Wire(law_options, &QButtonGroup::idClicked,
          [this](int id) { Law_Clicked(static_cast<std::uint8_t>(id)); });
@@ -138,7 +141,7 @@ QWidget* Frm_KsSitei::Make_List_Panel() {
     auto* panel = new Section_Box(QStringLiteral("登録済みの決算期"));
     list->setObjectName(QStringLiteral("Lst_Box"));
     list->setAccessibleName(QStringLiteral("登録済みの決算期"));
-    list->setMinimumWidth(360);
+    list->setMinimumWidth(300);
     list->Set_Empty_Text(QStringLiteral("登録されている決算期がありません。"));
     Lbl_Kizon->setObjectName(QStringLiteral("Lbl_Kizon"));
     panel->body->addWidget(Lbl_Kizon);

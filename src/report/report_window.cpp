@@ -21,6 +21,7 @@
 #include <QPrintDialog>
 #include <QPrintEngine>
 #include <QPrinter>
+#include <QPrinterInfo>
 #include <QPushButton>
 #include <QShortcut>
 #include <QStandardPaths>
@@ -353,6 +354,7 @@ void Report_Window::Pg_Set() {
             shell, [this](int copies) { return CommonDialog1(copies); }, Room());
         setting.setParent(this, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                                     Qt::WindowCloseButtonHint);
+        shell.Place(&setting);
         setting.exec();
         Printer();
         Set_Paper();
@@ -380,10 +382,13 @@ void Report_Window::Prt_Exe() {
     }
 }
 
-/// The printer dialog offers a file in the place of a printer.
+/// The printer dialog offers a file in the place of a printer; where no printer is set up, there is nothing
+/// else.
 void Report_Window::Print_To_File(const QString& file) {
     if (file.isEmpty()) {
-        throw Print_Failure("出力先のファイルが指定されていません。");
+        throw Print_Failure(QPrinterInfo::availablePrinterNames().isEmpty()
+                                ? "プリンタが設定されていません。［PDF保存］でファイルに保存できます。"
+                                : "出力先のファイルが指定されていません。");
     }
     if (!May_Write(file)) {
         return;
@@ -399,7 +404,7 @@ void Report_Window::Print_To_File(const QString& file) {
 void Report_Window::Print_On(const QPrinter& printer) {
     const QString queue = printer.printerName();
     if (queue.isEmpty()) {
-        throw Print_Failure("プリンタがありません。");
+        throw Print_Failure("プリンタが設定されていません。［PDF保存］でファイルに保存できます。");
     }
     Print_Job job = Send_To_Queue(queue.toStdString(), Document_Title(report.window_title, draw.heading),
                                   Pdf(), Options_Of(printer, prt.Prt_Busu));

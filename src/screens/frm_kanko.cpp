@@ -115,6 +115,7 @@ QWidget* Frm_Kanko::Make_Head() {
         auto* hint = new Elided_Label;
         hint->setText(QStringLiteral("年平均（２年平均：2　３年平均：3）"));
         theme::Set_Look(hint, "muted");
+        hint->setFont(theme::Gothic(9));
         head->addWidget(new QLabel(QStringLiteral("完成工事高の採用")));
         head->addWidget(Kanko_Avg);
         head->addWidget(hint);
@@ -127,7 +128,8 @@ QWidget* Frm_Kanko::Make_Head() {
     theme::Set_Look(fault, "fault");
     auto* unit = new QLabel(QStringLiteral("金額単位：千円"));
     theme::Set_Look(unit, "muted");
-    head->addSpacing(16);
+    unit->setFont(theme::Gothic(9));
+    head->addSpacing(8);
     head->addWidget(unit);
     Show_Years();
     Show_Kanko();
@@ -272,9 +274,9 @@ void Frm_Kanko::Show_Kanko() {
     Show_Row_In_Hand();
     const Kanko::Scores& scores = entry.Scores();
     const bool computed = !entry.Fault();
-    basis->setText(
-        computed ? QStringLiteral("Ｙ %1　　Ｘ２ %2　　Ｗ %3").arg(scores.Y).arg(scores.X2).arg(scores.W)
-                 : QString());
+    basis->setText(computed
+                       ? QStringLiteral("Ｙ %1　Ｘ２ %2　Ｗ %3").arg(scores.Y).arg(scores.X2).arg(scores.W)
+                       : QString());
     fault->setText(computed ? QString() : QString::fromUtf8(entry.Fault()->what()));
     fault->setHidden(computed);
 }

@@ -71,17 +71,11 @@ QLabel* Shown_Figure(const Syokuta_Cell& cell, bool strong) {
     return label;
 }
 
-QLabel* Small(const QString& text) {
-    auto* label = new QLabel(text);
-    theme::Set_Look(label, "muted");
-    return label;
-}
-
-// The scores of the screen; the sheet has them too, but may be scrolled.
+// The scores of the screen, which the sheet has too but may be scrolled, and the hint on the field in entry.
 Result_Strip* Make_Strip() {
     const std::array<Result_Figure, 2> figures = {
         {{.name = "Strip_X2", .caption = "Ｘ２"}, {.name = "Strip_W", .caption = "Ｗ", .strong = true}}};
-    return new Result_Strip(figures);
+    return new Result_Strip(figures, Result_Strip::Subject::Hint);
 }
 
 int Index_Of_Check(std::string_view score) {
@@ -100,7 +94,7 @@ int Index_Of_Check(std::string_view score) {
 Frm_Syokuta::Frm_Syokuta(Shell_Port& shell_port)
     : Form(shell_port, {}, QStringLiteral("自己資本額・利益額・従業職員数・その他（Ｘ２，Ｗ）")),
       entry(shell_port.session, scenario_genjo.number), checks(*this, shell_port), scroll(new QScrollArea),
-      strip(Make_Strip()), sheet(new QWidget), hint(Small({})) {
+      strip(Make_Strip()), sheet(new QWidget) {
     setObjectName(Text(entry.Law().entry_form));
     Set_Sub_Title(QString::fromStdString(shell.session.Screen_Title));
     auto* row = new QHBoxLayout(sheet);
@@ -130,10 +124,6 @@ Frm_Syokuta::Frm_Syokuta(Shell_Port& shell_port)
     Add_Help_Button();
     Add_Menu_Button();
     buttons->insertWidget(2, new Note_Button(shell));
-    hint->setObjectName(QStringLiteral("Lbl_Hint"));
-    hint->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    buttons->insertWidget(3, hint, 1);
-    buttons->setStretch(4, 0);
     auto* Tojiru = Add_Button(QStringLiteral("Tojiru"), QStringLiteral("閉じる"), "primary");
     connect(Tojiru, &QPushButton::clicked, this, &Frm_Syokuta::reject);
     if (entry.Fault()) {
@@ -256,7 +246,7 @@ void Frm_Syokuta::Add_Cell(QHBoxLayout& line, const Syokuta_Cell& cell, const ch
         edit->on_arrow = [this, edit](int direction) { Step_Down(*edit, direction); };
         edit->on_step = [this](bool back) { Step_Entry(back); };
         connect(edit, &Entry_Cell::Entered, this, [this, edit] {
-            hint->setText(Text(edit->cell.hint));
+            strip->Set_Subject(Text(edit->cell.hint));
             scroll->ensureWidgetVisible(edit, 0, row_height);
         });
         connect(edit, &Entry_Cell::Next_Field, this, [this, edit] { Step(*edit, 1); });

@@ -77,7 +77,6 @@ class Frm_Syokuta : public Form {
     QScrollArea* scroll;
     Result_Strip* strip;
     QWidget* sheet;
-    QLabel* hint;
     std::array<int, 3> room_for{}; ///< width of the screen that one, two, three columns need, pixels
     int column_count = 0;
 };

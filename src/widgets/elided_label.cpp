@@ -1,11 +1,12 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "widgets/elided_label.h"
 
+#include "widgets/phrases.h"
+
 #include <QHelpEvent>
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOption>
-#include <QTextLayout>
 #include <QToolTip>
 #include <algorithm>
 
@@ -23,24 +24,10 @@ QSize Elided_Label::minimumSizeHint() const {
 
 QStringList Elided_Label::Shown_Lines() const {
     const int width = contentsRect().width();
-    QTextLayout layout(text(), font());
-    QTextOption option;
-    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-    layout.setTextOption(option);
-    layout.beginLayout();
-    QStringList shown;
-    qsizetype begin = 0;
-    while (begin < text().size()) {
-        QTextLine line = layout.createLine();
-        if (shown.size() + 1 == lines || !line.isValid()) {
-            shown += fontMetrics().elidedText(text().mid(begin), Qt::ElideRight, width);
-            break;
-        }
-        line.setLineWidth(width);
-        shown += text().mid(begin, line.textLength());
-        begin += line.textLength();
+    QStringList shown = Lines_By_Phrases(text(), fontMetrics(), width, lines);
+    if (!shown.isEmpty() && fontMetrics().horizontalAdvance(shown.last().trimmed()) > width) {
+        shown.last() = fontMetrics().elidedText(shown.last(), Qt::ElideRight, width);
     }
-    layout.endLayout();
     return shown;
 }
 

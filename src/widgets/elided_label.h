@@ -5,8 +5,8 @@
 
 namespace morvane {
 
-/// A text of a fixed number of lines that keeps its beginning where there is no room for all of it; its tool
-/// tip has the whole.
+/// A text of a fixed number of lines, broken at the ends of phrases, that keeps its beginning where there is
+/// no room for all of it; its tool tip has the whole.
 class Elided_Label : public QLabel {
     Q_OBJECT
 
@@ -17,14 +17,15 @@ class Elided_Label : public QLabel {
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 
+    /// Whether all of the text is shown.
+    [[nodiscard]] bool Is_Whole() const { return Shown_Lines().join(QString()) == text(); }
+
   protected:
     void paintEvent(QPaintEvent* event) override;
     bool event(QEvent* event) override;
 
   private:
     [[nodiscard]] QStringList Shown_Lines() const;
-    [[nodiscard]] bool Is_Whole() const { return Shown_Lines().join(QString()) == text(); }
-
     int lines;
 };
 

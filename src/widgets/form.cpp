@@ -15,6 +15,8 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <optional>
 
 namespace morvane {
 
@@ -63,7 +65,32 @@ class Body_Scroll : public QScrollArea {
         return QScrollArea::eventFilter(watched, event);
     }
 
+    void resizeEvent(QResizeEvent* event) override {
+        QScrollArea::resizeEvent(event);
+        Tighten();
+    }
+
   private:
+    /// Gives up the distances over and under a content that fits without them.
+    void Tighten() {
+        constexpr int least = 4;
+        QLayout& content = *widget()->layout();
+        const QMargins now = content.contentsMargins();
+        wide = wide.value_or(now);
+        const int given_up = wide->top() + wide->bottom() - 2 * least;
+        const int lines = std::max(content.totalMinimumSize().height(),
+                                   content.totalMinimumHeightForWidth(viewport()->width()));
+        const int needed = lines - now.top() - now.bottom() + wide->top() + wide->bottom();
+        QMargins margins = *wide;
+        if (needed > height() && needed - given_up <= height()) {
+            margins.setTop(least);
+            margins.setBottom(least);
+        }
+        if (margins != now) {
+            content.setContentsMargins(margins);
+        }
+    }
+
     /// The part of a content that the display has room for; a scroll bar beside it has its own.
     [[nodiscard]] QSize Within_Display(QSize content) const {
         constexpr QSize around(40, 160); // frame of the window, title and buttons of the form
@@ -81,6 +108,61 @@ class Body_Scroll : public QScrollArea {
             ensureWidgetVisible(now, around, around);
         }
     }
+
+    std::optional<QMargins> wide; ///< around the content where there is room
+};
+
+/// The title of a form and, beside it, what it is of; where it is narrow they stand under each other.
+class Header : public QFrame {
+  public:
+    Header(QLabel* the_title, QLabel* the_sub_title) : title(the_title), sub_title(the_sub_title) {
+        theme::Set_Look(this, "header");
+        title->setObjectName(QStringLiteral("Lbl_Title"));
+        theme::Set_Look(title, "title");
+        sub_title->setObjectName(QStringLiteral("Lbl_SubTitle"));
+        theme::Set_Look(sub_title, "muted");
+        row = new QBoxLayout(QBoxLayout::LeftToRight, this);
+        row->addWidget(title);
+        row->addStretch(1);
+        row->addWidget(sub_title);
+        Stand(QBoxLayout::LeftToRight);
+    }
+
+    /// After other texts, too.
+    void Fit() {
+        if (!isVisible()) {
+            return; // it has no width yet
+        }
+        const int side_by_side =
+            title->sizeHint().width() + sub_title->sizeHint().width() + between + 2 * side;
+        const bool narrow = !sub_title->isHidden() && side_by_side > width();
+        Stand(narrow ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+    }
+
+  protected:
+    void resizeEvent(QResizeEvent* event) override {
+        QFrame::resizeEvent(event);
+        Fit();
+    }
+    void showEvent(QShowEvent* event) override {
+        QFrame::showEvent(event);
+        Fit();
+    }
+
+  private:
+    static constexpr int side = 16;
+    static constexpr int between = 12;
+
+    void Stand(QBoxLayout::Direction direction) {
+        const bool narrow = direction == QBoxLayout::TopToBottom;
+        row->setDirection(direction);
+        row->setSpacing(narrow ? 0 : between / 2); // the stretch has one at each side
+        row->setContentsMargins(side, narrow ? 4 : 8, side, narrow ? 4 : 8);
+    }
+
+    QLabel* title;
+    QLabel* sub_title;
+    QBoxLayout* row;
 };
 
 /// The row of buttons at the foot. Where it is narrow they move together.
@@ -123,19 +205,6 @@ Form::Form(Shell_Port& shell_port, const QString& name, const QString& title)
     : QDialog(nullptr), shell(shell_port), body(new QVBoxLayout), buttons(new QHBoxLayout),
       title_label(new Elided_Label), sub_title_label(new Elided_Label) {
     setObjectName(name);
-    auto* header = new QFrame;
-    theme::Set_Look(header, "header");
-    auto* header_row = new QHBoxLayout(header);
-    header_row->setContentsMargins(16, 8, 16, 8);
-    theme::Set_Look(title_label, "title");
-    title_label->setObjectName(QStringLiteral("Lbl_Title"));
-    theme::Set_Look(sub_title_label, "muted");
-    sub_title_label->setObjectName(QStringLiteral("Lbl_SubTitle"));
-    header_row->addWidget(title_label);
-    header_row->addStretch(1);
-    header_row->addSpacing(12);
-    header_row->addWidget(sub_title_label);
-
     body->setContentsMargins(16, 12, 16, 12);
     body->setSpacing(theme::panel_gap);
     buttons->addStretch(1);
@@ -143,7 +212,7 @@ Form::Form(Shell_Port& shell_port, const QString& name, const QString& title)
     auto* whole = new QVBoxLayout(this);
     whole->setContentsMargins(0, 0, 0, 0);
     whole->setSpacing(0);
-    whole->addWidget(header);
+    whole->addWidget(new Header(title_label, sub_title_label));
     whole->addWidget(new Body_Scroll(body), 1);
     whole->addWidget(new Foot(buttons));
     Set_Title(title);
@@ -153,6 +222,7 @@ Form::Form(Shell_Port& shell_port, const QString& name, const QString& title)
 
 void Form::Set_Title(const QString& title) {
     title_label->setText(title);
+    static_cast<Header*>(title_label->parentWidget())->Fit();
     setWindowTitle(title);
     setAccessibleName(title);
 }
@@ -160,6 +230,7 @@ void Form::Set_Title(const QString& title) {
 void Form::Set_Sub_Title(const QString& text) {
     sub_title_label->setText(text);
     sub_title_label->setVisible(!text.isEmpty());
+    static_cast<Header*>(sub_title_label->parentWidget())->Fit();
 }
 
 Form* Form::Of(QWidget* widget) {

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "widgets/result_strip.h"
 
+#include "widgets/elided_label.h"
 #include "widgets/theme.h"
 
 #include <QHBoxLayout>
@@ -14,15 +15,18 @@ constexpr int widest_figure = 6; // half-width characters
 
 } // namespace
 
-Result_Strip::Result_Strip(std::span<const Result_Figure> figures, QWidget* parent)
-    : QFrame(parent), subject_label(new QLabel) {
+Result_Strip::Result_Strip(std::span<const Result_Figure> figures, Subject subject)
+    : subject_label(new Elided_Label(subject == Subject::Hint ? 2 : 1)) {
     theme::Set_Look(this, "strip");
     setObjectName(QStringLiteral("Result_Strip"));
     auto* line = new QHBoxLayout(this);
     line->setContentsMargins(12, 2, 12, 2);
     line->setSpacing(6);
     subject_label->setObjectName(QStringLiteral("Strip_Subject"));
-    subject_label->setTextFormat(Qt::PlainText);
+    if (subject == Subject::Hint) {
+        theme::Set_Look(subject_label, "muted");
+        subject_label->setFont(theme::Gothic(9));
+    }
     subject_label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     line->addWidget(subject_label, 1);
     for (const Result_Figure& figure : figures) {

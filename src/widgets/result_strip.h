@@ -18,14 +18,17 @@ struct Result_Figure {
 };
 
 /// The scores that an entry changes, in one line beside what scrolls, so that they stay in view: what they
-/// belong to at the left, then captions and figures.
+/// belong to, or a hint on the field in entry, at the left, then captions and figures.
 class Result_Strip : public QFrame {
     Q_OBJECT
 
   public:
-    explicit Result_Strip(std::span<const Result_Figure> figures, QWidget* parent = nullptr);
+    /// `Hint` has room for two small lines, `Name` for one.
+    enum class Subject { Name, Hint };
 
-    /// What the figures belong to ("土木一式"); empty shows none.
+    explicit Result_Strip(std::span<const Result_Figure> figures, Subject subject = Subject::Name);
+
+    /// What the figures belong to ("土木一式"), or the hint; empty shows none.
     void Set_Subject(const QString& subject);
 
     /// Shows a figure as text. Raises std::out_of_range for a name that the strip does not have.

@@ -105,7 +105,14 @@ void Window_Placement::Follow(QWidget* window, const QSize& default_size) {
         window->setGeometry(On_Screen(stored, screens));
     } else {
         const QWidget* parent = window->parentWidget();
-        QRect middle({}, default_size);
+        // What would fill the display is left to the window manager, who knows the size of its own frames.
+        const QSize room = screens[0].size();
+        const bool fills = default_size.width() >= room.width() || default_size.height() >= room.height();
+        const bool maximized = parent == nullptr && fills;
+        QRect middle({}, maximized ? default_size.boundedTo(room * 9 / 10) : default_size);
+        if (maximized) {
+            window->setWindowState(window->windowState() | Qt::WindowMaximized);
+        }
         middle.moveCenter(parent != nullptr ? parent->window()->geometry().center() : screens[0].center());
         window->setGeometry(On_Screen(middle, screens));
     }

@@ -19,7 +19,8 @@ class Window_Placement : public QObject {
     explicit Window_Placement(const std::filesystem::path& app_path);
 
     /// Puts a window to where it stood, or in its default size to the middle of the screen (a dialog to the
-    /// middle of its parent), and keeps its place whenever it is hidden or closed. Never off the screen.
+    /// middle of its parent), and keeps its place whenever it is hidden or closed. Never off the screen; a
+    /// window without a parent whose default size fills the screen is maximized at first.
     void Follow(QWidget* window, const QSize& default_size);
 
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -6,6 +6,7 @@
 #include "session/install_info.h"
 #include "support/ui_fixture.h"
 #include "widgets/elided_label.h"
+#include "widgets/entry_cell.h"
 #include "widgets/figure_label.h"
 #include "widgets/message_windows.h"
 
@@ -16,6 +17,7 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QSettings>
 #include <QTableView>
 #include <algorithm>
 #include <set>
@@ -102,8 +104,13 @@ class Look {
     }
 
     void At_Label(const QLabel& label) const {
-        if (label.text().isEmpty() || qobject_cast<const Elided_Label*>(&label) != nullptr ||
-            label.sizePolicy().horizontalPolicy() == QSizePolicy::Ignored) {
+        if (label.text().isEmpty()) {
+            return;
+        }
+        if (const auto* elided = qobject_cast<const Elided_Label*>(&label)) {
+            // The menu has the firm's name in short; what a screen says is whole.
+            EXPECT_TRUE(elided->Is_Whole() || Form::Of(label.parentWidget()) == nullptr)
+                << Place(label) << label.text().toStdString() << " is elided";
             return;
         }
         const std::string what = Place(label) + label.text().toStdString() + " is cut";
@@ -121,10 +128,13 @@ class Look {
         for (int row = 0; row < std::min(table.model()->rowCount(), 60); ++row) {
             for (int column = 0; column < table.model()->columnCount(); ++column) {
                 const QModelIndex at = table.model()->index(row, column);
+                const QString text = at.data().toString();
                 if ((at.data(Qt::TextAlignmentRole).toInt() & Qt::AlignRight) == 0) {
+                    EXPECT_TRUE(text != QStringLiteral("処理中") ||
+                                Width_Of(table, text) <= table.columnWidth(column) - 16)
+                        << Place(table) << text.toStdString();
                     continue;
                 }
-                const QString text = at.data().toString();
                 EXPECT_LE(Width_Of(table, text) * least_squeeze, table.columnWidth(column) - 6)
                     << Place(table) << text.toStdString();
             }
@@ -169,11 +179,22 @@ class Layout_Test : public Installation {
         }
     }
 
+    /// At its first start the frame would be maximized, on the first display.
+    void Remember_Place() const {
+        QSettings places(QString::fromStdString((folder.path / "windows.ini").string()),
+                         QSettings::IniFormat);
+        places.setValue("Frm_Main/x", room.x());
+        places.setValue("Frm_Main/y", room.y());
+        places.setValue("Frm_Main/width", room.width());
+        places.setValue("Frm_Main/height", room.height());
+    }
+
     void Start_On(const QScreen& display) {
+        room = display.availableGeometry().adjusted(0, title_bar, 0, 0);
+        Remember_Place();
         shell = std::make_unique<Shell>(folder.path, messages);
         shell->end_process = [](int) { ADD_FAILURE() << "the process would end"; };
         ASSERT_TRUE(shell->Sub_Main().running);
-        room = display.availableGeometry().adjusted(0, title_bar, 0, 0);
         shell->Frame()->setGeometry(room);
         ASSERT_TRUE(QTest::qWaitForWindowExposed(shell->Frame()));
         QApplication::processEvents();
@@ -211,6 +232,7 @@ class Layout_Test : public Installation {
         Form* form = frame.area->Top();
         ASSERT_NE(form, nullptr) << row.name;
         Look_At(frame, row.name);
+        Look_At_Hints(*form);
         for (QPushButton* check : form->findChildren<QPushButton*>()) {
             if (check->text() == QStringLiteral("計算チェック")) {
                 check->click();
@@ -236,10 +258,22 @@ class Layout_Test : public Installation {
         QApplication::processEvents();
     }
 
+    /// The strip has room for the hint on every field.
+    static void Look_At_Hints(Form& form) {
+        auto* hint = form.findChild<Elided_Label*>(QStringLiteral("Strip_Subject"));
+        for (const Entry_Cell* cell : form.findChildren<Entry_Cell*>()) {
+            if (hint != nullptr && !cell->accessibleDescription().isEmpty()) {
+                hint->setText(cell->accessibleDescription());
+                EXPECT_TRUE(hint->Is_Whole()) << hint->text().toStdString();
+            }
+        }
+    }
+
     /// All forms, beside the panel from which they are opened.
     void Look_At_All() {
         Frm_Main& frame = *shell->Frame();
         Look_At(frame, "Frm_Main");
+        Look_At_Form(*Find_Form("Frm_KsSitei")); // from the column itself, which stays beside it
         Session& now = shell->session;
         now.Kamoku_From = 100;
         now.Kamoku_To = 199;
