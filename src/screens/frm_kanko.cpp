@@ -198,6 +198,7 @@ void Frm_Kanko::Make_Buttons() {
          [this] { shell.Replace_Form(this, QString::fromUtf8(entry.screen.sister)); });
     Wire(print, &QPushButton::clicked, [this] {
         if (Finish_Entry() && Save_First()) {
+            Focus_Field(); // where the keying goes on after the report
             shell.Open_Form(QString::fromUtf8(Law_Of(shell.session.Simyu_Kubun).result_report));
         }
     });
@@ -309,13 +310,21 @@ bool Frm_Kanko::Finish_Entry() {
     return true;
 }
 
+// What is opened from here reads the store and computes from settled scores; the screen behind it shows the
+// same.
 bool Frm_Kanko::Save_First() {
-    return Save_Or_Back(shell.session, [this] { entry.Save(shell.session); });
+    if (!Save_Or_Back(shell.session, [this] { entry.Save(shell.session); })) {
+        return false;
+    }
+    entry.Reload(shell.session);
+    Show_Kanko();
+    Set_Cmd_Enable();
+    return true;
 }
 
 bool Frm_Kanko::May_Close() {
     return checks.May_Close() && Finish_Entry() &&
-           Save_Or_Stay(shell.session, [this] { entry.Close(shell.session); }) != Save_End::Stay;
+           Save_Or_Stay(shell.session, [this] { entry.Save(shell.session); }) != Save_End::Stay;
 }
 
 } // namespace morvane

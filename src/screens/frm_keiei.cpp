@@ -78,12 +78,12 @@ Frm_Keiei::Frm_Keiei(Shell_Port& shell_port)
     left->addWidget(Make_Score());
     columns->addLayout(left);
     columns->addWidget(Make_Indicators(), 1);
-    auto* scroll = new QScrollArea;
-    scroll->setWidgetResizable(true);
-    scroll->setFrameShape(QFrame::NoFrame);
-    scroll->setFocusPolicy(Qt::NoFocus);
-    scroll->setWidget(whole);
-    body->addWidget(scroll, 1);
+    auto* area = new QScrollArea;
+    area->setWidgetResizable(true);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setWidget(whole);
+    body->addWidget(area, 1);
     Make_Buttons();
 }
 

@@ -393,13 +393,21 @@ bool Frm_Syokuta::Take_Focused() {
 
 bool Frm_Syokuta::May_Close() {
     return checks.May_Close() && Take_Focused() &&
-           Save_Or_Stay(shell.session, [this] { entry.Close(shell.session); }) != Save_End::Stay;
+           Save_Or_Stay(shell.session, [this] { entry.Store(shell.session); }) != Save_End::Stay;
 }
 
 void Frm_Syokuta::Cmd_W2X(int index) {
-    checks.Open(W2X_Request(entry.Law().code, index), [this] {
-        return Take_Focused() && Save_Or_Back(shell.session, [this] { entry.Store(shell.session); });
-    });
+    checks.Open(W2X_Request(entry.Law().code, index), [this] { return Save_First(); });
+}
+
+// The check reads the store and explains settled scores; the screen beside it shows the same.
+bool Frm_Syokuta::Save_First() {
+    if (!Take_Focused() || !Save_Or_Back(shell.session, [this] { entry.Store(shell.session); })) {
+        return false;
+    }
+    entry = Syokuta_Entry(shell.session, scenario_genjo.number);
+    Show_W_2012();
+    return true;
 }
 
 // ---- keys

@@ -48,6 +48,7 @@ class Frm_Syokuta : public Form {
     void Step_Entry(bool back);
     bool Take_Focused();
     void Cmd_W2X(int index);
+    bool Save_First();
     void Step(const Syokuta_Edit& from, int by);
     void Step_Down(const Syokuta_Edit& from, int direction);
 

@@ -5,7 +5,7 @@
 #include "calc/x2w_dataget.h"
 #include "screens/settled_score.h"
 
-#include <algorithm>
+#include <utility>
 
 namespace morvane {
 
@@ -24,16 +24,39 @@ std::int32_t Within_Column(Kanko_Use use, std::int64_t number) {
 } // namespace
 
 Kanko_Entry::Kanko_Entry(const Session& session, const Kanko_Screen& screen_row) : screen(screen_row) {
-    {
-        const Connection cn = Cn_Open(session);
-        figures = Load_Review(cn, session.Syori_Ki, Scenario_Of(screen.scenario), session.Is_Hokkaido(),
-                              session.Is_Corporation());
-    }
+    Load(session);
+    Calculate_Or_Tell();
+}
+
+void Kanko_Entry::Load(const Session& session) {
+    Review_Figures stored = Load_Review(Cn_Open(session), session.Syori_Ki, Scenario_Of(screen.scenario),
+                                        session.Is_Hokkaido(), session.Is_Corporation());
     Y_Calc y;
-    y.Calc_Y(figures.statement, figures.hokkaido, figures.corporation);
+    y.Calc_Y(stored.statement, stored.hokkaido, stored.corporation);
     X2_Calc x2;
-    x2.Calc_X2(figures, wzx, false);
-    kanko.Load_Kanko(figures, x2.X2_Ten, y.Y_Ten);
+    x2.Calc_X2(stored, wzx, false);
+    Kanko next;
+    next.Load_Kanko(stored, x2.X2_Ten, y.Y_Ten);
+    kanko = next;
+    figures = std::move(stored);
+}
+
+void Kanko_Entry::Reload(const Session& session) {
+    auto keyed = kanko.lines;
+    Load(session);
+    for (const Kanko_Column& column : screen.columns) {
+        if (column.use != Kanko_Use::Amount && column.use != Kanko_Use::Count) {
+            continue;
+        }
+        for (std::size_t i = 0; i < keyed.size(); ++i) {
+            column.figure(kanko.lines[i]) = column.figure(keyed[i]);
+        }
+    }
+    Calculate_Or_Tell();
+}
+
+void Kanko_Entry::Calculate_Or_Tell() {
+    fault.reset();
     try {
         Calculate();
     } catch (const Run_Time_Error& error) {
@@ -119,13 +142,6 @@ void Kanko_Entry::Save(const Connection& cn, const Session& session) const {
 }
 
 void Kanko_Entry::Save(const Session& session) const {
-    const Connection cn = Cn_Open(session);
-    Transaction transaction(cn);
-    Save(cn, session);
-    transaction.Commit();
-}
-
-void Kanko_Entry::Close(const Session& session) const {
     Store_And_Settle(session, Scenario_Of(screen.scenario), [&](const Connection& cn) { Save(cn, session); });
 }
 

@@ -49,19 +49,22 @@ class Kanko_Entry {
     [[nodiscard]] std::int32_t Kanko_Avg() const { return kanko.Kanko_Avg; }
     [[nodiscard]] const Kanko::Scores& Scores() const { return kanko.scores; }
 
-    /// Stores what the screen holds while it stays open. One transaction. Raises Store_Error; Run_Time_Error
-    /// while there is a fault.
-    void Save(const Session& session) const;
-
     /// Stores what the screen holds and settles the scores of its scenario (Store_And_Settle) in one
     /// transaction. Raises Store_Error, and Run_Time_Error while there is a fault or where a score cannot be
     /// computed; nothing is stored then.
-    void Close(const Session& session) const;
+    void Save(const Session& session) const;
+
+    /// Calculates anew from what is stored, so that a screen that stays open after Save has the settled
+    /// scores. What was keyed stays as it was keyed, an emptied cell empty. Raises as the constructor does;
+    /// nothing has changed then.
+    void Reload(const Session& session);
 
     const Kanko_Screen& screen;
 
   private:
+    void Load(const Session& session);
     void Calculate();
+    void Calculate_Or_Tell();
     void Save(const Connection& cn, const Session& session) const;
     template <class Held>
     void Change(Held& held, const Held& next);

@@ -56,13 +56,6 @@ void Syokuta_Entry::Store(const Connection& cn, const Session& session) const {
 }
 
 void Syokuta_Entry::Store(const Session& session) const {
-    const Connection cn = Cn_Open(session);
-    Transaction transaction(cn);
-    Store(cn, session);
-    transaction.Commit();
-}
-
-void Syokuta_Entry::Close(const Session& session) const {
     Store_And_Settle(session, Scenario_Of(scenario), [&](const Connection& cn) { Store(cn, session); });
 }
 

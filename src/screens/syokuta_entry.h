@@ -34,14 +34,10 @@ class Syokuta_Entry {
 
     [[nodiscard]] const Law_Year& Law() const { return Law_Of(figures.law_year); }
 
-    /// Stores the second pass and forms P anew while the screen stays open. One transaction. Raises
-    /// Store_Error, and Run_Time_Error while there is a fault.
+    /// Stores the second pass, forms P anew and settles the scores of its scenario (Store_And_Settle) in one
+    /// transaction. Raises Store_Error, and Run_Time_Error while there is a fault or where a score cannot be
+    /// computed; nothing is stored then.
     void Store(const Session& session) const;
-
-    /// Stores the same and settles the scores of its scenario (Store_And_Settle) in one transaction. Raises
-    /// Store_Error, and Run_Time_Error while there is a fault or where a score cannot be computed; nothing is
-    /// stored then.
-    void Close(const Session& session) const;
 
   private:
     void Store(const Connection& cn, const Session& session) const;

@@ -3,7 +3,6 @@
 
 #include "session/kyotu_mod.h"
 
-#include <QAbstractButton>
 #include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
@@ -16,6 +15,61 @@
 #include <utility>
 
 namespace morvane {
+
+namespace {
+
+/// Holds the mouse off while a refused entry is waiting for its focus: what a press was aimed at does not act
+/// before the refusal is seen, even where press and release come at once. A button that is still down then is
+/// held until it is let go.
+class Mouse_Hold : public QObject {
+  public:
+    explicit Mouse_Hold(QObject* parent) : QObject(parent) { qApp->installEventFilter(this); }
+
+    void End() {
+        ended = true;
+        if (QGuiApplication::mouseButtons() == Qt::NoButton) {
+            Let_Go();
+        }
+    }
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (!watched->isWidgetType()) {
+            return false; // the window keeps its account of the buttons
+        }
+        switch (event->type()) {
+        case QEvent::MouseButtonPress:
+            if (ended) {
+                Let_Go();
+                return false;
+            }
+            break;
+        case QEvent::MouseButtonRelease:
+            if (ended) {
+                Let_Go();
+            }
+            break;
+        case QEvent::MouseButtonDblClick:
+        case QEvent::MouseMove:
+        case QEvent::ContextMenu:
+            break;
+        default:
+            return false;
+        }
+        event->accept();
+        return true;
+    }
+
+  private:
+    void Let_Go() {
+        qApp->removeEventFilter(this);
+        deleteLater();
+    }
+
+    bool ended = false;
+};
+
+} // namespace
 
 Entry_Cell::Entry_Cell(Entry_Kind entry_kind, QWidget* parent) : QLineEdit(parent) {
     Set_Kind(entry_kind);
@@ -50,6 +104,7 @@ void Entry_Cell::Set_Value(const Value& value) {
     held = value;
     accepted = QString::fromStdString(value.As_Text());
     in_entry = hasFocus();
+    clicked = false;
     Show_Value();
 }
 
@@ -246,8 +301,12 @@ void Entry_Cell::Begin_Entry() {
 void Entry_Cell::Leave() {
     if (!Finish_Entry() || !May_Leave()) {
         called_back = true;
+        auto* hold = new Mouse_Hold(this);
         // The focus cannot be called back while it is on its way.
-        QTimer::singleShot(0, this, [this] { Call_Back(); });
+        QTimer::singleShot(0, this, [this, hold] {
+            Call_Back();
+            hold->End();
+        });
         return;
     }
     in_entry = false;
@@ -255,12 +314,7 @@ void Entry_Cell::Leave() {
     Q_EMIT Left();
 }
 
-// A button on which the mouse went down to leave the cell is let go without being pressed: the refused entry
-// is to be seen first.
 void Entry_Cell::Call_Back() {
-    for (auto* button : window()->findChildren<QAbstractButton*>()) {
-        button->setDown(false);
-    }
     setFocus(Qt::OtherFocusReason);
     called_back = false;
 }
@@ -274,6 +328,7 @@ void Entry_Cell::focusInEvent(QFocusEvent* event) {
     if (event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason) {
         selectAll();
         clicked_in = event->reason() == Qt::MouseFocusReason;
+        clicked = clicked_in;
     }
     if (comes) {
         Q_EMIT Entered();
@@ -330,8 +385,15 @@ void Entry_Cell::contextMenuEvent(QContextMenuEvent* event) {
     menu->popup(event->globalPos());
 }
 
-// The press that brings the focus leaves the text selected; dragging from there marks a part of it.
+// The first press leaves the text selected, so that what is typed replaces it; dragging from there marks a
+// part of it.
 void Entry_Cell::mousePressEvent(QMouseEvent* event) {
+    const bool is_plain = event->button() == Qt::LeftButton && event->modifiers() == Qt::NoModifier;
+    const bool is_whole = hasSelectedText() && selectedText() == text() && Bare() == accepted;
+    if (is_plain && is_whole && !clicked) {
+        clicked_in = true;
+    }
+    clicked = true;
     if (clicked_in && event->button() == Qt::LeftButton) {
         pressed_at = event->position().toPoint();
         event->accept();

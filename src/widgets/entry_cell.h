@@ -10,9 +10,10 @@ namespace morvane {
 /// An entry cell: tinted while it has the focus, with a key filter that beeps at a key it does not take; all
 /// ways in (keys, input method, paste, drop) pass it, and no text comes in with Ctrl, Alt or Meta. An amount
 /// is bare in focus and gets its commas when left; a text that is no entry of the kind then goes back to the
-/// former value and the focus stays. Full-width digits count as digits. Enter moves on to the next field, Esc
-/// takes back what was typed and not taken, and else goes to the form. A click that brings the focus selects
-/// the text, a further one places the cursor. A window that comes up over the cell's own does not count as
+/// former value and the focus stays; a mouse click that was to leave the cell does nothing. Full-width digits
+/// count as digits. Enter moves on to the next field, Esc takes back what was typed and not taken, and else
+/// goes to the form. The first click selects the text, whether it brings the focus or finds it there, a
+/// further one places the cursor. A window that comes up over the cell's own does not count as
 /// leaving it.
 class Entry_Cell : public QLineEdit {
     Q_OBJECT
@@ -92,6 +93,9 @@ class Entry_Cell : public QLineEdit {
     void Commit_Composition();
     void Refuse();
 
+    /// A click has selected the text: the next one places the cursor.
+    void Note_Click() { clicked = true; }
+
   private:
     QString Fitting(QString kept, bool& refused) const;
     void Begin_Entry();
@@ -109,7 +113,8 @@ class Entry_Cell : public QLineEdit {
     QString accepted;      ///< the same as bare text
     QString formatted;     ///< how it is shown while the cell is not in entry, or locked
     bool called_back = false;
-    bool clicked_in = false; ///< the button that brought the focus is still down
+    bool clicked = false;    ///< a click has selected the text
+    bool clicked_in = false; ///< its button is still down
     QPoint pressed_at;       ///< where it went down
     QString composing;       ///< what the input method has not committed yet
 };

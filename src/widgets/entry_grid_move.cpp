@@ -133,6 +133,7 @@ void Entry_Grid::Pressed(Cell_At at, bool extend) {
         return;
     }
     Show_Editor();
+    editor->Note_Click();
     const bool presses = data->Column(at.column).use == Cell_Use::Button && !data->Is_Locked(at);
     if (presses) {
         // What it opens must not come up in the middle of the press.

@@ -10,6 +10,7 @@
 #include <QIcon>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QPointer>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
@@ -23,6 +24,8 @@ namespace morvane {
 namespace {
 
 constexpr int button_width = 96;
+
+} // namespace
 
 /// What a form shows between its title and its buttons. It takes the room of its content where the display
 /// has that, and scrolls where it has not; the cell that has the focus is in view.
@@ -55,6 +58,17 @@ class Body_Scroll : public QScrollArea {
         constexpr QSize least(160, 80);
         return parentWidget()->isWindow() ? Within_Display(widget()->minimumSizeHint()).expandedTo(least)
                                           : least;
+    }
+
+    /// What takes the keys in the place where the focus was last; null where it never was in here.
+    [[nodiscard]] QWidget* Last_Field() const {
+        for (QWidget* at = last; at != nullptr && at != widget(); at = at->parentWidget()) {
+            // The editor of a grid goes and comes with the focus of the grid.
+            if (at->isVisibleTo(widget()) && at->isEnabled() && (at->focusPolicy() & Qt::TabFocus) != 0) {
+                return at;
+            }
+        }
+        return nullptr;
     }
 
   protected:
@@ -104,13 +118,17 @@ class Body_Scroll : public QScrollArea {
 
     void Follow(QWidget* now) {
         if (now != nullptr && widget()->isAncestorOf(now)) {
+            last = now;
             constexpr int around = theme::cell_height;
             ensureWidgetVisible(now, around, around);
         }
     }
 
+    QPointer<QWidget> last;       ///< had the focus in here
     std::optional<QMargins> wide; ///< around the content where there is room
 };
+
+namespace {
 
 /// The title of a form and, beside it, what it is of; where it is narrow they stand under each other.
 class Header : public QFrame {
@@ -203,7 +221,7 @@ class Foot : public QWidget {
 
 Form::Form(Shell_Port& shell_port, const QString& name, const QString& title)
     : QDialog(nullptr), shell(shell_port), body(new QVBoxLayout), buttons(new QHBoxLayout),
-      title_label(new Elided_Label), sub_title_label(new Elided_Label) {
+      scroll(new Body_Scroll(body)), title_label(new Elided_Label), sub_title_label(new Elided_Label) {
     setObjectName(name);
     body->setContentsMargins(16, 12, 16, 12);
     body->setSpacing(theme::panel_gap);
@@ -213,7 +231,7 @@ Form::Form(Shell_Port& shell_port, const QString& name, const QString& title)
     whole->setContentsMargins(0, 0, 0, 0);
     whole->setSpacing(0);
     whole->addWidget(new Header(title_label, sub_title_label));
-    whole->addWidget(new Body_Scroll(body), 1);
+    whole->addWidget(scroll, 1);
     whole->addWidget(new Foot(buttons));
     Set_Title(title);
     Set_Sub_Title({});
@@ -268,6 +286,14 @@ void Form::keyPressEvent(QKeyEvent* event) {
     QDialog::keyPressEvent(event);
 }
 
+void Form::Focus_Field() {
+    if (QWidget* field = scroll->Last_Field()) {
+        field->setFocus(Qt::OtherFocusReason);
+    } else if (focusProxy() != nullptr) {
+        setFocus(Qt::OtherFocusReason);
+    }
+}
+
 QPushButton* Form::Add_Button(const QString& name, const QString& caption, const char* look, bool left) {
     auto* button = new QPushButton(caption);
     button->setObjectName(name);
@@ -304,9 +330,7 @@ QPushButton* Form::Add_Menu_Button() {
     Wire(button, &QPushButton::clicked, [this, say] {
         shell.Toggle_Menu();
         say();
-        if (focusProxy() != nullptr) {
-            setFocus(Qt::OtherFocusReason); // the keying goes on where it was
-        }
+        Focus_Field();
     });
     return button;
 }

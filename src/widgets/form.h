@@ -13,6 +13,8 @@ class QVBoxLayout;
 
 namespace morvane {
 
+class Body_Scroll;
+
 /// A screen: a header with its title, a body, a row of buttons at its foot. It stands in the frame as a child
 /// or, shown with exec, as a dialog. The close button of the window, Cmd_Cancel and Esc outside of a
 /// half-typed entry all take the one way out through May_Close. F1 opens its help page.
@@ -46,6 +48,10 @@ class Form : public QDialog {
     /// Closes without asking.
     void Close_Form() { QDialog::accept(); }
 
+    /// Puts the focus back into the field of the body that had it last, as a button at the foot does whose
+    /// work leaves the form open for more entries; into the form's own first one where none had it.
+    void Focus_Field();
+
     /// Adds a button at the foot: at the right, or at the left of the row (`left`). `look` "primary" marks
     /// the one that carries the form out.
     QPushButton* Add_Button(const QString& name, const QString& caption, const char* look = nullptr,
@@ -74,6 +80,7 @@ class Form : public QDialog {
     QHBoxLayout* buttons; ///< the row at its foot
 
   private:
+    Body_Scroll* scroll;
     QLabel* title_label;
     QLabel* sub_title_label;
     int left_buttons = 0;

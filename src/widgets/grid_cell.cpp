@@ -8,6 +8,8 @@
 #include <QClipboard>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QStyleOptionFrame>
+#include <algorithm>
 
 namespace morvane {
 
@@ -16,7 +18,31 @@ Grid_Cell::Grid_Cell(Entry_Grid& entry_grid, QWidget* parent)
     theme::Set_Look(this, "grid");
     setFocusPolicy(Qt::ClickFocus);
     setContextMenuPolicy(Qt::DefaultContextMenu);
+    connect(this, &QLineEdit::textChanged, this, &Grid_Cell::Fit_Figure);
     hide();
+}
+
+// A figure is narrowed where it is wider than the cell, as the painted one is: its first digit stays in view.
+void Grid_Cell::Fit_Figure() {
+    constexpr int narrowest = 50; ///< percent of the natural width
+    constexpr int beside = 6;     ///< the line edit's own margins and the cursor
+    QStyleOptionFrame option;
+    initStyleOption(&option);
+    const int room = style()->subElementRect(QStyle::SE_LineEditContents, &option, this).width() - beside;
+    QFont fitted = font();
+    fitted.setStretch(QFont::Unstretched);
+    const int natural = QFontMetrics(fitted).horizontalAdvance(text());
+    if (Kind() != Entry_Kind::Text && natural > room && room > 0) {
+        fitted.setStretch(std::max(narrowest, QFont::Unstretched * room / natural));
+    }
+    if (fitted != font()) {
+        setFont(fitted);
+    }
+}
+
+void Grid_Cell::resizeEvent(QResizeEvent* event) {
+    Entry_Cell::resizeEvent(event);
+    Fit_Figure();
 }
 
 void Grid_Cell::Load(Cell_At at) {

@@ -19,17 +19,21 @@ class Grid_Cell : public Entry_Cell {
     /// Whether the text differs from what was loaded.
     [[nodiscard]] bool Is_Typed() const { return Bare() != loaded; }
 
+    using Entry_Cell::Note_Click;
+
   protected:
     void keyPressEvent(QKeyEvent* event) override;
     bool focusNextPrevChild(bool next) override;
     void mousePressEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void Take_Pasted(const QString& pasted) override;
     void Undo_Last() override;
     void Redo_Last() override;
     bool May_Leave() override;
 
   private:
+    void Fit_Figure();
     bool Moves(const QKeyEvent& event);
     bool Changes(const QKeyEvent& event);
 

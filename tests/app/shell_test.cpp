@@ -88,8 +88,8 @@ TEST_F(Single_Shell_Test, Stored_scores_follow_the_statement) {
     Kanko_Entry works(session, Kanko_Screen_Of("Frm_Kanko"));
     const Kanko_Entered amount = {2, 2, 50'000};
     works.Take({&amount, 1});
-    Syokuta_Entry(session, 1).Close(session);
-    works.Close(session);
+    Syokuta_Entry(session, 1).Store(session);
+    works.Save(session);
     const std::string stored = "SELECT 総合評点P FROM Kandaka_Gj WHERE 工種CD=2";
     const std::string before = List(stored);
     ASSERT_TRUE(Start().running);

@@ -175,7 +175,7 @@ TEST_P(Kanko_Firms, What_is_keyed_ends_in_the_figures_of_the_engine) {
     Type_Into(*form, "Kanko_Avg", years.c_str());
     Key(Qt::Key_Return);
     Key(Qt::Key_Escape);
-    Syokuta_Entry(session, 1).Close(session);
+    Syokuta_Entry(session, 1).Store(session);
     const Review_Figures stored = Stored();
     EXPECT_EQ(stored.works, expected.works);
     for (std::size_t code = 0; code < stored.elements.size(); ++code) {

@@ -4,6 +4,7 @@
 #include "batch/case_file.h"
 #include "screens/frm_kanko.h"
 #include "screens/settled_score.h"
+#include "session/kyotu_mod.h"
 #include "session/run_time_error.h"
 #include "support/failing_writes.h"
 #include "support/ui_fixture.h"
@@ -306,6 +307,62 @@ TEST_F(Syokuta_Screen, What_Is_Stored_And_Cannot_Be_Computed_Can_Be_Corrected) {
     // Without Y there is nothing to correct here.
     Put_Amounts({{319, 0.0}, {229, 2'000'000'000'000.0}, {248, 2'000'000'000'000.0}});
     EXPECT_THROW(Frm_Syokuta{shell}, Run_Time_Error);
+}
+
+// A report or a check computes from settled scores; the screen that stays open shows them too, and they are
+// what is stored.
+TEST_F(Syokuta_Screen, What_Stays_Open_Shows_The_Settled_Scores) {
+    const auto settled = [this] {
+        return Score_Company(Cn_Open(session), session.Is_Hokkaido(), std::nullopt, scenario_genjo).figures;
+    };
+    const auto close_check = [] {
+        for (QWidget* window : QApplication::topLevelWidgets()) {
+            if (window->isVisible() && window->objectName().endsWith(QStringLiteral("_Calc_Check"))) {
+                qobject_cast<QDialog*>(window)->reject();
+            }
+        }
+    };
+    for (const char* way : {"Prt", "Cmd_P(13)"}) {
+        SCOPED_TRACE(way);
+        Take_Sample("aoba_kensetsu.json", 4);
+        Frm_Kanko form(shell, "Frm_Kanko");
+        Show(form);
+        auto* grid = Child<Entry_Grid>(form, "grid");
+        for (const auto& [column, amount] : {std::pair{0, 2500}, {1, 3500}, {2, 4500}}) {
+            ASSERT_TRUE(grid->Get_Value(13, column).Is_Null());
+            grid->Set_Value(13, column, std::int64_t{amount});
+            EXPECT_TRUE(grid->on_left(13, column));
+        }
+        if (std::string_view(way) == "Prt") {
+            Click(form, way);
+        } else {
+            EXPECT_TRUE(grid->Focus_Cell(way));
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+        }
+        const Review_Figures expected = settled();
+        EXPECT_EQ(Now().works, expected.works);
+        EXPECT_EQ(Now().elements, expected.elements);
+        for (int row = 0; row < kanko_rows; ++row) {
+            const Figure& p = expected.works[Line_Of_Row(row)].P;
+            EXPECT_EQ(grid->Cell_Text("P(" + std::to_string(row) + ")").toStdString(),
+                      p.up ? Comma_Str(p.value) : "")
+                << row;
+        }
+        EXPECT_EQ(Shown(form, "Strip_P"),
+                  grid->Cell_Text(grid->Current().row == 13 ? "P(13)" : "P(0)").toStdString());
+        close_check();
+    }
+    Take_Sample("aoba_kensetsu.json", 4);
+    Frm_Syokuta form(shell);
+    Show(form);
+    for (const char* keyed : {"Enen", "Kihatu(0)", "tishikiGJ(0)"}) {
+        SCOPED_TRACE(keyed);
+        Enter(form, keyed, "7");
+        Click(form, "Cmd_W2X(1)");
+        EXPECT_EQ(Now().elements, settled().elements);
+        EXPECT_EQ(Shown(form, "W"), Comma_Str(Now().Yoso(200)));
+        close_check();
+    }
 }
 
 TEST_F(Syokuta_Screen, A_Failing_Store_Keeps_The_Screen) {
