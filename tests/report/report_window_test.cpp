@@ -158,11 +158,12 @@ TEST_F(Report_Window_Test, Margins_Are_Kept_For_The_Report_Number) {
     EXPECT_EQ(session.Prt.Prt_Busu, 1);
 
     // The batch tool prints on the same place of the sheet.
+    const Temporary_Folder printed;
     const auto first_text = [&](const char* name) {
         QProcess reader;
         reader.start(
             QStringLiteral("pdftotext"),
-            {QStringLiteral("-bbox"), QString::fromStdString(folder.path / name), QStringLiteral("-")});
+            {QStringLiteral("-bbox"), QString::fromStdString(printed.path / name), QStringLiteral("-")});
         EXPECT_TRUE(reader.waitForFinished());
         const QString page = QString::fromUtf8(reader.readAllStandardOutput());
         const qsizetype word = page.indexOf(QLatin1String("<word"));
@@ -172,14 +173,14 @@ TEST_F(Report_Window_Test, Margins_Are_Kept_For_The_Report_Number) {
     const auto print = [&](const char* name) {
         Report_Options options;
         options.companies = Chosen_Companies(session, {});
-        options.output = folder.path / name;
+        options.output = printed.path / name;
         std::ostringstream errors;
         EXPECT_EQ(Report_Run(session, options, errors), 0U) << errors.str();
     };
     print("batch.pdf");
     Open();
     window->choose_pdf_file = [&](const QString&) {
-        return QString::fromStdString(folder.path / "window.pdf");
+        return QString::fromStdString(printed.path / "window.pdf");
     };
     Click(*window, "Pdf_Save");
     EXPECT_EQ(first_text("batch.pdf"), first_text("window.pdf"));

@@ -317,7 +317,7 @@ TEST_F(Syokuta_Screen, What_Stays_Open_Shows_The_Settled_Scores) {
     };
     const auto close_check = [] {
         for (QWidget* window : QApplication::topLevelWidgets()) {
-            if (window->isVisible() && window->objectName().endsWith(QStringLiteral("_Calc_Check"))) {
+            if (window->isVisible() && window->objectName().contains(QStringLiteral("_Calc_Check"))) {
                 qobject_cast<QDialog*>(window)->reject();
             }
         }
