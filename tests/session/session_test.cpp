@@ -275,8 +275,9 @@ TEST_F(Session_Test, One_Program_Holds_An_Installation) {
         const auto lock = Instance_Lock::Take(folder.path);
         lock->Record(123456789);
         lock->Record(42);
-        static_cast<void>(::write(ready[1], "x", 1));
-        ::pause();
+        if (::write(ready[1], "x", 1) == 1) {
+            ::pause();
+        }
         ::_exit(0);
     }
     char byte = 0;
