@@ -49,8 +49,8 @@ bool Has_Element(const Review_Figures& figures, std::size_t code) {
 // What every period has or the completed work brings: law year, years of the average, its totals, W and W5.
 constexpr std::array elements_beside_the_items = {140U, 200U, 201U, 202U, 203U, 210U};
 
-// Completed work without items of X2 and W is not filled: their scores would stand as if they had been
-// entered.
+// Current completed work without items of X2 and W is not filled: their scores would stand as if they had
+// been entered. A saved scenario is filled by anything, since its P tells that it is there.
 bool Is_Filled(const Review_Figures& figures, const Scenario& scenario) {
     if (scenario.number == scenario_kaizen.number) {
         return figures.Is_Started(scenario); // else its first visit posts the current figures over it
@@ -62,7 +62,10 @@ bool Is_Filled(const Review_Figures& figures, const Scenario& scenario) {
             return true;
         }
     }
-    return false;
+    return scenario.number != scenario_genjo.number &&
+           std::any_of(figures.works.begin(), figures.works.end(), [](const Work_Line& line) {
+               return line.Has_Kanko() || line.Has_Motouke() || line.Has_Engineer();
+           });
 }
 
 void Settle_And_Store(const Connection& cn, const Settled_Period& of, const Scenario& scenario,
