@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "batch/case_file.h"
 #include "batch/installation.h"
-#include "screens/settled_score.h"
-#include "zaimu/zaimu_calc.h"
+#include "review/settle.h"
+#include "statements/zaimu_calc.h"
 
 #include <benchmark/benchmark.h>
 #include <filesystem>

@@ -32,7 +32,7 @@ def run(*command, out=subprocess.DEVNULL):
 def make_installation(programs, folder, count):
     """An installation of `count` companies: generated firms once through the import, then copies of their files."""
     cases = folder / "cases"
-    subprocess.run([sys.executable, HERE.parent / "reference/generate.py", "5", str(FIRMS), str(cases)], check=True)
+    subprocess.run([sys.executable, HERE.parent / "tests/reference/generate.py", "5", str(FIRMS), str(cases)], check=True)
     installation = folder / "installation"
     subprocess.run([programs / "morvane-batch", "init", installation], check=True)
     subprocess.run([programs / "morvane-batch", "import", installation, *sorted(cases.glob("*.json"))], check=True,

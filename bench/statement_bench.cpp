@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "batch/case_file.h"
 #include "batch/installation.h"
+#include "statements/frm_kszaihyo.h"
 #include "widgets/theme.h"
-#include "zaimu/frm_kszaihyo.h"
 
 #include <QApplication>
 #include <QKeyEvent>

@@ -14,9 +14,9 @@
 #include "screens/frm_qanda.h"
 #include "screens/frm_syokuta.h"
 #include "screens/frm_ysisan.h"
-#include "zaimu/frm_kshendo.h"
-#include "zaimu/frm_kszaihyo.h"
-#include "zaimu/frm_kszenki.h"
+#include "statements/frm_kshendo.h"
+#include "statements/frm_kszaihyo.h"
+#include "statements/frm_kszenki.h"
 
 #include <array>
 

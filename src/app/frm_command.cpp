@@ -2,12 +2,12 @@
 #include "app/frm_command.h"
 
 #include "app/form_table.h"
-#include "screens/settled_score.h"
+#include "review/settle.h"
 #include "session/save_or_stay.h"
+#include "statements/zaimu_calc.h"
 #include "widgets/elided_label.h"
 #include "widgets/theme.h"
 #include "widgets/window_keys.h"
-#include "zaimu/zaimu_calc.h"
 
 #include <QApplication>
 #include <QHBoxLayout>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "app/gates.h"
 
-#include "calc/y_calc.h"
+#include "review/y_calc.h"
 #include "session/boxes.h"
 #include "session/kyotu_mod.h"
 

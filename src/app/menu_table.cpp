@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "app/menu_table.h"
 
-#include "calc/law_year.h"
+#include "law/law_year.h"
 
 #include <stdexcept>
 

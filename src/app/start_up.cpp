@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "app/start_up.h"
 
-#include "calc/x2w_dataget.h"
 #include "company/company_identity.h"
 #include "company/data_set.h"
 #include "company/datacheck.h"
@@ -10,6 +9,7 @@
 #include "company/pending_work.h"
 #include "company/table_edit.h"
 #include "data/store_file.h"
+#include "review/x2_calc.h"
 #include "session/boxes.h"
 #include "session/kidou_ini.h"
 #include "session/kyotu_mod.h"

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "batch/case_file.h"
 
-#include "zaimu/zaimu_calc.h"
+#include "statements/zaimu_calc.h"
 
 #include <algorithm>
 #include <array>

@@ -11,10 +11,10 @@
 #include "company/register.h"
 #include "data/shown_text.h"
 #include "data/store_file.h"
-#include "screens/settled_score.h"
+#include "review/settle.h"
 #include "session/run_time_error.h"
-#include "zaimu/z_zzen_get.h"
-#include "zaimu/zaimu_calc.h"
+#include "statements/z_zzen_get.h"
+#include "statements/zaimu_calc.h"
 
 #include <array>
 #include <atomic>

@@ -10,7 +10,7 @@
 #include "data/store_file.h"
 #include "data/table_catalogue.h"
 #include "screens/entry_limits.h"
-#include "zaimu/statement_section.h"
+#include "statements/statement_section.h"
 
 #include <algorithm>
 #include <array>

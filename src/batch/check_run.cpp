@@ -2,12 +2,12 @@
 #include "batch/check_run.h"
 
 #include "batch/installation.h"
-#include "calc/x2w_dataget.h"
 #include "company/company_identity.h"
 #include "company/datacheck.h"
 #include "company/templates.h"
 #include "data/store_file.h"
 #include "data/table_catalogue.h"
+#include "review/x2_calc.h"
 #include "session/kidou_ini.h"
 #include "session/kyotu_mod.h"
 

@@ -8,7 +8,7 @@
 #include "company/pending_work.h"
 #include "data/shown_text.h"
 #include "data/store_file.h"
-#include "screens/settled_score.h"
+#include "review/settle.h"
 #include "session/kidou_ini.h"
 #include "session/program_folder.h"
 

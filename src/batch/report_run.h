@@ -2,7 +2,7 @@
 #pragma once
 
 #include "batch/installation.h"
-#include "calc/scenario.h"
+#include "review/scenario.h"
 
 #include <filesystem>
 #include <iosfwd>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
-#include "screens/settled_score.h"
+#include "review/settle.h"
 
 #include <cstdint>
 #include <string>

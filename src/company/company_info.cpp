@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "company/company_info.h"
 
-#include "calc/era_date.h"
 #include "data/shown_text.h"
+#include "law/era_date.h"
 #include "session/boxes.h"
 
 #include <algorithm>

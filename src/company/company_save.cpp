@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "company/company_save.h"
 
-#include "calc/x2w_dataget.h"
 #include "company/data_set.h"
 #include "company/datacheck.h"
 #include "company/hoko_change.h"
@@ -9,6 +8,7 @@
 #include "company/pending_work.h"
 #include "company/period_shift.h"
 #include "data/store_file.h"
+#include "review/x2_calc.h"
 #include "session/boxes.h"
 #include "session/kidou_ini.h"
 #include "session/save_or_stay.h"

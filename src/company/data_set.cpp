@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "company/data_set.h"
 
-#include "calc/era_date.h"
-#include "calc/x2w_dataget.h"
 #include "company/law_change.h"
 #include "company/table_edit.h"
 #include "data/store_file.h"
+#include "law/era_date.h"
+#include "review/x2_calc.h"
 #include "session/boxes.h"
-#include "zaimu/z_zzen_get.h"
+#include "statements/z_zzen_get.h"
 
 #include <algorithm>
 #include <array>

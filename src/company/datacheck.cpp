@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "company/datacheck.h"
 
-#include "calc/x2w_dataget.h"
 #include "company/company_identity.h"
 #include "company/table_edit.h"
 #include "data/store_file.h"
+#include "review/x2_calc.h"
 #include "session/kidou_ini.h"
 #include "session/kyotu_mod.h"
 

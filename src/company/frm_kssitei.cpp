@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "company/frm_kssitei.h"
 
-#include "calc/law_year.h"
-#include "calc/x2w_dataget.h"
+#include "law/law_year.h"
+#include "review/x2_calc.h"
 #include "session/save_or_stay.h"
 #include "widgets/entry_cell.h"
 #include "widgets/record_list.h"

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "company/periods.h"
 
-#include "calc/law_year.h"
-#include "calc/x2w_dataget.h"
 #include "company/datacheck.h"
 #include "company/law_change.h"
+#include "law/law_year.h"
+#include "review/x2_calc.h"
 #include "session/boxes.h"
 #include "session/kyotu_mod.h"
 

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "maint/data_conv.h"
 
-#include "calc/x2w_dataget.h"
 #include "company/law_change.h"
 #include "data/same_name.h"
 #include "data/store_file.h"
+#include "review/x2_calc.h"
 #include "session/boxes.h"
 
 #include <algorithm>

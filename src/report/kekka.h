@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
-#include "calc/law_year.h"
+#include "law/law_year.h"
 #include "report/prt_modset.h"
 #include "report/report_heading.h"
-#include "screens/settled_score.h"
+#include "review/settle.h"
 #include "session/session.h"
 
 #include <array>

@@ -1,5 +1,5 @@
 // SPDX-FileCopyrightText: The Morvane developers
-#include "calc/xzp_dataget.h"
+#include "law/work_types.h"
 #include "report/kekka_rows.h"
 #include "report/kekka_sheet.h"
 

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
-#include "calc/social_items.h"
-#include "calc/x2w_dataget.h"
-#include "calc/y_calc.h"
+#include "review/social_items.h"
+#include "review/x2_calc.h"
+#include "review/y_calc.h"
 #include "screens/check_sheet.h"
 #include "screens/check_steps.h"
 #include "session/kyotu_mod.h"

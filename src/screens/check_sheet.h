@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
-#include "calc/law_year.h"
-#include "calc/review_figures.h"
+#include "law/law_year.h"
+#include "review/review_figures.h"
 #include "session/session.h"
 
 #include <set>

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Morvane developers
-#include "calc/ten_tables.h"
-#include "calc/wzx_calc.h"
+#include "law/ten_tables.h"
+#include "review/wzx_calc.h"
 #include "screens/check_sheet.h"
 #include "session/kyotu_mod.h"
 

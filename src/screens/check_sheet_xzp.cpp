@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Morvane developers
-#include "calc/ten_tables.h"
-#include "calc/xzp_dataget.h"
+#include "law/ten_tables.h"
+#include "law/work_types.h"
 #include "screens/check_figures.h"
 
 namespace morvane {

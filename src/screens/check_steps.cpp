@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "screens/check_steps.h"
 
-#include "calc/ten_tables.h"
+#include "law/ten_tables.h"
 #include "session/kyotu_mod.h"
 
 #include <algorithm>

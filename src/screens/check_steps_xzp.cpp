@@ -1,5 +1,5 @@
 // SPDX-FileCopyrightText: The Morvane developers
-#include "calc/ten_tables.h"
+#include "law/ten_tables.h"
 #include "screens/check_figures.h"
 
 namespace morvane {

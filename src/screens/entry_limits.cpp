@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "screens/entry_limits.h"
 
-#include "calc/scenario.h"
+#include "review/scenario.h"
 #include "screens/syokuta_table.h"
 
 #include <algorithm>

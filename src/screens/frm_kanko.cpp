@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "screens/frm_kanko.h"
 
-#include "calc/law_year.h"
-#include "calc/xzp_dataget.h"
+#include "law/law_year.h"
+#include "law/work_types.h"
 #include "session/boxes.h"
 #include "session/kyotu_mod.h"
 #include "session/save_or_stay.h"

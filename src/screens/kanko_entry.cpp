@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "screens/kanko_entry.h"
 
-#include "calc/checked.h"
-#include "calc/x2w_dataget.h"
-#include "screens/settled_score.h"
+#include "law/checked.h"
+#include "review/settle.h"
+#include "review/x2_calc.h"
 
 #include <utility>
 

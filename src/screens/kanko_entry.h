@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
-#include "calc/y_calc.h"
+#include "review/y_calc.h"
 #include "screens/kanko_table.h"
 #include "session/run_time_error.h"
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
-#include "calc/review_figures.h"
-#include "screens/kanko.h"
+#include "review/kanko.h"
+#include "review/review_figures.h"
 
 #include <cstdint>
 #include <span>

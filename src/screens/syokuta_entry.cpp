@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "screens/syokuta_entry.h"
 
-#include "calc/y_calc.h"
-#include "screens/settled_score.h"
+#include "review/settle.h"
+#include "review/y_calc.h"
 
 namespace morvane {
 

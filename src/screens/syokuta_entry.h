@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
-#include "screens/syokuta.h"
+#include "review/syokuta.h"
 #include "session/run_time_error.h"
 
 #include <cstdint>

@@ -15,6 +15,9 @@ class Run_Time_Error : public std::runtime_error {
     /// `what` is the Japanese text that names what could not be computed.
     Run_Time_Error(Kind error_kind, const std::string& what) : std::runtime_error(what), kind(error_kind) {}
 
+    /// Whether nothing has been said yet of what could not be computed.
+    [[nodiscard]] bool Is_Unnamed() const { return *what() == '\0'; }
+
     Kind kind;
 };
 

@@ -41,7 +41,7 @@ struct Session {
     std::int16_t Tani_Kbn = 1;    ///< display unit of statements: 1 yen, 2 thousand, other million
     std::uint8_t Data_Ver = 0;    ///< data form of the period in hand (Get_Data_Ver)
     std::uint8_t Simyu_Kubun =
-        0;                 ///< law year of the period in hand: 1 2008, 2 2011, 3 2012, 4 2015 and later
+        0;                   ///< law year of the period in hand: 1 2008, 2 2011, 3 2012, 4 2015 and later
     bool Edit_Flg = false;   ///< a screen of the work area is open
     bool Jg_New_Flg = false; ///< the company screen registers a new company
 

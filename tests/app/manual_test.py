@@ -130,7 +130,7 @@ def unbuilt_forms(sources):
     table = (sources / "app/form_table.cpp").read_text(encoding="utf-8")
     built = set(re.findall(r'\{"(\w+)", Make', table))
     asked = set()
-    for file in ("app/menu_table.cpp", "app/frm_main.cpp", "calc/law_year.h"):
+    for file in ("app/menu_table.cpp", "app/frm_main.cpp", "law/law_year.h"):
         asked |= set(re.findall(r'"(Frm_\w+)"', (sources / file).read_text(encoding="utf-8")))
     for file in sources.rglob("*.cpp"):
         asked |= set(re.findall(r'Open_Form\(QStringLiteral\("(\w+)"\)', file.read_text(encoding="utf-8")))

@@ -2,11 +2,11 @@
 #include "batch/case_file.h"
 
 #include "batch/check_run.h"
-#include "calc/review_figures.h"
 #include "company/company_identity.h"
 #include "company/datacheck.h"
 #include "company/pending_work.h"
 #include "data/store_file.h"
+#include "review/review_figures.h"
 #include "session/kidou_ini.h"
 #include "support/failing_writes.h"
 #include "support/installation_fixture.h"

@@ -4,7 +4,7 @@
 #include "company/datacheck.h"
 #include "data/store_file.h"
 #include "data/table_catalogue.h"
-#include "screens/settled_score.h"
+#include "review/settle.h"
 #include "session/kyotu_mod.h"
 #include "support/failing_writes.h"
 #include "support/installation_fixture.h"

@@ -5,8 +5,8 @@
 #include "data/store_file.h"
 #include "maint/csv_out.h"
 #include "session/kyotu_mod.h"
+#include "statements/zaimu_calc.h"
 #include "support/installation_fixture.h"
-#include "zaimu/zaimu_calc.h"
 
 #include <set>
 

@@ -5,13 +5,13 @@
 #include "report/kekka.h"
 #include "report/recorded_sheet.h"
 #include "report/report_table.h"
+#include "review/settle.h"
 #include "screens/kanko_entry.h"
-#include "screens/settled_score.h"
 #include "screens/syokuta_entry.h"
 #include "screens/syokuta_table.h"
+#include "statements/statement_section.h"
+#include "statements/zaimu_calc.h"
 #include "support/installation_fixture.h"
-#include "zaimu/statement_section.h"
-#include "zaimu/zaimu_calc.h"
 
 #include <functional>
 #include <random>

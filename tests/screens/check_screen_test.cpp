@@ -2,9 +2,9 @@
 #include "screens/check_screen.h"
 
 #include "batch/case_file.h"
-#include "calc/ten_tables.h"
+#include "law/ten_tables.h"
+#include "review/settle.h"
 #include "screens/check_opener.h"
-#include "screens/settled_score.h"
 #include "session/install_info.h"
 #include "session/kyotu_mod.h"
 #include "support/ui_fixture.h"

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
+#include "review/settle.h"
+#include "review/syokuta.h"
 #include "screens/check_sheet.h"
-#include "screens/settled_score.h"
-#include "screens/syokuta.h"
 #include "session/kyotu_mod.h"
 #include "session/run_time_error.h"
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "screens/frm_kanko.h"
 
-#include "calc/x2w_dataget.h"
-#include "screens/settled_score.h"
+#include "review/settle.h"
+#include "review/x2_calc.h"
 #include "screens/syokuta_entry.h"
 #include "session/kyotu_mod.h"
 #include "support/failing_writes.h"

@@ -2,8 +2,8 @@
 #include "screens/frm_syokuta.h"
 
 #include "batch/case_file.h"
+#include "review/settle.h"
 #include "screens/frm_kanko.h"
-#include "screens/settled_score.h"
 #include "session/kyotu_mod.h"
 #include "session/run_time_error.h"
 #include "support/failing_writes.h"

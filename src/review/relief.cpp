@@ -1,0 +1,55 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "review/relief.h"
+
+#include "review/kanko.h"
+#include "review/x2_calc.h"
+#include "review/y_calc.h"
+
+#include <algorithm>
+
+namespace morvane {
+
+namespace {
+
+/// X1, Z and W of every line when completed work is averaged over `years`.
+Kanko Averaged(const Review_Figures& figures, WZX_Calc& wzx, std::int32_t years, std::int16_t x2,
+               std::int16_t y) {
+    Kanko kanko;
+    kanko.Load_Kanko(figures, x2, y);
+    kanko.Kanko_Avg = years;
+    kanko.Calc_Gijutu_All(figures, wzx);
+    kanko.Calc_Kanko_All(figures, wzx, true);
+    return kanko;
+}
+
+} // namespace
+
+Gekihen_Table Calc_Gekihen(const Review_Figures& figures) {
+    WZX_Calc wzx;
+    Y_Calc y;
+    y.Calc_Y(figures.statement, figures.hokkaido, figures.corporation);
+    Gekihen_Table table{};
+    for (std::size_t column = 0; column < gekihen_columns.size(); ++column) {
+        X2_Calc x2;
+        x2.JikoS = gekihen_columns[column].basis;
+        x2.Calc_X2(figures, wzx, true);
+        const Kanko kanko = Averaged(figures, wzx, gekihen_columns[column].years, x2.X2_Ten, y.Y_Ten);
+        for (std::size_t i = 0; i < table.size(); ++i) {
+            table[i].P[column] = static_cast<std::int16_t>(kanko.lines[i].P.value);
+        }
+    }
+    for (Gekihen_Line& line : table) {
+        const std::int16_t best = *std::max_element(line.P.begin(), line.P.end());
+        std::transform(line.P.begin(), line.P.end(), line.best.begin(),
+                       [best](std::int16_t p) { return p == best; });
+    }
+    return table;
+}
+
+Gekihen_Table Calc_Gekihen(const Session& session) {
+    const Connection cn = Cn_Open(session);
+    return Calc_Gekihen(
+        Load_Review(cn, session.Syori_Ki, scenario_genjo, session.Is_Hokkaido(), session.Is_Corporation()));
+}
+
+} // namespace morvane

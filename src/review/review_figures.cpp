@@ -1,0 +1,307 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "review/review_figures.h"
+
+#include "data/shown_text.h"
+#include "law/checked.h"
+#include "review/social_items.h"
+#include "session/kyotu_mod.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace morvane {
+
+namespace {
+
+/// The columns of a scenario in Kandaka_Gj, without prefix, and their places in a line.
+struct Work_Column {
+    std::string_view name;
+    Figure& (*place)(Work_Line&);
+};
+
+template <Figure Work_Line::*Member>
+Figure& Place(Work_Line& line) {
+    return line.*Member;
+}
+
+template <std::size_t Index>
+Figure& Engineer(Work_Line& line) {
+    return line.gijutusya[Index];
+}
+
+constexpr std::array<Work_Column, 21> work_columns = {{
+    {"完工高前々期", Place<&Work_Line::Zzki>},
+    {"完工高前期", Place<&Work_Line::Zki>},
+    {"完工高前平均", Place<&Work_Line::Zheikin>},
+    {"完工高基準", Place<&Work_Line::Kijun>},
+    {"完工高平均", Place<&Work_Line::Nheikin>},
+    {"評点X1", Place<&Work_Line::X1>},
+    {"技術者1", Engineer<0>},
+    {"技術者2", Engineer<1>},
+    {"技術者3", Engineer<2>},
+    {"技術者4", Engineer<3>},
+    {"技術者5", Engineer<4>},
+    {"評点Z1", Place<&Work_Line::Zi>},
+    {"元請完工高前々期", Place<&Work_Line::Mzzki>},
+    {"元請完工高前期", Place<&Work_Line::Mzki>},
+    {"元請完工高前平均", Place<&Work_Line::Mzheikin>},
+    {"元請完工高基準", Place<&Work_Line::Mkijun>},
+    {"元請完工高平均", Place<&Work_Line::Mnheikin>},
+    {"評点Z2", Place<&Work_Line::Zro>},
+    {"評点Z", Place<&Work_Line::Z>},
+    {"総合評点P", Place<&Work_Line::P>},
+    {"技術者6", Engineer<5>},
+}};
+constexpr std::size_t copied_columns = 20; // all but the sixth engineer class
+
+std::string Select_Works(std::string_view prefix, bool with_engineer_6) {
+    std::string sql = "SELECT 工種CD";
+    for (const Work_Column& column : work_columns) {
+        const bool lacking = column.name == "技術者6" && !with_engineer_6;
+        sql += lacking ? ", Null" : ", [" + std::string(prefix) + std::string(column.name) + "]";
+    }
+    return sql + " FROM Kandaka_Gj WHERE 決算期=? ORDER BY 工種CD";
+}
+
+Statement Prepare_Works(const Connection& cn, std::string_view prefix) {
+    try {
+        return cn.Prepare(Select_Works(prefix, true));
+    } catch (const Store_Error& error) {
+        // A store from before 2021 gets the column when it is next taken in hand.
+        if (error.reason != Store_Error::Reason::Missing_Column) {
+            throw;
+        }
+        return cn.Prepare(Select_Works(prefix, false));
+    }
+}
+
+constexpr int last_code_of_work_style = 241;
+constexpr int first_code_of_work_style = 235;
+
+bool Has_32_Bits(double value) {
+    return value > -2147483648.5 && value < 2147483647.5;
+}
+
+// What has no place in its width is told with its name and value.
+[[noreturn]] void Throw_Overflow(const std::string& what) {
+    throw Run_Time_Error(Run_Time_Error::Kind::Overflow, what + "の計算で桁あふれが発生しました。");
+}
+
+std::string Name_Of_Element(int code) {
+    for (const Social_Field& field : Social_Fields()) {
+        if (field.code == code) {
+            return field.caption;
+        }
+    }
+    return "要素" + std::to_string(code);
+}
+
+} // namespace
+
+bool Work_Line::Has_Engineer() const {
+    return std::any_of(gijutusya.begin(), gijutusya.end(), [](const Figure& count) { return count.up; });
+}
+
+std::int32_t Statement_Figures::Get_Y_Kamoku(int code) const {
+    const double thousands = std::trunc(amount[static_cast<std::size_t>(code)] / 1000.0);
+    if (!Has_32_Bits(thousands)) {
+        const auto name = beyond_32_bits.find(code);
+        Throw_Overflow("財務諸表の「" +
+                       (name == beyond_32_bits.end() ? std::to_string(code) : Shown_Text(name->second)) +
+                       "」（" + Comma_Str(Value(amount[static_cast<std::size_t>(code)])) + "円）");
+    }
+    return static_cast<std::int32_t>(thousands);
+}
+
+std::int32_t Review_Figures::Yoso(int code, std::int32_t limit) const {
+    const Element& element = elements[static_cast<std::size_t>(code)];
+    if (!element.up) {
+        return 0;
+    }
+    if (!Has_32_Bits(element.value)) {
+        Throw_Overflow("その他審査項目の「" + Name_Of_Element(code) + "」（" + Number_Text(element.value) +
+                       "）");
+    }
+    const auto value = Round_Half_Even<std::int32_t>(element.value, "その他審査項目");
+    return value > limit ? 0 : value;
+}
+
+void Review_Figures::Put_Yoso(int code, double value) {
+    Element& element = elements[static_cast<std::size_t>(code)];
+    if (element.row) {
+        element = {value, true, true, true};
+    }
+}
+
+bool Review_Figures::Is_Started(const Scenario& scenario) const {
+    if (scenario.number == scenario_genjo.number) {
+        return true;
+    }
+    return std::any_of(works.begin(), works.end(), [&scenario](Work_Line line) {
+        if (scenario.number != scenario_kaizen.number) {
+            return line.P.up;
+        }
+        return std::any_of(work_columns.begin(), work_columns.begin() + copied_columns,
+                           [&line](const Work_Column& column) { return column.place(line).up; });
+    });
+}
+
+const std::optional<Review_Date>& Review_Figures::Date_For_W() const {
+    if (!date_error.empty()) {
+        throw Run_Time_Error(Run_Time_Error::Kind::Type_Mismatch, date_error);
+    }
+    return review_date;
+}
+
+void Read_Statement(const Connection& cn, int period, std::string_view column, Statement_Figures& figures) {
+    figures = {};
+    Statement rows = cn.Prepare("SELECT 建設科目CD, 並び順, [" + std::string(column) +
+                                "], 建設科目名 FROM Ks_Zaihyo WHERE 決算期=?");
+    rows.Bind(1, period);
+    while (rows.Step()) {
+        figures.has_rows = true;
+        const std::int64_t code = rows.Integer_At(0);
+        if (code >= 0 && code < static_cast<std::int64_t>(Statement_Figures::code_end)) {
+            const double amount = rows.Double_At(2);
+            figures.amount[static_cast<std::size_t>(code)] = amount;
+            if (!Has_32_Bits(amount / 1000.0)) {
+                figures.beyond_32_bits[static_cast<int>(code)] = rows.Text_At(3);
+            }
+        }
+        if (code == 99) {
+            figures.form = static_cast<int>(rows.Is_Null(1) ? 2 : rows.Integer_At(1));
+        }
+    }
+}
+
+void Read_Elements(const Connection& cn, int period, const Scenario& scenario, Review_Figures& figures) {
+    figures.elements.fill({});
+    figures.law_year = 1;
+    Statement rows = cn.Prepare("SELECT 要素CD, 現状, [" + std::string(scenario.yoso_column) +
+                                "] FROM W_Yoso WHERE 決算期=?");
+    rows.Bind(1, period);
+    while (rows.Step()) {
+        const std::int64_t code = rows.Integer_At(0);
+        if (code == 210 && !rows.Is_Null(1)) {
+            figures.law_year = static_cast<int>(rows.Integer_At(1));
+        }
+        if (code >= 0 && code < static_cast<std::int64_t>(figures.elements.size())) {
+            figures.elements[static_cast<std::size_t>(code)] = {rows.Double_At(2), !rows.Is_Null(2), true,
+                                                                false};
+        }
+    }
+    for (int code = first_code_of_work_style; code <= last_code_of_work_style; ++code) {
+        figures.elements[static_cast<std::size_t>(code)].row = true;
+    }
+    // The entry screen of law year 4 adds the rows of knowledge and skill (228 to 233) itself.
+    if (figures.law_year >= 4) {
+        for (int code = 228; code <= 233; ++code) {
+            figures.elements[static_cast<std::size_t>(code)].row = true;
+        }
+    }
+}
+
+void Read_Works(const Connection& cn, int period, const Scenario& scenario, Review_Figures& figures) {
+    figures.works.fill({});
+    Statement rows = Prepare_Works(cn, scenario.prefix);
+    rows.Bind(1, period);
+    bool has_other_line = false;
+    while (rows.Step()) {
+        const std::int64_t code = rows.Integer_At(0);
+        if (code < 0 || code >= static_cast<std::int64_t>(work_line_count)) {
+            continue;
+        }
+        has_other_line = has_other_line || code == static_cast<std::int64_t>(other_line);
+        Work_Line& line = figures.works[static_cast<std::size_t>(code)];
+        line.row = true;
+        if (code == static_cast<std::int64_t>(combined_line)) {
+            continue;
+        }
+        for (std::size_t i = 0; i < work_columns.size(); ++i) {
+            const int column = static_cast<int>(i) + 1;
+            if (!rows.Is_Null(column)) {
+                const double value = rows.Double_At(column);
+                if (!Has_32_Bits(value)) {
+                    Throw_Overflow("工種" + std::to_string(code) + "の" + std::string(work_columns[i].name) +
+                                   "（" + Number_Text(value) + "）");
+                }
+                work_columns[i].place(line) = {Round_Half_Even<std::int32_t>(value, "工種別の入力値"), true,
+                                               false};
+            }
+        }
+    }
+    // Before 解体 became a work type, その他 stood at 31.
+    if (!has_other_line && figures.works[31].row) {
+        std::swap(figures.works[31], figures.works[other_line]);
+        figures.works[31].row = true;
+        figures.works[combined_line].row = true;
+    }
+}
+
+void Write_Elements(const Connection& cn, int period, const Scenario& scenario, Review_Figures& figures) {
+    Statement update = cn.Prepare("UPDATE W_Yoso SET [" + std::string(scenario.yoso_column) +
+                                  "] = ? WHERE 決算期=? And 要素CD=?");
+    for (std::size_t code = 0; code < figures.elements.size(); ++code) {
+        Element& element = figures.elements[code];
+        if (!element.dirty) {
+            continue;
+        }
+        update.Reset();
+        update.Bind(1, element.up ? Value(element.value) : Value());
+        update.Bind(2, period);
+        update.Bind(3, static_cast<std::int64_t>(code));
+        update.Step();
+        element.dirty = false;
+    }
+}
+
+void Write_Works(const Connection& cn, int period, const Scenario& scenario, Review_Figures& figures) {
+    for (std::size_t code = 0; code < work_line_count; ++code) {
+        std::string names;
+        std::vector<Value> values;
+        for (const Work_Column& column : work_columns) {
+            Figure& figure = column.place(figures.works[code]);
+            if (figure.dirty) {
+                names += (names.empty() ? "[" : ", [") + std::string(scenario.prefix) +
+                         std::string(column.name) + "] = ?";
+                values.push_back(figure.up ? Value(figure.value) : Value());
+                figure.dirty = false;
+            }
+        }
+        if (!values.empty()) {
+            values.emplace_back(period);
+            values.emplace_back(static_cast<std::int64_t>(code));
+            cn.Execute("UPDATE Kandaka_Gj SET " + names + " WHERE 決算期=? And 工種CD=?", values);
+        }
+    }
+}
+
+void Forget_Unchanged(const Review_Figures& stored, Review_Figures& figures) {
+    for (std::size_t code = 0; code < figures.elements.size(); ++code) {
+        Element& element = figures.elements[code];
+        element.dirty = element.dirty && !(element == stored.elements[code]);
+    }
+    for (std::size_t code = 0; code < work_line_count; ++code) {
+        Work_Line before = stored.works[code];
+        for (const Work_Column& column : work_columns) {
+            Figure& figure = column.place(figures.works[code]);
+            figure.dirty = figure.dirty && !(figure == column.place(before));
+        }
+    }
+}
+
+void Post_Current(const Review_Figures& current, Review_Figures& scenario) {
+    for (std::size_t code = 0; code < scored_lines; ++code) {
+        Work_Line from = current.works[code];
+        for (std::size_t i = 0; i < copied_columns; ++i) {
+            const Figure& figure = work_columns[i].place(from);
+            work_columns[i].place(scenario.works[code]) = {figure.value, figure.up, true};
+        }
+    }
+    for (std::size_t code = 0; code < scenario.elements.size(); ++code) {
+        const Element& element = current.elements[code];
+        scenario.elements[code] = {element.value, element.up, element.row, element.row};
+    }
+}
+
+} // namespace morvane

@@ -1,0 +1,121 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#pragma once
+
+#include "data/connection.h"
+#include "law/work_types.h"
+#include "review/scenario.h"
+#include "review/wzx_calc.h"
+
+#include <array>
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+
+namespace morvane {
+
+/// A stored figure of a work type: thousand yen, a count or a score. `up` tells that it was entered or
+/// computed (a Null in the store reads as 0 with the flag down); `dirty` that it was assigned since it was
+/// read.
+struct Figure {
+    std::int32_t value = 0;
+    bool up = false;
+    bool dirty = false;
+
+    void Set(std::int32_t number) { *this = {number, true, true}; }
+    void Set_Null() { *this = {0, false, true}; }
+    void Set_If(bool condition, std::int32_t number) { *this = {condition ? number : 0, condition, true}; }
+
+    friend bool operator==(const Figure& a, const Figure& b) { return a.value == b.value && a.up == b.up; }
+};
+
+/// One line of Kandaka_Gj in one scenario.
+struct Work_Line {
+    Figure Zzki, Zki, Kijun;         ///< completed work: period before last, last, base
+    Figure Zheikin, Nheikin;         ///< adopted previous figure and adopted average
+    Figure X1;                       ///< 評点X1
+    std::array<Figure, 6> gijutusya; ///< 技術者1 to 技術者6
+    Figure Zi;                       ///< 評点Z1
+    Figure Mzzki, Mzki, Mkijun;      ///< the same of prime-contract work
+    Figure Mzheikin, Mnheikin;
+    Figure Zro;       ///< 評点Z2
+    Figure Z;         ///< 評点Z
+    Figure P;         ///< 総合評点P
+    bool row = false; ///< the store has the line
+
+    [[nodiscard]] bool Has_Kanko() const { return Zzki.up || Zki.up || Kijun.up; }
+    [[nodiscard]] bool Has_Motouke() const { return Mzzki.up || Mzki.up || Mkijun.up; }
+    [[nodiscard]] bool Has_Engineer() const;
+
+    friend bool operator==(const Work_Line&, const Work_Line&) = default;
+};
+
+/// One row of W_Yoso in one scenario.
+struct Element {
+    double value = 0.0;
+    bool up = false;
+    bool row = false;
+    bool dirty = false;
+
+    friend bool operator==(const Element& a, const Element& b) { return a.value == b.value && a.up == b.up; }
+};
+
+/// The amounts of a statement in one column, in yen by account code. Null and missing rows are 0.
+struct Statement_Figures {
+    static constexpr std::size_t code_end = 1000;
+    std::array<double, code_end> amount{};
+    int form = 0;                              ///< data form of the marker row 99, 0 without one
+    bool has_rows = false;                     ///< the period has rows
+    std::map<int, std::string> beyond_32_bits; ///< the names of accounts that have no place in 32 bits
+
+    /// The amount of an account in thousand yen, cut toward zero. Raises Run_Time_Error beyond 32 bits.
+    [[nodiscard]] std::int32_t Get_Y_Kamoku(int code) const;
+};
+
+/// What the store holds of one period in one scenario, as far as the review needs it.
+struct Review_Figures {
+    Statement_Figures statement;
+    std::array<Element, 256> elements{}; ///< by 要素CD
+    std::array<Work_Line, work_line_count> works{};
+    int law_year = 1;                       ///< element 210 of the current figures; without one 1
+    std::optional<Review_Date> review_date; ///< last day of the period; empty where Jigyo_mas has no row
+    std::string date_error;                 ///< why Jigyo_mas has no such day; empty where it has
+    bool corporation = true;
+    bool hokkaido = false;
+
+    /// Element `code`; Null, a missing row and a value above `limit` read as 0. Rounded half to even into 32
+    /// bits.
+    [[nodiscard]] std::int32_t Yoso(int code, std::int32_t limit = INT32_MAX) const;
+
+    /// Assigns element `code` where the period has its row.
+    void Put_Yoso(int code, double value);
+
+    /// Whether these figures of a scenario are its own. The working scenario is started by the first figure
+    /// in one of the columns that its first visit posts, on any line; a saved one by the first 総合評点P. The
+    /// current figures always are.
+    [[nodiscard]] bool Is_Started(const Scenario& scenario) const;
+
+    /// The last day of the period, for W. Raises Run_Time_Error (type mismatch) where what is stored is none.
+    [[nodiscard]] const std::optional<Review_Date>& Date_For_W() const;
+};
+
+/// Reads a period's statement column (a column of Ks_Zaihyo that holds yen). Raises Store_Error.
+void Read_Statement(const Connection& cn, int period, std::string_view column, Statement_Figures& figures);
+
+/// Reads elements and works of a period in a scenario, with the rows that a store gets when it is next taken
+/// in hand counted as present. Raises Store_Error, and Run_Time_Error for a figure beyond its width.
+void Read_Elements(const Connection& cn, int period, const Scenario& scenario, Review_Figures& figures);
+void Read_Works(const Connection& cn, int period, const Scenario& scenario, Review_Figures& figures);
+
+/// Writes the dirty elements and the dirty columns of works. To be called inside a transaction.
+void Write_Elements(const Connection& cn, int period, const Scenario& scenario, Review_Figures& figures);
+void Write_Works(const Connection& cn, int period, const Scenario& scenario, Review_Figures& figures);
+
+/// Takes the mark of an assignment from every figure that is what `stored` has, so that it is not written.
+void Forget_Unchanged(const Review_Figures& stored, Review_Figures& figures);
+
+/// Posts current works (32 lines, without the sixth engineer class) and elements into a scenario that was
+/// never started, as its first visit does.
+void Post_Current(const Review_Figures& current, Review_Figures& scenario);
+
+} // namespace morvane

@@ -1,0 +1,225 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "review/settle.h"
+
+#include "review/kanko.h"
+#include "review/syokuta.h"
+#include "session/kyotu_mod.h"
+#include "session/run_time_error.h"
+
+#include <algorithm>
+#include <array>
+#include <stdexcept>
+
+namespace morvane {
+
+namespace {
+
+// A round more than any chain of late sub-scores needs; a law year that never settles would be a fault of its
+// row.
+constexpr int most_rounds = 12;
+
+// Older forms of the accounts are not taken in hand.
+constexpr std::uint8_t oldest_data_form = 3;
+
+void One_Round(Review_Figures& figures, WZX_Calc& wzx, std::int16_t y, std::int16_t x2, bool current) {
+    Syokuta social;
+    social.Load_W_2012(figures);
+    social.Calc_W_2012(figures, wzx);
+    social.Store_W_2012(figures);
+    Recalc_P_All(figures, x2, y);
+
+    Kanko kanko;
+    kanko.Load_Kanko(figures, x2, y);
+    kanko.Calc_Gijutu_All(figures, wzx);
+    kanko.Save_Gijutu(figures);
+
+    // The engineer screen stores no element, so that its sister reads just the lines anew.
+    kanko.lines = figures.works;
+    kanko.Calc_Kanko_All(figures, wzx);
+    kanko.Save_Kanko(figures, current);
+    if (!current) {
+        Recalc_P_All(figures, x2, y);
+    }
+}
+
+bool Has_Element(const Review_Figures& figures, std::size_t code) {
+    return figures.elements[code].up;
+}
+
+// What every period has or the completed work brings: law year, years of the average, its totals, W and W5.
+constexpr std::array elements_beside_the_items = {140U, 200U, 201U, 202U, 203U, 210U};
+
+// Current completed work without items of X2 and W is not filled: their scores would stand as if they had
+// been entered. A saved scenario is filled by anything, since its P tells that it is there.
+bool Is_Filled(const Review_Figures& figures, const Scenario& scenario) {
+    if (scenario.number == scenario_kaizen.number) {
+        return figures.Is_Started(scenario); // else its first visit posts the current figures over it
+    }
+    for (std::size_t code = 0; code < figures.elements.size(); ++code) {
+        if (Has_Element(figures, code) &&
+            std::find(elements_beside_the_items.begin(), elements_beside_the_items.end(), code) ==
+                elements_beside_the_items.end()) {
+            return true;
+        }
+    }
+    return scenario.number != scenario_genjo.number &&
+           std::any_of(figures.works.begin(), figures.works.end(), [](const Work_Line& line) {
+               return line.Has_Kanko() || line.Has_Motouke() || line.Has_Engineer();
+           });
+}
+
+void Settle_And_Store(const Connection& cn, const Settled_Period& of, const Scenario& scenario,
+                      bool (*applies)(const Review_Figures&, const Scenario&)) {
+    const Review_Figures stored =
+        Load_Review(cn, of.period, scenario, of.hokkaido, of.corporation, of.year_shift);
+    if (!applies(stored, scenario)) {
+        return;
+    }
+    if (stored.law_year >= 4) {
+        Add_Knowledge_Rows(cn, of.period);
+    }
+    Review_Figures figures = stored;
+    Y_Calc y;
+    X2_Calc x2;
+    Settle(figures, y, x2, scenario);
+    Forget_Unchanged(stored, figures);
+    Write_Elements(cn, of.period, scenario, figures);
+    Write_Works(cn, of.period, scenario, figures);
+}
+
+bool Is_Entered(const Review_Figures& figures, const Scenario&) {
+    return Has_Element(figures, 100) && Has_Element(figures, 202) && figures.date_error.empty();
+}
+
+struct Firm {
+    std::int32_t number;
+    std::string name;
+    int period;
+    bool corporation;
+};
+
+Firm Read_Firm(const Connection& cn) {
+    Statement row = cn.Prepare("SELECT 管理No, 事業所名, 処理決算期, 法人個人識別 FROM Jigyo_mas");
+    if (!row.Step()) {
+        throw Score_Refusal("事業所の情報（Jigyo_mas）がありません。");
+    }
+    return {static_cast<std::int32_t>(row.Integer_At(0)), std::string(row.Text_At(1)),
+            static_cast<int>(row.Integer_At(2)), row.Integer_At(3) == 1};
+}
+
+void Test_Period(const Connection& cn, bool hokkaido, int period) {
+    Statement row = cn.Prepare("SELECT 決算期 FROM Ks_ki WHERE 決算期=?");
+    row.Bind(1, period);
+    if (!row.Step()) {
+        throw Score_Refusal("第" + std::to_string(period) + "期は登録されていません。");
+    }
+    if (Get_Data_Ver(cn, hokkaido, period) < oldest_data_form) {
+        throw Score_Refusal("データが2008年より古いため、事業所指定できません。");
+    }
+}
+
+void Settle_Entered(const Connection& cn, const Session& session, const Scenario& scenario) {
+    Settle_And_Store(cn, {session.Syori_Ki, session.Is_Hokkaido(), session.Is_Corporation()}, scenario,
+                     Is_Entered);
+}
+
+bool Can_Settle(const Connection& cn, const Session& session, const Scenario& scenario) {
+    const Transaction nothing_stays(cn);
+    try {
+        Settle_Entered(cn, session, scenario);
+        return true;
+    } catch (const Run_Time_Error&) {
+        return false;
+    }
+}
+
+} // namespace
+
+void Settle(Review_Figures& figures, Y_Calc& y, X2_Calc& x2, const Scenario& scenario) {
+    const bool current = scenario.number == scenario_genjo.number;
+    WZX_Calc wzx;
+    y.Calc_Y(figures.statement, figures.hokkaido, figures.corporation);
+    x2.Calc_X2(figures, wzx, false);
+    for (int round = 0; round < most_rounds; ++round) {
+        const auto elements = figures.elements;
+        One_Round(figures, wzx, y.Y_Ten, x2.X2_Ten, current);
+        // A round forms the scores of the works from their inputs and the elements alone: once these stay, so
+        // do those.
+        if (elements == figures.elements) {
+            return;
+        }
+    }
+    throw std::logic_error("the scores do not settle");
+}
+
+void Settle_Filled(const Connection& cn, const Settled_Period& of, const Scenario& scenario) {
+    Settle_And_Store(cn, of, scenario, Is_Filled);
+}
+
+void Store_And_Settle(const Session& session, const Scenario& scenario,
+                      const std::function<void(const Connection&)>& store) {
+    const Connection cn = Cn_Open(session);
+    try {
+        Transaction transaction(cn);
+        store(cn);
+        Settle_Entered(cn, session, scenario);
+        transaction.Commit();
+    } catch (const Run_Time_Error&) {
+        if (Can_Settle(cn, session, scenario)) {
+            throw;
+        }
+        Transaction transaction(cn);
+        store(cn);
+        transaction.Commit();
+    }
+}
+
+void Settle_Again(const Session& session) {
+    const Connection cn = Cn_Open(session);
+    for (const Scenario* scenario : {&scenario_genjo, &scenario_kaizen}) {
+        try {
+            Transaction transaction(cn);
+            Settle_Entered(cn, session, *scenario);
+            transaction.Commit();
+        } catch (const Run_Time_Error&) {
+            continue; // what stands is shown nowhere without being computed again
+        }
+    }
+}
+
+Settled_Score Score_Company(const Connection& cn, bool hokkaido, std::optional<int> period,
+                            const Scenario& scenario) {
+    const Transaction reading(cn, Transaction::Purpose::Read);
+    const Firm firm = Read_Firm(cn);
+    Settled_Score score;
+    score.kanri_no = firm.number;
+    score.jigyo_name = firm.name;
+    score.period = period.value_or(firm.period);
+    score.scenario = &scenario;
+    const int year_shift = score.period - firm.period;
+    score.figures = Load_Review(cn, score.period, scenario, hokkaido, firm.corporation, year_shift);
+    Test_Period(cn, hokkaido, score.period);
+    if (!score.figures.Is_Started(scenario)) {
+        if (scenario.number != scenario_kaizen.number) {
+            throw Score_Refusal("「保存値" + std::string(scenario.name) +
+                                "」に保存された改善後数値データはありません。");
+        }
+        Review_Figures current;
+        Read_Elements(cn, score.period, scenario_genjo, current);
+        Read_Works(cn, score.period, scenario_genjo, current);
+        Post_Current(current, score.figures);
+    }
+    Statement names = cn.Prepare("SELECT 工種CD, 工種略 FROM Kandaka_Gj WHERE 決算期=?");
+    names.Bind(1, score.period);
+    while (names.Step()) {
+        const std::int64_t code = names.Integer_At(0);
+        if (code >= 0 && code < static_cast<std::int64_t>(work_line_count)) {
+            score.kosyu_ryaku[static_cast<std::size_t>(code)] = names.Text_At(1);
+        }
+    }
+    score.x2w_entered = score.figures.elements[100].up;
+    Settle(score.figures, score.y, score.x2, scenario);
+    return score;
+}
+
+} // namespace morvane

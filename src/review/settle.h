@@ -1,0 +1,75 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#pragma once
+
+#include "review/review_figures.h"
+#include "review/x2_calc.h"
+#include "review/y_calc.h"
+#include "session/session.h"
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace morvane {
+
+/// All scores of a company in one period and scenario, with the figures they settled on.
+struct Settled_Score {
+    std::int32_t kanri_no = 0;
+    std::string jigyo_name;
+    int period = 0;
+    const Scenario* scenario = &scenario_genjo;
+    bool x2w_entered = false; ///< the items of X2 and W were stored before (element 100)
+    Y_Calc y;
+    X2_Calc x2;
+    Review_Figures figures;                               ///< elements and works as the store would hold them
+    std::array<std::string, work_line_count> kosyu_ryaku; ///< 工種略 of the lines
+};
+
+/// Computes Y and X2 and opens and closes the screens of X2 and W, of engineers and of completed work on
+/// `figures`, in this order, until another round changes nothing: the orders of the screens let some
+/// sub-scores reach the total a pass late. At law year 1 the W of the completed-work screen stands, and in
+/// the other scenarios than the current one that of the X2/W screen, which alone stores it there. P always
+/// holds the W beside it. Raises Run_Time_Error on overflow and where W needs a date that is none.
+void Settle(Review_Figures& figures, Y_Calc& y, X2_Calc& x2, const Scenario& scenario = scenario_genjo);
+
+/// A period of a firm whose stored scores are settled.
+struct Settled_Period {
+    int period;
+    bool hokkaido;
+    bool corporation;
+    int year_shift = 0; ///< years from the period in hand
+};
+
+/// Settles and stores the scores of a scenario that figures were brought into from outside; nothing where
+/// there are none. The caller holds the transaction. Raises Store_Error, Run_Time_Error.
+void Settle_Filled(const Connection& cn, const Settled_Period& of, const Scenario& scenario);
+
+/// Stores by `store` what a review screen holds and, in the same transaction, settles the scores of its
+/// scenario of the period in hand: once X2/W and completed work were both stored (elements 100 and 202), and
+/// while the closing date is one. Where a score cannot be computed nothing is stored. Only where it could not
+/// be computed before either, what the screen holds is stored alone, so that figures on two screens can be
+/// mended one after the other. Raises Store_Error, Run_Time_Error.
+void Store_And_Settle(const Session& session, const Scenario& scenario,
+                      const std::function<void(const Connection&)>& store);
+
+/// Brings the stored scores of the period in hand, current and improved, in line with what they are formed
+/// from, after a statement, the closing date or the law year may have changed. Scores that can no longer be
+/// computed stay as they are: whatever shows them computes them itself and says why it cannot. Raises
+/// Store_Error.
+void Settle_Again(const Session& session);
+
+/// Scores a company from an open store, read only. Without `period` the period in hand of Jigyo_mas; for
+/// another one the closing date moves by whole years. A working scenario that was never started is what its
+/// first visit would post; an empty slot is refused. Raises Store_Error, Run_Time_Error and Score_Refusal
+/// with the reason.
+Settled_Score Score_Company(const Connection& cn, bool hokkaido, std::optional<int> period,
+                            const Scenario& scenario);
+
+/// A reason in Japanese why a company has no score (an unregistered period, an empty slot, data too old).
+class Score_Refusal : public std::runtime_error {
+  public:
+    using std::runtime_error::runtime_error;
+};
+
+} // namespace morvane

@@ -1,0 +1,65 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#pragma once
+
+#include "review/review_figures.h"
+#include "review/social_items.h"
+#include "review/wzx_calc.h"
+#include "session/session.h"
+
+#include <array>
+#include <cstdint>
+
+namespace morvane {
+
+/// The law year of a period: 現状 of element 210; 1 where it is Null or has no row. Raises Store_Error.
+std::uint8_t Get_Simyu_Kubun(const Session& session, int period);
+std::uint8_t Get_Simyu_Kubun(const Connection& cn, int period);
+
+/// Reads the last day of the period in hand, with `year_shift` years added for another period, into the
+/// figures: nothing where Jigyo_mas has no row, and why there is none where what it holds is no date. Raises
+/// Store_Error.
+void Read_Review_Date(const Connection& cn, Review_Figures& figures, int year_shift = 0);
+
+/// Reads statement, elements, works and the date of a period in a scenario. Raises Store_Error,
+/// Run_Time_Error.
+Review_Figures Load_Review(const Connection& cn, int period, const Scenario& scenario, bool hokkaido,
+                           bool corporation, int year_shift = 0);
+
+/// The equity and profit score X2 and what led to it, thousand yen and points.
+class X2_Calc {
+  public:
+    // What leads to them, by period: 0 the one before, 1 the current one.
+    std::array<std::int32_t, 2> Jiko{};  ///< 自己資本額
+    std::array<std::int32_t, 2> Eigyo{}; ///< 営業利益
+    std::array<std::int32_t, 2> Genka{}; ///< 減価償却実施額
+    std::array<std::int32_t, 2> Rieki{}; ///< 利払前税引前償却前利益, the sum of the two
+
+    std::int32_t JikoS = 1;         ///< basis: 1 base period, else two-period average
+    std::int32_t X2_Jiko = 0;       ///< 自己資本額
+    std::int32_t X2_Jiko_Used = 0;  ///< the same, not below 0
+    std::int32_t X2_Rieki = 0;      ///< 平均利益額 (利払前税引前償却前利益, two periods)
+    std::int32_t X2_Rieki_Used = 0; ///< the same, not below 0
+    std::int16_t X2_1_Ten = 0;
+    std::int16_t X2_2_Ten = 0;
+    std::int16_t X2_Ten = 0; ///< X2, at least 454
+
+    /// Computes X2 from figures in hand. Without `keep_basis` the basis is element 1 (Null, 0 or missing: 1).
+    /// The band numbers go to `wzx`. Raises Run_Time_Error on overflow.
+    void Calc_X2(const Review_Figures& figures, WZX_Calc& wzx, bool keep_basis);
+
+    /// The same from the working store: scenario 1 to 5 of the period in hand, or of the one before where
+    /// `y_kikan` is 2. Raises Store_Error, Run_Time_Error.
+    void Calc_X2(const Session& session, int scenario, WZX_Calc& wzx, bool keep_basis,
+                 std::uint8_t y_kikan = 1);
+};
+
+/// The current items of X2 and W of the period in hand, as the check screens show them. Raises Store_Error,
+/// Run_Time_Error.
+Social_Items Load_X2W(const Session& session);
+
+/// The sub-scores that enter W, in the order W1 to W8, and the total by the law year. `law_2008` takes the
+/// form of law year 1 (six sub-scores, not below 0). Raises Run_Time_Error on overflow.
+std::int16_t Calc_W_Total(WZX_Calc& wzx, const std::array<std::int16_t, 8>& sub_scores, bool law_2008,
+                          const std::optional<Review_Date>& date);
+
+} // namespace morvane

@@ -1,0 +1,215 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "review/y_calc.h"
+
+#include "law/checked.h"
+
+#include <cmath>
+#include <initializer_list>
+#include <string>
+
+namespace morvane {
+
+namespace {
+
+using namespace y_yoso;
+
+constexpr const char* what_y = "経営状況評点（Ｙ）";
+
+using Elements = std::array<std::int32_t, 14>;
+using Working = std::array<std::int32_t, 20>;
+
+std::int32_t Sum(const Statement_Figures& statement, std::initializer_list<int> codes) {
+    std::int32_t sum = 0;
+    for (const int code : codes) {
+        sum = Add32(sum, statement.Get_Y_Kamoku(code), what_y);
+    }
+    return sum;
+}
+
+Elements Elements_Of(const Statement_Figures& s, bool hokkaido, bool corporation) {
+    Elements yoso{};
+    yoso[kotei_sisan] = s.Get_Y_Kamoku(179);
+    yoso[ryudo_fusai] = s.Get_Y_Kamoku(229);
+    yoso[kotei_fusai] = s.Get_Y_Kamoku(248);
+    yoso[rieki_joyokin] = s.Get_Y_Kamoku(corporation ? 289 : 319);
+    yoso[jiko_sihon] = s.Get_Y_Kamoku(319);
+    yoso[so_sihon] = s.Get_Y_Kamoku(399);
+    yoso[so_sihon_zenki] = s.Get_Y_Kamoku(830);
+    yoso[uriage] = hokkaido ? Sum(s, {400, 410}) : s.Get_Y_Kamoku(402);
+    yoso[uriage_sorieki] = s.Get_Y_Kamoku(419);
+    yoso[uketori_risoku] = s.Get_Y_Kamoku(470);
+    yoso[siharai_risoku] = s.Get_Y_Kamoku(480);
+    yoso[keijo_rieki] = s.Get_Y_Kamoku(489);
+    return yoso;
+}
+
+// The edition decides where depreciation and the loss allowance stand, the data form of the period where the
+// advances received do.
+Working Working_Of(const Statement_Figures& s, bool hokkaido) {
+    return {
+        s.Get_Y_Kamoku(833),                           // 経常利益（前期）
+        Sum(s, {831, 835, 836, 837}),                  // 減価償却実施額（前期）
+        Sum(s, {436, hokkaido ? 552 : 536, 724, 729}), // 減価償却実施額（当期）
+        s.Get_Y_Kamoku(834),                           // 法人税等（前期）
+        s.Get_Y_Kamoku(511),                           // 法人税等（当期）
+        Sum(s, {804, 805}),                            // 貸倒引当金（前々期）
+        Sum(s, {824, 825}),                            // 貸倒引当金（前期）
+        Sum(s, {hokkaido ? 115 : 114, 177}),           // 貸倒引当金（当期）
+        Sum(s, {800, 801}),                            // 売掛債権（前々期）
+        Sum(s, {820, 821}),                            // 売掛債権（前期）
+        Sum(s, {101, 103}),                            // 売掛債権（当期）
+        Sum(s, {806, 807}),                            // 仕入債務（前々期）
+        Sum(s, {826, 827}),                            // 仕入債務（前期）
+        Sum(s, {200, 201}),                            // 仕入債務（当期）
+        Sum(s, {802, 803}),                            // 棚卸資産（前々期）
+        Sum(s, {822, 823}),                            // 棚卸資産（前期）
+        Sum(s, {106, 107}),                            // 棚卸資産（当期）
+        s.Get_Y_Kamoku(808),                           // 受入金（前々期）
+        s.Get_Y_Kamoku(828),                           // 受入金（前期）
+        s.Get_Y_Kamoku(s.form == 6 ? 210 : 209),       // 受入金（当期）
+    };
+}
+
+std::int32_t Plus(std::int32_t a, std::int32_t b) {
+    return Add32(a, b, what_y);
+}
+std::int32_t Minus(std::int32_t a, std::int32_t b) {
+    return Sub32(a, b, what_y);
+}
+
+/// Profit + depreciation - tax, + rise of the loss allowances, + fall of receivables, + rise of payables, +
+/// fall of inventories, + rise of advances received, each between two year ends: `year` 0 from the
+/// second-prior to the prior one, 1 from there to the current one.
+std::int32_t Cash_Flow(std::int32_t profit, std::int32_t depreciation, std::int32_t tax, const Working& w,
+                       std::size_t year) {
+    std::int32_t flow = Minus(Plus(profit, depreciation), tax);
+    flow = Minus(flow, Minus(w[5 + year], w[6 + year]));
+    flow = Plus(flow, Minus(w[8 + year], w[9 + year]));
+    flow = Minus(flow, Minus(w[11 + year], w[12 + year]));
+    flow = Plus(flow, Minus(w[14 + year], w[15 + year]));
+    return Minus(flow, Minus(w[17 + year], w[18 + year]));
+}
+
+/// A ratio in percent with three decimals.
+float Percent(double num, double den) {
+    return static_cast<float>(Round_501(num / den, 100000) * 100);
+}
+
+// Indicator number `x` held within its limits.
+float Within(float value, std::size_t x) {
+    const auto [lower, upper] = y_limits[x - 1];
+    if (value >= upper) {
+        return upper;
+    }
+    return value <= lower ? lower : value;
+}
+
+} // namespace
+
+double Round_501(double v, double scale) {
+    return std::floor(v * scale + 0.501) / scale;
+}
+
+std::int16_t Score_Of_Points(float points) {
+    return Narrow_Double<std::int16_t>(std::floor(167.3 * points + 583 + 0.501), what_y);
+}
+
+float Y_Calc::Calc_Y_X1(const Elements& yoso) {
+    const std::int32_t interest = Minus(yoso[siharai_risoku], yoso[uketori_risoku]);
+    return yoso[uriage] == 0 ? y_without_denominator[0] : Within(Percent(interest, yoso[uriage]), 1);
+}
+
+float Y_Calc::Calc_Y_X2(const Elements& yoso) {
+    const std::int32_t debt = Plus(yoso[ryudo_fusai], yoso[kotei_fusai]);
+    if (yoso[uriage] == 0) {
+        return y_without_denominator[1];
+    }
+    const double monthly_sales = yoso[uriage] / 12.0;
+    return Within(static_cast<float>(Round_501(debt / monthly_sales, 1000)), 2);
+}
+
+float Y_Calc::Calc_Y_X3(const Elements& yoso) {
+    float average = static_cast<float>(Plus(yoso[so_sihon_zenki], yoso[so_sihon]) / 2.0);
+    if (average <= y_least_capital) {
+        average = y_least_capital;
+    }
+    return Within(Percent(yoso[uriage_sorieki], average), 3);
+}
+
+float Y_Calc::Calc_Y_X4(const Elements& yoso) {
+    return yoso[uriage] == 0 ? y_without_denominator[3] : Within(Percent(yoso[keijo_rieki], yoso[uriage]), 4);
+}
+
+float Y_Calc::Calc_Y_X5(const Elements& yoso) {
+    return yoso[kotei_sisan] == 0 ? y_without_denominator[4]
+                                  : Within(Percent(yoso[jiko_sihon], yoso[kotei_sisan]), 5);
+}
+
+float Y_Calc::Calc_Y_X6(const Elements& yoso) {
+    return yoso[so_sihon] == 0 ? y_without_denominator[5]
+                               : Within(Percent(yoso[jiko_sihon], yoso[so_sihon]), 6);
+}
+
+float Y_Calc::Calc_Y_X7(const Elements& yoso) {
+    const auto average = static_cast<float>(Plus(yoso[cash_flow_zenki], yoso[cash_flow]) / 2.0);
+    return Within(static_cast<float>(Round_501(static_cast<double>(average) / 100000, 1000)), 7);
+}
+
+float Y_Calc::Calc_Y_X8(const Elements& yoso) {
+    return Within(static_cast<float>(Round_501(yoso[rieki_joyokin] / 100000.0, 1000)), 8);
+}
+
+void Y_Calc::Calc_Y(const Session& session, std::uint8_t kbn) {
+    Y_Slot = Y_Slot_Flg ? kbn : Y_Slot;
+    Y_Col = kbn == 1 ? 1 : 2;
+    std::string column = Y_Col == 1 ? "金額" : "改善後残高";
+    if (Y_Slot_Flg && Y_Slot >= 3) {
+        column = "改善後残高" + std::to_string(Y_Slot - 2);
+    }
+    int period = 0;
+    if (Y_Kikan == 1 || Y_Kikan == 2) {
+        period = session.Syori_Ki - (Y_Kikan - 1);
+    }
+    Statement_Figures statement;
+    Read_Statement(Cn_Open(session), period, column, statement);
+    Calc_Y(statement, session.Is_Hokkaido(), session.Is_Corporation());
+}
+
+void Y_Calc::Calc_Y(const Statement_Figures& statement, bool hokkaido, bool corporation) {
+    Elements yoso = Y_Yoso;
+    Working work = Y_Work;
+    std::array<float, 8> x = Y_Kekka;
+    if (statement.has_rows) {
+        yoso = Elements_Of(statement, hokkaido, corporation);
+        work = Working_Of(statement, hokkaido);
+        yoso[cash_flow_zenki] = Cash_Flow(work[0], work[1], work[3], work, 0);
+        yoso[cash_flow] = Cash_Flow(yoso[keijo_rieki], work[2], work[4], work, 1);
+        x = {Calc_Y_X1(yoso), Calc_Y_X2(yoso), Calc_Y_X3(yoso), Calc_Y_X4(yoso),
+             Calc_Y_X5(yoso), Calc_Y_X6(yoso), Calc_Y_X7(yoso), Calc_Y_X8(yoso)};
+    }
+    const std::array<double, 8> rates = {(x[0] - 5.1) / -5.4,  (x[1] - 18.0) / 17.1,  (x[2] - 6.5) / 57.1,
+                                         (8.5 + x[3]) / 13.6,  (76.5 + x[4]) / 426.5, (68.6 + x[5]) / 137.1,
+                                         (x[6] + 10.0) / 25.0, (x[7] + 3.0) / 103.0};
+    const double points = -0.4650 * x[0] - 0.0508 * x[1] + 0.0264 * x[2] + 0.0277 * x[3] + 0.0011 * x[4] +
+                          0.0089 * x[5] + 0.0818 * x[6] + 0.0172 * x[7] + 0.1906;
+    const auto a = static_cast<float>(Round_501(points, 100));
+    const std::int16_t score = Score_Of_Points(a);
+
+    Y_Yoso = yoso;
+    Y_Work = work;
+    Y_Kekka = x;
+    for (std::size_t i = 0; i < rates.size(); ++i) {
+        Y_Ritu[i] = static_cast<float>(std::abs(rates[i]) * 100);
+    }
+    Y_A_Ten = a;
+    Y_Ten = score < 0 ? std::int16_t{0} : score;
+    has_figures = statement.has_rows;
+    if (has_figures) {
+        has_figures = false;
+        for (const std::int32_t element : Y_Yoso) {
+            has_figures = has_figures || element != 0;
+        }
+    }
+}
+
+} // namespace morvane

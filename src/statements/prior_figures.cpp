@@ -1,0 +1,114 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "statements/prior_figures.h"
+
+#include "review/y_calc.h"
+#include "session/boxes.h"
+#include "session/run_time_error.h"
+#include "statements/z_zzen_get.h"
+
+namespace morvane {
+
+namespace {
+
+constexpr int equity_change_code = 901;
+
+std::vector<Prior_Row> Load_Rows(const Connection& cn, const Session& session, int from, int to) {
+    std::vector<Prior_Row> rows;
+    Recordset row = cn.Open("SELECT * FROM Ks_Zaihyo WHERE 決算期=" + std::to_string(session.Syori_Ki) +
+                            " and 建設科目CD>=" + std::to_string(from) +
+                            " and 建設科目CD <=" + std::to_string(to) + " ORDER BY 建設科目CD;");
+    for (; !row.Eof(); row.Move_Next()) {
+        rows.push_back(
+            {static_cast<int>(row["建設科目CD"].As_Integer()), row["建設科目名"].As_Text(), row["金額"]});
+    }
+    return rows;
+}
+
+void Save_Amount(Statement& update, const Session& session, int code, const Value& amount) {
+    update.Bind(1, amount);
+    update.Bind(2, amount);
+    update.Bind(3, static_cast<int>(session.Syori_Ki));
+    update.Bind(4, code);
+    update.Step();
+    update.Reset();
+}
+
+Statement Prepare_Save(const Connection& cn) {
+    return cn.Prepare("UPDATE Ks_Zaihyo SET 金額=?, 改善後残高=? WHERE 決算期=? AND 建設科目CD=?");
+}
+
+} // namespace
+
+Prior_Figures Load_Prior_Figures(const Session& session) {
+    const Connection cn = Cn_Open(session);
+    return {Load_Rows(cn, session, 820, session.Is_Corporation() ? 839 : 837),
+            Load_Rows(cn, session, 800, 808)};
+}
+
+void Save_Prior_Figures(const Session& session, const Prior_Figures& figures) {
+    const Connection cn = Cn_Open(session);
+    Transaction transaction(cn);
+    Statement update = Prepare_Save(cn);
+    for (const auto* block : {&figures.prior, &figures.second_prior}) {
+        for (const Prior_Row& row : *block) {
+            if (!row.amount.Is_Null()) {
+                Save_Amount(update, session, row.code, row.amount);
+            }
+        }
+    }
+    transaction.Commit();
+}
+
+bool Copy_Prior_Figures(const Session& session, bool second_prior) {
+    const std::string overwrites = "\n既にデータがある場合は上書きされます。よろしいですか？";
+    if (second_prior) {
+        if (!Ask(session, "前々年度データコピー確認",
+                 "前々年度財務諸表（改善前データ）より関連の金額データをコピーします。" + overwrites)) {
+            return false;
+        }
+        ZZen_Get(session, session.Syori_Ki, 2);
+        return true;
+    }
+    if (!Ask(session, "前年度データコピー確認",
+             "前年度財務諸表（改善前データ）より関連の金額データをコピーします。" + overwrites)) {
+        return false;
+    }
+    Zen_Get(session, session.Syori_Ki, 2);
+    return true;
+}
+
+Prior_Row Load_Equity_Change(const Session& session) {
+    const Connection cn = Cn_Open(session);
+    Transaction transaction(cn);
+    std::vector<Prior_Row> rows = Load_Rows(cn, session, equity_change_code, equity_change_code);
+    if (rows.empty()) {
+        Recordset table = cn.Open("SELECT * FROM Ks_Zaihyo WHERE 決算期=" + std::to_string(session.Syori_Ki));
+        table.Add_New();
+        table.Set("決算期", static_cast<int>(session.Syori_Ki));
+        table.Set("建設科目CD", equity_change_code);
+        table.Set("建設科目名", "変動計算書　剰余金の配当");
+        table.Update();
+        transaction.Commit();
+        return {equity_change_code, "変動計算書　剰余金の配当", {}};
+    }
+    return rows.front();
+}
+
+void Save_Equity_Change(const Session& session, const Value& amount) {
+    {
+        const Connection cn = Cn_Open(session);
+        Transaction transaction(cn);
+        Statement update = Prepare_Save(cn);
+        Save_Amount(update, session, equity_change_code, amount.Is_Null() ? Value(0) : amount);
+        transaction.Commit();
+    }
+    try {
+        Y_Calc y;
+        y.Calc_Y(session, 1);
+        y.Calc_Y(session, 2);
+    } catch (const Run_Time_Error& error) {
+        Tell(session, "実行時エラー", error.what());
+    }
+}
+
+} // namespace morvane

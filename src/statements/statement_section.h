@@ -1,0 +1,74 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#pragma once
+
+#include "statements/statement_panel.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace morvane {
+
+/// How many characters the caption of an account can have.
+inline constexpr std::size_t account_name_length = 50;
+
+/// One line of a statement screen.
+struct Statement_Row {
+    int code = 0;
+    Value name;               ///< 建設科目名
+    Value amount;             ///< 金額, yen; Null is blank
+    std::string sign;         ///< △ beside a deduction
+    bool name_open = false;   ///< the caption can be keyed
+    bool amount_open = false; ///< the amount can be keyed; else it is computed
+    bool adds = false;        ///< enters the subtotal of its rows
+    bool subtracts = false;   ///< and lowers it
+};
+
+/// The section of the statements that the session names (Kamoku_From to Kamoku_To of the period in hand):
+/// its visible rows as they are keyed, and the panel that follows them without a trip to the store.
+class Statement_Section {
+  public:
+    /// Forms the totals of the period and loads it. Raises Store_Error.
+    explicit Statement_Section(Session& the_session);
+
+    [[nodiscard]] const std::vector<Statement_Row>& Rows() const { return rows; }
+    [[nodiscard]] const Statement_Panel& Panel() const { return panel; }
+    [[nodiscard]] const std::vector<Statement_Line>& Lines() const { return lines; }
+
+    void Set_Name(std::size_t row, const Value& name) { rows.at(row).name = name; }
+
+    /// An amount was keyed. Of tangible assets the book value of its lines follows; the row that shows it is
+    /// returned.
+    std::optional<std::size_t> Set_Amount(std::size_t row, const Value& amount);
+
+    /// Forms the subtotals of the section and the totals behind them, after one or more amounts.
+    void Sec_Subtotals();
+
+    /// Stores captions and amounts of all rows, a blank as Null, and forms the totals of the period, in one
+    /// transaction: amounts never stand beside totals that do not hold them. Raises Store_Error.
+    void Save_Rows() const;
+
+    /// Leaves the section: stores it unless it is thrown away, and forms the balances after the journal anew,
+    /// all in one transaction. Raises Store_Error.
+    void Close(bool save) const;
+
+    /// Y from what has been keyed so far: refuses incomplete or unbalanced statements with a box, asks, and
+    /// stores. True when Y may be shown; Menu_Mode is set for it. Raises Store_Error.
+    bool Y_Disp() const;
+
+  private:
+    void Store_Rows(const Connection& cn) const;
+    [[nodiscard]] double Sec_RangeSum(std::size_t from, std::size_t to) const;
+    std::optional<std::size_t> Book_Value_Pair(std::size_t row);
+
+    Session& session;
+    unsigned form;
+    std::vector<Statement_Row> rows;
+    std::vector<Statement_Line> lines;
+    Statement_Panel panel;
+};
+
+/// The caption of the display unit. Amounts are yen whatever it says.
+const char* Unit_Caption(const Session& session);
+
+} // namespace morvane

@@ -1,0 +1,417 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "review/syokuta.h"
+
+#include "review/kanko.h"
+#include "review/relief.h"
+#include "review/settle.h"
+#include "session/run_time_error.h"
+#include "support/installation_fixture.h"
+
+#include <algorithm>
+#include <random>
+#include <set>
+
+namespace morvane::tests {
+namespace {
+
+using Elements = std::map<int, double>;
+
+/// Figures of a law year with every row there and some elements entered.
+Review_Figures Of(int law_year, const Elements& elements) {
+    Review_Figures figures;
+    figures.law_year = law_year;
+    for (Element& element : figures.elements) {
+        element.row = true;
+    }
+    for (const auto& [code, value] : elements) {
+        figures.elements[static_cast<std::size_t>(code)] = {value, true, true, false};
+    }
+    for (Work_Line& line : figures.works) {
+        line.row = true;
+    }
+    return figures;
+}
+
+/// Element codes by the law year that first has them.
+const std::map<int, std::set<int>> codes_of_law = {{1, {1,   100, 101, 102, 103, 104, 105, 110, 111, 120, 121,
+                                                        130, 131, 140, 141, 142, 143, 150, 151, 152, 200}},
+                                                   {2, {211, 212, 213, 214, 215, 216}},
+                                                   {3, {106}},
+                                                   {4, {221, 222, 223, 224, 225, 226, 227, 228, 229, 230,
+                                                        231, 232, 233, 235, 236, 237, 238, 239, 240, 241}}};
+
+std::set<int> Codes_Up_To(int law_year) {
+    std::set<int> codes;
+    for (const auto& [law, own] : codes_of_law) {
+        if (law <= law_year) {
+            codes.insert(own.begin(), own.end());
+        }
+    }
+    return codes;
+}
+
+TEST(Syokuta, A_Law_Year_Reads_And_Stores_Its_Elements) {
+    for (int law = 1; law <= 4; ++law) {
+        Elements ones;
+        for (int code = 0; code < 256; ++code) {
+            ones[code] = 1;
+        }
+        Syokuta screen;
+        screen.Load_W_2012(Of(law, ones));
+        Review_Figures target = Of(law, {});
+        target.elements[131].row = false;
+        screen.Store_W_2012(target);
+        std::set<int> stored;
+        for (int code = 0; code < 256; ++code) {
+            const Element& element = target.elements[static_cast<std::size_t>(code)];
+            if (element.up) {
+                stored.insert(code);
+                EXPECT_EQ(element.value, 1) << law << " " << code;
+            }
+        }
+        std::set<int> expected = Codes_Up_To(law);
+        expected.erase(131);
+        EXPECT_EQ(stored, expected) << law << ": rows of the law year, none of others, none that is missing";
+    }
+}
+
+TEST(Syokuta, Limits_On_Reading) {
+    const struct {
+        int code;
+        double stored, read;
+    } cases[] = {{101, 2, 2},     {101, 3, 0},       {102, 3, 0}, {103, 3, 0}, {104, 2, 2},
+                 {104, 3, 0},     {105, 3, 0},       {106, 2, 2}, {106, 3, 0}, {111, 200, 200},
+                 {111, 201, 0},   {121, 1, 1},       {121, 2, 0}, {131, 2, 2}, {131, 3, 0},
+                 {142, 999, 999}, {212, 5000, 5000}, {1, 0, 1},   {1, 2, 2},   {238, 9, 9}};
+    for (const auto& c : cases) {
+        Syokuta screen;
+        screen.Load_W_2012(Of(4, {{c.code, c.stored}}));
+        Review_Figures target = Of(4, {});
+        screen.Store_W_2012(target);
+        EXPECT_EQ(target.elements[static_cast<std::size_t>(c.code)].value, c.read)
+            << c.code << " " << c.stored;
+    }
+    Syokuta screen;
+    screen.Load_W_2012(Of(4, {}));
+    EXPECT_EQ(screen.items.JikoS, 1);
+}
+
+// Sub-scores of one pass, by the element that holds the score.
+TEST(Syokuta, Sub_Scores_By_Law_Year) {
+    const Elements insured = {{101, 1}, {102, 1}, {103, 1}};
+    const struct {
+        const char* name;
+        int law;
+        Elements elements;
+        int code;
+        double score;
+    } cases[] = {
+        {"two insurances missing", 1, {}, 100, -60},
+        {"the third one is a scheme",
+         2,
+         {{101, 1}, {102, 2}, {103, 1}, {104, 1}, {105, 1}, {106, 1}},
+         100,
+         45},
+        {"one missing at law year 2", 2, {{101, 1}}, 100, -30},
+        {"three insurances missing", 3, {}, 100, -120},
+        {"one missing, two schemes", 4, {{101, 1}, {102, 2}, {104, 1}, {106, 1}}, 100, -10},
+        {"a scheme answered 2", 4, {{101, 1}, {102, 1}, {103, 2}, {104, 1}, {105, 2}, {106, 1}}, 100, 30},
+        {"rehabilitation unknown", 1, {{111, 35}, {211, 1}}, 110, 60},
+        {"rehabilitation", 2, {{111, 35}, {211, 1}}, 110, 0},
+        {"eco action before its law year", 3, {{239, 1}}, 216, 0},
+        {"eco action", 4, {{239, 1}}, 216, 3},
+        {"ISO14001 at law year 2", 2, {{215, 1}}, 216, 5},
+        {"both at law year 2", 2, {{214, 1}, {215, 1}, {239, 1}}, 216, 10},
+        {"accountants, total of two years", 4, {{143, 1}, {201, 2}, {202, 100'000}, {203, 99'999}}, 140, 6},
+        {"accountants, total of three years",
+         4,
+         {{143, 1}, {201, 3}, {202, 100'000}, {203, 99'999}},
+         140,
+         10},
+        {"accountants without a choice", 4, {{143, 1}, {201, 0}, {202, 100'000}}, 140, 10},
+        {"research", 4, {{141, 3}, {151, 100'000}, {152, 100'000}}, 150, 2},
+        {"disaster prevention", 1, {{121, 1}}, 120, 20},
+        {"suspension", 1, {{131, 2}}, 130, -30},
+        {"young engineers kept", 4, {{221, 100}, {222, 15}}, 224, 1},
+        {"too few kept", 4, {{221, 101}, {222, 15}}, 224, 0},
+        {"their percentage", 4, {{221, 101}, {222, 15}}, 223, 14},
+        {"young engineers new", 4, {{221, 100}, {225, 1}}, 227, 1},
+        {"too few new", 4, {{221, 101}, {225, 1}}, 227, 0},
+        {"no engineers: rate stays", 4, {{222, 15}, {223, 33}, {224, 1}}, 223, 33},
+        {"no engineers: score stays", 4, {{222, 15}, {223, 33}, {224, 1}}, 224, 1},
+        {"certificate", 4, {{235, 2}, {237, 1}}, 240, 4},
+        {"work history", 4, {{238, 4}}, 241, 15},
+    };
+    for (const auto& c : cases) {
+        Review_Figures figures = Of(c.law, c.elements);
+        Syokuta screen;
+        WZX_Calc wzx;
+        screen.Load_W_2012(figures);
+        screen.Calc_W_2012(figures, wzx);
+        screen.Store_W_2012(figures);
+        EXPECT_EQ(figures.elements[static_cast<std::size_t>(c.code)].value, c.score) << c.name;
+    }
+}
+
+// Which scores reach the totals at once, in the next pass, or when the screen is opened again.
+TEST(Syokuta, Late_Scores) {
+    const Elements insured = {{101, 1}, {102, 1}, {103, 1}};
+    const auto with = [&](Elements more) {
+        more.insert(insured.begin(), insured.end());
+        return more;
+    };
+    const struct {
+        const char* name;
+        int law;
+        Elements elements;
+        int w1[3]; ///< after the first pass, the second, and one of the screen opened again
+        int w[3];
+    } cases[] = {
+        {"young engineers", 4, with({{221, 100}, {222, 15}, {225, 1}}), {0, 2, 2}, {0, 19, 19}},
+        {"knowledge", 4, with({{228, 30}, {229, 1}}), {0, 10, 10}, {0, 95, 95}},
+        {"certificate and history", 4, with({{235, 1}, {238, 1}}), {15, 15, 15}, {142, 142, 142}},
+        {"additions before their law year", 3, with({{228, 30}, {229, 1}, {238, 1}}), {0, 0, 0}, {0, 0, 0}},
+        {"machines at law year 4", 4, with({{212, 14}}), {0, 0, 0}, {0, 0, 142}},
+        {"machines at law year 3", 3, with({{212, 14}}), {0, 0, 0}, {0, 0, 142}},
+        {"machines given up", 3, with({{212, 0}, {213, 15}}), {0, 0, 0}, {142, 142, 0}},
+        {"machines at law year 2", 2, {{101, 1}, {102, 1}, {212, 14}}, {0, 0, 0}, {142, 142, 142}},
+        {"machines before their law year",
+         1,
+         {{101, 1}, {102, 1}, {121, 1}, {212, 14}},
+         {0, 0, 0},
+         {200, 200, 200}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        Review_Figures figures = Of(c.law, c.elements);
+        WZX_Calc wzx;
+        Syokuta screen;
+        screen.Load_W_2012(figures);
+        for (int pass = 0; pass < 3; ++pass) {
+            if (pass == 2) {
+                screen.Store_W_2012(figures);
+                screen.Load_W_2012(figures);
+            }
+            screen.Calc_W_2012(figures, wzx);
+            EXPECT_EQ(screen.items.RF_Ten, c.w1[pass]) << pass;
+            EXPECT_EQ(screen.items.W, c.w[pass]) << pass;
+            EXPECT_EQ(screen.items.Kikai_Ten,
+                      c.law > 1 && c.elements.contains(212) && c.elements.at(212) != 0 ? 15 : 0);
+        }
+    }
+}
+
+TEST(Syokuta, An_Overflow_Leaves_The_Items) {
+    const Elements cases[] = {{{238, 4}, {141, 3}, {151, INT32_MAX}, {152, 1}},
+                              {{238, 4}, {130, 7}, {224, INT16_MAX}, {241, 1}},
+                              {{238, 4}, {221, 1}, {222, INT32_MAX}, {224, 40'000}}};
+    for (const Elements& elements : cases) {
+        Review_Figures figures = Of(4, elements);
+        Syokuta screen;
+        WZX_Calc wzx;
+        screen.Load_W_2012(figures);
+        EXPECT_THROW(screen.Calc_W_2012(figures, wzx), Run_Time_Error);
+        Review_Figures stored = Of(4, {});
+        screen.Store_W_2012(stored);
+        for (const auto& [code, value] : elements) {
+            EXPECT_EQ(stored.elements[static_cast<std::size_t>(code)].value, value) << code;
+        }
+        EXPECT_EQ(screen.items.RF_Ten, 0);
+        EXPECT_EQ(screen.items.rireki_ten, elements.contains(241) ? 1 : 0);
+    }
+}
+
+class Syokuta_Store : public Installation {};
+
+TEST_F(Syokuta_Store, Adds_The_Rows_Of_Knowledge_And_Forms_P_Anew) {
+    const struct {
+        int law;
+        int added;
+    } cases[] = {{4, 6}, {3, 0}};
+    for (const auto& c : cases) {
+        Make_Company(1, 1, 10);
+        session.Simyu_Kubun = static_cast<std::uint8_t>(c.law);
+        const std::string of_period = "決算期=10 And 要素CD>=228 And 要素CD<=233";
+        Cn_Open(session).Execute("DELETE * FROM W_Yoso WHERE " + of_period + ";");
+        Put_Elements({{210, c.law}, {101, 1}, {102, 1}, {103, 1}, {121, 1}, {201, 3}});
+        Put_Work(0, {{"評点X1", 1000}, {"評点Z", 900}, {"総合評点P", 1}});
+        Put_Work(2, {{"評点X1", 1000}, {"評点Z", 900}});
+        Put_Work(32, {{"評点X1", 1000}, {"評点Z", 900}, {"総合評点P", 1}});
+
+        const Connection cn = Cn_Open(session);
+        const Review_Figures figures = Load_Review(cn, 10, scenario_genjo, false, true);
+        Syokuta screen;
+        WZX_Calc wzx;
+        screen.Load_W_2012(figures);
+        screen.Calc_W_2012(figures, wzx);
+        Store_W_2012(cn, session, 1, screen);
+        const Recordset rows = cn.Open("SELECT * FROM W_Yoso WHERE " + of_period + " ORDER BY 要素CD;");
+        ASSERT_EQ(rows.Count(), static_cast<std::size_t>(c.added));
+        if (c.added != 0) {
+            EXPECT_EQ(rows["要素名"].As_Text(), "CPD単位取得数");
+            EXPECT_EQ(Field("W_Yoso", "要素名", "要素CD=233").As_Text(), "技術向上_点数");
+            EXPECT_EQ(Field("W_Yoso", "現状", "要素CD=230"), Value(0.0));
+        }
+        // The closing date is 2024: W = 200 × 175/200. Y of a statement without figures is 41, X2 its least,
+        // 454.
+        EXPECT_EQ(Field("W_Yoso", "現状", "要素CD=200").As_Integer(), 175);
+        EXPECT_EQ(Field("Kandaka_Gj", "総合評点P", "工種CD=0").As_Integer(),
+                  578); // 250 + 68.1 + 8.2 + 225 + 26.25
+        EXPECT_TRUE(Field("Kandaka_Gj", "総合評点P", "工種CD=2").Is_Null());
+        EXPECT_EQ(Field("Kandaka_Gj", "総合評点P", "工種CD=32").As_Integer(), 1);
+        EXPECT_EQ(Field("W_Yoso", "現状", "要素CD=201").As_Integer(), 3);
+        EXPECT_EQ(Field("W_Yoso", "現状", "要素CD=210").As_Integer(), c.law);
+        EXPECT_TRUE(Field("W_Yoso", "現状", "要素CD=202").Is_Null());
+    }
+}
+
+/// A firm at random: statement, items within their choices, lines of work; no scores.
+Review_Figures Firm(int law, std::mt19937& random) {
+    const auto up_to = [&random](std::uint32_t most) {
+        return static_cast<std::int32_t>(random() % (most + 1));
+    };
+    Review_Figures figures = Of(law, {{1, 1 + up_to(1)}, {201, 2 + up_to(1)}});
+    const std::map<int, std::uint32_t> most = {
+        {101, 2}, {102, 2}, {103, 1},  {104, 1}, {105, 1},       {106, 1},       {111, 40}, {121, 1},
+        {131, 2}, {141, 3}, {142, 3},  {143, 3}, {151, 300'000}, {152, 300'000}, {211, 1},  {212, 20},
+        {214, 1}, {215, 1}, {222, 30}, {225, 2}, {228, 300},     {229, 12},      {230, 3},  {231, 40},
+        {232, 6}, {235, 4}, {236, 3},  {237, 1}, {238, 5},       {239, 1}};
+    for (const auto& [code, value] : most) {
+        figures.elements[static_cast<std::size_t>(code)] = {static_cast<double>(up_to(value)), true, true,
+                                                            false};
+    }
+    figures.elements[221] = {100, true, true, false};
+    for (const int code : {319, 829, 469, 832, 436, 489, 402, 419, 399, 830, 179, 289}) {
+        figures.statement.amount[static_cast<std::size_t>(code)] = up_to(900'000) * 1000.0;
+    }
+    figures.statement.has_rows = true;
+    figures.review_date = Review_Date{2023, 8, 13 + up_to(1)};
+    for (std::size_t i = 0; i < work_line_count; ++i) {
+        Work_Line& line = figures.works[i];
+        const bool has = i != combined_line && random() % 3 != 0;
+        for (Figure* figure : {&line.Zzki, &line.Zki, &line.Kijun, &line.Mzzki, &line.Mzki, &line.Mkijun}) {
+            *figure = {has ? up_to(90'000) : 0, has && random() % 4 != 0, false};
+            figure->value = figure->up ? figure->value : 0;
+        }
+        for (Figure& count : line.gijutusya) {
+            count = has && i < scored_lines && random() % 2 == 0 ? Figure{up_to(5), true, false} : Figure{};
+        }
+    }
+    return figures;
+}
+
+/// The same firm with scores left from elsewhere in every place that a screen of the law year computes.
+Review_Figures With_Stale_Scores(Review_Figures figures) {
+    for (const int code :
+         {100, 110, 120, 130, 140, 150, 200, 202, 203, 213, 216, 223, 224, 226, 227, 233, 240, 241}) {
+        if (code == 202 || code == 203 || Codes_Up_To(figures.law_year).contains(code)) {
+            figures.elements[static_cast<std::size_t>(code)] = {77, true, true, false};
+        }
+    }
+    for (std::size_t i = 0; i < work_line_count; ++i) {
+        Work_Line& line = figures.works[i];
+        for (Figure* figure : {&line.Zheikin, &line.Nheikin, &line.X1, &line.Zi, &line.Mzheikin,
+                               &line.Mnheikin, &line.Zro, &line.Z, &line.P}) {
+            *figure = i == combined_line ? Figure{} : Figure{777, true, false};
+        }
+    }
+    return figures;
+}
+
+struct Settled {
+    Review_Figures figures;
+    Y_Calc y;
+    X2_Calc x2;
+};
+
+Settled Settled_Of(const Review_Figures& figures) {
+    Settled settled{figures, {}, {}};
+    Settle(settled.figures, settled.y, settled.x2);
+    return settled;
+}
+
+TEST(Settle, Ends_In_Figures_That_Agree_Whatever_Scores_Were_Stored) {
+    std::mt19937 random(41);
+    for (int i = 0; i < 40; ++i) {
+        const int law = 1 + i % 4;
+        const Review_Figures firm = Firm(law, random);
+        const Settled once = Settled_Of(firm);
+        const Settled again = Settled_Of(once.figures);
+        const Settled stale = Settled_Of(With_Stale_Scores(firm));
+        SCOPED_TRACE(testing::Message() << "firm " << i << " law year " << law);
+        EXPECT_EQ(again.figures.elements, once.figures.elements);
+        EXPECT_EQ(again.figures.works, once.figures.works);
+        EXPECT_EQ(stale.figures.works, once.figures.works);
+        for (const int code :
+             {100, 110, 120, 130, 140, 150, 200, 202, 203, 213, 216, 224, 227, 233, 240, 241}) {
+            const auto at = static_cast<std::size_t>(code);
+            EXPECT_EQ(stale.figures.elements[at], once.figures.elements[at]) << code;
+        }
+
+        // The total holds the sub-scores beside it, W1 its additions, P the total.
+        const auto score = [&](int code) { return once.figures.Yoso(code); };
+        std::int32_t sum = score(100) + score(110) + score(120) + score(130) + score(140) + score(150);
+        sum += law >= 2 ? score(213) + score(216) : 0;
+        const int share = once.figures.review_date->day == 14 ? 175 : 190;
+        EXPECT_EQ(score(200), share * 10 * sum / 200);
+        const std::int32_t additions = score(224) + score(227) + score(233) + score(240) + score(241);
+        EXPECT_EQ((score(100) - (law == 4 ? additions : 0)) % 5, 0);
+        for (std::size_t line = 0; line < scored_lines; ++line) {
+            const Work_Line& work = once.figures.works[line];
+            EXPECT_EQ(work.P.up, work.Has_Kanko()) << line;
+            if (work.P.up) {
+                EXPECT_EQ(work.P.value, Calc_P_Ten(static_cast<std::int16_t>(work.X1.value), once.x2.X2_Ten,
+                                                   once.y.Y_Ten, static_cast<std::int16_t>(work.Z.value),
+                                                   static_cast<std::int16_t>(score(200))));
+            }
+        }
+    }
+}
+
+// A column of the comparison is what the firm would have with that choice of averages.
+TEST(Gekihen, Columns_Are_The_Firm_With_Other_Averages) {
+    std::mt19937 random(85);
+    for (int i = 0; i < 12; ++i) {
+        const Review_Figures firm = Settled_Of(Firm(2 + i % 3, random)).figures;
+        const Gekihen_Table table = Calc_Gekihen(firm);
+        for (std::size_t column = 0; column < 4; ++column) {
+            Review_Figures chosen = firm;
+            chosen.Put_Yoso(201, column < 2 ? 2 : 3);
+            chosen.Put_Yoso(1, column % 2 == 0 ? 1 : 2);
+            const Review_Figures settled = Settled_Of(chosen).figures;
+            for (std::size_t line = 0; line < scored_lines; ++line) {
+                const auto& p = table[line].P;
+                if (settled.works[line].P.up) {
+                    EXPECT_EQ(p[column], settled.works[line].P.value)
+                        << "firm " << i << " " << line << " " << column;
+                }
+                EXPECT_EQ(table[line].best[column], p[column] == *std::max_element(p.begin(), p.end()));
+            }
+        }
+    }
+}
+
+TEST(Gekihen, Captions_And_Ties) {
+    EXPECT_STREQ(gekihen_columns[1].kanko, "2年平均");
+    EXPECT_STREQ(gekihen_columns[1].jiko, "2期平均");
+    EXPECT_STREQ(gekihen_columns[2].kanko, "3年平均");
+    EXPECT_STREQ(gekihen_columns[2].jiko, "基準決算");
+    Review_Figures firm = Of(4, {});
+    firm.statement.has_rows = true;
+    firm.statement.amount[319] = 500'000'000;
+    const auto marks = [&firm](std::size_t line) {
+        const Gekihen_Line row = Calc_Gekihen(firm)[line];
+        return std::vector<bool>(row.best.begin(), row.best.end());
+    };
+    EXPECT_EQ(marks(0), std::vector({true, false, true, false})) << "equity fell short the year before";
+    firm.statement.amount[829] = 500'000'000;
+    EXPECT_EQ(marks(0), std::vector({true, true, true, true}));
+    firm.works[0].Zzki = {90'000, true, false};
+    EXPECT_EQ(marks(0), std::vector({false, false, true, true}));
+    EXPECT_EQ(marks(9), std::vector({true, true, true, true}));
+    firm.works[0].Kijun = {57'266'232, true, false}; // whose half has no X1
+    EXPECT_THROW(static_cast<void>(Calc_Gekihen(firm)), Run_Time_Error);
+}
+
+} // namespace
+} // namespace morvane::tests

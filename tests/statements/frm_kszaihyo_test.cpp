@@ -1,0 +1,288 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "statements/frm_kszaihyo.h"
+
+#include "session/kyotu_mod.h"
+#include "support/failing_writes.h"
+#include "support/ui_fixture.h"
+#include "widgets/entry_grid.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QLabel>
+#include <QLineEdit>
+
+namespace morvane::tests {
+namespace {
+
+/// A statement screen with its keyboard.
+class Statement_Screen : public Ui_Installation {
+  protected:
+    explicit Statement_Screen(const std::string& edition = "13") : Ui_Installation(edition) {}
+
+    void Open(std::int16_t from, std::int16_t to) {
+        session.Kamoku_From = from;
+        session.Kamoku_To = to;
+        session.Screen_No = 41;
+        form = std::make_unique<Frm_KsZaihyo>(shell);
+        form->resize(1004, 700);
+        form->show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(form.get()));
+        form->setFocus();
+        grid = form->findChild<Entry_Grid*>();
+    }
+
+    static void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+    }
+    static void Type(const std::string& keys) {
+        QTest::keyClicks(QApplication::focusWidget(), QString::fromStdString(keys));
+    }
+    static void Paste(const char* text) {
+        QApplication::clipboard()->setText(QString::fromUtf8(text));
+        Key(Qt::Key_V, Qt::ControlModifier);
+    }
+    static std::string Place() { return QApplication::focusWidget()->objectName().toStdString(); }
+
+    [[nodiscard]] std::string Cell(const std::string& name) const {
+        return grid->Cell_Text(name).toStdString();
+    }
+    /// Rows of a column joined by |.
+    [[nodiscard]] std::string Cells(const std::string& column, int first, int last) const {
+        std::string texts;
+        for (int row = first; row <= last; ++row) {
+            texts += Cell(column + "(" + std::to_string(row) + ")") + "|";
+        }
+        return texts;
+    }
+    [[nodiscard]] std::string Shown(const char* control) const {
+        return Child<QLabel>(*form, control)->text().toStdString();
+    }
+
+    std::unique_ptr<Frm_KsZaihyo> form;
+    Entry_Grid* grid = nullptr;
+};
+
+class Corporation_Screen : public Statement_Screen {
+  protected:
+    Corporation_Screen() { Make_Company(1, 1, 10); }
+};
+
+TEST_F(Corporation_Screen, Keys_go_round_in_the_column_and_across_the_rows) {
+    using enum Qt::Key;
+    constexpr auto plain = Qt::NoModifier;
+    constexpr auto control = Qt::ControlModifier;
+    Open(100, 129);
+    EXPECT_EQ(Place(), "Gaku(0)");
+    const struct {
+        const char* from;
+        Qt::Key key;
+        Qt::KeyboardModifier modifier;
+        const char* to;
+    } moves[] = {
+        {"Gaku(0)", Key_Return, plain, "Gaku(1)"},  {"Gaku(12)", Key_Down, plain, "Gaku(13)"},
+        {"Gaku(13)", Key_Return, plain, "Gaku(0)"}, {"Gaku(0)", Key_Up, plain, "Gaku(13)"},
+        {"Kamk(13)", Key_Down, plain, "Kamk(0)"},   {"Kamk(0)", Key_Up, plain, "Kamk(13)"},
+        {"Kamk(4)", Key_Right, control, "Gaku(4)"}, {"Kamk(4)", Key_Left, control, "Gaku(3)"},
+        {"Kamk(0)", Key_Left, control, "Gaku(13)"}, {"Gaku(4)", Key_Left, control, "Kamk(4)"},
+        {"Gaku(4)", Key_Right, control, "Kamk(3)"}, {"Gaku(0)", Key_Right, control, "Kamk(13)"},
+    };
+    for (const auto& move : moves) {
+        ASSERT_TRUE(grid->Focus_Cell(move.from));
+        Key(move.key, move.modifier);
+        EXPECT_EQ(Place(), move.to) << move.from;
+    }
+}
+
+TEST_F(Corporation_Screen, What_is_no_figure_changes_nothing) {
+    Put_Amounts({{100, 1000}, {101, 123456789012.0}, {129, 1}});
+    Open(100, 129);
+    Type("7a.");
+    Key(Qt::Key_Down);
+    EXPECT_EQ(Cells("Gaku", 0, 1), "7|123456789012|") << "a stored figure is never cut";
+    Type("123456789012");
+    Key(Qt::Key_Up);
+    EXPECT_EQ(Cell("Gaku(1)"), "12,345,678,901");
+    Type("--5");
+    Key(Qt::Key_Return);
+    EXPECT_EQ(Place(), "Gaku(0)");
+    EXPECT_EQ(Cell("Gaku(0)"), "7");
+    EXPECT_EQ(Shown("BsIp_Rds"), "12,345,678,908");
+    ASSERT_TRUE(grid->Focus_Cell("Gaku(13)"));
+    Type("5");
+    Key(Qt::Key_Delete);
+    ASSERT_TRUE(grid->Focus_Cell("Kamk(0)"));
+    Type("x");
+    Click(*form, "Tojiru");
+    EXPECT_EQ(Amount(129), 12345678908.0);
+    EXPECT_EQ(Field("Ks_Zaihyo", "建設科目名", "建設科目CD=100").As_Text(), "現金預金");
+}
+
+/// A section that is keyed through, and lines of the panel that move with it.
+struct Keyed_Section {
+    const char* name;
+    const char* edition;
+    std::int16_t type, from, to;
+    std::vector<std::pair<const char*, int>> moved; ///< control, account behind it
+};
+
+class Keyed_Screen : public Statement_Screen, public ::testing::WithParamInterface<Keyed_Section> {
+  protected:
+    Keyed_Screen() : Statement_Screen(GetParam().edition) { Make_Company(1, GetParam().type, 10); }
+};
+
+INSTANTIATE_TEST_SUITE_P(
+    Forms, Keyed_Screen,
+    ::testing::Values(
+        Keyed_Section{"National_tangible",
+                      "13",
+                      1,
+                      130,
+                      149,
+                      {{"BsIp_Yks", 149}, {"BsIp_SSKei", 199}, {"BsIp_Krj", 281}, {"Chk_TRki", 281}}},
+        Keyed_Section{"National_equity", "13", 1, 250, 399, {{"BsIp_KKbkei", 298}, {"BsIp_Krj", 281}}},
+        Keyed_Section{"Hokkaido_cost", "01", 1, 530, 579, {{"PLIp_Ksr", 409}, {"PLIp_TkrKei", 519}}},
+        Keyed_Section{"Hokkaido_debts_of_an_individual",
+                      "01",
+                      2,
+                      200,
+                      249,
+                      {{"BsIp_Rdf", 229}, {"BsIp_Ktf", 248}, {"BsIp_Msr", 281}, {"bsIp_SHKei", 319}}}),
+    [](const auto& section) { return std::string(section.param.name); });
+
+TEST_P(Keyed_Screen, The_panel_shows_at_each_key_what_is_stored_at_the_end) {
+    Open(GetParam().from, GetParam().to);
+    for (int row = 0; row < grid->Row_Count(); ++row) {
+        if (grid->Is_Locked(row, 2)) {
+            continue; // Enter passes it by
+        }
+        ASSERT_EQ(Place(), "Gaku(" + std::to_string(row) + ")");
+        Type(row % 7 == 3 ? "-" + std::to_string(1000 + row) : std::to_string(1'000'000 * (row + 1)));
+        Key(Qt::Key_Return);
+    }
+    std::map<int, std::string> shown;
+    for (const auto& [control, code] : GetParam().moved) {
+        shown[code] = Shown(control);
+    }
+    std::map<int, std::string> books;
+    for (int row = 0; GetParam().from == 130 && row < grid->Row_Count(); ++row) {
+        if (grid->Is_Locked(row, 2) && row + 1 < grid->Row_Count()) {
+            books[130 + row] = Cell("Gaku(" + std::to_string(row) + ")");
+        }
+    }
+    Click(*form, "Tojiru");
+    EXPECT_FALSE(form->isVisible());
+    for (const auto& [code, text] : shown) {
+        EXPECT_EQ(text, Comma_Str(Value(Amount(code)))) << code;
+        EXPECT_NE(Amount(code), 0.0) << code;
+        EXPECT_EQ(Amount(code), Amount(code, "改善後残高")) << code;
+    }
+    EXPECT_EQ(books.size(), GetParam().from == 130 ? 5U : 0U);
+    for (const auto& [code, text] : books) {
+        EXPECT_EQ(text, Comma_Str(Value(Amount(code - 2) - Amount(code - 1)))) << code;
+    }
+}
+
+TEST_F(Corporation_Screen, The_check_turns_with_a_yen) {
+    Put_Amounts({{100, 500}, {838, 300}, {901, -200}});
+    Open(100, 129);
+    EXPECT_EQ(Shown("Check"), "チェック ⇒ ＯＫ！");
+    Type("501");
+    Key(Qt::Key_Down);
+    EXPECT_EQ(Shown("Check"), "チェック ⇒ Ｎｏ！");
+    EXPECT_EQ(Shown("Chk_Sa"), "-1");
+    Key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Shown("Check"), "チェック ⇒ ＯＫ！");
+}
+
+TEST_F(Corporation_Screen, A_column_is_pasted_whole_and_taken_back_whole) {
+    Put_Amounts({{130, 10}, {131, 4}, {133, 20}});
+    Open(130, 149);
+    const std::string before = Cells("Gaku", 0, 9);
+    Paste("¥1,000\r\n300\r\n9\r\n２０\r\nabc\r\n\r\n(50)\r\n");
+    EXPECT_EQ(Cells("Gaku", 0, 9), "1000|300|700|20||20|-50||-50||") << "book values are not pasted over";
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(messages.shown[0].title, "貼り付けエラー");
+    EXPECT_NE(messages.shown[0].text.find("」の「金額」：abc"), std::string::npos) << messages.shown[0].text;
+    EXPECT_EQ(messages.shown[0].text.find("行目"), std::string::npos) << "the account is named";
+    EXPECT_EQ(Shown("BsIp_Yks"), "670");
+    Key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Cells("Gaku", 0, 9), before);
+    EXPECT_EQ(Shown("BsIp_Yks"), "26");
+    Key(Qt::Key_Y, Qt::ControlModifier);
+    EXPECT_EQ(Shown("BsIp_SSKei"), "670");
+    Click(*form, "Tojiru");
+    EXPECT_EQ(List("SELECT 金額 FROM Ks_Zaihyo WHERE 建設科目CD Between 130 And 136 ORDER BY 建設科目CD"),
+              "1000 300 700 20 - 20 -50");
+}
+
+TEST_F(Corporation_Screen, Captions_are_keyed_and_pasted_where_they_are_open) {
+    Open(100, 129);
+    ASSERT_TRUE(grid->Focus_Cell("Kamk(4)"));
+    Paste("電子記録債権\t700\r\n");
+    Key(Qt::Key_Down);
+    ASSERT_TRUE(grid->Focus_Cell("Kamk(11)"));
+    Type("x");
+    EXPECT_EQ(Cell("Gaku(4)"), "700") << "the mark of deduction between them is no column of a paste";
+    Click(*form, "Tojiru");
+    EXPECT_EQ(List("SELECT 建設科目名 FROM Ks_Zaihyo WHERE 建設科目CD In (105, 112) ORDER BY 建設科目CD"),
+              "電子記録債権 x");
+}
+
+TEST_F(Corporation_Screen, Cancelling_asks_and_stores_nothing_that_was_keyed) {
+    Put_Amounts({{100, 500}});
+    Open(100, 129);
+    Type("9999");
+    Click(*form, "Canseru");
+    EXPECT_TRUE(form->isVisible()) << "No is the default";
+    EXPECT_EQ(messages.shown.back().title, "編集破棄確認");
+    EXPECT_EQ(messages.shown.back().text, "編集中の建設財務諸表を保存せずに終了します。\n"
+                                          "編集内容は保存されません。よろしいですか？");
+    // Esc takes a typed text back first, and then asks the same.
+    grid->Focus_Cell("Gaku(0)");
+    Type("777");
+    messages.shown.clear();
+    Key(Qt::Key_Escape);
+    EXPECT_TRUE(messages.shown.empty());
+    EXPECT_EQ(Cell("Gaku(0)"), "9999");
+    messages.answers = {Answer::Yes};
+    Key(Qt::Key_Escape);
+    EXPECT_EQ(messages.shown.back().title, "編集破棄確認");
+    EXPECT_FALSE(form->isVisible());
+    EXPECT_EQ(Amount(100), 500.0);
+    EXPECT_EQ(Amount(129, "改善後残高"), 500.0);
+}
+
+TEST_F(Corporation_Screen, A_failing_store_leaves_the_screen_and_a_second_close_works) {
+    Put_Amounts({{139, 4000}, {400, 2000}, {530, 1200}});
+    Open(100, 129);
+    Type("9999");
+    for (const char* button : {"Tojiru", "Y_Disp"}) {
+        for (const int n : {1, 4, 9}) {
+            messages.answers = {Answer::Yes};
+            const Failing_Writes failing(n, Failing_Writes::Manner::From_Then_On);
+            Click(*form, button);
+            EXPECT_TRUE(failing.Has_Failed());
+            EXPECT_TRUE(shell.failure.empty()) << "the process would end";
+            EXPECT_EQ(grid->Get_Value("Gaku(0)"), Value(9999.0));
+        }
+    }
+    ASSERT_TRUE(form->isVisible());
+    EXPECT_NE(messages.shown.back().text.find("Morvane.dat"), std::string::npos);
+    Click(*form, "Tojiru");
+    EXPECT_FALSE(form->isVisible());
+    EXPECT_EQ(Amount(129), 9999.0);
+}
+
+TEST_F(Corporation_Screen, Y_opens_from_a_balanced_statement_with_what_was_just_keyed) {
+    Put_Amounts({{100, 3000}, {139, 4000}, {200, 1000}, {250, 5000}, {400, 2000}, {530, 1200}, {838, 150}});
+    Open(100, 129);
+    Type("2950");
+    messages.answers = {Answer::Yes};
+    Click(*form, "Y_Disp");
+    EXPECT_TRUE(form->isVisible());
+    EXPECT_EQ(shell.calls, (std::vector<std::string>{"Open_Form Frm_YSisan"}));
+    EXPECT_EQ(Amount(399), 6950.0);
+}
+
+} // namespace
+} // namespace morvane::tests

@@ -1,0 +1,141 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "statements/frm_kszenki.h"
+
+#include "company/data_set.h"
+#include "review/y_calc.h"
+#include "screens/frm_ysisan.h"
+#include "session/kyotu_mod.h"
+#include "statements/frm_kshendo.h"
+#include "statements/zaimu_calc.h"
+#include "support/failing_writes.h"
+#include "support/ui_fixture.h"
+#include "widgets/entry_grid.h"
+
+#include <QApplication>
+#include <QLabel>
+
+namespace morvane::tests {
+namespace {
+
+/// Period 12 in hand behind two periods with figures.
+class Prior_Screen : public Ui_Installation {
+  protected:
+    Prior_Screen() {
+        Make_Company(1, 1, 10);
+        Period_Copy(session, 11, 10, Copy_Mode::After);
+        Period_Copy(session, 12, 11, Copy_Mode::After);
+        session.Syori_Ki = 12;
+        Cn_Open(session).Execute("UPDATE Ks_Zaihyo SET 金額=決算期*1000+建設科目CD WHERE 決算期<12");
+        Cn_Open(session).Execute("UPDATE Ks_Zaihyo SET 金額=5, 改善後残高=6 WHERE 決算期=12");
+    }
+
+    template <class Screen>
+    Screen& Show() {
+        auto screen = std::make_unique<Screen>(shell);
+        Screen& shown = *screen;
+        form = std::move(screen);
+        form->show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(form.get()));
+        form->setFocus();
+        return shown;
+    }
+
+    static void Type(const char* keys) {
+        QTest::keyClicks(QApplication::focusWidget(), QString::fromUtf8(keys));
+    }
+    [[nodiscard]] std::string Cell(const char* name) const {
+        for (const Entry_Grid* grid : form->findChildren<Entry_Grid*>()) {
+            try {
+                return grid->Cell_Text(name).toStdString();
+            } catch (const std::out_of_range&) {
+            }
+        }
+        return "none";
+    }
+    [[nodiscard]] std::string Stored(const char* codes) const {
+        return List("SELECT 金額, 改善後残高 FROM Ks_Zaihyo WHERE 決算期=12 And 建設科目CD In (" +
+                    std::string(codes) + ") ORDER BY 建設科目CD");
+    }
+
+    std::unique_ptr<Form> form;
+};
+
+TEST_F(Prior_Screen, Both_blocks_are_keyed_and_stored_twice) {
+    Show<Frm_KsZenki>();
+    EXPECT_EQ(Cell("Kamk(18)"), "繰越利益剰余金");
+    EXPECT_EQ(Cell("ZGaku(9)"), "none");
+    Type("700");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Delete);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Up);
+    auto* second = form->findChildren<Entry_Grid*>().back();
+    ASSERT_TRUE(second->Focus_Cell("ZGaku(8)"));
+    Type("-3");
+    {
+        const Failing_Writes failing(1, Failing_Writes::Manner::From_Then_On);
+        Click(*form, "Tojiru");
+    }
+    EXPECT_TRUE(form->isVisible());
+    Click(*form, "Tojiru");
+    EXPECT_FALSE(form->isVisible());
+    EXPECT_EQ(Stored("808, 820, 821"), "-3=-3 700=700 5=6") << "a blank leaves what was stored";
+}
+
+TEST_F(Prior_Screen, A_copied_block_is_shown_and_the_other_keeps_its_keys) {
+    Show<Frm_KsZenki>();
+    Type("700");
+    Click(*form, "ZZen_copy");
+    EXPECT_EQ(Cell("ZGaku(0)"), "5") << "No is the default";
+    messages.answers = {Answer::Yes};
+    Click(*form, "ZZen_copy");
+    EXPECT_EQ(Cell("ZGaku(0)"), "10,101");
+    EXPECT_EQ(Cell("Gaku(0)"), "700");
+    messages.answers = {Answer::Yes, Answer::Yes};
+    Click(*form, "Zen_Copy");
+    EXPECT_EQ(Cell("Gaku(18)"), "11,281");
+    Click(*form, "Canseru");
+    EXPECT_EQ(messages.shown.back().text, "編集中の前期建設財務諸表を保存せずに終了します。\n"
+                                          "編集内容は保存されません。よろしいですか？");
+    EXPECT_FALSE(form->isVisible());
+    EXPECT_EQ(Stored("800, 838"), "10101=10101 11281=11281");
+}
+
+TEST_F(Prior_Screen, An_individual_does_not_see_the_retained_earnings) {
+    session.Hojin_Kojin = 2;
+    Show<Frm_KsZenki>();
+    EXPECT_EQ(form->objectName().toStdString(), "Frm_KsZenkiKJ");
+    EXPECT_EQ(Child<QLabel>(*form, "Lbl_SubTitle")->text().toStdString(), "前期関連データ");
+    EXPECT_EQ(Cell("Gaku(18)"), "none");
+    EXPECT_NE(Cell("Gaku(17)"), "none");
+}
+
+TEST_F(Prior_Screen, The_change_of_equity_is_stored_and_a_blank_is_zero) {
+    for (const auto& [keys, stored] : {std::pair("-45", "-45=-45"), std::pair("", "0=0")}) {
+        Show<Frm_KsHendo>();
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Delete);
+        Type(keys);
+        Click(*form, "Tojiru");
+        EXPECT_FALSE(form->isVisible());
+        EXPECT_EQ(Stored("901"), stored);
+    }
+}
+
+TEST_F(Prior_Screen, The_look_at_Y_shows_elements_indicators_and_score) {
+    Put_Amounts({{100, 3e8}, {139, 4e8}, {200, 1e8}, {250, 5e8}, {400, 2e9}, {530, 1.2e9}});
+    Zaimu_Shukei(session, 2);
+    Y_Calc y;
+    y.Calc_Y(session, 1);
+    Show<Frm_YSisan>();
+    EXPECT_EQ(form->windowTitle().toStdString(), "建設財務諸表入力時 Ｙ点試算");
+    EXPECT_EQ(Child<QLabel>(*form, "Yoso(0)")->text().toStdString(), "2,000,000");
+    EXPECT_EQ(Child<QLabel>(*form, "Yoso(6)")->text().toStdString(), Comma_Str(y.Y_Yoso[13]));
+    EXPECT_EQ(Child<QLabel>(*form, "Yoso(7)")->text().toStdString(), "400,000");
+    EXPECT_EQ(Child<QLabel>(*form, "Y")->text().toStdString(), Comma_Str(int{y.Y_Ten}));
+    EXPECT_EQ(Child<QLabel>(*form, "kekka5")->text().toFloat(), y.Y_Kekka[4]);
+    EXPECT_EQ(Child<QLabel>(*form, "kekka5")->text().section('.', 1).size(), 3);
+    Click(*form, "Tojiru");
+    EXPECT_FALSE(form->isVisible());
+}
+
+} // namespace
+} // namespace morvane::tests
