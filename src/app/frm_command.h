@@ -62,7 +62,7 @@ class Frm_Command : public QWidget {
     /// Puts the focus on the first button that can be pressed.
     void Focus_First();
 
-    std::array<Value, 4> gate_amounts; ///< accounts 179, 319, 419, 399 as the statement gate found them
+    std::array<Value, 4> gate_amounts; ///< as the statement gate found them
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "app/gates.h"
 
+#include "law/accounts.h"
 #include "review/y_calc.h"
 #include "session/boxes.h"
 #include "session/kyotu_mod.h"
@@ -105,8 +106,9 @@ std::array<Value, 4> Statement_Gate_Amounts(const Session& session) {
     Recordset rows = cn.Open(Of_Period("Ks_Zaihyo", session.Syori_Ki) + " ORDER BY 建設科目CD;");
     std::array<Value, 4> amounts;
     std::size_t place = 0;
-    for (const int code : {179, 319, 419, 399}) {
-        amounts.at(place++) = rows.Find("建設科目CD", code) ? rows["金額"] : Value();
+    for (const Account account : {Account::Fixed_Assets, Account::Net_Assets, Account::Gross_Profit,
+                                  Account::Liabilities_And_Net_Assets}) {
+        amounts.at(place++) = rows.Find("建設科目CD", Code(account)) ? rows["金額"] : Value();
     }
     return amounts;
 }

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "batch/case_file.h"
 
+#include "law/accounts.h"
 #include "statements/zaimu_calc.h"
 
 #include <algorithm>
@@ -52,7 +53,7 @@ Json Statement_Json(const Connection& cn, std::int64_t period, bool corporation)
     for (Recordset row = Rows_Of(cn, "Ks_Zaihyo", "建設科目CD", period); !row.Eof(); row.Move_Next()) {
         const std::string code = row["建設科目CD"].As_Text();
         const std::int64_t number = row["建設科目CD"].As_Integer();
-        const bool prior = number >= 800 && number <= 838;
+        const bool prior = Is_Prior_Figure(static_cast<int>(number));
         Json fields = Json::object();
         if (row["金額編集識別"].As_Boolean()) {
             fields = Fields(row, {"金額", "仮金額", "借方", "貸方"});

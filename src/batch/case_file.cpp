@@ -11,6 +11,7 @@
 #include "company/register.h"
 #include "data/shown_text.h"
 #include "data/store_file.h"
+#include "law/accounts.h"
 #include "review/settle.h"
 #include "session/run_time_error.h"
 #include "statements/z_zzen_get.h"
@@ -49,14 +50,15 @@ class Scratch_Store {
 /// The lines of tangible assets that show cost less accumulated depreciation: cost, depreciation and book
 /// value follow each other. The statement screen forms them while it is keyed; a case brings the other two.
 void Form_Book_Values(const Connection& cn, int period) {
-    constexpr std::array costs = {130, 133, 136, 140, 144};
     Recordset rows =
         cn.Open("SELECT * FROM Ks_Zaihyo WHERE 決算期=" + std::to_string(period) + " ORDER BY 建設科目CD;");
-    for (const int code : costs) {
-        const auto amount = [&](int of) { return rows.Find("建設科目CD", of) ? rows["金額"] : Value(); };
-        const Value cost = amount(code);
-        const Value depreciation = amount(code + 1);
-        if ((!cost.Is_Null() || !depreciation.Is_Null()) && rows.Find("建設科目CD", code + 2)) {
+    for (const Book_Value_Lines& lines : book_value_lines) {
+        const auto amount = [&](Account of) {
+            return rows.Find("建設科目CD", Code(of)) ? rows["金額"] : Value();
+        };
+        const Value cost = amount(lines.cost);
+        const Value depreciation = amount(lines.depreciation);
+        if ((!cost.Is_Null() || !depreciation.Is_Null()) && rows.Find("建設科目CD", Code(lines.book_value))) {
             rows.Set("金額", cost.As_Double() - depreciation.As_Double());
             rows.Update();
         }

@@ -9,6 +9,7 @@
 #include "data/shown_text.h"
 #include "data/store_file.h"
 #include "data/table_catalogue.h"
+#include "law/accounts.h"
 #include "screens/entry_limits.h"
 #include "statements/statement_section.h"
 
@@ -379,7 +380,7 @@ void Case_Record::Put_Prior_Figures(const Connection& cn, const Case_Period& per
     const Spot spot = Period_Spot(*this, period) / form.name;
     for (const auto& [key, value] : period.tables["Ks_Zaihyo"].items()) {
         const int code = Code_Of(spot / key, key);
-        if (code < 800 || code > 838) {
+        if (!Is_Prior_Figure(code)) {
             continue;
         }
         for (const auto& [name, field] : Fields_Of(spot / key, form, value)) {

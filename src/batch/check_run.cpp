@@ -125,17 +125,18 @@ std::vector<fs::path> Strays(const Session& session, const std::vector<Company>&
 } // namespace
 
 Balance_Check Check_Balance(const Connection& cn, int period, bool corporation) {
+    using enum Account;
     Recordset rows = cn.Open("SELECT * FROM Ks_Zaihyo WHERE 決算期=" + std::to_string(period) + ";");
     Balance_Check check;
     if (corporation) {
-        check.left = Kamoku_Get(838, rows) + Kamoku_Get(519, rows);
-        check.right = Kamoku_Get(281, rows) + Kamoku_Get(901, rows);
+        check.left = Kamoku_Get(Prior_Retained_Earnings, rows) + Kamoku_Get(Profit_Of_Corporation, rows);
+        check.right = Kamoku_Get(Retained_Earnings_Carried, rows) + Kamoku_Get(Equity_Change, rows);
     } else {
-        check.left = Kamoku_Get(281, rows);
-        check.right = Kamoku_Get(529, rows);
+        check.left = Kamoku_Get(Retained_Earnings_Carried, rows);
+        check.right = Kamoku_Get(Profit_Of_Individual, rows);
     }
-    check.assets = Kamoku_Get(199, rows);
-    check.capital = Kamoku_Get(399, rows);
+    check.assets = Kamoku_Get(Total_Assets, rows);
+    check.capital = Kamoku_Get(Liabilities_And_Net_Assets, rows);
     return check;
 }
 

@@ -4,6 +4,7 @@
 #include "company/law_change.h"
 #include "company/table_edit.h"
 #include "data/store_file.h"
+#include "law/accounts.h"
 #include "law/era_date.h"
 #include "review/x2_calc.h"
 #include "session/boxes.h"
@@ -46,11 +47,11 @@ void Lay_Account(Recordset& row, const Recordset& master, bool corporation, std:
     row.Set("非表示識別", master[corporation ? "法人非表示識別" : "個人非表示識別"]);
     row.Set("非印刷識別", master[corporation ? "法人非印刷識別" : "個人非印刷識別"]);
     const std::int64_t code = master["建設科目CD"].As_Integer();
-    if (code == 99) {
+    if (code == Code(Account::Data_Form)) {
         row.Set("並び順", data_ver);
     }
     // The line of the retirement allowance is free for an individual's own provision.
-    if (code == 234 && !corporation) {
+    if (code == Code(Account::Retirement_Allowance) && !corporation) {
         row.Set("科目編集識別", -1);
     }
 }

@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "company/hoko_change.h"
 
+#include "law/accounts.h"
+
 #include <string>
 #include <vector>
 
@@ -30,7 +32,7 @@ void Convert(const Connection& cn, int period, bool corporation, bool wipe) {
                "非表示識別, 非印刷識別 = " + type + "非印刷識別" + of_period);
     // An individual names the line of the retirement allowance freely.
     cn.Execute(std::string("UPDATE Ks_Zaihyo SET 科目編集識別 = ") + (corporation ? "False" : "True") +
-               of_period + " And 建設科目CD=234;");
+               of_period + " And 建設科目CD=" + Code_Text(Account::Retirement_Allowance));
 }
 
 void Convert_In_Hand(const Session& session, bool corporation, bool wipe) {

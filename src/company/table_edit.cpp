@@ -2,6 +2,7 @@
 #include "company/table_edit.h"
 
 #include "data/same_name.h"
+#include "law/accounts.h"
 
 #include <algorithm>
 #include <array>
@@ -127,12 +128,12 @@ void Table_Edit(const Connection& cn, const Session& session) {
     // The two corrections of accounts reach the period in hand alone, yet count as done for the store.
     if (pending.account_161) {
         cn.Execute("UPDATE Ks_Zaihyo SET Ks_Zaihyo.集計識別=False WHERE 決算期=" + period +
-                   " And 建設科目CD=161 ;");
+                   " And 建設科目CD=" + Code_Text(Account::Closed_Investments));
         Add_Ledger_Row(cn, fix_161);
     }
     if (pending.account_232) {
         cn.Execute("UPDATE Ks_Zaihyo SET Ks_Zaihyo.科目分類識別='Ktf' WHERE 決算期=" + period +
-                   " And 建設科目CD=232 ;");
+                   " And 建設科目CD=" + Code_Text(Account::Fixed_Lease_Debt));
         Add_Ledger_Row(cn, fix_232);
     }
     if (pending.work_types) {

@@ -4,6 +4,7 @@
 #include "company/law_change.h"
 #include "data/same_name.h"
 #include "data/store_file.h"
+#include "law/accounts.h"
 #include "review/x2_calc.h"
 #include "session/boxes.h"
 
@@ -16,40 +17,52 @@ namespace morvane {
 
 namespace {
 
+using enum Account;
+
 bool Refuse(const Session& session, const std::string& text) {
     Tell(session, "データ変換メッセージ", text);
     return false;
 }
 
-std::string Of_Account(const Session& session, int code) {
+std::string Of_Code(const Session& session, int code) {
     return " WHERE 決算期=" + std::to_string(session.Syori_Ki) + " And 建設科目CD=" + std::to_string(code);
+}
+
+std::string Of_Account(const Session& session, Account account) {
+    return Of_Code(session, Code(account));
 }
 
 // ---- from the statement form of 2008 to that of 2010
 
+/// Lines that make room for a new account: those from its place on, up to the last one before a total.
 struct Code_Shift {
-    int from, to, by;
+    Account from, to;
+    int by;
 };
 
 std::vector<Code_Shift> Shifts(bool hokkaido) {
-    return {{140, 145, 3}, {153, 155, 1}, {204, hokkaido ? 216 : 207, 1}, {232, 237, 1}};
+    return {{Leased_Assets, Last_Tangible_2008, 3},
+            {Leased_Intangibles, Last_Intangible_2008, 1},
+            {Current_Lease_Debt,
+             hokkaido ? Last_Current_Liability_2008_Hokkaido : Last_Current_Liability_2008_National, 1},
+            {Fixed_Lease_Debt, Last_Fixed_Liability_2008, 1}};
 }
 
 struct New_Name {
-    int code;
+    Account account;
     const char* name;
 };
-constexpr std::array<New_Name, 6> new_names = {{{149, "有形固定資産合計"},
-                                                {159, "無形固定資産合計"},
-                                                {163, "破産更生債権等"},
-                                                {178, "投資その他の資産合計"},
-                                                {179, "固定資産合計"},
-                                                {470, "受取利息及び配当金"}}};
+constexpr std::array<New_Name, 6> new_names = {{{Tangible_Assets, "有形固定資産合計"},
+                                                {Intangible_Assets, "無形固定資産合計"},
+                                                {Doubtful_Claims, "破産更生債権等"},
+                                                {Investments, "投資その他の資産合計"},
+                                                {Fixed_Assets, "固定資産合計"},
+                                                {Interest_And_Dividends, "受取利息及び配当金"}}};
 
 /// The lease accounts of the form of 2010. The fixed lease debt stays outside the class of the fixed
 /// liabilities in converted data.
 struct New_Account {
-    int code;
+    Account account;
     const char* name;
     int class_no;
     const char* class_id;
@@ -60,12 +73,12 @@ struct New_Account {
     bool entered;      ///< 金額編集識別
 };
 constexpr std::array<New_Account, 6> new_accounts = {{
-    {140, "リース資産", 2, "Yks", nullptr, false, true, true, true},
-    {141, "リース資産減価償却累計額", 2, "Yks", "△", true, false, true, true},
-    {142, "リース資産　帳簿価格", 2, "Yks", nullptr, false, true, false, false},
-    {153, "リース資産", 3, "Mks", nullptr, false, true, true, true},
-    {204, "リース債務", 6, "Rdf", nullptr, false, false, true, true},
-    {232, "リース債務", 7, "Kdf", nullptr, false, false, true, true},
+    {Leased_Assets, "リース資産", 2, "Yks", nullptr, false, true, true, true},
+    {Leased_Assets_Depreciation, "リース資産減価償却累計額", 2, "Yks", "△", true, false, true, true},
+    {Leased_Assets_Book_Value, "リース資産　帳簿価格", 2, "Yks", nullptr, false, true, false, false},
+    {Leased_Intangibles, "リース資産", 3, "Mks", nullptr, false, true, true, true},
+    {Current_Lease_Debt, "リース債務", 6, "Rdf", nullptr, false, false, true, true},
+    {Fixed_Lease_Debt, "リース債務", 7, "Kdf", nullptr, false, false, true, true},
 }};
 
 constexpr std::array<const char*, 5> amounts = {"金額", "借方", "貸方", "改善後残高", "仮金額"};
@@ -73,34 +86,34 @@ constexpr std::array<const char*, 5> amounts = {"金額", "借方", "貸方", "�
 // From the highest code down, so that no row meets one that has not moved yet.
 void Shift_Codes(const Connection& cn, const Session& session) {
     for (const Code_Shift& shift : Shifts(session.Is_Hokkaido())) {
-        for (int code = shift.to; code >= shift.from; --code) {
+        for (int code = Code(shift.to); code >= Code(shift.from); --code) {
             cn.Execute("UPDATE Ks_Zaihyo SET 建設科目CD = " + std::to_string(code + shift.by) +
-                       Of_Account(session, code) + ";");
+                       Of_Code(session, code) + ";");
         }
     }
 }
 
-void Rename(const Connection& cn, const Session& session, int code, const std::string& name,
+void Rename(const Connection& cn, const Session& session, Account account, const std::string& name,
             bool corporation_too) {
     const std::array<Value, 1> values = {name};
     for (const char* column : {"建設科目名", "個人科目名"}) {
-        cn.Execute(std::string("UPDATE Ks_Zaihyo SET ") + column + " = ?" + Of_Account(session, code),
+        cn.Execute(std::string("UPDATE Ks_Zaihyo SET ") + column + " = ?" + Of_Account(session, account),
                    values);
     }
     if (corporation_too) {
-        cn.Execute("UPDATE Ks_Zaihyo SET 法人科目名 = ?" + Of_Account(session, code), values);
+        cn.Execute("UPDATE Ks_Zaihyo SET 法人科目名 = ?" + Of_Account(session, account), values);
     }
 }
 
 // The national form of an individual has no 買掛金: its line takes the short-term loans.
 void Merge_Loans(const Connection& cn, const Session& session) {
-    const Recordset payables = cn.Open("SELECT * FROM Ks_Zaihyo" + Of_Account(session, 203));
+    const Recordset payables = cn.Open("SELECT * FROM Ks_Zaihyo" + Of_Account(session, Short_Term_Loans));
     if (!payables.Eof() && payables["金額"].As_Double() != 0.0) {
         Tell(session, "データ変換メッセージ",
              "「流動負債」の「買掛金」に金額があります。このデータは、個人科目には無いため削除されます。\n"
              "変換終了後、確認・調整をお願いします。");
     }
-    Recordset loans = cn.Open("SELECT * FROM Ks_Zaihyo" + Of_Account(session, 208));
+    Recordset loans = cn.Open("SELECT * FROM Ks_Zaihyo" + Of_Account(session, Loans_2008));
     if (!loans.Eof()) {
         std::array<Value, amounts.size()> values;
         std::string names;
@@ -109,24 +122,24 @@ void Merge_Loans(const Connection& cn, const Session& session) {
             names += (i == 0 ? "" : ", ") + std::string(amounts[i]) + " = ?";
             loans.Set(amounts[i], {});
         }
-        cn.Execute("UPDATE Ks_Zaihyo SET " + names + Of_Account(session, 203), values);
+        cn.Execute("UPDATE Ks_Zaihyo SET " + names + Of_Account(session, Short_Term_Loans), values);
         loans.Update();
     }
-    Rename(cn, session, 203, "短期借入金", true);
-    Rename(cn, session, 206, "未払金", false);
-    Rename(cn, session, 205, "繰延資産合計", false);
+    Rename(cn, session, Short_Term_Loans, "短期借入金", true);
+    Rename(cn, session, Accrued_Expenses, "未払金", false);
+    Rename(cn, session, Accounts_Payable, "繰延資産合計", false);
 }
 
 void Add_Account(const Connection& cn, const Session& session, const New_Account& account) {
-    Recordset rows = cn.Open("SELECT * FROM Ks_Zaihyo" + Of_Account(session, account.code));
+    Recordset rows = cn.Open("SELECT * FROM Ks_Zaihyo" + Of_Account(session, account.account));
     if (!rows.Eof()) {
         return;
     }
     const auto flag = [](bool value) { return value ? -1 : 0; };
     rows.Add_New();
     rows.Set("決算期", session.Syori_Ki);
-    rows.Set("建設科目CD", account.code);
-    rows.Set("並び順", account.code);
+    rows.Set("建設科目CD", Code(account.account));
+    rows.Set("並び順", Code(account.account));
     rows.Set("科目分類No", account.class_no);
     rows.Set("科目分類識別", account.class_id);
     for (const char* column : {"建設科目名", "法人科目名", "個人科目名"}) {
@@ -156,11 +169,12 @@ void Convert_Statement(const Session& session, int form) {
     Transaction transaction(cn);
     Shift_Codes(cn, session);
     for (const New_Name& entry : new_names) {
-        Rename(cn, session, entry.code, entry.name, true);
+        Rename(cn, session, entry.account, entry.name, true);
     }
-    cn.Execute("UPDATE Ks_Zaihyo SET 非表示識別 = True, 非印刷識別 = True" + Of_Account(session, 161));
-    for (const int code : {185, 251, 298}) {
-        cn.Execute("UPDATE Ks_Zaihyo SET 科目編集識別 = False" + Of_Account(session, code));
+    cn.Execute("UPDATE Ks_Zaihyo SET 非表示識別 = True, 非印刷識別 = True" +
+               Of_Account(session, Closed_Investments));
+    for (const Account account : {Development_Cost, Capital_Deposits, Shareholders_Equity}) {
+        cn.Execute("UPDATE Ks_Zaihyo SET 科目編集識別 = False" + Of_Account(session, account));
     }
     if (!session.Is_Hokkaido() && session.Hojin_Kojin == 2) {
         Merge_Loans(cn, session);
@@ -168,8 +182,8 @@ void Convert_Statement(const Session& session, int form) {
     for (const New_Account& account : new_accounts) {
         Add_Account(cn, session, account);
     }
-    cn.Execute("UPDATE Ks_Zaihyo SET Ks_Zaihyo![並び順] = " + std::to_string(form) + Of_Account(session, 99) +
-               ";");
+    cn.Execute("UPDATE Ks_Zaihyo SET Ks_Zaihyo![並び順] = " + std::to_string(form) +
+               Of_Account(session, Data_Form) + ";");
     transaction.Commit();
 }
 

@@ -45,8 +45,8 @@ bool QandA_Flag(const Session& session, int screen_no) {
     return !rs.Eof() && !(rs["質問"].Is_Null() && rs["アドバイス"].Is_Null());
 }
 
-double Kamoku_Get(int code, Recordset& rows) {
-    return rows.Find("建設科目CD", code) ? rows["金額"].As_Double() : 0.0;
+double Kamoku_Get(Account account, Recordset& rows) {
+    return rows.Find("建設科目CD", Code(account)) ? rows["金額"].As_Double() : 0.0;
 }
 
 double Yoso_Get(int code, Recordset& rows) {
@@ -60,13 +60,14 @@ std::uint8_t Get_Data_Ver(const Session& session, int period) {
 std::uint8_t Get_Data_Ver(const Connection& cn, bool hokkaido, int period) {
     const std::string of_period =
         "SELECT * FROM Ks_Zaihyo WHERE 決算期=" + std::to_string(period) + " AND 建設科目CD=";
-    const Recordset marker = cn.Open(of_period + "99;");
+    const Recordset marker = cn.Open(of_period + Code_Text(Account::Data_Form));
     std::int64_t form = hokkaido ? 52 : 51;
     if (!marker.Eof()) {
         form = marker["並び順"].As_Integer(2);
     }
     if (hokkaido) {
-        if (form == 1 || (form == 2 && cn.Open(of_period + "552;").Eof())) {
+        if (form == 1 ||
+            (form == 2 && cn.Open(of_period + Code_Text(Account::Depreciation_In_Cost_Hokkaido)).Eof())) {
             form = 53;
         }
     }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "data/connection.h"
+#include "law/accounts.h"
 #include "session/session.h"
 
 #include <cstdint>
@@ -18,8 +19,8 @@ std::string Comma_Str(const Value& value);
 /// Null.
 bool QandA_Flag(const Session& session, int screen_no);
 
-/// 金額 (yen) of account `code` in an open statement result; 0 for a missing row or Null.
-double Kamoku_Get(int code, Recordset& rows);
+/// 金額 (yen) of an account in an open statement result; 0 for a missing row or Null.
+double Kamoku_Get(Account account, Recordset& rows);
 
 /// 現状 of element `code` in an open element result; 0 for a missing row or Null.
 double Yoso_Get(int code, Recordset& rows);

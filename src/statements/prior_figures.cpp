@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "statements/prior_figures.h"
 
+#include "law/accounts.h"
 #include "review/y_calc.h"
 #include "session/boxes.h"
 #include "session/run_time_error.h"
@@ -10,13 +11,13 @@ namespace morvane {
 
 namespace {
 
-constexpr int equity_change_code = 901;
+using enum Account;
 
-std::vector<Prior_Row> Load_Rows(const Connection& cn, const Session& session, int from, int to) {
+std::vector<Prior_Row> Load_Rows(const Connection& cn, const Session& session, Account from, Account to) {
     std::vector<Prior_Row> rows;
     Recordset row = cn.Open("SELECT * FROM Ks_Zaihyo WHERE 決算期=" + std::to_string(session.Syori_Ki) +
-                            " and 建設科目CD>=" + std::to_string(from) +
-                            " and 建設科目CD <=" + std::to_string(to) + " ORDER BY 建設科目CD;");
+                            " and 建設科目CD>=" + Code_Text(from) + " and 建設科目CD <=" + Code_Text(to) +
+                            " ORDER BY 建設科目CD;");
     for (; !row.Eof(); row.Move_Next()) {
         rows.push_back(
             {static_cast<int>(row["建設科目CD"].As_Integer()), row["建設科目名"].As_Text(), row["金額"]});
@@ -41,8 +42,10 @@ Statement Prepare_Save(const Connection& cn) {
 
 Prior_Figures Load_Prior_Figures(const Session& session) {
     const Connection cn = Cn_Open(session);
-    return {Load_Rows(cn, session, 820, session.Is_Corporation() ? 839 : 837),
-            Load_Rows(cn, session, 800, 808)};
+    return {
+        Load_Rows(cn, session, Prior_Notes_Receivable,
+                  session.Is_Corporation() ? Prior_Figures_End : Prior_Other_Depreciation_Of_Side_Business),
+        Load_Rows(cn, session, Second_Prior_Notes_Receivable, Second_Prior_Advances_Received)};
 }
 
 void Save_Prior_Figures(const Session& session, const Prior_Figures& figures) {
@@ -80,16 +83,16 @@ bool Copy_Prior_Figures(const Session& session, bool second_prior) {
 Prior_Row Load_Equity_Change(const Session& session) {
     const Connection cn = Cn_Open(session);
     Transaction transaction(cn);
-    std::vector<Prior_Row> rows = Load_Rows(cn, session, equity_change_code, equity_change_code);
+    std::vector<Prior_Row> rows = Load_Rows(cn, session, Equity_Change, Equity_Change);
     if (rows.empty()) {
         Recordset table = cn.Open("SELECT * FROM Ks_Zaihyo WHERE 決算期=" + std::to_string(session.Syori_Ki));
         table.Add_New();
         table.Set("決算期", static_cast<int>(session.Syori_Ki));
-        table.Set("建設科目CD", equity_change_code);
+        table.Set("建設科目CD", Code(Equity_Change));
         table.Set("建設科目名", "変動計算書　剰余金の配当");
         table.Update();
         transaction.Commit();
-        return {equity_change_code, "変動計算書　剰余金の配当", {}};
+        return {Code(Equity_Change), "変動計算書　剰余金の配当", {}};
     }
     return rows.front();
 }
@@ -99,7 +102,7 @@ void Save_Equity_Change(const Session& session, const Value& amount) {
         const Connection cn = Cn_Open(session);
         Transaction transaction(cn);
         Statement update = Prepare_Save(cn);
-        Save_Amount(update, session, equity_change_code, amount.Is_Null() ? Value(0) : amount);
+        Save_Amount(update, session, Code(Equity_Change), amount.Is_Null() ? Value(0) : amount);
         transaction.Commit();
     }
     try {

@@ -178,7 +178,7 @@ Statement_Panel::Statement_Panel(unsigned firm_form, Recordset& period_rows) : f
         }
         for (const int code : source.codes) {
             if (code != 0) {
-                const double amount = Kamoku_Get(std::abs(code), period_rows);
+                const double amount = Kamoku_Get(static_cast<Account>(std::abs(code)), period_rows);
                 (*this)[source.field] += code > 0 ? amount : -amount;
             }
         }
