@@ -138,6 +138,18 @@ std::string Detail_Of(Store_Error::Reason reason, int code, std::string_view mes
     }
 }
 
+/// A statement that is kept holds no lock between its uses.
+class Use {
+  public:
+    explicit Use(Statement& used) : statement(used) {}
+    Use(const Use&) = delete;
+    Use& operator=(const Use&) = delete;
+    ~Use() { statement.Reset(); }
+
+  private:
+    Statement& statement;
+};
+
 } // namespace
 
 // ---- Connection
@@ -165,6 +177,11 @@ Connection::Connection(std::filesystem::path path, const Store_Key& key, Mode mo
         Throw(code, "開く処理");
     }
     Set_Up(key, mode);
+}
+
+Connection::Connection(Connection&& other) noexcept : file(std::move(other.file)) {
+    other.prepared.clear();
+    handle = std::move(other.handle);
 }
 
 Connection Connection::Create(const std::filesystem::path& file, const Store_Key& key) {
@@ -213,24 +230,32 @@ void Connection::Throw(int code, const std::string& doing) const {
     throw Store_Error(file, reason, Detail_Of(reason, code, message, doing));
 }
 
-void Connection::Execute(std::string_view sql, std::span<const Value> parameters) const {
-    Statement statement = Prepare(sql);
-    for (std::size_t i = 0; i < parameters.size(); ++i) {
-        statement.Bind(static_cast<int>(i) + 1, parameters[i]);
-    }
+void Connection::Execute(std::string_view sql, std::span<const Value> values) const {
+    Statement& statement = Prepared(sql, values);
+    const Use use(statement);
     while (statement.Step()) {
     }
 }
 
-Recordset Connection::Open(std::string_view sql) const {
-    return {*this, sql};
+Recordset Connection::Open(std::string_view sql, std::span<const Value> values) const {
+    return {*this, sql, values};
 }
 
 Statement Connection::Prepare(std::string_view sql) const {
     return {*this, To_Engine_Sql(sql).text};
 }
 
+Statement& Connection::Prepared(std::string_view sql, std::span<const Value> values) const {
+    auto found = prepared.find(sql);
+    if (found == prepared.end()) {
+        found = prepared.emplace(sql, Prepare(sql)).first;
+    }
+    found->second.Bind_All(values);
+    return found->second;
+}
+
 void Connection::Close() {
+    prepared.clear();
     handle.reset();
 }
 
@@ -251,7 +276,7 @@ Statement::~Statement() {
     sqlite3_finalize(handle);
 }
 
-void Statement::Bind(int index, const Value& value) {
+void Statement::Bind(int index, const Value& value) const {
     int code = SQLITE_OK;
     if (const auto* whole = std::get_if<std::int64_t>(&value.held)) {
         code = sqlite3_bind_int64(handle, index, *whole);
@@ -268,6 +293,16 @@ void Statement::Bind(int index, const Value& value) {
     }
 }
 
+void Statement::Bind_All(std::span<const Value> values) const {
+    Reset();
+    if (static_cast<int>(values.size()) != sqlite3_bind_parameter_count(handle)) {
+        connection->Throw(SQLITE_RANGE, "値の受け渡し");
+    }
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        Bind(static_cast<int>(i) + 1, values[i]);
+    }
+}
+
 bool Statement::Step() {
     const int code = sqlite3_step(handle);
     if (code == SQLITE_ROW) {
@@ -279,7 +314,7 @@ bool Statement::Step() {
     return false;
 }
 
-void Statement::Reset() {
+void Statement::Reset() const {
     sqlite3_reset(handle);
 }
 
@@ -323,16 +358,20 @@ std::string Statement::Column_Name(int column) const {
 
 // ---- Recordset
 
-Recordset::Recordset(const Connection& owner, std::string_view sql) : connection(&owner) {
+Recordset::Recordset(const Connection& owner, std::string_view sql, std::span<const Value> values)
+    : connection(&owner) {
     Engine_Sql engine = To_Engine_Sql(sql);
     table = std::move(engine.table);
-    Statement statement = owner.Prepare(engine.text);
+    Statement& statement = owner.Prepared(engine.text, values);
+    const Use use(statement);
+    bool has_row = statement.Step();
+    // A kept statement knows a column that was added since from the first step on.
     const int first = table.empty() ? 0 : 1;
     const int count = statement.Column_Count();
     for (int i = first; i < count; ++i) {
         columns.push_back(statement.Column_Name(i));
     }
-    while (statement.Step()) {
+    for (; has_row; has_row = statement.Step()) {
         if (first == 1) {
             row_ids.push_back(statement.Integer_At(0));
         }
@@ -358,38 +397,24 @@ void Recordset::Move_To(std::size_t place) {
     position = place;
 }
 
-bool Recordset::Find(std::string_view column, std::int64_t number) {
+template <class Equals>
+bool Recordset::Find_Row(std::string_view column, Equals equals) {
     const auto place = static_cast<std::size_t>(Column(column));
-    const auto found = std::find_if(rows.begin(), rows.end(), [&](const std::vector<Value>& row) {
-        return !row[place].Is_Null() && row[place].As_Integer() == number;
-    });
+    const auto found = std::find_if(rows.begin(), rows.end(),
+                                    [&](const std::vector<Value>& row) { return equals(row[place]); });
     Move_To(static_cast<std::size_t>(found - rows.begin()));
     return found != rows.end();
 }
 
-bool Recordset::Find(std::string_view criterion) {
-    const auto equal = criterion.find('=');
-    if (equal == std::string_view::npos) {
-        throw Store_Error(connection->File(), Store_Error::Reason::Failed,
-                          "検索条件 " + std::string(criterion));
-    }
-    const auto trim = [](std::string_view text) {
-        const auto begin = text.find_first_not_of(' ');
-        const auto end = text.find_last_not_of(' ');
-        return begin == std::string_view::npos ? std::string_view() : text.substr(begin, end - begin + 1);
-    };
-    const std::string_view column = trim(criterion.substr(0, equal));
-    const std::string_view wanted = trim(criterion.substr(equal + 1));
-    if (wanted.size() < 2 || wanted.front() != '\'') {
-        return Find(column, Value(wanted).As_Integer());
-    }
-    const std::string_view text = wanted.substr(1, wanted.size() - 2);
-    const auto place = static_cast<std::size_t>(Column(column));
-    const auto found = std::find_if(rows.begin(), rows.end(), [&](const std::vector<Value>& row) {
-        return row[place].Is_Text() && std::get<std::string>(row[place].held) == text;
+bool Recordset::Find(std::string_view column, std::int64_t number) {
+    return Find_Row(
+        column, [number](const Value& value) { return !value.Is_Null() && value.As_Integer() == number; });
+}
+
+bool Recordset::Find(std::string_view column, std::string_view text) {
+    return Find_Row(column, [text](const Value& value) {
+        return value.Is_Text() && std::get<std::string>(value.held) == text;
     });
-    Move_To(static_cast<std::size_t>(found - rows.begin()));
-    return found != rows.end();
 }
 
 int Recordset::Column(std::string_view name) const {
@@ -453,35 +478,20 @@ void Recordset::Update() {
         values.push_back(rows[position][static_cast<std::size_t>(place)]);
     }
     if (adding) {
-        Store("INSERT INTO " + table +
-                  (values.empty() ? " DEFAULT VALUES" : " (" + names + ") VALUES (" + marks + ")"),
-              values);
-        Statement last = connection->Prepare("SELECT last_insert_rowid()");
-        last.Step();
-        row_ids[position] = last.Integer_At(0);
+        connection->Execute(
+            "INSERT INTO " + table +
+                (values.empty() ? " DEFAULT VALUES" : " (" + names + ") VALUES (" + marks + ")"),
+            values);
+        row_ids[position] = sqlite3_last_insert_rowid(connection->handle.get());
     } else {
         values.emplace_back(row_ids[position]);
-        Store("UPDATE " + table + " SET " + names + " WHERE rowid = ?", values);
+        connection->Execute("UPDATE " + table + " SET " + names + " WHERE rowid = ?", values);
     }
     adding = false;
     changed.clear();
 }
 
-// Row after row is stored by the same statement, which is prepared once.
-void Recordset::Store(const std::string& sql, std::span<const Value> values) {
-    if (!storing || storing_sql != sql) {
-        storing = std::make_shared<Statement>(connection->Prepare(sql));
-        storing_sql = sql;
-    }
-    storing->Reset(); // also after a failure
-    for (std::size_t i = 0; i < values.size(); ++i) {
-        storing->Bind(static_cast<int>(i) + 1, values[i]);
-    }
-    storing->Step();
-}
-
 void Recordset::Close() {
-    storing.reset();
     rows.clear();
     row_ids.clear();
     changed.clear();
@@ -491,8 +501,9 @@ void Recordset::Close() {
 
 // ---- Transaction
 
-Transaction::Transaction(const Connection& owner, Purpose purpose) : connection(&owner) {
-    owner.Execute(purpose == Purpose::Read ? "BEGIN" : "BEGIN IMMEDIATE");
+Transaction::Transaction(const Connection& owner, Purpose purpose)
+    : connection(&owner), part(sqlite3_get_autocommit(owner.handle.get()) == 0) {
+    owner.Execute(part ? "SAVEPOINT part" : purpose == Purpose::Read ? "BEGIN" : "BEGIN IMMEDIATE");
 }
 
 Transaction::~Transaction() {
@@ -500,14 +511,17 @@ Transaction::~Transaction() {
         return;
     }
     try {
-        connection->Execute("ROLLBACK");
+        connection->Execute(part ? "ROLLBACK TO part" : "ROLLBACK");
+        if (part) {
+            connection->Execute("RELEASE part");
+        }
     } catch (const Store_Error&) {
         // The engine has rolled back by itself, or does so when the store is opened next.
     }
 }
 
 void Transaction::Commit() {
-    connection->Execute("COMMIT");
+    connection->Execute(part ? "RELEASE part" : "COMMIT");
     open = false;
 }
 

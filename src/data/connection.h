@@ -5,8 +5,11 @@
 #include "data/store_key.h"
 #include "data/value.h"
 
+#include <array>
+#include <concepts>
 #include <cstdint>
 #include <filesystem>
+#include <map>
 #include <memory>
 #include <span>
 #include <string>
@@ -30,13 +33,21 @@ class Statement {
     ~Statement();
 
     /// Binds parameter `index` (from 1).
-    void Bind(int index, const Value& value);
+    void Bind(int index, const Value& value) const;
+
+    /// Makes the statement ready to run (again) with `values` for its ?s, in order; there must be as many.
+    void Bind_All(std::span<const Value> values) const;
+    template <std::convertible_to<Value>... Values>
+    Statement& With(const Values&... values) {
+        Bind_All(std::array<Value, sizeof...(Values)>{values...});
+        return *this;
+    }
 
     /// Moves to the next row; false at the end. Raises Store_Error.
     bool Step();
 
     /// Makes the statement ready to run again with other parameters.
-    void Reset();
+    void Reset() const;
 
     [[nodiscard]] bool Is_Null(int column) const;
     [[nodiscard]] double Double_At(int column) const;
@@ -63,11 +74,10 @@ class Recordset {
     void Move_First();
     void Move_Next();
 
-    /// Moves to the first row from the top whose numeric field equals `number`; else to the end.
+    /// Moves to the first row from the top whose field equals the number or the text; else to the end. A
+    /// Null equals nothing.
     bool Find(std::string_view column, std::int64_t number);
-
-    /// The same with a criterion text such as `建設科目CD=179` or `科目分類識別= 'Rds'`.
-    bool Find(std::string_view criterion);
+    bool Find(std::string_view column, std::string_view text);
 
     /// The field of the current row. Raises Store_Error (missing column) for an unknown name.
     [[nodiscard]] const Value& operator[](std::string_view column) const;
@@ -93,15 +103,14 @@ class Recordset {
 
   private:
     friend class Connection;
-    Recordset(const Connection& owner, std::string_view sql);
+    Recordset(const Connection& owner, std::string_view sql, std::span<const Value> values);
 
     void Move_To(std::size_t place);
+    template <class Equals>
+    bool Find_Row(std::string_view column, Equals equals);
     [[nodiscard]] const std::vector<Value>& Row() const;
-    void Store(const std::string& sql, std::span<const Value> values);
 
     const Connection* connection;
-    std::shared_ptr<Statement> storing;
-    std::string storing_sql;
     std::string table;
     std::vector<std::string> columns;
     std::vector<std::int64_t> row_ids;
@@ -111,7 +120,8 @@ class Recordset {
     bool adding = false;
 };
 
-/// One open store. Texts of SQL are in the program's dialect (see sql_dialect.h).
+/// One open store. Texts of SQL are the engine's; figures and texts of the user reach them as values only.
+/// In columns of the type Boolean true is -1.
 class Connection {
   public:
     /// Scratch is for a draft that is thrown away when its maker fails: no flushes, no journal file.
@@ -123,20 +133,37 @@ class Connection {
     /// Makes a new, empty store. Raises Store_Error where the file exists.
     static Connection Create(const std::filesystem::path& file, const Store_Key& key);
 
-    Connection(Connection&&) noexcept = default;
-    Connection& operator=(Connection&&) noexcept = default;
+    /// What was prepared is not taken along.
+    Connection(Connection&& other) noexcept;
+    Connection& operator=(Connection&&) = delete;
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
     ~Connection() = default;
 
-    /// Runs a statement without a result; `parameters` are bound to its ?s in order.
-    void Execute(std::string_view sql, std::span<const Value> parameters = {}) const;
+    /// Runs a statement without a result; `values` are bound to its ?s in order. Here and in Open a text that
+    /// comes again is not prepared again.
+    void Execute(std::string_view sql, std::span<const Value> values) const;
+    template <std::convertible_to<Value>... Values>
+    void Execute(std::string_view sql, const Values&... values) const {
+        Execute(sql, std::array<Value, sizeof...(Values)>{values...});
+    }
 
-    /// Opens a result with a cursor.
-    [[nodiscard]] Recordset Open(std::string_view sql) const;
+    /// Opens a result with a cursor; `values` are bound to the ?s in order. The rows of a plain
+    /// `SELECT * FROM T` with or without WHERE and ORDER BY can be changed.
+    [[nodiscard]] Recordset Open(std::string_view sql, std::span<const Value> values) const;
+    template <std::convertible_to<Value>... Values>
+    [[nodiscard]] Recordset Open(std::string_view sql, const Values&... values) const {
+        return Open(sql, std::array<Value, sizeof...(Values)>{values...});
+    }
 
     /// Prepares a statement to be read forward or run many times.
     [[nodiscard]] Statement Prepare(std::string_view sql) const;
+    template <std::convertible_to<Value>... Values>
+    [[nodiscard]] Statement Prepare(std::string_view sql, const Values&... values) const {
+        Statement statement = Prepare(sql);
+        statement.With(values...);
+        return statement;
+    }
 
     /// Closes the store; the object must not be used afterwards.
     void Close();
@@ -153,13 +180,20 @@ class Connection {
     Connection(std::filesystem::path path, const Store_Key& key, Mode mode, int engine_flags);
     void Set_Up(const Store_Key& key, Mode mode) const;
 
+    /// The statement of a text with its values, prepared when it came first.
+    [[nodiscard]] Statement& Prepared(std::string_view sql, std::span<const Value> values) const;
+
     friend class Statement;
+    friend class Recordset;
+    friend class Transaction;
     std::filesystem::path file;
     std::unique_ptr<sqlite3, Closer> handle;
+    mutable std::map<std::string, Statement, std::less<>> prepared;
 };
 
 /// Statements that belong together: all of them are kept by Commit, none when the object goes without it. One
-/// for reading sees the store at one moment and takes its lock once.
+/// for reading sees the store at one moment and takes its lock once. One within another is a part of it that
+/// can fail alone.
 class Transaction {
   public:
     enum class Purpose { Write, Read };
@@ -173,6 +207,7 @@ class Transaction {
 
   private:
     const Connection* connection;
+    bool part; ///< of the transaction of a caller
     bool open = true;
 };
 

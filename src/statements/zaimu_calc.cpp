@@ -64,7 +64,7 @@ class Book {
 
     Sum Get_Class_Sum(const std::string& id) {
         Sum sum;
-        if (classes.Find("科目分類識別= '" + id + "'")) {
+        if (classes.Find("科目分類識別", id)) {
             for (std::size_t i = 0; i < N; ++i) {
                 sum.of[i] = classes.At(static_cast<int>(i) + 1).As_Double();
             }

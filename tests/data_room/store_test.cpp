@@ -467,10 +467,10 @@ TEST_F(Store_Test, Recordsets_Read_And_Write) {
     rows.Set("印", -1);
     rows.Set("金額", Value());
     rows.Update();
-    EXPECT_TRUE(rows.Find(" 番号= 1 "));
+    EXPECT_TRUE(rows.Find("番号", 1));
     rows.Set("code", "別");
     rows.Update();
-    EXPECT_TRUE(rows.Find("Code= 'x'y'"));
+    EXPECT_TRUE(rows.Find("Code", "x'y"));
     EXPECT_EQ(rows["番号"].As_Integer(), 2);
     EXPECT_FALSE(rows.Find("番号", 3));
     EXPECT_TRUE(rows.Eof());
