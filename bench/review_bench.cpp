@@ -25,7 +25,7 @@ constexpr double aim_field = 8;
 constexpr int period = 35;
 
 void Set_Law_Year(Session& session, int law) {
-    session.Simyu_Kubun = static_cast<std::uint8_t>(law);
+    session.Simyu_Kubun = Law_Of(law).code;
     Cn_Open(session).Execute("UPDATE W_Yoso SET 現状 = " + std::to_string(law) + " WHERE 要素CD=210");
 }
 
@@ -86,7 +86,7 @@ void Measure(const std::filesystem::path& folder) {
     }
     const std::unique_ptr<Form> owner = Open(shell, "Frm_Syokuta_2012");
     for (const int index : {0, 1, 4, 6, 7, 13}) {
-        Measure_Check(shell, *owner, W2X_Request(4, index));
+        Measure_Check(shell, *owner, W2X_Request(Law_Of(4), index));
     }
     Measure_Check(shell, *owner, XZP_Request("X", 0));
     Measure_Check(shell, *owner, Y1_Request(6));

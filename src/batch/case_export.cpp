@@ -2,6 +2,7 @@
 #include "batch/case_file.h"
 
 #include "law/accounts.h"
+#include "law/law_year.h"
 #include "statements/zaimu_calc.h"
 
 #include <algorithm>
@@ -103,7 +104,8 @@ Json Period_Json(const Connection& cn, std::int64_t period, bool corporation) {
     record["決算期"] = period;
     const Recordset law =
         cn.Open("SELECT * FROM W_Yoso WHERE 決算期=" + std::to_string(period) + " And 要素CD=210;");
-    record["Simyu_Kubun"] = law.Eof() ? std::int64_t{1} : law["現状"].As_Integer(1);
+    const std::int64_t oldest = Law_Number(Oldest_Law_Year().code);
+    record["Simyu_Kubun"] = law.Eof() ? oldest : law["現状"].As_Integer(oldest);
     record["Ks_Zaihyo"] = Statement_Json(cn, period, corporation);
     record["Kandaka_Gj"] = Table_Json(cn, "Kandaka_Gj", "工種CD", period, Work_Columns(cn), nullptr);
     record["W_Yoso"] = Table_Json(cn, "W_Yoso", "要素CD", period,

@@ -10,7 +10,8 @@
 #include "data/store_file.h"
 #include "data/table_catalogue.h"
 #include "law/accounts.h"
-#include "screens/entry_limits.h"
+#include "law/elements.h"
+#include "review/work_columns.h"
 #include "statements/statement_section.h"
 
 #include <algorithm>
@@ -173,7 +174,7 @@ void Test_Limit(const Spot& spot, const Value& number, const Entry_Limit& limit)
 
 /// The limits that the screen of a table has for its fields.
 void Test_Value(const Spot& spot, Case_Table table, int code, const std::string& column, const Value& value,
-                int law_year) {
+                Law_Year_No law_year) {
     if (value.Is_Null()) {
         return;
     }
@@ -187,7 +188,7 @@ void Test_Value(const Spot& spot, Case_Table table, int code, const std::string&
         Test_Limit(spot, value, Limit_Of_Work_Column(column));
         break;
     case Case_Table::W_Yoso:
-        Test_Limit(spot, value, Limit_Of_Element(code, law_year));
+        Test_Limit(spot, value, Limit_Of_Element(code, Law_Of(law_year)));
         break;
     case Case_Table::QandA:
         Test_Text(spot, value, most_note, true);
@@ -204,7 +205,7 @@ void Test_Row(const Spot& spot, Case_Table table, int code, const std::string& c
     if (table == Case_Table::Kandaka_Gj && code == 32) {
         spot.Refuse("集計表示用の工種には数値を指定できません。");
     }
-    if (table == Case_Table::W_Yoso && code == 210 && column == "現状") {
+    if (table == Case_Table::W_Yoso && code == element::law_year && column == "現状") {
         spot.Refuse("経審改正年は Simyu_Kubun で指定します。");
     }
 }
@@ -221,7 +222,9 @@ Case_Period Read_Period(const Spot& spot, const Json& value, std::size_t index) 
         if (key == "決算期") {
             period.number = static_cast<std::int16_t>(Whole_Number(at, field, 0, 32767));
         } else if (key == "Simyu_Kubun") {
-            period.law_year = static_cast<int>(Whole_Number(at, field, 1, 4));
+            period.law_year = Law_Of(Whole_Number(at, field, Law_Number(Oldest_Law_Year().code),
+                                                  Law_Number(Newest_Law_Year().code)))
+                                  .code;
         } else if (key == "Ks_Zaihyo" || key == "Kandaka_Gj" || key == "W_Yoso" || key == "QandA") {
             period.tables[key] = Object_At(at, field);
         } else {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "data/connection.h"
+#include "law/law_year.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -16,9 +17,9 @@ namespace morvane {
 enum class Case_Table { Ks_Zaihyo, Kandaka_Gj, W_Yoso, QandA };
 
 struct Case_Period {
-    std::int16_t number = 0; ///< 決算期
-    int law_year = 4;        ///< Simyu_Kubun
-    std::size_t index = 0;   ///< place in the file
+    std::int16_t number = 0;                       ///< 決算期
+    Law_Year_No law_year = Newest_Law_Year().code; ///< Simyu_Kubun
+    std::size_t index = 0;                         ///< place in the file
     nlohmann::json tables;
 };
 

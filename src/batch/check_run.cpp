@@ -7,6 +7,7 @@
 #include "company/templates.h"
 #include "data/store_file.h"
 #include "data/table_catalogue.h"
+#include "law/elements.h"
 #include "review/x2_calc.h"
 #include "session/kidou_ini.h"
 #include "session/kyotu_mod.h"
@@ -72,9 +73,19 @@ std::vector<std::string> Balance_Findings(const Connection& cn) {
     return findings;
 }
 
-// W is formed by the end date from the second law year on.
+/// Whether W is formed by the end date in some period.
+bool Is_Dated(const Connection& cn) {
+    Statement rows = cn.Prepare("SELECT 現状 FROM W_Yoso WHERE 要素CD=?");
+    rows.Bind(1, element::law_year);
+    bool dated = false;
+    while (rows.Step()) {
+        dated = dated || Law_Of(rows.Integer_At(0)).has_w7_w8;
+    }
+    return dated;
+}
+
 std::vector<std::string> Date_Findings(const Connection& cn) {
-    if (cn.Open("SELECT * FROM W_Yoso WHERE 要素CD=210 And 現状>1").Eof()) {
+    if (!Is_Dated(cn)) {
         return {};
     }
     Review_Figures figures;

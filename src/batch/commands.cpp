@@ -196,8 +196,8 @@ int Run_Report(const Score_Arguments& arguments, const std::string& report, cons
 
 // ---- ten
 
-int Run_Ten(const std::string& name, std::int64_t amount, int law) {
-    const bool b = Law_Of(law).version_b;
+int Run_Ten(const std::string& name, std::int64_t amount, const Law_Year& law) {
+    const bool b = law.version_b;
     const std::map<std::string, std::pair<int, const Ten_Table*>> tables = {
         {"X1", {1, b ? &Ten_X1_B : &Ten_X1_A}},
         {"X2_1", {2, &Ten_X2_1}},
@@ -397,7 +397,7 @@ class Command_Line {
 
     // Numbers come as texts: the parser's own reading takes a leading zero for another base.
     template <class Texts>
-    static CLI::Option* Add_Number(CLI::App* sub, const char* name, Texts& texts, const char* does) {
+    static CLI::Option* Add_Number(CLI::App* sub, const char* name, Texts& texts, const std::string& does) {
         return sub->add_option(name, texts, does)->allow_extra_args(false)->type_name("数");
     }
 
@@ -468,12 +468,14 @@ class Command_Line {
         CLI::App* sub = Add("ten", "評点表の点数と行を表示します。", "morvane-batch ten X1 120000 --law 4");
         One_Of(sub->add_option("TABLE", table, "評点表")->required(), {"X1", "X2_1", "X2_2", "Z1", "Z2"});
         sub->add_option("VALUE", value, "金額（千円）、Z1 は技術職員数値")->required()->type_name("数");
-        Add_Number(sub, "--law", law, "改正年の区分 1～4（省略時 4）");
+        Add_Number(sub, "--law", law,
+                   "改正年の区分 " + std::to_string(Law_Number(Oldest_Law_Year().code)) + "～" + law +
+                       "（省略時 " + law + "）");
         sub->callback([this] {
             const auto number = Number_Argument<std::int64_t>("VALUE ", value, INT64_MIN, INT64_MAX);
-            const int code =
-                Number_Argument<int>("--law ", law, law_years.front().code, law_years.back().code);
-            command = [this, number, code] { return Run_Ten(table, number, code); };
+            const int code = Number_Argument<int>("--law ", law, Law_Number(Oldest_Law_Year().code),
+                                                  Law_Number(Newest_Law_Year().code));
+            command = [this, number, code] { return Run_Ten(table, number, Law_Of(code)); };
         });
     }
 
@@ -497,7 +499,7 @@ class Command_Line {
     std::vector<std::string> companies;
     std::optional<std::string> company, period, jobs;
     std::string value;
-    std::string law = std::to_string(law_years.back().code);
+    std::string law = std::to_string(Law_Number(Newest_Law_Year().code));
 };
 
 } // namespace

@@ -2,6 +2,8 @@
 #include "batch/score_format.h"
 
 #include "data/shown_text.h"
+#include "data/work_columns.h"
+#include "law/elements.h"
 #include "session/kyotu_mod.h"
 
 #include <array>
@@ -45,15 +47,15 @@ struct W_Row {
     const char* name;
     int element;
 };
-constexpr std::array<W_Row, 9> w_rows = {{{"W1", 100},
-                                          {"W2", 110},
-                                          {"W3", 120},
-                                          {"W4", 130},
-                                          {"W5", 140},
-                                          {"W6", 150},
-                                          {"W7", 213},
-                                          {"W8", 216},
-                                          {"W", 200}}};
+constexpr std::array<W_Row, 9> w_rows = {{{"W1", element::w1},
+                                          {"W2", element::w2},
+                                          {"W3", element::w3},
+                                          {"W4", element::w4},
+                                          {"W5", element::w5},
+                                          {"W6", element::w6},
+                                          {"W7", element::w7},
+                                          {"W8", element::w8},
+                                          {"W", element::w}}};
 
 /// The columns of a line in every format.
 struct Line_Column {
@@ -61,19 +63,19 @@ struct Line_Column {
     const char* heading; ///< of the table; null where the table leaves it out
     Figure Work_Line::*figure;
 };
-constexpr std::array<Line_Column, 7> line_columns = {{{"完工高平均", "完成工事高", &Work_Line::Nheikin},
-                                                      {"評点X1", "X1", &Work_Line::X1},
-                                                      {"評点Z1", "Z1", &Work_Line::Zi},
-                                                      {"元請完工高平均", "元請完工高", &Work_Line::Mnheikin},
-                                                      {"評点Z2", "Z2", &Work_Line::Zro},
-                                                      {"評点Z", "Z", &Work_Line::Z},
-                                                      {"総合評点P", "P", &Work_Line::P}}};
+constexpr std::array<Line_Column, 7> line_columns = {
+    {{work_column::average, "完成工事高", &Work_Line::Nheikin},
+     {work_column::x1, "X1", &Work_Line::X1},
+     {work_column::z1, "Z1", &Work_Line::Zi},
+     {work_column::prime_average, "元請完工高", &Work_Line::Mnheikin},
+     {work_column::z2, "Z2", &Work_Line::Zro},
+     {work_column::z, "Z", &Work_Line::Z},
+     {work_column::p, "P", &Work_Line::P}}};
 
-// At law year 1 machines and standards have no score; a figure left from another law year is none of this
-// one.
+// A figure left from another law year is none of this one.
 std::int32_t W_Of(const Settled_Score& score, int element) {
-    const bool absent = element >= 211 && !Law_Of(score.figures.law_year).has_w7_w8;
-    return absent ? 0 : score.figures.Yoso(element);
+    const bool has = Find_Element(element)->law.Has(Law_Of(score.figures.law_year));
+    return has ? score.figures.Yoso(element) : 0;
 }
 
 // A name of a foreign store may be no valid text; what is written is valid all the same.
@@ -86,7 +88,7 @@ std::string Json_Text(const Settled_Score& score) {
     record["管理No"] = score.kanri_no;
     record["事業所名"] = score.jigyo_name;
     record["決算期"] = score.period;
-    record["Simyu_Kubun"] = score.figures.law_year;
+    record["Simyu_Kubun"] = Law_Number(score.figures.law_year);
     record["scenario"] = score.scenario->name;
     record["Y"] = {{"X", Floats(score.y.Y_Kekka)},
                    {"ritu", Floats(score.y.Y_Ritu)},
@@ -134,8 +136,9 @@ std::string Csv_Quoted(const std::string& text) {
 std::string Csv_Lines(const Settled_Score& score) {
     std::string text;
     const std::string firm = std::to_string(score.kanri_no) + "," + Csv_Quoted(score.jigyo_name) + "," +
-                             std::to_string(score.period) + "," + std::to_string(score.figures.law_year) +
-                             "," + std::string(score.scenario->name) + ",";
+                             std::to_string(score.period) + "," +
+                             std::to_string(Law_Number(score.figures.law_year)) + "," +
+                             std::string(score.scenario->name) + ",";
     for (std::size_t i = 0; i < work_line_count; ++i) {
         const Work_Line& line = score.figures.works[i];
         if (!line.row) {
@@ -147,7 +150,7 @@ std::string Csv_Lines(const Settled_Score& score) {
             text += "," + (figure.up ? std::to_string(figure.value) : std::string());
         }
         text += "," + std::to_string(score.y.Y_Ten) + "," + std::to_string(score.x2.X2_Ten) + "," +
-                std::to_string(W_Of(score, 200)) + "\n";
+                std::to_string(W_Of(score, element::w)) + "\n";
     }
     return text;
 }
@@ -181,8 +184,8 @@ std::string Table_Text(const Settled_Score& score) {
                        "\n";
     text += "  経営状況 Y " + std::to_string(score.y.Y_Ten) + "（A " + Short_Text(score.y.Y_A_Ten) +
             "）  X2 " + std::to_string(score.x2.X2_Ten) + "（自己資本 " + std::to_string(score.x2.X2_1_Ten) +
-            "、利益 " + std::to_string(score.x2.X2_2_Ten) + "）  W " + std::to_string(W_Of(score, 200)) +
-            "（";
+            "、利益 " + std::to_string(score.x2.X2_2_Ten) + "）  W " +
+            std::to_string(W_Of(score, element::w)) + "（";
     for (std::size_t i = 0; i + 1 < w_rows.size(); ++i) {
         text += (i == 0 ? "" : " ") + std::string(w_rows[i].name) + ":" +
                 std::to_string(W_Of(score, w_rows[i].element));

@@ -4,7 +4,9 @@
 #include "company/law_change.h"
 #include "company/table_edit.h"
 #include "data/store_file.h"
+#include "data/work_columns.h"
 #include "law/accounts.h"
+#include "law/elements.h"
 #include "law/era_date.h"
 #include "review/x2_calc.h"
 #include "session/boxes.h"
@@ -26,8 +28,11 @@ constexpr std::array<const char*, 16> master_columns = {
 
 // The items that stand from year to year: insurances and schemes, years in business, agreements, accounting
 // staff, research cost.
-constexpr std::array<int, 13> standing_elements = {101, 102, 103, 104, 105, 111, 121,
-                                                   131, 141, 142, 143, 151, 152};
+constexpr std::array standing_elements = {
+    element::welfare,     element::welfare + 1,       element::welfare + 2,        element::welfare + 3,
+    element::welfare + 4, element::years_in_business, element::disaster_agreement, element::compliance,
+    element::audit,       element::accountants_1,     element::accountants_2,      element::research_before,
+    element::research};
 
 const char* Master_Table(const Session& session) {
     return session.Is_Hokkaido() ? "Ks_Zaihyo_Hk_new" : "Ks_Zaihyo_Zk_new";
@@ -88,15 +93,15 @@ void Copy_Works(const Copy_Job& job) {
     Recordset rows = job.cn.Open("SELECT * FROM Kandaka_Gj WHERE 決算期=-32768;");
     // New column, source column of the neighbour.
     static constexpr std::array<std::pair<const char*, const char*>, 9> rolled = {{
-        {"完工高前々期", "完工高前期"},
-        {"完工高前期", "完工高基準"},
-        {"元請完工高前々期", "元請完工高前期"},
-        {"元請完工高前期", "元請完工高基準"},
-        {"技術者1", "技術者1"},
-        {"技術者2", "技術者2"},
-        {"技術者3", "技術者3"},
-        {"技術者4", "技術者4"},
-        {"技術者5", "技術者5"},
+        {work_column::before_last, work_column::last},
+        {work_column::last, work_column::base},
+        {work_column::prime_before_last, work_column::prime_last},
+        {work_column::prime_last, work_column::prime_base},
+        {work_column::engineers_1, work_column::engineers_1},
+        {work_column::engineers_2, work_column::engineers_2},
+        {work_column::engineers_3, work_column::engineers_3},
+        {work_column::engineers_4, work_column::engineers_4},
+        {work_column::engineers_5, work_column::engineers_5},
     }};
     for (; !source.Eof(); source.Move_Next()) {
         rows.Add_New();
@@ -113,14 +118,14 @@ void Copy_Works(const Copy_Job& job) {
 void Copy_Elements(const Copy_Job& job) {
     Recordset source = job.cn.Open(Of_Period("W_Yoso", job.source, "要素CD"));
     Recordset rows = job.cn.Open("SELECT * FROM W_Yoso WHERE 決算期=-32768;");
-    const bool has_106 = source.Find("要素CD", 106);
-    const bool has_210 = source.Find("要素CD", 210);
-    const bool has_221 = source.Find("要素CD", 221);
+    const bool has_pension = source.Find("要素CD", element::welfare_last);
+    const bool has_law_year = source.Find("要素CD", element::law_year);
+    const bool has_young = source.Find("要素CD", element::engineers);
     for (source.Move_First(); !source.Eof(); source.Move_Next()) {
         const auto code = static_cast<int>(source["要素CD"].As_Integer());
         const bool stands =
             std::find(standing_elements.begin(), standing_elements.end(), code) != standing_elements.end() ||
-            (code == 999 && !has_106);
+            (code == element::waiting_pension && !has_pension);
         rows.Add_New();
         rows.Set("決算期", job.new_period);
         rows.Set("要素CD", code);
@@ -128,16 +133,15 @@ void Copy_Elements(const Copy_Job& job) {
         rows.Set("現状", stands ? source["現状"] : Value());
         rows.Update();
     }
-    if (!has_210) {
+    if (!has_law_year) {
         Add_Law_Rows(job.cn, job.session, job.new_period);
     }
-    if (!has_106) {
+    if (!has_pension) {
         Make_Room_For_Pension(job.cn, job.new_period);
     }
-    if (!has_221) {
+    if (!has_young) {
         Add_Young_Engineer_Rows(job.cn, job.new_period);
-        job.cn.Execute("UPDATE W_Yoso SET [現状] = 4 WHERE 決算期=" + std::to_string(job.new_period) +
-                       " and 要素CD=210;");
+        Put_Law_Year(job.cn, job.new_period, Newest_Law_Year().code);
     }
 }
 
@@ -208,7 +212,7 @@ bool Fill_Blank_Company(const Connection& cn, const Session& session, std::int16
     for (const char* table : {"Ks_Zaihyo", "Kandaka_Gj", "W_Yoso", "QandA"}) {
         cn.Execute(std::string("UPDATE ") + table + " SET " + table + ".決算期 =" + number + ";");
     }
-    cn.Execute("UPDATE W_Yoso SET W_Yoso.現状 = 4 Where 要素CD=210;");
+    Put_Law_Year(cn, period, Newest_Law_Year().code);
     const std::array<Value, 1> values = {period};
     cn.Execute("INSERT INTO Ks_ki (決算期) VALUES (?)", values);
     return true;
@@ -256,7 +260,7 @@ void Take_Period(const Connection& cn, int period, int former) {
 }
 
 bool Period_Copy(Session& session, std::int16_t new_period, std::int16_t base_period, Copy_Mode mode,
-                 std::optional<int> law_year) {
+                 std::optional<Law_Year_No> law_year) {
     Session next = session;
     next.Data_Ver = Present_Data_Ver(session);
     next.Syori_Ki = new_period;

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
+#include "law/law_year.h"
 #include "session/session.h"
 
 #include <cstdint>
@@ -12,9 +13,9 @@ namespace morvane {
 enum class Copy_Mode : std::uint8_t { After = 1, Before = 2 };
 
 /// Puts a blank company with one period into the working store: the template, over it the edition's chart of
-/// accounts with the captions and visible lines of the firm type (1 corporation, else individual), law
-/// year 4. Sets Data_Ver. Nothing changes where it fails: a template that does not fit the chart shows
-/// "データ異常" and gives false; raises Store_Error.
+/// accounts with the captions and visible lines of the firm type (1 corporation, else individual), the
+/// newest law year. Sets Data_Ver. Nothing changes where it fails: a template that does not fit the chart
+/// shows "データ異常" and gives false; raises Store_Error.
 bool New_Data_Set(Session& session, std::int16_t hojin_kojin, std::int16_t period);
 
 /// Makes `period` the one in hand in Jigyo_mas: 処理決算期, and the years of the fiscal period shifted by the
@@ -31,12 +32,12 @@ void Report_Bad_Template(const Session& session);
 
 /// Adds the period `new_period` beside its neighbour, which gives the standing items and, in mode After, the
 /// completed work and engineers rolled on by one period. `base_period` is the period in hand, by which the
-/// years of Jigyo_mas are shifted. Its law year is as copied or, where given, `law_year` (1 to 4). The new
+/// years of Jigyo_mas are shifted. Its law year is as copied or, where given, `law_year`. The new
 /// period is in hand afterwards: sets Data_Ver, Syori_Ki and Simyu_Kubun. One transaction; an empty chart
 /// shows "データ異常" and gives false. Raises Store_Error, also for a period that is registered already or a
 /// neighbour that is not.
 bool Period_Copy(Session& session, std::int16_t new_period, std::int16_t base_period, Copy_Mode mode,
-                 std::optional<int> law_year = {});
+                 std::optional<Law_Year_No> law_year = {});
 
 /// The data form of periods made now: 6 in the Hokkaido edition, else 5.
 std::uint8_t Present_Data_Ver(const Session& session);

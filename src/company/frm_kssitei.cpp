@@ -33,9 +33,6 @@ constexpr std::array<Option, 3> mode_options = {{
     {"Opt(2)", "新規決算期（前）(&3)", "最古の決算期の前の期を作成します。"},
 }};
 
-constexpr std::array<const char*, law_years.size()> law_option_names = {"Simyu2008_flg", "Simyu2011_flg",
-                                                                        "Simyu2012_flg", "Simyu2015_flg"};
-
 constexpr int choices_width = 284;
 
 constexpr std::array<List_Column, 3> list_columns = {{{"決算期", 8}, {"経審計算年"}, {"状態", 7}}};
@@ -120,9 +117,9 @@ QWidget* Frm_KsSitei::Make_Mode_Panel() {
 QWidget* Frm_KsSitei::Make_Law_Panel() {
     auto* panel = new Section_Box(QStringLiteral("経審計算年"));
     panel->setFixedWidth(choices_width);
-    for (const Law_Year& law : law_years) {
-        QRadioButton* option = Named_Option(law_option_names[law.code - 1U], QString::fromUtf8(law.name));
-        law_options->addButton(option, law.code);
+    for (const Law_Year& law : Law_Years()) {
+        QRadioButton* option = Named_Option(law.option, QString::fromUtf8(law.name));
+        law_options->addButton(option, Law_Number(law.code));
         panel->body->addWidget(option, 0, Qt::AlignLeft);
     }
     // Lines of a fixed width: a wrapping label would not tell its height to the layout.
@@ -132,8 +129,7 @@ QWidget* Frm_KsSitei::Make_Law_Panel() {
     conversion->setWordWrap(false);
     conversion->setFont(theme::Gothic(9));
     panel->body->addWidget(conversion);
-    Wire(law_options, &QButtonGroup::idClicked,
-         [this](int id) { Law_Clicked(static_cast<std::uint8_t>(id)); });
+    Wire(law_options, &QButtonGroup::idClicked, [this](int id) { Law_Clicked(Law_Of(id).code); });
     return panel;
 }
 
@@ -231,34 +227,34 @@ void Frm_KsSitei::Show_Law_Of_Chosen() {
     }
     const Period_Entry& period = periods[static_cast<std::size_t>(row)];
     if (period.Has_Law_Options()) {
-        Mark_Law(Law_Of(period.law_year).code, true);
+        Mark_Law(period.law_year, true);
     } else {
         Mark_Law(std::nullopt, false);
     }
 }
 
-void Frm_KsSitei::Mark_Law(std::optional<std::uint8_t> law_year, bool enabled) {
-    marked_law = law_year.value_or(0);
+void Frm_KsSitei::Mark_Law(std::optional<Law_Year_No> law_year, bool enabled) {
+    marked_law = law_year.value_or(Law_Year_No{});
     law_options->setExclusive(false);
     for (QAbstractButton* option : law_options->buttons()) {
-        option->setChecked(law_options->id(option) == marked_law);
+        option->setChecked(law_options->id(option) == Law_Number(marked_law));
         option->setEnabled(enabled);
     }
     law_options->setExclusive(true);
 }
 
-void Frm_KsSitei::Law_Clicked(std::uint8_t law_year) {
+void Frm_KsSitei::Law_Clicked(Law_Year_No law_year) {
     if (mode == Mode::Existing) {
         const int row = list->Selected_Row();
         const std::int16_t period = *Chosen();
-        const std::uint8_t mark = Change_Law_Year(shell.session, period, law_year, marked_law);
+        const Law_Year_No mark = Change_Law_Year(shell.session, period, law_year, marked_law);
         Show_Periods();
         list->Select_Row(row);
         Mark_Law(mark, true);
         return;
     }
     // A period that is still to be made has nothing to be changed.
-    if (law_year == 1 && marked_law != 1) {
+    if (Law_Of(law_year).closed && marked_law != law_year) {
         Refuse_Law_2008(shell.session);
     } else {
         marked_law = law_year;

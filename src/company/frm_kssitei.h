@@ -39,8 +39,8 @@ class Frm_KsSitei : public Form {
     void Show_Periods();
     void Show_Mode(Mode to);
     void Show_Law_Of_Chosen();
-    void Mark_Law(std::optional<std::uint8_t> law_year, bool enabled);
-    void Law_Clicked(std::uint8_t law_year);
+    void Mark_Law(std::optional<Law_Year_No> law_year, bool enabled);
+    void Law_Clicked(Law_Year_No law_year);
     void Excute();
     void Show_Fault(const QString& text);
 
@@ -51,7 +51,7 @@ class Frm_KsSitei : public Form {
 
     std::vector<Period_Entry> periods;
     Mode mode = Mode::Existing;
-    std::uint8_t marked_law = 0; ///< 0 none
+    Law_Year_No marked_law{}; ///< {} none
 
     Record_List* list;
     QLabel* Lbl_Kizon;

@@ -30,8 +30,8 @@ std::string Ordinal(std::int64_t number) {
 bool Agreed_To_Create(const Session& session, const std::vector<Period_Entry>& periods, Copy_Mode mode) {
     if (mode == Copy_Mode::After) {
         return Ask(session, "新規決算期処理確認",
-                   "新規決算期（後）のデータを作成します。作成されるデータは、2015年改正以降のデータです。\n"
-                   "よろしいですか？");
+                   std::string("新規決算期（後）のデータを作成します。作成されるデータは、") +
+                       Newest_Law_Year().name + "のデータです。\nよろしいですか？");
     }
     const char* title = "新決算期指定エラー";
     if (periods.front().data_ver < 3) {
@@ -77,9 +77,8 @@ std::optional<int> Proposed_Period(const std::vector<Period_Entry>& periods, Cop
     return number < lowest_number || number > highest_number ? std::nullopt : std::optional(number);
 }
 
-std::uint8_t Proposed_Law_Year(const std::vector<Period_Entry>& periods, Copy_Mode mode) {
-    return mode == Copy_Mode::After || periods.empty() ? law_years.back().code
-                                                       : Law_Of(periods.front().law_year).code;
+Law_Year_No Proposed_Law_Year(const std::vector<Period_Entry>& periods, Copy_Mode mode) {
+    return mode == Copy_Mode::After || periods.empty() ? Newest_Law_Year().code : periods.front().law_year;
 }
 
 std::string No_Period_Before(const std::vector<Period_Entry>& periods) {
@@ -111,7 +110,7 @@ std::string New_Period_Fault(const std::vector<Period_Entry>& periods, const Val
     return {};
 }
 
-Creation Create_Period(Session& session, const Value& number, Copy_Mode mode, std::uint8_t law_year) {
+Creation Create_Period(Session& session, const Value& number, Copy_Mode mode, Law_Year_No law_year) {
     const std::vector<Period_Entry> periods = Read_Periods(session);
     if (!New_Period_Fault(periods, number, mode).empty()) {
         return Creation::Bad_Number;
@@ -188,20 +187,19 @@ bool Delete_Period(const Session& session, std::optional<std::int16_t> chosen) {
     return true;
 }
 
-std::uint8_t Change_Law_Year(Session& session, std::int16_t period, std::uint8_t wanted,
-                             std::uint8_t marked) {
-    const std::uint8_t present = Get_Simyu_Kubun(session, period);
-    if (wanted == present || wanted == 4) {
+Law_Year_No Change_Law_Year(Session& session, std::int16_t period, Law_Year_No wanted, Law_Year_No marked) {
+    const Law_Year& present = Law_Of(Get_Simyu_Kubun(session, period));
+    const Law_Year& law = Law_Of(wanted);
+    if (wanted == present.code || (law.has_additions && !present.has_additions)) {
         return wanted;
     }
-    if (wanted == 1) {
+    if (law.closed) {
         Refuse_Law_2008(session);
         return marked;
     }
-    const std::string change =
-        wanted == 2 ? "2011年改正のデータに変更します。" : "2012年改正のデータに変更します。";
-    if (!Ask(session, "経審計算年の変更確認", change + "\nよろしいですか？")) {
-        return wanted == 2 ? std::uint8_t{3} : present;
+    if (!Ask(session, "経審計算年の変更確認",
+             std::string(law.name) + "のデータに変更します。\nよろしいですか？")) {
+        return law.option_if_declined == Law_Year_No{} ? present.code : law.option_if_declined;
     }
     Set_Law_Year(session, period, wanted);
     // The menu opens forms by the session's law year, which is that of the period in hand.

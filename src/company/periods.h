@@ -15,7 +15,7 @@ namespace morvane {
 struct Period_Entry {
     std::int16_t number;   ///< ordinal 決算期
     std::uint8_t data_ver; ///< data form (Get_Data_Ver)
-    std::uint8_t law_year; ///< law year (Get_Simyu_Kubun)
+    Law_Year_No law_year;  ///< law year (Get_Simyu_Kubun)
 
     /// Only the statement of 2010 is reviewed under more than one law year.
     [[nodiscard]] bool Has_Law_Options() const { return data_ver == 5 || data_ver == 6; }
@@ -36,7 +36,7 @@ std::optional<int> Proposed_Period(const std::vector<Period_Entry>& periods, Cop
 
 /// The law year that a new period on one side is proposed to have: the present one behind the newest, that of
 /// the neighbour before the oldest.
-std::uint8_t Proposed_Law_Year(const std::vector<Period_Entry>& periods, Copy_Mode mode);
+Law_Year_No Proposed_Law_Year(const std::vector<Period_Entry>& periods, Copy_Mode mode);
 
 /// Why there is no number before the oldest period, in Japanese; empty where there is one.
 std::string No_Period_Before(const std::vector<Period_Entry>& periods);
@@ -48,11 +48,11 @@ std::string New_Period_Fault(const std::vector<Period_Entry>& periods, const Val
 /// How far the creation of a period came.
 enum class Creation { Made, Bad_Number, Declined };
 
-/// Makes a new period with the law year `law_year` (1 to 4) beside its neighbour and takes it in hand: asks,
+/// Makes a new period with the law year `law_year` beside its neighbour and takes it in hand: asks,
 /// refuses an oldest period older than the form of 2008, copies, says that it is done. A number with a fault
 /// gives Bad_Number without a box. Where it is not made, store and session are as they were. One
 /// transaction. Raises Store_Error.
-Creation Create_Period(Session& session, const Value& number, Copy_Mode mode, std::uint8_t law_year);
+Creation Create_Period(Session& session, const Value& number, Copy_Mode mode, Law_Year_No law_year);
 
 /// Takes a registered period in hand: Jigyo_mas with its years, then the session by Company_Reload. False
 /// where nothing is chosen or the data form is none of 2008 or later, each with its box. Raises Store_Error.
@@ -62,11 +62,11 @@ bool Choose_Period(Session& session, std::optional<std::int16_t> chosen);
 /// refused or answered with No. One transaction. Raises Store_Error.
 bool Delete_Period(const Session& session, std::optional<std::int16_t> chosen);
 
-/// The user picks a law year for a registered period, whose options show `marked`: asks and renumbers for
-/// 2011 and 2012, refuses 2008, changes nothing for 2015, which has a conversion of its own. The law year
-/// of the session follows where the period is the one in hand. Gives the option to be marked afterwards; No
-/// to 2011 marks 2012, whatever stood before. One transaction. Raises Store_Error.
-std::uint8_t Change_Law_Year(Session& session, std::int16_t period, std::uint8_t wanted, std::uint8_t marked);
+/// The user picks a law year for a registered period, whose options show `marked`: asks and renumbers,
+/// refuses 2008, changes nothing where the period lacks the items of 2015, which have a conversion of their
+/// own. The law year of the session follows where the period is the one in hand. Gives the option to be
+/// marked afterwards. One transaction. Raises Store_Error.
+Law_Year_No Change_Law_Year(Session& session, std::int16_t period, Law_Year_No wanted, Law_Year_No marked);
 
 /// Refuses 2008 as a law year to be simulated.
 void Refuse_Law_2008(const Session& session);

@@ -2,11 +2,13 @@
 #include "company/table_edit.h"
 
 #include "data/same_name.h"
+#include "data/work_columns.h"
 #include "law/accounts.h"
+#include "law/elements.h"
+#include "review/syokuta.h"
 
 #include <algorithm>
 #include <array>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -25,12 +27,6 @@ constexpr Ledger_Row fix_161 = {14, "2010/05/24", "2010版　科目No.161 集計
 constexpr Ledger_Row fix_232 = {15, "2010/07/11", "2010版　科目No.232 科目分類識別をKtf に修正"};
 constexpr Ledger_Row add_gijutusya6 = {21, "2021/05/13", "2021版　管理技術者補佐関連　フィールド追加"};
 
-constexpr std::array<std::string_view, 7> young_engineer_names = {
-    "技術職員数all", "若年数_継続",      "若年数_継続_割合", "若年数_継続_点数",
-    "若年数_新規",   "若年数_新規_割合", "若年数_新規_点数"};
-constexpr std::array<std::string_view, 7> work_style_names = {
-    "女性活躍推進", "次世代法", "ユースエール", "履歴蓄積", "エコアクション", "WLB_点数", "履歴蓄積_点数"};
-
 std::string Of_Period(const char* table, int period) {
     return std::string("SELECT * FROM ") + table + " WHERE 決算期=" + std::to_string(period);
 }
@@ -40,26 +36,11 @@ void Add_Ledger_Row(const Connection& cn, const Ledger_Row& row) {
     cn.Execute("INSERT INTO sys_info (Info_No, Info_Date, Info) VALUES (?, ?, ?)", values);
 }
 
-void Add_Element(const Connection& cn, int period, int code, std::string_view name) {
-    const std::array<Value, 3> values = {period, code, name};
-    cn.Execute("INSERT INTO W_Yoso (決算期, 要素CD, 要素名) VALUES (?, ?, ?)", values);
-}
-
-void Add_Missing_Elements(const Connection& cn, int period, int first,
-                          std::span<const std::string_view> names) {
-    for (std::size_t i = 0; i < names.size(); ++i) {
-        const int code = first + static_cast<int>(i);
-        if (cn.Open(Of_Period("W_Yoso", period) + " And 要素CD=" + std::to_string(code) + ";").Eof()) {
-            Add_Element(cn, period, code, names[i]);
-        }
-    }
-}
-
 // A store whose change was broken off may have the columns and lack the ledger row; each column is looked at.
 void Add_Gijutusya6(const Connection& cn) {
     const std::vector<std::string> present = cn.Open("SELECT * FROM Kandaka_GJ WHERE 決算期=-1;").Columns();
     for (const char* prefix : {"", "改0", "改1", "改2", "改3"}) {
-        const std::string column = std::string(prefix) + "技術者6";
+        const std::string column = std::string(prefix) + work_column::engineers_6;
         if (std::none_of(present.begin(), present.end(),
                          [&](const std::string& name) { return Same_Name(name, column); })) {
             cn.Execute("ALTER TABLE Kandaka_GJ ADD COLUMN " + column + " Integer");
@@ -98,8 +79,9 @@ Pending Look(const Connection& cn, const Session& session) {
             Has_Rows(cn, "Kandaka_Gj", period) &&
                 cn.Open(Of_Period("Kandaka_Gj", period) + " And 工種CD=33 And 工種略='その他';").Eof(),
             present_form && !Sys_Info_Has(cn, add_gijutusya6.number),
-            Has_Rows(cn, "W_Yoso", period) &&
-                cn.Open(Of_Period("W_Yoso", period) + " And 要素CD=239;").Eof()};
+            Has_Rows(cn, "W_Yoso", period) && cn.Open(Of_Period("W_Yoso", period) + " And 要素CD=" +
+                                                      std::to_string(element::eco_action) + ";")
+                                                  .Eof()};
 }
 
 } // namespace
@@ -109,7 +91,7 @@ bool Sys_Info_Has(const Connection& cn, int info_no) {
 }
 
 void Add_Young_Engineer_Rows(const Connection& cn, int period) {
-    Add_Missing_Elements(cn, period, 221, young_engineer_names);
+    Add_Missing_Elements(cn, period, element::engineers, element::young_new_points);
 }
 
 void Table_Edit_Run(const Session& session) {
@@ -144,7 +126,7 @@ void Table_Edit(const Connection& cn, const Session& session) {
         Add_Ledger_Row(cn, add_gijutusya6);
     }
     if (pending.work_style) {
-        Add_Missing_Elements(cn, session.Syori_Ki, 235, work_style_names);
+        Add_Missing_Elements(cn, session.Syori_Ki, element::women, element::work_history_points);
     }
 }
 

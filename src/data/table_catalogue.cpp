@@ -2,6 +2,7 @@
 #include "data/table_catalogue.h"
 
 #include "data/same_name.h"
+#include "data/work_columns.h"
 
 #include <algorithm>
 #include <array>
@@ -15,11 +16,26 @@ namespace {
 
 using enum Column_Type;
 
-constexpr std::array<std::string_view, 20> scenario_columns = {
-    "完工高前々期",   "完工高前期",     "完工高前平均",     "完工高基準",     "完工高平均",
-    "評点X1",         "技術者1",        "技術者2",          "技術者3",        "技術者4",
-    "技術者5",        "評点Z1",         "元請完工高前々期", "元請完工高前期", "元請完工高前平均",
-    "元請完工高基準", "元請完工高平均", "評点Z2",           "評点Z",          "総合評点P"};
+constexpr std::array<std::string_view, 20> scenario_columns = {work_column::before_last,
+                                                               work_column::last,
+                                                               work_column::former_average,
+                                                               work_column::base,
+                                                               work_column::average,
+                                                               work_column::x1,
+                                                               work_column::engineers_1,
+                                                               work_column::engineers_2,
+                                                               work_column::engineers_3,
+                                                               work_column::engineers_4,
+                                                               work_column::engineers_5,
+                                                               work_column::z1,
+                                                               work_column::prime_before_last,
+                                                               work_column::prime_last,
+                                                               work_column::prime_former_average,
+                                                               work_column::prime_base,
+                                                               work_column::prime_average,
+                                                               work_column::z2,
+                                                               work_column::z,
+                                                               work_column::p};
 
 constexpr std::array<std::string_view, 9> older_engineer_columns = {
     "技術者1前期",  "技術者2前期", "技術者他前期", "技術者1基準", "技術者2基準",
@@ -73,7 +89,7 @@ std::vector<Column_Info> Work_Columns() {
     }
     // Added in place by the revision of 2021, hence behind the others.
     for (const char* prefix : {"", "改0", "改1", "改2", "改3"}) {
-        columns.push_back({std::string(prefix) + "技術者6", Integer});
+        columns.push_back({std::string(prefix) + work_column::engineers_6, Integer});
     }
     return columns;
 }
@@ -235,7 +251,7 @@ std::vector<std::string> Missing_In_Store(const Connection& store, Store_Kind ki
             continue;
         }
         for (const Column_Info& column : table.columns) {
-            const bool later = table.name == "Kandaka_Gj" && column.name.ends_with("技術者6");
+            const bool later = table.name == "Kandaka_Gj" && column.name.ends_with(work_column::engineers_6);
             const bool found = std::any_of(present.begin(), present.end(), [&](const std::string& own) {
                 return Same_Name(own, column.name);
             });

@@ -430,12 +430,12 @@ std::string Formula_Text(const Ten_Table& table, int number) {
 
 } // namespace
 
-const Ten_Table& Table_Of_Number(int Tbl_Disp_No, int law) {
+const Ten_Table& Table_Of_Number(int Tbl_Disp_No, const Law_Year& law) {
     if (Tbl_Disp_No < 1 || Tbl_Disp_No > static_cast<int>(std::size(tbl_captions))) {
         throw std::out_of_range("別表の番号が正しくありません。");
     }
     const Tbl_Captions& captions = tbl_captions[Tbl_Disp_No - 1];
-    return law == 1 ? *captions.version_a : *captions.version_b;
+    return law.version_b ? *captions.version_b : *captions.version_a;
 }
 
 bool Printed_As_Computed(const Ten_Table& table, int row) {
@@ -443,7 +443,7 @@ bool Printed_As_Computed(const Ten_Table& table, int row) {
                         [&](const Printed_Otherwise& p) { return p.table == &table && p.row == row; });
 }
 
-Tbl_Lists Set_Tbl_Lists(int Tbl_Disp_No, int law) {
+Tbl_Lists Set_Tbl_Lists(int Tbl_Disp_No, const Law_Year& law) {
     const Ten_Table& table = Table_Of_Number(Tbl_Disp_No, law);
     Tbl_Lists lists{tbl_captions[Tbl_Disp_No - 1].heading, std::string(table.caption) + " 別表", {}, {}};
     lists.limits.push_back(Limit_Text(table, table.constant_from));

@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
+#include "law/law_year.h"
+
 #include <cstdint>
 #include <span>
 #include <string>
@@ -50,9 +52,9 @@ struct Ten_Result {
 /// them Run_Time_Error (overflow) is raised, so the uppermost rows cannot be used in full.
 [[nodiscard]] Ten_Result Ten_Lookup(const Ten_Table& table, std::int32_t v);
 
-/// The table behind `Tbl_Disp_No` (1 X1, 2 X2_1, 3 X2_2, 4 Z2, 5 Z1) at a law year mark: X1 and Z2 in version
-/// A when it is 1, else in version B. Any other number raises std::out_of_range.
-[[nodiscard]] const Ten_Table& Table_Of_Number(int Tbl_Disp_No, int law);
+/// The table behind `Tbl_Disp_No` (1 X1, 2 X2_1, 3 X2_2, 4 Z2, 5 Z1) at a law year, which tells the version
+/// of X1 and Z2. Any other number raises std::out_of_range.
+[[nodiscard]] const Ten_Table& Table_Of_Number(int Tbl_Disp_No, const Law_Year& law);
 
 /// Whether the formula that Set_Tbl_Lists prints for row `row` is the one that scores.
 [[nodiscard]] bool Printed_As_Computed(const Ten_Table& table, int row);
@@ -69,6 +71,6 @@ struct Tbl_Lists {
 };
 
 /// The texts of the table of Table_Of_Number. Limits are in yen (億円, 万円), those of Z1 plain numbers.
-[[nodiscard]] Tbl_Lists Set_Tbl_Lists(int Tbl_Disp_No, int law);
+[[nodiscard]] Tbl_Lists Set_Tbl_Lists(int Tbl_Disp_No, const Law_Year& law);
 
 } // namespace morvane

@@ -216,7 +216,7 @@ bool Mnu_Dt2015(Session& session) {
         return Refuse(session, "現在のデータは、2008年改正以前のデータです。変換はできません。\n"
                                "このメニューで変換できるデータは、2012年のデータのみです。");
     }
-    if (Get_Simyu_Kubun(session, session.Syori_Ki) == 4) {
+    if (Law_Of(Get_Simyu_Kubun(session, session.Syori_Ki)).has_additions) {
         return Refuse(session, "現在のデータは既に、2015年改正後データです。\n変換の必要はありません。");
     }
     if (!Ask(session, "2015年版へのデータ変換確認",
@@ -224,8 +224,9 @@ bool Mnu_Dt2015(Session& session) {
              "一旦変換すると元に戻せません。よろしいですか？")) {
         return false;
     }
-    To_Law2015(session, session.Syori_Ki);
-    session.Simyu_Kubun = 4;
+    const Law_Year_No converted = First_Law_Year(&Law_Year::has_additions).code;
+    Set_Law_Year(session, session.Syori_Ki, converted);
+    session.Simyu_Kubun = converted;
     return true;
 }
 

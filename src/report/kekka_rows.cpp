@@ -1,39 +1,31 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "report/kekka_rows.h"
 
+#include "law/elements.h"
 #include "session/kyotu_mod.h"
 
 #include <array>
 #include <cstdio>
-#include <span>
 
 namespace morvane {
 
 namespace {
 
+namespace e = element;
+
 constexpr const char* not_taken = "適用外";
 
 /// The word of an answer; a number that is no answer is printed as it is.
-std::string Word(std::span<const char* const> words, std::int32_t answer) {
-    return answer >= 0 && answer < static_cast<std::int32_t>(words.size())
-               ? words[static_cast<std::size_t>(answer)]
-               : std::to_string(answer);
+std::string Word(const Choice& choice, std::int32_t number) {
+    const Answer_Word* answer = choice.Find(number);
+    return answer != nullptr ? answer->Report_Word() : std::to_string(number);
 }
-
-constexpr std::array<const char*, 3> yes_no = {"無", "有", not_taken};
-constexpr std::array<const char*, 4> audits = {"無", "書類提出", "会計参与", "監査人"};
-constexpr std::array<const char*, 5> josei = {"非該当", "プラチナえるぼし", "えるぼし第3段目",
-                                              "えるぼし第2段目", "えるぼし第1段目"};
-constexpr std::array<const char*, 4> jisedai = {"非該当", "プラチナくるみん", "くるみん", "トライくるみん"};
-constexpr std::array<const char*, 2> youth = {"非該当", "ユースエール"};
-constexpr std::array<const char*, 6> rireki = {"非該当",   "全ての工事",       "全ての公共工事",
-                                               "自主宣言", "全工事＋自主宣言", "公共工事＋自主宣言"};
 
 using K = const Kekka_Figures&;
 
 template <std::size_t Index>
 std::string Insurance(K kekka) {
-    return Word(yes_no, kekka.items.Rf1[Index]);
+    return Word(choice::yes_no_exempt, kekka.items.Rf1[Index]);
 }
 
 std::string Health_And_Pension(K kekka) {
@@ -43,8 +35,8 @@ std::string Health_And_Pension(K kekka) {
 /// The private schemes follow the insurances, of which the law years tell two or three.
 template <std::size_t Index>
 std::string Scheme(K kekka) {
-    const auto first = static_cast<std::size_t>(Law_Of(kekka.figures.law_year).insurances);
-    return Word(yes_no, kekka.items.Rf1[first + Index]);
+    const auto first = static_cast<std::size_t>(Law_Of(kekka.figures.law_year).Insurances());
+    return Word(choice::yes_no_exempt, kekka.items.Rf1[first + Index]);
 }
 
 /// Young engineers of all: "3/20（15%）".
@@ -81,32 +73,33 @@ std::string Skill(K kekka) {
 }
 
 std::string Josei(K kekka) {
-    return Word(josei, kekka.items.wlb[0]);
+    return Word(choice::women, kekka.items.wlb[0]);
 }
 std::string Jisedai(K kekka) {
-    return Word(jisedai, kekka.items.wlb[1]);
+    return Word(choice::next_generation, kekka.items.wlb[1]);
 }
 std::string Youth(K kekka) {
-    return Word(youth, kekka.items.wlb[2]);
+    return Word(choice::youth, kekka.items.wlb[2]);
 }
 std::string Rireki(K kekka) {
-    return Word(rireki, kekka.items.rireki);
+    return Word(choice::work_history, kekka.items.rireki);
 }
 std::string Years(K kekka) {
     return Figure_Text(kekka.items.Enen) + "年";
 }
 std::string Years_And_Saisei(K kekka) {
-    return Years(kekka) + "│" + Word(yes_no, kekka.items.Saisei);
+    return Years(kekka) + "│" + Word(choice::yes_no_exempt, kekka.items.Saisei);
 }
 std::string Bosai(K kekka) {
-    return Word(yes_no, kekka.items.Bkyotei);
+    return Word(choice::yes_no_exempt, kekka.items.Bkyotei);
 }
 /// Suspension of business (2) and instruction (1).
 std::string Horei(K kekka) {
-    return Word(yes_no, kekka.items.Horei == 2) + "│" + Word(yes_no, kekka.items.Horei == 1);
+    return Word(choice::yes_no_exempt, kekka.items.Horei == 2) + "│" +
+           Word(choice::yes_no_exempt, kekka.items.Horei == 1);
 }
 std::string Audit(K kekka) {
-    return Word(audits, kekka.items.keiri_kansa);
+    return Word(choice::audit, kekka.items.keiri_kansa);
 }
 template <std::size_t Index>
 std::string Accountants(K kekka) {
@@ -121,24 +114,24 @@ std::string Machines(K kekka) {
 }
 template <std::size_t Index>
 std::string Standard(K kekka) {
-    return Word(yes_no, kekka.items.Iso[Index]);
+    return Word(choice::yes_no_exempt, kekka.items.Iso[Index]);
 }
 std::string Iso_9001_14001(K kekka) {
     return Standard<1>(kekka) + "│" + Standard<2>(kekka);
 }
 
-/// A row of the sheet: the forms that have it, the law year that first takes it, the elements that tell
+/// A row of the sheet: the forms that have it, the elements that tell
 /// whether it was answered (0 none) and that hold its points.
 struct Row {
     const char* label;
     Kekka_Form from;
     Kekka_Form until;
-    int law;
     int element;
     std::string (*value)(K);
     int points = 0;
     int rows_of_points = 1;
     bool is_score = false;
+    Law_Range law = {}; ///< narrower than that of its element
 };
 
 constexpr Kekka_Form f2008 = Kekka_Form::Rpt_Kekka;
@@ -146,38 +139,47 @@ constexpr Kekka_Form f2011 = Kekka_Form::Rpt_Kekka_2011;
 constexpr Kekka_Form f2012 = Kekka_Form::Rpt_Kekka_2012;
 
 constexpr Row rows[] = {
-    {"雇用保険加入の有無", f2008, f2012, 1, 101, Insurance<0>},
-    {"健保及び厚生年金加入の有無", f2008, f2011, 1, 102, Insurance<1>},
-    {"健康保険│厚生年金保険加入の有無", f2012, f2012, 1, 102, Health_And_Pension},
-    {"建設業退職金共済制度加入の有無", f2008, f2012, 1, 103, Scheme<0>},
-    {"退職一時金制度若しくは企業年金制度導入の有無", f2008, f2012, 1, 104, Scheme<1>},
-    {"法定外労働災害補償制度加入の有無", f2008, f2012, 1, 105, Scheme<2>},
-    {"若年技術職員の継続的な育成及び確保", f2012, f2012, 4, 222, Young_Kept, 224},
-    {"新規若年技術職員の育成及び確保", f2012, f2012, 4, 225, Young_New, 227},
-    {"ＣＰＤ単位の平均値による評価", f2012, f2012, 4, 228, Cpd},
-    {"技能レベル向上による評価", f2012, f2012, 4, 230, Skill, 233, 2},
-    {"女性の活躍推進の法律に基づく認定", f2012, f2012, 4, 235, Josei},
-    {"次世代育成支援法に基づく認定の状況", f2012, f2012, 4, 236, Jisedai},
-    {"青少年の雇用促進等の法に基づく認定の状況", f2012, f2012, 4, 237, Youth, 240, 3},
-    {"工事に従事する者の就業履歴の措置の実施状況", f2012, f2012, 4, 238, Rireki, 241},
-    {"労働福祉の状況", f2008, f2011, 1, 0, nullptr, 100, 1, true},
-    {"建設工事の担い手育成に関する取組の状況", f2012, f2012, 1, 0, nullptr, 100, 1, true},
-    {"営業年数", f2008, f2008, 1, 111, Years},
-    {"営業年数│民事再生法等適用の有無", f2011, f2012, 2, 111, Years_And_Saisei},
-    {"建設業の営業継続の状況", f2008, f2012, 1, 0, nullptr, 110, 1, true},
-    {"防災協定締結の有無", f2008, f2012, 1, 121, Bosai},
-    {"防災活動への貢献の状況", f2008, f2012, 1, 0, nullptr, 120, 1, true},
-    {"営業停止処分の有無│指示処分の有無", f2008, f2012, 1, 131, Horei},
-    {"法令遵守の状況", f2008, f2012, 1, 0, nullptr, 130, 1, true},
-    {"監査の受審状況", f2008, f2012, 1, 141, Audit},
-    {"公認会計士等の数", f2008, f2012, 1, 142, Accountants<0>},
-    {"二級登録経理試験合格者の数", f2008, f2012, 1, 143, Accountants<1>},
-    {"建設業の経理の状況", f2008, f2012, 1, 0, nullptr, 140, 1, true},
-    {"研究開発費│研究開発の状況", f2008, f2012, 1, 152, Research, 150, 1, true},
-    {"建設機械の保有及びリース台数│点数", f2011, f2012, 2, 212, Machines, 213, 1, true},
-    {"エコアクション21認証の有無", f2012, f2012, 4, 239, Standard<0>},
-    {"ISO9001登録の有無│ISO14001登録の有無", f2011, f2012, 2, 214, Iso_9001_14001},
-    {"国際標準化機構が定めた規格に基づく登録の状況", f2011, f2012, 2, 0, nullptr, 216, 1, true},
+    {"雇用保険加入の有無", f2008, f2012, e::welfare, Insurance<0>},
+    {"健保及び厚生年金加入の有無", f2008, f2011, e::welfare + 1, Insurance<1>},
+    {"健康保険│厚生年金保険加入の有無", f2012, f2012, e::welfare + 1, Health_And_Pension},
+    {"建設業退職金共済制度加入の有無", f2008, f2012, e::welfare + 2, Scheme<0>},
+    {"退職一時金制度若しくは企業年金制度導入の有無", f2008, f2012, e::welfare + 3, Scheme<1>},
+    {"法定外労働災害補償制度加入の有無", f2008, f2012, e::welfare + 4, Scheme<2>},
+    {"若年技術職員の継続的な育成及び確保", f2012, f2012, e::young_kept, Young_Kept, e::young_kept_points},
+    {"新規若年技術職員の育成及び確保", f2012, f2012, e::young_new, Young_New, e::young_new_points},
+    {"ＣＰＤ単位の平均値による評価", f2012, f2012, e::cpd_units, Cpd},
+    {"技能レベル向上による評価", f2012, f2012, e::skill_raised, Skill, e::w10, 2},
+    {"女性の活躍推進の法律に基づく認定", f2012, f2012, e::women, Josei},
+    {"次世代育成支援法に基づく認定の状況", f2012, f2012, e::next_generation, Jisedai},
+    {"青少年の雇用促進等の法に基づく認定の状況", f2012, f2012, e::youth, Youth, e::work_life_points, 3},
+    {"工事に従事する者の就業履歴の措置の実施状況", f2012, f2012, e::work_history, Rireki,
+     e::work_history_points},
+    {"労働福祉の状況", f2008, f2011, 0, nullptr, e::w1, 1, true},
+    {"建設工事の担い手育成に関する取組の状況", f2012, f2012, 0, nullptr, e::w1, 1, true},
+    {"営業年数", f2008, f2008, e::years_in_business, Years},
+    {"営業年数│民事再生法等適用の有無",
+     f2011,
+     f2012,
+     e::years_in_business,
+     Years_And_Saisei,
+     0,
+     1,
+     false,
+     {.with = &Law_Year::has_saisei}},
+    {"建設業の営業継続の状況", f2008, f2012, 0, nullptr, e::w2, 1, true},
+    {"防災協定締結の有無", f2008, f2012, e::disaster_agreement, Bosai},
+    {"防災活動への貢献の状況", f2008, f2012, 0, nullptr, e::w3, 1, true},
+    {"営業停止処分の有無│指示処分の有無", f2008, f2012, e::compliance, Horei},
+    {"法令遵守の状況", f2008, f2012, 0, nullptr, e::w4, 1, true},
+    {"監査の受審状況", f2008, f2012, e::audit, Audit},
+    {"公認会計士等の数", f2008, f2012, e::accountants_1, Accountants<0>},
+    {"二級登録経理試験合格者の数", f2008, f2012, e::accountants_2, Accountants<1>},
+    {"建設業の経理の状況", f2008, f2012, 0, nullptr, e::w5, 1, true},
+    {"研究開発費│研究開発の状況", f2008, f2012, e::research, Research, e::w6, 1, true},
+    {"建設機械の保有及びリース台数│点数", f2011, f2012, e::machines, Machines, e::w7, 1, true},
+    {"エコアクション21認証の有無", f2012, f2012, e::eco_action, Standard<0>},
+    {"ISO9001登録の有無│ISO14001登録の有無", f2011, f2012, e::iso_9001, Iso_9001_14001},
+    {"国際標準化機構が定めた規格に基づく登録の状況", f2011, f2012, 0, nullptr, e::w8, 1, true},
 };
 
 bool Answered(K kekka, int element) {
@@ -186,7 +188,9 @@ bool Answered(K kekka, int element) {
 
 Social_Row Printed(const Row& row, K kekka) {
     Social_Row printed{row.label, "", "", row.rows_of_points, row.is_score};
-    if (Law_Of(kekka.figures.law_year).code < row.law) {
+    const Law_Year& law = Law_Of(kekka.figures.law_year);
+    const Element_Info& item = *Find_Element(row.element != 0 ? row.element : row.points);
+    if (!item.law.Has(law) || !row.law.Has(law)) {
         printed.value = not_taken;
         return printed;
     }

@@ -1,4 +1,5 @@
 // SPDX-FileCopyrightText: The Morvane developers
+#include "law/elements.h"
 #include "law/work_types.h"
 #include "report/kekka_rows.h"
 #include "report/kekka_sheet.h"
@@ -48,7 +49,7 @@ constexpr const char* engineers_group = "元 請 完 成 工 事 高 及 び 技
 std::vector<Works_Column> Columns_Of(const Kekka_Figures& kekka, Kekka_Form form) {
     const bool with_hosa = form == Kekka_Form::Rpt_Kekka_2012;
     const float engineer_width = engineers_width / (with_hosa ? 6.0F : 5.0F);
-    const char* average = kekka.figures.Yoso(201) == 3 ? "3年平均" : "2年平均";
+    const char* average = kekka.figures.Yoso(element::years_of_average) == 3 ? "3年平均" : "2年平均";
     std::vector<Works_Column> columns = {
         {6.0F, "建設業工事の種類", {}, nullptr, {font_p_mincho, 7.0F, Align::Center, 0.4F}},
         {20.0F, nullptr, {}, nullptr, name_type},

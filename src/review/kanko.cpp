@@ -2,7 +2,7 @@
 #include "review/kanko.h"
 
 #include "law/checked.h"
-#include "law/law_year.h"
+#include "law/elements.h"
 #include "review/x2_calc.h"
 #include "session/kyotu_mod.h"
 
@@ -77,7 +77,7 @@ void Put_Motouke(Work_Line& to, const Work_Line& from) {
 void Kanko::Load_Kanko(const Review_Figures& figures, std::int16_t x2, std::int16_t y) {
     lines = figures.works;
     items.Load(figures);
-    const std::int32_t years = figures.Yoso(201);
+    const std::int32_t years = figures.Yoso(element::years_of_average);
     Kanko_Avg = years == 0 ? 2 : years;
     scores = {x2, y, Ten16(items.W)};
 }
@@ -208,12 +208,12 @@ void Kanko::Save_Kanko(Review_Figures& figures, bool with_w) const {
         to.P.Set_If(scored, from.P.value);
         Put_Motouke(to, from);
     }
-    figures.Put_Yoso(201, Kanko_Avg);
-    figures.Put_Yoso(202, totals.two_year);
-    figures.Put_Yoso(203, totals.three_year);
-    figures.Put_Yoso(140, items.Jms_Ten);
+    figures.Put_Yoso(element::years_of_average, Kanko_Avg);
+    figures.Put_Yoso(element::total_of_two, totals.two_year);
+    figures.Put_Yoso(element::total_of_three, totals.three_year);
+    figures.Put_Yoso(element::w5, items.Jms_Ten);
     if (with_w) {
-        figures.Put_Yoso(200, scores.W);
+        figures.Put_Yoso(element::w, scores.W);
     }
 }
 

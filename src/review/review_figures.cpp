@@ -2,8 +2,10 @@
 #include "review/review_figures.h"
 
 #include "data/shown_text.h"
+#include "data/work_columns.h"
 #include "law/checked.h"
-#include "review/social_items.h"
+#include "law/elements.h"
+#include "review/work_columns.h"
 #include "session/kyotu_mod.h"
 
 #include <algorithm>
@@ -13,51 +15,12 @@ namespace morvane {
 
 namespace {
 
-/// The columns of a scenario in Kandaka_Gj, without prefix, and their places in a line.
-struct Work_Column {
-    std::string_view name;
-    Figure& (*place)(Work_Line&);
-};
-
-template <Figure Work_Line::*Member>
-Figure& Place(Work_Line& line) {
-    return line.*Member;
-}
-
-template <std::size_t Index>
-Figure& Engineer(Work_Line& line) {
-    return line.gijutusya[Index];
-}
-
-constexpr std::array<Work_Column, 21> work_columns = {{
-    {"完工高前々期", Place<&Work_Line::Zzki>},
-    {"完工高前期", Place<&Work_Line::Zki>},
-    {"完工高前平均", Place<&Work_Line::Zheikin>},
-    {"完工高基準", Place<&Work_Line::Kijun>},
-    {"完工高平均", Place<&Work_Line::Nheikin>},
-    {"評点X1", Place<&Work_Line::X1>},
-    {"技術者1", Engineer<0>},
-    {"技術者2", Engineer<1>},
-    {"技術者3", Engineer<2>},
-    {"技術者4", Engineer<3>},
-    {"技術者5", Engineer<4>},
-    {"評点Z1", Place<&Work_Line::Zi>},
-    {"元請完工高前々期", Place<&Work_Line::Mzzki>},
-    {"元請完工高前期", Place<&Work_Line::Mzki>},
-    {"元請完工高前平均", Place<&Work_Line::Mzheikin>},
-    {"元請完工高基準", Place<&Work_Line::Mkijun>},
-    {"元請完工高平均", Place<&Work_Line::Mnheikin>},
-    {"評点Z2", Place<&Work_Line::Zro>},
-    {"評点Z", Place<&Work_Line::Z>},
-    {"総合評点P", Place<&Work_Line::P>},
-    {"技術者6", Engineer<5>},
-}};
 constexpr std::size_t copied_columns = 20; // all but the sixth engineer class
 
 std::string Select_Works(std::string_view prefix, bool with_engineer_6) {
     std::string sql = "SELECT 工種CD";
-    for (const Work_Column& column : work_columns) {
-        const bool lacking = column.name == "技術者6" && !with_engineer_6;
+    for (const Work_Column& column : Work_Columns()) {
+        const bool lacking = column.name == work_column::engineers_6 && !with_engineer_6;
         sql += lacking ? ", Null" : ", [" + std::string(prefix) + std::string(column.name) + "]";
     }
     return sql + " FROM Kandaka_Gj WHERE 決算期=? ORDER BY 工種CD";
@@ -75,9 +38,6 @@ Statement Prepare_Works(const Connection& cn, std::string_view prefix) {
     }
 }
 
-constexpr int last_code_of_work_style = 241;
-constexpr int first_code_of_work_style = 235;
-
 bool Has_32_Bits(double value) {
     return value > -2147483648.5 && value < 2147483647.5;
 }
@@ -85,15 +45,6 @@ bool Has_32_Bits(double value) {
 // What has no place in its width is told with its name and value.
 [[noreturn]] void Throw_Overflow(const std::string& what) {
     throw Run_Time_Error(Run_Time_Error::Kind::Overflow, what + "の計算で桁あふれが発生しました。");
-}
-
-std::string Name_Of_Element(int code) {
-    for (const Social_Field& field : Social_Fields()) {
-        if (field.code == code) {
-            return field.caption;
-        }
-    }
-    return "要素" + std::to_string(code);
 }
 
 } // namespace
@@ -119,7 +70,7 @@ std::int32_t Review_Figures::Yoso(int code, std::int32_t limit) const {
         return 0;
     }
     if (!Has_32_Bits(element.value)) {
-        Throw_Overflow("その他審査項目の「" + Name_Of_Element(code) + "」（" + Number_Text(element.value) +
+        Throw_Overflow("その他審査項目の「" + Element_Name(code) + "」（" + Number_Text(element.value) +
                        "）");
     }
     const auto value = Round_Half_Even<std::int32_t>(element.value, "その他審査項目");
@@ -141,7 +92,7 @@ bool Review_Figures::Is_Started(const Scenario& scenario) const {
         if (scenario.number != scenario_kaizen.number) {
             return line.P.up;
         }
-        return std::any_of(work_columns.begin(), work_columns.begin() + copied_columns,
+        return std::any_of(Work_Columns().begin(), Work_Columns().begin() + copied_columns,
                            [&line](const Work_Column& column) { return column.place(line).up; });
     });
 }
@@ -176,26 +127,26 @@ void Read_Statement(const Connection& cn, int period, std::string_view column, S
 
 void Read_Elements(const Connection& cn, int period, const Scenario& scenario, Review_Figures& figures) {
     figures.elements.fill({});
-    figures.law_year = 1;
+    figures.law_year = Oldest_Law_Year().code;
     Statement rows = cn.Prepare("SELECT 要素CD, 現状, [" + std::string(scenario.yoso_column) +
                                 "] FROM W_Yoso WHERE 決算期=?");
     rows.Bind(1, period);
     while (rows.Step()) {
         const std::int64_t code = rows.Integer_At(0);
-        if (code == 210 && !rows.Is_Null(1)) {
-            figures.law_year = static_cast<int>(rows.Integer_At(1));
+        if (code == element::law_year && !rows.Is_Null(1)) {
+            figures.law_year = Law_Of(rows.Integer_At(1)).code;
         }
         if (code >= 0 && code < static_cast<std::int64_t>(figures.elements.size())) {
             figures.elements[static_cast<std::size_t>(code)] = {rows.Double_At(2), !rows.Is_Null(2), true,
                                                                 false};
         }
     }
-    for (int code = first_code_of_work_style; code <= last_code_of_work_style; ++code) {
+    for (int code = element::women; code <= element::work_history_points; ++code) {
         figures.elements[static_cast<std::size_t>(code)].row = true;
     }
-    // The entry screen of law year 4 adds the rows of knowledge and skill (228 to 233) itself.
-    if (figures.law_year >= 4) {
-        for (int code = 228; code <= 233; ++code) {
+    // Its entry screen adds the rows of knowledge and skill itself.
+    if (Law_Of(figures.law_year).has_additions) {
+        for (int code = element::cpd_units; code <= element::w10; ++code) {
             figures.elements[static_cast<std::size_t>(code)].row = true;
         }
     }
@@ -217,16 +168,16 @@ void Read_Works(const Connection& cn, int period, const Scenario& scenario, Revi
         if (code == static_cast<std::int64_t>(combined_line)) {
             continue;
         }
-        for (std::size_t i = 0; i < work_columns.size(); ++i) {
+        for (std::size_t i = 0; i < Work_Columns().size(); ++i) {
             const int column = static_cast<int>(i) + 1;
             if (!rows.Is_Null(column)) {
                 const double value = rows.Double_At(column);
                 if (!Has_32_Bits(value)) {
-                    Throw_Overflow("工種" + std::to_string(code) + "の" + std::string(work_columns[i].name) +
-                                   "（" + Number_Text(value) + "）");
+                    Throw_Overflow("工種" + std::to_string(code) + "の" +
+                                   std::string(Work_Columns()[i].name) + "（" + Number_Text(value) + "）");
                 }
-                work_columns[i].place(line) = {Round_Half_Even<std::int32_t>(value, "工種別の入力値"), true,
-                                               false};
+                Work_Columns()[i].place(line) = {Round_Half_Even<std::int32_t>(value, "工種別の入力値"), true,
+                                                 false};
             }
         }
     }
@@ -259,7 +210,7 @@ void Write_Works(const Connection& cn, int period, const Scenario& scenario, Rev
     for (std::size_t code = 0; code < work_line_count; ++code) {
         std::string names;
         std::vector<Value> values;
-        for (const Work_Column& column : work_columns) {
+        for (const Work_Column& column : Work_Columns()) {
             Figure& figure = column.place(figures.works[code]);
             if (figure.dirty) {
                 names += (names.empty() ? "[" : ", [") + std::string(scenario.prefix) +
@@ -283,7 +234,7 @@ void Forget_Unchanged(const Review_Figures& stored, Review_Figures& figures) {
     }
     for (std::size_t code = 0; code < work_line_count; ++code) {
         Work_Line before = stored.works[code];
-        for (const Work_Column& column : work_columns) {
+        for (const Work_Column& column : Work_Columns()) {
             Figure& figure = column.place(figures.works[code]);
             figure.dirty = figure.dirty && !(figure == column.place(before));
         }
@@ -294,8 +245,8 @@ void Post_Current(const Review_Figures& current, Review_Figures& scenario) {
     for (std::size_t code = 0; code < scored_lines; ++code) {
         Work_Line from = current.works[code];
         for (std::size_t i = 0; i < copied_columns; ++i) {
-            const Figure& figure = work_columns[i].place(from);
-            work_columns[i].place(scenario.works[code]) = {figure.value, figure.up, true};
+            const Figure& figure = Work_Columns()[i].place(from);
+            Work_Columns()[i].place(scenario.works[code]) = {figure.value, figure.up, true};
         }
     }
     for (std::size_t code = 0; code < scenario.elements.size(); ++code) {

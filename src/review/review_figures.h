@@ -2,6 +2,7 @@
 #pragma once
 
 #include "data/connection.h"
+#include "law/law_year.h"
 #include "law/work_types.h"
 #include "review/scenario.h"
 #include "review/wzx_calc.h"
@@ -77,7 +78,7 @@ struct Review_Figures {
     Statement_Figures statement;
     std::array<Element, 256> elements{}; ///< by 要素CD
     std::array<Work_Line, work_line_count> works{};
-    int law_year = 1;                       ///< element 210 of the current figures; without one 1
+    Law_Year_No law_year{};                 ///< element 210 of the current figures; without one the oldest
     std::optional<Review_Date> review_date; ///< last day of the period; empty where Jigyo_mas has no row
     std::string date_error;                 ///< why Jigyo_mas has no such day; empty where it has
     bool corporation = true;

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "review/settle.h"
 
+#include "law/elements.h"
 #include "review/kanko.h"
 #include "review/syokuta.h"
 #include "session/kyotu_mod.h"
@@ -47,7 +48,9 @@ bool Has_Element(const Review_Figures& figures, std::size_t code) {
 }
 
 // What every period has or the completed work brings: law year, years of the average, its totals, W and W5.
-constexpr std::array elements_beside_the_items = {140U, 200U, 201U, 202U, 203U, 210U};
+constexpr std::array elements_beside_the_items = {
+    element::w5,      element::w, element::years_of_average, element::total_of_two, element::total_of_three,
+    element::law_year};
 
 // Current completed work without items of X2 and W is not filled: their scores would stand as if they had
 // been entered. A saved scenario is filled by anything, since its P tells that it is there.
@@ -57,8 +60,8 @@ bool Is_Filled(const Review_Figures& figures, const Scenario& scenario) {
     }
     for (std::size_t code = 0; code < figures.elements.size(); ++code) {
         if (Has_Element(figures, code) &&
-            std::find(elements_beside_the_items.begin(), elements_beside_the_items.end(), code) ==
-                elements_beside_the_items.end()) {
+            std::find(elements_beside_the_items.begin(), elements_beside_the_items.end(),
+                      static_cast<int>(code)) == elements_beside_the_items.end()) {
             return true;
         }
     }
@@ -75,7 +78,7 @@ void Settle_And_Store(const Connection& cn, const Settled_Period& of, const Scen
     if (!applies(stored, scenario)) {
         return;
     }
-    if (stored.law_year >= 4) {
+    if (Law_Of(stored.law_year).has_additions) {
         Add_Knowledge_Rows(cn, of.period);
     }
     Review_Figures figures = stored;
@@ -88,7 +91,8 @@ void Settle_And_Store(const Connection& cn, const Settled_Period& of, const Scen
 }
 
 bool Is_Entered(const Review_Figures& figures, const Scenario&) {
-    return Has_Element(figures, 100) && Has_Element(figures, 202) && figures.date_error.empty();
+    return Has_Element(figures, element::w1) && Has_Element(figures, element::total_of_two) &&
+           figures.date_error.empty();
 }
 
 struct Firm {
@@ -217,7 +221,7 @@ Settled_Score Score_Company(const Connection& cn, bool hokkaido, std::optional<i
             score.kosyu_ryaku[static_cast<std::size_t>(code)] = names.Text_At(1);
         }
     }
-    score.x2w_entered = score.figures.elements[100].up;
+    score.x2w_entered = score.figures.elements[element::w1].up;
     Settle(score.figures, score.y, score.x2, scenario);
     return score;
 }

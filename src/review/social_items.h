@@ -6,7 +6,6 @@
 
 #include <array>
 #include <cstdint>
-#include <span>
 
 namespace morvane {
 
@@ -50,6 +49,10 @@ struct Social_Items {
     std::int32_t W = 0;             ///< W total
     std::int32_t keiri_kandaka = 0; ///< total of the adopted average completed work
 
+    /// The item of an element; std::out_of_range for a code that is none.
+    [[nodiscard]] std::int32_t& At(int code);
+    [[nodiscard]] std::int32_t At(int code) const { return Social_Items(*this).At(code); }
+
     /// Reads the items of a law year; those that it does not have stay 0. A value above its limit reads as 0.
     /// Raises Run_Time_Error for a figure beyond 32 bits.
     void Load(const Review_Figures& figures);
@@ -67,18 +70,5 @@ struct W1_Count {
 };
 W1_Count Count_W1(const Social_Items& items, const Law_Year& law);
 std::int16_t Calc_W1(const Social_Items& items, const Law_Year& law);
-
-/// One row of the field list: element, place, law years, the limit above which a stored value reads as 0.
-struct Social_Field {
-    int code;
-    std::int32_t& (*place)(Social_Items&);
-    int law_from; ///< lowest law year that reads and stores it
-    std::int32_t limit;
-    const char* control; ///< name of its cell
-    const char* caption; ///< name of the element
-};
-
-/// The field list in the order of the element codes.
-std::span<const Social_Field> Social_Fields();
 
 } // namespace morvane

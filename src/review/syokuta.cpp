@@ -2,6 +2,7 @@
 #include "review/syokuta.h"
 
 #include "law/checked.h"
+#include "law/elements.h"
 #include "review/y_calc.h"
 
 #include <array>
@@ -77,7 +78,7 @@ void Syokuta::Calc_W_2012(const Review_Figures& figures, WZX_Calc& wzx) {
 }
 
 void Recalc_P_All(Review_Figures& figures, std::int16_t x2, std::int16_t y) {
-    const std::int16_t w = Ten16(figures.Yoso(200));
+    const std::int16_t w = Ten16(figures.Yoso(element::w));
     for (std::size_t i = 0; i < scored_lines; ++i) {
         Work_Line& line = figures.works[i];
         if (line.P.up) {
@@ -87,16 +88,17 @@ void Recalc_P_All(Review_Figures& figures, std::int16_t x2, std::int16_t y) {
 }
 
 void Add_Knowledge_Rows(const Connection& cn, int period) {
+    Add_Missing_Elements(cn, period, element::cpd_units, element::w10);
+}
+
+void Add_Missing_Elements(const Connection& cn, int period, int first, int last) {
     Statement find = cn.Prepare("SELECT 要素CD FROM W_Yoso WHERE 決算期=? And 要素CD=?");
-    for (const Social_Field& field : Social_Fields()) {
-        if (field.code < 228 || field.code > 233) {
-            continue;
-        }
+    for (int code = first; code <= last; ++code) {
         find.Reset();
         find.Bind(1, period);
-        find.Bind(2, field.code);
+        find.Bind(2, code);
         if (!find.Step()) {
-            const std::array<Value, 3> row = {period, field.code, field.caption};
+            const std::array<Value, 3> row = {period, code, Element_Name(code)};
             cn.Execute("INSERT INTO W_Yoso (決算期, 要素CD, 要素名) VALUES (?, ?, ?)", row);
         }
     }
@@ -104,7 +106,7 @@ void Add_Knowledge_Rows(const Connection& cn, int period) {
 
 void Store_W_2012(const Connection& cn, const Session& session, int scenario, const Syokuta& screen) {
     const Scenario& column = Scenario_Of(scenario);
-    if (session.Simyu_Kubun == 4) {
+    if (Law_Of(session.Simyu_Kubun).has_additions) {
         Add_Knowledge_Rows(cn, session.Syori_Ki);
     }
     Review_Figures figures =

@@ -20,7 +20,7 @@ class Syokuta {
     /// Reads the items of a scenario's figures, as the screen does when it opens.
     void Load_W_2012(const Review_Figures& figures);
 
-    /// The whole calculation in the order of the screen. At law years 3 and 4 the scores of young engineers
+    /// The whole calculation in the order of the screen. The scores of young engineers
     /// and of knowledge enter W1 as the pass before left them, and W takes the machine score of the opening.
     /// Raises Run_Time_Error on overflow; the items are then as before the call.
     void Calc_W_2012(const Review_Figures& figures, WZX_Calc& wzx);
@@ -36,13 +36,17 @@ class Syokuta {
 /// Run_Time_Error on overflow.
 void Recalc_P_All(Review_Figures& figures, std::int16_t x2, std::int16_t y);
 
-/// Stores the items of a scenario of the period in hand and forms P anew, as closing the screen does; at law
-/// year 4 the rows of knowledge and skill (228 to 233) are added where they are missing. The caller holds the
-/// transaction. Raises Store_Error, Run_Time_Error.
+/// Stores the items of a scenario of the period in hand and forms P anew, as closing the screen does; where
+/// the law year has the rows of knowledge and skill, they are added where they are missing. The caller holds
+/// the transaction. Raises Store_Error, Run_Time_Error.
 void Store_W_2012(const Connection& cn, const Session& session, int scenario, const Syokuta& screen);
 
-/// Adds the rows of knowledge and skill to a period of law year 4 that lacks them. The caller holds the
-/// transaction. Raises Store_Error.
+/// Adds the rows of knowledge and skill to a period that lacks them. The caller holds the transaction. Raises
+/// Store_Error.
 void Add_Knowledge_Rows(const Connection& cn, int period);
+
+/// Adds the rows of the elements `first` to `last` that a period lacks. The caller holds the transaction.
+/// Raises Store_Error.
+void Add_Missing_Elements(const Connection& cn, int period, int first, int last);
 
 } // namespace morvane

@@ -2,6 +2,7 @@
 #include "review/x2_calc.h"
 
 #include "law/checked.h"
+#include "law/elements.h"
 #include "law/era_date.h"
 
 #include <cmath>
@@ -28,14 +29,15 @@ std::int32_t Floor_Half(std::int32_t sum) {
 
 } // namespace
 
-std::uint8_t Get_Simyu_Kubun(const Session& session, int period) {
+Law_Year_No Get_Simyu_Kubun(const Session& session, int period) {
     return Get_Simyu_Kubun(Cn_Open(session), period);
 }
 
-std::uint8_t Get_Simyu_Kubun(const Connection& cn, int period) {
+Law_Year_No Get_Simyu_Kubun(const Connection& cn, int period) {
     const Recordset rows =
         cn.Open("SELECT * FROM W_Yoso WHERE 決算期=" + std::to_string(period) + " And 要素CD=210;");
-    return rows.Eof() ? std::uint8_t{1} : static_cast<std::uint8_t>(rows["現状"].As_Integer(1));
+    const std::int64_t oldest = Law_Number(Oldest_Law_Year().code);
+    return Law_Of(rows.Eof() ? oldest : rows["現状"].As_Integer(oldest)).code;
 }
 
 void Read_Review_Date(const Connection& cn, Review_Figures& figures, int year_shift) {
@@ -70,7 +72,7 @@ Review_Figures Load_Review(const Connection& cn, int period, const Scenario& sce
 
 void X2_Calc::Calc_X2(const Review_Figures& figures, WZX_Calc& wzx, bool keep_basis) {
     if (!keep_basis) {
-        const std::int32_t stored = figures.Yoso(1);
+        const std::int32_t stored = figures.Yoso(element::equity_basis);
         JikoS = stored == 0 ? 1 : stored;
     }
     const Statement_Figures& s = figures.statement;

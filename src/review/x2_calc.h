@@ -11,9 +11,10 @@
 
 namespace morvane {
 
-/// The law year of a period: 現状 of element 210; 1 where it is Null or has no row. Raises Store_Error.
-std::uint8_t Get_Simyu_Kubun(const Session& session, int period);
-std::uint8_t Get_Simyu_Kubun(const Connection& cn, int period);
+/// The law year of a period: 現状 of element 210; the oldest where it is Null or has no row. Raises
+/// Store_Error.
+Law_Year_No Get_Simyu_Kubun(const Session& session, int period);
+Law_Year_No Get_Simyu_Kubun(const Connection& cn, int period);
 
 /// Reads the last day of the period in hand, with `year_shift` years added for another period, into the
 /// figures: nothing where Jigyo_mas has no row, and why there is none where what it holds is no date. Raises

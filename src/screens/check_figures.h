@@ -35,13 +35,11 @@ struct Sheet_Line {
 /// The texts of a sheet, for the law years that share them.
 struct Sheet_Text {
     const char* mode;
-    int law_from = 1;
-    int law_to = 4;
-    const char* form = "";
-    const char* form_2012 = nullptr; ///< from law year 3 on, where it differs
+    Law_Range law = {};
+    const char* form = nullptr; ///< null: the law year's form of W1, W3, W4 and W6
     const char* title = "";
     const char* help_key = "";
-    const char* help_key_2011 = nullptr; ///< from law year 2 on, where it differs
+    const char* help_key_b = nullptr; ///< by the tables in force from April 2011, where it differs
     bool amounts = false;
     std::vector<Sheet_Line> inputs = {};
     std::vector<const char*> formula = {};

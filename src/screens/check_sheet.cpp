@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "screens/check_sheet.h"
 
+#include "law/elements.h"
 #include "screens/check_figures.h"
 
 #include <stdexcept>
@@ -9,16 +10,16 @@ namespace morvane {
 
 namespace {
 
-const Sheet_Text* Find(const std::vector<Sheet_Text>& sheets, const std::string& mode, int law) {
+const Sheet_Text* Find(const std::vector<Sheet_Text>& sheets, const std::string& mode, const Law_Year& law) {
     for (const Sheet_Text& sheet : sheets) {
-        if (sheet.mode == mode && law >= sheet.law_from && law <= sheet.law_to) {
+        if (sheet.mode == mode && sheet.law.Has(law)) {
             return &sheet;
         }
     }
     return nullptr;
 }
 
-const Sheet_Text& Find(const std::string& mode, int law) {
+const Sheet_Text& Find(const std::string& mode, const Law_Year& law) {
     for (const auto* sheets : {&X2_Sheets(), &W_Sheets(), &XZP_Sheets(), &Y1_Sheets()}) {
         if (const Sheet_Text* sheet = Find(*sheets, mode, law)) {
             return *sheet;
@@ -27,10 +28,9 @@ const Sheet_Text& Find(const std::string& mode, int law) {
     throw std::out_of_range("no check screen for " + mode);
 }
 
-Check_Request Request(const std::string& mode, int law, std::size_t Kosyu_Sel) {
+Check_Request Request(const std::string& mode, const Law_Year& law, std::size_t Kosyu_Sel) {
     const Sheet_Text& sheet = Find(mode, law);
-    const bool twin = law >= 3 && sheet.form_2012 != nullptr;
-    return {twin ? sheet.form_2012 : sheet.form, mode, Kosyu_Sel};
+    return {sheet.form != nullptr ? sheet.form : law.welfare_check, mode, Kosyu_Sel};
 }
 
 // The band numbers of the work type in view, for its formula and the table screen.
@@ -51,10 +51,10 @@ Check_Figures Load(const Review_Figures& figures, const Check_Request& request) 
     Check_Figures f;
     f.figures = figures;
     f.Kosyu_Sel = request.Kosyu_Sel;
-    const std::int32_t years = f.figures.Yoso(201);
+    const std::int32_t years = f.figures.Yoso(element::years_of_average);
     f.Kanko_Avg = years == 0 ? 2 : years;
     f.items.Load(f.figures);
-    const int law = f.Law().code;
+    const Law_Year& law = f.Law();
     // A score is formed where it is shown: what is out of the range of one must not close the others.
     const bool of_works = Find(XZP_Sheets(), request.mode, law) != nullptr;
     const bool with_p = request.mode == "P";
@@ -84,7 +84,7 @@ std::vector<Check_Line> Lines(const std::vector<Sheet_Line>& from, const Check_F
 // The steps, where there is a score; what the store holds of an earlier calculation is told as such.
 void Add_Steps(const Sheet_Text& text, const Check_Figures& f, Check_Sheet& sheet) {
     const std::string& score = sheet.results.back().value.text;
-    const bool of_works = Find(XZP_Sheets(), text.mode, f.Law().code) != nullptr;
+    const bool of_works = Find(XZP_Sheets(), text.mode, f.Law()) != nullptr;
     Steps steps(sheet);
     if (of_works && score.empty()) {
         steps.Remark("この工種には入力がないため、評点はありません。");
@@ -98,22 +98,22 @@ void Add_Steps(const Sheet_Text& text, const Check_Figures& f, Check_Sheet& shee
 
 } // namespace
 
-Check_Request W2X_Request(int law_year, int index) {
+Check_Request W2X_Request(const Law_Year& law, int index) {
     if (index < 0 || index >= static_cast<int>(std::size(w2x_buttons))) {
         throw std::out_of_range("no button Cmd_W2X(" + std::to_string(index) + ")");
     }
-    return Request(w2x_buttons[index].score, Law_Of(law_year).code, 0);
+    return Request(w2x_buttons[index], law, 0);
 }
 
 Check_Request XZP_Request(const std::string& mode, std::size_t Kosyu_Sel) {
-    return Request(mode, law_years.back().code, Kosyu_Sel);
+    return Request(mode, Newest_Law_Year(), Kosyu_Sel);
 }
 
 Check_Request Y1_Request(int index) {
     if (index < 0 || index >= static_cast<int>(Y1_Sheets().size())) {
         throw std::out_of_range("no detail of Y for " + std::to_string(index));
     }
-    return Request(Y1_Sheets()[static_cast<std::size_t>(index)].mode, law_years.back().code, 0);
+    return Request(Y1_Sheets()[static_cast<std::size_t>(index)].mode, Newest_Law_Year(), 0);
 }
 
 Check_Sheet Make_Check_Sheet(const Session& session, const Check_Request& request) {
@@ -124,7 +124,7 @@ Check_Sheet Make_Check_Sheet(const Session& session, const Check_Request& reques
 
 Check_Sheet Make_Check_Sheet(const Review_Figures& figures, const Check_Request& request) {
     const Check_Figures f = Load(figures, request);
-    const int law = f.Law().code;
+    const Law_Year& law = f.Law();
     const Sheet_Text& text = Find(request.mode, law);
     Check_Sheet sheet;
     sheet.title = text.title;
@@ -133,10 +133,10 @@ Check_Sheet Make_Check_Sheet(const Review_Figures& figures, const Check_Request&
     sheet.formula.assign(text.formula.begin(), text.formula.end());
     sheet.results = Lines(text.results, f);
     sheet.closing.assign(text.closing.begin(), text.closing.end());
-    sheet.help_key = law >= 2 && text.help_key_2011 != nullptr ? text.help_key_2011 : text.help_key;
+    sheet.help_key = law.version_b && text.help_key_b != nullptr ? text.help_key_b : text.help_key;
     sheet.table_form = text.table_form;
     sheet.Tbl_Disp_No = text.Tbl_Disp_No;
-    sheet.law_year = law;
+    sheet.law_year = law.code;
     if (text.more != nullptr) {
         text.more(f, sheet);
     }

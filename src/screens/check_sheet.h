@@ -18,19 +18,14 @@ struct Check_Request {
     std::size_t Kosyu_Sel = 0; ///< the work type by its place, for the scores of a work type
 };
 
-/// One of the buttons Cmd_W2X of the entry screen of X2 and W, by its index. `score` is what it explains,
-/// `law_from` the lowest law year that has the score.
-struct W2X_Button {
-    const char* score;
-    int law_from;
-};
-inline constexpr W2X_Button w2x_buttons[] = {
-    {"W1", 1},   {"W2", 1},   {"W3", 1}, {"W4", 1}, {"W6", 1}, {"W", 1},  {"W5", 1},
-    {"X2-1", 1}, {"X2-2", 1}, {"X2", 1}, {"W7", 2}, {"W8", 2}, {"W9", 4}, {"W10", 4},
-};
+/// One of the buttons Cmd_W2X of the entry screen of X2 and W, by its index: the score that it
+/// explains.
+inline constexpr const char* w2x_buttons[] = {"W1",   "W2",   "W3", "W4", "W6", "W",  "W5",
+                                              "X2-1", "X2-2", "X2", "W7", "W8", "W9", "W10"};
 
-/// The request of Cmd_W2X(index), by law year. Raises std::out_of_range for an index without a button.
-Check_Request W2X_Request(int law_year, int index);
+/// The request of Cmd_W2X(index), by law year. Raises std::out_of_range for an index without a button and for
+/// a score that the law year does not have.
+Check_Request W2X_Request(const Law_Year& law, int index);
 
 /// The request of a score of a work type: mode "X", "P", "Z", "Z1" or "Z2".
 Check_Request XZP_Request(const std::string& mode, std::size_t Kosyu_Sel);
@@ -84,7 +79,7 @@ struct Check_Sheet {
     std::string table_form;  ///< the form behind Cmd_Tbl; empty: none
     int Tbl_Disp_No = 0;     ///< table of Frm_Calc_Tbl: 1 X1, 2 X2_1, 3 X2_2, 4 Z2, 5 Z1
     int table_row = 0;       ///< its row in force
-    int law_year = 1;        ///< that the sheet was made for
+    Law_Year_No law_year{};  ///< that the sheet was made for
     std::string notice = {}; ///< a box before the screen comes up
 };
 

@@ -1,4 +1,5 @@
 // SPDX-FileCopyrightText: The Morvane developers
+#include "law/choices.h"
 #include "law/ten_tables.h"
 #include "review/wzx_calc.h"
 #include "screens/check_sheet.h"
@@ -18,7 +19,7 @@ std::string Name(const char* control, std::size_t index) {
 
 /// A table of the law: limits (lbl_Gak, from below and from above), formulas (lbl_HyouTen), the row in force.
 Check_Sheet Calc_Tbl(const Check_Sheet& of) {
-    const Tbl_Lists lists = Set_Tbl_Lists(of.Tbl_Disp_No, of.law_year);
+    const Tbl_Lists lists = Set_Tbl_Lists(of.Tbl_Disp_No, Law_Of(of.law_year));
     Check_Table table{lists.heading, {"以上", "未満", "評点の算式"}, {2}, {}, of.table_row, 2};
     for (std::size_t row = 0; row < lists.formulas.size(); ++row) {
         const std::string from = row < lists.limits.size() ? lists.limits[row] + "以上" : "";
@@ -37,19 +38,11 @@ Check_Sheet Calc_Tbl(const Check_Sheet& of) {
 
 /// The points of the audit.
 Check_Table Audit_Table() {
-    struct Audit {
-        std::int32_t kansa;
-        const char* text;
-    };
-    constexpr std::array<Audit, 4> audits = {{{3, "会計監査人の設置"},
-                                              {2, "会計参与の設置"},
-                                              {1, "経理処理の適正を確認した旨の書類の提出"},
-                                              {0, "無"}}};
     Check_Table table{"【別表１】", {"監査の受審状況", "点数"}, {0}, {}, -1, 1};
-    for (const Audit& audit : audits) {
+    for (std::int32_t answer = 3; answer >= 0; --answer) {
         WZX_Calc wzx;
-        wzx.Calc_W5_Ten(audit.kansa, 0, 0, 0);
-        table.rows.push_back({{audit.text}, {std::to_string(wzx.W5_Kansa_Ten)}});
+        wzx.Calc_W5_Ten(answer, 0, 0, 0);
+        table.rows.push_back({{choice::audit.Find(answer)->entry}, {std::to_string(wzx.W5_Kansa_Ten)}});
     }
     return table;
 }

@@ -1,4 +1,5 @@
 // SPDX-FileCopyrightText: The Morvane developers
+#include "law/choices.h"
 #include "screens/check_figures.h"
 
 #include <array>
@@ -11,28 +12,28 @@ namespace {
 using S = Social_Items;
 
 /// An answer with its meaning.
-std::string Answer_Text(std::int32_t answer, std::initializer_list<const char*> meanings) {
-    const bool known = answer >= 0 && answer < static_cast<std::int32_t>(meanings.size());
-    return Number(answer) + (known ? "：" + std::string(meanings.begin()[answer]) : "");
+std::string Answer_Text(std::int32_t number, const Choice& choice) {
+    const Answer_Word* answer = choice.Find(number);
+    return Number(number) + (answer != nullptr ? std::string("：") + answer->Check_Word() : "");
 }
 
 template <std::size_t Index>
 std::string Rf1(const Check_Figures& f) {
-    return Answer_Text(f.items.Rf1[Index], {"無", "有", "適用外"});
+    return Answer_Text(f.items.Rf1[Index], choice::yes_no_exempt);
 }
 
 template <auto Member>
 std::string Yes_No(const Check_Figures& f) {
-    return Answer_Text(f.items.*Member, {"無", "有"});
+    return Answer_Text(f.items.*Member, choice::yes_no);
 }
 
 template <std::size_t Index>
 std::string Iso(const Check_Figures& f) {
-    return Answer_Text(f.items.Iso[Index], {"無", "有"});
+    return Answer_Text(f.items.Iso[Index], choice::yes_no);
 }
 
 std::string Audit(const Check_Figures& f) {
-    return Answer_Text(f.items.keiri_kansa, {"無", "確認書類の提出", "会計参与の設置", "会計監査人の設置"});
+    return Answer_Text(f.items.keiri_kansa, choice::audit);
 }
 
 template <std::int32_t Social_Items::*Member>
@@ -62,8 +63,7 @@ void More_Of_W(const Check_Figures& f, Check_Sheet& sheet) {
 }
 
 // The sub-scores of W by the names that they have at a law year.
-std::vector<Sheet_Line> W_Parts(int law) {
-    const bool additions = Law_Of(law).has_additions;
+std::vector<Sheet_Line> W_Parts(bool w7_w8, bool additions) {
     std::vector<Sheet_Line> lines = {
         {additions ? "担い手の育成・確保に関する取組（Ｗ１）" : "労働福祉の状況（Ｗ１）", Item<&S::RF_Ten>},
         {"建設業の営業継続の状況（Ｗ２）", Item<&S::Enen_Ten>},
@@ -71,7 +71,7 @@ std::vector<Sheet_Line> W_Parts(int law) {
         {"法令遵守の状況（Ｗ４）", Item<&S::Horei_ten>},
         {"経理に関する状況（Ｗ５）", Item<&S::Jms_Ten>},
         {"研究開発の状況（Ｗ６）", Item<&S::Kihatu_Ten>}};
-    if (Law_Of(law).has_w7_w8) {
+    if (w7_w8) {
         lines.push_back({"建設機械の保有状況（Ｗ７）", Item<&S::Kikai_Ten>});
         lines.push_back({additions ? "国又は国際標準化機構が定めた規格による認証等の状況（Ｗ８）"
                                    : "国際標準化機構が定めた規格による登録の状況（Ｗ８）",
@@ -113,8 +113,6 @@ void More_Of_W10(const Check_Figures& f, Check_Sheet& sheet) {
 constexpr const char* w1_score = "点数は労働福祉の各項目から算出します。";
 constexpr const char* y1_caption = "Ｙ１（加入・導入している制度の数）";
 constexpr const char* y2_caption = "Ｙ２（加入していない保険の数）";
-constexpr const char* form_w1 = "Frm_W1_Calc_Check";
-constexpr const char* form_w1_2012 = "Frm_W1_Calc_Check2012";
 constexpr const char* title_w1 = "（Ｗ１）労働福祉の状況 計算詳細チェック";
 constexpr const char* title_w2 = "（Ｗ２）建設業の営業継続の状況 計算詳細チェック";
 constexpr const char* title_w = "（Ｗ）その他審査項目 計算詳細チェック";
@@ -131,8 +129,7 @@ const std::vector<Sheet_Line> six_flags = {{"雇用保険加入の有無", Rf1<0
 std::vector<Sheet_Text> Sheets_Of_W1() {
     return {
         {.mode = "W1",
-         .law_to = 2,
-         .form = form_w1,
+         .law = {.without = &Law_Year::has_pension},
          .title = title_w1,
          .help_key = "W1",
          .inputs = {{"雇用保険加入の有無", Rf1<0>},
@@ -147,9 +144,7 @@ std::vector<Sheet_Text> Sheets_Of_W1() {
          .closing = {w1_score},
          .steps = Steps_Of_W1},
         {.mode = "W1",
-         .law_from = 3,
-         .law_to = 3,
-         .form = form_w1_2012,
+         .law = {.with = &Law_Year::has_pension, .without = &Law_Year::has_additions},
          .title = title_w1,
          .help_key = "W1",
          .inputs = six_flags,
@@ -158,8 +153,7 @@ std::vector<Sheet_Text> Sheets_Of_W1() {
          .closing = {w1_score},
          .steps = Steps_Of_W1},
         {.mode = "W1",
-         .law_from = 4,
-         .form = form_w1_2012,
+         .law = {.with = &Law_Year::has_additions},
          .title = "（Ｗ１）担い手の育成・確保に関する取組 計算詳細チェック",
          .help_key = "W1",
          .inputs = six_flags,
@@ -179,8 +173,7 @@ std::vector<Sheet_Text> Sheets_Of_W1() {
 std::vector<Sheet_Text> Sheets_Of_W2_To_W6() {
     return {
         {.mode = "W2",
-         .law_to = 1,
-         .form = form_w1,
+         .law = {.without = &Law_Year::has_saisei},
          .title = title_w2,
          .help_key = "W2",
          .inputs = {{"営業年数", Item<&S::Enen>}},
@@ -189,7 +182,7 @@ std::vector<Sheet_Text> Sheets_Of_W2_To_W6() {
          .more = Table_Of_W2,
          .steps = Steps_Of_W2},
         {.mode = "W2",
-         .law_from = 2,
+         .law = {.with = &Law_Year::has_saisei},
          .form = "Frm_W2_Calc_Check_2011",
          .title = title_w2,
          .help_key = "11W2",
@@ -201,8 +194,6 @@ std::vector<Sheet_Text> Sheets_Of_W2_To_W6() {
          .more = Table_Of_W2,
          .steps = Steps_Of_W2},
         {.mode = "W3",
-         .form = form_w1,
-         .form_2012 = form_w1_2012,
          .title = "（Ｗ３）防災活動への貢献の状況 計算詳細チェック",
          .help_key = "W3",
          .inputs = {{"防災協定締結の有無", Yes_No<&S::Bkyotei>}},
@@ -211,14 +202,10 @@ std::vector<Sheet_Text> Sheets_Of_W2_To_W6() {
          .more = Table_Of_W3,
          .steps = Steps_Of_W3},
         {.mode = "W4",
-         .form = form_w1,
-         .form_2012 = form_w1_2012,
          .title = "（Ｗ４）法令遵守の状況 計算詳細チェック",
          .help_key = "W4",
          .inputs = {{"法令遵守の状況",
-                     [](const Check_Figures& f) {
-                         return Answer_Text(f.items.Horei, {"無", "指示", "営業停止"});
-                     }}},
+                     [](const Check_Figures& f) { return Answer_Text(f.items.Horei, choice::compliance); }}},
          .results = {{"法令遵守の状況（Ｗ３）：", Item<&S::Horei_ten>}},
          .closing = {"点数は下表に該当する点数となります。"},
          .more = Table_Of_W4,
@@ -247,8 +234,6 @@ std::vector<Sheet_Text> Sheets_Of_W2_To_W6() {
          .table_form = "Frm_W2_Calc_Table",
          .steps = Steps_Of_W5},
         {.mode = "W6",
-         .form = form_w1,
-         .form_2012 = form_w1_2012,
          .title = "（Ｗ６）研究開発の状況 計算詳細チェック",
          .help_key = "W6",
          .amounts = true,
@@ -267,7 +252,7 @@ std::vector<Sheet_Text> Sheets_Of_W2_To_W6() {
 std::vector<Sheet_Text> Sheets_From_2011() {
     return {
         {.mode = "W7",
-         .law_from = 2,
+         .law = {.with = &Law_Year::has_w7_w8},
          .form = "Frm_W7_Calc_Check_2011",
          .title = "（Ｗ７）建設機械の保有状況 計算詳細チェック",
          .help_key = "11W7",
@@ -277,8 +262,7 @@ std::vector<Sheet_Text> Sheets_From_2011() {
          .more = Table_Of_W7,
          .steps = Steps_Of_W7},
         {.mode = "W8",
-         .law_from = 2,
-         .law_to = 3,
+         .law = {.with = &Law_Year::has_w7_w8, .without = &Law_Year::has_additions},
          .form = "Frm_W8_Calc_Check_2011",
          .title = "（Ｗ８）国際標準化機構が定めた規格による登録の状況 計算詳細チェック",
          .help_key = "11W8",
@@ -288,7 +272,7 @@ std::vector<Sheet_Text> Sheets_From_2011() {
          .more = Table_Of_W8,
          .steps = Steps_Of_W8},
         {.mode = "W8",
-         .law_from = 4,
+         .law = {.with = &Law_Year::has_additions},
          .form = "Frm_W8_Calc_Check_2011",
          .title = "（Ｗ８）国又は国際標準化機構が定めた規格による認証等の状況 計算詳細チェック",
          .help_key = "11W8",
@@ -300,7 +284,7 @@ std::vector<Sheet_Text> Sheets_From_2011() {
          .more = Table_Of_W8,
          .steps = Steps_Of_W8},
         {.mode = "W9",
-         .law_from = 4,
+         .law = {.with = &Law_Year::has_additions},
          .form = "Frm_W9_Calc_Check_2015",
          .title = "若年の技術職員の育成及び確保の状況 計算詳細チェック",
          .help_key = "15W9",
@@ -316,7 +300,7 @@ std::vector<Sheet_Text> Sheets_From_2011() {
              {"継続的な育成・確保は割合が15％以上のとき1点、新規育成・確保は1％以上のとき1点となります。"},
          .steps = Steps_Of_Young},
         {.mode = "W10",
-         .law_from = 4,
+         .law = {.with = &Law_Year::has_additions},
          .form = "Frm_W10_Calc_Check_2021",
          .title = "知識及び技術者・技能者の向上に関する取組の状況 (W10)",
          .help_key = "15W9",
@@ -333,31 +317,29 @@ std::vector<Sheet_Text> Sheets_From_2011() {
          .more = More_Of_W10,
          .steps = Steps_Of_W10},
         {.mode = "W",
-         .law_to = 1,
-         .form = form_w1,
+         .law = {.without = &Law_Year::has_w7_w8},
          .title = title_w,
          .help_key = "W",
-         .inputs = W_Parts(1),
+         .inputs = W_Parts(false, false),
          .formula = {"（Ｗ１ ＋ Ｗ２ ＋ Ｗ３ ＋ Ｗ４ ＋ Ｗ５ ＋ Ｗ６）× 10"},
          .results = {{"その他審査項目（Ｗ）：", Item<&S::W>}},
          .closing = {"負の値のときは0点となります。"},
          .steps = Steps_Of_W},
         {.mode = "W",
-         .law_from = 2,
-         .law_to = 3,
+         .law = {.with = &Law_Year::has_w7_w8, .without = &Law_Year::has_additions},
          .form = "Frm_W_Calc_Check_2011",
          .title = title_w,
          .help_key = "11W",
-         .inputs = W_Parts(2),
+         .inputs = W_Parts(true, false),
          .results = {{"その他審査項目（Ｗ）：", Item<&S::W>}},
          .more = More_Of_W,
          .steps = Steps_Of_W},
         {.mode = "W",
-         .law_from = 4,
+         .law = {.with = &Law_Year::has_additions},
          .form = "Frm_W_Calc_Check_2011",
          .title = title_w,
          .help_key = "11W",
-         .inputs = W_Parts(4),
+         .inputs = W_Parts(true, true),
          .results = {{"その他審査項目（Ｗ）：", Item<&S::W>}},
          .more = More_Of_W,
          .steps = Steps_Of_W},

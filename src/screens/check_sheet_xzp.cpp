@@ -38,7 +38,7 @@ void Show_Work_Type(const Check_Figures& f, Check_Sheet& sheet) {
 void Show_Row(const Check_Figures& f, Check_Sheet& sheet, int row) {
     constexpr std::string_view blank = "　";
     sheet.table_row = row;
-    const Tbl_Lists lists = Set_Tbl_Lists(sheet.Tbl_Disp_No, f.Law().code);
+    const Tbl_Lists lists = Set_Tbl_Lists(sheet.Tbl_Disp_No, f.Law());
     std::string_view formula = lists.formulas[static_cast<std::size_t>(row)];
     if (formula.starts_with(blank)) {
         formula.remove_prefix(blank.size());
@@ -82,7 +82,7 @@ const std::vector<Sheet_Text>& XZP_Sheets() {
          .form = "Frm_XZP_Calc_Check",
          .title = "（Ｘ１）完成工事高評点 計算詳細チェック",
          .help_key = "X1",
-         .help_key_2011 = "11X1",
+         .help_key_b = "11X1",
          .amounts = true,
          .inputs = {{"完成工事高（前々期）", Of<&Work_Line::Zzki>},
                     {"完成工事高（前期）", Of<&Work_Line::Zki>},
@@ -125,7 +125,7 @@ const std::vector<Sheet_Text>& XZP_Sheets() {
          .form = "Frm_XZP_Calc_Check",
          .title = "（Ｚﾛ）元請完成工事高点数 計算詳細チェック",
          .help_key = "Z2",
-         .help_key_2011 = "11Z2",
+         .help_key_b = "11Z2",
          .amounts = true,
          .inputs = {{"元請完成工事高（前々期）", Of<&Work_Line::Mzzki>},
                     {"元請完成工事高（前期）", Of<&Work_Line::Mzki>},

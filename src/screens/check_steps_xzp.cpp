@@ -84,14 +84,14 @@ void Steps_Of_X1(const Check_Figures& f, Steps& steps) {
     const Work_Line& line = f.Line();
     const Term average =
         Average_Steps(steps, "年間平均完成工事高", f.Kanko_Avg, line.Zzki, line.Zki, line.Kijun);
-    steps.By_Table("完成工事高評点", Table_Of_Number(1, f.Law().code), average, line.Nheikin.value);
+    steps.By_Table("完成工事高評点", Table_Of_Number(1, f.Law()), average, line.Nheikin.value);
 }
 
 void Steps_Of_Z2(const Check_Figures& f, Steps& steps) {
     const Work_Line& line = f.Line();
     const Term average =
         Average_Steps(steps, "年間平均元請完成工事高", f.Kanko_Avg, line.Mzzki, line.Mzki, line.Mkijun);
-    steps.By_Table("元請完成工事高点数", Table_Of_Number(4, f.Law().code), average, line.Mnheikin.value);
+    steps.By_Table("元請完成工事高点数", Table_Of_Number(4, f.Law()), average, line.Mnheikin.value);
 }
 
 void Steps_Of_Z1(const Check_Figures& f, Steps& steps) {

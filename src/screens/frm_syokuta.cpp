@@ -34,10 +34,6 @@ QString Text(const char* text) {
     return QString::fromUtf8(text);
 }
 
-bool Has_Law(const auto& of, int law) {
-    return law >= of.law_from && law <= of.law_to;
-}
-
 /// A caption that does not break inside a short end, such as 点数 behind its （Ｗ１）: kanji break anywhere.
 QString Keep_End_Whole(QString caption) {
     constexpr int short_end = 8;
@@ -80,8 +76,8 @@ Result_Strip* Make_Strip() {
 
 int Index_Of_Check(std::string_view score) {
     int index = 0;
-    for (const W2X_Button& button : w2x_buttons) {
-        if (button.score == score) {
+    for (const std::string_view button : w2x_buttons) {
+        if (button == score) {
             return index;
         }
         ++index;
@@ -106,7 +102,7 @@ Frm_Syokuta::Frm_Syokuta(Shell_Port& shell_port)
         row->addLayout(column);
     }
     for (const Syokuta_Group& group : Syokuta_Groups()) {
-        if (Has_Law(group, entry.Law().code)) {
+        if (group.law.Has(entry.Law())) {
             groups.push_back({&group, Make_Group(group)});
         }
     }
@@ -146,7 +142,7 @@ QWidget* Frm_Syokuta::Make_Group(const Syokuta_Group& group) {
     lines->setContentsMargins(side, 3, side, 3);
     lines->setSpacing(1);
     for (const Syokuta_Row& row : group.rows) {
-        if (Has_Law(row, entry.Law().code)) {
+        if (row.law.Has(entry.Law())) {
             lines->addWidget(Make_Row(row));
         }
     }
@@ -232,21 +228,19 @@ void Frm_Syokuta::Add_Cell(QHBoxLayout& line, const Syokuta_Cell& cell, const ch
     if (*cell.before != '\0') {
         line.addWidget(new QLabel(Text(cell.before)));
     }
-    if (cell.place == nullptr) {
+    if (cell.element == 0) {
         QLabel* label = Shown_Figure(cell, false);
         label->setAccessibleName(Text(caption).trimmed() + Text(cell.before));
         labels.push_back({&cell, label});
         line.addWidget(label);
     } else {
-        auto* edit = new Syokuta_Edit(cell);
+        auto* edit = new Syokuta_Edit(cell, entry.Law());
         edit->setAccessibleName((Text(caption) + QLatin1Char(' ') + Text(cell.before)).trimmed());
-        edit->setAccessibleDescription(Text(cell.hint));
-        edit->setToolTip(Text(cell.hint));
         edit->on_leave = [this, edit] { return Take_Entry(*edit); };
         edit->on_arrow = [this, edit](int direction) { Step_Down(*edit, direction); };
         edit->on_step = [this](bool back) { Step_Entry(back); };
         connect(edit, &Entry_Cell::Entered, this, [this, edit] {
-            strip->Set_Subject(Text(edit->cell.hint));
+            strip->Set_Subject(edit->hint);
             scroll->ensureWidgetVisible(edit, 0, row_height);
         });
         connect(edit, &Entry_Cell::Next_Field, this, [this, edit] { Step(*edit, 1); });
@@ -319,9 +313,8 @@ void Frm_Syokuta::Show_W_2012() {
             strip->Set_Text(figure, label->text());
         }
     }
-    Social_Items items = shown.items;
     for (Syokuta_Edit* edit : edits) {
-        const std::int32_t value = edit->cell.place(items);
+        const std::int32_t value = Item(*edit);
         if (edit->Entry().Is_Null() || edit->Number() != value) {
             edit->Set_Value(value);
         }
@@ -329,17 +322,16 @@ void Frm_Syokuta::Show_W_2012() {
 }
 
 std::int32_t Frm_Syokuta::Item(const Syokuta_Edit& edit) const {
-    Social_Items items = entry.Shown().items;
-    return edit.cell.place(items);
+    return entry.Shown().items.At(edit.cell.element);
 }
 
 // Calculates with a value; false where it cannot be stored or leads to figures out of their width.
 bool Frm_Syokuta::Put(const Syokuta_Edit& edit, std::int32_t value) {
     bool taken = false;
     shell.Guard([&] {
-        const std::string refusal = Syokuta_Entry::Refusal(edit.cell.name, value);
+        const std::string refusal = Syokuta_Entry::Refusal(edit.cell.element, value);
         if (refusal.empty()) {
-            entry.Take(edit.cell.place, value);
+            entry.Take(edit.cell.element, value);
             taken = true;
         } else {
             Tell(shell.session, "入力エラー", refusal);
@@ -397,7 +389,7 @@ bool Frm_Syokuta::May_Close() {
 }
 
 void Frm_Syokuta::Cmd_W2X(int index) {
-    checks.Open(W2X_Request(entry.Law().code, index), [this] { return Save_First(); });
+    checks.Open(W2X_Request(entry.Law(), index), [this] { return Save_First(); });
 }
 
 // The check reads the store and explains settled scores; the screen beside it shows the same.

@@ -1,33 +1,43 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "screens/syokuta_edit.h"
 
+#include "law/elements.h"
 #include "widgets/entry_text.h"
 
 #include <QKeyEvent>
+#include <string>
 
 namespace morvane {
 
 namespace {
 
-Entry_Kind Kind_Of(const Syokuta_Cell& cell) {
-    if (cell.keys != nullptr) {
+Entry_Kind Kind_Of(const Element_Info& item) {
+    if (item.choice != nullptr) {
         return Entry_Kind::Choice;
     }
-    return cell.amount ? Entry_Kind::Figure : Entry_Kind::Digits;
+    return item.amount ? Entry_Kind::Figure : Entry_Kind::Digits;
 }
 
 } // namespace
 
-Syokuta_Edit::Syokuta_Edit(const Syokuta_Cell& field, QWidget* parent)
-    : Entry_Cell(Kind_Of(field), parent), cell(field) {
+Syokuta_Edit::Syokuta_Edit(const Syokuta_Cell& field, const Law_Year& law, QWidget* parent)
+    : Entry_Cell(Kind_Of(*Find_Element(field.element)), parent), cell(field) {
+    const Element_Info& item = *Find_Element(field.element);
+    const Choice* choice = Choice_Of(item, law);
     setObjectName(QString::fromUtf8(field.name));
-    if (field.keys != nullptr) {
-        Set_Choices(QString::fromLatin1(field.keys));
+    int digits = 1;
+    if (choice != nullptr) {
+        Set_Choices(QString::fromUtf8(choice->keys.data(), static_cast<qsizetype>(choice->keys.size())));
+    } else {
+        digits = static_cast<int>(std::to_string(item.most).size());
     }
-    setMaxLength(field.digits);
+    hint = choice != nullptr ? QString::fromStdString(choice->Hint()) : QString::fromUtf8(field.hint);
+    setToolTip(hint);
+    setAccessibleDescription(hint);
+    setMaxLength(digits);
     // The commas of an amount.
-    Set_Width(field.digits + (field.amount ? (field.digits - 1) / 3 : 0));
-    setAlignment((field.keys != nullptr ? Qt::AlignHCenter : Qt::AlignRight) | Qt::AlignVCenter);
+    Set_Width(digits + (item.amount ? (digits - 1) / 3 : 0));
+    setAlignment((choice != nullptr ? Qt::AlignHCenter : Qt::AlignRight) | Qt::AlignVCenter);
 }
 
 std::int32_t Syokuta_Edit::Number() const {

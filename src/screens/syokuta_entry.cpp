@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "screens/syokuta_entry.h"
 
+#include "law/elements.h"
 #include "review/settle.h"
 #include "review/y_calc.h"
 
@@ -18,7 +19,7 @@ Syokuta_Entry::Syokuta_Entry(const Session& session, int scenario_number)
         screen.x2.Calc_X2(figures, wzx, false);
         shown = screen;
         screen.Calc_W_2012(figures, wzx);
-        if (!figures.elements[100].up) {
+        if (!figures.elements[element::w1].up) {
             shown = screen; // nothing is stored yet that could be shown
         }
     } catch (const Run_Time_Error& error) {
@@ -26,9 +27,9 @@ Syokuta_Entry::Syokuta_Entry(const Session& session, int scenario_number)
     }
 }
 
-void Syokuta_Entry::Take(std::int32_t& (*place)(Social_Items&), std::int32_t value) {
+void Syokuta_Entry::Take(int element, std::int32_t value) {
     Syokuta next = screen;
-    place(next.items) = value;
+    next.items.At(element) = value;
     if (next.items.JikoS == 0) {
         next.items.JikoS = 1;
     }
@@ -59,14 +60,11 @@ void Syokuta_Entry::Store(const Session& session) const {
     Store_And_Settle(session, Scenario_Of(scenario), [&](const Connection& cn) { Store(cn, session); });
 }
 
-std::string Syokuta_Entry::Refusal(const std::string& control, std::int32_t value) {
-    for (const Social_Field& field : Social_Fields()) {
-        if (field.control == control && value > field.limit) {
-            return std::string(field.caption) + "は" + std::to_string(field.limit) +
-                   "までの数で入力してください。";
-        }
-    }
-    return {};
+std::string Syokuta_Entry::Refusal(int element, std::int32_t value) {
+    const Element_Info& item = *Find_Element(element);
+    return value > item.most_read ? std::string(item.name) + "は" + std::to_string(item.most_read) +
+                                        "までの数で入力してください。"
+                                  : "";
 }
 
 } // namespace morvane

@@ -22,12 +22,12 @@ class Syokuta_Entry {
     /// and the screen is there to correct the items.
     [[nodiscard]] const std::optional<Run_Time_Error>& Fault() const { return fault; }
 
-    /// Takes an entry into its item and calculates. Raises Run_Time_Error on overflow; nothing has changed
-    /// then. While there is a fault it takes what it is given.
-    void Take(std::int32_t& (*place)(Social_Items&), std::int32_t value);
+    /// Takes the entry of an element into its item and calculates. Raises Run_Time_Error on overflow; nothing
+    /// has changed then. While there is a fault it takes what it is given.
+    void Take(int element, std::int32_t value);
 
     /// Why an entry cannot be stored, in Japanese; empty where it can.
-    [[nodiscard]] static std::string Refusal(const std::string& control, std::int32_t value);
+    [[nodiscard]] static std::string Refusal(int element, std::int32_t value);
 
     /// What the fields show.
     [[nodiscard]] const Syokuta& Shown() const { return shown; }

@@ -1,24 +1,17 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "screens/syokuta_table.h"
 
+#include "law/elements.h"
 #include "session/kyotu_mod.h"
 
 namespace morvane {
 
 namespace {
 
+namespace e = element;
+
 using S = Social_Items;
 using Look = Syokuta_Row::Look;
-
-template <std::int32_t S::*Member>
-std::int32_t& One(S& items) {
-    return items.*Member;
-}
-
-template <auto Member, std::size_t Index>
-std::int32_t& Of(S& items) {
-    return (items.*Member)[Index];
-}
 
 /// A shown item, and a shown figure of X2.
 template <std::int32_t S::*Member>
@@ -45,27 +38,19 @@ Syokuta_Cell Points(const char* name) {
     return {.name = name, .shown = Show<Member>, .digits = points_digits};
 }
 
-constexpr const char* yes_no = "0：無　1：有";
-constexpr const char* yes_no_exempt = "0：無　1：有　2：適用外";
+constexpr Law_Range any = {};
+constexpr Law_Range together = {.without = &Law_Year::has_pension};
+constexpr Law_Range pension_apart = {.with = &Law_Year::has_pension};
+constexpr Law_Range additions = {.with = &Law_Year::has_additions};
 
-template <std::size_t Index>
-Syokuta_Row Flag(const char* name, const char* caption, bool exempt, int law_from, int law_to) {
-    return {.caption = caption,
-            .cells = {{.name = name,
-                       .place = Of<&S::Rf1, Index>,
-                       .keys = exempt ? "012" : "01",
-                       .hint = exempt ? yes_no_exempt : yes_no}},
-            .law_from = law_from,
-            .law_to = law_to};
+Syokuta_Row Flag(int place, const char* name, const char* caption, const Law_Range& law) {
+    return {.caption = caption, .cells = {{.name = name, .element = e::welfare + place}}, .law = law};
 }
 
 std::vector<Syokuta_Row> Rows_Of_X2() {
     return {
         {.caption = "計算→ 基準：１ 2年平均：２",
-         .cells = {{.name = "JikoS(0)",
-                    .place = One<&S::JikoS>,
-                    .keys = "12",
-                    .hint = "1：基準決算の自己資本額　2：前期と当期の２年平均"}}},
+         .cells = {{.name = "JikoS(0)", .element = e::equity_basis}}},
         {.caption = "自己資本額",
          .cells = {{.name = "Js_Ten", .shown = Show_X2<&X2_Calc::X2_1_Ten>, .digits = score_digits}},
          .look = Look::Heading,
@@ -95,16 +80,16 @@ std::vector<Syokuta_Row> Rows_Of_X2() {
 
 std::vector<Syokuta_Row> Rows_Of_Welfare() {
     return {
-        Flag<0>("Rf1(0)", "雇用保険加入の有無", true, 1, 4),
-        Flag<1>("Rf1(1)", "健保及び厚生年金加入の有無", true, 1, 2),
-        Flag<2>("Rf1(2)", "建設業退職金共済制度加入の有無", false, 1, 2),
-        Flag<3>("Rf1(3)", "退職一時金もしくは企業年金制度導入の有無", false, 1, 2),
-        Flag<4>("Rf1(4)", "法定外労働災害補償制度加入の有無", false, 1, 2),
-        Flag<1>("Rf1(1)", "健康保険加入の有無", true, 3, 4),
-        Flag<2>("Rf1(2)", "厚生年金加入の有無", true, 3, 4),
-        Flag<3>("Rf1(3)", "建設業退職金共済制度加入の有無", false, 3, 4),
-        Flag<4>("Rf1(4)", "退職一時金もしくは企業年金制度導入の有無", false, 3, 4),
-        Flag<5>("Rf1(5)", "法定外労働災害補償制度加入の有無", false, 3, 4),
+        Flag(0, "Rf1(0)", "雇用保険加入の有無", any),
+        Flag(1, "Rf1(1)", "健保及び厚生年金加入の有無", together),
+        Flag(2, "Rf1(2)", "建設業退職金共済制度加入の有無", together),
+        Flag(3, "Rf1(3)", "退職一時金もしくは企業年金制度導入の有無", together),
+        Flag(4, "Rf1(4)", "法定外労働災害補償制度加入の有無", together),
+        Flag(1, "Rf1(1)", "健康保険加入の有無", pension_apart),
+        Flag(2, "Rf1(2)", "厚生年金加入の有無", pension_apart),
+        Flag(3, "Rf1(3)", "建設業退職金共済制度加入の有無", pension_apart),
+        Flag(4, "Rf1(4)", "退職一時金もしくは企業年金制度導入の有無", pension_apart),
+        Flag(5, "Rf1(5)", "法定外労働災害補償制度加入の有無", pension_apart),
     };
 }
 
@@ -115,18 +100,13 @@ std::vector<Syokuta_Row> Rows_Of_Additions() {
     return {
         {.caption = "若年の技術職員（若年／全数 ％ 点）", .look = Look::Heading, .check = "W9"},
         {.caption = "継続的な育成・確保",
-         .cells = {{.name = "JyakunenK(0)", .place = One<&S::JyakunenK>, .digits = 5, .hint = of_young},
-                   {.name = "JyakunenK(1)",
-                    .place = One<&S::JyakunenAll>,
-                    .digits = 5,
-                    .before = "／",
-                    .hint = of_all},
+         .cells = {{.name = "JyakunenK(0)", .element = e::young_kept, .hint = of_young},
+                   {.name = "JyakunenK(1)", .element = e::engineers, .before = "／", .hint = of_all},
                    {.name = "JyakunenK_ritu", .shown = Show<&S::JyakunenK_ritu>, .digits = 4},
                    {.name = "jyakunenK_ten", .shown = Show<&S::jyakunenK_ten>, .digits = 2}}},
         {.caption = "新規育成・確保",
          .cells = {{.name = "JyakunenS(0)",
-                    .place = One<&S::JyakunenS>,
-                    .digits = 5,
+                    .element = e::young_new,
                     .hint = "審査基準日前１年間に新たに技術職員となった35歳未満の数"},
                    {.name = "JyakunenS(1)", .shown = Show<&S::JyakunenAll>, .digits = 5, .before = "／"},
                    {.name = "JyakunenS_ritu", .shown = Show<&S::JyakunenS_ritu>, .digits = 4},
@@ -137,55 +117,36 @@ std::vector<Syokuta_Row> Rows_Of_Additions() {
          .check = "W10"},
         {.caption = "ＣＰＤ単位取得数",
          .cells = {{.name = "tishikiGJ(0)",
-                    .place = Of<&S::tishikiGJ, 0>,
-                    .digits = 6,
+                    .element = e::cpd_units,
                     .hint = "技術者が１年間に取得したＣＰＤ単位の合計"},
                    {.name = "tishikiGJ(1)",
-                    .place = Of<&S::tishikiGJ, 1>,
-                    .digits = 5,
+                    .element = e::cpd_engineers,
                     .before = "技術者数",
                     .hint = "監理技術者になる資格などを持つ技術者の数"}}},
         {.caption = "技能レベル向上者数",
          .cells = {{.name = "tishikiGN(0)",
-                    .place = Of<&S::tishikiGN, 0>,
-                    .digits = 5,
+                    .element = e::skill_raised,
                     .hint = "審査基準日前３年間に能力評価の区分が上がった技能者の数"},
                    {.name = "tishikiGN(1)",
-                    .place = Of<&S::tishikiGN, 1>,
-                    .digits = 5,
+                    .element = e::skilled_workers,
                     .before = "技能者数",
                     .hint = "審査基準日前３年間に工事の施工に従事した技能者の数"}}},
         {.caption = "控除対象者数",
          .cells = {{.name = "tishikiGN(2)",
-                    .place = Of<&S::tishikiGN, 2>,
-                    .digits = 5,
+                    .element = e::skill_left_out,
                     .hint = "はじめから最上位の区分にある技能者の数"}}},
         {.caption = "ワーク・ライフ・バランス",
          .cells = {Points<&S::wlb_ten>("wlb_ten")},
          .look = Look::Heading},
-        {.caption = "女性活躍推進法に基づく認定",
-         .cells = {{.name = "wlb(0)",
-                    .place = Of<&S::wlb, 0>,
-                    .keys = "0123456789",
-                    .hint = "1：ﾌﾟﾗﾁﾅえるぼし　2：えるぼし第3段階　3：第2段階　4：第1段階　0：無"}}},
-        {.caption = "次世代法に基づく認定",
-         .cells = {{.name = "wlb(1)",
-                    .place = Of<&S::wlb, 1>,
-                    .keys = "0123456789",
-                    .hint = "1：ﾌﾟﾗﾁﾅくるみん　2：くるみん　3：トライくるみん　0：無"}}},
+        {.caption = "女性活躍推進法に基づく認定", .cells = {{.name = "wlb(0)", .element = e::women}}},
+        {.caption = "次世代法に基づく認定", .cells = {{.name = "wlb(1)", .element = e::next_generation}}},
         {.caption = "若者雇用促進法に基づく認定 （ユースエール：1)",
-         .cells = {{.name = "wlb(2)",
-                    .place = Of<&S::wlb, 2>,
-                    .keys = "0123456789",
-                    .hint = "1：ユースエール　0：無"}}},
+         .cells = {{.name = "wlb(2)", .element = e::youth}}},
         {.caption = "建設工事の就業履歴の蓄積",
          .cells = {Points<&S::rireki_ten>("rireki_ten")},
          .look = Look::Heading},
         {.caption = "全工事で実施：1、全公共工事：2、自主宣言有：3、無：0",
-         .cells = {{.name = "rireki",
-                    .place = One<&S::rireki>,
-                    .keys = "0123456789",
-                    .hint = "1：全工事で実施　2：全公共工事　3：自主宣言有　4・5：注を参照　0：無"}}},
+         .cells = {{.name = "rireki", .element = e::work_history}}},
         {.caption = "【注】・全工事＋自主宣言：4　・公共工事＋自主宣言：5", .look = Look::Note},
         {.caption = "←審査基準日2026/07/01以降", .look = Look::Note},
         {.caption = "担い手の育成・確保に関する取組（Ｗ１）  点数",
@@ -199,22 +160,16 @@ std::vector<Syokuta_Row> Rows_Of_W5() {
     return {
         {.caption =
              " 監査の受審( 0無  1経理処理の適正を確認した旨の書類の提出  2会計参与の設置  3会計監査人の設置)",
-         .cells = {{.name = "keiri_kansa",
-                    .place = One<&S::keiri_kansa>,
-                    .keys = "0123",
-                    .hint = "0：無　1：経理処理の適正を確認した旨の書類の提出　2：会計参与の設置　3：会計監査"
-                            "人の設置"}}},
+         .cells = {{.name = "keiri_kansa", .element = e::audit}}},
         {.caption = " 完成工事高 (X1入力画面より）",
          .cells = {{.name = "keiri_kandaka", .shown = Show<&S::keiri_kandaka>, .digits = amount_digits}}},
         {.caption = "一級建設業経理事務士等の数",
          .cells = {{.name = "Kjm(0)",
-                    .place = Of<&S::Kjm, 0>,
-                    .digits = 4,
+                    .element = e::accountants_1,
                     .hint = "公認会計士、税理士、一級の登録経理試験合格者等の数"}}},
         {.caption = "二級建設業経理事務士等の数",
          .cells = {{.name = "Kjm(1)",
-                    .place = Of<&S::Kjm, 1>,
-                    .digits = 4,
+                    .element = e::accountants_2,
                     .hint = "二級の登録経理試験合格者等の数"}}},
     };
 }
@@ -229,18 +184,18 @@ std::vector<Syokuta_Group> Groups_Of_X2_And_W1() {
          .points = {Points<&S::RF_Ten>("RF_Ten")},
          .check = "W1",
          .rows = Rows_Of_Welfare(),
-         .law_to = 3},
+         .law = {.without = &Law_Year::has_additions}},
         {.title = "労働福祉の状況",
          .points = {Points<&S::RF1_Ten>("RF1_Ten")},
          .check = nullptr,
          .rows = Rows_Of_Welfare(),
-         .law_from = 4},
+         .law = additions},
         {.title = "担い手の育成・確保（Ｗ１）",
          .points = {},
          .check = nullptr,
          .of_three = 1,
          .rows = Rows_Of_Additions(),
-         .law_from = 4},
+         .law = additions},
     };
 }
 
@@ -253,30 +208,26 @@ std::vector<Syokuta_Group> Groups_Of_W2_To_W4() {
          .of_three = 2,
          .rows = {{.caption = "建設業の営業継続の状況",
                    .cells = {{.name = "Enen",
-                              .place = One<&S::Enen>,
-                              .digits = 3,
+                              .element = e::years_in_business,
                               .after = "年",
                               .hint = "建設業の許可を受けてからの営業年数"}}},
                   {.caption = " 民事再生法又は会社更生法の適用の有無",
-                   .cells = {{.name = "Saisei", .place = One<&S::Saisei>, .keys = "01", .hint = yes_no}},
-                   .law_from = 2}}},
+                   .cells = {{.name = "Saisei", .element = e::rehabilitation}},
+                   .law = {.with = &Law_Year::has_saisei}}}},
         {.title = "防災活動への貢献（Ｗ３）",
          .points = {Points<&S::Bkyotei_Ten>("Bkyotei_Ten")},
          .check = "W3",
          .of_two = 1,
          .of_three = 2,
          .rows = {{.caption = " 防災協定締結の有無",
-                   .cells = {{.name = "Bkyotei", .place = One<&S::Bkyotei>, .keys = "01", .hint = yes_no}}}}},
+                   .cells = {{.name = "Bkyotei", .element = e::disaster_agreement}}}}},
         {.title = "法令遵守の状況（Ｗ４）",
          .points = {Points<&S::Horei_ten>("Horei_ten")},
          .check = "W4",
          .of_two = 1,
          .of_three = 2,
          .rows = {{.caption = " ( 0無  1指示を受けた場合  2営業の全部もしくは一部の停止を命ぜられた場合)",
-                   .cells = {{.name = "Horei",
-                              .place = One<&S::Horei>,
-                              .keys = "012",
-                              .hint = "0：無　1：指示を受けた　2：営業の停止を命ぜられた"}}}}},
+                   .cells = {{.name = "Horei", .element = e::compliance}}}}},
     };
 }
 
@@ -297,40 +248,31 @@ std::vector<Syokuta_Group> Groups_From_W5() {
          .of_three = 2,
          .rows = {{.caption = " 開発研究費",
                    .cells = {{.name = "Kihatu(0)",
-                              .place = Of<&S::Kihatu, 0>,
-                              .digits = 8,
+                              .element = e::research_before,
                               .before = "前期",
-                              .hint = of_research,
-                              .amount = true}}},
+                              .hint = of_research}}},
                   {.cells = {{.name = "Kihatu(1)",
-                              .place = Of<&S::Kihatu, 1>,
-                              .digits = 8,
+                              .element = e::research,
                               .before = "当期",
-                              .hint = of_research,
-                              .amount = true}}}}},
+                              .hint = of_research}}}}},
         {.title = "建設機械の保有状況（Ｗ７）",
          .points = {Points<&S::Kikai_Ten>("Kikai_Ten")},
          .check = "W7",
          .of_two = 1,
          .rows = {{.caption = "建設機械の所有及びリース台数",
-                   .cells = {{.name = "Kikai",
-                              .place = One<&S::Kikai>,
-                              .digits = 4,
-                              .after = "台",
-                              .hint = "建設機械の台数"}}}},
-         .law_from = 2},
+                   .cells =
+                       {{.name = "Kikai", .element = e::machines, .after = "台", .hint = "建設機械の台数"}}}},
+         .law = {.with = &Law_Year::has_w7_w8}},
         {.title = "認証・登録の状況（Ｗ８）",
          .points = {Points<&S::Iso_Ten>("Iso_Ten")},
          .check = "W8",
          .of_two = 1,
          .rows = {{.caption = " エコアクション21の認証の有無",
-                   .cells = {{.name = "Iso(0)", .place = Of<&S::Iso, 0>, .keys = "01", .hint = yes_no}},
-                   .law_from = 4},
-                  {.caption = " ISO9001の登録の有無",
-                   .cells = {{.name = "Iso(1)", .place = Of<&S::Iso, 1>, .keys = "01", .hint = yes_no}}},
-                  {.caption = " ISO14001の登録有無",
-                   .cells = {{.name = "Iso(2)", .place = Of<&S::Iso, 2>, .keys = "01", .hint = yes_no}}}},
-         .law_from = 2},
+                   .cells = {{.name = "Iso(0)", .element = e::eco_action}},
+                   .law = additions},
+                  {.caption = " ISO9001の登録の有無", .cells = {{.name = "Iso(1)", .element = e::iso_9001}}},
+                  {.caption = " ISO14001の登録有無", .cells = {{.name = "Iso(2)", .element = e::iso_14001}}}},
+         .law = {.with = &Law_Year::has_w7_w8}},
         {.title = "その他審査項目（Ｗ）",
          .points = {{.name = "W", .shown = Show<&S::W>, .digits = score_digits}},
          .check = "W",

@@ -10,15 +10,13 @@ namespace morvane {
 
 /// One field of the entry screen of X2 and W: keyed into an item, or shown.
 struct Syokuta_Cell {
-    const char* name;                                ///< of its control
-    std::int32_t& (*place)(Social_Items&) = nullptr; ///< the item of an entry; none: shown only
-    std::string (*shown)(const Syokuta&) = nullptr;  ///< the text of a field that is shown
-    const char* keys = nullptr;                      ///< the single keys of a choice; none: digits
-    int digits = 1;                                  ///< that can be typed, or the width of what is shown
-    const char* before = "";                         ///< text before and behind it
+    const char* name;                               ///< of its control
+    int element = 0;                                ///< the item of an entry; none: shown only
+    std::string (*shown)(const Syokuta&) = nullptr; ///< the text of a field that is shown
+    int digits = 1;                                 ///< the width of what is shown
+    const char* before = "";                        ///< text before and behind it
     const char* after = "";
-    const char* hint = ""; ///< what the entry means, told while it has the focus
-    bool amount = false;   ///< thousand yen, with commas
+    const char* hint = ""; ///< what the entry means, told while it has the focus; a choice tells its answers
 };
 
 /// One line of a group.
@@ -32,8 +30,7 @@ struct Syokuta_Row {
 
     const char* caption = "";
     std::vector<Syokuta_Cell> cells = {};
-    int law_from = 1;
-    int law_to = 4;
+    Law_Range law = {};
     Look look = Look::Line;
     const char* check = nullptr; ///< the score behind its check button (w2x_buttons)
 };
@@ -46,8 +43,7 @@ struct Syokuta_Group {
     int of_two = 0;                   ///< column where the screen has room for two, and for three
     int of_three = 0;
     std::vector<Syokuta_Row> rows = {};
-    int law_from = 1;
-    int law_to = 4;
+    Law_Range law = {};
 };
 
 /// The groups in the order of entry.

@@ -13,6 +13,8 @@
 
 namespace morvane {
 
+enum class Law_Year_No : std::uint8_t; // law/law_year.h
+
 /// Multi-company mode's value of 管理者識別.
 inline constexpr std::uint8_t multi_company_mode = 11;
 
@@ -40,10 +42,9 @@ struct Session {
     std::int16_t Syori_Ki = 0;    ///< period in hand
     std::int16_t Tani_Kbn = 1;    ///< display unit of statements: 1 yen, 2 thousand, other million
     std::uint8_t Data_Ver = 0;    ///< data form of the period in hand (Get_Data_Ver)
-    std::uint8_t Simyu_Kubun =
-        0;                   ///< law year of the period in hand: 1 2008, 2 2011, 3 2012, 4 2015 and later
-    bool Edit_Flg = false;   ///< a screen of the work area is open
-    bool Jg_New_Flg = false; ///< the company screen registers a new company
+    Law_Year_No Simyu_Kubun{};    ///< law year of the period in hand (Get_Simyu_Kubun)
+    bool Edit_Flg = false;        ///< a screen of the work area is open
+    bool Jg_New_Flg = false;      ///< the company screen registers a new company
 
     std::uint8_t Sim_Mode = 1;  ///< 1 current state, 2 improvement, 3 other firm, 4 prior period
     std::uint8_t Menu_Mode = 1; ///< as Sim_Mode; the statement screens set it alone

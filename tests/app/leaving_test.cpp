@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "app/form_table.h"
 #include "batch/case_file.h"
+#include "law/law_year.h"
 #include "screens/qanda.h"
 #include "support/failing_writes.h"
 #include "support/ui_fixture.h"
@@ -39,7 +40,7 @@ class Leaving_Test : public Ui_Installation {
         Import_Case(session, Samples_Folder() / "aoba_kensetsu.json");
         session.Syori_Ki = static_cast<std::int16_t>(Field("Jigyo_mas", "処理決算期", "1=1").As_Integer());
         session.Hojin_Kojin = 1;
-        session.Simyu_Kubun = 4;
+        session.Simyu_Kubun = Law_Of(4).code;
         session.Kamoku_From = 100;
         session.Kamoku_To = 129;
         session.Screen_No = 53;

@@ -3,6 +3,7 @@
 
 #include "app/form_table.h"
 #include "app/gates.h"
+#include "law/law_year.h"
 #include "support/installation_fixture.h"
 
 #include <set>
@@ -45,7 +46,7 @@ TEST(Menu_Table_Test,
                 for (std::uint8_t law = 1; law <= 4; ++law) {
                     Session session;
                     session.Hojin_Kojin = hojin_kojin;
-                    session.Simyu_Kubun = law;
+                    session.Simyu_Kubun = Law_Of(law).code;
                     if (entry.action == Menu_Action::Open_Form) {
                         EXPECT_NE(Find_Form(Form_Of(entry, session)), nullptr) << entry.name;
                     } else if (entry.action == Menu_Action::Open_Panel) {
@@ -80,7 +81,7 @@ TEST_F(Menu_Test, An_entry_tells_the_session_title_and_rows_by_firm_type) {
     EXPECT_EQ(Caption_Of(Entry("Cmd_KsT(2)"), session), " 無形固定資産  投資等");
     EXPECT_EQ(Form_Of(Entry("Cmd_KsT(2)"), session), "Frm_KsZaihyoKJ");
     EXPECT_FALSE(Is_Enabled(Entry("Cmd_KsS(3)"), session));
-    session.Simyu_Kubun = 4;
+    session.Simyu_Kubun = Law_Of(4).code;
     EXPECT_EQ(Form_Of(Entry("Cmd_UpS(2)"), session), "Frm_Syokutakaiz_2012");
     ASSERT_TRUE(Enter_Panel(session, Entry("Cmd_Sim2")));
     EXPECT_EQ(session.Sim_Title, "改善シミュレーション");

@@ -69,7 +69,7 @@ TEST_F(Single_Start_Test, First_run_makes_the_firm_and_asks_for_its_dates_until_
     EXPECT_EQ(session.Jigyo_Name, "株式会社 山田\"組\"");
     EXPECT_EQ(session.Syori_Ki, 28);
     EXPECT_EQ(session.Data_Ver, 5);
-    EXPECT_EQ(session.Simyu_Kubun, 4);
+    EXPECT_EQ(Law_Number(session.Simyu_Kubun), 4);
     EXPECT_EQ(Field("Jigyo_mas", "代表者名", "1=1"), Value("山田"));
     EXPECT_EQ(session.Tani_Kbn, 1) << "the unit is yen after every start";
     EXPECT_EQ(Start(), Start_Result::Ready);

@@ -76,7 +76,7 @@ TEST_F(Check_Out_Test, Takes_A_Company_And_Saves_The_One_In_Hand) {
     EXPECT_EQ(session.Syori_Ki, 7);
     EXPECT_EQ(session.Hojin_Kojin, 2);
     EXPECT_EQ(session.Data_Ver, 5);
-    EXPECT_EQ(session.Simyu_Kubun, 4);
+    EXPECT_EQ(Law_Number(session.Simyu_Kubun), 4);
     EXPECT_EQ(session.Work_Store, folder.path / working_store);
     EXPECT_FALSE(Field("W_Yoso", "要素名", "要素CD=239").Is_Null()) << "the rows that were missing";
 

@@ -219,7 +219,7 @@ TEST_F(Company_Save_Test, A_New_Company_Is_Registered_And_Taken_In_Hand) {
     EXPECT_EQ(Titles(), "処理中の事業所保存");
     EXPECT_EQ(session.Kanri_No, 0);
     session.Jg_New_Flg = true;
-    session.Simyu_Kubun = 1;
+    session.Simyu_Kubun = Law_Of(1).code;
     session.User_ID = "U-7";
     EXPECT_EQ(Load_Company(session, screen).Text("SyaMei"), "");
     const auto before = State();
@@ -244,7 +244,7 @@ TEST_F(Company_Save_Test, A_New_Company_Is_Registered_And_Taken_In_Hand) {
     EXPECT_EQ(session.Jigyo_Name, "新規建設");
     EXPECT_EQ(session.Syori_Ki, 12);
     EXPECT_EQ(session.Data_Ver, 5);
-    EXPECT_EQ(session.Simyu_Kubun, 4);
+    EXPECT_EQ(Law_Number(session.Simyu_Kubun), 4);
     EXPECT_EQ(session.Hojin_Kojin, 2);
     EXPECT_FALSE(session.Jg_New_Flg);
     EXPECT_EQ(Save(new_company).outcome, Outcome_Of_Save::Saved) << "from now on an existing company";
@@ -293,7 +293,7 @@ TEST_F(Own_Firm_Test, Its_Tests_Come_In_Their_Own_Order) {
     EXPECT_EQ(session.Tani_Kbn, 3);
     EXPECT_EQ(session.Jigyo_Name, "改名建設");
     EXPECT_EQ(session.Hojin_Kojin, 2);
-    EXPECT_EQ(session.Simyu_Kubun, 3) << "read again";
+    EXPECT_EQ(Law_Number(session.Simyu_Kubun), 3) << "read again";
 }
 
 TEST_F(Own_Firm_Test, Leaving_The_Period_Shifts_At_Once) {

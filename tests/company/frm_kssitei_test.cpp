@@ -18,9 +18,9 @@ class Period_Screen : public Ui_Installation {
   protected:
     Period_Screen() {
         Make_Company(1, 1, 33);
-        Period_Copy(session, 34, 33, Copy_Mode::After, 3);
-        Period_Copy(session, 35, 34, Copy_Mode::After, 4);
-        Set_Law_Year(session, 33, 2);
+        Period_Copy(session, 34, 33, Copy_Mode::After, Law_Of(3).code);
+        Period_Copy(session, 35, 34, Copy_Mode::After, Law_Of(4).code);
+        Set_Law_Year(session, 33, Law_Of(2).code);
         Open();
     }
 
@@ -57,7 +57,8 @@ TEST_F(Period_Screen, A_Line_Is_Chosen_And_Taken_In_Hand) {
     EXPECT_EQ(Marked(), "2:2015");
     Click_Row(1);
     EXPECT_EQ(Marked(), "1:2012");
-    EXPECT_EQ(session.Simyu_Kubun, 4) << "the menu opens forms by it, and period 35 is still in hand";
+    EXPECT_EQ(Law_Number(session.Simyu_Kubun), 4)
+        << "the menu opens forms by it, and period 35 is still in hand";
     Cn_Open(session).Execute("DELETE * FROM Ks_Zaihyo WHERE 決算期=33 And 建設科目CD=99");
     Open();
     Click_Row(0);
@@ -69,7 +70,7 @@ TEST_F(Period_Screen, A_Line_Is_Chosen_And_Taken_In_Hand) {
     QTest::keyClick(list, Qt::Key_Return);
     EXPECT_FALSE(form->isVisible());
     EXPECT_EQ(session.Syori_Ki, 34);
-    EXPECT_EQ(session.Simyu_Kubun, 3);
+    EXPECT_EQ(Law_Number(session.Simyu_Kubun), 3);
     EXPECT_EQ(shell.calls, (std::vector<std::string>{"Show_Company"}));
 }
 
@@ -83,7 +84,7 @@ TEST_F(Period_Screen, A_Store_That_Cannot_Be_Read_Does_Not_Hold_The_Window) {
     Click(*form, "Cmd_Cancel");
     EXPECT_FALSE(form->isVisible());
     EXPECT_EQ(shell.failure, "") << "the program would end";
-    EXPECT_EQ(session.Simyu_Kubun, 4);
+    EXPECT_EQ(Law_Number(session.Simyu_Kubun), 4);
 }
 
 TEST_F(Period_Screen, A_New_Period_Is_Made_From_The_Proposal) {
@@ -117,7 +118,7 @@ TEST_F(Period_Screen, A_New_Period_Is_Made_From_The_Proposal) {
     Click(*form, "Cmd_Excute");
     EXPECT_FALSE(form->isVisible());
     EXPECT_EQ(session.Syori_Ki, 32);
-    EXPECT_EQ(session.Simyu_Kubun, 3);
+    EXPECT_EQ(Law_Number(session.Simyu_Kubun), 3);
     EXPECT_EQ(shell.calls, (std::vector<std::string>{"Show_Company"}));
 }
 
@@ -130,10 +131,10 @@ TEST_F(Period_Screen, Law_Years_Are_Changed_And_Leaving_Keeps_That_Of_The_Period
     Click_Row(2);
     Click(*form, "Simyu2011_flg");
     EXPECT_EQ(Marked(), "2:2012") << "No to 2011 marks 2012";
-    session.Simyu_Kubun = 2;
+    session.Simyu_Kubun = Law_Of(2).code;
     QTest::keyClick(form.get(), Qt::Key_Escape);
     EXPECT_FALSE(form->isVisible());
-    EXPECT_EQ(session.Simyu_Kubun, 4);
+    EXPECT_EQ(Law_Number(session.Simyu_Kubun), 4);
     EXPECT_EQ(session.Syori_Ki, 35);
     EXPECT_TRUE(shell.calls.empty());
 }

@@ -303,13 +303,7 @@ TEST_F(Period_Test, Law_Years_There_And_Back) {
         Write_Files(folder.path, good);
         Run(c.changes);
         for (const int law : c.laws) {
-            if (law == 2) {
-                To_Law2011(session, 5);
-            } else if (law == 3) {
-                To_Law2012(session, 5);
-            } else {
-                Set_Law_Year(session, 5, law);
-            }
+            Set_Law_Year(session, 5, Law_Of(law).code);
         }
         EXPECT_EQ(Elements(5), c.elements) << testing::PrintToString(c.laws);
         const std::string pension = c.elements.find("999") != std::string::npos ? "999" : "103";
@@ -318,7 +312,7 @@ TEST_F(Period_Test, Law_Years_There_And_Back) {
         }
     }
     Write_Files(folder.path, good);
-    To_Law2011(session, 5);
+    Set_Law_Year(session, 5, Law_Of(2).code);
     EXPECT_EQ(Elements(4), others);
 }
 
@@ -386,9 +380,9 @@ TEST_F(Period_Test, The_Firm_Type_Changes_Captions_And_Wipes) {
 
 TEST_F(Period_Test, No_Failing_Write_Leaves_A_Half_Done_Change) {
     Make_Filled_Company();
-    Expect_Whole_Or_Nothing([](Session& copy) { To_Law2011(copy, 5); });
-    To_Law2011(session, 5);
-    Expect_Whole_Or_Nothing([](Session& copy) { To_Law2012(copy, 5); });
+    Expect_Whole_Or_Nothing([](Session& copy) { Set_Law_Year(copy, 5, Law_Of(2).code); });
+    Set_Law_Year(session, 5, Law_Of(2).code);
+    Expect_Whole_Or_Nothing([](Session& copy) { Set_Law_Year(copy, 5, Law_Of(3).code); });
     ASSERT_TRUE(Period_Copy(session, 6, 5, Copy_Mode::After));
     Expect_Whole_Or_Nothing([](Session& copy) { To_Kojin(copy, 0); });
 }

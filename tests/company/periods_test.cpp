@@ -17,8 +17,8 @@ class Periods_Test : public Installation {
     Periods_Test() {
         Make_Company(1, 1, 34);
         Run("UPDATE W_Yoso SET 現状 = 1000 + 要素CD WHERE 要素CD<>210");
-        Period_Copy(session, 35, 34, Copy_Mode::After, 4);
-        Period_Copy(session, 33, 35, Copy_Mode::Before, 4);
+        Period_Copy(session, 35, 34, Copy_Mode::After, Law_Of(4).code);
+        Period_Copy(session, 33, 35, Copy_Mode::Before, Law_Of(4).code);
         Take(34);
     }
 
@@ -32,7 +32,7 @@ class Periods_Test : public Installation {
     [[nodiscard]] std::string In_Hand() const {
         return List("SELECT 処理決算期, 決算期開始年, 決算期終了年 FROM Jigyo_mas") + " " +
                std::to_string(session.Syori_Ki) + " " + std::to_string(session.Data_Ver) + " " +
-               std::to_string(session.Simyu_Kubun);
+               std::to_string(Law_Number(session.Simyu_Kubun));
     }
 
     /// The insurances and schemes of a period with its law year.
@@ -52,13 +52,13 @@ class Periods_Test : public Installation {
 };
 
 TEST_F(Periods_Test, The_List_Tells_Form_And_Law_Year) {
-    Set_Law_Year(session, 33, 2);
+    Set_Law_Year(session, 33, Law_Of(2).code);
     Run("DELETE * FROM Ks_Zaihyo WHERE 決算期=34 And 建設科目CD=99");
     Run("UPDATE Ks_Zaihyo SET 並び順 = Null WHERE 決算期=35 And 建設科目CD=99");
     std::string read;
     for (const Period_Entry& period : Read_Periods(session)) {
         read += Period_Line(period.number) + "/" + std::to_string(period.data_ver) + "/" +
-                std::to_string(period.law_year) + (period.Has_Law_Options() ? "+ " : "- ");
+                std::to_string(Law_Number(period.law_year)) + (period.Has_Law_Options() ? "+ " : "- ");
     }
     EXPECT_EQ(read, "  33期/5/2+   34期/51/4-   35期/2/4- ");
     EXPECT_EQ(Period_Line(7) + Period_Line(12345), "   7期12345期");
@@ -86,7 +86,7 @@ TEST_F(Periods_Test, A_New_Period_Has_The_Law_Year_Chosen_For_It) {
         Write_Files(folder.path, good);
         session = former;
         messages.answers = {Answer::Yes};
-        EXPECT_EQ(Create_Period(session, c.number, c.mode, c.law), Creation::Made);
+        EXPECT_EQ(Create_Period(session, c.number, c.mode, Law_Of(c.law).code), Creation::Made);
         EXPECT_EQ(Elements(c.number), c.elements) << c.number << " " << int{c.law};
         EXPECT_EQ(In_Hand(), c.in_hand);
         ASSERT_EQ(messages.shown.size(), 2U);
@@ -97,7 +97,7 @@ TEST_F(Periods_Test, A_New_Period_Has_The_Law_Year_Chosen_For_It) {
     }
     // Of a source of the law year 2011 the waiting pension row counts.
     messages.answers = {Answer::Yes};
-    EXPECT_EQ(Create_Period(session, 31, Copy_Mode::Before, 4), Creation::Made);
+    EXPECT_EQ(Create_Period(session, 31, Copy_Mode::Before, Law_Of(4).code), Creation::Made);
     EXPECT_EQ(Elements(31), now + "4");
 }
 
@@ -107,7 +107,7 @@ TEST_F(Periods_Test, A_New_Period_Lacks_Nothing_Of_The_Present_Tables) {
     Run("DELETE * FROM Kandaka_Gj WHERE 決算期=33 And 工種CD>=32");
     Run("UPDATE Kandaka_Gj SET 工種略 = 'その他' WHERE 決算期=33 And 工種CD=31");
     messages.answers = {Answer::Yes};
-    EXPECT_EQ(Create_Period(session, 32, Copy_Mode::Before, 4), Creation::Made);
+    EXPECT_EQ(Create_Period(session, 32, Copy_Mode::Before, Law_Of(4).code), Creation::Made);
     const std::string of = " FROM W_Yoso WHERE (要素CD>=210 And 要素CD<=227 Or 要素CD>=235) And 決算期=";
     EXPECT_EQ(List("SELECT count(*)" + of + "32"), List("SELECT count(*)" + of + "34"));
     EXPECT_EQ(List("SELECT 工種CD, 工種略 FROM Kandaka_Gj WHERE 決算期=32 And 工種CD>=31"),
@@ -116,7 +116,7 @@ TEST_F(Periods_Test, A_New_Period_Lacks_Nothing_Of_The_Present_Tables) {
 
 TEST_F(Periods_Test, What_Is_Refused_Or_Declined_Changes_Nothing) {
     const auto create = [this](const Value& number, Copy_Mode mode) {
-        return [=, this] { return Create_Period(session, number, mode, 4) == Creation::Made; };
+        return [=, this] { return Create_Period(session, number, mode, Law_Of(4).code) == Creation::Made; };
     };
     const auto choose = [this](std::optional<std::int16_t> period) {
         return [=, this] { return Choose_Period(session, period); };
@@ -204,18 +204,18 @@ TEST_F(Periods_Test, A_Number_That_Cannot_Be_A_New_Period) {
     for (const auto& c : cases) {
         EXPECT_NE(New_Period_Fault(Read_Periods(session), c.number, c.mode).find(c.part), std::string::npos)
             << New_Period_Fault(Read_Periods(session), c.number, c.mode);
-        EXPECT_EQ(Create_Period(session, c.number, c.mode, 4), Creation::Bad_Number);
+        EXPECT_EQ(Create_Period(session, c.number, c.mode, Law_Of(4).code), Creation::Bad_Number);
     }
     EXPECT_TRUE(messages.shown.empty());
     EXPECT_TRUE(State() == before);
 
     const auto proposed = [](std::int16_t number, Copy_Mode mode) {
-        return Proposed_Period({{number, 5, 4}}, mode);
+        return Proposed_Period({{number, 5, {}}}, mode);
     };
     EXPECT_EQ(proposed(2, Copy_Mode::Before), 1);
     EXPECT_EQ(proposed(1, Copy_Mode::Before), std::nullopt);
     for (const Value& number : {Value(), Value(0), Value(7)}) {
-        EXPECT_NE(New_Period_Fault({{1, 5, 4}}, number, Copy_Mode::Before)
+        EXPECT_NE(New_Period_Fault({{1, 5, {}}}, number, Copy_Mode::Before)
                       .find("これより前の決算期は作成できません"),
                   std::string::npos);
     }
@@ -247,7 +247,7 @@ TEST_F(Periods_Test, A_Shifted_Date_Keeps_The_End_Of_Its_Month) {
 }
 
 TEST_F(Periods_Test, Turning_To_A_Period_Shifts_The_Years) {
-    Set_Law_Year(session, 33, 2);
+    Set_Law_Year(session, 33, Law_Of(2).code);
     EXPECT_EQ(In_Hand(), "34=6=7 34 5 4");
     EXPECT_TRUE(Choose_Period(session, 33));
     EXPECT_EQ(In_Hand(), "33=5=6 33 5 2");
@@ -298,18 +298,18 @@ TEST_F(Periods_Test, The_Law_Year_Follows_The_Options) {
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(std::to_string(c.present) + " to " + std::to_string(c.wanted));
-        Set_Law_Year(session, c.period, c.present);
-        session.Simyu_Kubun = static_cast<std::uint8_t>(c.period == 34 ? c.present : 4);
+        Set_Law_Year(session, c.period, Law_Of(c.present).code);
+        session.Simyu_Kubun = Law_Of(c.period == 34 ? c.present : 4).code;
         messages.answers.clear();
         if (c.answer != Answer::Ok) {
             messages.answers = {c.answer};
         }
-        EXPECT_EQ(Change_Law_Year(session, c.period, static_cast<std::uint8_t>(c.wanted),
-                                  static_cast<std::uint8_t>(c.marked)),
-                  c.mark_after);
+        EXPECT_EQ(
+            Law_Number(Change_Law_Year(session, c.period, Law_Of(c.wanted).code, Law_Of(c.marked).code)),
+            c.mark_after);
         EXPECT_EQ(Field("W_Yoso", "現状", "要素CD=210 And 決算期=" + std::to_string(c.period)).As_Integer(),
                   c.law_after);
-        EXPECT_EQ(session.Simyu_Kubun, c.period == 34 ? c.law_after : 4);
+        EXPECT_EQ(Law_Number(session.Simyu_Kubun), c.period == 34 ? c.law_after : 4);
         if (c.text.empty()) {
             EXPECT_TRUE(messages.shown.empty());
         } else {
@@ -317,17 +317,17 @@ TEST_F(Periods_Test, The_Law_Year_Follows_The_Options) {
                            c.wanted == 1 ? Icon::Information : Icon::Warning);
         }
     }
-    Set_Law_Year(session, 34, 4);
+    Set_Law_Year(session, 34, Law_Of(4).code);
     EXPECT_EQ(Elements(34), "103=1103 104=1104 105=1105 106=1106 210=4");
 }
 
 TEST_F(Periods_Test, No_Failing_Write_Leaves_Half_A_Change) {
     const std::function<void(Session&)> acts[] = {
-        [](Session& copy) { Create_Period(copy, 36, Copy_Mode::After, 2); },
-        [](Session& copy) { Create_Period(copy, 32, Copy_Mode::Before, 1); },
+        [](Session& copy) { Create_Period(copy, 36, Copy_Mode::After, Law_Of(2).code); },
+        [](Session& copy) { Create_Period(copy, 32, Copy_Mode::Before, Law_Of(1).code); },
         [](Session& copy) { Choose_Period(copy, 33); },
         [](Session& copy) { Delete_Period(copy, 33); },
-        [](Session& copy) { Change_Law_Year(copy, 34, 2, 4); },
+        [](Session& copy) { Change_Law_Year(copy, 34, Law_Of(2).code, Law_Of(4).code); },
     };
     const File_Contents good = Read_Files(folder.path);
     for (const auto& act : acts) {
@@ -341,7 +341,7 @@ TEST_F(Periods_Test, No_Failing_Write_Leaves_Half_A_Change) {
                     act(copy);
                 } catch (const Store_Error&) {
                     EXPECT_EQ(copy.Syori_Ki, 34);
-                    EXPECT_EQ(copy.Simyu_Kubun, 4);
+                    EXPECT_EQ(Law_Number(copy.Simyu_Kubun), 4);
                     throw;
                 }
             },

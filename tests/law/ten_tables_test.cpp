@@ -150,7 +150,7 @@ Parsed Parse(const std::string& text) {
 TEST(Tbl_Lists, Formulas_Are_The_Rows_But_For_Six) {
     std::vector<std::string> different;
     for (const auto& [number, law, table, row_count] : shown_tables) {
-        const std::vector<std::string> formulas = Set_Tbl_Lists(number, law).formulas;
+        const std::vector<std::string> formulas = Set_Tbl_Lists(number, Law_Of(law)).formulas;
         ASSERT_EQ(formulas.size(), row_count + 1);
         EXPECT_EQ(Parse(formulas[0]).numbers, std::vector{table->constant_ten});
         const std::string shape =
@@ -176,7 +176,7 @@ TEST(Tbl_Lists, Limits_Are_The_Bounds) {
     const std::map<std::string, std::vector<std::int32_t>> units{
         {"#億#万円", {100'000, 10}}, {"#億円", {100'000}}, {"#万円", {10}}, {"#", {1}}};
     for (const auto& [number, law, table, row_count] : shown_tables) {
-        const std::vector<std::string> limits = Set_Tbl_Lists(number, law).limits;
+        const std::vector<std::string> limits = Set_Tbl_Lists(number, Law_Of(law)).limits;
         ASSERT_EQ(limits.size(), row_count);
         for (std::size_t i = 0; i < limits.size(); ++i) {
             const Parsed parsed = Parse(limits[i]);
@@ -207,7 +207,7 @@ TEST(Tbl_Lists, Texts) {
          28, "5"},
     };
     for (const auto& c : cases) {
-        const Tbl_Lists lists = Set_Tbl_Lists(c.number, 1);
+        const Tbl_Lists lists = Set_Tbl_Lists(c.number, Law_Of(1));
         EXPECT_EQ(lists.heading, c.heading);
         EXPECT_EQ(lists.title, c.title);
         EXPECT_EQ(lists.formulas.at(0), c.constant);
@@ -215,8 +215,8 @@ TEST(Tbl_Lists, Texts) {
         EXPECT_EQ(lists.limits.at(0), c.first_limit);
         EXPECT_EQ(lists.limits.at(c.index), c.limit);
     }
-    EXPECT_THROW(static_cast<void>(Set_Tbl_Lists(0, 1)), std::out_of_range);
-    EXPECT_THROW(static_cast<void>(Set_Tbl_Lists(6, 1)), std::out_of_range);
+    EXPECT_THROW(static_cast<void>(Set_Tbl_Lists(0, Law_Of(1))), std::out_of_range);
+    EXPECT_THROW(static_cast<void>(Set_Tbl_Lists(6, Law_Of(1))), std::out_of_range);
 }
 
 } // namespace

@@ -130,7 +130,7 @@ TEST_F(Data_Conversion, Refusals_And_No_Change_Nothing) {
                                    {5, 4, true, "既に、2015年改正後データです。"},
                                    {5, 3, true, "2015年改正対応のデータに変換します。"}};
     for (const Row& row : rows) {
-        Set_Law_Year(session, 30, row.law);
+        Set_Law_Year(session, 30, Law_Of(row.law).code);
         session.Data_Ver = static_cast<std::uint8_t>(row.form);
         const std::string before = Dump(session.Work_Store);
         messages.shown.clear();
@@ -147,7 +147,7 @@ TEST_F(Data_Conversion, To_2015_Adds_Only_What_Is_Missing_And_Renumbers_Older_La
     for (const std::int16_t law : {std::int16_t{1}, std::int16_t{2}, std::int16_t{3}}) {
         Make_Company(1, 1, 30);
         Put_Elements({{103, 1}, {104, 0}, {106, 1}});
-        Set_Law_Year(session, 30, law);
+        Set_Law_Year(session, 30, Law_Of(law).code);
         {
             const Connection cn = Cn_Open(session);
             cn.Execute("DELETE * FROM W_Yoso WHERE 要素CD>=222 And 要素CD<=227");
@@ -155,7 +155,7 @@ TEST_F(Data_Conversion, To_2015_Adds_Only_What_Is_Missing_And_Renumbers_Older_La
         Put_Elements({{221, 12}});
         messages.answers = {Answer::Yes};
         ASSERT_TRUE(Mnu_Dt2015(session)) << law;
-        EXPECT_EQ(session.Simyu_Kubun, 4);
+        EXPECT_EQ(Law_Number(session.Simyu_Kubun), 4);
         // The pension row and the schemes mean again what they meant, and no figure of the young engineers is
         // lost.
         const std::map<int, Value> expected = {{103, 1.0}, {104, 0.0},  {106, 1.0},

@@ -237,7 +237,7 @@ TEST_F(Kekka_Test, An_Untouched_Scenario_Prints_The_Current_Figures) {
 
 Kekka_Figures Figures_Of_Law(int law) {
     Kekka_Figures kekka;
-    kekka.figures.law_year = law;
+    kekka.figures.law_year = Law_Of(law).code;
     for (Element& element : kekka.figures.elements) {
         element = {1, true, true, false};
     }

@@ -2,6 +2,7 @@
 #include "batch/score_format.h"
 #include "company/data_set.h"
 #include "company/law_change.h"
+#include "law/elements.h"
 #include "report/kekka.h"
 #include "report/recorded_sheet.h"
 #include "report/report_table.h"
@@ -29,8 +30,8 @@ class One_Result : public Installation, public ::testing::WithParamInterface<con
 
     void Make_Firm(int law, std::int16_t type) {
         Make_Company(1, type, 10);
-        Set_Law_Year(session, 10, law);
-        session.Simyu_Kubun = static_cast<std::uint8_t>(law);
+        Set_Law_Year(session, 10, Law_Of(law).code);
+        session.Simyu_Kubun = Law_Of(law).code;
         for (int i = 0; i < 3; ++i) {
             Edit_Statement();
         }
@@ -68,25 +69,25 @@ class One_Result : public Installation, public ::testing::WithParamInterface<con
 
     void Change_Law() {
         const int law = 2 + Up_To(2);
-        Set_Law_Year(session, 10, law);
-        session.Simyu_Kubun = static_cast<std::uint8_t>(law);
+        Set_Law_Year(session, 10, Law_Of(law).code);
+        session.Simyu_Kubun = Law_Of(law).code;
         Settle_Again(session);
     }
 
     void Visit_X2W(int edits) {
         Syokuta_Entry entry(session, 1);
-        const int law = entry.Law().code;
+        const Law_Year& law = entry.Law();
         for (const Syokuta_Group& group : Syokuta_Groups()) {
             for (const Syokuta_Row& row : group.rows) {
                 for (const Syokuta_Cell& cell : row.cells) {
-                    const bool is_there = law >= std::max(group.law_from, row.law_from) &&
-                                          law <= std::min(group.law_to, row.law_to);
-                    if (cell.place == nullptr || !is_there || Up_To(9) >= edits) {
+                    if (cell.element == 0 || !group.law.Has(law) || !row.law.Has(law) || Up_To(9) >= edits) {
                         continue;
                     }
-                    const std::string keys = cell.keys == nullptr ? "" : cell.keys;
-                    entry.Take(cell.place, keys.empty() ? Up_To(cell.amount ? 200'000 : 40)
-                                                        : keys[random() % keys.size()] - '0');
+                    const Element_Info& item = *Find_Element(cell.element);
+                    const Choice* choice = Choice_Of(item, law);
+                    entry.Take(cell.element, choice == nullptr
+                                                 ? Up_To(item.amount ? 200'000 : 40)
+                                                 : choice->keys[random() % choice->keys.size()] - '0');
                 }
             }
         }
@@ -240,15 +241,7 @@ TEST_F(Mended_Screens, Overflow_And_The_Way_Out) {
 
     Syokuta_Entry social(session, 1);
     ASSERT_TRUE(social.Fault());
-    for (const Syokuta_Group& group : Syokuta_Groups()) {
-        for (const Syokuta_Row& row : group.rows) {
-            for (const Syokuta_Cell& cell : row.cells) {
-                if (std::string_view(cell.name) == "Kihatu(0)") {
-                    social.Take(cell.place, 0);
-                }
-            }
-        }
-    }
+    social.Take(element::research_before, 0);
     social.Store(session);
     EXPECT_EQ(List("SELECT 技術者1 FROM Kandaka_Gj WHERE 工種CD=3"), "7");
     EXPECT_NO_THROW(static_cast<void>(Kekka_Read(session)));
@@ -273,8 +266,8 @@ TEST_F(Mended_Screens, A_Date_That_Is_None_Blocks_W_Alone) {
     engineers.Save(session);
     EXPECT_EQ(List("SELECT 技術者1 FROM Kandaka_Gj WHERE 工種CD=3"), "7");
     for (const int law : {1, 2, 4}) {
-        Set_Law_Year(session, 10, law);
-        session.Simyu_Kubun = static_cast<std::uint8_t>(law);
+        Set_Law_Year(session, 10, Law_Of(law).code);
+        session.Simyu_Kubun = Law_Of(law).code;
         EXPECT_EQ(Syokuta_Entry(session, 1).Fault().has_value(), law > 1) << law;
         EXPECT_TRUE(Kanko_Entry(session, Kanko_Screen_Of("Frm_Kanko")).Fault()) << law;
         try {

@@ -40,7 +40,7 @@ class Report_Window_Test : public Ui_Installation {
         session.Kanri_No = 5;
         session.Jigyo_Name = "さくら見本設備株式会社";
         session.Syori_Ki = 28;
-        session.Simyu_Kubun = 4;
+        session.Simyu_Kubun = Law_Of(4).code;
         Open();
     }
 
@@ -61,7 +61,7 @@ TEST_F(Report_Window_Test, Every_Report_Opens_By_Its_Name) {
         const std::unique_ptr<Form> form(row->make(shell));
         EXPECT_EQ(form->objectName(), QString::fromUtf8(report.name));
     }
-    for (const Law_Year& law : law_years) {
+    for (const Law_Year& law : Law_Years()) {
         EXPECT_TRUE(Kekka_Form_Of(law.result_report)) << law.name;
     }
 }

@@ -11,7 +11,7 @@ namespace {
 /// Figures of a law year with every row there and nothing entered.
 Review_Figures Blank(int law_year, const std::map<int, double>& elements = {}) {
     Review_Figures figures;
-    figures.law_year = law_year;
+    figures.law_year = Law_Of(law_year).code;
     for (std::size_t code = 0; code < figures.elements.size(); ++code) {
         const auto given = elements.find(static_cast<int>(code));
         figures.elements[code] = {given == elements.end() ? 0.0 : given->second, given != elements.end(),

@@ -19,7 +19,7 @@ using Elements = std::map<int, double>;
 /// Figures of a law year with every row there and some elements entered.
 Review_Figures Of(int law_year, const Elements& elements) {
     Review_Figures figures;
-    figures.law_year = law_year;
+    figures.law_year = Law_Of(law_year).code;
     for (Element& element : figures.elements) {
         element.row = true;
     }
@@ -230,7 +230,7 @@ TEST_F(Syokuta_Store, Adds_The_Rows_Of_Knowledge_And_Forms_P_Anew) {
     } cases[] = {{4, 6}, {3, 0}};
     for (const auto& c : cases) {
         Make_Company(1, 1, 10);
-        session.Simyu_Kubun = static_cast<std::uint8_t>(c.law);
+        session.Simyu_Kubun = Law_Of(c.law).code;
         const std::string of_period = "決算期=10 And 要素CD>=228 And 要素CD<=233";
         Cn_Open(session).Execute("DELETE * FROM W_Yoso WHERE " + of_period + ";");
         Put_Elements({{210, c.law}, {101, 1}, {102, 1}, {103, 1}, {121, 1}, {201, 3}});
@@ -304,7 +304,7 @@ Review_Figures Firm(int law, std::mt19937& random) {
 Review_Figures With_Stale_Scores(Review_Figures figures) {
     for (const int code :
          {100, 110, 120, 130, 140, 150, 200, 202, 203, 213, 216, 223, 224, 226, 227, 233, 240, 241}) {
-        if (code == 202 || code == 203 || Codes_Up_To(figures.law_year).contains(code)) {
+        if (code == 202 || code == 203 || Codes_Up_To(Law_Number(figures.law_year)).contains(code)) {
             figures.elements[static_cast<std::size_t>(code)] = {77, true, true, false};
         }
     }

@@ -41,7 +41,7 @@ class Check_Screens : public Ui_Installation {
     /// Stores the settled scores of a law year, as the entry screens leave them.
     Review_Figures Settle_In_Store(int law) {
         Put_Elements({{210, law}});
-        session.Simyu_Kubun = static_cast<std::uint8_t>(law);
+        session.Simyu_Kubun = Law_Of(law).code;
         const Connection cn = Cn_Open(session);
         Review_Figures figures = Load_Review(cn, session.Syori_Ki, scenario_genjo, false, true);
         Settle(figures, y, x2);
@@ -72,7 +72,7 @@ class Check_Screens : public Ui_Installation {
 };
 
 TEST_F(Check_Screens, Keys_Scroll_What_Is_Taller_Than_The_Window) {
-    Form& form = Open(W2X_Request(4, 5));
+    Form& form = Open(W2X_Request(Law_Of(4), 5));
     form.resize(form.width(), 240);
     QApplication::processEvents();
     const QWidget* at = Child<QLabel>(form, "lbl_San");
@@ -133,10 +133,10 @@ TEST_F(Check_Screens, Each_Law_Year_Has_Its_Screen_With_The_Score) {
         for (const auto& button : buttons) {
             const char* form = button.forms[law - 1];
             if (form == nullptr) {
-                EXPECT_THROW(W2X_Request(law, button.index), std::out_of_range);
+                EXPECT_THROW(W2X_Request(Law_Of(law), button.index), std::out_of_range);
                 continue;
             }
-            const Check_Request request = W2X_Request(law, button.index);
+            const Check_Request request = W2X_Request(Law_Of(law), button.index);
             EXPECT_EQ(request.form, form) << law << " " << button.index;
             const std::int32_t score = button.code == 0 ? x2.X2_Ten : settled.Yoso(button.code);
             EXPECT_EQ(Text(Open(request), button.result), Comma_Str(score)) << law << " " << button.index;
@@ -175,14 +175,14 @@ TEST_F(Check_Screens, Texts_That_Follow_The_Figures) {
     // In the place of the workers left out stands the number of all workers.
     Put_Elements({{228, 300}, {229, 20}, {230, 3}, {231, 16}, {232, 1}, {131, 2}, {1, 2}});
     Settle_In_Store(4);
-    Form& w10 = Open(W2X_Request(4, 13));
+    Form& w10 = Open(W2X_Request(Law_Of(4), 13));
     const std::pair<const char*, const char*> shown[] = {
         {"Cpd", "300"},    {"LblCpd", "300"}, {"GJSu", "20"},       {"LblGJSu(2)", "20"}, {"Kojyo", "3"},
         {"LblKojyo", "3"}, {"Gino", "16"},    {"LblGino(3)", "16"}, {"KojyoSu", "16"}};
     for (const auto& [name, text] : shown) {
         EXPECT_EQ(Text(w10, name), text) << name;
     }
-    EXPECT_EQ(Text(Open(W2X_Request(4, 7)), "lbl_San"),
+    EXPECT_EQ(Text(Open(W2X_Request(Law_Of(4), 7)), "lbl_San"),
               "自己資本額 ＝（自己資本額（前期）＋ 自己資本額（当期））／ 2");
     EXPECT_EQ(Text(Open(XZP_Request("Z1", 0)), "lbl_San")
                   .substr(std::string("技術職員数値 ＝ 監理 × 6 ＋ １級 × 5 ＋ 管理補佐 × 4 ＋ 基幹 × 3 ＋ "
@@ -191,7 +191,7 @@ TEST_F(Check_Screens, Texts_That_Follow_The_Figures) {
               "2,335");
     // A change of the machines that the total does not have yet.
     const auto late = [this] {
-        for (const QLabel* label : Open(W2X_Request(4, 5)).findChildren<QLabel*>()) {
+        for (const QLabel* label : Open(W2X_Request(Law_Of(4), 5)).findChildren<QLabel*>()) {
             if (label->text().contains(QStringLiteral("開き直したとき"))) {
                 return true;
             }
@@ -206,7 +206,7 @@ TEST_F(Check_Screens, Texts_That_Follow_The_Figures) {
 TEST_F(Check_Screens, Steps_Stand_In_The_Window_As_In_The_Sheet) {
     Put_Elements({{228, 620}, {229, 20}, {230, 3}, {231, 16}, {232, 1}});
     Settle_In_Store(4);
-    for (const Check_Request& request : {Y1_Request(6), W2X_Request(4, 13), XZP_Request("X", 0)}) {
+    for (const Check_Request& request : {Y1_Request(6), W2X_Request(Law_Of(4), 13), XZP_Request("X", 0)}) {
         const Check_Sheet sheet = Make_Check_Sheet(session, request);
         ASSERT_FALSE(sheet.steps.empty());
         Form& form = Open(request);
@@ -223,7 +223,7 @@ TEST_F(Check_Screens, Steps_Stand_In_The_Window_As_In_The_Sheet) {
         }
         EXPECT_EQ(shown.toStdString(), told);
     }
-    EXPECT_EQ(Text(Open(W2X_Request(4, 13)), "過程１"), "620 ／ 20 ＞ 30 のため 0");
+    EXPECT_EQ(Text(Open(W2X_Request(Law_Of(4), 13)), "過程１"), "620 ／ 20 ＞ 30 のため 0");
 }
 
 TEST_F(Check_Screens, The_Network_Is_Asked_Beside_The_Window) {
@@ -231,7 +231,7 @@ TEST_F(Check_Screens, The_Network_Is_Asked_Beside_The_Window) {
     info.network.help_host = "help.example.jp";
     info.net_check_host = "127.0.0.1:1";
     Write_Install_Info(session.App_Path, info);
-    Form& check = Open(W2X_Request(4, 9));
+    Form& check = Open(W2X_Request(Law_Of(4), 9));
     auto* const explain = Child<QPushButton>(check, "Cmd_Kaisetu");
     messages.shown.clear();
     messages.answers = {Answer::Ok};
@@ -256,9 +256,10 @@ TEST_F(Check_Screens, Tables) {
     } cases[] = {
         {XZP_Request("X", 0), 42, "年間平均完成工事高 別表", "1,000億円以上",
          Ten_Lookup(Ten_X1_B, settled.works[0].Nheikin.value).row},
-        {W2X_Request(4, 7), 47, "自己資本額 別表", "3,000億円以上",
+        {W2X_Request(Law_Of(4), 7), 47, "自己資本額 別表", "3,000億円以上",
          Ten_Lookup(Ten_X2_1, x2.X2_Jiko_Used).row},
-        {W2X_Request(4, 8), 37, "平均利益額 別表", "300億円以上", Ten_Lookup(Ten_X2_2, x2.X2_Rieki_Used).row},
+        {W2X_Request(Law_Of(4), 8), 37, "平均利益額 別表", "300億円以上",
+         Ten_Lookup(Ten_X2_2, x2.X2_Rieki_Used).row},
         {XZP_Request("Z2", 0), 42, "年間平均元請完成工事高 別表", "1,000億円以上",
          Ten_Lookup(Ten_Z2_B, settled.works[0].Mnheikin.value).row},
         {XZP_Request("Z1", 0), 30, "技術職員数値 別表", "15,500以上", 0},
@@ -294,7 +295,7 @@ TEST_F(Check_Screens, Tables) {
         Click(check, "Tojiru");
         EXPECT_FALSE(check.isVisible());
     }
-    Form& w5 = Open(W2X_Request(4, 6));
+    Form& w5 = Open(W2X_Request(Law_Of(4), 6));
     messages.shown.clear();
     Click(w5, "Cmd_Tbl");
     EXPECT_NE(w5.findChild<Form*>(QStringLiteral("Frm_W2_Calc_Table")), nullptr);
@@ -306,9 +307,9 @@ TEST_F(Check_Screens, One_At_A_Time) {
     Settle_In_Store(4);
     int stored = 0;
     const auto store = [&stored] { return ++stored != 2; };
-    entry.checks.Open(W2X_Request(4, 0), store);
+    entry.checks.Open(W2X_Request(Law_Of(4), 0), store);
     EXPECT_FALSE(entry.checks.Calc_Open_Flg());
-    entry.checks.Open(W2X_Request(4, 1), store);
+    entry.checks.Open(W2X_Request(Law_Of(4), 1), store);
     entry.reject();
     EXPECT_TRUE(entry.isVisible());
     EXPECT_EQ(stored, 1) << "a refusal stores nothing";
@@ -319,9 +320,9 @@ TEST_F(Check_Screens, One_At_A_Time) {
     EXPECT_EQ(messages.shown[1].text, "開いている計算チェックの画面を閉じてから画面を閉じてください。");
     QTest::keyClick(entry.findChild<Form*>(), Qt::Key_Escape);
     EXPECT_TRUE(entry.checks.Calc_Open_Flg());
-    entry.checks.Open(W2X_Request(4, 1), store);
+    entry.checks.Open(W2X_Request(Law_Of(4), 1), store);
     EXPECT_TRUE(entry.checks.Calc_Open_Flg()) << "what could not be stored is not explained";
-    entry.checks.Open(W2X_Request(4, 1), store);
+    entry.checks.Open(W2X_Request(Law_Of(4), 1), store);
     EXPECT_FALSE(entry.checks.Calc_Open_Flg());
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     entry.findChild<Form*>()->close();

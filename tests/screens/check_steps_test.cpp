@@ -1,4 +1,5 @@
 // SPDX-FileCopyrightText: The Morvane developers
+#include "law/elements.h"
 #include "review/settle.h"
 #include "review/syokuta.h"
 #include "screens/check_sheet.h"
@@ -310,7 +311,7 @@ class Firms {
 
     Review_Figures Next(int law) {
         Review_Figures f;
-        f.law_year = law;
+        f.law_year = Law_Of(law).code;
         f.corporation = One_In(2);
         f.hokkaido = One_In(2);
         f.review_date = One_In(2) ? Review_Date{2023, 8, 13} : Review_Date{2023, 8, 14};
@@ -433,7 +434,7 @@ void Expect_Followed(const Review_Figures& figures, const Check_Request& request
     for (const Check_Step& step : sheet.steps) {
         lines += step.name + "： " + step.text + "\n";
     }
-    SCOPED_TRACE("law " + std::to_string(figures.law_year) + " " + request.mode + "\n" + lines);
+    SCOPED_TRACE("law " + std::to_string(Law_Number(figures.law_year)) + " " + request.mode + "\n" + lines);
     const std::string& shown = sheet.results.back().value.text;
     EXPECT_EQ(shown, request.mode == "Y" && score == 0 ? "" : Comma_Str(score));
     if (request.mode == "W9" && figures.Yoso(221) == 0) {
@@ -449,9 +450,9 @@ void Expect_Followed(const Review_Figures& figures, const Check_Request& request
 void Expect_W_Followed(const Review_Figures& figures) {
     constexpr int codes[] = {100, 110, 120, 130, 150, 200, 140, -1, -1, -1, 213, 216, 227, 233};
     for (int i = 0; i < static_cast<int>(std::size(codes)); ++i) {
-        const W2X_Button& button = w2x_buttons[i];
-        if (codes[i] >= 0 && figures.law_year >= button.law_from) {
-            Expect_Followed(figures, W2X_Request(figures.law_year, i), figures.Yoso(codes[i]));
+        const Law_Year& law = Law_Of(figures.law_year);
+        if (codes[i] >= 0 && Find_Element(codes[i])->law.Has(law)) {
+            Expect_Followed(figures, W2X_Request(law, i), figures.Yoso(codes[i]));
         }
     }
 }
@@ -508,9 +509,9 @@ TEST(Check_Steps, Followed_By_Hand_They_Give_The_Scores) {
                 continue;
             }
             Expect_Y_Followed(figures, y);
-            Expect_Followed(figures, W2X_Request(law, 7), x2.X2_1_Ten);
-            Expect_Followed(figures, W2X_Request(law, 8), x2.X2_2_Ten);
-            Expect_Followed(figures, W2X_Request(law, 9), x2.X2_Ten);
+            Expect_Followed(figures, W2X_Request(Law_Of(law), 7), x2.X2_1_Ten);
+            Expect_Followed(figures, W2X_Request(Law_Of(law), 8), x2.X2_2_Ten);
+            Expect_Followed(figures, W2X_Request(Law_Of(law), 9), x2.X2_Ten);
             Expect_Works_Followed(figures);
             // What the entry screen of X2 and W shows: settled, and with an edit that the total has in part.
             Syokuta screen;

@@ -127,7 +127,7 @@ class Kanko_Firms : public Kanko_Window, public ::testing::WithParamInterface<st
             amounts[code] = Up_To(900'000) * 1000.0;
         }
         Put_Amounts(amounts);
-        session.Simyu_Kubun = static_cast<std::uint8_t>(law);
+        session.Simyu_Kubun = Law_Of(law).code;
     }
 
     std::array<Work_Line, work_line_count> Random_Works() {

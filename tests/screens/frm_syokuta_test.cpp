@@ -2,6 +2,7 @@
 #include "screens/frm_syokuta.h"
 
 #include "batch/case_file.h"
+#include "law/elements.h"
 #include "review/settle.h"
 #include "screens/frm_kanko.h"
 #include "session/kyotu_mod.h"
@@ -49,7 +50,7 @@ class Syokuta_Screen : public Ui_Installation {
         session.Syori_Ki = static_cast<std::int16_t>(Field("Jigyo_mas", "処理決算期", "1=1").As_Integer());
         session.Hojin_Kojin =
             static_cast<std::int16_t>(Field("Jigyo_mas", "法人個人識別", "1=1").As_Integer());
-        session.Simyu_Kubun = static_cast<std::uint8_t>(law);
+        session.Simyu_Kubun = Law_Of(law).code;
         Put_Elements({{210, law}});
     }
 
@@ -58,25 +59,22 @@ class Syokuta_Screen : public Ui_Installation {
     void Key_Everything(Review_Figures& figures, std::mt19937& random) {
         Frm_Syokuta form(shell);
         Show(form);
-        const int law = figures.law_year;
-        EXPECT_EQ(form.objectName().toStdString(), Law_Of(law).entry_form);
+        const Law_Year& law = Law_Of(figures.law_year);
+        EXPECT_EQ(form.objectName().toStdString(), law.entry_form);
         for (const Syokuta_Group& group : Syokuta_Groups()) {
             for (const Syokuta_Row& row : group.rows) {
                 for (const Syokuta_Cell& cell : row.cells) {
-                    if (cell.place == nullptr || law < row.law_from || law > row.law_to ||
-                        law < group.law_from || law > group.law_to) {
+                    if (cell.element == 0 || !row.law.Has(law) || !group.law.Has(law)) {
                         continue;
                     }
-                    std::string keys = cell.keys != nullptr ? std::string(cell.keys) : "12345";
-                    const bool many = cell.keys == nullptr && cell.digits > 3 && random() % 2 == 0;
+                    const Element_Info& item = *Find_Element(cell.element);
+                    const Choice* choice = Choice_Of(item, law);
+                    const std::string keys(choice != nullptr ? choice->keys : "12345");
+                    const bool many = item.most > 999 && random() % 2 == 0;
                     const std::string typed =
                         std::string(1, keys[random() % keys.size()]) + (many ? "7" : "");
                     Enter(form, cell.name, typed.c_str());
-                    int code = 1;
-                    for (const Social_Field& field : Social_Fields()) {
-                        code = std::string_view(field.control) == cell.name ? field.code : code;
-                    }
-                    figures.Put_Yoso(code, std::stoi(typed));
+                    figures.Put_Yoso(cell.element, std::stoi(typed));
                 }
             }
         }

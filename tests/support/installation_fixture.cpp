@@ -75,7 +75,7 @@ void Installation::Make_Company(std::int32_t number, std::int16_t hojin_kojin, s
     session.Jigyo_Name = "見本" + std::to_string(number);
     session.Hojin_Kojin = hojin_kojin;
     session.Syori_Ki = period;
-    session.Simyu_Kubun = 4;
+    session.Simyu_Kubun = Law_Of(4).code;
 }
 
 void Installation::Put_Amounts(const std::map<int, double>& amounts, const std::string& column) {

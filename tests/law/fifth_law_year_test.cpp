@@ -1,0 +1,297 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "batch/case_file.h"
+#include "batch/score_format.h"
+#include "company/datacheck.h"
+#include "company/frm_kssitei.h"
+#include "company/law_change.h"
+#include "data/store_file.h"
+#include "law/elements.h"
+#include "maint/data_conv.h"
+#include "report/kekka.h"
+#include "report/recorded_sheet.h"
+#include "report/report_table.h"
+#include "review/settle.h"
+#include "screens/check_sheet.h"
+#include "screens/frm_syokuta.h"
+#include "session/kyotu_mod.h"
+#include "support/ui_fixture.h"
+#include "widgets/theme.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QLineEdit>
+#include <algorithm>
+#include <nlohmann/json.hpp>
+#include <random>
+
+// These tests are linked with a fifth row behind the four of the law (fifth_row.cpp): what is in force stays
+// in force until a row says otherwise.
+
+namespace morvane::tests {
+namespace {
+
+using nlohmann::json;
+
+const Law_Year& Fourth() {
+    return Law_Of(4);
+}
+const Law_Year& Fifth() {
+    return Law_Of(5);
+}
+
+/// A text of the fifth law year with number and name of the fourth.
+std::string As_Fourth(std::string text) {
+    const std::pair<std::string, std::string> names[] = {{Fifth().name, Fourth().name},
+                                                         {R"("Simyu_Kubun":5)", R"("Simyu_Kubun":4)"}};
+    for (const auto& [from, to] : names) {
+        for (auto at = text.find(from); at != std::string::npos; at = text.find(from, at)) {
+            text.replace(at, from.size(), to);
+        }
+    }
+    return text;
+}
+
+/// Two texts of many lines; the first line that differs is told.
+void Expect_Same(const std::string& fourth, const std::string& fifth) {
+    const auto [a, b] = std::mismatch(fourth.begin(), fourth.end(), fifth.begin(), fifth.end());
+    const auto line = [](const std::string& text, std::string::const_iterator at) {
+        const auto from = text.rfind('\n', static_cast<std::size_t>(at - text.begin()));
+        return text.substr(from + 1, text.find('\n', from + 1) - from);
+    };
+    EXPECT_TRUE(a == fourth.end() && b == fifth.end()) << line(fourth, a) << line(fifth, b);
+}
+
+std::string Texts_Of(const Check_Sheet& sheet) {
+    std::string text = sheet.title + "\n" + sheet.sub_title + "\n" + sheet.help_key + sheet.table_form + "\n";
+    for (const auto* lines : {&sheet.inputs, &sheet.results}) {
+        for (const Check_Line& line : *lines) {
+            text += line.caption + line.value.text + "\n";
+        }
+    }
+    for (const auto* lines : {&sheet.formula, &sheet.closing}) {
+        for (const std::string& line : *lines) {
+            text += line + "\n";
+        }
+    }
+    for (const Check_Step& step : sheet.steps) {
+        text += step.name + step.text + "\n";
+    }
+    for (const Check_Table& table : sheet.tables) {
+        text += table.heading + std::to_string(table.mark) + "\n";
+        for (const auto& row : table.rows) {
+            for (const Named_Text& cell : row) {
+                text += cell.text + "|";
+            }
+        }
+    }
+    return text;
+}
+
+/// Every calculation check that the screens of a firm open, with the tables behind them.
+std::string Checks_Of(const Review_Figures& figures) {
+    std::vector<Check_Request> requests;
+    for (int i = 0; i < static_cast<int>(std::size(w2x_buttons)); ++i) {
+        requests.push_back(W2X_Request(Law_Of(figures.law_year), i));
+    }
+    for (int i = 0; i < 10; ++i) {
+        requests.push_back(Y1_Request(i));
+    }
+    for (const char* mode : {"X", "P", "Z", "Z1", "Z2"}) {
+        requests.push_back(XZP_Request(mode, 0));
+    }
+    std::string text;
+    for (const Check_Request& request : requests) {
+        const Check_Sheet sheet = Make_Check_Sheet(figures, request);
+        text += "# " + request.form + " " + Texts_Of(sheet);
+        if (!sheet.table_form.empty()) {
+            text += Texts_Of(Make_Table_Sheet(sheet));
+        }
+    }
+    return text;
+}
+
+/// A firm at random: every item that is keyed, the years of the average, a statement, four lines of work.
+Review_Figures Firm(unsigned seed) {
+    std::mt19937 random(seed);
+    const auto up_to = [&random](std::int32_t most) {
+        return static_cast<std::int32_t>(random() % static_cast<unsigned>(most + 1));
+    };
+    Review_Figures figures;
+    for (Element& element : figures.elements) {
+        element.row = true;
+    }
+    figures.law_year = Fourth().code;
+    for (const Element_Info& item : Element_Infos()) {
+        if (const Choice* choice = Choice_Of(item, Fourth())) {
+            figures.Put_Yoso(item.code, choice->keys[random() % choice->keys.size()] - '0');
+        } else if (item.most > 0) {
+            figures.Put_Yoso(item.code, up_to(item.amount ? 300'000 : 40));
+        }
+    }
+    figures.Put_Yoso(element::years_of_average, 2 + up_to(1));
+    for (const int code : {319, 829, 469, 832, 436, 489, 402, 419, 399, 830, 179, 289}) {
+        figures.statement.amount[static_cast<std::size_t>(code)] = up_to(900'000) * 1000.0;
+    }
+    figures.statement.has_rows = true;
+    figures.review_date = Review_Date{2023, 8, 13 + up_to(1)};
+    for (std::size_t i = 0; i < 4; ++i) {
+        Work_Line& line = figures.works[i];
+        line.row = true;
+        for (Figure* figure : {&line.Zzki, &line.Zki, &line.Kijun, &line.Mzzki, &line.Mzki, &line.Mkijun}) {
+            figure->Set(up_to(90'000));
+        }
+        for (Figure& count : line.gijutusya) {
+            count.Set(up_to(5));
+        }
+    }
+    return figures;
+}
+
+TEST(Fifth_Law_Year, Scores_Generated_Firms_And_Explains_Them_As_The_Fourth) {
+    for (unsigned seed = 0; seed < 100 && !::testing::Test::HasFailure(); ++seed) {
+        SCOPED_TRACE(seed);
+        Review_Figures fourth = Firm(seed);
+        Review_Figures fifth = fourth;
+        fifth.law_year = Fifth().code;
+        for (Review_Figures* figures : {&fourth, &fifth}) {
+            Y_Calc y;
+            X2_Calc x2;
+            Settle(*figures, y, x2);
+        }
+        EXPECT_NE(fourth.Yoso(element::w), 0);
+        EXPECT_EQ(fourth.elements, fifth.elements);
+        EXPECT_EQ(fourth.works, fifth.works);
+        Expect_Same(Checks_Of(fourth), Checks_Of(fifth));
+    }
+}
+
+TEST(Fifth_Law_Year, Bounds_Entries_As_The_Fourth) {
+    for (int code = 0; code < 256; ++code) {
+        EXPECT_EQ(Limit_Of_Element(code, Fifth()).In_Words(), Limit_Of_Element(code, Fourth()).In_Words())
+            << code;
+    }
+    EXPECT_EQ(Limit_Of_Element(element::law_year, Fourth()).In_Words(), "1、2、3、4、5 のどれか");
+}
+
+class Fifth_Law_Year_Test : public Ui_Installation {
+  protected:
+    Fifth_Law_Year_Test() : Ui_Installation("13", false) {}
+
+    /// Imports a sample, all of whose periods have that law year, and takes it in hand.
+    void Take_Sample(const std::string& name, int law) {
+        json firm = json::parse(Read_Text_File(Samples_Folder() / name));
+        for (json& period : firm["periods"]) {
+            period["Simyu_Kubun"] = law;
+        }
+        const Temporary_Folder beside;
+        Write_Text_File(beside.path / "case.json", firm.dump());
+        Import_Case(session, beside.path / "case.json");
+        Company_Reload(session);
+    }
+
+    [[nodiscard]] std::string Elements() const {
+        return List("SELECT 要素CD, 要素名, 現状 FROM W_Yoso WHERE 要素CD<>210 And 決算期=" +
+                    std::to_string(session.Syori_Ki) + " ORDER BY 要素CD");
+    }
+
+    [[nodiscard]] int Law_Of_Period(int period) const { return Law_Number(Get_Simyu_Kubun(session, period)); }
+};
+
+/// What a window shows and takes: every widget with its name, place in the order and texts.
+std::string Picture_Of(const QWidget& form) {
+    QString text = form.objectName();
+    for (const QWidget* widget : form.findChildren<QWidget*>()) {
+        text += QStringLiteral("%1 %2 %3 %4 %5 %6 %7\n")
+                    .arg(QString::fromLatin1(widget->metaObject()->className()), widget->objectName(),
+                         widget->property("text").toString(), widget->accessibleName(), widget->toolTip(),
+                         widget->property("maxLength").toString(),
+                         QString::number(static_cast<int>(widget->isVisibleTo(&form))));
+    }
+    return text.toStdString();
+}
+
+std::string Report_Of(const Session& session) {
+    const Kekka_Figures kekka = Kekka_Read(session);
+    Recorded_Sheet sheet;
+    Print_State state;
+    Prt_ModSet prt(state, sheet);
+    Draw_Kekka(prt, kekka, Kekka_Form_Of(Law_Of(kekka.figures.law_year).result_report).value());
+    std::string text;
+    for (const Drawn& drawn : sheet.Pages().front()) {
+        if (const auto* printed = std::get_if<Drawn_Text>(&drawn)) {
+            text += printed->text + "\n";
+        }
+    }
+    return text;
+}
+
+TEST_F(Fifth_Law_Year_Test, Shows_And_Prints_The_Samples_As_The_Fourth) {
+    for (const char* sample : {"aoba_kensetsu.json", "midori_denki.json", "tanaka_komuten.json"}) {
+        SCOPED_TRACE(sample);
+        std::string shown[2];
+        for (const int law : {4, 5}) {
+            Take_Sample(sample, law);
+            ASSERT_EQ(Law_Number(session.Simyu_Kubun), law);
+            const Settled_Score score =
+                Score_Company(Cn_Open(session), session.Is_Hokkaido(), {}, scenario_genjo);
+            std::string& text = shown[law - 4];
+            text = Picture_Of(Frm_Syokuta(shell)) + Report_Of(session) +
+                   Score_Text(Score_Format::Json, score) + Score_Text(Score_Format::Table, score) +
+                   Elements();
+        }
+        EXPECT_GT(shown[0].size(), 20'000U);
+        Expect_Same(shown[0], As_Fourth(shown[1]));
+    }
+}
+
+TEST_F(Fifth_Law_Year_Test, A_New_Period_And_A_New_Company_Take_The_Newest_Row) {
+    Make_Company(1, 1, 10);
+    EXPECT_EQ(Law_Of_Period(10), 5);
+    EXPECT_EQ(Law_Number(Proposed_Law_Year(Read_Periods(session), Copy_Mode::After)), 5);
+    Frm_KsSitei form(shell);
+    form.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    Click(form, "Opt(1)");
+    EXPECT_TRUE(Child<QAbstractButton>(form, "Simyu20xx_flg")->isChecked());
+    messages.answers = {Answer::Yes};
+    Click(form, "Cmd_Excute");
+    EXPECT_NE(messages.shown.front().text.find("20xx年改正のデータです。"), std::string::npos);
+    EXPECT_EQ(session.Syori_Ki, 11);
+    EXPECT_EQ(Law_Number(session.Simyu_Kubun), 5);
+}
+
+TEST_F(Fifth_Law_Year_Test, A_Period_Is_Turned_To_It_And_Back) {
+    Take_Sample("aoba_kensetsu.json", 4);
+    const std::int16_t period = session.Syori_Ki;
+    const std::string elements = Elements();
+    for (const int law : {5, 4, 5}) {
+        messages.answers = {Answer::Yes};
+        EXPECT_EQ(Change_Law_Year(session, period, Law_Of(law).code, session.Simyu_Kubun), Law_Of(law).code);
+        EXPECT_EQ(messages.shown.back().text,
+                  std::string(Law_Of(law).name) + "のデータに変更します。\nよろしいですか？");
+        EXPECT_EQ(Law_Of_Period(period), law);
+        EXPECT_EQ(Elements(), elements);
+    }
+    EXPECT_FALSE(Mnu_Dt2015(session)) << "it has the items of 2015 already";
+    for (const int law : {2, 5}) {
+        Set_Law_Year(session, period, Law_Of(law).code);
+    }
+    EXPECT_EQ(Elements(), elements);
+}
+
+TEST_F(Fifth_Law_Year_Test, A_Case_File_Names_A_Row_Of_The_Table) {
+    Take_Sample("aoba_kensetsu.json", 5);
+    EXPECT_THROW(Take_Sample("aoba_kensetsu.json", 6), Case_Error);
+    EXPECT_EQ(Law_Of_Period(session.Syori_Ki), 5);
+}
+
+} // namespace
+} // namespace morvane::tests
+
+int main(int argc, char** argv) {
+    ::testing::InitGoogleTest(&argc, argv);
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    morvane::theme::Apply(application);
+    return RUN_ALL_TESTS();
+}
