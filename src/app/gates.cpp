@@ -2,6 +2,7 @@
 #include "app/gates.h"
 
 #include "law/accounts.h"
+#include "law/elements.h"
 #include "review/y_calc.h"
 #include "session/boxes.h"
 #include "session/kyotu_mod.h"
@@ -42,7 +43,7 @@ bool Has_Completed_Work(const Session& session) {
     if (elements.Eof()) {
         return true;
     }
-    return Yoso_Get(202, elements) != 0 && Yoso_Get(203, elements) != 0;
+    return Yoso_Get(element::total_of_two, elements) != 0 && Yoso_Get(element::total_of_three, elements) != 0;
 }
 
 bool Has_Y(const Session& session) {
@@ -53,7 +54,8 @@ bool Has_Y(const Session& session) {
 
 bool Has_W(const Session& session, const char* column) {
     const Connection cn = Cn_Open(session);
-    const Recordset element = cn.Open(Of_Period("W_Yoso", session.Syori_Ki) + " And 要素CD=200;");
+    const Recordset element =
+        cn.Open("SELECT * FROM W_Yoso WHERE 決算期=? And 要素CD=?", session.Syori_Ki, element::w);
     return !element.Eof() && !element[column].Is_Null();
 }
 

@@ -2,7 +2,7 @@
 #include "batch/case_file.h"
 
 #include "law/accounts.h"
-#include "law/law_year.h"
+#include "law/elements.h"
 #include "statements/zaimu_calc.h"
 
 #include <algorithm>
@@ -103,7 +103,7 @@ Json Period_Json(const Connection& cn, std::int64_t period, bool corporation) {
     Json record;
     record["決算期"] = period;
     const Recordset law =
-        cn.Open("SELECT * FROM W_Yoso WHERE 決算期=" + std::to_string(period) + " And 要素CD=210;");
+        cn.Open("SELECT * FROM W_Yoso WHERE 決算期=? And 要素CD=?", period, element::law_year);
     const std::int64_t oldest = Law_Number(Oldest_Law_Year().code);
     record["Simyu_Kubun"] = law.Eof() ? oldest : law["現状"].As_Integer(oldest);
     record["Ks_Zaihyo"] = Statement_Json(cn, period, corporation);

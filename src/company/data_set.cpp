@@ -134,7 +134,7 @@ void Copy_Elements(const Copy_Job& job) {
         rows.Update();
     }
     if (!has_law_year) {
-        Add_Law_Rows(job.cn, job.session, job.new_period);
+        Add_Law_Rows(job.cn, job.new_period);
     }
     if (!has_pension) {
         Make_Room_For_Pension(job.cn, job.new_period);
@@ -287,7 +287,7 @@ bool Period_Copy(Session& session, std::int16_t new_period, std::int16_t base_pe
     Copy_Elements(job);
     Copy_Notes(job);
     if (law_year) {
-        Set_Law_Year(cn, session, new_period, *law_year);
+        Set_Law_Year(cn, new_period, *law_year);
     }
     // A source that was never in hand under the present tables lacks rows, and with the first period of the
     // present form the store may lack columns.

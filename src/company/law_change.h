@@ -13,18 +13,17 @@ namespace morvane {
 void Set_Law_Year(const Session& session, int period, Law_Year_No law_year);
 
 /// The same on the open working store `cn`, within the caller's transaction.
-void Set_Law_Year(const Connection& cn, const Session& session, int period, Law_Year_No law_year);
+void Set_Law_Year(const Connection& cn, int period, Law_Year_No law_year);
 
 /// Writes the law year of a period into its row, where it has one. Within the caller's transaction.
 void Put_Law_Year(const Connection& cn, int period, Law_Year_No law_year);
 
-/// 105, 104, 103 each move down by one and leave 103 to 厚生年金: the row that waited under 999, else a new
-/// one. For a period without a row 106. Within the caller's transaction.
+/// The schemes behind the insurances each move down by one and leave their first place to 厚生年金: the row
+/// that waited, else a new one. For a period that does not tell it apart. Within the caller's transaction.
 void Make_Room_For_Pension(const Connection& cn, int period);
 
-/// Adds the rows 210 to 219 (law year, rehabilitation, machines, ISO) that a period lacks; a new row 210
-/// holds the law year that brought them.
-/// Within the caller's transaction.
-void Add_Law_Rows(const Connection& cn, const Session& session, int period);
+/// Adds the rows of law year, rehabilitation, machines and ISO that a period lacks; a new one holds the law
+/// year that brought them. Within the caller's transaction.
+void Add_Law_Rows(const Connection& cn, int period);
 
 } // namespace morvane

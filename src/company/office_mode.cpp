@@ -5,6 +5,7 @@
 #include "company/datacheck.h"
 #include "company/register.h"
 #include "data/store_file.h"
+#include "law/elements.h"
 #include "session/kidou_ini.h"
 #include "session/program_folder.h"
 
@@ -31,7 +32,7 @@ std::optional<Register_Row> Own_Firm(const Session& session) {
     const bool has_figures =
         !cn.Open("SELECT * FROM Ks_Zaihyo WHERE 金額<>0").Eof() ||
         !cn.Open("SELECT * FROM Kandaka_Gj WHERE 完工高基準<>0 Or 完工高前期<>0").Eof() ||
-        !cn.Open("SELECT * FROM W_Yoso WHERE 要素CD<>210 And 現状<>0").Eof();
+        !cn.Open("SELECT * FROM W_Yoso WHERE 要素CD<>? And 現状<>0", element::law_year).Eof();
     const std::string name = firm["事業所名"].As_Text();
     if (Is_Blank(name) && !has_figures) {
         return std::nullopt;

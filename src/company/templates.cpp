@@ -5,6 +5,7 @@
 #include "data/store_file.h"
 #include "data/table_catalogue.h"
 #include "data/text_table.h"
+#include "law/elements.h"
 
 #include <array>
 #include <functional>
@@ -51,6 +52,14 @@ void Finish_Chart(const Connection& store, const std::string& table) {
                   "非印刷識別 = 法人非印刷識別;");
 }
 
+Text_Table Elements_Table() {
+    Text_Table table{.file = "W_Yoso", .columns = {"要素CD", "要素名"}, .rows = {}};
+    for (const Element_Info& element : Element_Infos()) {
+        table.rows.push_back({std::to_string(element.code), element.name});
+    }
+    return table;
+}
+
 void Fill_Company(const Connection& store, const fs::path& source, const std::string& chart) {
     const auto add = [&](const char* table, const std::string& file, bool of_period) {
         Add_Rows(store, Table_Of(Store_Kind::Company, table), Read_Text_Table(source / file),
@@ -59,7 +68,7 @@ void Fill_Company(const Connection& store, const fs::path& source, const std::st
     add("Ks_Zaihyo", chart, true);
     Finish_Chart(store, "Ks_Zaihyo");
     add("Kandaka_Gj", "worktypes.tsv", true);
-    add("W_Yoso", "elements.tsv", true);
+    Add_Rows(store, Table_Of(Store_Kind::Company, "W_Yoso"), Elements_Table(), {neutral_period});
     add("XW_Yoso", "y_elements.tsv", true);
     add("QandA", "notes.tsv", true);
     add("KmkBunrui", "account_classes.tsv", false);
@@ -73,9 +82,8 @@ void Fill_Master(const Connection& store, const fs::path& source) {
         Add_Rows(store, Table_Of(Store_Kind::Master, table), Read_Text_Table(source / chart));
         Finish_Chart(store, table);
     }
-    Add_Rows(store, Table_Of(Store_Kind::Master, "W_Yoso"), Read_Text_Table(source / "elements.tsv"),
-             {neutral_period});
-    store.Execute("DELETE * FROM W_Yoso WHERE 要素CD < 210 Or 要素CD > 216;");
+    Add_Rows(store, Table_Of(Store_Kind::Master, "W_Yoso"), Elements_Table(), {neutral_period});
+    store.Execute("DELETE FROM W_Yoso WHERE 要素CD < ? Or 要素CD > ?", element::law_year, element::w8);
 }
 
 } // namespace

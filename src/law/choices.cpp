@@ -10,6 +10,7 @@ namespace {
 constexpr std::string_view any_digit = "0123456789"; // what is no answer gives no points
 
 constexpr Answer_Word equity_bases[] = {{1, "基準決算の自己資本額"}, {2, "前期と当期の２年平均"}};
+constexpr Answer_Word averages[] = {{2, "2年平均"}, {3, "3年平均"}};
 constexpr Answer_Word exempt_too[] = {{0, "無"}, {1, "有"}, {2, "適用外"}};
 constexpr Answer_Word compliances[] = {
     {0, "無"}, {1, "指示を受けた", "指示"}, {2, "営業の停止を命ぜられた", "営業停止"}};
@@ -42,6 +43,7 @@ const Choice equity_basis = {"12", equity_bases};
 const Choice yes_no = {"01", std::span(exempt_too).first(2)};
 const Choice yes_no_exempt = {"012", exempt_too};
 const Choice compliance = {"012", compliances};
+const Choice years_of_average = {"23", averages};
 const Choice audit = {"0123", audits};
 const Choice women = {any_digit, for_women};
 const Choice next_generation = {any_digit, for_next_generation};

@@ -36,13 +36,14 @@ namespace choice {
 
 extern const Choice equity_basis;
 extern const Choice yes_no;
-extern const Choice yes_no_exempt;   ///< public insurances
-extern const Choice compliance;      ///< 法令遵守
-extern const Choice audit;           ///< 監査の受審
-extern const Choice women;           ///< 女性活躍推進法に基づく認定
-extern const Choice next_generation; ///< 次世代法に基づく認定
-extern const Choice youth;           ///< 若者雇用促進法に基づく認定
-extern const Choice work_history;    ///< 就業履歴の蓄積
+extern const Choice yes_no_exempt;    ///< public insurances
+extern const Choice compliance;       ///< 法令遵守
+extern const Choice audit;            ///< 監査の受審
+extern const Choice women;            ///< 女性活躍推進法に基づく認定
+extern const Choice next_generation;  ///< 次世代法に基づく認定
+extern const Choice youth;            ///< 若者雇用促進法に基づく認定
+extern const Choice work_history;     ///< 就業履歴の蓄積
+extern const Choice years_of_average; ///< of completed work
 
 } // namespace choice
 

@@ -17,6 +17,8 @@ constexpr Law_Range additions = {.with = &Law_Year::has_additions};
 
 // Items and standards of the review (平成20年国土交通省告示第85号), 第一 の四 その他の審査項目; the largest
 // numbers are what the entry fields hold.
+constexpr std::int32_t any_amount = std::numeric_limits<std::int32_t>::max();
+
 constexpr Element_Info items[] = {
     {.code = e::equity_basis, .name = "自己資本額の採用区分", .choice = &c::equity_basis},
     {.code = e::w1, .name = "労働福祉の状況_点数"},
@@ -47,6 +49,10 @@ constexpr Element_Info items[] = {
     {.code = e::research_before, .name = "開発研究費（前期）", .most = 99'999'999, .amount = true},
     {.code = e::research, .name = "開発研究費（当期）", .most = 99'999'999, .amount = true},
     {.code = e::w, .name = "その他審査項目（Ｗ）"},
+    {.code = e::years_of_average, .name = "完成工事高の採用平均年数", .choice = &c::years_of_average},
+    {.code = e::total_of_two, .name = "２年平均完成工事高合計", .most = any_amount},
+    {.code = e::total_of_three, .name = "３年平均完成工事高合計", .most = any_amount},
+    {.code = e::law_year, .name = "経審改正年区分"},
     {.code = e::rehabilitation,
      .name = "民事再生法又は会社更生法の適用",
      .law = saisei,
@@ -133,16 +139,8 @@ std::string Entry_Limit::In_Words() const {
 }
 
 Entry_Limit Limit_Of_Element(int code, const Law_Year& law) {
-    switch (code) {
-    case e::years_of_average:
-        return {.choices = "23"};
-    case e::total_of_two:
-    case e::total_of_three:
-        return {.highest = std::numeric_limits<std::int32_t>::max()};
-    case e::law_year:
+    if (code == e::law_year) {
         return {.choices = Numbers_Of_Law_Years()};
-    default:
-        break;
     }
     const Element_Info* item = Find_Element(code);
     if (item == nullptr) {

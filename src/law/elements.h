@@ -86,7 +86,7 @@ template <class Int>
     return {.lowest = std::numeric_limits<Int>::min(), .highest = std::numeric_limits<Int>::max()};
 }
 
-/// One of the items of X2 and W.
+/// An element: an item of X2 or W, or what completed work and law year leave beside them.
 struct Element_Info {
     int code;
     const char* name;               ///< 要素名 of its row, by which failures call it
@@ -99,17 +99,17 @@ struct Element_Info {
     [[nodiscard]] bool Is_Keyed() const { return choice != nullptr || most > 0; }
 };
 
-/// The items in the order of their codes.
+/// The elements in the order of their codes, as every period has them.
 [[nodiscard]] std::span<const Element_Info> Element_Infos();
 
-/// The item of a code; null where there is none.
+/// The element of a code; null where there is none.
 [[nodiscard]] const Element_Info* Find_Element(int code);
 
 /// What an element is called: its name, else its code.
 [[nodiscard]] std::string Element_Name(int code);
 
-/// The answers of an item at a law year; null where it is none to choose. The first of the welfare items are
-/// insurances, from which a firm may be exempt.
+/// The answers of an element at a law year; null where it is none to choose. The first of the welfare items
+/// are insurances, from which a firm may be exempt.
 [[nodiscard]] const Choice* Choice_Of(const Element_Info& item, const Law_Year& law);
 
 /// The limit of an element of W_Yoso at a law year; an element that the law year does not have keeps that of

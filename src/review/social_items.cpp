@@ -89,6 +89,10 @@ constexpr std::array<Place, 256> places = [] {
     return by_code;
 }();
 
+bool Is_Item(int code) {
+    return places[static_cast<std::size_t>(code)] != nullptr;
+}
+
 } // namespace
 
 std::int32_t& Social_Items::At(int code) {
@@ -115,7 +119,7 @@ void Social_Items::Load(const Review_Figures& figures) {
     *this = {};
     const Law_Year& law = Law_Of(figures.law_year);
     for (const Element_Info& item : Element_Infos()) {
-        if (item.law.Has(law)) {
+        if (Is_Item(item.code) && item.law.Has(law)) {
             At(item.code) = figures.Yoso(item.code, item.most_read);
         }
     }
@@ -131,7 +135,7 @@ void Social_Items::Store(Review_Figures& figures) const {
     const Law_Year& law = Law_Of(figures.law_year);
     Social_Items copy = *this;
     for (const Element_Info& item : Element_Infos()) {
-        if (item.law.Has(law)) {
+        if (Is_Item(item.code) && item.law.Has(law)) {
             figures.Put_Yoso(item.code, copy.At(item.code));
         }
     }

@@ -92,14 +92,10 @@ void Add_Knowledge_Rows(const Connection& cn, int period) {
 }
 
 void Add_Missing_Elements(const Connection& cn, int period, int first, int last) {
-    Statement find = cn.Prepare("SELECT 要素CD FROM W_Yoso WHERE 決算期=? And 要素CD=?");
     for (int code = first; code <= last; ++code) {
-        find.Reset();
-        find.Bind(1, period);
-        find.Bind(2, code);
-        if (!find.Step()) {
-            const std::array<Value, 3> row = {period, code, Element_Name(code)};
-            cn.Execute("INSERT INTO W_Yoso (決算期, 要素CD, 要素名) VALUES (?, ?, ?)", row);
+        if (cn.Open("SELECT 要素CD FROM W_Yoso WHERE 決算期=? And 要素CD=?", period, code).Eof()) {
+            cn.Execute("INSERT INTO W_Yoso (決算期, 要素CD, 要素名) VALUES (?, ?, ?)", period, code,
+                       Element_Name(code));
         }
     }
 }

@@ -5,6 +5,7 @@
 #include "review/relief.h"
 #include "review/settle.h"
 #include "session/run_time_error.h"
+#include "support/generated_firm.h"
 #include "support/installation_fixture.h"
 
 #include <algorithm>
@@ -265,42 +266,7 @@ TEST_F(Syokuta_Store, Adds_The_Rows_Of_Knowledge_And_Forms_P_Anew) {
     }
 }
 
-/// A firm at random: statement, items within their choices, lines of work; no scores.
-Review_Figures Firm(int law, std::mt19937& random) {
-    const auto up_to = [&random](std::uint32_t most) {
-        return static_cast<std::int32_t>(random() % (most + 1));
-    };
-    Review_Figures figures = Of(law, {{1, 1 + up_to(1)}, {201, 2 + up_to(1)}});
-    const std::map<int, std::uint32_t> most = {
-        {101, 2}, {102, 2}, {103, 1},  {104, 1}, {105, 1},       {106, 1},       {111, 40}, {121, 1},
-        {131, 2}, {141, 3}, {142, 3},  {143, 3}, {151, 300'000}, {152, 300'000}, {211, 1},  {212, 20},
-        {214, 1}, {215, 1}, {222, 30}, {225, 2}, {228, 300},     {229, 12},      {230, 3},  {231, 40},
-        {232, 6}, {235, 4}, {236, 3},  {237, 1}, {238, 5},       {239, 1}};
-    for (const auto& [code, value] : most) {
-        figures.elements[static_cast<std::size_t>(code)] = {static_cast<double>(up_to(value)), true, true,
-                                                            false};
-    }
-    figures.elements[221] = {100, true, true, false};
-    for (const int code : {319, 829, 469, 832, 436, 489, 402, 419, 399, 830, 179, 289}) {
-        figures.statement.amount[static_cast<std::size_t>(code)] = up_to(900'000) * 1000.0;
-    }
-    figures.statement.has_rows = true;
-    figures.review_date = Review_Date{2023, 8, 13 + up_to(1)};
-    for (std::size_t i = 0; i < work_line_count; ++i) {
-        Work_Line& line = figures.works[i];
-        const bool has = i != combined_line && random() % 3 != 0;
-        for (Figure* figure : {&line.Zzki, &line.Zki, &line.Kijun, &line.Mzzki, &line.Mzki, &line.Mkijun}) {
-            *figure = {has ? up_to(90'000) : 0, has && random() % 4 != 0, false};
-            figure->value = figure->up ? figure->value : 0;
-        }
-        for (Figure& count : line.gijutusya) {
-            count = has && i < scored_lines && random() % 2 == 0 ? Figure{up_to(5), true, false} : Figure{};
-        }
-    }
-    return figures;
-}
-
-/// The same firm with scores left from elsewhere in every place that a screen of the law year computes.
+/// A firm with scores left from elsewhere in every place that a screen of the law year computes.
 Review_Figures With_Stale_Scores(Review_Figures figures) {
     for (const int code :
          {100, 110, 120, 130, 140, 150, 200, 202, 203, 213, 216, 223, 224, 226, 227, 233, 240, 241}) {
@@ -334,7 +300,7 @@ TEST(Settle, Ends_In_Figures_That_Agree_Whatever_Scores_Were_Stored) {
     std::mt19937 random(41);
     for (int i = 0; i < 40; ++i) {
         const int law = 1 + i % 4;
-        const Review_Figures firm = Firm(law, random);
+        const Review_Figures firm = Generated_Firm(Law_Of(law), random);
         const Settled once = Settled_Of(firm);
         const Settled again = Settled_Of(once.figures);
         const Settled stale = Settled_Of(With_Stale_Scores(firm));
@@ -372,7 +338,7 @@ TEST(Settle, Ends_In_Figures_That_Agree_Whatever_Scores_Were_Stored) {
 TEST(Gekihen, Columns_Are_The_Firm_With_Other_Averages) {
     std::mt19937 random(85);
     for (int i = 0; i < 12; ++i) {
-        const Review_Figures firm = Settled_Of(Firm(2 + i % 3, random)).figures;
+        const Review_Figures firm = Settled_Of(Generated_Firm(Law_Of(2 + i % 3), random)).figures;
         const Gekihen_Table table = Calc_Gekihen(firm);
         for (std::size_t column = 0; column < 4; ++column) {
             Review_Figures chosen = firm;

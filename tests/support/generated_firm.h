@@ -1,0 +1,14 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#pragma once
+
+#include "review/review_figures.h"
+
+#include <random>
+
+namespace morvane::tests {
+
+/// A firm at random: a statement, every item that its law year keys within its choices, lines of work, a
+/// review date at which the weight of W changes; no scores.
+Review_Figures Generated_Firm(const Law_Year& law, std::mt19937& random);
+
+} // namespace morvane::tests
