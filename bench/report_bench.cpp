@@ -54,15 +54,19 @@ void Draw_On(Print_Target& target, const Kekka_Figures& kekka) {
     Draw_Kekka(prt, kekka, Kekka_Form::Rpt_Kekka_2012);
 }
 
-void Read_Figures(benchmark::State& state) {
+Kekka_Figures Read() {
     const Session& session = The_Many().session;
+    return Kekka_Read(Cn_Open(session), session, {session.Syori_Ki, &scenario_genjo});
+}
+
+void Read_Figures(benchmark::State& state) {
     for (auto _ : state) {
-        benchmark::DoNotOptimize(Kekka_Read(session));
+        benchmark::DoNotOptimize(Read());
     }
 }
 
 void Draw_Sheet(benchmark::State& state) {
-    const Kekka_Figures kekka = Kekka_Read(The_Many().session);
+    const Kekka_Figures kekka = Read();
     for (auto _ : state) {
         Recorded_Sheet sheet;
         Draw_On(sheet, kekka);
@@ -71,7 +75,7 @@ void Draw_Sheet(benchmark::State& state) {
 }
 
 void Make_Pdf(benchmark::State& state) {
-    const Kekka_Figures kekka = Kekka_Read(The_Many().session);
+    const Kekka_Figures kekka = Read();
     for (auto _ : state) {
         Pdf_Target pdf({"結果通知書", "計測"});
         Draw_On(pdf, kekka);

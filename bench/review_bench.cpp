@@ -30,7 +30,7 @@ void Set_Law_Year(Session& session, int law) {
 }
 
 std::unique_ptr<Form> Open(Shell_Port& shell, const char* name) {
-    std::unique_ptr<Form> form(Find_Form(name)->make(shell));
+    std::unique_ptr<Form> form(Find_Form(name)->Make(shell));
     form->resize(1186, 700);
     form->show();
     return form;

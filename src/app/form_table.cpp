@@ -19,25 +19,29 @@
 #include "statements/frm_kszenki.h"
 
 #include <array>
+#include <vector>
 
 namespace morvane {
 
 namespace {
 
 template <class Screen>
-Form* Make(Shell_Port& shell) {
+Form* Make(Shell_Port& shell, const char*) {
     return new Screen(shell);
 }
 
-// The screens of the work types are one class.
-Form* Make_Kanko(Shell_Port& shell) {
-    return new Frm_Kanko(shell, "Frm_Kanko");
-}
-Form* Make_Kanko2(Shell_Port& shell) {
-    return new Frm_Kanko(shell, "Frm_Kanko2");
+template <Form* (*Maker)(Shell_Port&)>
+Form* Make_By(Shell_Port& shell, const char*) {
+    return Maker(shell);
 }
 
-constexpr auto form_rows = std::to_array<Form_Row>({
+/// Screens of one class go by their names.
+template <class Screen>
+Form* Make_Member(Shell_Port& shell, const char* name) {
+    return new Screen(shell, name);
+}
+
+constexpr auto screens = std::to_array<Form_Row>({
     // The shell.
     {"Frm_Main", nullptr, false, "Frm_Command"},
     {"Frm_Command"},
@@ -48,8 +52,8 @@ constexpr auto form_rows = std::to_array<Form_Row>({
     {"Frm_QandA", Make<Frm_QandA>, true},
     // Companies and periods.
     {"Frm_JGSitei", Make<Frm_JGSitei>, true},
-    {"Frm_JgNew", Make_Frm_JgNew, true},
-    {"Frm_Jgmas", Make_Frm_Jgmas, true},
+    {"Frm_JgNew", Make_By<Make_Frm_JgNew>, true},
+    {"Frm_Jgmas", Make_By<Make_Frm_Jgmas>, true},
     {"Frm_KsSitei", Make<Frm_KsSitei>},
     // Statements.
     {"Frm_KsZaihyo", Make<Frm_KsZaihyo>},
@@ -78,8 +82,8 @@ constexpr auto form_rows = std::to_array<Form_Row>({
     {"Frm_SyokutaHKzen"},
     {"Frm_SyokutaHKzen_2011", nullptr, false, "Frm_SyokutaHKzen"},
     {"Frm_SyokutaHKzen_2012", nullptr, false, "Frm_SyokutaHKzen"},
-    {"Frm_Kanko", Make_Kanko},
-    {"Frm_Kanko2", Make_Kanko2, false, "Frm_Kanko"},
+    {"Frm_Kanko", Make_Member<Frm_Kanko>},
+    {"Frm_Kanko2", Make_Member<Frm_Kanko>, false, "Frm_Kanko"},
     {"Frm_KankoKaiz"},
     {"Frm_KankoKaiz2", nullptr, false, "Frm_KankoKaiz"},
     {"Frm_KankoKaiz3", nullptr, false, "Frm_KankoKaiz"},
@@ -108,10 +112,7 @@ constexpr auto form_rows = std::to_array<Form_Row>({
     {"Frm_HatyuSitei", nullptr, true},
     {"Frm_KakuInfoUP", nullptr, true},
     {"Frm_KakuHpOpen", nullptr, true},
-    // Reports, maintenance, exchange.
-    {"Rpt_Kekka", Make_Report<"Rpt_Kekka">, true},
-    {"Rpt_Kekka_2011", Make_Report<"Rpt_Kekka_2011">, true, "Rpt_Kekka"},
-    {"Rpt_Kekka_2012", Make_Report<"Rpt_Kekka_2012">, true, "Rpt_Kekka"},
+    // Maintenance, exchange.
     {"Frm_PrtSET", nullptr, true, "Rpt_Kekka"},
     {"Frm_DtHosyu"},
     {"Frm_DtConv", nullptr, true},
@@ -121,14 +122,23 @@ constexpr auto form_rows = std::to_array<Form_Row>({
     {"Frm_ToiSend", nullptr, true},
 });
 
+std::vector<Form_Row> With_Reports() {
+    std::vector<Form_Row> rows(screens.begin(), screens.end());
+    for (const Report_Row& report : Report_Table()) {
+        rows.push_back({report.name, Make_Report, true, report.page});
+    }
+    return rows;
+}
+
 } // namespace
 
 std::span<const Form_Row> Form_Table() {
-    return form_rows;
+    static const std::vector<Form_Row> rows = With_Reports();
+    return rows;
 }
 
 const Form_Row* Find_Form(std::string_view name) {
-    for (const Form_Row& row : form_rows) {
+    for (const Form_Row& row : Form_Table()) {
         if (name == row.name) {
             return &row;
         }

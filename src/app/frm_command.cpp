@@ -457,7 +457,7 @@ void Frm_Command::Open_Form(const QString& form) {
     shell.session.Edit_Flg = shell.session.Edit_Flg || !row->modal;
     std::unique_ptr<Form> screen;
     try {
-        screen.reset(row->make(shell));
+        screen.reset(row->Make(shell));
     } catch (...) {
         Screens_Closed();
         throw;

@@ -419,9 +419,7 @@ class Command_Line {
         Add_Choice(sub);
         std::vector<std::string> names;
         for (const Report_Row& row : Report_Table()) {
-            if (Kekka_Form_Of(row.name)) {
-                names.emplace_back(row.name);
-            }
+            names.emplace_back(row.name);
         }
         One_Of(sub->add_option("--report", report, "帳票（省略時は決算期の改正年の結果通知書）"), names);
         sub->add_option("-o,--output", output, "出力するPDFファイル、またはフォルダ（事業所ごとに1ファイル）")

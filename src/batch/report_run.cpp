@@ -4,12 +4,13 @@
 #include "batch/company_run.h"
 #include "batch/output_folder.h"
 #include "data/output_file.h"
-#include "report/kekka.h"
-#include "report/pdf_target.h"
 #include "report/report_table.h"
+#include "review/settle.h"
+#include "review/x2_calc.h"
 
 #include <array>
 #include <cstdio>
+#include <string_view>
 #include <utility>
 
 namespace morvane {
@@ -41,25 +42,34 @@ struct Printed {
     std::string notice;
 };
 
-Printed Pdf_Of(const Session& session, const Report_Options& options, const Company& company) {
-    const Connection cn = Open_Company(session, company);
-    Settled_Score score = Score_Company(cn, session.Is_Hokkaido(), options.period, *options.scenario);
-    const Law_Year& law = Law_Of(score.figures.law_year);
-    const std::string name = law.result_report;
-    if (!options.report.empty() && options.report != name) {
-        throw Score_Refusal("第" + std::to_string(score.period) + "期は「" + law.name + "」のため、帳票「" +
-                            options.report + "」では出力できません。--report を省略するか、" + name +
-                            " を指定してください。");
+std::int16_t Period_In_Hand(const Connection& cn) {
+    Statement row = cn.Prepare("SELECT 処理決算期 FROM Jigyo_mas");
+    return row.Step() ? static_cast<std::int16_t>(row.Integer_At(0)) : std::int16_t{0};
+}
+
+/// A variant of another law year would leave out what counts in this one.
+void Test_Variant(const Report_Row& report, const Law_Year& law, int period) {
+    if (report.variant != nullptr && std::string_view(law.*report.variant) != report.name) {
+        throw Score_Refusal("第" + std::to_string(period) + "期は「" + law.name + "」のため、帳票「" +
+                            report.name + "」では出力できません。--report を省略するか、" +
+                            law.*report.variant + " を指定してください。");
     }
-    const Kekka_Figures kekka = Kekka_Read(cn, std::move(score), Heading_Of(session));
-    const Report_Row& report = *Find_Report(name);
+}
+
+Printed Print(const Session& session, const Report_Options& options, const Company& company) {
+    const Connection cn = Open_Company(session, company);
+    const Side side = {options.period ? static_cast<std::int16_t>(*options.period) : Period_In_Hand(cn),
+                       options.scenario};
+    const Law_Year& law = Law_Of(Get_Simyu_Kubun(cn, side.period));
+    const Report_Row& report =
+        *Find_Report(options.report.empty() ? law.result_report : options.report.c_str());
+    const Rpt_Draw drawn = report.read(cn, session, {.sides = Sides_Of(report.sides, side)});
+    Test_Variant(report, law, side.period);
     Print_State print_state;
-    print_state.Prt_Doing = true;
     Read_Report_Info(cn, report, print_state);
-    Pdf_Target pdf(Pdf_Info_Of(report, kekka.heading));
-    Prt_ModSet prt(print_state, pdf);
-    Draw_Kekka(prt, kekka, Kekka_Form_Of(name).value());
-    return {pdf.Finish(), Entry_Notice(kekka) + Missing_Notice(prt.Missing())};
+    std::vector<Letter> missing;
+    std::string pdf = Pdf_Of(report, drawn, print_state, &missing);
+    return {std::move(pdf), drawn.warning + Missing_Notice(missing)};
 }
 
 } // namespace
@@ -74,7 +84,7 @@ std::size_t Report_Run(const Session& session, const Report_Options& options, st
         Make_Output_Folder(options.output);
     }
     const auto print_one = [&](const Company& company) {
-        const Printed printed = Pdf_Of(session, options, company);
+        const Printed printed = Print(session, options, company);
         Write_Output(File_Of(options.output, company.number), printed.pdf);
         return printed.notice;
     };

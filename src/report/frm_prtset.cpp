@@ -53,12 +53,12 @@ constexpr std::size_t entries_without_pages = 3;
 
 } // namespace
 
-Frm_PrtSET::Frm_PrtSET(Shell_Port& shell_port, std::function<int(int)> printer_dialog,
-                       const Margin_Room& margin_room)
-    : Form(shell_port, QStringLiteral("Frm_PrtSET"), QStringLiteral("ページ設定")),
+Frm_PrtSET::Frm_PrtSET(Shell_Port& shell_port, Print_State& print_state,
+                       std::function<int(int)> printer_dialog, const Margin_Room& margin_room)
+    : Form(shell_port, QStringLiteral("Frm_PrtSET"), QStringLiteral("ページ設定")), prt(print_state),
       choose_printer(std::move(printer_dialog)), room(margin_room),
-      fields(new Field_Form(std::span(entries).first(
-          shell.session.Prt.Prt_Page_Flg ? std::size(entries) : entries_without_pages))) {
+      fields(new Field_Form(
+          std::span(entries).first(prt.Prt_Page_Flg ? std::size(entries) : entries_without_pages))) {
     auto* section = new Section_Box(QStringLiteral("余白と部数"));
     section->body->addWidget(fields);
     body->addWidget(section);
@@ -74,7 +74,6 @@ Frm_PrtSET::Frm_PrtSET(Shell_Port& shell_port, std::function<int(int)> printer_d
 }
 
 void Frm_PrtSET::Load() {
-    const Print_State& prt = shell.session.Prt;
     const auto text = [](auto number) { return Number_Text(static_cast<double>(number)); };
     fields->Set_Texts({{"Ue_Mrg", text(prt.Ue_Mrg_Val)},
                        {"Hida_Mrg", text(prt.Hida_Mrg_Val)},
@@ -127,7 +126,7 @@ bool Frm_PrtSET::May_Cut(const Print_State& next) const {
 }
 
 void Frm_PrtSET::Take() {
-    Print_State next = shell.session.Prt;
+    Print_State next = prt;
     next.Ue_Mrg_Val = Margin("Ue_Mrg", "上余白", next.Ue_Mrg_Val);
     next.Hida_Mrg_Val = Margin("Hida_Mrg", "左余白", next.Hida_Mrg_Val);
     next.Prt_Busu = Whole("Busu", "印刷部数", next.Prt_Busu);
@@ -139,12 +138,12 @@ void Frm_PrtSET::Take() {
         fields->Focus(next.Ue_Mrg_Val > room.top ? "Ue_Mrg" : "Hida_Mrg");
         return;
     }
-    shell.session.Prt = next;
+    prt = next;
     Close_Form();
 }
 
 void Frm_PrtSET::Cmd_PrtSet() {
-    const int copies = choose_printer(Whole("Busu", "印刷部数", shell.session.Prt.Prt_Busu));
+    const int copies = choose_printer(Whole("Busu", "印刷部数", prt.Prt_Busu));
     fields->Set_Text("Busu", std::to_string(copies));
 }
 

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
+#include "report/print_state.h"
 #include "widgets/field_form.h"
 #include "widgets/form.h"
 
@@ -11,15 +12,15 @@ struct Margin_Room {
     float top, left;
 };
 
-/// The page setting of a report (ページ設定): margins and copies in the session's print state, and the way to
-/// the platform's printer dialog.
+/// The page setting of a report (ページ設定): margins and copies in the print state of its window, and the
+/// way to the platform's printer dialog.
 class Frm_PrtSET : public Form {
     Q_OBJECT
 
   public:
     /// `printer_dialog` lets the user choose a printer, with the copies to begin with; it gives the copies
     /// chosen, or those given to it where the user cancelled. Margins above `margin_room` are asked about.
-    Frm_PrtSET(Shell_Port& shell_port, std::function<int(int)> printer_dialog,
+    Frm_PrtSET(Shell_Port& shell_port, Print_State& print_state, std::function<int(int)> printer_dialog,
                const Margin_Room& margin_room);
 
   private:
@@ -32,6 +33,7 @@ class Frm_PrtSET : public Form {
 
     [[nodiscard]] bool May_Cut(const Print_State& next) const;
 
+    Print_State& prt;
     std::function<int(int)> choose_printer;
     const Margin_Room room;
     Field_Form* fields;

@@ -1,8 +1,6 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "report/kekka.h"
 
-#include "session/run_time_error.h"
-
 #include <array>
 #include <string_view>
 #include <utility>
@@ -58,24 +56,11 @@ void Read_Zenki(const Connection& cn, int period, Kekka_Figures& kekka) {
 
 } // namespace
 
-Kekka_Figures Kekka_Read(const Session& session) {
-    const Connection cn = Cn_Open(session);
-    try {
-        return Kekka_Read(cn,
-                          Score_Company(cn, session.Is_Hokkaido(), session.Syori_Ki,
-                                        session.Sim_Mode == 2 ? scenario_kaizen : scenario_genjo),
-                          Heading_Of(session));
-    } catch (const Score_Refusal& refusal) {
-        throw Run_Time_Error(Run_Time_Error::Kind::Type_Mismatch, refusal.what());
-    }
-}
-
-Kekka_Figures Kekka_Read(const Connection& cn, Settled_Score score, Report_Heading heading) {
+Kekka_Figures Kekka_Read(const Connection& cn, const Session& session, const Side& side) {
+    Settled_Score score = Score_Company(cn, session.Is_Hokkaido(), side.period, *side.scenario);
     Kekka_Figures kekka;
-    kekka.heading = std::move(heading);
-    kekka.heading.Jigyo_Name = score.jigyo_name;
-    kekka.heading.Syori_Ki = score.period;
-    kekka.heading.word = scenario_words[score.scenario->number - 1U];
+    kekka.heading = Heading_Of(session, score.jigyo_name, side.period,
+                               std::string(scenario_words[side.scenario->number - 1U]));
     kekka.x2w_entered = score.x2w_entered;
     kekka.figures = std::move(score.figures);
     kekka.y = score.y;

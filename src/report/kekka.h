@@ -5,6 +5,7 @@
 #include "report/prt_modset.h"
 #include "report/report_heading.h"
 #include "review/settle.h"
+#include "review/side.h"
 #include "session/session.h"
 
 #include <array>
@@ -29,12 +30,9 @@ struct Kekka_Figures {
     bool has_zenki = false; ///< the period before has a statement, or figures of it were keyed into this one
 };
 
-/// Scores the period in hand, in the scenario that the session's Sim_Mode names, as Score_Company does.
-/// Raises Store_Error, and Run_Time_Error with the reason where there is no score.
-Kekka_Figures Kekka_Read(const Session& session);
-
-/// The same of a score in hand, from its open store.
-Kekka_Figures Kekka_Read(const Connection& cn, Settled_Score score, Report_Heading heading);
+/// Scores a side of the company in an open store, as Score_Company does, which tells what it raises. Of the
+/// session it takes edition and office.
+Kekka_Figures Kekka_Read(const Connection& cn, const Session& session, const Side& side);
 
 /// What is to be said of a sheet beside it: that the items of X2 and W were never entered. Empty where they
 /// were.

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
+#include "report/print_state.h"
 #include "report/print_target.h"
-#include "session/print_state.h"
 
 #include <cstdint>
 #include <string>

@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <ctime>
 #include <string_view>
+#include <utility>
 
 namespace morvane {
 
@@ -47,8 +48,9 @@ std::string Cut(const std::string& text, std::size_t bytes) {
 
 } // namespace
 
-Report_Heading Heading_Of(const Session& session) {
-    return {session.Jigyo_Name, session.Syori_Ki, "", Today(), session.Is_Multi() ? session.Office_Name : ""};
+Report_Heading Heading_Of(const Session& session, std::string jigyo_name, int period, std::string word) {
+    return {std::move(jigyo_name), period, std::move(word), Today(),
+            session.Is_Multi() ? session.Office_Name : ""};
 }
 
 std::string Document_Title(const std::string& report_title, const Report_Heading& heading) {

@@ -18,8 +18,8 @@ struct Report_Heading {
     std::string office_name; ///< the adviser's, empty for a firm of its own
 };
 
-/// The heading of what is in hand, but for the scenario; with today's date.
-Report_Heading Heading_Of(const Session& session);
+/// The heading of a firm's report of today; the session tells the office.
+Report_Heading Heading_Of(const Session& session, std::string jigyo_name, int period, std::string word);
 
 /// "結果通知書 青葉建設 第35期 改善前": the title of a report's document.
 std::string Document_Title(const std::string& report_title, const Report_Heading& heading);

@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "report/report_table.h"
 
+#include "report/kekka.h"
+
 #include <algorithm>
 #include <array>
 #include <memory>
@@ -13,8 +15,8 @@ constexpr int paper_a4 = 9;
 constexpr int upright = 1;
 
 template <Kekka_Form Form>
-Rpt_Draw Read_Kekka(const Session& session) {
-    auto kekka = std::make_shared<const Kekka_Figures>(Kekka_Read(session));
+Rpt_Draw Read_Kekka(const Connection& cn, const Session& session, const Report_Request& request) {
+    auto kekka = std::make_shared<const Kekka_Figures>(Kekka_Read(cn, session, request.sides.at(0)));
     return {kekka->heading, [kekka](Prt_ModSet& prt) { Draw_Kekka(prt, *kekka, Form); },
             Entry_Notice(*kekka)};
 }
@@ -25,9 +27,12 @@ constexpr const char* kekka_title = "結果通知書(2011)";
 constexpr const char* kekka_2011 = "Rpt_Kekka_2011";
 
 constexpr auto reports = std::to_array<Report_Row>({
-    {"Rpt_Kekka", 17, "結果通知書", nullptr, nullptr, Read_Kekka<Kekka_Form::Rpt_Kekka>},
-    {"Rpt_Kekka_2011", 35, "結果通知書", kekka_title, kekka_2011, Read_Kekka<Kekka_Form::Rpt_Kekka_2011>},
-    {"Rpt_Kekka_2012", 35, "結果通知書", kekka_title, kekka_2011, Read_Kekka<Kekka_Form::Rpt_Kekka_2012>},
+    {"Rpt_Kekka", 17, "結果通知書", Report_Sides::One, Read_Kekka<Kekka_Form::Rpt_Kekka>, "Rpt_Kekka",
+     &Law_Year::result_report},
+    {"Rpt_Kekka_2011", 35, "結果通知書", Report_Sides::One, Read_Kekka<Kekka_Form::Rpt_Kekka_2011>,
+     "Rpt_Kekka", &Law_Year::result_report, kekka_title, kekka_2011},
+    {"Rpt_Kekka_2012", 35, "結果通知書", Report_Sides::One, Read_Kekka<Kekka_Form::Rpt_Kekka_2012>,
+     "Rpt_Kekka", &Law_Year::result_report, kekka_title, kekka_2011},
 });
 
 std::string Select(const Report_Row& report) {
@@ -60,26 +65,29 @@ const Report_Row* Find_Report(std::string_view name) {
     return found == reports.end() ? nullptr : found;
 }
 
-std::optional<Kekka_Form> Kekka_Form_Of(std::string_view name) {
-    for (const auto& [form_name, form] : {std::pair{"Rpt_Kekka", Kekka_Form::Rpt_Kekka},
-                                          {"Rpt_Kekka_2011", Kekka_Form::Rpt_Kekka_2011},
-                                          {"Rpt_Kekka_2012", Kekka_Form::Rpt_Kekka_2012}}) {
-        if (name == form_name) {
-            return form;
-        }
-    }
-    return std::nullopt;
+Report_Request Request_In_Hand(const Session& session, const Report_Row& report) {
+    const Scenario& scenario = session.Sim_Mode == 2 ? scenario_kaizen : scenario_genjo;
+    return {.sides = Sides_Of(report.sides, {session.Syori_Ki, &scenario})};
 }
 
-Pdf_Info Pdf_Info_Of(const Report_Row& report, const Report_Heading& heading) {
-    return {Document_Title(report.window_title, heading),
-            heading.office_name.empty() ? heading.Jigyo_Name : heading.office_name};
+std::string Pdf_Of(const Report_Row& report, const Rpt_Draw& drawn, Print_State state,
+                   std::vector<Letter>* missing) {
+    const Report_Heading& heading = drawn.heading;
+    const std::string& author = heading.office_name.empty() ? heading.Jigyo_Name : heading.office_name;
+    state.Prt_Scale = 1.0F;
+    state.Prt_Doing = true;
+    Pdf_Target target({Document_Title(report.title, heading), author});
+    Prt_ModSet operations(state, target);
+    drawn.draw(operations);
+    if (missing != nullptr) {
+        *missing = operations.Missing();
+    }
+    return target.Finish();
 }
 
 Sheet_Size Load_Report_Info(const Connection& cn, const Report_Row& report, Print_State& print_state) {
-    const bool doing = print_state.Prt_Doing;
     print_state = {};
-    print_state.Prt_Doing = report.keeps_doing && doing;
+    print_state.Prt_Doing = report.keeps_doing;
     const auto stored = Read_Report_Info(cn, report, print_state);
     if (!stored && report.object_name != nullptr) {
         Recordset rows = cn.Open(Select(report));

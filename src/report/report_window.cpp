@@ -4,9 +4,10 @@
 #include "data/output_file.h"
 #include "data/store_error.h"
 #include "report/frm_prtset.h"
-#include "report/pdf_target.h"
 #include "report/print_watch.h"
+#include "review/settle.h"
 #include "session/boxes.h"
+#include "session/run_time_error.h"
 #include "session/save_or_stay.h"
 #include "widgets/theme.h"
 
@@ -38,25 +39,6 @@ constexpr float least_scale = 0.25F;
 constexpr float largest_scale = 1.5F;
 constexpr float scale_step = 0.25F;
 constexpr const char* paper_note = "［頁設定］の用紙ｻｲｽﾞ・印刷の向きは、指定に関わらず「A4、縦」となります。";
-
-/// While it lives the report is drawn in its own size with full lines; then the preview's state is back.
-class On_Paper {
-  public:
-    explicit On_Paper(Print_State& print_state) : prt(print_state), scale(print_state.Prt_Scale) {
-        prt.Prt_Scale = 1.0F;
-        prt.Prt_Doing = true;
-    }
-    On_Paper(const On_Paper&) = delete;
-    On_Paper& operator=(const On_Paper&) = delete;
-    ~On_Paper() {
-        prt.Prt_Scale = scale;
-        prt.Prt_Doing = false;
-    }
-
-  private:
-    Print_State& prt;
-    float scale;
-};
 
 /// The user's own folder for documents, or his home; never the folder of the stores.
 QString Documents_Folder() {
@@ -90,6 +72,16 @@ struct Extent {
     void operator()(const Drawn_Circle& circle) { Reach(circle.x + circle.radius, circle.y + circle.radius); }
 };
 
+/// The figures of a report; a refusal is a failure that the shell tells.
+Rpt_Draw Read_Report(const Connection& cn, const Session& session, const Report_Row& report,
+                     const Report_Request& request) {
+    try {
+        return report.read(cn, session, request);
+    } catch (const Score_Refusal& refusal) {
+        throw Run_Time_Error(Run_Time_Error::Kind::Type_Mismatch, refusal.what());
+    }
+}
+
 /// How the printer dialog set the printer, in the words of the printing system.
 Print_Options Options_Of(const QPrinter& printer, int copies) {
     Print_Options options;
@@ -120,17 +112,19 @@ Print_Options Options_Of(const QPrinter& printer, int copies) {
 
 } // namespace
 
-Report_Window::Report_Window(Shell_Port& shell_port, const Report_Row& report_row)
-    : Form(shell_port, QString::fromUtf8(report_row.name), QString::fromUtf8(report_row.window_title)),
-      report(report_row), prt(shell_port.session.Prt), notice(new QLabel), view(new Sheet_View),
-      status(new QLabel), scale_label(new QLabel), page_label(new QLabel) {
+Report_Window::Report_Window(Shell_Port& shell_port, const Report_Row& report_row,
+                             const Report_Request& request)
+    : Form(shell_port, QString::fromUtf8(report_row.name), QString::fromUtf8(report_row.title)),
+      report(report_row), notice(new QLabel), view(new Sheet_View), status(new QLabel),
+      scale_label(new QLabel), page_label(new QLabel) {
     choose_pdf_file = [this](const QString& suggested) {
         return QFileDialog::getSaveFileName(this, QStringLiteral("PDF保存"), suggested,
                                             QStringLiteral("PDF (*.pdf)"), nullptr,
                                             QFileDialog::DontConfirmOverwrite);
     };
-    paper = Load_Report_Info(Cn_Open(shell.session), report, prt);
-    draw = report.read(shell.session);
+    const Connection cn = Cn_Open(shell.session);
+    paper = Load_Report_Info(cn, report, prt);
+    draw = Read_Report(cn, shell.session, report, request);
     Lay_Out();
     Draw();
     view->To_Top();
@@ -141,8 +135,8 @@ Report_Window::~Report_Window() = default;
 
 void Report_Window::Lay_Out() {
     Set_Sub_Title(QStringLiteral("%1　第%2期")
-                      .arg(QString::fromStdString(shell.session.Jigyo_Name))
-                      .arg(shell.session.Syori_Ki));
+                      .arg(QString::fromStdString(draw.heading.Jigyo_Name))
+                      .arg(draw.heading.Syori_Ki));
     body->setContentsMargins(0, 0, 0, 0);
     body->setSpacing(0);
     const auto add_line = [this](QLabel* label, const char* name, const char* look) {
@@ -324,15 +318,6 @@ int Report_Window::CommonDialog1(int copies) {
     return dialog.exec() == QDialog::Accepted ? printer.copyCount() : copies;
 }
 
-/// The report as it is printed, as a PDF document: paper and files come from the same drawing.
-std::string Report_Window::Pdf() {
-    const On_Paper on_paper(prt);
-    Pdf_Target target(Pdf_Info_Of(report, draw.heading));
-    Prt_ModSet operations(prt, target);
-    draw.draw(operations);
-    return target.Finish();
-}
-
 bool Report_Window::May_Write(const QString& file) {
     const QFileInfo info(file);
     return !info.exists() ||
@@ -351,7 +336,7 @@ void Tell_Printer_Failure(const Session& session) {
 void Report_Window::Pg_Set() {
     try {
         Frm_PrtSET setting(
-            shell, [this](int copies) { return CommonDialog1(copies); }, Room());
+            shell, prt, [this](int copies) { return CommonDialog1(copies); }, Room());
         setting.setParent(this, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                                     Qt::WindowCloseButtonHint);
         shell.Place(&setting);
@@ -394,7 +379,7 @@ void Report_Window::Print_To_File(const QString& file) {
         return;
     }
     try {
-        Write_Output(file.toStdString(), Pdf());
+        Write_Output(file.toStdString(), Pdf_Of(report, draw, prt));
     } catch (const Store_Error& error) {
         throw Print_Failure(error.what());
     }
@@ -406,8 +391,8 @@ void Report_Window::Print_On(const QPrinter& printer) {
     if (queue.isEmpty()) {
         throw Print_Failure("プリンタが設定されていません。［PDF保存］でファイルに保存できます。");
     }
-    Print_Job job = Send_To_Queue(queue.toStdString(), Document_Title(report.window_title, draw.heading),
-                                  Pdf(), Options_Of(printer, prt.Prt_Busu));
+    Print_Job job = Send_To_Queue(queue.toStdString(), Document_Title(report.title, draw.heading),
+                                  Pdf_Of(report, draw, prt), Options_Of(printer, prt.Prt_Busu));
     Say(QStringLiteral("プリンタ「%1」に送りました（受付番号 %2）。").arg(queue).arg(job.id));
     Follow(std::move(job));
 }
@@ -423,8 +408,8 @@ void Report_Window::Follow(Print_Job job) {
 }
 
 void Report_Window::Pdf_Save() {
-    QString file = Pdf_Folder() + QLatin1Char('/') +
-                   QString::fromStdString(Pdf_File_Name(report.window_title, draw.heading));
+    QString file =
+        Pdf_Folder() + QLatin1Char('/') + QString::fromStdString(Pdf_File_Name(report.title, draw.heading));
     do {
         file = choose_pdf_file(file);
         if (file.isEmpty()) {
@@ -435,7 +420,7 @@ void Report_Window::Pdf_Save() {
         }
     } while (!May_Write(file));
     try {
-        Write_Output(file.toStdString(), Pdf());
+        Write_Output(file.toStdString(), Pdf_Of(report, draw, prt));
     } catch (const Store_Error& error) {
         Tell(shell.session, "PDF保存エラー", std::string("PDFを保存できませんでした。\n") + error.what());
         return;
@@ -451,6 +436,11 @@ bool Report_Window::May_Close() {
     return Save_Or_Stay(shell.session, save,
                         {.what = "余白と部数", .discard = "余白と部数の変更を保存しないで閉じます。"}) !=
            Save_End::Stay;
+}
+
+Form* Make_Report(Shell_Port& shell, const char* name) {
+    const Report_Row& report = *Find_Report(name);
+    return new Report_Window(shell, report, Request_In_Hand(shell.session, report));
 }
 
 } // namespace morvane

@@ -8,7 +8,6 @@
 #include "report/sheet_view.h"
 #include "widgets/form.h"
 
-#include <algorithm>
 #include <functional>
 #include <memory>
 
@@ -23,8 +22,8 @@ class Report_Window : public Form {
     Q_OBJECT
 
   public:
-    /// Reads the report's margins and figures. Raises Store_Error, Run_Time_Error.
-    Report_Window(Shell_Port& shell_port, const Report_Row& report_row);
+    /// Reads the report's margins and the figures asked for. Raises Store_Error, Run_Time_Error.
+    Report_Window(Shell_Port& shell_port, const Report_Row& report_row, const Report_Request& request);
     ~Report_Window() override;
 
     /// The printer in use: the system's own until another one is chosen.
@@ -35,6 +34,7 @@ class Report_Window : public Form {
     std::function<QString(const QString&)> choose_pdf_file;
 
     [[nodiscard]] const Recorded_Sheet& Preview() const { return preview; }
+    [[nodiscard]] const Print_State& Prt() const { return prt; }
     [[nodiscard]] QSize sizeHint() const override { return {960, 720}; }
 
   Q_SIGNALS:
@@ -52,7 +52,6 @@ class Report_Window : public Form {
     void Pg_Set();
     void Prt_Exe();
     void Pdf_Save();
-    [[nodiscard]] std::string Pdf();
     [[nodiscard]] bool May_Write(const QString& file);
     void Print_To_File(const QString& file);
     void Print_On(const QPrinter& printer);
@@ -64,7 +63,7 @@ class Report_Window : public Form {
     void Set_Paper();
 
     const Report_Row& report;
-    Print_State& prt; ///< of the session
+    Print_State prt;
     Rpt_Draw draw;
     Sheet_Size paper; ///< of the preview
     std::size_t page = 0;
@@ -80,17 +79,7 @@ class Report_Window : public Form {
     QPushButton* next_page;
 };
 
-/// A report's name as an argument of a template.
-template <std::size_t Size>
-struct Report_Name {
-    char text[Size];
-    constexpr Report_Name(const char (&name)[Size]) { std::copy_n(name, Size, text); }
-};
-
-/// Makes the window of the report of that name, for the table of forms.
-template <Report_Name Name>
-Form* Make_Report(Shell_Port& shell) {
-    return new Report_Window(shell, *Find_Report(Name.text));
-}
+/// Makes the window of the report of that name, asked for what is in hand.
+Form* Make_Report(Shell_Port& shell, const char* name);
 
 } // namespace morvane

@@ -5,7 +5,6 @@
 #include "data/store_key.h"
 #include "session/install_info.h"
 #include "session/messages.h"
-#include "session/print_state.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -56,8 +55,6 @@ struct Session {
     std::int16_t Kamoku_From = 0; ///< account range of the statement screen
     std::int16_t Kamoku_To = 0;
     std::int16_t Kamoku_Cnt = -1; ///< visible rows of the range less 1
-
-    Print_State Prt; ///< what the reports draw and print with
 
     Messages* messages = nullptr; ///< where notices and questions go
 

@@ -27,7 +27,14 @@ const std::vector<Leaving> leavings = {
     {"Frm_Syokuta_2012", "Tojiru"},
     {"Frm_Kanko", "Tojiru"},
     {"Frm_Kanko2", "Tojiru"},
-    {"Rpt_Kekka_2012", "Tojiru"},
+    {"Rpt_Kekka_2012", "Tojiru",
+     [](QWidget& form) {
+         With_Dialog([&] { Click(form, "Pg_Set"); },
+                     [](QDialog& setting) {
+                         Type_Into(setting, "Ue_Mrg", "1");
+                         Click(setting, "Cmd_OK");
+                     });
+     }},
     {"Frm_QandA", "Cmd_Cancel",
      [](QWidget& form) { Child<QPlainTextEdit>(form, "Advice")->setPlainText(QStringLiteral("答")); }},
     {"Frm_Settei", "Cmd_Excute", [](QWidget& form) { Type_Into(form, "Net_Check_Host", "localhost:80"); }},
@@ -52,11 +59,10 @@ class Leaving_Test : public Ui_Installation {
 TEST_F(Leaving_Test, Every_screen_can_be_left_on_a_full_disk) {
     for (const Leaving& leaving : leavings) {
         SCOPED_TRACE(leaving.form);
-        std::unique_ptr<Form> form(Find_Form(leaving.form)->make(shell));
+        std::unique_ptr<Form> form(Find_Form(leaving.form)->Make(shell));
         form->show();
         ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
         leaving.edit(*form);
-        session.Prt.Ue_Mrg_Val += 1; // as the setting of the sheet leaves it
         messages.shown.clear();
         const auto before = State();
         const Failing_Writes full(1, Failing_Writes::Manner::From_Then_On, ENOSPC);
@@ -81,7 +87,7 @@ TEST_F(Leaving_Test, Every_screen_can_be_left_on_a_full_disk) {
 }
 
 TEST_F(Leaving_Test, Another_attempt_stores_what_the_screen_holds) {
-    std::unique_ptr<Form> form(Find_Form("Frm_QandA")->make(shell));
+    std::unique_ptr<Form> form(Find_Form("Frm_QandA")->Make(shell));
     form->show();
     leavings[7].edit(*form);
     {

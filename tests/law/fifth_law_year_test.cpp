@@ -7,7 +7,6 @@
 #include "data/store_file.h"
 #include "law/elements.h"
 #include "maint/data_conv.h"
-#include "report/kekka.h"
 #include "report/recorded_sheet.h"
 #include "report/report_table.h"
 #include "review/settle.h"
@@ -176,11 +175,12 @@ std::string Picture_Of(const QWidget& form) {
 }
 
 std::string Report_Of(const Session& session) {
-    const Kekka_Figures kekka = Kekka_Read(session);
+    const Report_Row& report = *Find_Report(Law_Of(session.Simyu_Kubun).result_report);
+    const Rpt_Draw drawn = report.read(Cn_Open(session), session, Request_In_Hand(session, report));
     Recorded_Sheet sheet;
     Print_State state;
     Prt_ModSet prt(state, sheet);
-    Draw_Kekka(prt, kekka, Kekka_Form_Of(Law_Of(kekka.figures.law_year).result_report).value());
+    drawn.draw(prt);
     std::string text;
     for (const Drawn& drawn : sheet.Pages().front()) {
         if (const auto* printed = std::get_if<Drawn_Text>(&drawn)) {

@@ -45,7 +45,7 @@ class Report_Window_Test : public Ui_Installation {
     }
 
     void Open(const char* name = "Rpt_Kekka_2012") {
-        window = std::make_unique<Report_Window>(shell, *Find_Report(name));
+        window.reset(static_cast<Report_Window*>(Make_Report(shell, name)));
         window->show();
         ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
     }
@@ -58,11 +58,11 @@ TEST_F(Report_Window_Test, Every_Report_Opens_By_Its_Name) {
         const Form_Row* row = Find_Form(report.name);
         ASSERT_NE(row, nullptr) << report.name;
         EXPECT_TRUE(row->modal) << report.name;
-        const std::unique_ptr<Form> form(row->make(shell));
+        const std::unique_ptr<Form> form(row->Make(shell));
         EXPECT_EQ(form->objectName(), QString::fromUtf8(report.name));
     }
     for (const Law_Year& law : Law_Years()) {
-        EXPECT_TRUE(Kekka_Form_Of(law.result_report)) << law.name;
+        EXPECT_NE(Find_Report(law.result_report), nullptr) << law.name;
     }
 }
 
@@ -83,23 +83,23 @@ TEST_F(Report_Window_Test, Scale_Goes_In_Steps_And_Beeps_At_Its_Ends) {
     QSignalSpy beeps(window.get(), &Report_Window::Refused);
     for (const float scale : {1.25F, 1.5F}) {
         Click(*window, "Kakudai");
-        EXPECT_EQ(session.Prt.Prt_Scale, scale);
+        EXPECT_EQ(window->Prt().Prt_Scale, scale);
         EXPECT_NEAR(sheet->width(), whole.width() * static_cast<double>(scale), 2);
     }
     Click(*window, "Kakudai");
-    EXPECT_EQ(session.Prt.Prt_Scale, 1.5F);
+    EXPECT_EQ(window->Prt().Prt_Scale, 1.5F);
     EXPECT_EQ(beeps.count(), 1);
     for (int i = 0; i < 6; ++i) {
         Click(*window, "SyukuSyo");
     }
-    EXPECT_EQ(session.Prt.Prt_Scale, 0.25F);
+    EXPECT_EQ(window->Prt().Prt_Scale, 0.25F);
     EXPECT_EQ(beeps.count(), 2);
     EXPECT_EQ(Child<QLabel>(*window, "Lbl_Scale")->text(), QStringLiteral("25%"));
     const QPoint middle = sheet->rect().center();
     QWheelEvent wheel(middle, sheet->mapToGlobal(middle), {}, {0, 120}, Qt::NoButton, Qt::ControlModifier,
                       Qt::NoScrollPhase, false);
     QApplication::sendEvent(sheet->parentWidget(), &wheel);
-    EXPECT_EQ(session.Prt.Prt_Scale, 0.5F);
+    EXPECT_EQ(window->Prt().Prt_Scale, 0.5F);
 }
 
 TEST_F(Report_Window_Test, The_Sheet_Is_Dragged_And_Turned_By_Keys) {
@@ -141,21 +141,20 @@ TEST_F(Report_Window_Test, Margins_Are_Kept_For_The_Report_Number) {
     EXPECT_EQ(messages.shown[0].text,
               "上余白「1.2.3」は数値ではありません。\n数字と小数点で入力してください。");
     EXPECT_EQ(messages.shown[1].text, "印刷部数は1～255で入力してください。");
-    EXPECT_EQ(session.Prt.Prt_Top, 7.5F);
-    EXPECT_EQ(session.Prt.Prt_Left, 3.0F);
-    EXPECT_EQ(session.Prt.Prt_Busu, 2);
+    EXPECT_EQ(window->Prt().Prt_Top, 7.5F);
+    EXPECT_EQ(window->Prt().Prt_Left, 3.0F);
+    EXPECT_EQ(window->Prt().Prt_Busu, 2);
     With_Dialog([&] { Click(*window, "Pg_Set"); },
                 [](QDialog& dialog) {
                     Type_Into(dialog, "Ue_Mrg", "99");
                     Click(dialog, "Cmd_Can");
                 });
-    EXPECT_EQ(session.Prt.Ue_Mrg_Val, 7.5F);
+    EXPECT_EQ(window->Prt().Ue_Mrg_Val, 7.5F);
     Click(*window, "Tojiru");
     EXPECT_FALSE(window->isVisible());
-    session.Prt = {};
     Open("Rpt_Kekka_2011");
-    EXPECT_EQ(session.Prt.Prt_Top, 7.5F);
-    EXPECT_EQ(session.Prt.Prt_Busu, 1);
+    EXPECT_EQ(window->Prt().Prt_Top, 7.5F);
+    EXPECT_EQ(window->Prt().Prt_Busu, 1);
 
     // The batch tool prints on the same place of the sheet.
     const Temporary_Folder printed;
@@ -184,12 +183,11 @@ TEST_F(Report_Window_Test, Margins_Are_Kept_For_The_Report_Number) {
     };
     Click(*window, "Pdf_Save");
     EXPECT_EQ(first_text("batch.pdf"), first_text("window.pdf"));
-    session.Prt.Ue_Mrg_Val = 0;
-    Save_Report_Info(session, *Find_Report("Rpt_Kekka_2012"), session.Prt);
+    Save_Report_Info(session, *Find_Report("Rpt_Kekka_2012"), {});
     print("no_margin.pdf");
     EXPECT_NE(first_text("no_margin.pdf"), first_text("window.pdf"));
     Open("Rpt_Kekka");
-    EXPECT_EQ(session.Prt.Prt_Top, 0.0F);
+    EXPECT_EQ(window->Prt().Prt_Top, 0.0F);
 }
 
 // What would leave the sheet is asked about before it is set, and told above the sheet while it is set.
@@ -213,10 +211,10 @@ TEST_F(Report_Window_Test, Margins_That_Cut_The_Report_Are_Asked_About) {
     ASSERT_EQ(messages.shown.size(), 1U);
     EXPECT_EQ(messages.shown[0].title, "ページ設定");
     EXPECT_NE(messages.shown[0].text.find("左余白は"), std::string::npos) << messages.shown[0].text;
-    EXPECT_EQ(session.Prt.Prt_Left, 11.5F);
+    EXPECT_EQ(window->Prt().Prt_Left, 11.5F);
     EXPECT_TRUE(notice->isHidden());
     set("12.5", {Answer::Yes});
-    EXPECT_EQ(session.Prt.Prt_Left, 12.5F);
+    EXPECT_EQ(window->Prt().Prt_Left, 12.5F);
     EXPECT_FALSE(notice->isHidden());
 }
 
@@ -249,8 +247,8 @@ TEST_F(Report_Window_Test, A_Printer_That_Fails_Leaves_The_Preview) {
             EXPECT_EQ(messages.shown[0].title, "Sorvek");
             EXPECT_EQ(messages.shown[0].text, printer_error);
         }
-        EXPECT_EQ(session.Prt.Prt_Scale, 0.75F);
-        EXPECT_FALSE(session.Prt.Prt_Doing);
+        EXPECT_EQ(window->Prt().Prt_Scale, 0.75F);
+        EXPECT_FALSE(window->Prt().Prt_Doing);
         EXPECT_TRUE(window->isVisible());
     }
     EXPECT_NE(Read_Text_File(file).find("/Lang (ja-JP)"), std::string::npos) << "written as every PDF is";
@@ -378,7 +376,7 @@ TEST_F(Report_Window_Test, A_Pdf_Is_Saved_Or_The_Failure_Told) {
     EXPECT_FALSE(fs::exists(folder.path / "kekka.pdf"));
     save({""}, {});
     EXPECT_TRUE(messages.shown.empty());
-    EXPECT_FALSE(session.Prt.Prt_Doing);
+    EXPECT_FALSE(window->Prt().Prt_Doing);
 }
 
 // The sheet is laid out by the widths of the fonts' own tables; what the painter draws must be as wide.

@@ -5,8 +5,8 @@
 
 namespace morvane {
 
-/// What the reports draw and print with, one for all of them: set when a report is opened, changed by its
-/// window and by the page setting. Lengths are millimetres on the sheet.
+/// What a report is drawn and printed with: set when it is opened, changed by its window and by the page
+/// setting. Lengths are millimetres on the sheet.
 struct Print_State {
     float Prt_Scale = 1.0F;     ///< 1 on the printer, 0.25 to 1.5 in the preview
     float Prt_Left = 0.0F;      ///< offsets in force; not scaled
