@@ -17,7 +17,7 @@ int main(int argc, char** argv) {
     const Session session = Open_Installation(argv[1], messages);
     const Connection cn = Cn_Open_Jgmas(session);
     Transaction transaction(cn);
-    cn.Execute("DELETE * FROM jgmas;");
+    cn.Execute("DELETE FROM jgmas;");
     Statement insert = cn.Prepare("INSERT INTO jgmas (事業所CD, 事業所名, 事業所カナ名) VALUES (?, ?, 'ｹ')");
     const int firms = std::atoi(argv[3]);
     for (int number = 1; number <= std::atoi(argv[2]); ++number) {

@@ -33,13 +33,9 @@ constexpr std::array<Gate_Row, 9> gate_rows = {{
     {Gate::Prior_Period, "前期データ無しエラー", "前期のデータがありません。"},
 }};
 
-std::string Of_Period(const char* table, int period) {
-    return std::string("SELECT * FROM ") + table + " WHERE 決算期=" + std::to_string(period);
-}
-
 bool Has_Completed_Work(const Session& session) {
     const Connection cn = Cn_Open(session);
-    Recordset elements = cn.Open(Of_Period("W_Yoso", session.Syori_Ki) + ";");
+    Recordset elements = cn.Open("SELECT * FROM W_Yoso WHERE 決算期=?", session.Syori_Ki);
     if (elements.Eof()) {
         return true;
     }
@@ -59,8 +55,8 @@ bool Has_W(const Session& session, const char* column) {
     return !element.Eof() && !element[column].Is_Null();
 }
 
-bool Has_Row(const Session& session, const std::string& sql) {
-    return !Cn_Open(session).Open(sql).Eof();
+bool Has_Row(const Session& session, const char* of_period, int period) {
+    return !Cn_Open(session).Open(of_period, period).Eof();
 }
 
 } // namespace
@@ -71,7 +67,7 @@ bool Gate_Is_Open(const Session& session, Gate gate) {
         return true;
     case Gate::Statement:
     case Gate::Statement_Other:
-        return Has_Row(session, Of_Period("Ks_Zaihyo", session.Syori_Ki) + " ORDER BY 建設科目CD;");
+        return Has_Row(session, "SELECT 建設科目CD FROM Ks_Zaihyo WHERE 決算期=? LIMIT 1", session.Syori_Ki);
     case Gate::Completed_Work:
         return Has_Completed_Work(session);
     case Gate::Y:
@@ -83,7 +79,7 @@ bool Gate_Is_Open(const Session& session, Gate gate) {
     case Gate::Improved_X2W:
         return Has_W(session, "改善後0");
     case Gate::Prior_Period:
-        return Has_Row(session, Of_Period("Ks_ki", session.Syori_Ki - 1) + ";");
+        return Has_Row(session, "SELECT * FROM Ks_ki WHERE 決算期=?", session.Syori_Ki - 1);
     }
     return true;
 }
@@ -105,7 +101,7 @@ bool Pass_Gates(const Session& session, std::span<const Gate> gates) {
 
 std::array<Value, 4> Statement_Gate_Amounts(const Session& session) {
     const Connection cn = Cn_Open(session);
-    Recordset rows = cn.Open(Of_Period("Ks_Zaihyo", session.Syori_Ki) + " ORDER BY 建設科目CD;");
+    Recordset rows = cn.Open("SELECT * FROM Ks_Zaihyo WHERE 決算期=? ORDER BY 建設科目CD", session.Syori_Ki);
     std::array<Value, 4> amounts;
     std::size_t place = 0;
     for (const Account account : {Account::Fixed_Assets, Account::Net_Assets, Account::Gross_Profit,

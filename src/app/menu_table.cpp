@@ -245,9 +245,9 @@ std::string Title_Of(const Menu_Entry& entry, const Session& session) {
 std::int16_t Visible_Rows(const Session& session, const Menu_Entry& entry) {
     const Connection cn = Cn_Open(session);
     const Recordset rows =
-        cn.Open("SELECT * FROM Ks_Zaihyo WHERE 決算期=" + std::to_string(session.Syori_Ki) +
-                " And 建設科目CD>=" + std::to_string(entry.kamoku_from) +
-                " And 建設科目CD<=" + std::to_string(entry.kamoku_to) + " And 非表示識別=False;");
+        cn.Open("SELECT 建設科目CD FROM Ks_Zaihyo WHERE 決算期=? And 建設科目CD>=? And 建設科目CD<=? "
+                "And 非表示識別=0",
+                session.Syori_Ki, entry.kamoku_from, entry.kamoku_to);
     return static_cast<std::int16_t>(rows.Count());
 }
 

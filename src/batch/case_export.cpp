@@ -41,8 +41,7 @@ Json Plain(Json fields, const char* plain) {
 }
 
 Recordset Rows_Of(const Connection& cn, const char* table, const char* key, std::int64_t period) {
-    return cn.Open(std::string("SELECT * FROM ") + table + " WHERE 決算期=" + std::to_string(period) +
-                   " ORDER BY " + key + ";");
+    return cn.Open(std::string("SELECT * FROM ") + table + " WHERE 決算期=? ORDER BY " + key, period);
 }
 
 Json Statement_Json(const Connection& cn, std::int64_t period, bool corporation) {
@@ -92,7 +91,7 @@ Json Table_Json(const Connection& cn, const char* table, const char* key, std::i
 }
 
 std::vector<std::string> Work_Columns(const Connection& cn) {
-    std::vector<std::string> columns = cn.Open("SELECT * FROM Kandaka_Gj WHERE 決算期=-32768;").Columns();
+    std::vector<std::string> columns = cn.Open("SELECT * FROM Kandaka_Gj WHERE 決算期=-32768").Columns();
     std::erase_if(columns, [](const std::string& name) {
         return name == "決算期" || name == "工種CD" || name == "工種略";
     });
@@ -145,7 +144,7 @@ nlohmann::ordered_json Export_Case(const Session& session, const std::filesystem
     record["Jigyo_mas"] = Fields(firm, firm.Columns());
     record["periods"] = Json::array();
     const bool corporation = firm["法人個人識別"].As_Integer() == 1;
-    for (Recordset periods = cn.Open("SELECT * FROM Ks_ki ORDER BY 決算期;"); !periods.Eof();
+    for (Recordset periods = cn.Open("SELECT * FROM Ks_ki ORDER BY 決算期"); !periods.Eof();
          periods.Move_Next()) {
         record["periods"].push_back(Period_Json(cn, periods["決算期"].As_Integer(), corporation));
     }

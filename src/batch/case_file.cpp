@@ -18,10 +18,7 @@
 #include "statements/zaimu_calc.h"
 
 #include <array>
-#include <atomic>
 #include <optional>
-#include <set>
-#include <unistd.h>
 #include <vector>
 
 namespace morvane {
@@ -30,28 +27,10 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// A scratch store that goes with the object.
-class Scratch_Store {
-  public:
-    explicit Scratch_Store(const fs::path& folder) {
-        static std::atomic<unsigned> counter{0};
-        path = folder / (".import-" + std::to_string(::getpid()) + "-" + std::to_string(counter++) + ".dat");
-    }
-    Scratch_Store(const Scratch_Store&) = delete;
-    Scratch_Store& operator=(const Scratch_Store&) = delete;
-    ~Scratch_Store() {
-        std::error_code ignored;
-        fs::remove(path, ignored);
-    }
-
-    fs::path path;
-};
-
 /// The lines of tangible assets that show cost less accumulated depreciation: cost, depreciation and book
 /// value follow each other. The statement screen forms them while it is keyed; a case brings the other two.
 void Form_Book_Values(const Connection& cn, int period) {
-    Recordset rows =
-        cn.Open("SELECT * FROM Ks_Zaihyo WHERE 決算期=" + std::to_string(period) + " ORDER BY 建設科目CD;");
+    Recordset rows = cn.Open("SELECT * FROM Ks_Zaihyo WHERE 決算期=? ORDER BY 建設科目CD", period);
     for (const Book_Value_Lines& lines : book_value_lines) {
         const auto amount = [&](Account of) {
             return rows.Find("建設科目CD", Code(of)) ? rows["金額"] : Value();
@@ -65,20 +44,18 @@ void Form_Book_Values(const Connection& cn, int period) {
     }
 }
 
-/// Builds a company's store from its case.
+/// Fills a copy of the empty company store with a case, within the transaction of the caller.
 class Case_Builder {
   public:
-    Case_Builder(const Session& installation, const Case_Record& record, const fs::path& scratch)
-        : session(installation), source(record) {
-        session.Work_Store = scratch;
-        session.Work_Is_Scratch = true;
+    Case_Builder(const Connection& store, const Session& installation, const Case_Record& record)
+        : cn(store), session(installation), source(record) {
         session.Hojin_Kojin = static_cast<std::int16_t>(record.firm.at("法人個人識別").As_Integer());
     }
 
     void Build() {
         Make_Periods();
         Put_Figures();
-        Fill_Prior_Figures();
+        Fill_In_Prior_Figures();
         Form_Improved_Balances();
         Put_Company();
         Settle_Scores();
@@ -90,90 +67,65 @@ class Case_Builder {
   private:
     // All periods are made before any figure stands in them, so that none takes one over: absent is Null.
     void Make_Periods() {
-        bool made = New_Data_Set(session, session.Hojin_Kojin, source.periods.front().number);
+        session.Data_Ver = Present_Data_Ver(session);
         session.Syori_Ki = source.periods.front().number;
+        bool made = Fill_Blank_Company(cn, session, session.Hojin_Kojin, session.Syori_Ki);
         for (std::size_t i = 1; made && i < source.periods.size(); ++i) {
-            made = Period_Copy(session, source.periods[i].number, session.Syori_Ki, Copy_Mode::After);
+            made = Period_Copy(cn, session, source.periods[i].number, session.Syori_Ki, Copy_Mode::After);
         }
         if (!made) {
+            Report_Bad_Template(session);
             throw Store_Error(session.App_Path / "morv_org.dat", Store_Error::Reason::Bad_Content,
                               "科目の数がひな形と合いません");
         }
         for (const Case_Period& period : source.periods) {
-            Set_Law_Year(session, period.number, period.law_year);
+            Set_Law_Year(cn, period.number, period.law_year);
         }
     }
 
     void Put_Figures() {
-        {
-            const Connection cn = Cn_Open(session);
-            Transaction transaction(cn);
-            for (const Case_Period& period : source.periods) {
-                source.Put_Table(cn, period, Case_Table::Ks_Zaihyo);
-                Form_Book_Values(cn, period.number);
-                source.Put_Table(cn, period, Case_Table::Kandaka_Gj);
-                source.Put_Table(cn, period, Case_Table::W_Yoso);
-                source.Put_Table(cn, period, Case_Table::QandA);
-            }
-            transaction.Commit();
-        }
-        Each_Period([](const Session& state, const Case_Period&) { Zaimu_Shukei(state, 2); });
+        Each_Period([this](const Case_Period& period) {
+            source.Put_Table(cn, period, Case_Table::Ks_Zaihyo);
+            Form_Book_Values(cn, period.number);
+            source.Put_Table(cn, period, Case_Table::Kandaka_Gj);
+            source.Put_Table(cn, period, Case_Table::W_Yoso);
+            source.Put_Table(cn, period, Case_Table::QandA);
+            Zaimu_Shukei(cn, session, 2);
+        });
     }
 
-    void Fill_Prior_Figures() {
-        std::set<int> numbers;
-        for (const Case_Period& period : source.periods) {
-            numbers.insert(period.number);
-        }
-        Each_Period([&](const Session& state, const Case_Period& period) {
-            if (numbers.contains(period.number - 1)) {
-                Zen_Get(state, period.number, 2);
-            }
-            if (numbers.contains(period.number - 2)) {
-                ZZen_Get(state, period.number, 2);
-            }
-        });
-        const Connection cn = Cn_Open(session);
-        Transaction transaction(cn);
-        for (const Case_Period& period : source.periods) {
+    // A period before that the case does not bring has no rows and changes nothing.
+    void Fill_In_Prior_Figures() {
+        Each_Period([this](const Case_Period& period) {
+            Fill_Prior_Figures(cn, session.Is_Hokkaido(), period.number);
             source.Put_Prior_Figures(cn, period);
-        }
-        transaction.Commit();
+        });
     }
 
     // As leaving the statement screens does; a balance that the case gives itself then stands.
     void Form_Improved_Balances() {
-        Each_Period([&](const Session& state, const Case_Period& period) {
-            Zaimu_Shukei_KK(state);
+        Each_Period([this](const Case_Period& period) {
+            Zaimu_Shukei_KK(cn, session);
             if (source.Gives_Balances(period)) {
-                {
-                    const Connection cn = Cn_Open(state);
-                    Transaction transaction(cn);
-                    source.Put_Balances(cn, period);
-                    transaction.Commit();
-                }
-                Zaimu_Shukei(state, 3);
+                source.Put_Balances(cn, period);
+                Zaimu_Shukei(cn, session, 3);
             }
         });
     }
 
     void Put_Company() {
-        const Connection cn = Cn_Open(session);
-        Transaction transaction(cn);
-        cn.Execute("DELETE * FROM Jigyo_mas;");
+        cn.Execute("DELETE FROM Jigyo_mas");
         Recordset firm = cn.Open("SELECT * FROM Jigyo_mas");
         firm.Add_New();
         for (const auto& [column, value] : source.firm) {
             firm.Set(column, value);
         }
         firm.Update();
-        transaction.Commit();
     }
 
     // What cannot be computed is kept as it was given, to be mended on the screens.
     void Settle_Scores() {
         const auto in_hand = static_cast<int>(source.firm.at("処理決算期").As_Integer());
-        const Connection cn = Cn_Open(session);
         for (const Case_Period& period : source.periods) {
             for (const Scenario& scenario : scenarios) {
                 try {
@@ -195,10 +147,11 @@ class Case_Builder {
     void Each_Period(Action action) {
         for (const Case_Period& period : source.periods) {
             session.Syori_Ki = period.number;
-            action(session, period);
+            action(period);
         }
     }
 
+    const Connection& cn;
     Session session;
     const Case_Record& source;
 };
@@ -256,15 +209,17 @@ Imported Import_Case(const Session& session, const fs::path& file) {
     if (session.Is_Multi()) {
         Test_Number(session, file, number);
     }
-    const Scratch_Store scratch(session.Is_Multi() ? session.App_Path / "data" : session.App_Path);
-    Case_Builder builder(session, record, scratch.path);
-    builder.Build();
-
     const fs::path target = session.Is_Multi() ? Company_Store(session, number) : session.Work_Store;
-    Imported imported{number, Text_Of(record, "事業所名"), session.Is_Multi() && Is_There(target),
-                      std::move(builder.unsettled)};
+    Imported imported{number, Text_Of(record, "事業所名"), session.Is_Multi() && Is_There(target), {}};
+    File_Replacement replacement =
+        File_Replacement::With_Draft(Find_File(session.App_Path, "morv_set.dat"), target, session.Db_Key);
+    replacement.Change(session.Db_Key, [&](const Connection& cn) {
+        Case_Builder builder(cn, session, record);
+        builder.Build();
+        imported.unsettled = std::move(builder.unsettled);
+        return true;
+    });
     Keep_Backup(target, session.Db_Key);
-    File_Replacement replacement = File_Replacement::With_Store(scratch.path, target, session.Db_Key);
     if (session.Is_Multi()) {
         Put_Registered_Store(session, {number, imported.name, Text_Of(record, "事業所カナ名")}, replacement);
     } else {

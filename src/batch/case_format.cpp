@@ -348,9 +348,8 @@ void Case_Record::Put_Table(const Connection& cn, const Case_Period& period, Cas
     }
     const Table_Info& info = Table_Of(Store_Kind::Company, form.name);
     const Spot spot = Period_Spot(*this, period) / form.name;
-    Recordset rows =
-        cn.Open(std::string("SELECT * FROM ") + form.name + " WHERE 決算期=" + std::to_string(period.number) +
-                " ORDER BY " + form.key + ";");
+    Recordset rows = cn.Open(
+        std::string("SELECT * FROM ") + form.name + " WHERE 決算期=? ORDER BY " + form.key, period.number);
     std::set<int> codes;
     for (const auto& [key, value] : period.tables[form.name].items()) {
         const Spot at = spot / key;
@@ -388,9 +387,8 @@ void Case_Record::Put_Prior_Figures(const Connection& cn, const Case_Period& per
         }
         for (const auto& [name, field] : Fields_Of(spot / key, form, value)) {
             if (Same_Name(name, "金額")) {
-                const std::array<Value, 3> values = {Field_Value(spot / key, field, Column_Type::Double),
-                                                     period.number, code};
-                cn.Execute("UPDATE Ks_Zaihyo SET 金額 = ? WHERE 決算期=? And 建設科目CD=?", values);
+                cn.Execute("UPDATE Ks_Zaihyo SET 金額 = ? WHERE 決算期=? And 建設科目CD=?",
+                           Field_Value(spot / key, field, Column_Type::Double), period.number, code);
             }
         }
     }
@@ -409,10 +407,9 @@ void Case_Record::Put_Balances(const Connection& cn, const Case_Period& period) 
     const Spot spot = Period_Spot(*this, period) / "Ks_Zaihyo";
     for (const auto& [key, value] : period.tables["Ks_Zaihyo"].items()) {
         if (value.is_object() && value.contains("改善後残高")) {
-            const std::array<Value, 3> values = {
-                Field_Value(spot / key / "改善後残高", value["改善後残高"], Column_Type::Double),
-                period.number, Code_Of(spot / key, key)};
-            cn.Execute("UPDATE Ks_Zaihyo SET 改善後残高 = ? WHERE 決算期=? And 建設科目CD=?", values);
+            cn.Execute("UPDATE Ks_Zaihyo SET 改善後残高 = ? WHERE 決算期=? And 建設科目CD=?",
+                       Field_Value(spot / key / "改善後残高", value["改善後残高"], Column_Type::Double),
+                       period.number, Code_Of(spot / key, key));
         }
     }
 }

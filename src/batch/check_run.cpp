@@ -62,7 +62,7 @@ std::vector<std::string> Balance_Findings(const Connection& cn) {
         return findings;
     }
     const bool corporation = firm["法人個人識別"].As_Integer() == 1;
-    for (Recordset periods = cn.Open("SELECT * FROM Ks_ki ORDER BY 決算期;"); !periods.Eof();
+    for (Recordset periods = cn.Open("SELECT * FROM Ks_ki ORDER BY 決算期"); !periods.Eof();
          periods.Move_Next()) {
         const auto period = static_cast<int>(periods["決算期"].As_Integer());
         const Balance_Check check = Check_Balance(cn, period, corporation);
@@ -137,7 +137,7 @@ std::vector<fs::path> Strays(const Session& session, const std::vector<Company>&
 
 Balance_Check Check_Balance(const Connection& cn, int period, bool corporation) {
     using enum Account;
-    Recordset rows = cn.Open("SELECT * FROM Ks_Zaihyo WHERE 決算期=" + std::to_string(period) + ";");
+    Recordset rows = cn.Open("SELECT * FROM Ks_Zaihyo WHERE 決算期=?", period);
     Balance_Check check;
     if (corporation) {
         check.left = Kamoku_Get(Prior_Retained_Earnings, rows) + Kamoku_Get(Profit_Of_Corporation, rows);

@@ -159,7 +159,7 @@ Company_Entry Load_Company(const Session& session, Company_Screen screen) {
         return entry;
     }
     const Connection cn = Cn_Open(session);
-    const Recordset firm = cn.Open("SELECT * FROM jigyo_mas;");
+    const Recordset firm = cn.Open("SELECT * FROM jigyo_mas");
     if (firm.Eof()) {
         return entry;
     }
@@ -178,7 +178,7 @@ Company_Entry Load_Company(const Session& session, Company_Screen screen) {
 }
 
 void Put_Company(const Connection& cn, Company_Screen screen, const Company_Entry& entry) {
-    Recordset firm = cn.Open("SELECT * FROM jigyo_mas;");
+    Recordset firm = cn.Open("SELECT * FROM jigyo_mas");
     if (firm.Eof()) {
         firm.Add_New();
     }

@@ -192,7 +192,7 @@ class Company_Saving {
         const bool moves = from != to && Is_There(from);
         Pending_Work pending(session, {.kind = Work_Intent::Kind::Change, .row = Row(), .former = former});
         File_Replacement working =
-            File_Replacement::With_Store(session.Work_Store, session.Work_Store, session.Db_Key);
+            File_Replacement::With_Draft(session.Work_Store, session.Work_Store, session.Db_Key);
         working.Change(session.Db_Key, [this](const Connection& cn) { return Apply(cn), true; });
         // A company that was only registered yet is in hand under a clean marker. From here on the marker has
         // to tell whose the working store is.
@@ -224,7 +224,7 @@ class Company_Saving {
             Check_In_And_Release(session);
         }
         Pending_Work pending(session, {.kind = Work_Intent::Kind::Registration, .row = Row()});
-        File_Replacement resting = File_Replacement::With_Store(
+        File_Replacement resting = File_Replacement::With_Draft(
             Find_File(session.App_Path, "morv_set.dat"), Company_Store(session, number), session.Db_Key);
         const bool filled = resting.Change(session.Db_Key, [this](const Connection& cn) {
             return Fill_Blank_Company(cn, session, hojin_kojin, period) && Put_New_Company(cn);
@@ -248,7 +248,7 @@ class Company_Saving {
 
     bool Put_New_Company(const Connection& cn) const {
         Put_Company(cn, screen, entry);
-        Recordset firm = cn.Open("SELECT * FROM jigyo_mas;");
+        Recordset firm = cn.Open("SELECT * FROM jigyo_mas");
         firm.Set("地域CD", session.Tiiki_CD);
         firm.Set("地域名", session.Todofuken_Mei);
         firm.Set("UserID", session.User_ID);

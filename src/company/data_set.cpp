@@ -16,15 +16,16 @@
 #include <array>
 #include <initializer_list>
 #include <string>
+#include <vector>
 
 namespace morvane {
 
 namespace {
 
-constexpr std::array<const char*, 16> master_columns = {
-    "科目分類No",   "科目分類識別",   "正負識別",       "内部処理正負", "集計識別",       "科目編集識別",
-    "金額編集識別", "貸借正負",       "並び順",         "法人科目名",   "法人非表示識別", "法人非印刷識別",
-    "個人科目名",   "個人非表示識別", "個人非印刷識別", "建設科目CD"};
+constexpr const char* master_columns =
+    "科目分類No, 科目分類識別, 正負識別, 内部処理正負, 集計識別, 科目編集識別, 金額編集識別, 貸借正負, "
+    "並び順, "
+    "法人科目名, 法人非表示識別, 法人非印刷識別, 個人科目名, 個人非表示識別, 個人非印刷識別, 建設科目CD";
 
 // The items that stand from year to year: insurances and schemes, years in business, agreements, accounting
 // staff, research cost.
@@ -38,27 +39,49 @@ const char* Master_Table(const Session& session) {
     return session.Is_Hokkaido() ? "Ks_Zaihyo_Hk_new" : "Ks_Zaihyo_Zk_new";
 }
 
-std::string Of_Period(const char* table, int period, const char* order) {
-    return std::string("SELECT * FROM ") + table + " WHERE 決算期=" + std::to_string(period) + " ORDER BY " +
-           order + ";";
+Recordset Open_Period(const Connection& cn, const char* table, int period, const char* order) {
+    return cn.Open(std::string("SELECT * FROM ") + table + " WHERE 決算期=? ORDER BY " + order, period);
 }
 
-/// Puts one master row into the current row of a statement.
-void Lay_Account(Recordset& row, const Recordset& master, bool corporation, std::uint8_t data_ver) {
-    for (const char* column : master_columns) {
-        row.Set(column, master[column]);
+/// No rows of a table, to add some.
+Recordset Open_To_Add(const Connection& cn, const char* table) {
+    return cn.Open(std::string("SELECT * FROM ") + table + " WHERE 0");
+}
+
+/// Adds the edition's chart of accounts as the statement of a period, with the captions and visible lines of
+/// the firm type. Gives the number of its rows.
+std::size_t Add_Chart(const Connection& cn, const Session& session, int period, bool corporation,
+                      std::uint8_t data_ver) {
+    const std::string type = corporation ? "法人" : "個人";
+    const Connection master_store = Cn_Open_Org(session);
+    Statement master = master_store.Prepare(std::string("SELECT ") + master_columns + ", " + type +
+                                            "科目名, " + type + "非表示識別, " + type + "非印刷識別 FROM " +
+                                            Master_Table(session) + " ORDER BY 建設科目CD");
+    const int columns = master.Column_Count();
+    std::string marks;
+    for (int column = 0; column < columns; ++column) {
+        marks += ", ?";
     }
-    row.Set("建設科目名", master[corporation ? "法人科目名" : "個人科目名"]);
-    row.Set("非表示識別", master[corporation ? "法人非表示識別" : "個人非表示識別"]);
-    row.Set("非印刷識別", master[corporation ? "法人非印刷識別" : "個人非印刷識別"]);
-    const std::int64_t code = master["建設科目CD"].As_Integer();
-    if (code == Code(Account::Data_Form)) {
-        row.Set("並び順", data_ver);
+    Statement insert = cn.Prepare(std::string("INSERT INTO Ks_Zaihyo (決算期, ") + master_columns +
+                                  ", 建設科目名, 非表示識別, 非印刷識別) VALUES (?" + marks + ")");
+    std::size_t rows = 0;
+    for (; master.Step(); ++rows) {
+        std::vector<Value> values = {period};
+        for (int column = 0; column < columns; ++column) {
+            values.push_back(master.Value_At(column));
+        }
+        insert.Bind_All(values);
+        insert.Step();
     }
+    insert.Reset();
+    cn.Execute("UPDATE Ks_Zaihyo SET 並び順=? WHERE 決算期=? And 建設科目CD=?", data_ver, period,
+               Code(Account::Data_Form));
     // The line of the retirement allowance is free for an individual's own provision.
-    if (code == Code(Account::Retirement_Allowance) && !corporation) {
-        row.Set("科目編集識別", -1);
+    if (!corporation) {
+        cn.Execute("UPDATE Ks_Zaihyo SET 科目編集識別=-1 WHERE 決算期=? And 建設科目CD=?", period,
+                   Code(Account::Retirement_Allowance));
     }
+    return rows;
 }
 
 // ---- the parts of Period_Copy
@@ -71,26 +94,9 @@ struct Copy_Job {
     bool after;
 };
 
-bool Copy_Chart(const Copy_Job& job) {
-    const Connection master_store = Cn_Open_Org(job.session);
-    Recordset master = master_store.Open(std::string("SELECT * FROM ") + Master_Table(job.session) +
-                                         " Order by 建設科目CD;");
-    if (master.Eof()) {
-        return false;
-    }
-    Recordset rows = job.cn.Open("SELECT * FROM Ks_Zaihyo WHERE 決算期=-32768;");
-    for (; !master.Eof(); master.Move_Next()) {
-        rows.Add_New();
-        rows.Set("決算期", job.new_period);
-        Lay_Account(rows, master, job.session.Is_Corporation(), job.session.Data_Ver);
-        rows.Update();
-    }
-    return true;
-}
-
 void Copy_Works(const Copy_Job& job) {
-    Recordset source = job.cn.Open(Of_Period("Kandaka_Gj", job.source, "工種CD"));
-    Recordset rows = job.cn.Open("SELECT * FROM Kandaka_Gj WHERE 決算期=-32768;");
+    Recordset source = Open_Period(job.cn, "Kandaka_Gj", job.source, "工種CD");
+    Recordset rows = Open_To_Add(job.cn, "Kandaka_Gj");
     // New column, source column of the neighbour.
     static constexpr std::array<std::pair<const char*, const char*>, 9> rolled = {{
         {work_column::before_last, work_column::last},
@@ -116,8 +122,8 @@ void Copy_Works(const Copy_Job& job) {
 }
 
 void Copy_Elements(const Copy_Job& job) {
-    Recordset source = job.cn.Open(Of_Period("W_Yoso", job.source, "要素CD"));
-    Recordset rows = job.cn.Open("SELECT * FROM W_Yoso WHERE 決算期=-32768;");
+    Recordset source = Open_Period(job.cn, "W_Yoso", job.source, "要素CD");
+    Recordset rows = Open_To_Add(job.cn, "W_Yoso");
     const bool has_pension = source.Find("要素CD", element::welfare_last);
     const bool has_law_year = source.Find("要素CD", element::law_year);
     const bool has_young = source.Find("要素CD", element::engineers);
@@ -146,13 +152,12 @@ void Copy_Elements(const Copy_Job& job) {
 }
 
 void Copy_Notes(const Copy_Job& job) {
-    Recordset source = job.cn.Open(Of_Period("QandA", job.source, "QNo"));
+    Recordset source = Open_Period(job.cn, "QandA", job.source, "QNo");
     if (source.Eof()) {
-        job.cn.Execute("UPDATE QandA SET QandA.決算期 =" + std::to_string(job.new_period) +
-                       " WHERE 決算期=1;");
+        job.cn.Execute("UPDATE QandA SET 決算期 = ? WHERE 決算期=1", job.new_period);
         return;
     }
-    Recordset rows = job.cn.Open("SELECT * FROM QandA WHERE 決算期=-32768;");
+    Recordset rows = Open_To_Add(job.cn, "QandA");
     for (; !source.Eof(); source.Move_Next()) {
         rows.Add_New();
         rows.Set("決算期", job.new_period);
@@ -164,7 +169,7 @@ void Copy_Notes(const Copy_Job& job) {
 
 void Test_Periods(const Connection& cn, int new_period, int source) {
     const auto registered = [&](int period) {
-        return !cn.Open("SELECT * FROM Ks_ki WHERE 決算期=" + std::to_string(period)).Eof();
+        return !cn.Open("SELECT * FROM Ks_ki WHERE 決算期=?", period).Eof();
     };
     if (registered(new_period)) {
         throw Store_Error(cn.File(), Store_Error::Reason::Bad_Content,
@@ -174,21 +179,6 @@ void Test_Periods(const Connection& cn, int new_period, int source) {
         throw Store_Error(cn.File(), Store_Error::Reason::Bad_Content,
                           "第" + std::to_string(source) + "期が登録されていません");
     }
-}
-
-bool Lay_Chart(const Connection& cn, const Session& session, bool corporation, std::uint8_t data_ver) {
-    const Connection master_store = Cn_Open_Org(session);
-    Recordset master =
-        master_store.Open(std::string("SELECT * FROM ") + Master_Table(session) + " Order by 建設科目CD;");
-    Recordset rows = cn.Open("SELECT * FROM Ks_Zaihyo Order by 建設科目CD;");
-    if (master.Count() == 0 || master.Count() != rows.Count()) {
-        return false;
-    }
-    for (; !master.Eof(); master.Move_Next(), rows.Move_Next()) {
-        Lay_Account(rows, master, corporation, data_ver);
-        rows.Update();
-    }
-    return true;
 }
 
 } // namespace
@@ -205,27 +195,28 @@ void Report_Bad_Template(const Session& session) {
 
 bool Fill_Blank_Company(const Connection& cn, const Session& session, std::int16_t hojin_kojin,
                         std::int16_t period) {
-    if (!Lay_Chart(cn, session, hojin_kojin == 1, Present_Data_Ver(session))) {
+    // A template of another edition or of another time is none.
+    const std::size_t accounts = cn.Open("SELECT 建設科目CD FROM Ks_Zaihyo").Count();
+    cn.Execute("DELETE FROM Ks_Zaihyo");
+    if (accounts == 0 ||
+        Add_Chart(cn, session, period, hojin_kojin == 1, Present_Data_Ver(session)) != accounts) {
         return false;
     }
-    const std::string number = std::to_string(period);
-    for (const char* table : {"Ks_Zaihyo", "Kandaka_Gj", "W_Yoso", "QandA"}) {
-        cn.Execute(std::string("UPDATE ") + table + " SET " + table + ".決算期 =" + number + ";");
+    for (const char* table : {"Kandaka_Gj", "W_Yoso", "QandA"}) {
+        cn.Execute(std::string("UPDATE ") + table + " SET 決算期 = ?", period);
     }
     Put_Law_Year(cn, period, Newest_Law_Year().code);
-    const std::array<Value, 1> values = {period};
-    cn.Execute("INSERT INTO Ks_ki (決算期) VALUES (?)", values);
+    cn.Execute("INSERT INTO Ks_ki (決算期) VALUES (?)", period);
     return true;
 }
 
 bool New_Data_Set(Session& session, std::int16_t hojin_kojin, std::int16_t period) {
     // All of it happens on a draft beside the working store, which takes its place whole.
-    File_Replacement replacement = File_Replacement::With_Store(Find_File(session.App_Path, "morv_set.dat"),
+    File_Replacement replacement = File_Replacement::With_Draft(Find_File(session.App_Path, "morv_set.dat"),
                                                                 session.Work_Store, session.Db_Key);
-    const bool filled = replacement.Change(
-        session.Db_Key,
-        [&](const Connection& cn) { return Fill_Blank_Company(cn, session, hojin_kojin, period); },
-        session.Work_Is_Scratch ? Connection::Mode::Scratch : Connection::Mode::Read_Write);
+    const bool filled = replacement.Change(session.Db_Key, [&](const Connection& cn) {
+        return Fill_Blank_Company(cn, session, hojin_kojin, period);
+    });
     if (!filled) {
         Report_Bad_Template(session);
         return false;
@@ -262,22 +253,32 @@ void Take_Period(const Connection& cn, int period, int former) {
 bool Period_Copy(Session& session, std::int16_t new_period, std::int16_t base_period, Copy_Mode mode,
                  std::optional<Law_Year_No> law_year) {
     Session next = session;
+    const Connection cn = Cn_Open(session);
+    Transaction transaction(cn);
+    if (!Period_Copy(cn, next, new_period, base_period, mode, law_year)) {
+        Report_Bad_Template(session);
+        return false;
+    }
+    transaction.Commit();
+    session = next;
+    return true;
+}
+
+bool Period_Copy(const Connection& cn, Session& session, std::int16_t new_period, std::int16_t base_period,
+                 Copy_Mode mode, std::optional<Law_Year_No> law_year) {
+    Session next = session;
     next.Data_Ver = Present_Data_Ver(session);
     next.Syori_Ki = new_period;
     const bool after = mode == Copy_Mode::After;
-    const Connection cn = Cn_Open(session);
     const Copy_Job job{cn, next, new_period, new_period - (after ? 1 : -1), after};
     Test_Periods(cn, new_period, job.source);
-    Transaction transaction(cn);
-    const std::array<Value, 1> number = {new_period};
     // Rows of a period that is registered no more (a change of firm type leaves elements) stand in the way.
     for (const char* table : {"Ks_Zaihyo", "Kandaka_Gj", "W_Yoso"}) {
-        cn.Execute(std::string("DELETE * FROM ") + table + " WHERE 決算期=?", number);
+        cn.Execute(std::string("DELETE FROM ") + table + " WHERE 決算期=?", new_period);
     }
-    cn.Execute("INSERT INTO Ks_Ki (決算期) VALUES (?)", number);
+    cn.Execute("INSERT INTO Ks_Ki (決算期) VALUES (?)", new_period);
     Take_Period(cn, new_period, base_period);
-    if (!Copy_Chart(job)) {
-        Report_Bad_Template(session);
+    if (Add_Chart(cn, next, new_period, next.Is_Corporation(), next.Data_Ver) == 0) {
         return false;
     }
     if (!after) {
@@ -293,7 +294,6 @@ bool Period_Copy(Session& session, std::int16_t new_period, std::int16_t base_pe
     // present form the store may lack columns.
     Table_Edit(cn, next);
     next.Simyu_Kubun = Get_Simyu_Kubun(cn, new_period);
-    transaction.Commit();
     session = next;
     return true;
 }

@@ -39,6 +39,10 @@ void Report_Bad_Template(const Session& session);
 bool Period_Copy(Session& session, std::int16_t new_period, std::int16_t base_period, Copy_Mode mode,
                  std::optional<Law_Year_No> law_year = {});
 
+/// The same within the transaction of the caller, which drops it where false is given, here without a box.
+bool Period_Copy(const Connection& cn, Session& session, std::int16_t new_period, std::int16_t base_period,
+                 Copy_Mode mode, std::optional<Law_Year_No> law_year = {});
+
 /// The data form of periods made now: 6 in the Hokkaido edition, else 5.
 std::uint8_t Present_Data_Ver(const Session& session);
 

@@ -114,7 +114,7 @@ void Frm_JGSitei::Build_Kana_Table(QBoxLayout& place) {
             QStringLiteral("「%1」で始まる事業所").arg(QString::fromUtf8(initial.caption)), *group);
         grid->addWidget(button, initial.row, initial.column);
         Wire(button, &QPushButton::clicked, [this, &initial] {
-            filter = Filter_Text(initial);
+            filter = initial.kana;
             Load_List();
         });
     }

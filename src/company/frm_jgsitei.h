@@ -49,7 +49,7 @@ class Frm_JGSitei : public Form {
     Entry_Cell* search;
     std::vector<Listed> companies;  ///< of the kana initial
     std::vector<std::size_t> found; ///< those of them that are listed
-    std::string filter;             ///< empty: no filter applies
+    std::string filter;             ///< a kana initial; empty: no filter applies
 };
 
 } // namespace morvane

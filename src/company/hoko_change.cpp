@@ -20,19 +20,19 @@ constexpr const char* work_figures =
     "総合評点P = Null";
 constexpr const char* y_figures =
     "現状 = Null, 改善後 = Null, 入力値 = Null, 改善後1 = Null, 改善後2 = Null, 改善後3 = Null";
-constexpr const char* older_works[] = {"Kandaka_Kz", "Kandaka_KzF", "Kandaka_KzS", "Kandaka_KzT"};
 
 void Convert(const Connection& cn, int period, bool corporation, bool wipe) {
     if (wipe) {
         Data_Wipe(cn, period);
     }
-    const std::string of_period = " WHERE 決算期=" + std::to_string(period);
-    const std::string type = corporation ? "法人" : "個人";
-    cn.Execute("UPDATE Ks_Zaihyo SET 建設科目名 = " + type + "科目名, 非表示識別 = " + type +
-               "非表示識別, 非印刷識別 = " + type + "非印刷識別" + of_period);
+    cn.Execute(corporation ? "UPDATE Ks_Zaihyo SET 建設科目名 = 法人科目名, 非表示識別 = 法人非表示識別, "
+                             "非印刷識別 = 法人非印刷識別 WHERE 決算期=?"
+                           : "UPDATE Ks_Zaihyo SET 建設科目名 = 個人科目名, 非表示識別 = 個人非表示識別, "
+                             "非印刷識別 = 個人非印刷識別 WHERE 決算期=?",
+               period);
     // An individual names the line of the retirement allowance freely.
-    cn.Execute(std::string("UPDATE Ks_Zaihyo SET 科目編集識別 = ") + (corporation ? "False" : "True") +
-               of_period + " And 建設科目CD=" + Code_Text(Account::Retirement_Allowance));
+    cn.Execute("UPDATE Ks_Zaihyo SET 科目編集識別 = ? WHERE 決算期=? And 建設科目CD=?", corporation ? 0 : -1,
+               period, Code(Account::Retirement_Allowance));
 }
 
 void Convert_In_Hand(const Session& session, bool corporation, bool wipe) {
@@ -61,25 +61,26 @@ void To_Houjin(const Session& session, std::int16_t keep) {
 }
 
 void Data_Wipe(const Connection& cn, int period_in_hand) {
-    std::vector<std::string> others;
+    std::vector<std::int64_t> others;
     for (Recordset periods = cn.Open("SELECT * FROM Ks_ki"); !periods.Eof(); periods.Move_Next()) {
-        if (periods["決算期"].As_Integer() != period_in_hand) {
-            others.push_back(periods["決算期"].As_Text());
+        if (const std::int64_t period = periods["決算期"].As_Integer(); period != period_in_hand) {
+            others.push_back(period);
         }
     }
-    for (const std::string& period : others) {
+    for (const std::int64_t period : others) {
         for (const char* table : {"Ks_Zaihyo", "Kandaka_Gj", "Kandaka_Kz", "Kandaka_KzF", "Kandaka_KzS",
                                   "Kandaka_KzT", "XW_Yoso", "QandA", "Ks_ki"}) {
-            cn.Execute(std::string("DELETE ") + table + ".* from " + table + " WHERE 決算期=" + period);
+            cn.Execute(std::string("DELETE FROM ") + table + " WHERE 決算期=?", period);
         }
     }
-    const std::string of_period = " WHERE 決算期=" + std::to_string(period_in_hand) + ";";
-    cn.Execute(std::string("UPDATE Ks_Zaihyo SET ") + statement_figures + of_period);
-    cn.Execute(std::string("UPDATE Kandaka_Gj SET ") + work_figures + of_period);
-    for (const char* table : older_works) {
-        cn.Execute(std::string("UPDATE ") + table + " SET " + work_figures + of_period);
+    const auto wipe = [&](const char* table, const char* figures) {
+        cn.Execute(std::string("UPDATE ") + table + " SET " + figures + " WHERE 決算期=?", period_in_hand);
+    };
+    wipe("Ks_Zaihyo", statement_figures);
+    for (const char* table : {"Kandaka_Gj", "Kandaka_Kz", "Kandaka_KzF", "Kandaka_KzS", "Kandaka_KzT"}) {
+        wipe(table, work_figures);
     }
-    cn.Execute(std::string("UPDATE XW_Yoso SET ") + y_figures + of_period);
+    wipe("XW_Yoso", y_figures);
 }
 
 } // namespace morvane

@@ -9,10 +9,6 @@ namespace morvane {
 
 namespace {
 
-bool Has_Element(const Connection& cn, int period, int code) {
-    return !cn.Open("SELECT 要素CD FROM W_Yoso WHERE 決算期=? And 要素CD=?", period, code).Eof();
-}
-
 void Renumber_Element(const Connection& cn, int period, int from, int to) {
     cn.Execute("UPDATE W_Yoso SET 要素CD=? WHERE 決算期=? And 要素CD=?", to, period, from);
 }

@@ -220,7 +220,7 @@ class Repair {
             return;
         }
         File_Replacement made =
-            File_Replacement::With_Store(templates / register_store, folder / register_store, session.Db_Key);
+            File_Replacement::With_Draft(templates / register_store, folder / register_store, session.Db_Key);
         made.Change(session.Db_Key, [this](const Connection& cn) {
             Recordset rows = cn.Open("SELECT * FROM jgmas");
             for (const Found& company : companies) {

@@ -108,10 +108,9 @@ void Make_Register(const Session& session) {
 
 void Register_Own_Firm(const Session& session, const Register_Row& firm) {
     const fs::path store = Company_Store(session, firm.number);
-    File_Replacement company = File_Replacement::With_Store(session.Work_Store, store, session.Db_Key);
+    File_Replacement company = File_Replacement::With_Draft(session.Work_Store, store, session.Db_Key);
     company.Change(session.Db_Key, [&firm](const Connection& cn) {
-        const std::array<Value, 1> number = {Value(firm.number)};
-        cn.Execute("UPDATE Jigyo_mas SET 管理No = ?", number);
+        cn.Execute("UPDATE Jigyo_mas SET 管理No = ?", firm.number);
         return true;
     });
     company.Commit();

@@ -190,22 +190,13 @@ void Move_Company_Store(const Session& session, std::int32_t former, std::int32_
         throw Store_Error(to, Store_Error::Reason::Failed, "同じ名前のファイルが既にあります");
     }
     Open_Company_Store(session, from, former).Close();
-    File_Replacement moved = File_Replacement::With_Store(from, to, session.Db_Key);
+    File_Replacement moved = File_Replacement::With_Draft(from, to, session.Db_Key);
     moved.Change(session.Db_Key, [number](const Connection& cn) {
-        const std::array<Value, 1> values = {number};
-        cn.Execute("UPDATE Jigyo_mas SET 管理No = ?", values);
+        cn.Execute("UPDATE Jigyo_mas SET 管理No = ?", number);
         return true;
     });
     moved.Commit();
     Remove_Store(from);
-}
-
-bool Is_Store_Shared(const Session& session, std::int32_t number) {
-    std::string digits = "000000" + std::to_string(number);
-    digits.erase(0, digits.size() - 6);
-    return !Read_Register(session, "事業所CD<>" + std::to_string(number) + " And (事業所CD=" + digits +
-                                       " Or 事業所CD like '%" + digits + "')")
-                .empty();
 }
 
 void Finish_Pending_Work(const Session& session) {

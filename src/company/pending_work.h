@@ -62,10 +62,6 @@ void Put_Registered_Store(const Session& session, const Register_Row& row, File_
 /// Store_Error, also where a file stands there already or the file is another company's.
 void Move_Company_Store(const Session& session, std::int32_t former, std::int32_t number);
 
-/// Whether another company of the register keeps its data under the file of company `number` (numbers of
-/// seven digits and more keep only their last six). Raises Store_Error.
-bool Is_Store_Shared(const Session& session, std::int32_t number);
-
 /// Finishes or drops the operation that a killed process left (see Pending_Work). To be called at start, with
 /// the instance lock held, behind Sweep_Drafts and before Mend_Working_Store. Every step can be repeated.
 /// Nothing in single-company mode. Raises Store_Error, also for a pending.json that cannot be read while

@@ -43,16 +43,14 @@ void Period_Shift(const Connection& cn, int difference) {
     const std::vector<int> periods = Periods(cn, difference < 0);
     for (const int period : periods) {
         const int target = period + difference;
-        const std::string number = std::to_string(target);
         const bool registered = std::find(periods.begin(), periods.end(), target) != periods.end();
         for (const std::string table : period_tables) {
             // Rows of a period that is registered no more (a change of firm type leaves elements) stand in
             // the way; nothing reads them.
             if (!registered) {
-                cn.Execute("DELETE * FROM " + table + " WHERE 決算期=" + number + ";");
+                cn.Execute("DELETE FROM " + table + " WHERE 決算期=?", target);
             }
-            cn.Execute("UPDATE " + table + " SET " + table + ".決算期 = " + number + " WHERE (" + table +
-                       ".決算期)=" + std::to_string(period) + ";");
+            cn.Execute("UPDATE " + table + " SET 決算期 = ? WHERE 決算期=?", target, period);
         }
     }
 }

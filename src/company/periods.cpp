@@ -178,8 +178,7 @@ bool Delete_Period(const Session& session, std::optional<std::int16_t> chosen) {
         const Connection cn = Cn_Open(session);
         Transaction transaction(cn);
         for (const char* table : {"Ks_Zaihyo", "Kandaka_Gj", "W_Yoso", "Ks_ki", "QandA"}) {
-            cn.Execute(std::string("DELETE ") + table + ".* from " + table +
-                       " WHERE 決算期=" + std::to_string(*chosen));
+            cn.Execute(std::string("DELETE FROM ") + table + " WHERE 決算期=?", *chosen);
         }
         transaction.Commit();
     }

@@ -17,29 +17,40 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr std::array<Kana_Filter, 44> kana_filters = {{
-    {"FgA", "ア", "ｱ", 1, 0, 0},  {"FgI", "イ", "ｲ", 1, 0, 1},  {"FgU", "ウ", "ｳ", 1, 0, 2},
-    {"FgE", "エ", "ｴ", 1, 0, 3},  {"FgO", "オ", "ｵ", 1, 0, 4},  {"FgKa", "カ", "ｶ", 2, 1, 0},
-    {"FgKi", "キ", "ｷ", 2, 1, 1}, {"FgKu", "ク", "ｸ", 2, 1, 2}, {"FgKe", "ケ", "ｹ", 2, 1, 3},
-    {"FgKo", "コ", "ｺ", 2, 1, 4}, {"FgSa", "サ", "ｻ", 2, 2, 0}, {"FgSi", "シ", "ｼ", 2, 2, 1},
-    {"FgSu", "ス", "ｽ", 2, 2, 2}, {"FgSe", "セ", "ｾ", 2, 2, 3}, {"FgSo", "ソ", "ｿ", 2, 2, 4},
-    {"FgTa", "タ", "ﾀ", 2, 3, 0}, {"FgTi", "チ", "ﾁ", 2, 3, 1}, {"FgTu", "ツ", "ﾂ", 2, 3, 2},
-    {"FgTe", "テ", "ﾃ", 2, 3, 3}, {"FgTo", "ト", "ﾄ", 2, 3, 4}, {"FgNa", "ナ", "ﾅ", 1, 4, 0},
-    {"FgNi", "ニ", "ﾆ", 1, 4, 1}, {"FgNu", "ヌ", "ﾇ", 1, 4, 2}, {"FgNe", "ネ", "ﾈ", 1, 4, 3},
-    {"FgNo", "ノ", "ﾉ", 1, 4, 4}, {"FgHa", "ハ", "ﾊ", 3, 5, 0}, {"FgHi", "ヒ", "ﾋ", 3, 5, 1},
-    {"FgHu", "フ", "ﾌ", 3, 5, 2}, {"FgHe", "ヘ", "ﾍ", 3, 5, 3}, {"FgHo", "ホ", "ﾎ", 3, 5, 4},
-    {"FgMa", "マ", "ﾏ", 1, 6, 0}, {"FgMi", "ミ", "ﾐ", 1, 6, 1}, {"FgMu", "ム", "ﾑ", 1, 6, 2},
-    {"FgMe", "メ", "ﾒ", 1, 6, 3}, {"FgMo", "モ", "ﾓ", 1, 6, 4}, {"FgYa", "ヤ", "ﾔ", 1, 7, 0},
-    {"FgYu", "ユ", "ﾕ", 1, 7, 2}, {"FgYo", "ヨ", "ﾖ", 1, 7, 4}, {"FgRa", "ラ", "ﾗ", 1, 8, 0},
-    {"FgRi", "リ", "ﾘ", 1, 8, 1}, {"FgRu", "ル", "ﾙ", 1, 8, 2}, {"FgRe", "レ", "ﾚ", 1, 8, 3},
-    {"FgRo", "ロ", "ﾛ", 1, 8, 4}, {"FgWa", "ワ", "ﾜ", 1, 9, 0},
+    {"FgA", "ア", "ｱ", 0, 0},  {"FgI", "イ", "ｲ", 0, 1},  {"FgU", "ウ", "ｳ", 0, 2},
+    {"FgE", "エ", "ｴ", 0, 3},  {"FgO", "オ", "ｵ", 0, 4},  {"FgKa", "カ", "ｶ", 1, 0},
+    {"FgKi", "キ", "ｷ", 1, 1}, {"FgKu", "ク", "ｸ", 1, 2}, {"FgKe", "ケ", "ｹ", 1, 3},
+    {"FgKo", "コ", "ｺ", 1, 4}, {"FgSa", "サ", "ｻ", 2, 0}, {"FgSi", "シ", "ｼ", 2, 1},
+    {"FgSu", "ス", "ｽ", 2, 2}, {"FgSe", "セ", "ｾ", 2, 3}, {"FgSo", "ソ", "ｿ", 2, 4},
+    {"FgTa", "タ", "ﾀ", 3, 0}, {"FgTi", "チ", "ﾁ", 3, 1}, {"FgTu", "ツ", "ﾂ", 3, 2},
+    {"FgTe", "テ", "ﾃ", 3, 3}, {"FgTo", "ト", "ﾄ", 3, 4}, {"FgNa", "ナ", "ﾅ", 4, 0},
+    {"FgNi", "ニ", "ﾆ", 4, 1}, {"FgNu", "ヌ", "ﾇ", 4, 2}, {"FgNe", "ネ", "ﾈ", 4, 3},
+    {"FgNo", "ノ", "ﾉ", 4, 4}, {"FgHa", "ハ", "ﾊ", 5, 0}, {"FgHi", "ヒ", "ﾋ", 5, 1},
+    {"FgHu", "フ", "ﾌ", 5, 2}, {"FgHe", "ヘ", "ﾍ", 5, 3}, {"FgHo", "ホ", "ﾎ", 5, 4},
+    {"FgMa", "マ", "ﾏ", 6, 0}, {"FgMi", "ミ", "ﾐ", 6, 1}, {"FgMu", "ム", "ﾑ", 6, 2},
+    {"FgMe", "メ", "ﾒ", 6, 3}, {"FgMo", "モ", "ﾓ", 6, 4}, {"FgYa", "ヤ", "ﾔ", 7, 0},
+    {"FgYu", "ユ", "ﾕ", 7, 2}, {"FgYo", "ヨ", "ﾖ", 7, 4}, {"FgRa", "ラ", "ﾗ", 8, 0},
+    {"FgRi", "リ", "ﾘ", 8, 1}, {"FgRu", "ル", "ﾙ", 8, 2}, {"FgRe", "レ", "ﾚ", 8, 3},
+    {"FgRo", "ロ", "ﾛ", 8, 4}, {"FgWa", "ワ", "ﾜ", 9, 0},
 }};
 
 Connection Open_Register(const Session& session) {
     return {Find_File(session.App_Path, "Jgmas.dat"), session.Db_Key, Connection::Mode::Read_Only};
 }
 
+constexpr const char* select_rows = "SELECT 事業所CD, 事業所名, 事業所カナ名 FROM jgmas ";
+
+std::vector<Register_Row> Rows_Of(Statement list) {
+    std::vector<Register_Row> rows;
+    while (list.Step()) {
+        rows.push_back({static_cast<std::int32_t>(list.Integer_At(0)), std::string(list.Text_At(1)),
+                        std::string(list.Text_At(2))});
+    }
+    return rows;
+}
+
 void Delete_Row(const Connection& cn, std::int32_t number) {
-    cn.Execute("DELETE * FROM jgmas where 事業所CD=" + std::to_string(number) + ";");
+    cn.Execute("DELETE FROM jgmas WHERE 事業所CD=?", number);
 }
 
 bool Report_Not_Deleted(const Session& session, const Store_Error& error) {
@@ -110,31 +121,27 @@ std::span<const Kana_Filter> Kana_Filters() {
     return kana_filters;
 }
 
-std::string Filter_Text(const Kana_Filter& filter) {
-    std::string text;
-    for (int form = 0; form < filter.forms; ++form) {
-        constexpr const char* marks[] = {"", "ﾞ", "ﾟ"};
-        text +=
-            std::string(form == 0 ? "" : " Or ") + "事業所カナ名 like '" + filter.kana + marks[form] + "%'";
-    }
-    return text;
-}
-
-std::vector<Register_Row> Read_Register(const Session& session, const std::string& filter) {
+std::vector<Register_Row> Read_Register(const Session& session, std::string_view initial) {
     const Connection cn = Open_Register(session);
-    std::vector<Register_Row> rows;
-    Statement list = cn.Prepare("SELECT 事業所CD, 事業所名, 事業所カナ名 FROM jgmas " +
-                                (filter.empty() ? "" : "WHERE " + filter) + " Order by 事業所CD;");
-    while (list.Step()) {
-        rows.push_back({static_cast<std::int32_t>(list.Integer_At(0)), std::string(list.Text_At(1)),
-                        std::string(list.Text_At(2))});
-    }
-    return rows;
+    return Rows_Of(initial.empty()
+                       ? cn.Prepare(select_rows + std::string("ORDER BY 事業所CD"))
+                       : cn.Prepare(select_rows + std::string("WHERE 事業所カナ名 like ? ORDER BY 事業所CD"),
+                                    std::string(initial) + "%"));
 }
 
 std::optional<Register_Row> Find_Register_Row(const Session& session, std::int32_t number) {
-    auto rows = Read_Register(session, "事業所CD=" + std::to_string(number));
+    const Connection cn = Open_Register(session);
+    auto rows = Rows_Of(cn.Prepare(select_rows + std::string("WHERE 事業所CD=?"), number));
     return rows.empty() ? std::nullopt : std::optional(std::move(rows.front()));
+}
+
+bool Is_Store_Shared(const Session& session, std::int32_t number) {
+    std::string digits = "000000" + std::to_string(number);
+    digits.erase(0, digits.size() - 6);
+    const Connection cn = Open_Register(session);
+    return !cn.Open("SELECT 事業所CD FROM jgmas WHERE 事業所CD<>? And (事業所CD=? Or 事業所CD like ?)",
+                    number, digits, "%" + digits)
+                .Eof();
 }
 
 void Put_Register_Row(const Session& session, const Register_Row& row) {
@@ -147,7 +154,7 @@ void Put_Register_Row(const Session& session, const Register_Row& row, std::int3
     if (former != row.number) {
         Delete_Row(cn, former);
     }
-    Recordset rows = cn.Open("SELECT * FROM jgmas WHERE 事業所CD=" + std::to_string(row.number) + ";");
+    Recordset rows = cn.Open("SELECT * FROM jgmas WHERE 事業所CD=?", row.number);
     if (rows.Eof()) {
         rows.Add_New();
         rows.Set("事業所CD", row.number);

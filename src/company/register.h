@@ -8,6 +8,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace morvane {
@@ -25,19 +26,15 @@ struct Register_Row {
 struct Kana_Filter {
     const char* button;  ///< its objectName
     const char* caption; ///< its full-width kana
-    const char* kana;    ///< the half-width kana
-    int forms;           ///< 1 plain, 2 with the voiced mark, 3 with the half-voiced mark too
+    const char* kana;    ///< the half-width kana; a voiced mark follows it as a letter of its own
     int row, column;     ///< its place in the kana table
 };
 
 /// The 44 initials in the order of the syllabary.
 std::span<const Kana_Filter> Kana_Filters();
 
-/// The condition on the register that a button stands for.
-std::string Filter_Text(const Kana_Filter& filter);
-
-/// The register in the order of the numbers, narrowed by a condition (empty: all of it). Raises Store_Error.
-std::vector<Register_Row> Read_Register(const Session& session, const std::string& filter = {});
+/// The register in the order of the numbers, all of it or the names of one kana initial. Raises Store_Error.
+std::vector<Register_Row> Read_Register(const Session& session, std::string_view initial = {});
 
 /// The company of that number. Raises Store_Error.
 std::optional<Register_Row> Find_Register_Row(const Session& session, std::int32_t number);
@@ -49,6 +46,10 @@ void Put_Register_Row(const Session& session, const Register_Row& row, std::int3
 
 /// Takes a company off the register. Raises Store_Error.
 void Remove_Register_Row(const Session& session, std::int32_t number);
+
+/// Whether another company of the register keeps its data under the file of company `number` (numbers of
+/// seven digits and more keep only their last six). Raises Store_Error.
+bool Is_Store_Shared(const Session& session, std::int32_t number);
 
 /// Whether a new company, or the company `own`, cannot have that number: another company has it or keeps its
 /// data under the same six digits, or a data file of that name stands there. Raises Store_Error.

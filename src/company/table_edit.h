@@ -18,6 +18,9 @@ void Table_Edit(const Connection& cn, const Session& session);
 /// Whether the change `info_no` is entered in the ledger of the store.
 bool Sys_Info_Has(const Connection& cn, int info_no);
 
+/// Whether a period has the row of an element.
+bool Has_Element(const Connection& cn, int period, int code);
+
 /// Adds the element rows of the young engineers (221 to 227, revision of 2015) that the period lacks.
 void Add_Young_Engineer_Rows(const Connection& cn, int period);
 

@@ -49,7 +49,7 @@ void Make_Store(const fs::path& file, Store_Kind kind, const Store_Key& key,
 void Finish_Chart(const Connection& store, const std::string& table) {
     store.Execute("UPDATE " + table +
                   " SET 並び順 = 建設科目CD, 建設科目名 = 法人科目名, 非表示識別 = 法人非表示識別, "
-                  "非印刷識別 = 法人非印刷識別;");
+                  "非印刷識別 = 法人非印刷識別");
 }
 
 Text_Table Elements_Table() {

@@ -10,6 +10,7 @@
 #include <ctime>
 #include <fcntl.h>
 #include <optional>
+#include <stdexcept>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
@@ -203,7 +204,10 @@ mode_t Store_Mode(const std::optional<struct stat>& former) {
     return former && (former->st_mode & S_IWGRP) != 0 ? 0660 : 0600;
 }
 
-void Copy_Content(const fs::path& from, const fs::path& to, const fs::path& shown, mode_t mode) {
+enum class Flush : bool { Now, Later };
+
+void Copy_Content(const fs::path& from, const fs::path& to, const fs::path& shown, mode_t mode,
+                  Flush flush = Flush::Now) {
     const Descriptor in = Descriptor::Of_File(from, Store_Error::Reason::Not_A_Store, most_store_bytes);
     const Descriptor out = Descriptor::Of_Draft(to, shown, 0600);
     out.Take_Mode(mode);
@@ -211,7 +215,9 @@ void Copy_Content(const fs::path& from, const fs::path& to, const fs::path& show
     while (const std::size_t size = in.Read_Some(buffer)) {
         out.Write_All(buffer.data(), size);
     }
-    out.Flush();
+    if (flush == Flush::Now) {
+        out.Flush();
+    }
 }
 
 /// Puts a file under a second name: a link, or a copy where the file system has none.
@@ -241,16 +247,11 @@ bool Is_Number_Pair(std::string_view text) {
     return hyphen != text.npos && Is_Digits(text.substr(0, hyphen)) && Is_Digits(text.substr(hyphen + 1));
 }
 
-/// The names of Beside, the stores that an import builds, and their journals.
+/// The names of Beside and their journals.
 bool Is_Draft(std::string_view name) {
     constexpr std::string_view journal = "-journal";
-    constexpr std::string_view import = ".import-";
-    constexpr std::string_view ending = ".dat";
     if (name.ends_with(journal)) {
         name.remove_suffix(journal.size());
-    }
-    if (name.starts_with(import) && name.ends_with(ending)) {
-        return Is_Number_Pair(name.substr(import.size(), name.size() - import.size() - ending.size()));
     }
     const auto dot = name.rfind('.');
     return name.starts_with('.') && dot > 1 && dot != name.npos &&
@@ -305,7 +306,7 @@ File_Replacement::File_Replacement(fs::path target_file)
 
 File_Replacement::File_Replacement(File_Replacement&& other) noexcept
     : target(std::move(other.target)), temporary(std::exchange(other.temporary, {})),
-      former(std::exchange(other.former, {})), committed(other.committed) {}
+      former(std::exchange(other.former, {})), complete(other.complete), committed(other.committed) {}
 
 File_Replacement::~File_Replacement() {
     std::error_code ignored;
@@ -317,7 +318,7 @@ File_Replacement::~File_Replacement() {
     }
 }
 
-File_Replacement File_Replacement::With_Store(const fs::path& source, const fs::path& target,
+File_Replacement File_Replacement::With_Draft(const fs::path& source, const fs::path& target,
                                               const Store_Key& key) {
     if (!Is_There(source)) {
         throw Store_Error(source, Store_Error::Reason::Missing, "");
@@ -326,13 +327,29 @@ File_Replacement File_Replacement::With_Store(const fs::path& source, const fs::
     Settle_Journal(source, key);
     Settle_Target(target, key);
     File_Replacement replacement(target);
-    Copy_Content(source, replacement.temporary, target, Store_Mode(former));
+    Copy_Content(source, replacement.temporary, target, Store_Mode(former), Flush::Later);
+    replacement.complete = false;
+    return replacement;
+}
+
+File_Replacement File_Replacement::With_Store(const fs::path& source, const fs::path& target,
+                                              const Store_Key& key) {
+    File_Replacement replacement = With_Draft(source, target, key);
     try {
-        Verify_Store(replacement.temporary, key);
+        replacement.Finish_Draft(key);
     } catch (const Store_Error& error) {
+        if (error.file != replacement.temporary) {
+            throw;
+        }
         throw Store_Error(source, error.reason, "コピーの検査");
     }
     return replacement;
+}
+
+void File_Replacement::Finish_Draft(const Store_Key& key) {
+    Verify_Store(temporary, key);
+    Descriptor(temporary, O_RDONLY, "読み込み", target).Flush();
+    complete = true;
 }
 
 File_Replacement File_Replacement::With_Text(std::string_view text, const fs::path& target,
@@ -349,15 +366,18 @@ File_Replacement File_Replacement::With_Text(std::string_view text, const fs::pa
     return replacement;
 }
 
-bool File_Replacement::Change(const Store_Key& key, const std::function<bool(const Connection&)>& change,
-                              Connection::Mode mode) const {
+bool File_Replacement::Change(const Store_Key& key, const std::function<bool(const Connection&)>& change) {
+    complete = false;
     try {
-        const Connection cn(temporary, key, mode);
-        Transaction transaction(cn);
-        if (!change(cn)) {
-            return false;
+        {
+            const Connection cn(temporary, key, Connection::Mode::Scratch);
+            Transaction transaction(cn);
+            if (!change(cn)) {
+                return false;
+            }
+            transaction.Commit();
         }
-        transaction.Commit();
+        Finish_Draft(key);
         return true;
     } catch (const Store_Error& error) {
         // The draft is nobody's file: the failure is that of the store it was to become.
@@ -377,6 +397,9 @@ void File_Replacement::Keep_Former() {
 }
 
 void File_Replacement::Commit() {
+    if (!complete) {
+        throw std::logic_error("a draft that nobody filled");
+    }
     Keep_Former();
     Drop_Journal(target);
     Rename(temporary, target);

@@ -39,6 +39,10 @@ class File_Replacement {
     static File_Replacement With_Store(const std::filesystem::path& source,
                                        const std::filesystem::path& target, const Store_Key& key);
 
+    /// The new content is a copy of the store `source` that Change is still to fill.
+    static File_Replacement With_Draft(const std::filesystem::path& source,
+                                       const std::filesystem::path& target, const Store_Key& key);
+
     /// The new content is `text`.
     static File_Replacement With_Text(std::string_view text, const std::filesystem::path& target,
                                       File_Readers readers = File_Readers::All);
@@ -52,10 +56,9 @@ class File_Replacement {
     /// The new content before Commit, for changes that belong to it.
     [[nodiscard]] const std::filesystem::path& Draft() const { return temporary; }
 
-    /// Changes the new content, a store, in one transaction that is kept where `change` gives true; returns
-    /// that. Failures of the draft are raised as those of the target.
-    bool Change(const Store_Key& key, const std::function<bool(const Connection&)>& change,
-                Connection::Mode mode = Connection::Mode::Read_Write) const;
+    /// Changes a draft, written in one go that is then verified and flushed. Where `change` gives false
+    /// nothing is kept, which is returned. Failures of the draft are raised as those of the target.
+    bool Change(const Store_Key& key, const std::function<bool(const Connection&)>& change);
 
     /// Puts the new content in place. The former file is kept until the object goes, for Undo. Where it fails
     /// the target is as it was, unless the way back fails too.
@@ -67,11 +70,13 @@ class File_Replacement {
 
   private:
     explicit File_Replacement(std::filesystem::path target_file);
+    void Finish_Draft(const Store_Key& key);
     void Keep_Former();
 
     std::filesystem::path target;
     std::filesystem::path temporary;
     std::filesystem::path former;
+    bool complete = true; ///< verified and flushed
     bool committed = false;
 };
 

@@ -76,7 +76,7 @@ Text_Table Read_Text_Table(const std::filesystem::path& file) {
 
 void Add_Rows(const Connection& store, const Table_Info& table, const Text_Table& text,
               const std::vector<std::pair<std::string, Value>>& extra) {
-    Recordset rows = store.Open("SELECT * FROM " + table.name + ";");
+    Recordset rows = store.Open("SELECT * FROM " + table.name);
     std::vector<Column_Type> types;
     for (const std::string& column : text.columns) {
         types.push_back(Type_Of(text, table, column));

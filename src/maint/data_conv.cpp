@@ -24,12 +24,21 @@ bool Refuse(const Session& session, const std::string& text) {
     return false;
 }
 
-std::string Of_Code(const Session& session, int code) {
-    return " WHERE 決算期=" + std::to_string(session.Syori_Ki) + " And 建設科目CD=" + std::to_string(code);
+/// Changes one account of the period in hand.
+void Set_Account(const Connection& cn, const Session& session, int code, const char* column,
+                 const Value& value) {
+    cn.Execute(std::string("UPDATE Ks_Zaihyo SET ") + column + " = ? WHERE 決算期=? And 建設科目CD=?", value,
+               session.Syori_Ki, code);
 }
 
-std::string Of_Account(const Session& session, Account account) {
-    return Of_Code(session, Code(account));
+void Set_Account(const Connection& cn, const Session& session, Account account, const char* column,
+                 const Value& value) {
+    Set_Account(cn, session, Code(account), column, value);
+}
+
+Recordset Open_Account(const Connection& cn, const Session& session, Account account) {
+    return cn.Open("SELECT * FROM Ks_Zaihyo WHERE 決算期=? And 建設科目CD=?", session.Syori_Ki,
+                   Code(account));
 }
 
 // ---- from the statement form of 2008 to that of 2010
@@ -87,42 +96,35 @@ constexpr std::array<const char*, 5> amounts = {"金額", "借方", "貸方", "�
 void Shift_Codes(const Connection& cn, const Session& session) {
     for (const Code_Shift& shift : Shifts(session.Is_Hokkaido())) {
         for (int code = Code(shift.to); code >= Code(shift.from); --code) {
-            cn.Execute("UPDATE Ks_Zaihyo SET 建設科目CD = " + std::to_string(code + shift.by) +
-                       Of_Code(session, code) + ";");
+            Set_Account(cn, session, code, "建設科目CD", code + shift.by);
         }
     }
 }
 
 void Rename(const Connection& cn, const Session& session, Account account, const std::string& name,
             bool corporation_too) {
-    const std::array<Value, 1> values = {name};
     for (const char* column : {"建設科目名", "個人科目名"}) {
-        cn.Execute(std::string("UPDATE Ks_Zaihyo SET ") + column + " = ?" + Of_Account(session, account),
-                   values);
+        Set_Account(cn, session, account, column, name);
     }
     if (corporation_too) {
-        cn.Execute("UPDATE Ks_Zaihyo SET 法人科目名 = ?" + Of_Account(session, account), values);
+        Set_Account(cn, session, account, "法人科目名", name);
     }
 }
 
 // The national form of an individual has no 買掛金: its line takes the short-term loans.
 void Merge_Loans(const Connection& cn, const Session& session) {
-    const Recordset payables = cn.Open("SELECT * FROM Ks_Zaihyo" + Of_Account(session, Short_Term_Loans));
+    const Recordset payables = Open_Account(cn, session, Short_Term_Loans);
     if (!payables.Eof() && payables["金額"].As_Double() != 0.0) {
         Tell(session, "データ変換メッセージ",
              "「流動負債」の「買掛金」に金額があります。このデータは、個人科目には無いため削除されます。\n"
              "変換終了後、確認・調整をお願いします。");
     }
-    Recordset loans = cn.Open("SELECT * FROM Ks_Zaihyo" + Of_Account(session, Loans_2008));
+    Recordset loans = Open_Account(cn, session, Loans_2008);
     if (!loans.Eof()) {
-        std::array<Value, amounts.size()> values;
-        std::string names;
-        for (std::size_t i = 0; i < amounts.size(); ++i) {
-            values[i] = loans[amounts[i]];
-            names += (i == 0 ? "" : ", ") + std::string(amounts[i]) + " = ?";
-            loans.Set(amounts[i], {});
+        for (const char* amount : amounts) {
+            Set_Account(cn, session, Short_Term_Loans, amount, loans[amount]);
+            loans.Set(amount, {});
         }
-        cn.Execute("UPDATE Ks_Zaihyo SET " + names + Of_Account(session, Short_Term_Loans), values);
         loans.Update();
     }
     Rename(cn, session, Short_Term_Loans, "短期借入金", true);
@@ -131,7 +133,7 @@ void Merge_Loans(const Connection& cn, const Session& session) {
 }
 
 void Add_Account(const Connection& cn, const Session& session, const New_Account& account) {
-    Recordset rows = cn.Open("SELECT * FROM Ks_Zaihyo" + Of_Account(session, account.account));
+    Recordset rows = Open_Account(cn, session, account.account);
     if (!rows.Eof()) {
         return;
     }
@@ -171,10 +173,11 @@ void Convert_Statement(const Session& session, int form) {
     for (const New_Name& entry : new_names) {
         Rename(cn, session, entry.account, entry.name, true);
     }
-    cn.Execute("UPDATE Ks_Zaihyo SET 非表示識別 = True, 非印刷識別 = True" +
-               Of_Account(session, Closed_Investments));
+    for (const char* column : {"非表示識別", "非印刷識別"}) {
+        Set_Account(cn, session, Closed_Investments, column, -1);
+    }
     for (const Account account : {Development_Cost, Capital_Deposits, Shareholders_Equity}) {
-        cn.Execute("UPDATE Ks_Zaihyo SET 科目編集識別 = False" + Of_Account(session, account));
+        Set_Account(cn, session, account, "科目編集識別", 0);
     }
     if (!session.Is_Hokkaido() && session.Hojin_Kojin == 2) {
         Merge_Loans(cn, session);
@@ -182,17 +185,16 @@ void Convert_Statement(const Session& session, int form) {
     for (const New_Account& account : new_accounts) {
         Add_Account(cn, session, account);
     }
-    cn.Execute("UPDATE Ks_Zaihyo SET Ks_Zaihyo![並び順] = " + std::to_string(form) +
-               Of_Account(session, Data_Form) + ";");
+    Set_Account(cn, session, Data_Form, "並び順", form);
     transaction.Commit();
 }
 
 // ---- the import of a whole store
 
 void Copy_Table(const Connection& from, const Connection& to, const char* table) {
-    to.Execute(std::string("DELETE ") + table + ".* FROM " + table);
-    Recordset source = from.Open(std::string("SELECT * FROM ") + table + ";");
-    Recordset target = to.Open(std::string("SELECT * FROM ") + table + ";");
+    to.Execute(std::string("DELETE FROM ") + table);
+    Recordset source = from.Open(std::string("SELECT * FROM ") + table);
+    Recordset target = to.Open(std::string("SELECT * FROM ") + table);
     std::vector<std::string> common;
     for (const std::string& column : source.Columns()) {
         if (std::any_of(target.Columns().begin(), target.Columns().end(),

@@ -35,8 +35,8 @@ constexpr auto reports = std::to_array<Report_Row>({
      "Rpt_Kekka", &Law_Year::result_report, kekka_title, kekka_2011},
 });
 
-std::string Select(const Report_Row& report) {
-    return "SELECT * FROM Report_Info WHERE レポートNo=" + std::to_string(report.report_no) + ";";
+Recordset Open_Info(const Connection& cn, const Report_Row& report) {
+    return cn.Open("SELECT * FROM Report_Info WHERE レポートNo=?", report.report_no);
 }
 
 void Add_Row(Recordset& rows, const Report_Row& report) {
@@ -90,7 +90,7 @@ Sheet_Size Load_Report_Info(const Connection& cn, const Report_Row& report, Prin
     print_state.Prt_Doing = report.keeps_doing;
     const auto stored = Read_Report_Info(cn, report, print_state);
     if (!stored && report.object_name != nullptr) {
-        Recordset rows = cn.Open(Select(report));
+        Recordset rows = Open_Info(cn, report);
         Add_Row(rows, report);
     }
     return stored.value_or(Sheet_Size{});
@@ -98,7 +98,7 @@ Sheet_Size Load_Report_Info(const Connection& cn, const Report_Row& report, Prin
 
 std::optional<Sheet_Size> Read_Report_Info(const Connection& cn, const Report_Row& report,
                                            Print_State& print_state) {
-    Recordset rows = cn.Open(Select(report));
+    Recordset rows = Open_Info(cn, report);
     if (rows.Eof()) {
         return std::nullopt;
     }
@@ -122,7 +122,7 @@ void Save_Report_Info(const Session& session, const Report_Row& report, const Pr
         }
     }
     const Connection cn = Cn_Open(session);
-    Recordset rows = cn.Open(Select(report));
+    Recordset rows = Open_Info(cn, report);
     rows.Set("上余白", static_cast<double>(print_state.Ue_Mrg_Val));
     rows.Set("左余白", static_cast<double>(print_state.Hida_Mrg_Val));
     rows.Update();

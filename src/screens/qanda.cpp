@@ -6,8 +6,7 @@ namespace morvane {
 namespace {
 
 Recordset Open_Note(const Connection& cn, const Session& session) {
-    return cn.Open("SELECT * FROM QandA WHERE 決算期=" + std::to_string(session.Syori_Ki) +
-                   " And QNo=" + std::to_string(session.Screen_No) + ";");
+    return cn.Open("SELECT * FROM QandA WHERE 決算期=? And QNo=?", session.Syori_Ki, session.Screen_No);
 }
 
 bool Is_Blank(const std::string& text) {

@@ -40,8 +40,7 @@ std::string Comma_Str(const Value& value) {
 
 bool QandA_Flag(const Session& session, int screen_no) {
     const Connection cn = Cn_Open(session);
-    const Recordset rs = cn.Open("SELECT * FROM QandA WHERE 決算期=" + std::to_string(session.Syori_Ki) +
-                                 " And QNo=" + std::to_string(screen_no) + ";");
+    const Recordset rs = cn.Open("SELECT * FROM QandA WHERE 決算期=? And QNo=?", session.Syori_Ki, screen_no);
     return !rs.Eof() && !(rs["質問"].Is_Null() && rs["アドバイス"].Is_Null());
 }
 
@@ -58,16 +57,16 @@ std::uint8_t Get_Data_Ver(const Session& session, int period) {
 }
 
 std::uint8_t Get_Data_Ver(const Connection& cn, bool hokkaido, int period) {
-    const std::string of_period =
-        "SELECT * FROM Ks_Zaihyo WHERE 決算期=" + std::to_string(period) + " AND 建設科目CD=";
-    const Recordset marker = cn.Open(of_period + Code_Text(Account::Data_Form));
+    const auto row_of = [&](Account account) {
+        return cn.Open("SELECT 並び順 FROM Ks_Zaihyo WHERE 決算期=? And 建設科目CD=?", period, Code(account));
+    };
+    const Recordset marker = row_of(Account::Data_Form);
     std::int64_t form = hokkaido ? 52 : 51;
     if (!marker.Eof()) {
         form = marker["並び順"].As_Integer(2);
     }
     if (hokkaido) {
-        if (form == 1 ||
-            (form == 2 && cn.Open(of_period + Code_Text(Account::Depreciation_In_Cost_Hokkaido)).Eof())) {
+        if (form == 1 || (form == 2 && row_of(Account::Depreciation_In_Cost_Hokkaido).Eof())) {
             form = 53;
         }
     }

@@ -31,8 +31,7 @@ void Take_Install_Info(Session& session, const Install_Info& info) {
 }
 
 Connection Cn_Open(const Session& session) {
-    return {session.Work_Store, session.Db_Key,
-            session.Work_Is_Scratch ? Connection::Mode::Scratch : Connection::Mode::Read_Write};
+    return {session.Work_Store, session.Db_Key};
 }
 
 Connection Cn_Open_Tmp(const Session& session) {

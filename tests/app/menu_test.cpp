@@ -70,7 +70,7 @@ TEST_F(Menu_Test, An_entry_tells_the_session_title_and_rows_by_firm_type) {
     EXPECT_EQ(session.Screen_Title, "貸借対照表－資本金、法定準備金、剰余金");
     EXPECT_EQ(session.Screen_No, 45);
     const std::string shown = List("SELECT count(*) FROM Ks_Zaihyo WHERE 決算期=3 And 建設科目CD>=250 And "
-                                   "建設科目CD<=399 And 非表示識別=False");
+                                   "建設科目CD<=399 And 非表示識別=0");
     EXPECT_EQ(std::to_string(session.Kamoku_Cnt + 1), shown.substr(shown.find('=') + 1));
     session.Data_Ver = 2;
     ASSERT_TRUE(Enter_Screen(session, Entry("Cmd_KsT(4)")));
@@ -112,12 +112,12 @@ TEST_F(Menu_Test, Gates_refuse_in_their_order) {
 
     EXPECT_FALSE(Enter_Panel(session, Entry("Cmd_Sim3")));
     EXPECT_EQ(messages.shown.back().text, "前期のデータがありません。");
-    Cn_Open(session).Execute("DELETE Ks_Zaihyo.* from Ks_Zaihyo WHERE 決算期=3");
+    Cn_Open(session).Execute("DELETE FROM Ks_Zaihyo WHERE 決算期=3");
     EXPECT_EQ(refusal("Cmd_GB(0)"),
               "建設財務データが不完全です。最低でも総資本、固定資産、売上高は必要です。");
     EXPECT_FALSE(Enter_Other_Firm(session));
     EXPECT_EQ(session.Sim_Mode, 3);
-    Cn_Open(session).Execute("DELETE W_Yoso.* from W_Yoso WHERE 決算期=3");
+    Cn_Open(session).Execute("DELETE FROM W_Yoso WHERE 決算期=3");
     EXPECT_TRUE(Gate_Is_Open(session, Gate::Completed_Work)) << "a period without element rows passes";
 }
 

@@ -164,7 +164,7 @@ TEST_F(Start_Test, A_working_store_that_does_not_fit_is_set_aside) {
         {"an unregistered firm", [&] { sql("UPDATE Jigyo_mas SET 管理No=77"); }, true, 12},
         {"another office's 12", [&] { sql("UPDATE Jigyo_mas SET 事業所名='他事務所'"); }, true, 12},
         {"another edition", [&] { sql("UPDATE Jigyo_mas SET 地域CD='01'"); }, true, 12},
-        {"blank", [&] { sql("DELETE * FROM Jigyo_mas"); }, false, 12},
+        {"blank", [&] { sql("DELETE FROM Jigyo_mas"); }, false, 12},
         {"no store", [&] { put("text"); }, true, 12},
         {"a broken page",
          [&] {

@@ -82,10 +82,15 @@ class Score_Test : public Installation {
     void Execute(std::int32_t number, const std::string& sql) const {
         Connection(Company_Store(session, number), session.Db_Key).Execute(sql);
     }
+    /// In the latter half of the file, so that the store still opens and says what tables it has.
     static void Damage(const fs::path& store) {
+        constexpr std::uintmax_t page = 4096;
+        const std::uintmax_t end = fs::file_size(store);
         std::fstream file(store, std::ios::in | std::ios::out | std::ios::binary);
-        file.seekp(static_cast<std::streamoff>(fs::file_size(store) / 2));
-        file << std::string(64, 'x');
+        for (std::uintmax_t at = end / page / 2 * page; at < end; at += page) {
+            file.seekp(static_cast<std::streamoff>(at));
+            file << std::string(64, 'x');
+        }
     }
 
     Temporary_Folder beside;

@@ -26,7 +26,7 @@ class Check_Out_Test : public Installation {
   protected:
     void SetUp() override {
         Make_Company(2, 2, 7);
-        Cn_Open(session).Execute("DELETE * FROM W_Yoso WHERE 要素CD>=235;");
+        Cn_Open(session).Execute("DELETE FROM W_Yoso WHERE 要素CD>=235;");
         Check_In(session);
         Make_Company(1, 1, 5);
         Check_In(session);
@@ -235,7 +235,7 @@ TEST_F(Check_Out_Test, The_Marker_Follows_The_Working_Store_After_A_Crash) {
     }
     // The working store of nobody leaves the marker alone.
     session.Kanri_Flg = multi_company_mode;
-    Cn_Open(session).Execute("UPDATE Jigyo_mas SET Jigyo_mas.管理No = Null;");
+    Cn_Open(session).Execute("UPDATE Jigyo_mas SET 管理No = Null");
     Write_Kidou_Ini(folder.path, {2, "見本2"});
     Settle_Marker(session);
     EXPECT_EQ(Marked(), 2);
@@ -252,7 +252,7 @@ TEST_F(Check_Out_Test, Only_The_Company_Asked_For_Is_Taken_Or_Saved) {
          "事業所番号 1「見本1」のデータで、事業所番号 2 のデータではありません"},
         {"UPDATE Jigyo_mas SET 管理No=1000002", "事業所番号 1000002"},
         {"UPDATE Jigyo_mas SET 管理No=Null", "事業所番号のないデータ"},
-        {"DELETE * FROM Jigyo_mas", "事業所番号のないデータ"},
+        {"DELETE FROM Jigyo_mas", "事業所番号のないデータ"},
         {"UPDATE Jigyo_mas SET 地域CD='0102'", "北海道版のデータで、このデータフォルダの全国版の"},
         {"UPDATE Ks_Zaihyo SET 並び順=6 WHERE 建設科目CD=99", "北海道版のデータ"},
     };

@@ -254,7 +254,7 @@ TEST_F(Company_Save_Test, A_Template_That_Does_Not_Fit_Registers_Nothing) {
     Check_In_And_Release(session);
     session.Jg_New_Flg = true;
     Connection(folder.path / "morv_set.dat", Delivered_Key())
-        .Execute("DELETE * FROM Ks_Zaihyo WHERE 建設科目CD=101");
+        .Execute("DELETE FROM Ks_Zaihyo WHERE 建設科目CD=101");
     const auto before = State();
     EXPECT_EQ(Save(new_company).outcome, Outcome_Of_Save::Refused);
     EXPECT_EQ(Titles(), "データ異常");

@@ -59,7 +59,7 @@ TEST_F(Period_Screen, A_Line_Is_Chosen_And_Taken_In_Hand) {
     EXPECT_EQ(Marked(), "1:2012");
     EXPECT_EQ(Law_Number(session.Simyu_Kubun), 4)
         << "the menu opens forms by it, and period 35 is still in hand";
-    Cn_Open(session).Execute("DELETE * FROM Ks_Zaihyo WHERE 決算期=33 And 建設科目CD=99");
+    Cn_Open(session).Execute("DELETE FROM Ks_Zaihyo WHERE 決算期=33 And 建設科目CD=99");
     Open();
     Click_Row(0);
     EXPECT_EQ(Marked(), "0:xxxx");

@@ -127,9 +127,9 @@ TEST_F(Period_Test, A_Template_That_Does_Not_Fit_Changes_Nothing) {
         const char* change;
         bool copies; ///< a further period can still be made
     } cases[] = {
-        {"morv_set.dat", "DELETE * FROM Ks_Zaihyo WHERE 建設科目CD=101", true},
-        {"morv_org.dat", "DELETE * FROM Ks_Zaihyo_Zk_new WHERE 建設科目CD=101", true},
-        {"morv_org.dat", "DELETE * FROM Ks_Zaihyo_Zk_new", false},
+        {"morv_set.dat", "DELETE FROM Ks_Zaihyo WHERE 建設科目CD=101", true},
+        {"morv_org.dat", "DELETE FROM Ks_Zaihyo_Zk_new WHERE 建設科目CD=101", true},
+        {"morv_org.dat", "DELETE FROM Ks_Zaihyo_Zk_new", false},
     };
     const File_Contents good = Read_Files(folder.path);
     for (const auto& c : cases) {
@@ -217,15 +217,15 @@ TEST_F(Period_Test, An_Older_Source_Is_Brought_To_The_Present_Elements) {
         std::string elements;
     } cases[] = {
         {"present form", {}, standing + " 210=-"},
-        {"no young engineers", {"DELETE * FROM W_Yoso WHERE 要素CD>=221"}, standing + " 210=4"},
-        {"no law year", {"DELETE * FROM W_Yoso WHERE 要素CD>=210 And 要素CD<=219"}, standing + " 210=2"},
+        {"no young engineers", {"DELETE FROM W_Yoso WHERE 要素CD>=221"}, standing + " 210=4"},
+        {"no law year", {"DELETE FROM W_Yoso WHERE 要素CD>=210 And 要素CD<=219"}, standing + " 210=2"},
         {"law year 2011, the pension parked",
-         {"DELETE * FROM W_Yoso WHERE 要素CD=999", "UPDATE W_Yoso SET 要素CD=999 WHERE 要素CD=103",
+         {"DELETE FROM W_Yoso WHERE 要素CD=999", "UPDATE W_Yoso SET 要素CD=999 WHERE 要素CD=103",
           "UPDATE W_Yoso SET 要素CD=103 WHERE 要素CD=104", "UPDATE W_Yoso SET 要素CD=104 WHERE 要素CD=105",
           "UPDATE W_Yoso SET 要素CD=105 WHERE 要素CD=106"},
          "101=1101 102=1102 103=1103 104=1104 105=1105 106=1106 210=-"},
         {"oldest form",
-         {"DELETE * FROM W_Yoso WHERE 要素CD=106 Or 要素CD>=210"},
+         {"DELETE FROM W_Yoso WHERE 要素CD=106 Or 要素CD>=210"},
          "101=1101 102=1102 103=- 104=1103 105=1104 106=1105 210=4"},
     };
     Make_Filled_Company();
@@ -244,7 +244,7 @@ TEST_F(Period_Test, An_Older_Source_Is_Brought_To_The_Present_Elements) {
     }
     // Without notes of its own the source leaves the template's.
     Write_Files(folder.path, good);
-    Run({"DELETE * FROM QandA WHERE QNo<>41", "UPDATE QandA SET 決算期 = 1"});
+    Run({"DELETE FROM QandA WHERE QNo<>41", "UPDATE QandA SET 決算期 = 1"});
     ASSERT_TRUE(Period_Copy(session, 4, 5, Copy_Mode::Before));
     EXPECT_EQ(List("SELECT 決算期, 質問 FROM QandA"), "4=問");
 }
@@ -282,18 +282,18 @@ TEST_F(Period_Test, Law_Years_There_And_Back) {
         {{}, {2, 1, 4, 2, 3}, now + "3"},
         {{}, {3}, now + "3"},
         {{}, {3, 3, 4}, now + "4"},
-        {{"DELETE * FROM W_Yoso WHERE 要素CD=106"},
+        {{"DELETE FROM W_Yoso WHERE 要素CD=106"},
          {2},
          "101=1101 102=1102 103=1103 104=1104 105=1105 210=2"},
-        {{"DELETE * FROM W_Yoso WHERE 要素CD=106"},
+        {{"DELETE FROM W_Yoso WHERE 要素CD=106"},
          {3},
          "101=1101 102=1102 103=- 104=1103 105=1104 106=1105 210=3"},
-        {{"DELETE * FROM W_Yoso WHERE 要素CD=106"},
+        {{"DELETE FROM W_Yoso WHERE 要素CD=106"},
          {3, 2, 3},
          "101=1101 102=1102 103=- 104=1103 105=1104 106=1105 210=3"},
         {{"INSERT INTO W_Yoso (決算期, 要素CD, 現状) VALUES (5, 999, 77)"}, {2}, parked},
         // Without a row for it the law year would read 1.
-        {{"DELETE * FROM W_Yoso WHERE 要素CD=210"}, {2, 3}, now + "3"},
+        {{"DELETE FROM W_Yoso WHERE 要素CD=210"}, {2, 3}, now + "3"},
     };
     Make_Filled_Company();
     ASSERT_TRUE(Period_Copy(session, 4, 5, Copy_Mode::Before));
@@ -371,7 +371,7 @@ TEST_F(Period_Test, The_Firm_Type_Changes_Captions_And_Wipes) {
             EXPECT_EQ(List(c.query), c.rows) << c.query;
         }
     }
-    Run({"DELETE * FROM Ks_Zaihyo WHERE 建設科目CD=234"});
+    Run({"DELETE FROM Ks_Zaihyo WHERE 建設科目CD=234"});
     EXPECT_NO_THROW(To_Houjin(session, 0));
     // The wipe left the elements of period 7.
     EXPECT_TRUE(Period_Copy(session, 7, 6, Copy_Mode::After));

@@ -53,7 +53,7 @@ class Periods_Test : public Installation {
 
 TEST_F(Periods_Test, The_List_Tells_Form_And_Law_Year) {
     Set_Law_Year(session, 33, Law_Of(2).code);
-    Run("DELETE * FROM Ks_Zaihyo WHERE 決算期=34 And 建設科目CD=99");
+    Run("DELETE FROM Ks_Zaihyo WHERE 決算期=34 And 建設科目CD=99");
     Run("UPDATE Ks_Zaihyo SET 並び順 = Null WHERE 決算期=35 And 建設科目CD=99");
     std::string read;
     for (const Period_Entry& period : Read_Periods(session)) {
@@ -103,8 +103,8 @@ TEST_F(Periods_Test, A_New_Period_Has_The_Law_Year_Chosen_For_It) {
 
 TEST_F(Periods_Test, A_New_Period_Lacks_Nothing_Of_The_Present_Tables) {
     // The oldest period was never in hand since these rows came.
-    Run("DELETE * FROM W_Yoso WHERE 決算期=33 And 要素CD>=210");
-    Run("DELETE * FROM Kandaka_Gj WHERE 決算期=33 And 工種CD>=32");
+    Run("DELETE FROM W_Yoso WHERE 決算期=33 And 要素CD>=210");
+    Run("DELETE FROM Kandaka_Gj WHERE 決算期=33 And 工種CD>=32");
     Run("UPDATE Kandaka_Gj SET 工種略 = 'その他' WHERE 決算期=33 And 工種CD=31");
     messages.answers = {Answer::Yes};
     EXPECT_EQ(Create_Period(session, 32, Copy_Mode::Before, Law_Of(4).code), Creation::Made);
@@ -150,11 +150,11 @@ TEST_F(Periods_Test, What_Is_Refused_Or_Declined_Changes_Nothing) {
         {"", choose(std::nullopt), "既存指定", "既存の決算期が指定されていません。"},
         {"UPDATE Ks_Zaihyo SET 並び順 = 2 WHERE 決算期=33 And 建設科目CD=99", choose(33), "決算期指定エラー",
          too_old},
-        {"DELETE * FROM Ks_Zaihyo WHERE 決算期=33 And 建設科目CD=99", choose(33), "決算期指定エラー",
+        {"DELETE FROM Ks_Zaihyo WHERE 決算期=33 And 建設科目CD=99", choose(33), "決算期指定エラー",
          too_old},
         {"", remove(std::nullopt), "削除決算期指定", "削除する決算期が指定されていません。"},
         {"", remove(34), "決算期削除不可エラー", "現在処理中の決算期は削除できません。"},
-        {"DELETE * FROM Ks_ki WHERE 決算期<>33", remove(33), "決算期削除不可エラー",
+        {"DELETE FROM Ks_ki WHERE 決算期<>33", remove(33), "決算期削除不可エラー",
          "登録決算期が１期のみの場合は削除できません。\n"
          "変更が必要な場合は、[自社情報]の決算期を変更してください。"},
         {"UPDATE Ks_ki SET 決算期 = 32 WHERE 決算期=34", remove(33), "決算期削除不可エラー",

@@ -32,10 +32,10 @@ void Drop_Engineers_6(const Connection& cn) {
     cn.Execute("CREATE UNIQUE INDEX Kandaka_Gj_key ON Kandaka_Gj (決算期, 工種CD)");
 }
 
-constexpr const char* no_31_32 = "DELETE * FROM Kandaka_Gj WHERE 工種CD>=31 And 工種CD<=32";
+constexpr const char* no_31_32 = "DELETE FROM Kandaka_Gj WHERE 工種CD>=31 And 工種CD<=32";
 constexpr const char* other_at_31 = "UPDATE Kandaka_Gj SET 工種CD=31 WHERE 工種CD=33";
-constexpr const char* no_work_style = "DELETE * FROM W_Yoso WHERE 要素CD>=235";
-constexpr const char* old_flag_161 = "UPDATE Ks_Zaihyo SET 集計識別=True WHERE 建設科目CD=161";
+constexpr const char* no_work_style = "DELETE FROM W_Yoso WHERE 要素CD>=235";
+constexpr const char* old_flag_161 = "UPDATE Ks_Zaihyo SET 集計識別=-1 WHERE 建設科目CD=161";
 constexpr const char* old_class_232 = "UPDATE Ks_Zaihyo SET 科目分類識別='Kdf' WHERE 建設科目CD=232";
 
 struct Old_Store {
@@ -147,7 +147,7 @@ TEST_F(Table_Edit_Test, Old_Stores_Of_The_National_Edition) {
     const Old_Store cases[] = {
         {"present", {}, true, 5, false, false, false, false, false, "11 14 15 21"},
         {"before 2021",
-         {"DELETE * FROM sys_info WHERE Info_No=21", no_work_style},
+         {"DELETE FROM sys_info WHERE Info_No=21", no_work_style},
          false,
          5,
          false,
@@ -157,7 +157,7 @@ TEST_F(Table_Edit_Test, Old_Stores_Of_The_National_Edition) {
          true,
          "11 14 15 21"},
         {"columns there, ledger row not",
-         {"DELETE * FROM sys_info WHERE Info_No=21"},
+         {"DELETE FROM sys_info WHERE Info_No=21"},
          true,
          5,
          false,
@@ -167,7 +167,7 @@ TEST_F(Table_Edit_Test, Old_Stores_Of_The_National_Edition) {
          false,
          "11 14 15 21"},
         {"before 2016",
-         {"DELETE * FROM sys_info WHERE Info_No>=14", old_flag_161, old_class_232, no_work_style, no_31_32,
+         {"DELETE FROM sys_info WHERE Info_No>=14", old_flag_161, old_class_232, no_work_style, no_31_32,
           other_at_31},
          false,
          5,
@@ -178,8 +178,8 @@ TEST_F(Table_Edit_Test, Old_Stores_Of_The_National_Edition) {
          true,
          "11 14 21"},
         {"form 3",
-         {"DELETE * FROM sys_info WHERE Info_No>=14",
-          "UPDATE Ks_Zaihyo SET Ks_Zaihyo![並び順] = 3 WHERE 建設科目CD=99", no_work_style, no_31_32,
+         {"DELETE FROM sys_info WHERE Info_No>=14",
+          "UPDATE Ks_Zaihyo SET 並び順 = 3 WHERE 建設科目CD=99", no_work_style, no_31_32,
           other_at_31},
          false,
          3,
@@ -190,7 +190,7 @@ TEST_F(Table_Edit_Test, Old_Stores_Of_The_National_Edition) {
          true,
          "11"},
         {"no marker row",
-         {"DELETE * FROM sys_info WHERE Info_No>=14", "DELETE * FROM Ks_Zaihyo WHERE 建設科目CD=99",
+         {"DELETE FROM sys_info WHERE Info_No>=14", "DELETE FROM Ks_Zaihyo WHERE 建設科目CD=99",
           no_work_style},
          false,
          51,
@@ -207,7 +207,7 @@ TEST_F(Table_Edit_Test, Old_Stores_Of_The_National_Edition) {
 }
 
 TEST_F(Hokkaido_Table_Edit_Test, Old_Stores_Of_Hokkaido) {
-    const char* const no_ledger = "DELETE * FROM sys_info WHERE Info_No>=14";
+    const char* const no_ledger = "DELETE FROM sys_info WHERE Info_No>=14";
     const Old_Store cases[] = {
         {"before 2010",
          {no_ledger, old_flag_161, old_class_232},
@@ -231,7 +231,7 @@ TEST_F(Hokkaido_Table_Edit_Test, Old_Stores_Of_Hokkaido) {
          true,
          "11"},
         {"no marker row",
-         {no_ledger, "DELETE * FROM Ks_Zaihyo WHERE 建設科目CD=99"},
+         {no_ledger, "DELETE FROM Ks_Zaihyo WHERE 建設科目CD=99"},
          false,
          52,
          false,
@@ -266,7 +266,7 @@ TEST_F(Table_Edit_Test, A_Period_Without_Rows_Gets_None) {
 }
 
 TEST_F(Table_Edit_Test, No_Failing_Write_Leaves_A_Half_Changed_Store) {
-    Make_Old_Company({"DELETE * FROM sys_info WHERE Info_No>=14", no_work_style, no_31_32, other_at_31},
+    Make_Old_Company({"DELETE FROM sys_info WHERE Info_No>=14", no_work_style, no_31_32, other_at_31},
                      false);
     session.Data_Ver = 5;
     Expect_All_Or_Nothing(

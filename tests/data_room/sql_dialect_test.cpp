@@ -116,10 +116,10 @@ TEST_F(Sql_Dialect, Changes_Reach_The_Rows_They_Mean) {
         const char* sql;
         std::string query, rows;
     } cases[] = {
-        {"DELETE Ks_Zaihyo.* from Ks_Zaihyo WHERE 決算期=5", count, "4,1;"},
-        {"DELETE Ks_Zaihyo.* FROM Ks_Zaihyo", count, ""},
-        {"DELETE * FROM jgmas where 事業所CD=3;", "SELECT 事業所CD FROM jgmas", "1;2;4;5;"},
-        {"DELETE * FROM jgmas WHERE 事業所名='from';", "SELECT 事業所CD FROM jgmas", "1;2;3;4;"},
+        {"DELETE FROM Ks_Zaihyo WHERE 決算期=5", count, "4,1;"},
+        {"DELETE FROM Ks_Zaihyo", count, ""},
+        {"DELETE FROM jgmas where 事業所CD=3;", "SELECT 事業所CD FROM jgmas", "1;2;4;5;"},
+        {"DELETE FROM jgmas WHERE 事業所名='from';", "SELECT 事業所CD FROM jgmas", "1;2;3;4;"},
         {"UPDATE Ks_Zaihyo SET Ks_Zaihyo.決算期 = 9 WHERE (Ks_Zaihyo.決算期)=5;", count, "4,1;9,8;"},
         {"UPDATE QandA SET QandA.決算期 =7 WHERE 決算期=1;", "SELECT 決算期 FROM QandA ORDER BY 決算期",
          "2;7;"},
@@ -178,7 +178,7 @@ TEST_F(Sql_Dialect, Only_Whole_Rows_Of_One_Table_Can_Be_Updated) {
         {"SELECT Ks_Zaihyo.* FROM Ks_Zaihyo LEFT JOIN KmkBunrui ON a = b", ""},
         {"SELECT * FROM T, U", ""},
         {"SELECT * FROM T GROUP BY a", ""},
-        {"DELETE * FROM T", ""},
+        {"DELETE FROM T", ""},
     };
     for (const auto& c : cases) {
         EXPECT_EQ(To_Engine_Sql(c.sql).table, c.table) << c.sql;

@@ -87,7 +87,7 @@ class Store_Test : public ::testing::Test {
             const Connection cn(file, Delivered_Key());
             cn.Execute("PRAGMA cache_size = 2");
             cn.Execute("BEGIN");
-            cn.Execute("UPDATE T SET T.名前 = 'lost', T.番号 = 番号 + 5000");
+            cn.Execute("UPDATE T SET 名前 = 'lost', 番号 = 番号 + 5000");
             ::_exit(0);
         }
         int status = 0;
@@ -233,7 +233,7 @@ TEST_F(Store_Test, Files_Without_Permission) {
     const Common_User user;
     EXPECT_EQ(Rows(file, Connection::Mode::Read_Write).size(), 800U);
     Expect_Refusal("write", file, Read_Only,
-                   [&] { Connection(file, Delivered_Key()).Execute("UPDATE T SET T.金額 = 0;"); });
+                   [&] { Connection(file, Delivered_Key()).Execute("UPDATE T SET 金額 = 0"); });
     Expect_Refusal("copy", other, Read_Only, [&] { Copy_Store(file, other, Delivered_Key()); });
     Expect_Refusal("text", folder.path / "t.txt", Read_Only,
                    [&] { Write_Text_File(folder.path / "t.txt", "new"); });
@@ -292,7 +292,7 @@ TEST_F(Store_Test, What_Is_Set_Aside_Or_Kept_Overwrites_Nothing) {
     Keep_Backup(other, Delivered_Key());
     EXPECT_FALSE(fs::exists(folder.path / "other.dat.bak")) << "there was nothing";
     Keep_Backup(file, Delivered_Key());
-    Connection(file, Delivered_Key()).Execute("DELETE * FROM T WHERE 番号>0");
+    Connection(file, Delivered_Key()).Execute("DELETE FROM T WHERE 番号>0");
     Keep_Backup(file, Delivered_Key());
     EXPECT_EQ(Rows(folder.path / "s.dat.bak").size(), 800U);
     EXPECT_EQ(Rows(folder.path / "s.dat.bak2").size(), 1U);
@@ -325,7 +325,7 @@ TEST_F(Store_Test, A_Full_Disk) {
     for (int at = 2; at < 6; ++at) {
         try {
             const Failing_Writes writes(at, Failing_Writes::Manner::From_Then_On, ENOSPC);
-            Connection(file, Delivered_Key()).Execute("UPDATE T SET T.金額 = 0;");
+            Connection(file, Delivered_Key()).Execute("UPDATE T SET 金額 = 0");
             ADD_FAILURE() << "no error";
         } catch (const Store_Error& error) {
             EXPECT_EQ(error.reason, Disk_Full) << error.what();
@@ -344,9 +344,9 @@ TEST_F(Store_Test, A_Full_Disk) {
 TEST_F(Store_Test, Missing_Tables_And_Columns) {
     const Connection cn(file, Delivered_Key());
     Expect_Refusal("table", file, Missing_Table, [&] { static_cast<void>(cn.Open("SELECT * FROM Ks_ki")); });
-    Expect_Refusal("table", file, Missing_Table, [&] { cn.Execute("DELETE * FROM Ks_ki;"); });
+    Expect_Refusal("table", file, Missing_Table, [&] { cn.Execute("DELETE FROM Ks_ki;"); });
     Expect_Refusal("column", file, Missing_Column, [&] { static_cast<void>(cn.Open("SELECT 備考 FROM T")); });
-    Expect_Refusal("column", file, Missing_Column, [&] { cn.Execute("UPDATE T SET T.備考 = 1"); });
+    Expect_Refusal("column", file, Missing_Column, [&] { cn.Execute("UPDATE T SET 備考 = 1"); });
     Expect_Refusal("column", file, Missing_Column, [&] { cn.Execute("INSERT INTO T (備考) VALUES (1)"); });
     Recordset rows = cn.Open("SELECT * FROM T");
     Expect_Refusal("column", file, Missing_Column, [&] { static_cast<void>(rows["備考"]); });
@@ -403,7 +403,7 @@ TEST_F(Store_Test, What_A_Killed_Writer_Left_Is_Rolled_Back) {
 
 TEST_F(Store_Test, A_Journal_Never_Meets_Another_File) {
     Copy_Store(file, other, Delivered_Key());
-    Connection(other, Delivered_Key()).Execute("UPDATE T SET T.名前 = 'new'");
+    Connection(other, Delivered_Key()).Execute("UPDATE T SET 名前 = 'new'");
     const std::vector<std::string> rows = Rows(file);
     const std::vector<std::string> new_rows = Rows(other);
     Kill_A_Writer();
@@ -440,7 +440,7 @@ TEST_F(Store_Test, A_Replacement_Can_Be_Taken_Back) {
         {
             File_Replacement text = File_Replacement::With_Text("first", folder.path / "t.txt");
             File_Replacement store = File_Replacement::With_Store(other, file, Delivered_Key());
-            Connection(store.Draft(), Delivered_Key()).Execute("DELETE * FROM T");
+            Connection(store.Draft(), Delivered_Key()).Execute("DELETE FROM T");
             EXPECT_EQ(Rows(file).size(), 800U);
             text.Undo();
             text.Commit();
@@ -519,16 +519,16 @@ TEST_F(Store_Test, Transactions_Are_Whole) {
     const Connection cn(file, Delivered_Key());
     {
         const Transaction transaction(cn);
-        cn.Execute("DELETE * FROM T WHERE 番号<400");
+        cn.Execute("DELETE FROM T WHERE 番号<400");
         cn.Execute("DROP TABLE T");
     }
     EXPECT_EQ(Rows(file).size(), 800U);
     {
         Transaction transaction(cn);
-        cn.Execute("DELETE * FROM T WHERE 番号<400");
+        cn.Execute("DELETE FROM T WHERE 番号<400");
         EXPECT_EQ(Rows(file).size(), 800U) << "another reader";
         Expect_Refusal("another writer", file, Busy,
-                       [&] { Connection(file, Delivered_Key()).Execute("DELETE * FROM T"); });
+                       [&] { Connection(file, Delivered_Key()).Execute("DELETE FROM T"); });
         transaction.Commit();
     }
     EXPECT_EQ(Rows(file).size(), 400U);

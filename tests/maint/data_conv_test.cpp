@@ -31,7 +31,7 @@ class Data_Conversion : public Installation {
     void Make_Form_2008() {
         const Connection cn = Cn_Open(session);
         for (const int code : {140, 141, 142, 153, 204, 232}) {
-            cn.Execute("DELETE * FROM Ks_Zaihyo WHERE 建設科目CD=" + std::to_string(code));
+            cn.Execute("DELETE FROM Ks_Zaihyo WHERE 建設科目CD=" + std::to_string(code));
         }
         struct Range {
             int from, to, by;
@@ -150,7 +150,7 @@ TEST_F(Data_Conversion, To_2015_Adds_Only_What_Is_Missing_And_Renumbers_Older_La
         Set_Law_Year(session, 30, Law_Of(law).code);
         {
             const Connection cn = Cn_Open(session);
-            cn.Execute("DELETE * FROM W_Yoso WHERE 要素CD>=222 And 要素CD<=227");
+            cn.Execute("DELETE FROM W_Yoso WHERE 要素CD>=222 And 要素CD<=227");
         }
         Put_Elements({{221, 12}});
         messages.answers = {Answer::Yes};

@@ -393,7 +393,7 @@ TEST_F(Kekka_Test, Margins_By_Report_Number) {
     const Report_Row& newest = *Find_Report("Rpt_Kekka_2012");
     const Report_Row& oldest = *Find_Report("Rpt_Kekka");
     const Connection cn = Cn_Open(session);
-    cn.Execute("DELETE * FROM Report_Info WHERE レポートNo=17;");
+    cn.Execute("DELETE FROM Report_Info WHERE レポートNo=17;");
     Print_State state;
     state.Prt_Scale = 0.5F;
     state.Prt_Busu = 3;

@@ -233,7 +233,7 @@ TEST_F(Syokuta_Store, Adds_The_Rows_Of_Knowledge_And_Forms_P_Anew) {
         Make_Company(1, 1, 10);
         session.Simyu_Kubun = Law_Of(c.law).code;
         const std::string of_period = "決算期=10 And 要素CD>=228 And 要素CD<=233";
-        Cn_Open(session).Execute("DELETE * FROM W_Yoso WHERE " + of_period + ";");
+        Cn_Open(session).Execute("DELETE FROM W_Yoso WHERE " + of_period + ";");
         Put_Elements({{210, c.law}, {101, 1}, {102, 1}, {103, 1}, {121, 1}, {201, 3}});
         Put_Work(0, {{"評点X1", 1000}, {"評点Z", 900}, {"総合評点P", 1}});
         Put_Work(2, {{"評点X1", 1000}, {"評点Z", 900}});

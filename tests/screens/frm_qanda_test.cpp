@@ -55,7 +55,7 @@ TEST_F(Note_Screen, A_Note_Is_Stored_On_Closing_And_Lights_The_Button) {
 }
 
 TEST_F(Note_Screen, A_Missing_Row_Is_Made_For_A_Text_Only) {
-    Cn_Open(session).Execute("DELETE * FROM QandA");
+    Cn_Open(session).Execute("DELETE FROM QandA");
     Write("Advice", "");
     EXPECT_EQ(List("SELECT count(*) FROM QandA"), "0");
     Write("Advice", "答");

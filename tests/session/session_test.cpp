@@ -73,8 +73,8 @@ TEST_F(Session_Test, A_Note_Has_A_Question_Or_An_Advice) {
     Make_Company(1, 1, 5);
     {
         const Connection cn = Cn_Open(session);
-        cn.Execute("UPDATE QandA SET QandA.質問 = '問' WHERE QNo=41");
-        cn.Execute("UPDATE QandA SET QandA.アドバイス = '答' WHERE QNo=42");
+        cn.Execute("UPDATE QandA SET 質問 = '問' WHERE QNo=41");
+        cn.Execute("UPDATE QandA SET アドバイス = '答' WHERE QNo=42");
         cn.Execute("INSERT INTO QandA (決算期, QNo, 質問) VALUES (4, 43, '前期')");
     }
     for (const auto& [screen, noted] :
@@ -106,7 +106,7 @@ struct Form_Case {
 void Expect_Forms(Session& session, std::span<const Form_Case> cases) {
     const Connection cn = Cn_Open(session);
     for (const auto& c : cases) {
-        cn.Execute("DELETE * FROM Ks_Zaihyo");
+        cn.Execute("DELETE FROM Ks_Zaihyo");
         const std::array<Value, 1> marker = {c.marker};
         if (c.marker != Value(-1)) {
             cn.Execute("INSERT INTO Ks_Zaihyo (決算期, 建設科目CD, 並び順) VALUES (3, 99, ?)", marker);
@@ -253,7 +253,7 @@ TEST_F(Session_Test, Each_Store_Has_Its_Opener) {
                  {"morv_org.dat", Cn_Open_Org, "Ks_Zaihyo_Hk_new", false}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.file);
-        const std::string clear = std::string("DELETE * FROM ") + c.table;
+        const std::string clear = std::string("DELETE FROM ") + c.table;
         if (c.writable) {
             EXPECT_NO_THROW(c.open(session).Execute(clear));
         } else {

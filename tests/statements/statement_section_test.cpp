@@ -303,7 +303,7 @@ TEST_F(Corporation_Test, A_section_without_accounts_is_empty_and_closes) {
 }
 
 TEST_F(Corporation_Test, The_change_of_equity_gets_its_row_and_a_blank_is_zero) {
-    Cn_Open(session).Execute("DELETE * FROM Ks_Zaihyo WHERE 建設科目CD=901;");
+    Cn_Open(session).Execute("DELETE FROM Ks_Zaihyo WHERE 建設科目CD=901;");
     EXPECT_TRUE(Load_Equity_Change(session).amount.Is_Null());
     EXPECT_EQ(Load_Equity_Change(session).name, "変動計算書　剰余金の配当") << "and only once";
     Save_Equity_Change(session, -250.0);

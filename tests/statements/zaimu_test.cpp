@@ -415,8 +415,8 @@ TEST_F(National_Test, Flags_Of_Rows) {
         {"lease debt of class Kdf", "UPDATE Ks_Zaihyo SET 科目分類識別='Kdf' WHERE 建設科目CD=232;", 248, 0,
          0},
         {"Kdf in 249", "UPDATE Ks_Zaihyo SET 科目分類識別='Kdf' WHERE 建設科目CD=232;", 249, 300, 300},
-        {"a total without its row", "DELETE * FROM Ks_Zaihyo WHERE 建設科目CD=229;", 249, 350, 350},
-        {"a line without its row", "DELETE * FROM Ks_Zaihyo WHERE 建設科目CD=260;", 269, 7, 7},
+        {"a total without its row", "DELETE FROM Ks_Zaihyo WHERE 建設科目CD=229;", 249, 350, 350},
+        {"a line without its row", "DELETE FROM Ks_Zaihyo WHERE 建設科目CD=260;", 269, 7, 7},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
@@ -489,7 +489,7 @@ class Prior_Test : public Statement_Test, public ::testing::WithParamInterface<P
         cn.Execute("UPDATE Ks_Zaihyo SET 並び順=" + std::to_string(GetParam().form) +
                    " WHERE 建設科目CD=99 And 決算期<12;");
         if (GetParam().form == 0) {
-            cn.Execute("DELETE * FROM Ks_Zaihyo WHERE 建設科目CD=99 And 決算期<12;");
+            cn.Execute("DELETE FROM Ks_Zaihyo WHERE 建設科目CD=99 And 決算期<12;");
         }
         for (const char* period : {"10", "11"}) {
             cn.Execute(std::string("INSERT INTO Ks_Zaihyo (決算期, 建設科目CD) VALUES (") + period +
@@ -554,7 +554,7 @@ TEST_F(National_Test, Prior_Figures_Without_Sources_Or_Targets) {
     EXPECT_EQ(Dump(session.Work_Store), prepared) << "into the auxiliary store";
     EXPECT_EQ(Cn_Open_Tmp(session).Open("SELECT * FROM Ks_Zaihyo")["改善後残高"].As_Double(), 70.0);
 
-    Cn_Open(session).Execute("DELETE * FROM Ks_Zaihyo WHERE 決算期=11 And 建設科目CD=824;");
+    Cn_Open(session).Execute("DELETE FROM Ks_Zaihyo WHERE 決算期=11 And 建設科目CD=824;");
     Zen_Get(session, 11, 2);
     EXPECT_EQ(Amount(825), 70.0) << "behind a target that is missing";
     EXPECT_EQ(Amount(826), 0.0) << "a blank source";
