@@ -4,7 +4,7 @@
 build_packages=(g++ cmake ninja-build ccache pkg-config libsqlcipher-dev libssl-dev nlohmann-json3-dev libcli11-dev
                 libcairo2-dev libcups2-dev qt6-base-dev libqt6svg6 qt6-translations-l10n fonts-ipaexfont-gothic fonts-ipaexfont-mincho
                 fonts-ipamj-mincho)
-test_packages=(libgtest-dev python3 poppler-utils cups-daemon)
+test_packages=(libgtest-dev python3 poppler-utils cups-daemon clang-format-14)
 bench_packages=(libbenchmark-dev python3)
 picture_packages=(xvfb openbox poppler-utils)
 

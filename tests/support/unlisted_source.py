@@ -24,7 +24,7 @@ with tempfile.TemporaryDirectory() as folder:
 
     complete = configure("complete")
     assert complete.returncode == 0, complete.stderr
-    (tree / "src" / "calc" / "forgotten.cpp").write_text("// nothing\n")
+    (tree / "src" / "forgotten.cpp").write_text("// nothing\n")
     forgotten = configure("forgotten")
     assert forgotten.returncode != 0, "an unlisted source was accepted"
     assert "forgotten.cpp" in forgotten.stderr, forgotten.stderr
