@@ -66,13 +66,12 @@ class Form : public QDialog {
     /// Connects a signal to work that runs inside the shell's guard.
     template <class Sender, class Signal, class Work>
     void Wire(Sender* sender, Signal signal, Work work) {
-        connect(sender, signal, this, [this, work](auto... arguments) {
-            if constexpr (std::is_invocable_v<Work, decltype(arguments)...>) {
-                shell.Guard([&] { work(arguments...); });
-            } else {
-                shell.Guard([&] { work(); });
-            }
-        });
+        if constexpr (std::is_invocable_v<Work>) {
+            connect(sender, signal, this, [this, work] { shell.Guard(work); });
+        } else {
+            connect(sender, signal, this,
+                    [this, work](auto... arguments) { shell.Guard([&] { work(arguments...); }); });
+        }
     }
 
     Shell_Port& shell;

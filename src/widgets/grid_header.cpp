@@ -13,13 +13,14 @@ namespace {
 constexpr int padding = 4;
 
 // A field of a heading or caption with the lines at its right and foot.
-void Paint_Field(QPainter& painter, const QRect& rect, const QString& text, QRgb ground, int alignment) {
+void Paint_Field(QPainter& painter, const QRect& rect, const QString& text, QRgb ground,
+                 Qt::Alignment alignment) {
     painter.fillRect(rect, QColor(ground));
     painter.setPen(QColor(theme::line));
     painter.drawLine(rect.topRight(), rect.bottomRight());
     painter.drawLine(rect.bottomLeft(), rect.bottomRight());
     painter.setPen(QColor(theme::text));
-    painter.drawText(rect.adjusted(padding, 1, -padding - 1, -1), alignment, text);
+    painter.drawText(rect.adjusted(padding, 1, -padding - 1, -1), static_cast<int>(alignment.toInt()), text);
 }
 
 QFont Bold(const QFont& font) {
