@@ -15,8 +15,6 @@ namespace morvane {
 
 namespace {
 
-using Json = nlohmann::ordered_json;
-
 Json To_Json(const Value& value) {
     if (value.Is_Null()) {
         return nullptr;
@@ -26,7 +24,7 @@ Json To_Json(const Value& value) {
 
 /// The non-Null fields of the current row among `columns`.
 Json Fields(const Recordset& row, const std::vector<std::string>& columns) {
-    Json fields = Json::object();
+    Json fields = Json::Object();
     for (const std::string& column : columns) {
         if (!row[column].Is_Null()) {
             fields[column] = To_Json(row[column]);
@@ -37,7 +35,7 @@ Json Fields(const Recordset& row, const std::vector<std::string>& columns) {
 
 // A row whose only field is the plain one is written as the bare number.
 Json Plain(Json fields, const char* plain) {
-    return fields.size() == 1 && fields.contains(plain) ? fields[plain] : fields;
+    return fields.Size() == 1 && fields.Has(plain) ? fields[plain] : fields;
 }
 
 Recordset Rows_Of(const Connection& cn, const char* table, const char* key, std::int64_t period) {
@@ -49,26 +47,29 @@ Json Statement_Json(const Connection& cn, std::int64_t period, bool corporation)
     // saved.
     static const std::vector<std::string> saved = {
         "借方1", "貸方1", "改善後残高1", "借方2", "貸方2", "改善後残高2", "借方3", "貸方3", "改善後残高3"};
-    Json table = Json::object();
+    Json table = Json::Object();
     for (Recordset row = Rows_Of(cn, "Ks_Zaihyo", "建設科目CD", period); !row.Eof(); row.Move_Next()) {
         const std::string code = row["建設科目CD"].As_Text();
         const std::int64_t number = row["建設科目CD"].As_Integer();
         const bool prior = Is_Prior_Figure(static_cast<int>(number));
-        Json fields = Json::object();
+        Json fields = Json::Object();
         if (row["金額編集識別"].As_Boolean()) {
             fields = Fields(row, {"金額", "仮金額", "借方", "貸方"});
             if (!row["改善後残高"].Is_Null() && row["改善後残高"].As_Double() != Improved_Balance(row)) {
                 fields["改善後残高"] = To_Json(row["改善後残高"]);
             }
         }
-        fields.update(Fields(row, saved));
+        const Json of_slots = Fields(row, saved);
+        for (const auto& [column, value] : of_slots.Items()) {
+            fields[column] = value;
+        }
         if (row["建設科目名"] != row[corporation ? "法人科目名" : "個人科目名"]) {
             fields["建設科目名"] = To_Json(row["建設科目名"]);
         }
         if (prior && row["金額"].Is_Null()) {
             fields["金額"] = nullptr; // blank, not to be filled from an earlier period
         }
-        if (!fields.empty()) {
+        if (!fields.Is_Empty()) {
             table[code] = Plain(std::move(fields), "金額");
         }
     }
@@ -77,13 +78,13 @@ Json Statement_Json(const Connection& cn, std::int64_t period, bool corporation)
 
 Json Table_Json(const Connection& cn, const char* table, const char* key, std::int64_t period,
                 const std::vector<std::string>& columns, const char* plain) {
-    Json rows = Json::object();
+    Json rows = Json::Object();
     for (Recordset row = Rows_Of(cn, table, key, period); !row.Eof(); row.Move_Next()) {
         Json fields = Fields(row, columns);
         if (std::string_view(table) == "W_Yoso" && row[key].As_Integer() == 210) {
-            fields.erase("現状"); // given as Simyu_Kubun
+            fields.Erase("現状"); // given as Simyu_Kubun
         }
-        if (!fields.empty()) {
+        if (!fields.Is_Empty()) {
             rows[row[key].As_Text()] = plain == nullptr ? std::move(fields) : Plain(std::move(fields), plain);
         }
     }
@@ -110,7 +111,7 @@ Json Period_Json(const Connection& cn, std::int64_t period, bool corporation) {
     record["W_Yoso"] = Table_Json(cn, "W_Yoso", "要素CD", period,
                                   {"現状", "改善後0", "改善後1", "改善後2", "改善後3"}, "現状");
     Json notes = Table_Json(cn, "QandA", "QNo", period, {"質問", "アドバイス"}, nullptr);
-    if (!notes.empty()) {
+    if (!notes.Is_Empty()) {
         record["QandA"] = std::move(notes);
     }
     return record;
@@ -120,10 +121,10 @@ Json Period_Json(const Connection& cn, std::int64_t period, bool corporation) {
 void Write_Object(std::string& text, const Json& object, const std::string& indent, std::size_t width) {
     text += "{";
     std::size_t count = 0;
-    for (const auto& [key, value] : object.items()) {
+    for (const auto& [key, value] : object.Items()) {
         text += count == 0 ? "" : ",";
         text += count % width == 0 ? "\n" + indent : " ";
-        text += Json(key).dump() + ": " + value.dump();
+        text += Json(key).Text() + ": " + value.Text();
         ++count;
     }
     text += "}";
@@ -131,7 +132,7 @@ void Write_Object(std::string& text, const Json& object, const std::string& inde
 
 } // namespace
 
-nlohmann::ordered_json Export_Case(const Session& session, const std::filesystem::path& store) {
+Json Export_Case(const Session& session, const std::filesystem::path& store) {
     const Connection cn(store, session.Db_Key, Connection::Mode::Read_Only);
     Json record;
     record["format"] = "morvane-case";
@@ -142,29 +143,29 @@ nlohmann::ordered_json Export_Case(const Session& session, const std::filesystem
         throw Store_Error(store, Store_Error::Reason::Bad_Content, "事業所の情報（Jigyo_mas）がありません");
     }
     record["Jigyo_mas"] = Fields(firm, firm.Columns());
-    record["periods"] = Json::array();
+    record["periods"] = Json::Array();
     const bool corporation = firm["法人個人識別"].As_Integer() == 1;
     for (Recordset periods = cn.Open("SELECT * FROM Ks_ki ORDER BY 決算期"); !periods.Eof();
          periods.Move_Next()) {
-        record["periods"].push_back(Period_Json(cn, periods["決算期"].As_Integer(), corporation));
+        record["periods"].Add(Period_Json(cn, periods["決算期"].As_Integer(), corporation));
     }
     return record;
 }
 
-std::string Case_Text(const nlohmann::ordered_json& record) {
+std::string Case_Text(const Json& record) {
     std::string text =
-        "{\"format\": \"morvane-case\", \"version\": 1, \"Tiiki_CD\": " + record["Tiiki_CD"].dump() +
+        "{\"format\": \"morvane-case\", \"version\": 1, \"Tiiki_CD\": " + record["Tiiki_CD"].Text() +
         ",\n \"Jigyo_mas\": ";
     Write_Object(text, record["Jigyo_mas"], "  ", 6);
     text += ",\n \"periods\": [";
     const char* comma = "\n";
-    for (const Json& period : record["periods"]) {
+    for (const Json& period : record["periods"].Array_Elements()) {
         text += comma;
-        text += "  {\"決算期\": " + period["決算期"].dump() +
-                ", \"Simyu_Kubun\": " + period["Simyu_Kubun"].dump();
+        text += "  {\"決算期\": " + period["決算期"].Text() +
+                ", \"Simyu_Kubun\": " + period["Simyu_Kubun"].Text();
         for (const auto& [name, width] : {std::pair("Ks_Zaihyo", 8U), std::pair("Kandaka_Gj", 1U),
                                           std::pair("W_Yoso", 10U), std::pair("QandA", 1U)}) {
-            if (period.contains(name)) {
+            if (period.Has(name)) {
                 text += ",\n   \"" + std::string(name) + "\": ";
                 Write_Object(text, period[name], "    ", width);
             }

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
+#include "data/json_text.h"
 #include "session/session.h"
 
 #include <cstdint>
 #include <filesystem>
-#include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
 
@@ -36,9 +36,9 @@ std::string Edition_Of_Case(const std::filesystem::path& file);
 Imported Import_Case(const Session& session, const std::filesystem::path& file);
 
 /// A company as a case file; importing it gives the same company. Raises Store_Error.
-nlohmann::ordered_json Export_Case(const Session& session, const std::filesystem::path& store);
+Json Export_Case(const Session& session, const std::filesystem::path& store);
 
 /// The text of a case: one line per account group, work type and element.
-std::string Case_Text(const nlohmann::ordered_json& record);
+std::string Case_Text(const Json& record);
 
 } // namespace morvane

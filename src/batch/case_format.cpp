@@ -25,7 +25,6 @@ namespace morvane {
 namespace {
 
 namespace fs = std::filesystem;
-using Json = nlohmann::json;
 
 constexpr double most_amount = 1e15;     // amounts have up to fifteen digits
 constexpr std::size_t most_note = 32767; // characters of a note
@@ -44,17 +43,17 @@ struct Spot {
 };
 
 const Json& Object_At(const Spot& spot, const Json& value) {
-    if (!value.is_object()) {
+    if (!value.Is_Object()) {
         spot.Refuse("オブジェクトではありません。");
     }
     return value;
 }
 
 std::int64_t Whole_Number(const Spot& spot, const Json& value, double lowest, double highest) {
-    if (!value.is_number()) {
+    if (!value.Is_Number()) {
         spot.Refuse("数値ではありません（" + Shown_Json(value) + "）。");
     }
-    const auto number = value.get<double>();
+    const auto number = value.As_Double();
     if (!(number >= lowest && number <= highest)) {
         spot.Refuse("数値が範囲外です（" + Shown_Json(value) + "）。");
     }
@@ -71,15 +70,15 @@ Int Whole(const Spot& spot, const Json& value) {
 }
 
 Value Field_Value(const Spot& spot, const Json& value, Column_Type type) {
-    if (value.is_null()) {
+    if (value.Is_Null()) {
         return {};
     }
     switch (type) {
     case Column_Type::Text:
-        if (!value.is_string()) {
+        if (!value.Is_Text()) {
             spot.Refuse("文字列ではありません（" + Shown_Json(value) + "）。");
         }
-        return value.get_ref<const std::string&>();
+        return value.As_Text();
     case Column_Type::Integer:
         return std::int64_t{Whole<std::int16_t>(spot, value)};
     case Column_Type::Long:
@@ -141,18 +140,18 @@ bool Is_Listed(const std::vector<std::string>& list, const std::string& name) {
 /// The fields that a value of a case gives: one under the plain column, or those of the object.
 std::vector<std::pair<std::string, Json>> Fields_Of(const Spot& spot, const Table_Form& form,
                                                     const Json& value) {
-    if (form.plain != nullptr && !value.is_object()) {
+    if (form.plain != nullptr && !value.Is_Object()) {
         return {{form.plain, value}};
     }
     std::vector<std::pair<std::string, Json>> fields;
-    for (const auto& [name, field] : Object_At(spot, value).items()) {
+    for (const auto& [name, field] : Object_At(spot, value).Items()) {
         const bool barred =
             Is_Listed(form.barred, name) || (!form.columns.empty() && !Is_Listed(form.columns, name));
         if (barred) {
             (spot / name).Refuse("指定できない項目です。");
         }
         if (std::any_of(fields.begin(), fields.end(),
-                        [&](const auto& other) { return Same_Name(other.first, name); })) {
+                        [&name = name](const auto& other) { return Same_Name(other.first, name); })) {
             (spot / name).Refuse(twice);
         }
         fields.emplace_back(name, field);
@@ -217,7 +216,7 @@ Spot Period_Spot(const Case_Record& record, const Case_Period& period) {
 Case_Period Read_Period(const Spot& spot, const Json& value, std::size_t index) {
     Case_Period period;
     period.index = index;
-    for (const auto& [key, field] : Object_At(spot, value).items()) {
+    for (const auto& [key, field] : Object_At(spot, value).Items()) {
         const Spot at = spot / key;
         if (key == "決算期") {
             period.number = static_cast<std::int16_t>(Whole_Number(at, field, 0, 32767));
@@ -231,7 +230,7 @@ Case_Period Read_Period(const Spot& spot, const Json& value, std::size_t index) 
             at.Refuse("知らない項目です。");
         }
     }
-    if (!value.contains("決算期")) {
+    if (!value.Has("決算期")) {
         (spot / "決算期").Refuse("指定されていません。");
     }
     return period;
@@ -257,7 +256,7 @@ void Test_Date(const Spot& spot, const Case_Record& record, const std::string& d
 
 void Read_Firm(const Spot& spot, const Json& value, Case_Record& record) {
     const Table_Info& table = Table_Of(Store_Kind::Company, "Jigyo_mas");
-    for (const auto& [key, field] : Object_At(spot, value).items()) {
+    for (const auto& [key, field] : Object_At(spot, value).Items()) {
         const Spot at = spot / key;
         const Column_Info& column = Column_Of(at, table, key);
         Value given = Field_Value(at, field, column.type);
@@ -279,16 +278,16 @@ void Read_Firm(const Spot& spot, const Json& value, Case_Record& record) {
 }
 
 void Read_Periods(const Spot& spot, const Json& value, Case_Record& record) {
-    if (!value.is_array() || value.empty()) {
+    if (!value.Is_Array() || value.Is_Empty()) {
         spot.Refuse("決算期の配列ではありません。");
     }
-    if (value.size() > most_periods) {
+    if (value.Size() > most_periods) {
         spot.Refuse("決算期は" + std::to_string(most_periods) + "期までです（" +
-                    std::to_string(value.size()) + "期）。");
+                    std::to_string(value.Size()) + "期）。");
     }
-    for (std::size_t i = 0; i < value.size(); ++i) {
+    for (std::size_t i = 0; i < value.Size(); ++i) {
         const Spot at{spot.file, "periods[" + std::to_string(i) + "]"};
-        Case_Period period = Read_Period(at, value[i], i);
+        Case_Period period = Read_Period(at, value.Array_Elements()[i], i);
         if (i > 0 && period.number != record.periods.back().number + 1) {
             (at / "決算期").Refuse("決算期は古いものから連続して並べてください。");
         }
@@ -299,6 +298,11 @@ void Read_Periods(const Spot& spot, const Json& value, Case_Record& record) {
                      [&](const Case_Period& period) { return period.number == in_hand; })) {
         throw Case_Error(spot.file, "Jigyo_mas.処理決算期", "periods にない決算期です。");
     }
+}
+
+Json At_Or_Null(const Json& object, const char* key) {
+    const Json* found = object.Find(key);
+    return found != nullptr ? *found : Json();
 }
 
 Json Parse(const fs::path& file) {
@@ -316,13 +320,13 @@ Case_Record Read_Case(const fs::path& file) {
     const Json root = Parse(file);
     const Spot top{file, ""};
     Object_At(top, root);
-    if (root.value("format", Json()) != "morvane-case") {
+    if (At_Or_Null(root, "format") != "morvane-case") {
         (top / "format").Refuse("「morvane-case」ではありません。");
     }
-    if (root.value("version", Json()) != 1) {
+    if (At_Or_Null(root, "version") != 1) {
         (top / "version").Refuse("対応していない版です。");
     }
-    for (const auto& [key, field] : root.items()) {
+    for (const auto& [key, field] : root.Items()) {
         static const std::vector<std::string> known = {"format", "version", "Tiiki_CD", "Jigyo_mas",
                                                        "periods"};
         if (std::find(known.begin(), known.end(), key) == known.end()) {
@@ -331,19 +335,19 @@ Case_Record Read_Case(const fs::path& file) {
     }
     Case_Record record;
     record.file = file;
-    const Json edition = root.value("Tiiki_CD", Json());
+    const Json edition = At_Or_Null(root, "Tiiki_CD");
     if (edition != "01" && edition != "13") {
         (top / "Tiiki_CD").Refuse("\"01\"（北海道）か \"13\"（全国）を指定してください。");
     }
-    record.edition = edition.get<std::string>();
-    Read_Firm(top / "Jigyo_mas", root.value("Jigyo_mas", Json()), record);
-    Read_Periods(top / "periods", root.value("periods", Json()), record);
+    record.edition = edition.As_Text();
+    Read_Firm(top / "Jigyo_mas", At_Or_Null(root, "Jigyo_mas"), record);
+    Read_Periods(top / "periods", At_Or_Null(root, "periods"), record);
     return record;
 }
 
 void Case_Record::Put_Table(const Connection& cn, const Case_Period& period, Case_Table table) const {
     const Table_Form& form = Form_Of(table);
-    if (!period.tables.contains(form.name)) {
+    if (!period.tables.Has(form.name)) {
         return;
     }
     const Table_Info& info = Table_Of(Store_Kind::Company, form.name);
@@ -351,7 +355,7 @@ void Case_Record::Put_Table(const Connection& cn, const Case_Period& period, Cas
     Recordset rows = cn.Open(
         std::string("SELECT * FROM ") + form.name + " WHERE 決算期=? ORDER BY " + form.key, period.number);
     std::set<int> codes;
-    for (const auto& [key, value] : period.tables[form.name].items()) {
+    for (const auto& [key, value] : period.tables[form.name].Items()) {
         const Spot at = spot / key;
         const int code = Code_Of(at, key);
         if (!codes.insert(code).second) {
@@ -361,7 +365,7 @@ void Case_Record::Put_Table(const Connection& cn, const Case_Period& period, Cas
             at.Refuse("この決算期にないコードです。");
         }
         for (const auto& [name, field] : Fields_Of(at, form, value)) {
-            const Spot field_spot = value.is_object() ? at / name : at;
+            const Spot field_spot = value.Is_Object() ? at / name : at;
             const Column_Info& column = Column_Of(field_spot, info, name);
             const Value number = Field_Value(field_spot, field, column.type);
             Test_Value(field_spot, table, code, column.name, number, period.law_year);
@@ -375,12 +379,12 @@ void Case_Record::Put_Table(const Connection& cn, const Case_Period& period, Cas
 }
 
 void Case_Record::Put_Prior_Figures(const Connection& cn, const Case_Period& period) const {
-    if (!period.tables.contains("Ks_Zaihyo")) {
+    if (!period.tables.Has("Ks_Zaihyo")) {
         return;
     }
     const Table_Form& form = Form_Of(Case_Table::Ks_Zaihyo);
     const Spot spot = Period_Spot(*this, period) / form.name;
-    for (const auto& [key, value] : period.tables["Ks_Zaihyo"].items()) {
+    for (const auto& [key, value] : period.tables["Ks_Zaihyo"].Items()) {
         const int code = Code_Of(spot / key, key);
         if (!Is_Prior_Figure(code)) {
             continue;
@@ -395,18 +399,18 @@ void Case_Record::Put_Prior_Figures(const Connection& cn, const Case_Period& per
 }
 
 bool Case_Record::Gives_Balances(const Case_Period& period) const {
-    if (!period.tables.contains("Ks_Zaihyo")) {
+    if (!period.tables.Has("Ks_Zaihyo")) {
         return false;
     }
-    const Json& table = period.tables["Ks_Zaihyo"];
-    return std::any_of(table.begin(), table.end(),
-                       [](const Json& value) { return value.is_object() && value.contains("改善後残高"); });
+    const Json::Members& rows = period.tables["Ks_Zaihyo"].Items();
+    return std::any_of(rows.begin(), rows.end(),
+                       [](const Json::Member& row) { return row.second.Has("改善後残高"); });
 }
 
 void Case_Record::Put_Balances(const Connection& cn, const Case_Period& period) const {
     const Spot spot = Period_Spot(*this, period) / "Ks_Zaihyo";
-    for (const auto& [key, value] : period.tables["Ks_Zaihyo"].items()) {
-        if (value.is_object() && value.contains("改善後残高")) {
+    for (const auto& [key, value] : period.tables["Ks_Zaihyo"].Items()) {
+        if (value.Has("改善後残高")) {
             cn.Execute("UPDATE Ks_Zaihyo SET 改善後残高 = ? WHERE 決算期=? And 建設科目CD=?",
                        Field_Value(spot / key / "改善後残高", value["改善後残高"], Column_Type::Double),
                        period.number, Code_Of(spot / key, key));

@@ -2,12 +2,12 @@
 #pragma once
 
 #include "data/connection.h"
+#include "data/json_text.h"
 #include "law/law_year.h"
 
 #include <cstdint>
 #include <filesystem>
 #include <map>
-#include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
 
@@ -20,7 +20,7 @@ struct Case_Period {
     std::int16_t number = 0;                       ///< 決算期
     Law_Year_No law_year = Newest_Law_Year().code; ///< Simyu_Kubun
     std::size_t index = 0;                         ///< place in the file
-    nlohmann::json tables;
+    Json tables;
 };
 
 /// A case file that has been read and tested as far as it can be without a store.

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "batch/score_format.h"
 
+#include "data/json_text.h"
 #include "data/shown_text.h"
 #include "data/work_columns.h"
 #include "law/elements.h"
@@ -8,14 +9,11 @@
 
 #include <array>
 #include <charconv>
-#include <nlohmann/json.hpp>
 #include <span>
 
 namespace morvane {
 
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 /// The double whose shortest text is also the shortest text of the single.
 double Short(float number) {
@@ -32,9 +30,9 @@ std::string Short_Text(float number) {
 }
 
 Json Floats(std::span<const float> numbers) {
-    Json list = Json::array();
+    Json list = Json::Array();
     for (const float number : numbers) {
-        list.push_back(Short(number));
+        list.Add(Short(number));
     }
     return list;
 }
@@ -78,11 +76,6 @@ std::int32_t W_Of(const Settled_Score& score, int element) {
     return has ? score.figures.Yoso(element) : 0;
 }
 
-// A name of a foreign store may be no valid text; what is written is valid all the same.
-std::string Json_Line(const Json& record) {
-    return record.dump(-1, ' ', false, Json::error_handler_t::replace);
-}
-
 std::string Json_Text(const Settled_Score& score) {
     Json record;
     record["管理No"] = score.kanri_no;
@@ -90,20 +83,23 @@ std::string Json_Text(const Settled_Score& score) {
     record["決算期"] = score.period;
     record["Simyu_Kubun"] = Law_Number(score.figures.law_year);
     record["scenario"] = score.scenario->name;
-    record["Y"] = {{"X", Floats(score.y.Y_Kekka)},
-                   {"ritu", Floats(score.y.Y_Ritu)},
-                   {"A", Short(score.y.Y_A_Ten)},
-                   {"Y", score.y.Y_Ten}};
-    record["X2"] = {{"Jiko", score.x2.X2_Jiko},   {"Jiko_Used", score.x2.X2_Jiko_Used},
-                    {"Rieki", score.x2.X2_Rieki}, {"Rieki_Used", score.x2.X2_Rieki_Used},
-                    {"X2_1", score.x2.X2_1_Ten},  {"X2_2", score.x2.X2_2_Ten},
-                    {"X2", score.x2.X2_Ten}};
+    record["Y"] = Json::Object({{"X", Floats(score.y.Y_Kekka)},
+                                {"ritu", Floats(score.y.Y_Ritu)},
+                                {"A", Short(score.y.Y_A_Ten)},
+                                {"Y", score.y.Y_Ten}});
+    record["X2"] = Json::Object({{"Jiko", score.x2.X2_Jiko},
+                                 {"Jiko_Used", score.x2.X2_Jiko_Used},
+                                 {"Rieki", score.x2.X2_Rieki},
+                                 {"Rieki_Used", score.x2.X2_Rieki_Used},
+                                 {"X2_1", score.x2.X2_1_Ten},
+                                 {"X2_2", score.x2.X2_2_Ten},
+                                 {"X2", score.x2.X2_Ten}});
     Json w;
     for (const W_Row& row : w_rows) {
         w[row.name] = W_Of(score, row.element);
     }
     record["W"] = std::move(w);
-    Json lines = Json::array();
+    Json lines = Json::Array();
     for (std::size_t i = 0; i < work_line_count; ++i) {
         const Work_Line& line = score.figures.works[i];
         if (!line.row) {
@@ -115,10 +111,10 @@ std::string Json_Text(const Settled_Score& score) {
         for (const Line_Column& column : line_columns) {
             entry[column.name] = Or_Null(line.*column.figure);
         }
-        lines.push_back(std::move(entry));
+        lines.Add(std::move(entry));
     }
     record["Kandaka_Gj"] = std::move(lines);
-    return Json_Line(record);
+    return record.Text();
 }
 
 std::string Csv_Quoted(const std::string& text) {
@@ -251,11 +247,11 @@ std::string Score_Tail(Score_Format format, const std::vector<Score_Failure>& fa
     if (format != Score_Format::Json) {
         return {};
     }
-    Json list = Json::array();
+    Json list = Json::Array();
     for (const Score_Failure& failure : failures) {
-        list.push_back({{"管理No", failure.number}, {"error", failure.reason}});
+        list.Add(Json::Object({{"管理No", failure.number}, {"error", failure.reason}}));
     }
-    return "],\n\"errors\":" + Json_Line(list) + "}\n";
+    return "],\n\"errors\":" + list.Text() + "}\n";
 }
 
 } // namespace morvane

@@ -5,11 +5,11 @@
 #include "company/datacheck.h"
 #include "data/json_text.h"
 #include "data/store_file.h"
+#include "law/checked.h"
 #include "session/kidou_ini.h"
 
 #include <algorithm>
 #include <array>
-#include <nlohmann/json.hpp>
 #include <optional>
 #include <unistd.h>
 
@@ -18,8 +18,6 @@ namespace morvane {
 namespace fs = std::filesystem;
 
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 constexpr const char* kind_names[] = {"登録", "変更", "削除"};
 
@@ -35,23 +33,22 @@ std::string Intent_Text(const Work_Intent& intent) {
     record["事業所カナ名"] = intent.row.kana;
     record["変更前CD"] = intent.former;
     // A name of a foreign register may be no valid text; it is then only not found again.
-    return record.dump(1, ' ', false, Json::error_handler_t::replace) + "\n";
+    return record.Text(true) + "\n";
 }
 
 std::optional<Work_Intent> Read_Intent(const fs::path& file) {
     const std::string text = Read_Text_File(file);
     try {
-        const Json record = Ordered_Json_Of(text);
-        const auto name = record.at("処理").get<std::string>();
+        const Json record = Json_Of(text);
+        const auto name = record["処理"].As_Text();
         const auto* const kind = std::find(std::begin(kind_names), std::end(kind_names), name);
         if (kind == std::end(kind_names)) {
             return std::nullopt;
         }
         return Work_Intent{.kind = static_cast<Work_Intent::Kind>(kind - std::begin(kind_names)),
-                           .row = {record.at("事業所CD").get<std::int32_t>(),
-                                   record.at("事業所名").get<std::string>(),
-                                   record.at("事業所カナ名").get<std::string>()},
-                           .former = record.at("変更前CD").get<std::int32_t>()};
+                           .row = {Narrow_Double<std::int32_t>(record["事業所CD"].As_Double(), ""),
+                                   record["事業所名"].As_Text(), record["事業所カナ名"].As_Text()},
+                           .former = Narrow_Double<std::int32_t>(record["変更前CD"].As_Double(), "")};
     } catch (const std::exception&) {
         return std::nullopt;
     }

@@ -4,8 +4,8 @@
 #include "data/shown_text.h"
 
 #include <algorithm>
+#include <nlohmann/json.hpp>
 #include <set>
-#include <vector>
 
 namespace morvane {
 
@@ -100,51 +100,27 @@ std::string Place_Of_Byte(std::string_view text, std::size_t byte) {
 
 /// Builds the document while the watch looks on. (The parser's own callbacks would go through all members of
 /// an object again for each of them.)
-template <class Json>
 class Json_Builder {
   public:
-    Json_Builder(Json& document, std::string_view source) : text(source), build(document) {}
+    Json_Builder(Json& root, std::string_view source) : text(source), document(root) {}
 
-    bool null() { return Value(&Build::null); }
-    bool boolean(bool value) { return Value(&Build::boolean, value); }
-    bool number_integer(typename Json::number_integer_t value) {
-        return Value(&Build::number_integer, value);
-    }
-    bool number_unsigned(typename Json::number_unsigned_t value) {
-        return Value(&Build::number_unsigned, value);
-    }
-    bool number_float(typename Json::number_float_t value, const std::string& digits) {
-        watch.Value();
-        return build.number_float(value, digits);
-    }
-    bool string(std::string& value) {
-        watch.Value();
-        return build.string(value);
-    }
-    bool binary(typename Json::binary_t& value) {
-        watch.Value();
-        return build.binary(value);
-    }
-    bool start_object(std::size_t size) {
-        watch.Enter(false);
-        return build.start_object(size);
-    }
+    bool null() { return Put({}); }
+    bool boolean(bool value) { return Put(value); }
+    bool number_integer(std::int64_t value) { return Put(value); }
+    bool number_unsigned(std::uint64_t value) { return Put(value); }
+    bool number_float(double value, const std::string& /*digits*/) { return Put(value); }
+    bool string(std::string& value) { return Put(std::move(value)); }
+    bool binary(nlohmann::json::binary_t& /*value*/) { return false; } // no text has one
+    bool start_object(std::size_t /*size*/) { return Enter(Json::Object()); }
     bool key(std::string& name) {
         watch.Key(name);
-        return build.key(name);
+        last_key = std::move(name);
+        return true;
     }
-    bool end_object() {
-        watch.Leave();
-        return build.end_object();
-    }
-    bool start_array(std::size_t size) {
-        watch.Enter(true);
-        return build.start_array(size);
-    }
-    bool end_array() {
-        watch.Leave();
-        return build.end_array();
-    }
+    bool end_object() { return Leave(); }
+    bool start_array(std::size_t /*size*/) { return Enter(Json::Array()); }
+    bool end_array() { return Leave(); }
+
     template <class Error>
     bool parse_error(std::size_t byte, const std::string& /*token*/, const Error& error) {
         constexpr int out_of_range = 406;
@@ -156,54 +132,204 @@ class Json_Builder {
     }
 
   private:
-    using Build = nlohmann::detail::json_sax_dom_parser<Json>;
-
-    template <class Add, class... Values>
-    bool Value(Add add, Values... values) {
+    bool Put(Json value) {
         watch.Value();
-        return (build.*add)(values...);
+        Place(std::move(value));
+        return true;
+    }
+
+    bool Enter(Json holder) {
+        watch.Enter(holder.Is_Array());
+        open.push_back(&Place(std::move(holder)));
+        return true;
+    }
+
+    bool Leave() {
+        watch.Leave();
+        open.pop_back();
+        return true;
+    }
+
+    /// Puts a value where the text stands. Only the innermost holder grows, so that those around it stay
+    /// where they are.
+    Json& Place(Json value) {
+        if (open.empty()) {
+            return document = std::move(value);
+        }
+        return open.back()->Is_Array() ? open.back()->Add(std::move(value))
+                                       : open.back()->Add(std::move(last_key), std::move(value));
     }
 
     std::string_view text;
-    Build build;
+    Json& document;
+    std::vector<Json*> open; ///< arrays and objects around the place
+    std::string last_key;
     Json_Watch watch;
 };
 
-template <class Json>
-Json Parsed(std::string_view text) {
-    if (text.size() > most_bytes) {
-        throw Json_Fault("", "大きすぎます（64MBまで）。");
-    }
-    Json document;
-    Json_Builder<Json> builder(document, text);
-    static_cast<void>(Json::sax_parse(text.begin(), text.end(), &builder));
-    return document;
+// Texts and numbers with a fraction are written by the library that reads them.
+template <class Scalar>
+std::string Scalar_Text(const Scalar& value) {
+    return nlohmann::json(value).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
 }
 
-template <class Json>
-std::string Shown(const Json& value) {
-    if (value.is_string()) {
-        return "\"" + Shown_Text(value.template get_ref<const std::string&>()) + "\"";
+void Write_Break(std::string& text, int level) {
+    if (level >= 0) {
+        text += "\n" + std::string(static_cast<std::size_t>(level), ' ');
     }
-    return value.is_object() ? "オブジェクト" : value.is_array() ? "配列" : value.dump();
+}
+
+[[noreturn]] void Throw_Kind(const Json& value, const char* wanted) {
+    throw Json_Fault("", std::string(wanted) + "ではありません（" + Shown_Json(value) + "）");
 }
 
 } // namespace
 
-nlohmann::json Json_Of(std::string_view text) {
-    return Parsed<nlohmann::json>(text);
+bool Json::Is_Number() const {
+    return std::holds_alternative<std::int64_t>(held) || std::holds_alternative<std::uint64_t>(held) ||
+           std::holds_alternative<double>(held);
 }
 
-nlohmann::ordered_json Ordered_Json_Of(std::string_view text) {
-    return Parsed<nlohmann::ordered_json>(text);
+double Json::As_Double() const {
+    if (const auto* whole = std::get_if<std::int64_t>(&held)) {
+        return static_cast<double>(*whole);
+    }
+    if (const auto* large = std::get_if<std::uint64_t>(&held)) {
+        return static_cast<double>(*large);
+    }
+    if (const auto* number = std::get_if<double>(&held)) {
+        return *number;
+    }
+    Throw_Kind(*this, "数値");
 }
 
-std::string Shown_Json(const nlohmann::json& value) {
-    return Shown(value);
+const std::string& Json::As_Text() const {
+    if (!Is_Text()) {
+        Throw_Kind(*this, "文字列");
+    }
+    return std::get<std::string>(held);
 }
 
-std::string Shown_Json(const nlohmann::ordered_json& value) {
-    return Shown(value);
+const Json::Elements& Json::Array_Elements() const {
+    if (!Is_Array()) {
+        Throw_Kind(*this, "配列");
+    }
+    return std::get<Elements>(held);
+}
+
+const Json::Members& Json::Items() const {
+    if (!Is_Object()) {
+        Throw_Kind(*this, "オブジェクト");
+    }
+    return std::get<Members>(held);
+}
+
+const Json* Json::Find(std::string_view key) const {
+    const auto* members = std::get_if<Members>(&held);
+    if (members == nullptr) {
+        return nullptr;
+    }
+    const auto found = std::find_if(members->begin(), members->end(),
+                                    [key](const Member& member) { return member.first == key; });
+    return found == members->end() ? nullptr : &found->second;
+}
+
+const Json& Json::operator[](std::string_view key) const {
+    if (const Json* found = Find(key)) {
+        return *found;
+    }
+    throw Json_Fault(std::string(key), "指定されていません。");
+}
+
+Json& Json::operator[](std::string_view key) {
+    if (Is_Null()) {
+        held = Members();
+    }
+    for (Member& member : std::get<Members>(held)) {
+        if (member.first == key) {
+            return member.second;
+        }
+    }
+    return Add(std::string(key), {});
+}
+
+void Json::Erase(std::string_view key) {
+    std::erase_if(std::get<Members>(held), [key](const Member& member) { return member.first == key; });
+}
+
+Json& Json::Add(Json element) {
+    return std::get<Elements>(held).emplace_back(std::move(element));
+}
+
+Json& Json::Add(std::string key, Json member) {
+    return std::get<Members>(held).emplace_back(std::move(key), std::move(member)).second;
+}
+
+std::size_t Json::Size() const {
+    return Is_Array() ? Array_Elements().size() : Is_Object() ? Items().size() : 0;
+}
+
+std::string Json::Text(bool indented) const {
+    std::string text;
+    Write(text, indented ? 0 : -1);
+    return text;
+}
+
+void Json::Write(std::string& text, int level) const {
+    const int inner = level < 0 ? level : level + 1;
+    const auto write_all = [&](const auto& list, char begin, char end, auto write) {
+        text += begin;
+        const char* comma = "";
+        for (const auto& entry : list) {
+            text += comma;
+            Write_Break(text, inner);
+            write(entry);
+            comma = ",";
+        }
+        if (!list.empty()) {
+            Write_Break(text, level);
+        }
+        text += end;
+    };
+    if (Is_Array()) {
+        write_all(Array_Elements(), '[', ']', [&](const Json& element) { element.Write(text, inner); });
+    } else if (Is_Object()) {
+        write_all(Items(), '{', '}', [&](const Member& member) {
+            text += Scalar_Text(member.first) + (level < 0 ? ":" : ": ");
+            member.second.Write(text, inner);
+        });
+    } else if (Is_Null()) {
+        text += "null";
+    } else if (const auto* truth = std::get_if<bool>(&held)) {
+        text += *truth ? "true" : "false";
+    } else if (const auto* whole = std::get_if<std::int64_t>(&held)) {
+        text += std::to_string(*whole);
+    } else if (const auto* large = std::get_if<std::uint64_t>(&held)) {
+        text += std::to_string(*large);
+    } else {
+        text += Is_Text() ? Scalar_Text(As_Text()) : Scalar_Text(As_Double());
+    }
+}
+
+bool operator==(const Json& a, const Json& b) {
+    return a.Is_Number() && b.Is_Number() ? a.As_Double() == b.As_Double() : a.held == b.held;
+}
+
+Json Json_Of(std::string_view text) {
+    if (text.size() > most_bytes) {
+        throw Json_Fault("", "大きすぎます（64MBまで）。");
+    }
+    Json document;
+    Json_Builder builder(document, text);
+    static_cast<void>(nlohmann::json::sax_parse(text.begin(), text.end(), &builder));
+    return document;
+}
+
+std::string Shown_Json(const Json& value) {
+    if (value.Is_Text()) {
+        return "\"" + Shown_Text(value.As_Text()) + "\"";
+    }
+    return value.Is_Object() ? "オブジェクト" : value.Is_Array() ? "配列" : value.Text();
 }
 
 } // namespace morvane

@@ -10,24 +10,21 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <nlohmann/json.hpp>
 
 namespace morvane {
 
 namespace {
 
-using Json = nlohmann::ordered_json;
-
 template <class Int>
 Int Whole_Number(const Json& record, const char* key, Int if_absent) {
-    const auto found = record.find(key);
-    if (found == record.end() || found->is_null()) {
+    const Json* found = record.Find(key);
+    if (found == nullptr || found->Is_Null()) {
         return if_absent;
     }
-    if (!found->is_number()) {
+    if (!found->Is_Number()) {
         throw Json_Fault(key, "数値ではありません（" + Shown_Json(*found) + "）");
     }
-    const auto number = found->get<double>();
+    const auto number = found->As_Double();
     if (number != std::floor(number) || number < std::numeric_limits<Int>::min() ||
         number > std::numeric_limits<Int>::max()) {
         throw Json_Fault(key, "数値が範囲外です（" + Shown_Json(*found) + "）");
@@ -44,14 +41,14 @@ std::string Tested_Text(const char* key, std::string text) {
 }
 
 std::string Text(const Json& record, const char* key) {
-    const auto found = record.find(key);
-    if (found == record.end() || found->is_null()) {
+    const Json* found = record.Find(key);
+    if (found == nullptr || found->Is_Null()) {
         return {};
     }
-    if (!found->is_string()) {
+    if (!found->Is_Text()) {
         throw Json_Fault(key, "文字列ではありません（" + Shown_Json(*found) + "）");
     }
-    return Tested_Text(key, found->get<std::string>());
+    return Tested_Text(key, found->As_Text());
 }
 
 constexpr const char* network_key = "通信設定";
@@ -71,18 +68,18 @@ bool Is_Own_Key(const std::string& key) {
 
 // A field of any type as the text that stands for it in the store.
 std::string Plain_Text(const Json& value) {
-    return value.is_string() ? value.get<std::string>() : value.dump();
+    return value.Is_Text() ? value.As_Text() : value.Text();
 }
 
 bool Is_Plain(const Json& value) {
-    return value.is_string() || value.is_number() || value.is_boolean();
+    return value.Is_Text() || value.Is_Number() || value.Is_Boolean();
 }
 
 Network_Settings Network_From_Json(const Json& record) {
     std::map<std::string, std::string> texts;
     for (const Network_Field& field : Network_Fields()) {
-        const auto found = record.find(field.key);
-        if (found == record.end() || found->is_null()) {
+        const Json* found = record.Find(field.key);
+        if (found == nullptr || found->Is_Null()) {
             continue;
         }
         if (!Is_Plain(*found)) {
@@ -110,7 +107,7 @@ void Network_To_Json(const Network_Settings& settings, Json& record) {
     auto defaults = Network_Texts({});
     for (const Network_Field& field : Network_Fields()) {
         const std::string& text = texts[field.control];
-        if (text == defaults[field.control] && !record.contains(field.key)) {
+        if (text == defaults[field.control] && !record.Has(field.key)) {
             continue;
         }
         if (field.security != nullptr) {
@@ -134,10 +131,10 @@ Install_Info From_Json(const Json& record) {
     info.kanri_no = Whole_Number<std::int32_t>(record, "管理No", 0);
     info.office_name = Text(record, "事業所名");
     info.net_check_host = Text(record, "接続確認先");
-    if (const auto network = record.find(network_key); network != record.end()) {
+    if (const Json* network = record.Find(network_key)) {
         info.network = Network_From_Json(*network);
     }
-    for (const auto& [key, value] : record.items()) {
+    for (const auto& [key, value] : record.Items()) {
         if (!Is_Own_Key(key) && Is_Plain(value)) {
             info.optional_columns[key] = Plain_Text(value);
         }
@@ -153,11 +150,11 @@ Install_Info From_Json(const Json& record) {
 Json Read_Record(const std::filesystem::path& file) {
     const std::string text = Read_Text_File(file);
     try {
-        Json record = Ordered_Json_Of(text);
-        if (!record.is_object()) {
+        Json record = Json_Of(text);
+        if (!record.Is_Object()) {
             throw Json_Fault("", "設定の形ではありません");
         }
-        if (const auto network = record.find(network_key); network != record.end() && !network->is_object()) {
+        if (const Json* network = record.Find(network_key); network != nullptr && !network->Is_Object()) {
             throw Json_Fault(network_key, "オブジェクトではありません（" + Shown_Json(*network) + "）");
         }
         return record;
@@ -180,7 +177,7 @@ Install_Info Read_Install_Info(const std::filesystem::path& app_path) {
 
 void Write_Install_Info(const std::filesystem::path& app_path, const Install_Info& info) {
     const std::filesystem::path file = Find_File(app_path, install_info_file);
-    Json record = Is_There(file) ? Read_Record(file) : Json::object();
+    Json record = Is_There(file) ? Read_Record(file) : Json::Object();
     record["管理者識別"] = info.kanri_flg;
     record["UserID"] = info.user_id;
     record["地域CD"] = info.tiiki_cd;
@@ -192,16 +189,17 @@ void Write_Install_Info(const std::filesystem::path& app_path, const Install_Inf
     record["接続確認先"] = info.net_check_host;
     for (const auto& [key, value] : info.optional_columns) {
         // A number that was read stays one.
-        if (const auto found = record.find(key); found == record.end() || Plain_Text(*found) != value) {
+        if (const Json* found = record.Find(key); found == nullptr || Plain_Text(*found) != value) {
             record[key] = value;
         }
     }
-    Json network = record.value(network_key, Json::object());
+    const Json* former = record.Find(network_key);
+    Json network = former != nullptr ? *former : Json::Object();
     Network_To_Json(info.network, network);
-    if (!network.empty()) {
+    if (!network.Is_Empty()) {
         record[network_key] = std::move(network);
     }
-    Write_Text_File(file, record.dump(1) + "\n", File_Readers::Owner);
+    Write_Text_File(file, record.Text(true) + "\n", File_Readers::Owner);
 }
 
 } // namespace morvane

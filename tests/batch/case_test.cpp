@@ -12,6 +12,7 @@
 #include "support/installation_fixture.h"
 
 #include <functional>
+#include <nlohmann/json.hpp>
 
 namespace morvane::tests {
 namespace {
