@@ -113,9 +113,8 @@ TEST_F(Register_Test, Deletes_File_And_Row_After_The_Question) {
 
 TEST_F(Register_Test, Sweeping_Takes_Drafts_Only) {
     const auto before = State();
-    const char* drafts[] = {".Morvane.dat.new123-0",    ".Morvane.dat.old123-1",
-                            "data/.000001.dat.new9-12", "data/.000001.dat.new9-12-journal",
-                            ".kidou.ini.new1-1"};
+    const char* drafts[] = {".Morvane.dat.new123-0", ".Morvane.dat.old123-1", "data/.000001.dat.new9-12",
+                            "data/.000001.dat.new9-12-journal", ".kidou.ini.new1-1"};
     for (const char* name : drafts) {
         Write_Text_File(folder.path / name, "x");
     }

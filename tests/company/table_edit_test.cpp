@@ -178,9 +178,8 @@ TEST_F(Table_Edit_Test, Old_Stores_Of_The_National_Edition) {
          true,
          "11 14 21"},
         {"form 3",
-         {"DELETE FROM sys_info WHERE Info_No>=14",
-          "UPDATE Ks_Zaihyo SET 並び順 = 3 WHERE 建設科目CD=99", no_work_style, no_31_32,
-          other_at_31},
+         {"DELETE FROM sys_info WHERE Info_No>=14", "UPDATE Ks_Zaihyo SET 並び順 = 3 WHERE 建設科目CD=99",
+          no_work_style, no_31_32, other_at_31},
          false,
          3,
          false,
@@ -266,8 +265,7 @@ TEST_F(Table_Edit_Test, A_Period_Without_Rows_Gets_None) {
 }
 
 TEST_F(Table_Edit_Test, No_Failing_Write_Leaves_A_Half_Changed_Store) {
-    Make_Old_Company({"DELETE FROM sys_info WHERE Info_No>=14", no_work_style, no_31_32, other_at_31},
-                     false);
+    Make_Old_Company({"DELETE FROM sys_info WHERE Info_No>=14", no_work_style, no_31_32, other_at_31}, false);
     session.Data_Ver = 5;
     Expect_All_Or_Nothing(
         folder.path, [this] { Table_Edit_Run(session); }, [this] { return State(); });

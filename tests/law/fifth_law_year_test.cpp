@@ -182,8 +182,8 @@ std::string Report_Of(const Session& session) {
     Prt_ModSet prt(state, sheet);
     drawn.draw(prt);
     std::string text;
-    for (const Drawn& drawn : sheet.Pages().front()) {
-        if (const auto* printed = std::get_if<Drawn_Text>(&drawn)) {
+    for (const Drawn& operation : sheet.Pages().front()) {
+        if (const auto* printed = std::get_if<Drawn_Text>(&operation)) {
             text += printed->text + "\n";
         }
     }
