@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 struct Sample {
     Sample() : folder(fs::temp_directory_path() / "morvane-core-bench") {
         fs::remove_all(folder);
-        Init_Installation(folder, {"13", false});
+        Init_Installation(folder, {Edition::National, false});
         session = Make_Session(folder, messages);
         Import_Case(session, fs::path(MORVANE_SAMPLES) / "aoba_kensetsu.json");
         session.Syori_Ki = 35;
@@ -36,7 +36,7 @@ void Open_And_Read_Store(benchmark::State& state) {
     const Session& session = The_Sample().session;
     for (auto _ : state) {
         const Connection cn(session.Work_Store, session.Db_Key, Connection::Mode::Read_Only);
-        benchmark::DoNotOptimize(Load_Review(cn, 35, scenario_genjo, false, true));
+        benchmark::DoNotOptimize(Load_Review(cn, 35, scenario_genjo, {}));
     }
 }
 BENCHMARK(Open_And_Read_Store)->Unit(benchmark::kMicrosecond);
@@ -54,7 +54,7 @@ void Score_From_File(benchmark::State& state) {
     const Session& session = The_Sample().session;
     for (auto _ : state) {
         const Connection cn(session.Work_Store, session.Db_Key, Connection::Mode::Read_Only);
-        benchmark::DoNotOptimize(Score_Company(cn, false, std::nullopt, scenario_genjo));
+        benchmark::DoNotOptimize(Score_Company(cn, Edition::National, std::nullopt, scenario_genjo));
     }
 }
 BENCHMARK(Score_From_File)->Unit(benchmark::kMicrosecond);
@@ -71,7 +71,7 @@ BENCHMARK(Aggregate_Period)->Unit(benchmark::kMillisecond);
 void Score_In_Memory(benchmark::State& state) {
     const Session& session = The_Sample().session;
     const Connection cn(session.Work_Store, session.Db_Key, Connection::Mode::Read_Only);
-    const Review_Figures read = Load_Review(cn, 35, scenario_genjo, false, true);
+    const Review_Figures read = Load_Review(cn, 35, scenario_genjo, {});
     for (auto _ : state) {
         Review_Figures figures = read;
         Y_Calc y;

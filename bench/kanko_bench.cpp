@@ -105,7 +105,7 @@ void Measure_Leaving(const char* what, const Make& make, int fields) {
 
 void Measure(const std::filesystem::path& folder) {
     Stderr_Messages messages;
-    New_Installation(MORVANE_TEMPLATES, folder, {.edition = "13", .multi = true});
+    New_Installation(MORVANE_TEMPLATES, folder, {.edition = Edition::National, .multi = true});
     Session session = Make_Session(folder, messages);
     const Imported firm = Import_Case(session, std::filesystem::path(MORVANE_SAMPLES) / "aoba_kensetsu.json");
     Check_Out(session, firm.number, firm.name);

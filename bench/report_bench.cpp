@@ -21,7 +21,7 @@ constexpr int company_count = 1000;
 struct Many {
     Many() : folder(fs::temp_directory_path() / "morvane-report-bench") {
         fs::remove_all(folder);
-        Init_Installation(folder, {"13", true});
+        Init_Installation(folder, {Edition::National, true});
         session = Make_Session(folder, messages);
         Import_Case(session, fs::path(MORVANE_SAMPLES) / "sakura_setsubi.json");
         session.Work_Store = Company_Store(session, 5);

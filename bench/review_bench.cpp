@@ -73,7 +73,7 @@ void Measure_Check(Shell_Port& shell, Form& owner, const Check_Request& request)
 
 void Measure(const std::filesystem::path& folder) {
     Quiet_Messages messages;
-    Init_Installation(folder, {"13", false});
+    Init_Installation(folder, {Edition::National, false});
     Shell shell(folder, messages);
     Session session = Make_Session(folder, messages);
     Import_Case(session, std::filesystem::path(MORVANE_SAMPLES) / "aoba_kensetsu.json");

@@ -95,7 +95,7 @@ int main(int argc, char** argv) {
     theme::Apply(application);
     const fs::path folder = fs::temp_directory_path() / "morvane-statement-bench";
     fs::remove_all(folder);
-    Init_Installation(folder, {"13", false});
+    Init_Installation(folder, {Edition::National, false});
     Stderr_Messages messages;
     Session session = Make_Session(folder, messages);
     Import_Case(session, fs::path(MORVANE_SAMPLES) / "aoba_kensetsu.json");

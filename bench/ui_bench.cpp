@@ -28,10 +28,10 @@ constexpr int company_count = 10000;
 
 /// A register of many companies, two of which have data.
 void Make_Register(const std::filesystem::path& folder, Messages& messages) {
-    New_Installation(*Delivered_Folder("templates"), folder, {.edition = "13", .multi = true});
+    New_Installation(*Delivered_Folder("templates"), folder, {.edition = Edition::National, .multi = true});
     Session session = Make_Session(folder, messages);
     for (const std::int32_t number : {1, 2}) {
-        New_Data_Set(session, 1, 5);
+        New_Data_Set(session, Firm_Type::Corporation, 5);
         Install_Info info = Read_Install_Info(folder);
         info.kanri_no = number;
         info.office_name = "計測建設" + std::to_string(number);

@@ -44,17 +44,19 @@ Frm_DtSelect::Frm_DtSelect(Shell_Port& shell_port)
     Add_Help_Button();
     QPushButton* cancel = Add_Button(QStringLiteral("Cmd_Cancel"), QStringLiteral("キャンセル"));
     Wire(hokkaido, &QPushButton::clicked, [this] {
-        Choose("北海道版データ設定確認", "「北海道版」のデータが選択されました。よろしいですか？", "01");
+        Choose("北海道版データ設定確認", "「北海道版」のデータが選択されました。よろしいですか？",
+               Edition::Hokkaido);
     });
     Wire(national, &QPushButton::clicked, [this] {
-        Choose("全国版データ設定確認", "「全国版」のデータが選択されました。よろしいですか？", "13");
+        Choose("全国版データ設定確認", "「全国版」のデータが選択されました。よろしいですか？",
+               Edition::National);
     });
     connect(cancel, &QPushButton::clicked, this, &Form::reject);
 }
 
-void Frm_DtSelect::Choose(const std::string& title, const std::string& text, const std::string& code) {
+void Frm_DtSelect::Choose(const std::string& title, const std::string& text, Edition edition) {
     if (Ask(shell.session, title, text)) {
-        const auto choose = [&] { Choose_Edition(shell.session.App_Path, code); };
+        const auto choose = [&] { Choose_Edition(shell.session.App_Path, edition); };
         if (Save_Or_Back(shell.session, choose, {.what = "選択したデータ"})) {
             accept();
         }

@@ -19,7 +19,7 @@ class Frm_DtSelect : public Form {
     bool May_Close() override;
 
   private:
-    void Choose(const std::string& title, const std::string& text, const std::string& code);
+    void Choose(const std::string& title, const std::string& text, Edition edition);
 };
 
 } // namespace morvane

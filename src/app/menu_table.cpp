@@ -274,7 +274,7 @@ std::string Caption_Of(const Menu_Entry& entry, const Session& session) {
     if (session.Is_Multi() && entry.multi_caption != nullptr) {
         return entry.multi_caption;
     }
-    return session.Hojin_Kojin == 2 && entry.kojin_caption != nullptr ? entry.kojin_caption : entry.caption;
+    return session.Is_Individual() && entry.kojin_caption != nullptr ? entry.kojin_caption : entry.caption;
 }
 
 std::string Caption_After_Registration(const Session& session) {
@@ -310,7 +310,7 @@ bool Is_Enabled(const Menu_Entry& entry, const Session& session) {
     if (!has_company && !entry.always) {
         return false;
     }
-    return !entry.corporation_only || session.Hojin_Kojin != 2;
+    return !entry.corporation_only || !session.Is_Individual();
 }
 
 bool Enter_Panel(Session& session, const Menu_Entry& opener) {

@@ -61,7 +61,7 @@ void Shell::Make_Installation() {
         throw Store_Error(own_session.App_Path / install_info_file, Store_Error::Reason::Missing,
                           "データファイルのひな形が見つかりません");
     }
-    New_Installation(*templates, own_session.App_Path, {.edition = "", .multi = false});
+    New_Installation(*templates, own_session.App_Path, {.edition = {}, .multi = false});
 }
 
 bool Shell::Choose_An_Edition() {

@@ -5,9 +5,9 @@
 #include "company/data_set.h"
 #include "company/datacheck.h"
 #include "company/left_work.h"
-#include "company/new_installation.h"
 #include "company/pending_work.h"
 #include "company/table_edit.h"
+#include "company/templates.h"
 #include "data/store_file.h"
 #include "review/x2_calc.h"
 #include "session/boxes.h"
@@ -44,7 +44,7 @@ bool Read_Own_Company(Session& session) {
     }
     session.Kanri_No = static_cast<std::int32_t>(firm["管理No"].As_Integer());
     session.Jigyo_Name = firm["事業所名"].As_Text();
-    session.Hojin_Kojin = static_cast<std::int16_t>(firm["法人個人識別"].As_Integer());
+    session.Hojin_Kojin = Firm_Type_Of(firm["法人個人識別"].As_Integer());
     session.Syori_Ki = static_cast<std::int16_t>(firm["処理決算期"].As_Integer());
     session.Tani_Kbn = 1;
     return true;
@@ -54,7 +54,7 @@ bool First_Run(Session& session) {
     Tell(session, "ご利用のご挨拶",
          "『Morvane』のご利用ありがとうございます。"
          "末永くご愛顧の程よろしくお願い申し上げます。");
-    if (!session.Is_Multi() && !New_Data_Set(session, session.Hojin_Kojin, session.Syori_Ki)) {
+    if (!session.Is_Multi() && !New_Data_Set(session, session.Kind().type, session.Syori_Ki)) {
         return false;
     }
     Jigyo_Init(session, Read_Install_Info(session.App_Path));
@@ -134,7 +134,7 @@ bool Has_Edition(const Install_Info& info) {
     return info.tiiki_cd.size() >= 2;
 }
 
-void Choose_Edition(const fs::path& app_path, const std::string& code) {
+void Choose_Edition(const fs::path& app_path, Edition edition) {
     const Store_Key key = Store_Key::Derive(Session::default_password);
     const fs::path working_store = Find_File(app_path, "Morvane.dat");
     if (Is_There(working_store)) {
@@ -144,9 +144,9 @@ void Choose_Edition(const fs::path& app_path, const std::string& code) {
         }
     }
     Install_Info info = Read_Install_Info(app_path);
-    Copy_Store(Find_File(app_path, "morv_" + code + ".dat"), working_store, key);
-    info.tiiki_cd = code;
-    info.todofuken_mei = Edition_Name(code);
+    Copy_Store(Find_File(app_path, Blank_Work_Store(edition)), working_store, key);
+    info.tiiki_cd = Code_Of(edition);
+    info.todofuken_mei = Name_Of(edition);
     Write_Install_Info(app_path, info);
 }
 

@@ -13,11 +13,11 @@ namespace morvane {
 /// Whether an edition has been chosen for the installation; without one the start asks for it.
 bool Has_Edition(const Install_Info& info);
 
-/// Sets the edition ("01" Hokkaido, "13" national) of an installation: its working store over Morvane.dat,
+/// Sets the edition of an installation: its working store over Morvane.dat,
 /// then the settings. A working store that already holds a company is kept as Morvane.dat.bak (.bak2 …).
 /// Raises
 /// Store_Error; nothing is chosen then.
-void Choose_Edition(const std::filesystem::path& app_path, const std::string& code);
+void Choose_Edition(const std::filesystem::path& app_path, Edition edition);
 
 /// Lets the updater replace itself between two runs: PgUpdataUP.exe becomes PgUpdata.exe. Only files that
 /// belong to the installation are touched: plain files of the folder's owner that nobody else may write.

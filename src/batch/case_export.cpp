@@ -137,14 +137,14 @@ Json Export_Case(const Session& session, const std::filesystem::path& store) {
     Json record;
     record["format"] = "morvane-case";
     record["version"] = 1;
-    record["Tiiki_CD"] = session.Tiiki_CD;
+    record["Tiiki_CD"] = Code_Of(session.Tiiki_CD);
     const Recordset firm = cn.Open("SELECT * FROM Jigyo_mas");
     if (firm.Eof()) {
         throw Store_Error(store, Store_Error::Reason::Bad_Content, "事業所の情報（Jigyo_mas）がありません");
     }
     record["Jigyo_mas"] = Fields(firm, firm.Columns());
     record["periods"] = Json::Array();
-    const bool corporation = firm["法人個人識別"].As_Integer() == 1;
+    const bool corporation = Firm_Type_Of(firm["法人個人識別"].As_Integer()) == Firm_Type::Corporation;
     for (Recordset periods = cn.Open("SELECT * FROM Ks_ki ORDER BY 決算期"); !periods.Eof();
          periods.Move_Next()) {
         record["periods"].Add(Period_Json(cn, periods["決算期"].As_Integer(), corporation));

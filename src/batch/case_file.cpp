@@ -49,7 +49,7 @@ class Case_Builder {
   public:
     Case_Builder(const Connection& store, const Session& installation, const Case_Record& record)
         : cn(store), session(installation), source(record) {
-        session.Hojin_Kojin = static_cast<std::int16_t>(record.firm.at("法人個人識別").As_Integer());
+        session.Hojin_Kojin = Firm_Type_Of(record.firm.at("法人個人識別").As_Integer());
     }
 
     void Build() {
@@ -69,7 +69,7 @@ class Case_Builder {
     void Make_Periods() {
         session.Data_Ver = Present_Data_Ver(session);
         session.Syori_Ki = source.periods.front().number;
-        bool made = Fill_Blank_Company(cn, session, session.Hojin_Kojin, session.Syori_Ki);
+        bool made = Fill_Blank_Company(cn, session, session.Kind().type, session.Syori_Ki);
         for (std::size_t i = 1; made && i < source.periods.size(); ++i) {
             made = Period_Copy(cn, session, source.periods[i].number, session.Syori_Ki, Copy_Mode::After);
         }
@@ -97,7 +97,7 @@ class Case_Builder {
     // A period before that the case does not bring has no rows and changes nothing.
     void Fill_In_Prior_Figures() {
         Each_Period([this](const Case_Period& period) {
-            Fill_Prior_Figures(cn, session.Is_Hokkaido(), period.number);
+            Fill_Prior_Figures(cn, session.Kind().edition, period.number);
             source.Put_Prior_Figures(cn, period);
         });
     }
@@ -130,10 +130,7 @@ class Case_Builder {
             for (const Scenario& scenario : scenarios) {
                 try {
                     Transaction transaction(cn);
-                    Settle_Filled(cn,
-                                  {period.number, session.Is_Hokkaido(), session.Is_Corporation(),
-                                   period.number - in_hand},
-                                  scenario);
+                    Settle_Filled(cn, {period.number, session.Kind(), period.number - in_hand}, scenario);
                     transaction.Commit();
                 } catch (const Run_Time_Error& error) {
                     unsettled.push_back("第" + std::to_string(period.number) + "期（" +
@@ -194,7 +191,7 @@ Case_Error::Case_Error(const fs::path& file, const std::string& path, const std:
     : std::runtime_error("「" + Shown_Text(file.string(), most_path) + "」" +
                          (path.empty() ? "" : " " + Shown_Text(path)) + "：" + reason) {}
 
-std::string Edition_Of_Case(const fs::path& file) {
+Edition Edition_Of_Case(const fs::path& file) {
     return Read_Case(file).edition;
 }
 
@@ -202,8 +199,8 @@ Imported Import_Case(const Session& session, const fs::path& file) {
     const Case_Record record = Read_Case(file);
     if (record.edition != session.Tiiki_CD) {
         throw Case_Error(file, "Tiiki_CD",
-                         "地域CD「" + record.edition + "」はこのデータフォルダの「" + session.Tiiki_CD +
-                             "」と違います。");
+                         "地域CD「" + Code_Of(record.edition) + "」はこのデータフォルダの「" +
+                             Code_Of(session.Tiiki_CD) + "」と違います。");
     }
     const auto number = static_cast<std::int32_t>(record.firm.at("管理No").As_Integer());
     if (session.Is_Multi()) {

@@ -27,7 +27,7 @@ struct Imported {
 };
 
 /// The edition (地域CD) that a case file names. Raises Case_Error, Store_Error.
-std::string Edition_Of_Case(const std::filesystem::path& file);
+Edition Edition_Of_Case(const std::filesystem::path& file);
 
 /// Brings the company of a case file into the installation, new or in the place of the one with its number:
 /// blank company, periods, law years, figures, class totals, prior-period figures, and the scores of every

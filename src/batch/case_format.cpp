@@ -339,7 +339,7 @@ Case_Record Read_Case(const fs::path& file) {
     if (edition != "01" && edition != "13") {
         (top / "Tiiki_CD").Refuse("\"01\"（北海道）か \"13\"（全国）を指定してください。");
     }
-    record.edition = edition.As_Text();
+    record.edition = *Edition_Of(edition.As_Text());
     Read_Firm(top / "Jigyo_mas", At_Or_Null(root, "Jigyo_mas"), record);
     Read_Periods(top / "periods", At_Or_Null(root, "periods"), record);
     return record;

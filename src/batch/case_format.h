@@ -3,6 +3,7 @@
 
 #include "data/connection.h"
 #include "data/json_text.h"
+#include "law/firm_kind.h"
 #include "law/law_year.h"
 
 #include <cstdint>
@@ -26,7 +27,7 @@ struct Case_Period {
 /// A case file that has been read and tested as far as it can be without a store.
 struct Case_Record {
     std::filesystem::path file;
-    std::string edition;
+    Edition edition = Edition::National;
     std::map<std::string, Value> firm; ///< columns of Jigyo_mas
     std::vector<Case_Period> periods;  ///< in ascending order without a gap
 

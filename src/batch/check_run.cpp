@@ -61,11 +61,11 @@ std::vector<std::string> Balance_Findings(const Connection& cn) {
     if (firm.Eof()) {
         return findings;
     }
-    const bool corporation = firm["法人個人識別"].As_Integer() == 1;
+    const Firm_Type type = Counted(Firm_Type_Of(firm["法人個人識別"].As_Integer()));
     for (Recordset periods = cn.Open("SELECT * FROM Ks_ki ORDER BY 決算期"); !periods.Eof();
          periods.Move_Next()) {
         const auto period = static_cast<int>(periods["決算期"].As_Integer());
-        const Balance_Check check = Check_Balance(cn, period, corporation);
+        const Balance_Check check = Check_Balance(cn, period, type);
         if (!check.Is_Ok()) {
             findings.push_back(Balance_Text(period, check));
         }
@@ -135,11 +135,11 @@ std::vector<fs::path> Strays(const Session& session, const std::vector<Company>&
 
 } // namespace
 
-Balance_Check Check_Balance(const Connection& cn, int period, bool corporation) {
+Balance_Check Check_Balance(const Connection& cn, int period, Firm_Type type) {
     using enum Account;
     Recordset rows = cn.Open("SELECT * FROM Ks_Zaihyo WHERE 決算期=?", period);
     Balance_Check check;
-    if (corporation) {
+    if (type == Firm_Type::Corporation) {
         check.left = Kamoku_Get(Prior_Retained_Earnings, rows) + Kamoku_Get(Profit_Of_Corporation, rows);
         check.right = Kamoku_Get(Retained_Earnings_Carried, rows) + Kamoku_Get(Equity_Change, rows);
     } else {

@@ -21,7 +21,7 @@ struct Balance_Check {
 };
 
 /// The balance of a period. Raises Store_Error.
-Balance_Check Check_Balance(const Connection& cn, int period, bool corporation);
+Balance_Check Check_Balance(const Connection& cn, int period, Firm_Type type);
 
 /// What is wrong with a company store: pages, tables, columns, balances, an end date for which W cannot be
 /// scored; one Japanese line each.

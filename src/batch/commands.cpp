@@ -73,8 +73,8 @@ int Import_All(const Session& session, const std::vector<fs::path>& files) {
 }
 
 int Run_Repair(const Init_Arguments& arguments) {
-    const auto lines = Repair_Folder(
-        arguments.folder, arguments.edition_given ? std::optional(arguments.edition) : std::nullopt);
+    const auto lines = Repair_Folder(arguments.folder,
+                                     arguments.edition_given ? Edition_Of(arguments.edition) : std::nullopt);
     for (const std::string& line : lines) {
         std::cout << One_Line(line) << "\n";
     }
@@ -89,13 +89,14 @@ int Run_Init(const Init_Arguments& arguments) {
         return Run_Repair(arguments);
     }
     const bool multi = arguments.mode == "multi";
+    const std::optional<Edition> edition = Edition_Of(arguments.edition);
     std::vector<fs::path> samples;
     if (arguments.sample) {
-        samples = Sample_Cases(arguments.edition);
+        samples = Sample_Cases(*edition);
         samples.resize(multi ? samples.size() : std::min<std::size_t>(samples.size(), 1));
     }
     const std::string office = multi && arguments.sample ? "見本行政書士事務所" : "";
-    const Instance_Lock lock = Init_Installation(arguments.folder, {arguments.edition, multi, office});
+    const Instance_Lock lock = Init_Installation(arguments.folder, {edition, multi, office});
     if (samples.empty()) {
         return status_done;
     }

@@ -169,7 +169,7 @@ Instance_Lock Init_Installation(const fs::path& folder, const Init_Options& opti
     return lock;
 }
 
-std::vector<std::string> Repair_Folder(const fs::path& folder, const std::optional<std::string>& edition) {
+std::vector<std::string> Repair_Folder(const fs::path& folder, std::optional<Edition> edition) {
     Test_Folder(folder);
     if (Installation_Parts(folder).empty()) {
         throw Usage_Error("フォルダ「" + folder.string() +
@@ -185,7 +185,7 @@ fs::path Templates_Folder() {
     return Delivered("templates");
 }
 
-std::vector<fs::path> Sample_Cases(const std::string& edition) {
+std::vector<fs::path> Sample_Cases(Edition edition) {
     std::vector<fs::path> cases;
     for (const auto& entry : fs::directory_iterator(Delivered("samples"))) {
         if (entry.path().extension() == ".json" && Edition_Of_Case(entry.path()) == edition) {

@@ -70,13 +70,12 @@ Instance_Lock Init_Installation(const std::filesystem::path& folder, const Init_
 
 /// Makes what the installation in a folder has lost (see Repair_Installation). Raises Usage_Error where no
 /// part of one is there or the desktop program holds it.
-std::vector<std::string> Repair_Folder(const std::filesystem::path& folder,
-                                       const std::optional<std::string>& edition);
+std::vector<std::string> Repair_Folder(const std::filesystem::path& folder, std::optional<Edition> edition);
 
 /// The folder of the delivered templates: beside the program, or where it is installed. Raises Usage_Error.
 std::filesystem::path Templates_Folder();
 
 /// The case files of the sample firms of an edition. Raises Usage_Error where they are not delivered.
-std::vector<std::filesystem::path> Sample_Cases(const std::string& edition);
+std::vector<std::filesystem::path> Sample_Cases(Edition edition);
 
 } // namespace morvane

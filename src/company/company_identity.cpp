@@ -5,20 +5,11 @@ namespace morvane {
 
 namespace {
 
-constexpr const char* hokkaido = "01";
-constexpr const char* national = "13";
-
 // Data forms 3 and 5 are the national edition's, 4 and 6 that of Hokkaido; others do not tell.
-const char* Edition_Of_Form(std::int64_t form) {
-    return form == 3 || form == 5 ? national : form == 4 || form == 6 ? hokkaido : "";
-}
-
-bool Is_Edition(const std::string& code) {
-    return code == hokkaido || code == national;
-}
-
-std::string Edition_Words(const std::string& code) {
-    return code == hokkaido ? "北海道版" : "全国版";
+std::optional<Edition> Edition_Of_Form(std::int64_t form) {
+    return form == 3 || form == 5   ? std::optional(Edition::National)
+           : form == 4 || form == 6 ? std::optional(Edition::Hokkaido)
+                                    : std::nullopt;
 }
 
 } // namespace
@@ -36,11 +27,10 @@ Store_Identity Identity_Of(const Connection& cn) {
         }
         identity.name = firm.Text_At(1);
         identity.kana = firm.Text_At(2);
-        const std::string code(firm.Text_At(3).substr(0, 2));
-        identity.region = Is_Edition(code) ? code : "";
+        identity.region = Edition_Of(firm.Text_At(3));
     }
     Statement forms = cn.Prepare("SELECT DISTINCT 並び順 FROM Ks_Zaihyo WHERE 建設科目CD=99");
-    while (identity.chart.empty() && forms.Step()) {
+    while (!identity.chart && forms.Step()) {
         identity.chart = Edition_Of_Form(forms.Integer_At(0));
     }
     return identity;
@@ -54,10 +44,10 @@ std::string Identity_Fault(const Session& session, const Store_Identity& identit
                                                 : "事業所番号のないデータ";
         return own + "で、事業所番号 " + std::to_string(*number) + " のデータではありません";
     }
-    for (const std::string& edition : {identity.region, identity.chart}) {
-        if (!edition.empty() && Is_Edition(session.Tiiki_CD) && edition != session.Tiiki_CD) {
-            return Edition_Words(edition) + "のデータで、このデータフォルダの" +
-                   Edition_Words(session.Tiiki_CD) + "のデータではありません";
+    for (const std::optional<Edition>& edition : {identity.region, identity.chart}) {
+        if (edition && session.Tiiki_CD && edition != session.Tiiki_CD) {
+            return Name_Of(*edition) + "版のデータで、このデータフォルダの" + Name_Of(*session.Tiiki_CD) +
+                   "版のデータではありません";
         }
     }
     return {};

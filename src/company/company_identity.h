@@ -16,8 +16,8 @@ struct Store_Identity {
     std::optional<std::int32_t> number; ///< 管理No; empty in a store that is nobody's
     std::string name;                   ///< 事業所名
     std::string kana;                   ///< 事業所カナ名
-    std::string region;                 ///< edition by 地域CD, "01" or "13"; empty where it does not tell
-    std::string chart;                  ///< edition by the data form of the statements; empty likewise
+    std::optional<Edition> region;      ///< edition by 地域CD; none where it does not tell
+    std::optional<Edition> chart;       ///< edition by the data form of the statements; none likewise
 
     /// Whether number, name and reading are these.
     [[nodiscard]] bool Is(std::int32_t a_number, const std::string& a_name, const std::string& a_kana) const;

@@ -92,9 +92,7 @@ class Company_Saving {
         session.Kanri_No = number;
         session.Jigyo_Name = entry.Text("SyaMei");
         session.Syori_Ki = period;
-        if (is_new || type_changes || session.Hojin_Kojin != hojin_kojin) {
-            session.Hojin_Kojin = hojin_kojin;
-        }
+        session.Hojin_Kojin = hojin_kojin;
         if (outcome == Outcome::Registered) {
             session.Data_Ver = Present_Data_Ver(session);
             session.Simyu_Kubun = Get_Simyu_Kubun(session, period);
@@ -110,7 +108,7 @@ class Company_Saving {
         period = static_cast<std::int16_t>(Number_Of(entry.Text("Ks_ki")));
         // Any type but 1 counts as an individual.
         const auto type = [](const std::string& text) {
-            return static_cast<std::int16_t>(text == "1" ? 1 : 2);
+            return text == "1" ? Firm_Type::Corporation : Firm_Type::Individual;
         };
         hojin_kojin = type(entry.Text("HoKo"));
         type_changes = !is_new && hojin_kojin != type(stored.Text("HoKo"));
@@ -171,7 +169,7 @@ class Company_Saving {
             Period_Shift(cn, period - session.Syori_Ki);
         }
         if (type_changes) {
-            hojin_kojin == 1 ? To_Houjin(cn, period, 0) : To_Kojin(cn, period, 0);
+            hojin_kojin == Firm_Type::Corporation ? To_Houjin(cn, period, 0) : To_Kojin(cn, period, 0);
         }
         Put_Company(cn, screen, entry);
     }
@@ -249,7 +247,7 @@ class Company_Saving {
     bool Put_New_Company(const Connection& cn) const {
         Put_Company(cn, screen, entry);
         Recordset firm = cn.Open("SELECT * FROM jigyo_mas");
-        firm.Set("地域CD", session.Tiiki_CD);
+        firm.Set("地域CD", Code_Of(session.Tiiki_CD));
         firm.Set("地域名", session.Todofuken_Mei);
         firm.Set("UserID", session.User_ID);
         firm.Set("単位", 1);
@@ -264,7 +262,7 @@ class Company_Saving {
     Company_Entry stored;
     std::int32_t number = 0;
     std::int16_t period = 0;
-    std::int16_t hojin_kojin = 1;
+    Firm_Type hojin_kojin = Firm_Type::Corporation;
     bool type_changes = false;
 };
 

@@ -50,8 +50,9 @@ Recordset Open_To_Add(const Connection& cn, const char* table) {
 
 /// Adds the edition's chart of accounts as the statement of a period, with the captions and visible lines of
 /// the firm type. Gives the number of its rows.
-std::size_t Add_Chart(const Connection& cn, const Session& session, int period, bool corporation,
+std::size_t Add_Chart(const Connection& cn, const Session& session, int period, Firm_Type firm_type,
                       std::uint8_t data_ver) {
+    const bool corporation = firm_type == Firm_Type::Corporation;
     const std::string type = corporation ? "法人" : "個人";
     const Connection master_store = Cn_Open_Org(session);
     Statement master = master_store.Prepare(std::string("SELECT ") + master_columns + ", " + type +
@@ -193,13 +194,11 @@ void Report_Bad_Template(const Session& session) {
                            .beep = true});
 }
 
-bool Fill_Blank_Company(const Connection& cn, const Session& session, std::int16_t hojin_kojin,
-                        std::int16_t period) {
+bool Fill_Blank_Company(const Connection& cn, const Session& session, Firm_Type type, std::int16_t period) {
     // A template of another edition or of another time is none.
     const std::size_t accounts = cn.Open("SELECT 建設科目CD FROM Ks_Zaihyo").Count();
     cn.Execute("DELETE FROM Ks_Zaihyo");
-    if (accounts == 0 ||
-        Add_Chart(cn, session, period, hojin_kojin == 1, Present_Data_Ver(session)) != accounts) {
+    if (accounts == 0 || Add_Chart(cn, session, period, type, Present_Data_Ver(session)) != accounts) {
         return false;
     }
     for (const char* table : {"Kandaka_Gj", "W_Yoso", "QandA"}) {
@@ -210,13 +209,12 @@ bool Fill_Blank_Company(const Connection& cn, const Session& session, std::int16
     return true;
 }
 
-bool New_Data_Set(Session& session, std::int16_t hojin_kojin, std::int16_t period) {
+bool New_Data_Set(Session& session, Firm_Type type, std::int16_t period) {
     // All of it happens on a draft beside the working store, which takes its place whole.
     File_Replacement replacement = File_Replacement::With_Draft(Find_File(session.App_Path, "morv_set.dat"),
                                                                 session.Work_Store, session.Db_Key);
-    const bool filled = replacement.Change(session.Db_Key, [&](const Connection& cn) {
-        return Fill_Blank_Company(cn, session, hojin_kojin, period);
-    });
+    const bool filled = replacement.Change(
+        session.Db_Key, [&](const Connection& cn) { return Fill_Blank_Company(cn, session, type, period); });
     if (!filled) {
         Report_Bad_Template(session);
         return false;
@@ -278,11 +276,11 @@ bool Period_Copy(const Connection& cn, Session& session, std::int16_t new_period
     }
     cn.Execute("INSERT INTO Ks_Ki (決算期) VALUES (?)", new_period);
     Take_Period(cn, new_period, base_period);
-    if (Add_Chart(cn, next, new_period, next.Is_Corporation(), next.Data_Ver) == 0) {
+    if (Add_Chart(cn, next, new_period, next.Kind().type, next.Data_Ver) == 0) {
         return false;
     }
     if (!after) {
-        Fill_Prior_Figures(cn, session.Is_Hokkaido(), new_period);
+        Fill_Prior_Figures(cn, session.Kind().edition, new_period);
     }
     Copy_Works(job);
     Copy_Elements(job);

@@ -13,10 +13,10 @@ namespace morvane {
 enum class Copy_Mode : std::uint8_t { After = 1, Before = 2 };
 
 /// Puts a blank company with one period into the working store: the template, over it the edition's chart of
-/// accounts with the captions and visible lines of the firm type (1 corporation, else individual), the
+/// accounts with the captions and visible lines of the firm type, the
 /// newest law year. Sets Data_Ver. Nothing changes where it fails: a template that does not fit the chart
 /// shows "データ異常" and gives false; raises Store_Error.
-bool New_Data_Set(Session& session, std::int16_t hojin_kojin, std::int16_t period);
+bool New_Data_Set(Session& session, Firm_Type type, std::int16_t period);
 
 /// Makes `period` the one in hand in Jigyo_mas: 処理決算期, and the years of the fiscal period shifted by the
 /// difference to the former one. Within the caller's transaction. Raises Store_Error.
@@ -24,8 +24,7 @@ void Take_Period(const Connection& cn, int period, int former);
 
 /// The same on an open copy of the empty company store, of which nothing else changes. The caller holds the
 /// transaction. False without a box where the template does not fit. Raises Store_Error.
-bool Fill_Blank_Company(const Connection& cn, const Session& session, std::int16_t hojin_kojin,
-                        std::int16_t period);
+bool Fill_Blank_Company(const Connection& cn, const Session& session, Firm_Type type, std::int16_t period);
 
 /// Says that a template does not fit ("データ異常").
 void Report_Bad_Template(const Session& session);

@@ -19,7 +19,7 @@ void Company_Reload(Session& session) {
         const Recordset firm = cn.Open("SELECT * FROM Jigyo_mas");
         if (!firm.Eof()) {
             session.Syori_Ki = static_cast<std::int16_t>(firm["処理決算期"].As_Integer());
-            session.Hojin_Kojin = static_cast<std::int16_t>(firm["法人個人識別"].As_Integer());
+            session.Hojin_Kojin = Firm_Type_Of(firm["法人個人識別"].As_Integer());
         }
     }
     session.Data_Ver = Get_Data_Ver(session, session.Syori_Ki);
@@ -120,7 +120,7 @@ void Jigyo_Init(const Session& session, const Install_Info& info) {
     firm.Set("地域CD", info.tiiki_cd);
     firm.Set("地域名", info.todofuken_mei);
     firm.Set("事業所名", info.office_name);
-    firm.Set("法人個人識別", info.hojin_kojin == 1 ? 1 : 2);
+    firm.Set("法人個人識別", Number_Of(info.hojin_kojin));
     firm.Set("処理決算期", info.syori_ki);
     firm.Set("UserID", info.user_id);
     for (const char* column :

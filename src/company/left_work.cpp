@@ -4,6 +4,7 @@
 #include "company/company_identity.h"
 #include "company/datacheck.h"
 #include "company/register.h"
+#include "company/templates.h"
 #include "data/store_file.h"
 #include "session/boxes.h"
 #include "session/kidou_ini.h"
@@ -73,7 +74,7 @@ std::string Take_From_File(Session& session, const Register_Row& row) {
 }
 
 void Put_Blank_Work(const Session& session) {
-    Copy_Store(Find_File(session.App_Path, "morv_" + session.Tiiki_CD + ".dat"), session.Work_Store,
+    Copy_Store(Find_File(session.App_Path, Blank_Work_Store(session.Tiiki_CD)), session.Work_Store,
                session.Db_Key);
     Jigyo_Init(session, Read_Install_Info(session.App_Path));
     Write_Kidou_Ini(session.App_Path, {});

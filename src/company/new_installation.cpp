@@ -80,19 +80,18 @@ bool Put_Missing(const fs::path& from, const fs::path& folder, const char* name,
     return true;
 }
 
-Install_Info Settings_Of(const std::string& edition, bool multi) {
+Install_Info Settings_Of(std::optional<Edition> edition, bool multi) {
     Install_Info info;
     info.kanri_flg = multi ? multi_company_mode : 0;
-    info.tiiki_cd = edition;
-    info.todofuken_mei = edition.empty() ? "" : Edition_Name(edition);
+    info.tiiki_cd = Code_Of(edition);
+    info.todofuken_mei = edition ? Name_Of(*edition) : "";
     return info;
 }
 
 /// One repair of an installation.
 class Repair {
   public:
-    Repair(const fs::path& delivered, const fs::path& installation,
-           const std::optional<std::string>& given_edition)
+    Repair(const fs::path& delivered, const fs::path& installation, std::optional<Edition> given_edition)
         : templates(delivered), folder(installation), edition(given_edition) {
         session.Db_Key = Store_Key::Derive(Session::default_password);
         session.App_Path = folder;
@@ -115,7 +114,7 @@ class Repair {
                 Made(name);
             }
         }
-        if (Put_Missing(templates / ("morv_" + session.Tiiki_CD + ".dat"), folder, working_store,
+        if (Put_Missing(templates / Blank_Work_Store(session.Tiiki_CD), folder, working_store,
                         session.Db_Key)) {
             Made(working_store);
         }
@@ -164,7 +163,7 @@ class Repair {
         } else {
             const bool multi =
                 Has(folder, register_store) || Has(folder, marker_file) || !Data_Files(folder).empty();
-            info = Settings_Of(Edition(), multi);
+            info = Settings_Of(Told_Edition(), multi);
             if (!multi) {
                 Take_Own_Firm();
             }
@@ -181,17 +180,17 @@ class Repair {
         info.kanri_no = static_cast<std::int32_t>(firm["管理No"].As_Integer());
         info.office_name = firm["事業所名"].As_Text();
         info.user_id = firm["UserID"].As_Text();
-        info.hojin_kojin = firm["法人個人識別"].As_Integer() == 1 ? 1 : 2;
+        info.hojin_kojin = Counted(Firm_Type_Of(firm["法人個人識別"].As_Integer()));
         info.syori_ki = static_cast<std::int16_t>(firm["処理決算期"].As_Integer());
     }
 
     /// The edition that the stores tell, all of them the same.
-    [[nodiscard]] std::string Edition() const {
-        std::vector<std::string> told;
+    [[nodiscard]] Edition Told_Edition() const {
+        std::vector<Edition> told;
         const auto take = [&told](const Store_Identity& identity) {
-            for (const std::string& code : {identity.region, identity.chart}) {
-                if (!code.empty() && std::find(told.begin(), told.end(), code) == told.end()) {
-                    told.push_back(code);
+            for (const std::optional<Edition>& one : {identity.region, identity.chart}) {
+                if (one && std::find(told.begin(), told.end(), *one) == told.end()) {
+                    told.push_back(*one);
                 }
             }
         };
@@ -264,7 +263,7 @@ class Repair {
 
     fs::path templates;
     fs::path folder;
-    std::optional<std::string> edition;
+    std::optional<Edition> edition;
     Session session;
     Install_Info info;
     std::optional<Store_Identity> work;
@@ -311,8 +310,8 @@ void New_Installation(const fs::path& templates, const fs::path& folder, const I
             Put_Missing(templates / name, folder, name, key);
         }
     }
-    if (!options.edition.empty()) {
-        Put_Missing(templates / ("morv_" + options.edition + ".dat"), folder, working_store, key);
+    if (options.edition) {
+        Put_Missing(templates / Blank_Work_Store(options.edition), folder, working_store, key);
     }
     if (options.multi && !Has(folder, marker_file)) {
         Write_Kidou_Ini(folder, {});
@@ -323,12 +322,8 @@ void New_Installation(const fs::path& templates, const fs::path& folder, const I
 }
 
 std::vector<std::string> Repair_Installation(const fs::path& templates, const fs::path& folder,
-                                             const std::optional<std::string>& edition) {
+                                             std::optional<Edition> edition) {
     return Repair(templates, folder, edition).Run();
-}
-
-std::string Edition_Name(const std::string& edition) {
-    return edition == "01" ? "北海道" : "全国";
 }
 
 } // namespace morvane

@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
+#include "law/firm_kind.h"
+
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -10,7 +12,7 @@ namespace morvane {
 
 /// Settings of a new installation.
 struct Init_Options {
-    std::string edition = "13"; ///< 01 Hokkaido, 13 national; empty: chosen at the first start
+    std::optional<Edition> edition = Edition::National; ///< none: chosen at the first start
     bool multi = true;
     std::string office_name{}; ///< of the adviser's office or of the firm
 };
@@ -35,9 +37,6 @@ void New_Installation(const std::filesystem::path& templates, const std::filesys
 /// Raises Store_Error.
 std::vector<std::string> Repair_Installation(const std::filesystem::path& templates,
                                              const std::filesystem::path& folder,
-                                             const std::optional<std::string>& edition);
-
-/// The name of an edition: 北海道 for "01", else 全国.
-std::string Edition_Name(const std::string& edition);
+                                             std::optional<Edition> edition);
 
 } // namespace morvane

@@ -4,6 +4,7 @@
 #include "company/company_info.h"
 #include "company/datacheck.h"
 #include "company/register.h"
+#include "company/templates.h"
 #include "data/store_file.h"
 #include "law/elements.h"
 #include "session/kidou_ini.h"
@@ -155,7 +156,7 @@ std::string Mode_Refusal(const Session& session, bool to_multi) {
 
 void Change_Mode(const Session& session, bool to_multi) {
     if (!to_multi) {
-        Copy_Store(Find_File(session.App_Path, "morv_" + session.Tiiki_CD + ".dat"), session.Work_Store,
+        Copy_Store(Find_File(session.App_Path, Blank_Work_Store(session.Tiiki_CD)), session.Work_Store,
                    session.Db_Key);
         Write_Mode(session, false);
         return;

@@ -55,7 +55,7 @@ std::vector<Period_Entry> Read_Periods(const Session& session) {
     for (Recordset rows = cn.Open("SELECT * FROM Ks_Ki ORDER BY 決算期"); !rows.Eof(); rows.Move_Next()) {
         const auto number = static_cast<std::int16_t>(rows["決算期"].As_Integer());
         periods.push_back(
-            {number, Get_Data_Ver(cn, session.Is_Hokkaido(), number), Get_Simyu_Kubun(cn, number)});
+            {number, Get_Data_Ver(cn, session.Kind().edition, number), Get_Simyu_Kubun(cn, number)});
     }
     return periods;
 }

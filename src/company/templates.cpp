@@ -92,6 +92,10 @@ std::span<const char* const> Template_Names() {
     return names;
 }
 
+std::string Blank_Work_Store(std::optional<Edition> edition) {
+    return "morv_" + Code_Of(edition) + ".dat";
+}
+
 void Make_Templates(const fs::path& source, const fs::path& target, const Store_Key& key) {
     fs::create_directories(target);
     for (const auto& [file, chart] :

@@ -179,7 +179,7 @@ void Convert_Statement(const Session& session, int form) {
     for (const Account account : {Development_Cost, Capital_Deposits, Shareholders_Equity}) {
         Set_Account(cn, session, account, "科目編集識別", 0);
     }
-    if (!session.Is_Hokkaido() && session.Hojin_Kojin == 2) {
+    if (!session.Is_Hokkaido() && session.Is_Individual()) {
         Merge_Loans(cn, session);
     }
     for (const New_Account& account : new_accounts) {

@@ -40,7 +40,7 @@ void Read_Zenki(const Connection& cn, int period, Kekka_Figures& kekka) {
     Read_Statement(cn, period - 1, scenario_genjo.zaihyo_column, statement);
     if (statement.has_rows) {
         Y_Calc before;
-        before.Calc_Y(statement, figures.hokkaido, figures.corporation);
+        before.Calc_Y(statement, figures.firm);
         for (std::size_t i = 0; i < before.Y_Yoso.size(); ++i) {
             kekka.y_zenki[i] = before.Y_Yoso[i];
         }
@@ -57,7 +57,7 @@ void Read_Zenki(const Connection& cn, int period, Kekka_Figures& kekka) {
 } // namespace
 
 Kekka_Figures Kekka_Read(const Connection& cn, const Session& session, const Side& side) {
-    Settled_Score score = Score_Company(cn, session.Is_Hokkaido(), side.period, *side.scenario);
+    Settled_Score score = Score_Company(cn, session.Kind().edition, side.period, *side.scenario);
     Kekka_Figures kekka;
     kekka.heading = Heading_Of(session, score.jigyo_name, side.period,
                                std::string(scenario_words[side.scenario->number - 1U]));

@@ -27,7 +27,7 @@ Kanko Averaged(const Review_Figures& figures, WZX_Calc& wzx, std::int32_t years,
 Gekihen_Table Calc_Gekihen(const Review_Figures& figures) {
     WZX_Calc wzx;
     Y_Calc y;
-    y.Calc_Y(figures.statement, figures.hokkaido, figures.corporation);
+    y.Calc_Y(figures.statement, figures.firm);
     Gekihen_Table table{};
     for (std::size_t column = 0; column < gekihen_columns.size(); ++column) {
         X2_Calc x2;
@@ -48,8 +48,7 @@ Gekihen_Table Calc_Gekihen(const Review_Figures& figures) {
 
 Gekihen_Table Calc_Gekihen(const Session& session) {
     const Connection cn = Cn_Open(session);
-    return Calc_Gekihen(
-        Load_Review(cn, session.Syori_Ki, scenario_genjo, session.Is_Hokkaido(), session.Is_Corporation()));
+    return Calc_Gekihen(Load_Review(cn, session.Syori_Ki, scenario_genjo, session.Kind()));
 }
 
 } // namespace morvane

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "data/connection.h"
+#include "law/firm_kind.h"
 #include "law/law_year.h"
 #include "law/work_types.h"
 #include "review/scenario.h"
@@ -81,8 +82,7 @@ struct Review_Figures {
     Law_Year_No law_year{};                 ///< element 210 of the current figures; without one the oldest
     std::optional<Review_Date> review_date; ///< last day of the period; empty where Jigyo_mas has no row
     std::string date_error;                 ///< why Jigyo_mas has no such day; empty where it has
-    bool corporation = true;
-    bool hokkaido = false;
+    Firm_Kind firm;
 
     /// Element `code`; Null, a missing row and a value above `limit` read as 0. Rounded half to even into 32
     /// bits.

@@ -73,8 +73,7 @@ bool Is_Filled(const Review_Figures& figures, const Scenario& scenario) {
 
 void Settle_And_Store(const Connection& cn, const Settled_Period& of, const Scenario& scenario,
                       bool (*applies)(const Review_Figures&, const Scenario&)) {
-    const Review_Figures stored =
-        Load_Review(cn, of.period, scenario, of.hokkaido, of.corporation, of.year_shift);
+    const Review_Figures stored = Load_Review(cn, of.period, scenario, of.kind, of.year_shift);
     if (!applies(stored, scenario)) {
         return;
     }
@@ -99,7 +98,7 @@ struct Firm {
     std::int32_t number;
     std::string name;
     int period;
-    bool corporation;
+    Firm_Type type;
 };
 
 Firm Read_Firm(const Connection& cn) {
@@ -108,23 +107,22 @@ Firm Read_Firm(const Connection& cn) {
         throw Score_Refusal("事業所の情報（Jigyo_mas）がありません。");
     }
     return {static_cast<std::int32_t>(row.Integer_At(0)), std::string(row.Text_At(1)),
-            static_cast<int>(row.Integer_At(2)), row.Integer_At(3) == 1};
+            static_cast<int>(row.Integer_At(2)), Counted(Firm_Type_Of(row.Integer_At(3)))};
 }
 
-void Test_Period(const Connection& cn, bool hokkaido, int period) {
+void Test_Period(const Connection& cn, Edition edition, int period) {
     Statement row = cn.Prepare("SELECT 決算期 FROM Ks_ki WHERE 決算期=?");
     row.Bind(1, period);
     if (!row.Step()) {
         throw Score_Refusal("第" + std::to_string(period) + "期は登録されていません。");
     }
-    if (Get_Data_Ver(cn, hokkaido, period) < oldest_data_form) {
+    if (Get_Data_Ver(cn, edition, period) < oldest_data_form) {
         throw Score_Refusal("データが2008年より古いため、事業所指定できません。");
     }
 }
 
 void Settle_Entered(const Connection& cn, const Session& session, const Scenario& scenario) {
-    Settle_And_Store(cn, {session.Syori_Ki, session.Is_Hokkaido(), session.Is_Corporation()}, scenario,
-                     Is_Entered);
+    Settle_And_Store(cn, {session.Syori_Ki, session.Kind()}, scenario, Is_Entered);
 }
 
 bool Can_Settle(const Connection& cn, const Session& session, const Scenario& scenario) {
@@ -142,7 +140,7 @@ bool Can_Settle(const Connection& cn, const Session& session, const Scenario& sc
 void Settle(Review_Figures& figures, Y_Calc& y, X2_Calc& x2, const Scenario& scenario) {
     const bool current = scenario.number == scenario_genjo.number;
     WZX_Calc wzx;
-    y.Calc_Y(figures.statement, figures.hokkaido, figures.corporation);
+    y.Calc_Y(figures.statement, figures.firm);
     x2.Calc_X2(figures, wzx, false);
     for (int round = 0; round < most_rounds; ++round) {
         const auto elements = figures.elements;
@@ -191,7 +189,7 @@ void Settle_Again(const Session& session) {
     }
 }
 
-Settled_Score Score_Company(const Connection& cn, bool hokkaido, std::optional<int> period,
+Settled_Score Score_Company(const Connection& cn, Edition edition, std::optional<int> period,
                             const Scenario& scenario) {
     const Transaction reading(cn, Transaction::Purpose::Read);
     const Firm firm = Read_Firm(cn);
@@ -201,8 +199,8 @@ Settled_Score Score_Company(const Connection& cn, bool hokkaido, std::optional<i
     score.period = period.value_or(firm.period);
     score.scenario = &scenario;
     const int year_shift = score.period - firm.period;
-    score.figures = Load_Review(cn, score.period, scenario, hokkaido, firm.corporation, year_shift);
-    Test_Period(cn, hokkaido, score.period);
+    score.figures = Load_Review(cn, score.period, scenario, {edition, firm.type}, year_shift);
+    Test_Period(cn, edition, score.period);
     if (!score.figures.Is_Started(scenario)) {
         if (scenario.number != scenario_kaizen.number) {
             throw Score_Refusal("「保存値" + std::string(scenario.name) +

@@ -36,8 +36,7 @@ void Settle(Review_Figures& figures, Y_Calc& y, X2_Calc& x2, const Scenario& sce
 /// A period of a firm whose stored scores are settled.
 struct Settled_Period {
     int period;
-    bool hokkaido;
-    bool corporation;
+    Firm_Kind kind;
     int year_shift = 0; ///< years from the period in hand
 };
 
@@ -63,7 +62,7 @@ void Settle_Again(const Session& session);
 /// another one the closing date moves by whole years. A working scenario that was never started is what its
 /// first visit would post; an empty slot is refused. Raises Store_Error, Run_Time_Error and Score_Refusal
 /// with the reason.
-Settled_Score Score_Company(const Connection& cn, bool hokkaido, std::optional<int> period,
+Settled_Score Score_Company(const Connection& cn, Edition edition, std::optional<int> period,
                             const Scenario& scenario);
 
 /// A reason in Japanese why a company has no score (an unregistered period, an empty slot, data too old).

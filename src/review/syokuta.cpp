@@ -105,14 +105,13 @@ void Store_W_2012(const Connection& cn, const Session& session, int scenario, co
     if (Law_Of(session.Simyu_Kubun).has_additions) {
         Add_Knowledge_Rows(cn, session.Syori_Ki);
     }
-    Review_Figures figures =
-        Load_Review(cn, session.Syori_Ki, column, session.Is_Hokkaido(), session.Is_Corporation());
+    Review_Figures figures = Load_Review(cn, session.Syori_Ki, column, session.Kind());
     screen.Store_W_2012(figures);
     WZX_Calc wzx;
     X2_Calc x2;
     Y_Calc y;
     x2.Calc_X2(figures, wzx, false);
-    y.Calc_Y(figures.statement, figures.hokkaido, figures.corporation);
+    y.Calc_Y(figures.statement, figures.firm);
     Recalc_P_All(figures, x2.X2_Ten, y.Y_Ten);
     Write_Elements(cn, session.Syori_Ki, column, figures);
     Write_Works(cn, session.Syori_Ki, column, figures);

@@ -58,11 +58,10 @@ void Read_Review_Date(const Connection& cn, Review_Figures& figures, int year_sh
     }
 }
 
-Review_Figures Load_Review(const Connection& cn, int period, const Scenario& scenario, bool hokkaido,
-                           bool corporation, int year_shift) {
+Review_Figures Load_Review(const Connection& cn, int period, const Scenario& scenario, Firm_Kind kind,
+                           int year_shift) {
     Review_Figures figures;
-    figures.hokkaido = hokkaido;
-    figures.corporation = corporation;
+    figures.firm = kind;
     Read_Statement(cn, period, scenario.zaihyo_column, figures.statement);
     Read_Elements(cn, period, scenario, figures);
     Read_Works(cn, period, scenario, figures);
@@ -78,7 +77,7 @@ void X2_Calc::Calc_X2(const Review_Figures& figures, WZX_Calc& wzx, bool keep_ba
     const Statement_Figures& s = figures.statement;
     Jiko = {s.Get_Y_Kamoku(829), s.Get_Y_Kamoku(319)};
     Eigyo = {s.Get_Y_Kamoku(832), s.Get_Y_Kamoku(469)};
-    Genka = {Sum(s, {831, 835, 836, 837}), Sum(s, {436, 724, 729, figures.hokkaido ? 552 : 536})};
+    Genka = {Sum(s, {831, 835, 836, 837}), Sum(s, {436, 724, 729, figures.firm.Is_Hokkaido() ? 552 : 536})};
     for (std::size_t period = 0; period < Rieki.size(); ++period) {
         Rieki[period] = Add32(Eigyo[period], Genka[period], what_x2);
     }
@@ -99,7 +98,7 @@ void X2_Calc::Calc_X2(const Session& session, int scenario, WZX_Calc& wzx, bool 
     const Scenario& column = Scenario_Of(scenario);
     const Connection cn = Cn_Open(session);
     Review_Figures figures;
-    figures.hokkaido = session.Is_Hokkaido();
+    figures.firm = session.Kind();
     Read_Statement(cn, period, column.zaihyo_column, figures.statement);
     Read_Elements(cn, period, column, figures);
     Calc_X2(figures, wzx, keep_basis);

@@ -23,8 +23,8 @@ void Read_Review_Date(const Connection& cn, Review_Figures& figures, int year_sh
 
 /// Reads statement, elements, works and the date of a period in a scenario. Raises Store_Error,
 /// Run_Time_Error.
-Review_Figures Load_Review(const Connection& cn, int period, const Scenario& scenario, bool hokkaido,
-                           bool corporation, int year_shift = 0);
+Review_Figures Load_Review(const Connection& cn, int period, const Scenario& scenario, Firm_Kind kind,
+                           int year_shift = 0);
 
 /// The equity and profit score X2 and what led to it, thousand yen and points.
 class X2_Calc {

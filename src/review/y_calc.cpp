@@ -26,16 +26,16 @@ std::int32_t Sum(const Statement_Figures& statement, std::initializer_list<int> 
     return sum;
 }
 
-Elements Elements_Of(const Statement_Figures& s, bool hokkaido, bool corporation) {
+Elements Elements_Of(const Statement_Figures& s, Firm_Kind kind) {
     Elements yoso{};
     yoso[kotei_sisan] = s.Get_Y_Kamoku(179);
     yoso[ryudo_fusai] = s.Get_Y_Kamoku(229);
     yoso[kotei_fusai] = s.Get_Y_Kamoku(248);
-    yoso[rieki_joyokin] = s.Get_Y_Kamoku(corporation ? 289 : 319);
+    yoso[rieki_joyokin] = s.Get_Y_Kamoku(kind.Is_Corporation() ? 289 : 319);
     yoso[jiko_sihon] = s.Get_Y_Kamoku(319);
     yoso[so_sihon] = s.Get_Y_Kamoku(399);
     yoso[so_sihon_zenki] = s.Get_Y_Kamoku(830);
-    yoso[uriage] = hokkaido ? Sum(s, {400, 410}) : s.Get_Y_Kamoku(402);
+    yoso[uriage] = kind.Is_Hokkaido() ? Sum(s, {400, 410}) : s.Get_Y_Kamoku(402);
     yoso[uriage_sorieki] = s.Get_Y_Kamoku(419);
     yoso[uketori_risoku] = s.Get_Y_Kamoku(470);
     yoso[siharai_risoku] = s.Get_Y_Kamoku(480);
@@ -45,7 +45,8 @@ Elements Elements_Of(const Statement_Figures& s, bool hokkaido, bool corporation
 
 // The edition decides where depreciation and the loss allowance stand, the data form of the period where the
 // advances received do.
-Working Working_Of(const Statement_Figures& s, bool hokkaido) {
+Working Working_Of(const Statement_Figures& s, Edition edition) {
+    const bool hokkaido = edition == Edition::Hokkaido;
     return {
         s.Get_Y_Kamoku(833),                           // 経常利益（前期）
         Sum(s, {831, 835, 836, 837}),                  // 減価償却実施額（前期）
@@ -172,16 +173,16 @@ void Y_Calc::Calc_Y(const Session& session, std::uint8_t kbn) {
     }
     Statement_Figures statement;
     Read_Statement(Cn_Open(session), period, column, statement);
-    Calc_Y(statement, session.Is_Hokkaido(), session.Is_Corporation());
+    Calc_Y(statement, session.Kind());
 }
 
-void Y_Calc::Calc_Y(const Statement_Figures& statement, bool hokkaido, bool corporation) {
+void Y_Calc::Calc_Y(const Statement_Figures& statement, Firm_Kind kind) {
     Elements yoso = Y_Yoso;
     Working work = Y_Work;
     std::array<float, 8> x = Y_Kekka;
     if (statement.has_rows) {
-        yoso = Elements_Of(statement, hokkaido, corporation);
-        work = Working_Of(statement, hokkaido);
+        yoso = Elements_Of(statement, kind);
+        work = Working_Of(statement, kind.edition);
         yoso[cash_flow_zenki] = Cash_Flow(work[0], work[1], work[3], work, 0);
         yoso[cash_flow] = Cash_Flow(yoso[keijo_rieki], work[2], work[4], work, 1);
         x = {Calc_Y_X1(yoso), Calc_Y_X2(yoso), Calc_Y_X3(yoso), Calc_Y_X4(yoso),

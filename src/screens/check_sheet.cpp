@@ -68,7 +68,7 @@ Check_Figures Load(const Review_Figures& figures, const Check_Request& request) 
         f.wzx.Calc_W5_Ten(f.items.keiri_kansa, f.items.keiri_kandaka, f.items.Kjm[0], f.items.Kjm[1]);
     }
     if (Find(Y1_Sheets(), request.mode, law) != nullptr || with_p) {
-        f.y.Calc_Y(f.figures.statement, f.figures.hokkaido, f.figures.corporation);
+        f.y.Calc_Y(f.figures.statement, f.figures.firm);
     }
     return f;
 }
@@ -117,8 +117,7 @@ Check_Request Y1_Request(int index) {
 }
 
 Check_Sheet Make_Check_Sheet(const Session& session, const Check_Request& request) {
-    return Make_Check_Sheet(Load_Review(Cn_Open(session), session.Syori_Ki, scenario_genjo,
-                                        session.Is_Hokkaido(), session.Is_Corporation()),
+    return Make_Check_Sheet(Load_Review(Cn_Open(session), session.Syori_Ki, scenario_genjo, session.Kind()),
                             request);
 }
 

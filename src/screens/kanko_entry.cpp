@@ -29,10 +29,10 @@ Kanko_Entry::Kanko_Entry(const Session& session, const Kanko_Screen& screen_row)
 }
 
 void Kanko_Entry::Load(const Session& session) {
-    Review_Figures stored = Load_Review(Cn_Open(session), session.Syori_Ki, Scenario_Of(screen.scenario),
-                                        session.Is_Hokkaido(), session.Is_Corporation());
+    Review_Figures stored =
+        Load_Review(Cn_Open(session), session.Syori_Ki, Scenario_Of(screen.scenario), session.Kind());
     Y_Calc y;
-    y.Calc_Y(stored.statement, stored.hokkaido, stored.corporation);
+    y.Calc_Y(stored.statement, stored.firm);
     X2_Calc x2;
     x2.Calc_X2(stored, wzx, false);
     Kanko next;

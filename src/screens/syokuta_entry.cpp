@@ -9,10 +9,9 @@ namespace morvane {
 
 Syokuta_Entry::Syokuta_Entry(const Session& session, int scenario_number)
     : scenario(scenario_number),
-      figures(Load_Review(Cn_Open(session), session.Syori_Ki, Scenario_Of(scenario_number),
-                          session.Is_Hokkaido(), session.Is_Corporation())) {
+      figures(Load_Review(Cn_Open(session), session.Syori_Ki, Scenario_Of(scenario_number), session.Kind())) {
     // Found here, before anything is typed, and not on storing.
-    Y_Calc().Calc_Y(figures.statement, figures.hokkaido, figures.corporation);
+    Y_Calc().Calc_Y(figures.statement, figures.firm);
     screen.Load_W_2012(figures);
     shown = screen;
     try {

@@ -126,7 +126,7 @@ Install_Info From_Json(const Json& record) {
     info.user_id = Text(record, "UserID");
     info.tiiki_cd = Text(record, "地域CD");
     info.todofuken_mei = Text(record, "都道府県名");
-    info.hojin_kojin = Whole_Number<std::int16_t>(record, "法人個人識別", 1);
+    info.hojin_kojin = Counted(Firm_Type_Of(Whole_Number<std::int16_t>(record, "法人個人識別", 1)));
     info.syori_ki = Whole_Number<std::int16_t>(record, "処理決算期", 0);
     info.kanri_no = Whole_Number<std::int32_t>(record, "管理No", 0);
     info.office_name = Text(record, "事業所名");
@@ -182,7 +182,7 @@ void Write_Install_Info(const std::filesystem::path& app_path, const Install_Inf
     record["UserID"] = info.user_id;
     record["地域CD"] = info.tiiki_cd;
     record["都道府県名"] = info.todofuken_mei;
-    record["法人個人識別"] = info.hojin_kojin;
+    record["法人個人識別"] = Number_Of(info.hojin_kojin);
     record["処理決算期"] = info.syori_ki;
     record["管理No"] = info.kanri_no;
     record["事業所名"] = info.office_name;

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
+#include "law/firm_kind.h"
 #include "session/network_settings.h"
 
 #include <cstdint>
@@ -16,13 +17,13 @@ struct Install_Info {
     std::uint8_t kanri_flg = 0; ///< 管理者識別: 11 many companies (an adviser's office), else a single one
     std::string user_id;        ///< UserID
     std::string tiiki_cd;       ///< 地域CD: its first two characters are the edition
-    std::string todofuken_mei;    ///< 都道府県名: 北海道 or 全国
-    std::int16_t hojin_kojin = 1; ///< 法人個人識別: 1 corporation, 2 individual
-    std::int16_t syori_ki = 0;    ///< 処理決算期
-    std::int32_t kanri_no = 0;    ///< 管理No
-    std::string office_name;      ///< 事業所名
-    std::string net_check_host;   ///< 接続確認先: host[:port] that the connection test reaches
-    Network_Settings network;     ///< 通信設定: an object with the keys of Network_Fields
+    std::string todofuken_mei;                      ///< 都道府県名: 北海道 or 全国
+    Firm_Type hojin_kojin = Firm_Type::Corporation; ///< 法人個人識別
+    std::int16_t syori_ki = 0;                      ///< 処理決算期
+    std::int32_t kanri_no = 0;                      ///< 管理No
+    std::string office_name;                        ///< 事業所名
+    std::string net_check_host; ///< 接続確認先: host[:port] that the connection test reaches
+    Network_Settings network;   ///< 通信設定: an object with the keys of Network_Fields
     /// Further columns of the company record by their store names (text or number as text); absent means
     /// Null.
     std::map<std::string, std::string> optional_columns;

@@ -53,10 +53,11 @@ double Yoso_Get(int code, Recordset& rows) {
 }
 
 std::uint8_t Get_Data_Ver(const Session& session, int period) {
-    return Get_Data_Ver(Cn_Open(session), session.Is_Hokkaido(), period);
+    return Get_Data_Ver(Cn_Open(session), session.Kind().edition, period);
 }
 
-std::uint8_t Get_Data_Ver(const Connection& cn, bool hokkaido, int period) {
+std::uint8_t Get_Data_Ver(const Connection& cn, Edition edition, int period) {
+    const bool hokkaido = edition == Edition::Hokkaido;
     const auto row_of = [&](Account account) {
         return cn.Open("SELECT 並び順 FROM Ks_Zaihyo WHERE 決算期=? And 建設科目CD=?", period, Code(account));
     };

@@ -28,7 +28,7 @@ double Yoso_Get(int code, Recordset& rows);
 /// The data form of period `period`: 並び順 of its marker row 99 (Null reads 2); without the row 51, in the
 /// Hokkaido edition 52. There a form 2 without a row 552, and a form 1, read 53.
 std::uint8_t Get_Data_Ver(const Session& session, int period);
-std::uint8_t Get_Data_Ver(const Connection& cn, bool hokkaido, int period);
+std::uint8_t Get_Data_Ver(const Connection& cn, Edition edition, int period);
 
 /// Opens an address with the desktop's default program, without a shell. Only web addresses (http, https) and
 /// local help files (file) are accepted; false where the address is refused or nothing could be started.

@@ -21,9 +21,9 @@ Session Make_Session(const std::filesystem::path& app_path, Messages& messages, 
 void Take_Install_Info(Session& session, const Install_Info& info) {
     session.Kanri_Flg = info.kanri_flg;
     session.User_ID = info.user_id;
-    session.Tiiki_CD = info.tiiki_cd.substr(0, 2);
+    session.Tiiki_CD = Edition_Of(info.tiiki_cd);
     session.Todofuken_Mei = info.todofuken_mei;
-    session.Hojin_Kojin = info.hojin_kojin == 1 ? 1 : 2;
+    session.Hojin_Kojin = info.hojin_kojin;
     session.Syori_Ki = info.syori_ki;
     session.Kanri_No = info.kanri_no;
     session.Office_Name = info.office_name;

@@ -3,6 +3,7 @@
 
 #include "data/connection.h"
 #include "data/store_key.h"
+#include "law/firm_kind.h"
 #include "session/install_info.h"
 #include "session/messages.h"
 
@@ -30,20 +31,21 @@ struct Session {
         Work_Store; ///< the working store; Morvane.dat of App_Path unless a tool builds elsewhere
     bool Work_Is_Scratch = false; ///< the working store is a tool's own draft: written without flushes
 
-    std::uint8_t Kanri_Flg = 0;   ///< 11 multi-company mode, else single
-    std::string User_ID;          ///< id of the installation
-    std::string Tiiki_CD;         ///< edition: "01" Hokkaido, "13" national
-    std::string Todofuken_Mei;    ///< name of the edition
-    std::string Office_Name;      ///< name of the office or of the firm
-    std::int32_t Kanri_No = 0;    ///< company in hand, 0 none
-    std::string Jigyo_Name;       ///< its name, empty none
-    std::int16_t Hojin_Kojin = 1; ///< 1 corporation, 2 individual
-    std::int16_t Syori_Ki = 0;    ///< period in hand
-    std::int16_t Tani_Kbn = 1;    ///< display unit of statements: 1 yen, 2 thousand, other million
-    std::uint8_t Data_Ver = 0;    ///< data form of the period in hand (Get_Data_Ver)
-    Law_Year_No Simyu_Kubun{};    ///< law year of the period in hand (Get_Simyu_Kubun)
-    bool Edit_Flg = false;        ///< a screen of the work area is open
-    bool Jg_New_Flg = false;      ///< the company screen registers a new company
+    std::uint8_t Kanri_Flg = 0;      ///< 11 multi-company mode, else single
+    std::string User_ID;             ///< id of the installation
+    std::optional<Edition> Tiiki_CD; ///< edition; none before it was chosen
+    std::string Todofuken_Mei;       ///< name of the edition
+    std::string Office_Name;         ///< name of the office or of the firm
+    std::int32_t Kanri_No = 0;       ///< company in hand, 0 none
+    std::string Jigyo_Name;          ///< its name, empty none
+    std::optional<Firm_Type> Hojin_Kojin =
+        Firm_Type::Corporation; ///< its type; none where its store tells none
+    std::int16_t Syori_Ki = 0;  ///< period in hand
+    std::int16_t Tani_Kbn = 1;  ///< display unit of statements: 1 yen, 2 thousand, other million
+    std::uint8_t Data_Ver = 0;  ///< data form of the period in hand (Get_Data_Ver)
+    Law_Year_No Simyu_Kubun{};  ///< law year of the period in hand (Get_Simyu_Kubun)
+    bool Edit_Flg = false;      ///< a screen of the work area is open
+    bool Jg_New_Flg = false;    ///< the company screen registers a new company
 
     std::uint8_t Sim_Mode = 1;  ///< 1 current state, 2 improvement, 3 other firm, 4 prior period
     std::uint8_t Menu_Mode = 1; ///< as Sim_Mode; the statement screens set it alone
@@ -59,8 +61,10 @@ struct Session {
     Messages* messages = nullptr; ///< where notices and questions go
 
     [[nodiscard]] bool Is_Multi() const { return Kanri_Flg == multi_company_mode; }
-    [[nodiscard]] bool Is_Hokkaido() const { return Tiiki_CD == "01"; }
-    [[nodiscard]] bool Is_Corporation() const { return Hojin_Kojin == 1; }
+    [[nodiscard]] bool Is_Hokkaido() const { return Tiiki_CD == Edition::Hokkaido; }
+    [[nodiscard]] bool Is_Corporation() const { return Hojin_Kojin == Firm_Type::Corporation; }
+    [[nodiscard]] bool Is_Individual() const { return Hojin_Kojin == Firm_Type::Individual; }
+    [[nodiscard]] Firm_Kind Kind() const { return {Counted(Tiiki_CD), Counted(Hojin_Kojin)}; }
 };
 
 /// A session on the installation in `app_path`: password and key, Install_Info read into it, unit yen.

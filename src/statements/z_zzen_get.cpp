@@ -58,8 +58,8 @@ constexpr std::array<Source, 19> sources = {{
 constexpr std::size_t second_prior_rows = 9;
 constexpr std::size_t advances_row = 8;
 
-std::vector<double> Read_Block(const Connection& cn, bool hokkaido, int period, std::size_t count) {
-    const int form = Get_Data_Ver(cn, hokkaido, period);
+std::vector<double> Read_Block(const Connection& cn, Edition edition, int period, std::size_t count) {
+    const int form = Get_Data_Ver(cn, edition, period);
     Recordset rows =
         cn.Open("SELECT * FROM Ks_Zaihyo WHERE 決算期=" + std::to_string(period) + " ORDER BY 建設科目CD;");
     std::vector<double> amounts;
@@ -95,16 +95,17 @@ struct Block {
 constexpr Block prior = {1, Prior_Notes_Receivable, sources.size()};
 constexpr Block second_prior = {2, Second_Prior_Notes_Receivable, second_prior_rows};
 
-std::vector<double> Read_Block(const Connection& cn, bool hokkaido, std::int16_t kikan, const Block& block) {
+std::vector<double> Read_Block(const Connection& cn, Edition edition, std::int16_t kikan,
+                               const Block& block) {
     if (kikan < std::numeric_limits<std::int16_t>::min() + block.back) {
         throw Run_Time_Error(Run_Time_Error::Kind::Overflow, "前期の決算期の計算で桁あふれが発生しました。");
     }
-    return Read_Block(cn, hokkaido, kikan - block.back, block.count);
+    return Read_Block(cn, edition, kikan - block.back, block.count);
 }
 
 void Copy_Block(const Session& session, std::int16_t kikan, std::uint8_t dest, const Block& block) {
     const Connection cn = Cn_Open(session);
-    const std::vector<double> amounts = Read_Block(cn, session.Is_Hokkaido(), kikan, block);
+    const std::vector<double> amounts = Read_Block(cn, session.Kind().edition, kikan, block);
     if (amounts.empty()) {
         return;
     }
@@ -126,9 +127,9 @@ void ZZen_Get(const Session& session, std::int16_t kikan, std::uint8_t dest) {
     Copy_Block(session, kikan, dest, second_prior);
 }
 
-void Fill_Prior_Figures(const Connection& cn, bool hokkaido, std::int16_t kikan) {
+void Fill_Prior_Figures(const Connection& cn, Edition edition, std::int16_t kikan) {
     for (const Block& block : {prior, second_prior}) {
-        Write_Block(cn, kikan, block.first, Read_Block(cn, hokkaido, kikan, block));
+        Write_Block(cn, kikan, block.first, Read_Block(cn, edition, kikan, block));
     }
 }
 

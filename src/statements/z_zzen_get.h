@@ -17,6 +17,6 @@ void Zen_Get(const Session& session, std::int16_t kikan, std::uint8_t dest);
 void ZZen_Get(const Session& session, std::int16_t kikan, std::uint8_t dest);
 
 /// Both blocks of the working store `cn` within the caller's transaction. Raises as Zen_Get.
-void Fill_Prior_Figures(const Connection& cn, bool hokkaido, std::int16_t kikan);
+void Fill_Prior_Figures(const Connection& cn, Edition edition, std::int16_t kikan);
 
 } // namespace morvane

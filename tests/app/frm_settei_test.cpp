@@ -49,7 +49,7 @@ TEST_F(Frm_Settei_Test, What_is_entered_is_saved) {
     EXPECT_EQ(info.network.smtp.security, Mail_Security::Tls);
     EXPECT_EQ(info.network.smtp.password, "ひみつ");
     EXPECT_EQ(info.net_check_host, "www.example.jp:80");
-    EXPECT_EQ(info.tiiki_cd, session.Tiiki_CD);
+    EXPECT_EQ(Edition_Of(info.tiiki_cd), session.Tiiki_CD);
 }
 
 TEST_F(Frm_Settei_Test, The_office_is_entered_here) {

@@ -46,7 +46,7 @@ class Leaving_Test : public Ui_Installation {
     Leaving_Test() : Ui_Installation("13", false) {
         Import_Case(session, Samples_Folder() / "aoba_kensetsu.json");
         session.Syori_Ki = static_cast<std::int16_t>(Field("Jigyo_mas", "処理決算期", "1=1").As_Integer());
-        session.Hojin_Kojin = 1;
+        session.Hojin_Kojin = Firm_Type::Corporation;
         session.Simyu_Kubun = Law_Of(4).code;
         session.Kamoku_From = 100;
         session.Kamoku_To = 129;

@@ -42,10 +42,10 @@ TEST(Menu_Table_Test,
         for (const Menu_Entry& entry : list) {
             ++entries;
             EXPECT_TRUE(names.insert(entry.name).second) << entry.name;
-            for (const std::int16_t hojin_kojin : {std::int16_t{1}, std::int16_t{2}}) {
+            for (const Firm_Type type : {Firm_Type::Corporation, Firm_Type::Individual}) {
                 for (std::uint8_t law = 1; law <= 4; ++law) {
                     Session session;
-                    session.Hojin_Kojin = hojin_kojin;
+                    session.Hojin_Kojin = type;
                     session.Simyu_Kubun = Law_Of(law).code;
                     if (entry.action == Menu_Action::Open_Form) {
                         EXPECT_NE(Find_Form(Form_Of(entry, session)), nullptr) << entry.name;
@@ -75,7 +75,7 @@ TEST_F(Menu_Test, An_entry_tells_the_session_title_and_rows_by_firm_type) {
     session.Data_Ver = 2;
     ASSERT_TRUE(Enter_Screen(session, Entry("Cmd_KsT(4)")));
     EXPECT_EQ(session.Screen_Title, "貸借対照表－資本金、利益剰余金、評価・換算差額等");
-    session.Hojin_Kojin = 2;
+    session.Hojin_Kojin = Firm_Type::Individual;
     ASSERT_TRUE(Enter_Screen(session, Entry("Cmd_KsT(4)")));
     EXPECT_EQ(session.Screen_Title, "貸借対照表－期首資本金、事業主勘定");
     EXPECT_EQ(Caption_Of(Entry("Cmd_KsT(2)"), session), " 無形固定資産  投資等");

@@ -84,7 +84,7 @@ class Single_Shell_Test : public Shell_Test {
 // A statement that changes Y reaches the stored scores when its panel is closed, without a visit of their
 // screens.
 TEST_F(Single_Shell_Test, Stored_scores_follow_the_statement) {
-    session.Hojin_Kojin = 2;
+    session.Hojin_Kojin = Firm_Type::Individual;
     Kanko_Entry works(session, Kanko_Screen_Of("Frm_Kanko"));
     const Kanko_Entered amount = {2, 2, 50'000};
     works.Take({&amount, 1});
@@ -101,7 +101,8 @@ TEST_F(Single_Shell_Test, Stored_scores_follow_the_statement) {
     const Connection cn = Cn_Open(session);
     EXPECT_EQ(
         List(stored),
-        std::to_string(Score_Company(cn, false, std::nullopt, scenario_genjo).figures.works[2].P.value));
+        std::to_string(
+            Score_Company(cn, Edition::National, std::nullopt, scenario_genjo).figures.works[2].P.value));
     EXPECT_TRUE(messages.shown.empty());
 }
 
@@ -277,7 +278,7 @@ TEST_F(Single_Shell_Test, Without_an_edition_the_start_asks_for_one_until_it_is_
                                         EXPECT_EQ(dialog.objectName(), "Frm_Jgmas");
                                         Click(dialog, "Cmd_Cancel");
                                     }});
-    EXPECT_EQ(shell->session.Tiiki_CD, "13");
+    EXPECT_EQ(shell->session.Tiiki_CD, Edition::National);
     EXPECT_EQ(Label("TiikiMei"), "全国 版");
 }
 

@@ -269,7 +269,7 @@ TEST_F(Start_Test, A_repair_makes_only_what_is_lost) {
         EXPECT_EQ(now.size(), files.size());
         const Session repaired = Make_Session(folder.path, messages);
         EXPECT_TRUE(repaired.Is_Multi());
-        EXPECT_EQ(repaired.Tiiki_CD, "13");
+        EXPECT_EQ(repaired.Tiiki_CD, Edition::National);
         EXPECT_EQ(Read_Register(repaired), rows);
         EXPECT_TRUE(Read_Kidou_Ini(folder.path).Is_Clean());
     }
@@ -284,7 +284,7 @@ TEST_F(Start_Test, A_repair_makes_only_what_is_lost) {
 
 TEST_F(Start_Test, An_edition_is_chosen_whole_and_keeps_what_stood_there) {
     Make_Company(7, 1, 3);
-    Choose_Edition(folder.path, "01");
+    Choose_Edition(folder.path, Edition::Hokkaido);
     const Install_Info info = Read_Install_Info(folder.path);
     EXPECT_EQ(info.tiiki_cd, "01");
     EXPECT_EQ(info.todofuken_mei, "北海道");

@@ -111,7 +111,7 @@ TEST_P(Sample_Test, Balances_And_Comes_Back_The_Same) {
         const Connection cn(Store(number), session.Db_Key);
         for (const json& period : given["periods"]) {
             const Balance_Check check =
-                Check_Balance(cn, period["決算期"], given["Jigyo_mas"]["法人個人識別"] == 1);
+                Check_Balance(cn, period["決算期"], *Firm_Type_Of(given["Jigyo_mas"]["法人個人識別"]));
             EXPECT_TRUE(check.Is_Ok()) << period["決算期"] << " " << check.left - check.right;
             EXPECT_NE(check.left, 0.0);
         }

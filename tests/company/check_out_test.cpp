@@ -74,7 +74,7 @@ TEST_F(Check_Out_Test, Takes_A_Company_And_Saves_The_One_In_Hand) {
     EXPECT_EQ(session.Kanri_No, 2);
     EXPECT_EQ(session.Jigyo_Name, "見本2");
     EXPECT_EQ(session.Syori_Ki, 7);
-    EXPECT_EQ(session.Hojin_Kojin, 2);
+    EXPECT_EQ(session.Hojin_Kojin, Firm_Type::Individual);
     EXPECT_EQ(session.Data_Ver, 5);
     EXPECT_EQ(Law_Number(session.Simyu_Kubun), 4);
     EXPECT_EQ(session.Work_Store, folder.path / working_store);
@@ -212,7 +212,7 @@ TEST_F(Check_Out_Test, No_Failing_Write_Harms_A_New_Company_Or_The_Settings) {
     info.office_name = "新しい名前";
     const std::function<void()> acts[] = {[&] {
                                               Session copy = session;
-                                              ASSERT_TRUE(New_Data_Set(copy, 2, 11));
+                                              ASSERT_TRUE(New_Data_Set(copy, Firm_Type::Individual, 11));
                                           },
                                           [&] { Write_Install_Info(folder.path, info); }};
     for (const auto& act : acts) {
@@ -324,11 +324,11 @@ TEST_F(Check_Out_Test, The_Register_Is_Listed_By_Number) {
 
 TEST_F(Check_Out_Test, The_First_Start_Fills_The_Firm_From_The_Settings) {
     Check_In_And_Release(session);
-    ASSERT_TRUE(New_Data_Set(session, 1, 3));
+    ASSERT_TRUE(New_Data_Set(session, Firm_Type::Corporation, 3));
     Install_Info info = Read_Install_Info(folder.path);
     info.kanri_no = 77;
     info.office_name = "青葉建設";
-    info.hojin_kojin = 2;
+    info.hojin_kojin = Firm_Type::Individual;
     info.syori_ki = 3;
     info.optional_columns = {{"代表者名", "青葉 太郎"}, {"決算期終了年", "7"}, {"許可番号1", "般－5"}};
     Jigyo_Init(session, info);
@@ -342,7 +342,7 @@ TEST_F(Check_Out_Test, The_First_Start_Fills_The_Firm_From_The_Settings) {
     EXPECT_EQ(firm("許可番号2"), "");
     Company_Reload(session);
     EXPECT_EQ(session.Syori_Ki, 3);
-    EXPECT_EQ(session.Hojin_Kojin, 2);
+    EXPECT_EQ(session.Hojin_Kojin, Firm_Type::Individual);
     info.office_name = "再実行";
     Jigyo_Init(session, info);
     EXPECT_EQ(firm("事業所名"), "再実行");

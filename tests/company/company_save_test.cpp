@@ -186,7 +186,7 @@ TEST_F(Company_Save_Test, All_Questions_Come_Before_Any_Action) {
     EXPECT_EQ(List("SELECT count(*) FROM Ks_Zaihyo WHERE 決算期=8 And 建設科目名 Is 個人科目名"), "255");
     EXPECT_EQ(session.Kanri_No, 3);
     EXPECT_EQ(session.Syori_Ki, 8);
-    EXPECT_EQ(session.Hojin_Kojin, 2);
+    EXPECT_EQ(session.Hojin_Kojin, Firm_Type::Individual);
     EXPECT_EQ(State()["kidou.ini"], "3,\"見本1\"\n");
     // Elements that the wipe left behind stand under 7 and 9: the next shift goes over them.
     ASSERT_EQ(Save({{"Ks_ki", "7"}}, {Answer::Yes}).outcome, Outcome_Of_Save::Saved);
@@ -245,7 +245,7 @@ TEST_F(Company_Save_Test, A_New_Company_Is_Registered_And_Taken_In_Hand) {
     EXPECT_EQ(session.Syori_Ki, 12);
     EXPECT_EQ(session.Data_Ver, 5);
     EXPECT_EQ(Law_Number(session.Simyu_Kubun), 4);
-    EXPECT_EQ(session.Hojin_Kojin, 2);
+    EXPECT_EQ(session.Hojin_Kojin, Firm_Type::Individual);
     EXPECT_FALSE(session.Jg_New_Flg);
     EXPECT_EQ(Save(new_company).outcome, Outcome_Of_Save::Saved) << "from now on an existing company";
 }
@@ -292,7 +292,7 @@ TEST_F(Own_Firm_Test, Its_Tests_Come_In_Their_Own_Order) {
     EXPECT_EQ(List("SELECT 管理No, 事業所名, 事業所カナ名, 単位 FROM Jigyo_mas"), "1=改名建設=ﾐﾎﾝ1=3");
     EXPECT_EQ(session.Tani_Kbn, 3);
     EXPECT_EQ(session.Jigyo_Name, "改名建設");
-    EXPECT_EQ(session.Hojin_Kojin, 2);
+    EXPECT_EQ(session.Hojin_Kojin, Firm_Type::Individual);
     EXPECT_EQ(Law_Number(session.Simyu_Kubun), 3) << "read again";
 }
 

@@ -70,7 +70,8 @@ void Expect_Bad_Template(const Scripted_Messages& messages) {
 }
 
 TEST_F(Period_Test, A_New_Company_Has_One_Blank_Period) {
-    for (const auto& [type, name] : {std::pair<std::int16_t, std::string>(1, "法人"), {2, "個人"}}) {
+    for (const auto& [type, name] :
+         {std::pair(Firm_Type::Corporation, std::string("法人")), {Firm_Type::Individual, "個人"}}) {
         ASSERT_TRUE(New_Data_Set(session, type, 12));
         EXPECT_EQ(session.Data_Ver, 5);
         for (const auto& [table, count] :
@@ -90,13 +91,14 @@ TEST_F(Period_Test, A_New_Company_Has_One_Blank_Period) {
                        "科目名 Or 非表示識別<>" + name + "非表示識別 Or 非印刷識別<>" + name + "非印刷識別"),
                   "0");
         EXPECT_NE(List("SELECT count(*) FROM Ks_Zaihyo WHERE 法人科目名<>個人科目名"), "0");
-        EXPECT_EQ(List("SELECT 科目編集識別 FROM Ks_Zaihyo WHERE 建設科目CD=234"), type == 1 ? "0" : "-1");
+        EXPECT_EQ(List("SELECT 科目編集識別 FROM Ks_Zaihyo WHERE 建設科目CD=234"),
+                  type == Firm_Type::Corporation ? "0" : "-1");
         EXPECT_EQ(List("SELECT Info_No FROM sys_info ORDER BY Info_No"), "11 14 15 21");
     }
 }
 
 TEST_F(Hokkaido_Period_Test, The_Hokkaido_Chart) {
-    ASSERT_TRUE(New_Data_Set(session, 1, 2));
+    ASSERT_TRUE(New_Data_Set(session, Firm_Type::Corporation, 2));
     EXPECT_EQ(session.Data_Ver, 6);
     const auto chart = [this](const std::string& table, const fs::path& file, const std::string& where) {
         const Connection cn(file, session.Db_Key, Connection::Mode::Read_Only);
@@ -138,7 +140,7 @@ TEST_F(Period_Test, A_Template_That_Does_Not_Fit_Changes_Nothing) {
         const auto before = State();
         session.Data_Ver = 3;
         messages.shown.clear();
-        EXPECT_FALSE(New_Data_Set(session, 1, 6));
+        EXPECT_FALSE(New_Data_Set(session, Firm_Type::Corporation, 6));
         Expect_Bad_Template(messages);
         if (!c.copies) {
             messages.shown.clear();
@@ -151,11 +153,11 @@ TEST_F(Period_Test, A_Template_That_Does_Not_Fit_Changes_Nothing) {
     }
     Write_Files(folder.path, good);
     fs::remove(folder.path / "morv_org.dat");
-    EXPECT_THROW(New_Data_Set(session, 1, 6), Store_Error);
+    EXPECT_THROW(New_Data_Set(session, Firm_Type::Corporation, 6), Store_Error);
     EXPECT_THROW(Period_Copy(session, 6, 5, Copy_Mode::After), Store_Error);
     Connection(folder.path / "morv_set.dat", session.Db_Key).Execute("DROP TABLE QandA");
     const auto before = State();
-    EXPECT_THROW(New_Data_Set(session, 1, 6), Store_Error);
+    EXPECT_THROW(New_Data_Set(session, Firm_Type::Corporation, 6), Store_Error);
     EXPECT_TRUE(State() == before);
 }
 

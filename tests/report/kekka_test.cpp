@@ -94,9 +94,9 @@ class Kekka_Test : public Installation {
         session.Syori_Ki = static_cast<std::int16_t>(period);
         session.Sim_Mode = scenario.number;
         const Connection cn = Cn_Open(session);
-        Settled_Score score = Score_Company(cn, session.Is_Hokkaido(), period, scenario);
+        Settled_Score score = Score_Company(cn, session.Kind().edition, period, scenario);
         session.Jigyo_Name = score.jigyo_name;
-        session.Hojin_Kojin = score.figures.corporation ? 1 : 2;
+        session.Hojin_Kojin = score.figures.firm.type;
         return score;
     }
 

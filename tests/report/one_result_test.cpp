@@ -126,7 +126,7 @@ class One_Result : public Installation, public ::testing::WithParamInterface<con
 
     [[nodiscard]] Settled_Score Batch() const {
         const Connection cn(session.Work_Store, session.Db_Key, Connection::Mode::Read_Only);
-        return Score_Company(cn, session.Is_Hokkaido(), std::nullopt, scenario_genjo);
+        return Score_Company(cn, session.Kind().edition, std::nullopt, scenario_genjo);
     }
 
     [[nodiscard]] Kekka_Figures Print() const {
@@ -148,8 +148,7 @@ class One_Result : public Installation, public ::testing::WithParamInterface<con
     void Expect_One_Result() {
         Expect_One_Print();
         const Settled_Score batch = Batch();
-        const Review_Figures stored = Load_Review(Cn_Open(session), 10, scenario_genjo, session.Is_Hokkaido(),
-                                                  session.Is_Corporation());
+        const Review_Figures stored = Load_Review(Cn_Open(session), 10, scenario_genjo, session.Kind());
         if (!stored.elements[100].up || !stored.elements[202].up) {
             return;
         }

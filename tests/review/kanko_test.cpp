@@ -311,7 +311,7 @@ class Kanko_Store : public Installation {
 
     Kanko Screen(int scenario) const {
         const Connection cn = Cn_Open(session);
-        figures = Load_Review(cn, 10, Scenario_Of(scenario), false, true);
+        figures = Load_Review(cn, 10, Scenario_Of(scenario), {});
         return Loaded(figures);
     }
 

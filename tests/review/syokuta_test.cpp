@@ -240,7 +240,7 @@ TEST_F(Syokuta_Store, Adds_The_Rows_Of_Knowledge_And_Forms_P_Anew) {
         Put_Work(32, {{"評点X1", 1000}, {"評点Z", 900}, {"総合評点P", 1}});
 
         const Connection cn = Cn_Open(session);
-        const Review_Figures figures = Load_Review(cn, 10, scenario_genjo, false, true);
+        const Review_Figures figures = Load_Review(cn, 10, scenario_genjo, {});
         Syokuta screen;
         WZX_Calc wzx;
         screen.Load_W_2012(figures);

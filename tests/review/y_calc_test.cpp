@@ -22,9 +22,9 @@ Statement_Figures Of(const Yen_1000& amounts, int form = 5) {
 }
 
 /// A national corporation's results.
-Y_Calc Calculated(const Statement_Figures& statement, bool hokkaido = false, bool corporation = true) {
+Y_Calc Calculated(const Statement_Figures& statement, Firm_Kind kind = {}) {
     Y_Calc y;
-    y.Calc_Y(statement, hokkaido, corporation);
+    y.Calc_Y(statement, kind);
     return y;
 }
 
@@ -161,7 +161,7 @@ TEST(Y_Calc, Accounts_Are_Cut_Before_They_Are_Summed) {
         const Y_Calc y = Calculated(Of({{179, c.yen / 1000}}));
         EXPECT_EQ(y.Y_Yoso[0], c.thousands) << c.yen;
     }
-    EXPECT_EQ(Calculated(Of({{400, 1.999}, {410, 0.999}}), true).Y_Yoso[7], 1);
+    EXPECT_EQ(Calculated(Of({{400, 1.999}, {410, 0.999}}), {Edition::Hokkaido}).Y_Yoso[7], 1);
     EXPECT_EQ(Calculated(Of({{101, 0.6}, {103, 0.6}})).Y_Work[10], 0);
 }
 
@@ -187,6 +187,7 @@ TEST(Y_Calc, Every_Account_Moves_Its_Element) {
     const std::map<int, std::size_t> elements = {{179, 0}, {229, 1}, {248, 2}, {289, 3},  {319, 4}, {399, 5},
                                                  {830, 6}, {419, 8}, {470, 9}, {480, 10}, {489, 11}};
     for (const bool is_hokkaido : {false, true}) {
+        const Firm_Kind kind = {is_hokkaido ? Edition::Hokkaido : Edition::National};
         for (const auto& move : moves) {
             if ((move.edition & (is_hokkaido ? hokkaido : national)) == 0) {
                 continue;
@@ -199,16 +200,16 @@ TEST(Y_Calc, Every_Account_Moves_Its_Element) {
                     expected[elements.at(code)] = 1;
                 }
                 expected[7] = is_hokkaido ? (code == 400 || code == 410 ? 1 : 0) : (code == 402 ? 1 : 0);
-                EXPECT_EQ(Calculated(Of({{code, 1}}), is_hokkaido).Y_Yoso, expected)
-                    << is_hokkaido << " " << code;
+                EXPECT_EQ(Calculated(Of({{code, 1}}), kind).Y_Yoso, expected) << is_hokkaido << " " << code;
             }
         }
         for (const int form : {3, 4, 5, 6}) {
-            EXPECT_EQ(Calculated(Of({{209, 1}}, form), is_hokkaido).Y_Yoso[flow], form == 6 ? 0 : 1) << form;
-            EXPECT_EQ(Calculated(Of({{210, 1}}, form), is_hokkaido).Y_Yoso[flow], form == 6 ? 1 : 0) << form;
+            EXPECT_EQ(Calculated(Of({{209, 1}}, form), kind).Y_Yoso[flow], form == 6 ? 0 : 1) << form;
+            EXPECT_EQ(Calculated(Of({{210, 1}}, form), kind).Y_Yoso[flow], form == 6 ? 1 : 0) << form;
         }
     }
-    EXPECT_EQ(Calculated(Of({{289, 7}, {319, 9}}), false, false).Y_Yoso[3], 9) << "an individual";
+    EXPECT_EQ(Calculated(Of({{289, 7}, {319, 9}}), {Edition::National, Firm_Type::Individual}).Y_Yoso[3], 9)
+        << "an individual";
 }
 
 // The statement without figures has A -3.24; from there each indicator moves A by its weight, rounded from
@@ -247,7 +248,7 @@ TEST(Y_Calc, Overflow_Keeps_The_Former_Results) {
     for (const Yen_1000& amounts : cases) {
         Y_Calc y = Calculated(Of({{402, 100'000}, {489, 5'099}, {319, 7}}));
         const Y_Calc before = y;
-        EXPECT_THROW(y.Calc_Y(Of(amounts), false, true), Run_Time_Error) << amounts.front().first;
+        EXPECT_THROW(y.Calc_Y(Of(amounts), {}), Run_Time_Error) << amounts.front().first;
         EXPECT_EQ(y.Y_Kekka, before.Y_Kekka);
         EXPECT_EQ(y.Y_Yoso, before.Y_Yoso);
         EXPECT_EQ(y.Y_Work, before.Y_Work);

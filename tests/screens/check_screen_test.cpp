@@ -43,7 +43,7 @@ class Check_Screens : public Ui_Installation {
         Put_Elements({{210, law}});
         session.Simyu_Kubun = Law_Of(law).code;
         const Connection cn = Cn_Open(session);
-        Review_Figures figures = Load_Review(cn, session.Syori_Ki, scenario_genjo, false, true);
+        Review_Figures figures = Load_Review(cn, session.Syori_Ki, scenario_genjo, {});
         Settle(figures, y, x2);
         Transaction transaction(cn);
         Write_Elements(cn, session.Syori_Ki, scenario_genjo, figures);

@@ -312,8 +312,8 @@ class Firms {
     Review_Figures Next(int law) {
         Review_Figures f;
         f.law_year = Law_Of(law).code;
-        f.corporation = One_In(2);
-        f.hokkaido = One_In(2);
+        f.firm.type = One_In(2) ? Firm_Type::Corporation : Firm_Type::Individual;
+        f.firm.edition = One_In(2) ? Edition::Hokkaido : Edition::National;
         f.review_date = One_In(2) ? Review_Date{2023, 8, 13} : Review_Date{2023, 8, 14};
         Statement(f.statement);
         for (Element& element : f.elements) {

@@ -69,7 +69,7 @@ class Kanko_Window : public Ui_Installation {
 
     [[nodiscard]] Review_Figures Stored() const {
         const Connection cn = Cn_Open(session);
-        return Load_Review(cn, 10, scenario_genjo, session.Is_Hokkaido(), true);
+        return Load_Review(cn, 10, scenario_genjo, {session.Kind().edition, Firm_Type::Corporation});
     }
 
     std::unique_ptr<Frm_Kanko> form;

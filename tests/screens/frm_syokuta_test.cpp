@@ -48,8 +48,7 @@ class Syokuta_Screen : public Ui_Installation {
     void Take_Sample(const char* sample, int law) {
         Import_Case(session, Samples_Folder() / sample);
         session.Syori_Ki = static_cast<std::int16_t>(Field("Jigyo_mas", "処理決算期", "1=1").As_Integer());
-        session.Hojin_Kojin =
-            static_cast<std::int16_t>(Field("Jigyo_mas", "法人個人識別", "1=1").As_Integer());
+        session.Hojin_Kojin = Firm_Type_Of(Field("Jigyo_mas", "法人個人識別", "1=1").As_Integer());
         session.Simyu_Kubun = Law_Of(law).code;
         Put_Elements({{210, law}});
     }
@@ -105,8 +104,7 @@ class Syokuta_Screen : public Ui_Installation {
     }
 
     [[nodiscard]] Review_Figures Now() const {
-        return Load_Review(Cn_Open(session), session.Syori_Ki, scenario_genjo, session.Is_Hokkaido(),
-                           session.Is_Corporation());
+        return Load_Review(Cn_Open(session), session.Syori_Ki, scenario_genjo, session.Kind());
     }
 
     const std::string stored_scores = "SELECT 要素CD, 現状 FROM W_Yoso ORDER BY 決算期, 要素CD";
@@ -311,7 +309,7 @@ TEST_F(Syokuta_Screen, What_Is_Stored_And_Cannot_Be_Computed_Can_Be_Corrected) {
 // what is stored.
 TEST_F(Syokuta_Screen, What_Stays_Open_Shows_The_Settled_Scores) {
     const auto settled = [this] {
-        return Score_Company(Cn_Open(session), session.Is_Hokkaido(), std::nullopt, scenario_genjo).figures;
+        return Score_Company(Cn_Open(session), session.Kind().edition, std::nullopt, scenario_genjo).figures;
     };
     const auto close_check = [] {
         for (QWidget* window : QApplication::topLevelWidgets()) {

@@ -15,7 +15,7 @@ Y_Calc Result_Of(const std::map<int, double>& thousand_yen) {
         statement.amount[static_cast<std::size_t>(code)] = amount * 1000.0;
     }
     Y_Calc y;
-    y.Calc_Y(statement, false, true);
+    y.Calc_Y(statement, {});
     return y;
 }
 

@@ -169,7 +169,7 @@ TEST_F(Session_Test, Settings_Are_Kept) {
     info.user_id = "U-1";
     info.tiiki_cd = "0102";
     info.todofuken_mei = "北海道";
-    info.hojin_kojin = 2;
+    info.hojin_kojin = Firm_Type::Individual;
     info.syori_ki = -3;
     info.kanri_no = 2147483647;
     info.office_name = "「\"引用\"」\\";
@@ -184,10 +184,10 @@ TEST_F(Session_Test, Settings_Are_Kept) {
     EXPECT_EQ(made.Kanri_Flg, 255);
     EXPECT_FALSE(made.Is_Multi());
     EXPECT_EQ(made.User_ID, "U-1");
-    EXPECT_EQ(made.Tiiki_CD, "01");
+    EXPECT_EQ(made.Tiiki_CD, Edition::Hokkaido);
     EXPECT_TRUE(made.Is_Hokkaido());
     EXPECT_EQ(made.Todofuken_Mei, "北海道");
-    EXPECT_EQ(made.Hojin_Kojin, 2);
+    EXPECT_EQ(made.Hojin_Kojin, Firm_Type::Individual);
     EXPECT_EQ(made.Syori_Ki, -3);
     EXPECT_EQ(made.Kanri_No, 2147483647);
     EXPECT_EQ(made.Tani_Kbn, 1);
@@ -197,10 +197,42 @@ TEST_F(Session_Test, Settings_Are_Kept) {
                     R"({"管理者識別": 11, "許可番号1": 123, "ビル名": null, "処理決算期": null})");
     const Install_Info sparse = Read_Install_Info(folder.path);
     EXPECT_EQ(sparse.kanri_flg, 11);
-    EXPECT_EQ(sparse.hojin_kojin, 1);
+    EXPECT_EQ(sparse.hojin_kojin, Firm_Type::Corporation);
     EXPECT_EQ(sparse.syori_ki, 0);
     EXPECT_EQ(sparse.tiiki_cd, "");
     EXPECT_EQ(sparse.optional_columns, (std::map<std::string, std::string>{{"許可番号1", "123"}}));
+}
+
+// What a store or the settings hold of a firm's kind, what it reads as and what the arithmetic makes of it.
+TEST(Firm_Kind, Stored_Codes_Read_As_One_Of_Two_Or_None) {
+    const struct {
+        const char* code;
+        std::optional<Edition> edition;
+    } editions[] = {{"01", Edition::Hokkaido},
+                    {"0102", Edition::Hokkaido},
+                    {"13", Edition::National},
+                    {"13x", Edition::National},
+                    {"", {}},
+                    {"1", {}},
+                    {"14", {}},
+                    {"001", {}}};
+    for (const auto& c : editions) {
+        EXPECT_EQ(Edition_Of(c.code), c.edition) << c.code;
+        EXPECT_EQ(Code_Of(c.edition), c.edition ? std::string(c.code, 2) : "") << c.code;
+    }
+    const struct {
+        std::int64_t number;
+        std::optional<Firm_Type> type;
+        Firm_Type counted;
+    } types[] = {{1, Firm_Type::Corporation, Firm_Type::Corporation},
+                 {2, Firm_Type::Individual, Firm_Type::Individual},
+                 {0, {}, Firm_Type::Individual},
+                 {3, {}, Firm_Type::Individual},
+                 {4294967297, {}, Firm_Type::Individual}};
+    for (const auto& c : types) {
+        EXPECT_EQ(Firm_Type_Of(c.number), c.type) << c.number;
+        EXPECT_EQ(Counted(Firm_Type_Of(c.number)), c.counted) << c.number;
+    }
 }
 
 TEST_F(Session_Test, Settings_That_Cannot_Be_Read_Are_Refused) {

@@ -101,7 +101,7 @@ TEST_F(Prior_Screen, A_copied_block_is_shown_and_the_other_keeps_its_keys) {
 }
 
 TEST_F(Prior_Screen, An_individual_does_not_see_the_retained_earnings) {
-    session.Hojin_Kojin = 2;
+    session.Hojin_Kojin = Firm_Type::Individual;
     Show<Frm_KsZenki>();
     EXPECT_EQ(form->objectName().toStdString(), "Frm_KsZenkiKJ");
     EXPECT_EQ(Child<QLabel>(*form, "Lbl_SubTitle")->text().toStdString(), "前期関連データ");

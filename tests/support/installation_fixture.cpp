@@ -64,7 +64,7 @@ Installation::Installation(const std::string& edition, bool multi) {
 }
 
 void Installation::Make_Company(std::int32_t number, std::int16_t hojin_kojin, std::int16_t period) {
-    ASSERT_TRUE(New_Data_Set(session, hojin_kojin, period));
+    ASSERT_TRUE(New_Data_Set(session, *Firm_Type_Of(hojin_kojin), period));
     const Connection cn = Cn_Open(session);
     const std::array<Value, 4> values = {number, "見本" + std::to_string(number), hojin_kojin, period};
     cn.Execute(
@@ -73,7 +73,7 @@ void Installation::Make_Company(std::int32_t number, std::int16_t hojin_kojin, s
         values);
     session.Kanri_No = number;
     session.Jigyo_Name = "見本" + std::to_string(number);
-    session.Hojin_Kojin = hojin_kojin;
+    session.Hojin_Kojin = Firm_Type_Of(hojin_kojin);
     session.Syori_Ki = period;
     session.Simyu_Kubun = Law_Of(4).code;
 }
