@@ -434,11 +434,6 @@ void Frm_Command::Open_Screen(Menu_Button& button) {
     if (!area.Close_All() || !Enter_Screen(shell.session, button.entry)) {
         return;
     }
-    for (const Gate gate : button.entry.gates) {
-        if (gate == Gate::Statement) {
-            gate_amounts = Statement_Gate_Amounts(shell.session);
-        }
-    }
     shell.session.Jg_New_Flg = false;
     Highlight(&button);
     Open_Form(Text(Form_Of(button.entry, shell.session)));
@@ -508,13 +503,6 @@ void Frm_Command::Screens_Closed() {
 void Frm_Command::Settle_Scores() {
     if (!shell.session.Is_Multi() || shell.session.Kanri_No != 0) {
         shell.Guard([this] { Settle_Again(shell.session); });
-    }
-}
-
-void Frm_Command::Other_Firm_Comparison() {
-    if (Enter_Other_Firm(shell.session)) {
-        gate_amounts = Statement_Gate_Amounts(shell.session);
-        Open_Form(QStringLiteral("Frm_KeieiKz"));
     }
 }
 

@@ -46,9 +46,6 @@ class Frm_Command : public QWidget {
     /// A company has just been registered: the caption of the statement of changes follows its data form.
     void Show_Registered();
 
-    /// The comparison with another firm; no button leads here.
-    void Other_Firm_Comparison();
-
     /// Opens a form of the table; the menu keeps track of it.
     void Open_Form(const QString& form);
 
@@ -61,8 +58,6 @@ class Frm_Command : public QWidget {
 
     /// Puts the focus on the first button that can be pressed.
     void Focus_First();
-
-    std::array<Value, 4> gate_amounts; ///< as the statement gate found them
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;

@@ -99,16 +99,4 @@ bool Pass_Gates(const Session& session, std::span<const Gate> gates) {
     return true;
 }
 
-std::array<Value, 4> Statement_Gate_Amounts(const Session& session) {
-    const Connection cn = Cn_Open(session);
-    Recordset rows = cn.Open("SELECT * FROM Ks_Zaihyo WHERE 決算期=? ORDER BY 建設科目CD", session.Syori_Ki);
-    std::array<Value, 4> amounts;
-    std::size_t place = 0;
-    for (const Account account : {Account::Fixed_Assets, Account::Net_Assets, Account::Gross_Profit,
-                                  Account::Liabilities_And_Net_Assets}) {
-        amounts.at(place++) = rows.Find("建設科目CD", Code(account)) ? rows["金額"] : Value();
-    }
-    return amounts;
-}
-
 } // namespace morvane

@@ -29,8 +29,4 @@ bool Gate_Is_Open(const Session& session, Gate gate);
 /// Tests gates in their order; the first that refuses shows its box and ends the test with false.
 bool Pass_Gates(const Session& session, std::span<const Gate> gates);
 
-/// 金額 (yen) of total assets' parts and turnover that the statement gate leaves to the menu: fixed
-/// assets, net assets, gross profit, liabilities and net assets; Null where a row is missing.
-std::array<Value, 4> Statement_Gate_Amounts(const Session& session);
-
 } // namespace morvane

@@ -177,10 +177,6 @@ constexpr std::string_view Type_Name(Column_Type type) {
 
 } // namespace
 
-std::span<const std::string_view> Scenario_Columns() {
-    return scenario_columns;
-}
-
 std::span<const Table_Info> Tables_Of(Store_Kind kind) {
     static const std::vector<Table_Info> company = Company_Tables();
     static const std::vector<Table_Info> company_register = {

@@ -38,10 +38,6 @@ std::span<const Table_Info> Tables_Of(Store_Kind kind);
 /// A table of a kind of store. Raises std::out_of_range for a name that is not in the catalogue.
 const Table_Info& Table_Of(Store_Kind kind, std::string_view name);
 
-/// The figures of one scenario in Kandaka_Gj, in the order of the table: completed work, engineers,
-/// prime-contract work and scores. A scenario's own columns bear its prefix (改0 to 改3) before these names.
-std::span<const std::string_view> Scenario_Columns();
-
 /// Makes the tables of `kind` in an empty store.
 void Create_Tables(const Connection& store, Store_Kind kind);
 

@@ -8,12 +8,9 @@
 namespace morvane {
 
 namespace {
+// In the order of the export.
 constexpr std::array<const char*, 5> tables = {"Jigyo_mas", "Kandaka_Gj", "Ks_Ki", "Ks_Zaihyo", "W_Yoso"};
-}
-
-std::span<const char* const> Csv_Tables() {
-    return tables;
-}
+} // namespace
 
 std::string Csv_Text(const Connection& store, const std::string& table) {
     Statement rows = store.Prepare("SELECT [" + table + "].* FROM [" + table + "]");

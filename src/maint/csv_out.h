@@ -4,13 +4,9 @@
 #include "data/connection.h"
 
 #include <filesystem>
-#include <span>
 #include <string>
 
 namespace morvane {
-
-/// The tables of the CSV export, in its order.
-std::span<const char* const> Csv_Tables();
 
 /// A table as CSV: the column names, then a line per row, fields in column order. Null is empty, numbers and
 /// texts stand as they are, without quotes. Raises Store_Error.

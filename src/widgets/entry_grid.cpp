@@ -88,14 +88,6 @@ void Entry_Grid::Set_Locked(int row, int column, bool locked) {
     }
 }
 
-void Entry_Grid::Set_Tint(int row, int column, QRgb tint) {
-    for (int r = std::max(row, 0); r < (row < 0 ? data->rowCount() : row + 1); ++r) {
-        for (int c = std::max(column, 0); c < (column < 0 ? data->columnCount() : column + 1); ++c) {
-            data->Set_Tint({r, c}, tint);
-        }
-    }
-}
-
 bool Entry_Grid::Is_Edited() const {
     return !undo_stack.isClean() || Is_Typed();
 }

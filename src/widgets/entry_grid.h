@@ -93,11 +93,6 @@ class Entry_Grid : public QFrame {
     [[nodiscard]] bool Is_Locked(int row, int column) const { return data->Is_Locked({row, column}); }
     void Set_Locked(int row, int column, bool locked);
 
-    /// The ground of a cell in place of the usual one; 0 gives the usual one back. -1 means all rows or all
-    /// columns.
-    void Set_Tint(int row, int column, QRgb tint);
-    [[nodiscard]] QRgb Tint(int row, int column) const { return data->Tint_At({row, column}); }
-
     /// Shows a row in bold: one that is computed from others.
     void Set_Strong(int row, bool strong) { data->Set_Strong(row, strong); }
 

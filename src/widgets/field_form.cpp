@@ -76,7 +76,6 @@ void Field_Form::Add_Field(const Field& field) {
         add(hint);
     }
     by_name[field.name] = cell;
-    lines[field.name] = line;
     connect(cell, &Entry_Cell::Next_Field, this, [this] { focusNextChild(); });
     connect(cell, &Entry_Cell::textEdited, this, [this, name] { Q_EMIT Edited(name); });
     connect(cell, &Entry_Cell::Entered, this, [this, name] { Q_EMIT Cell_Entered(name); });
@@ -111,11 +110,6 @@ void Field_Form::Set_Texts(const std::map<std::string, std::string>& texts) {
         }
     }
     Set_Unedited();
-}
-
-void Field_Form::Add_Behind(const std::string& name, QWidget* widget) {
-    QHBoxLayout* of_cell = lines.at(name);
-    of_cell->insertWidget(of_cell->count() - 1, widget);
 }
 
 void Field_Form::Add_Line(const QString& caption, QWidget* widget) {

@@ -67,9 +67,6 @@ class Field_Form : public QWidget {
     [[nodiscard]] bool Is_Edited() const { return Texts() != unedited; }
     void Set_Unedited() { unedited = Texts(); }
 
-    /// Puts a widget behind the last thing in the line of a cell (a button, an option).
-    void Add_Behind(const std::string& name, QWidget* widget);
-
     /// Adds a line of its own.
     void Add_Line(const QString& caption, QWidget* widget);
 
@@ -90,7 +87,6 @@ class Field_Form : public QWidget {
     QHBoxLayout* line = nullptr; ///< the last line
     std::vector<QLabel*> captions;
     std::map<std::string, Entry_Cell*> by_name;
-    std::map<std::string, QHBoxLayout*> lines; ///< of each cell
     std::map<std::string, std::string> unedited;
 };
 

@@ -52,14 +52,6 @@ void Grid_Data::Set_Locked(Cell_At at, bool locked) {
     }
 }
 
-void Grid_Data::Set_Tint(Cell_At at, QRgb tint) {
-    Cell& cell = cells[Index(at)];
-    if (cell.tint != tint) {
-        cell.tint = tint;
-        Tell(at);
-    }
-}
-
 void Grid_Data::Set_Strong(int row, bool strong) {
     for (int column = 0; column < columnCount(); ++column) {
         cells[Index({row, column})].strong = strong;

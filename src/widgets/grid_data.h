@@ -44,7 +44,7 @@ struct Cell_At {
     friend bool operator==(const Cell_At&, const Cell_At&) = default;
 };
 
-/// The cells of a grid: values, the texts that show them, locks and tints.
+/// The cells of a grid: values, the texts that show them, and locks.
 class Grid_Data : public QAbstractTableModel {
   public:
     Grid_Data(std::vector<Grid_Column> grid_columns, int rows, QObject* parent);
@@ -58,13 +58,11 @@ class Grid_Data : public QAbstractTableModel {
     [[nodiscard]] const Value& Value_At(Cell_At at) const { return cells[Index(at)].value; }
     [[nodiscard]] const QString& Text_At(Cell_At at) const { return cells[Index(at)].text; }
     [[nodiscard]] bool Is_Locked(Cell_At at) const { return cells[Index(at)].locked; }
-    [[nodiscard]] QRgb Tint_At(Cell_At at) const { return cells[Index(at)].tint; }
     [[nodiscard]] bool Is_Strong(Cell_At at) const { return cells[Index(at)].strong; }
     [[nodiscard]] bool Has(Cell_At at) const;
 
     void Set_Value(Cell_At at, const Value& value);
     void Set_Locked(Cell_At at, bool locked);
-    void Set_Tint(Cell_At at, QRgb tint);
     void Set_Strong(int row, bool strong);
     void Set_Heading(int column, const std::string& heading);
 
@@ -85,7 +83,6 @@ class Grid_Data : public QAbstractTableModel {
         Value value;
         QString text;
         bool locked = false;
-        QRgb tint = 0;
         bool strong = false;
     };
 

@@ -65,9 +65,6 @@ class Grid_View::Painter : public QAbstractItemDelegate {
 
   private:
     [[nodiscard]] QRgb Ground(Cell_At at) const {
-        if (data.Tint_At(at) != 0) {
-            return data.Tint_At(at);
-        }
         if (view.is_totals) {
             return theme::accent_soft;
         }

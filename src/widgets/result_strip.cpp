@@ -52,8 +52,4 @@ void Result_Strip::Set_Text(const std::string& name, const QString& text) {
     by_name.at(name)->setText(text);
 }
 
-QString Result_Strip::Text(const std::string& name) const {
-    return by_name.at(name)->text();
-}
-
 } // namespace morvane

@@ -33,7 +33,6 @@ class Result_Strip : public QFrame {
 
     /// Shows a figure as text. Raises std::out_of_range for a name that the strip does not have.
     void Set_Text(const std::string& name, const QString& text);
-    [[nodiscard]] QString Text(const std::string& name) const;
 
   private:
     QLabel* subject_label;

@@ -178,23 +178,14 @@ QToolTip { border: 1px solid %line; padding: 3px; }
     return sheet;
 }
 
-QFont Family(const char* family, QFont::StyleHint hint, double points) {
-    QFont font(QString::fromLatin1(family));
-    font.setStyleHint(hint);
-    font.setPointSizeF(points);
-    return font;
-}
-
 } // namespace
 
 QFont Gothic(double points, bool bold) {
-    QFont font = Family("IPAexGothic", QFont::SansSerif, points);
+    QFont font(QStringLiteral("IPAexGothic"));
+    font.setStyleHint(QFont::SansSerif);
+    font.setPointSizeF(points);
     font.setBold(bold);
     return font;
-}
-
-QFont Mincho(double points) {
-    return Family("IPAexMincho", QFont::Serif, points);
 }
 
 void Set_Look(QWidget* widget, const char* look) {

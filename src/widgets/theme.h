@@ -47,9 +47,6 @@ inline constexpr double title_points = 14;
 /// The gothic family of all screens in a size (points).
 QFont Gothic(double points = body_points, bool bold = false);
 
-/// The mincho family, for reports.
-QFont Mincho(double points = body_points);
-
 /// Gives a widget one of the looks that the style sheet knows (primary, menu, section, band, ...).
 void Set_Look(QWidget* widget, const char* look);
 

@@ -44,15 +44,15 @@ void Total_Panel::Add_Line(const Total_Field& field, int characters) {
                              Qt::AlignVCenter);
         grid->addWidget(figure, row, 0, 1, 2);
     } else {
-        shown.caption = new QLabel(caption);
-        shown.caption->setIndent(0);
+        auto* label = new QLabel(caption);
+        label->setIndent(0);
         const char* look = field.line == Line::Sum ? "panel_sum" : "panel_figure";
-        theme::Set_Look(shown.caption, look);
+        theme::Set_Look(label, look);
         theme::Set_Look(figure, look);
         figure->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         figure->setMinimumWidth(fontMetrics().horizontalAdvance(QLatin1Char('0')) * characters + 16);
         figure->setTextInteractionFlags(Qt::TextSelectableByMouse);
-        grid->addWidget(shown.caption, row, 0);
+        grid->addWidget(label, row, 0);
         grid->addWidget(figure, row, 1);
     }
     if (field.line != Line::Heading) {
@@ -91,13 +91,6 @@ void Total_Panel::Set_Check(const std::string& name, bool holds, const QString& 
     line.figure->setStyleSheet(QStringLiteral("background: %1; color: %2;")
                                    .arg(QColor(holds ? theme::check_yes : theme::check_no).name(),
                                         holds ? QColor(theme::text).name() : QStringLiteral("white")));
-}
-
-void Total_Panel::Set_Caption(const std::string& name, const QString& caption) {
-    if (QLabel* label = lines.at(name).caption) {
-        label->setText(caption);
-    }
-    lines.at(name).figure->setAccessibleName(caption);
 }
 
 } // namespace morvane

@@ -52,11 +52,8 @@ class Total_Panel : public Section_Box {
     void Set_Check(const std::string& name, bool holds, const QString& text);
     [[nodiscard]] bool Check_Holds(const std::string& name) const { return lines.at(name).holds; }
 
-    void Set_Caption(const std::string& name, const QString& caption);
-
   private:
     struct Shown {
-        QLabel* caption = nullptr;
         QLabel* figure = nullptr;
         Value value;
         bool holds = false;
