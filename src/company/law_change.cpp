@@ -3,7 +3,7 @@
 
 #include "company/table_edit.h"
 #include "law/elements.h"
-#include "review/syokuta.h"
+#include "review/review_figures.h"
 
 namespace morvane {
 

@@ -5,7 +5,7 @@
 #include "data/work_columns.h"
 #include "law/accounts.h"
 #include "law/elements.h"
-#include "review/syokuta.h"
+#include "review/review_figures.h"
 
 #include <algorithm>
 #include <array>

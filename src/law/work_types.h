@@ -61,7 +61,4 @@ inline constexpr std::array<Work_Type, work_line_count> work_types = {{
     {"", "その他"},
 }};
 
-/// The names of the work types for the check screens, by 工種CD.
-std::array<std::string_view, work_line_count> Get_Kosyu_Name();
-
 } // namespace morvane

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "review/relief.h"
 
-#include "review/kanko.h"
+#include "review/works.h"
 #include "review/x2_calc.h"
 #include "review/y_calc.h"
 
@@ -12,30 +12,26 @@ namespace morvane {
 namespace {
 
 /// X1, Z and W of every line when completed work is averaged over `years`.
-Kanko Averaged(const Review_Figures& figures, WZX_Calc& wzx, std::int32_t years, std::int16_t x2,
-               std::int16_t y) {
-    Kanko kanko;
-    kanko.Load_Kanko(figures, x2, y);
-    kanko.Kanko_Avg = years;
-    kanko.Calc_Gijutu_All(figures, wzx);
-    kanko.Calc_Kanko_All(figures, wzx, true);
-    return kanko;
+Works Averaged(const Review_Figures& figures, std::int32_t years, Points x2, Points y) {
+    Works works = Load_Kanko(figures, x2, y);
+    works.Kanko_Avg = years;
+    return Calc_Kanko_All(Calc_Gijutu_All(works, figures), figures, W_Form::By_Law_Year);
 }
 
 } // namespace
 
 Gekihen_Table Calc_Gekihen(const Review_Figures& figures) {
-    WZX_Calc wzx;
     Y_Calc y;
     y.Calc_Y(figures.statement, figures.firm);
     Gekihen_Table table{};
     for (std::size_t column = 0; column < gekihen_columns.size(); ++column) {
         X2_Calc x2;
         x2.JikoS = gekihen_columns[column].basis;
-        x2.Calc_X2(figures, wzx, true);
-        const Kanko kanko = Averaged(figures, wzx, gekihen_columns[column].years, x2.X2_Ten, y.Y_Ten);
+        x2.Calc_X2(figures, true);
+        const Works works =
+            Averaged(figures, gekihen_columns[column].years, Points(x2.X2_Ten), Points(y.Y_Ten));
         for (std::size_t i = 0; i < table.size(); ++i) {
-            table[i].P[column] = static_cast<std::int16_t>(kanko.lines[i].P.value);
+            table[i].P[column] = static_cast<std::int16_t>(works.lines[i].P.value);
         }
     }
     for (Gekihen_Line& line : table) {

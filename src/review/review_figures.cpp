@@ -227,6 +227,15 @@ void Write_Works(const Connection& cn, int period, const Scenario& scenario, Rev
     }
 }
 
+void Add_Missing_Elements(const Connection& cn, int period, int first, int last) {
+    for (int code = first; code <= last; ++code) {
+        if (cn.Open("SELECT 要素CD FROM W_Yoso WHERE 決算期=? And 要素CD=?", period, code).Eof()) {
+            cn.Execute("INSERT INTO W_Yoso (決算期, 要素CD, 要素名) VALUES (?, ?, ?)", period, code,
+                       Element_Name(code));
+        }
+    }
+}
+
 void Forget_Unchanged(const Review_Figures& stored, Review_Figures& figures) {
     for (std::size_t code = 0; code < figures.elements.size(); ++code) {
         Element& element = figures.elements[code];

@@ -2,11 +2,11 @@
 #pragma once
 
 #include "data/connection.h"
+#include "law/era_date.h"
 #include "law/firm_kind.h"
 #include "law/law_year.h"
 #include "law/work_types.h"
 #include "review/scenario.h"
-#include "review/wzx_calc.h"
 
 #include <array>
 #include <cstdint>
@@ -111,6 +111,10 @@ void Read_Works(const Connection& cn, int period, const Scenario& scenario, Revi
 /// Writes the dirty elements and the dirty columns of works. To be called inside a transaction.
 void Write_Elements(const Connection& cn, int period, const Scenario& scenario, Review_Figures& figures);
 void Write_Works(const Connection& cn, int period, const Scenario& scenario, Review_Figures& figures);
+
+/// Adds the rows of the elements `first` to `last` that a period lacks. The caller holds the transaction.
+/// Raises Store_Error.
+void Add_Missing_Elements(const Connection& cn, int period, int first, int last);
 
 /// Takes the mark of an assignment from every figure that is what `stored` has, so that it is not written.
 void Forget_Unchanged(const Review_Figures& stored, Review_Figures& figures);

@@ -2,8 +2,7 @@
 #include "review/settle.h"
 
 #include "law/elements.h"
-#include "review/kanko.h"
-#include "review/syokuta.h"
+#include "review/social.h"
 #include "session/kyotu_mod.h"
 #include "session/run_time_error.h"
 
@@ -22,25 +21,25 @@ constexpr int most_rounds = 12;
 // Older forms of the accounts are not taken in hand.
 constexpr std::uint8_t oldest_data_form = 3;
 
-void One_Round(Review_Figures& figures, WZX_Calc& wzx, std::int16_t y, std::int16_t x2, bool current) {
-    Syokuta social;
-    social.Load_W_2012(figures);
-    social.Calc_W_2012(figures, wzx);
-    social.Store_W_2012(figures);
+void One_Round(Review_Figures& figures, Points y, Points x2, bool current) {
+    Social_Items items;
+    items.Load(figures);
+    Calc_W_2012(items, items.Kikai_Ten, figures).Store(figures);
     Recalc_P_All(figures, x2, y);
 
-    Kanko kanko;
-    kanko.Load_Kanko(figures, x2, y);
-    kanko.Calc_Gijutu_All(figures, wzx);
-    kanko.Save_Gijutu(figures);
+    Works works = Calc_Gijutu_All(Load_Kanko(figures, x2, y), figures);
+    Save_Gijutu(works, figures);
 
     // The engineer screen stores no element, so that its sister reads just the lines anew.
-    kanko.lines = figures.works;
-    kanko.Calc_Kanko_All(figures, wzx);
-    kanko.Save_Kanko(figures, current);
+    works.lines = figures.works;
+    Save_Kanko(Calc_Kanko_All(works, figures), figures, current);
     if (!current) {
         Recalc_P_All(figures, x2, y);
     }
+}
+
+void Add_Knowledge_Rows(const Connection& cn, int period) {
+    Add_Missing_Elements(cn, period, element::cpd_units, element::w10);
 }
 
 bool Has_Element(const Review_Figures& figures, std::size_t code) {
@@ -139,12 +138,11 @@ bool Can_Settle(const Connection& cn, const Session& session, const Scenario& sc
 
 void Settle(Review_Figures& figures, Y_Calc& y, X2_Calc& x2, const Scenario& scenario) {
     const bool current = scenario.number == scenario_genjo.number;
-    WZX_Calc wzx;
     y.Calc_Y(figures.statement, figures.firm);
-    x2.Calc_X2(figures, wzx, false);
+    x2.Calc_X2(figures, false);
     for (int round = 0; round < most_rounds; ++round) {
         const auto elements = figures.elements;
-        One_Round(figures, wzx, y.Y_Ten, x2.X2_Ten, current);
+        One_Round(figures, Points(y.Y_Ten), Points(x2.X2_Ten), current);
         // A round forms the scores of the works from their inputs and the elements alone: once these stay, so
         // do those.
         if (elements == figures.elements) {
@@ -156,6 +154,35 @@ void Settle(Review_Figures& figures, Y_Calc& y, X2_Calc& x2, const Scenario& sce
 
 void Settle_Filled(const Connection& cn, const Settled_Period& of, const Scenario& scenario) {
     Settle_And_Store(cn, of, scenario, Is_Filled);
+}
+
+void Store_Works(const Connection& cn, const Side& side, const Works& works, bool gijutu) {
+    Review_Figures figures;
+    Read_Elements(cn, side.period, *side.scenario, figures);
+    Read_Works(cn, side.period, *side.scenario, figures);
+    if (gijutu) {
+        Save_Gijutu(works, figures);
+    } else {
+        // The improved screens leave W to the screen of X2 and W.
+        Save_Kanko(works, figures, side.Is_Current());
+    }
+    Write_Elements(cn, side.period, *side.scenario, figures);
+    Write_Works(cn, side.period, *side.scenario, figures);
+}
+
+void Store_W_2012(const Connection& cn, const Session& session, const Side& side, const Social_Items& items) {
+    if (Law_Of(session.Simyu_Kubun).has_additions) {
+        Add_Knowledge_Rows(cn, side.period);
+    }
+    Review_Figures figures = Load_Review(cn, side.period, *side.scenario, session.Kind());
+    items.Store(figures);
+    X2_Calc x2;
+    Y_Calc y;
+    x2.Calc_X2(figures, false);
+    y.Calc_Y(figures.statement, figures.firm);
+    Recalc_P_All(figures, Points(x2.X2_Ten), Points(y.Y_Ten));
+    Write_Elements(cn, side.period, *side.scenario, figures);
+    Write_Works(cn, side.period, *side.scenario, figures);
 }
 
 void Store_And_Settle(const Session& session, const Scenario& scenario,

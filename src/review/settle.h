@@ -2,6 +2,8 @@
 #pragma once
 
 #include "review/review_figures.h"
+#include "review/side.h"
+#include "review/works.h"
 #include "review/x2_calc.h"
 #include "review/y_calc.h"
 #include "session/session.h"
@@ -43,6 +45,15 @@ struct Settled_Period {
 /// Settles and stores the scores of a scenario that figures were brought into from outside; nothing where
 /// there are none. The caller holds the transaction. Raises Store_Error, Run_Time_Error.
 void Settle_Filled(const Connection& cn, const Settled_Period& of, const Scenario& scenario);
+
+/// Stores what a screen of the works holds, as closing it does; `gijutu` is the engineer screen. The caller
+/// holds the transaction. Raises Store_Error, Run_Time_Error.
+void Store_Works(const Connection& cn, const Side& side, const Works& works, bool gijutu);
+
+/// Stores the items of a side of the period in hand and forms P anew, as closing the screen of X2 and W does;
+/// the rows of knowledge and skill are added where its law year has them and they are missing. The caller
+/// holds the transaction. Raises Store_Error, Run_Time_Error.
+void Store_W_2012(const Connection& cn, const Session& session, const Side& side, const Social_Items& items);
 
 /// Stores by `store` what a review screen holds and, in the same transaction, settles the scores of its
 /// scenario of the period in hand: once X2/W and completed work were both stored (elements 100 and 202), and

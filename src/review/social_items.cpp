@@ -2,7 +2,6 @@
 #include "review/social_items.h"
 
 #include "law/elements.h"
-#include "review/wzx_calc.h"
 
 #include <algorithm>
 #include <stdexcept>
@@ -109,10 +108,9 @@ W1_Count Count_W1(const Social_Items& items, const Law_Year& law) {
             static_cast<std::int32_t>(std::count(items.Rf1.begin(), insurances_end, 0))};
 }
 
-std::int16_t Calc_W1(const Social_Items& items, const Law_Year& law) {
+Points Calc_W1(const Social_Items& items, const Law_Year& law) {
     const auto [joined, missing] = Count_W1(items, law);
-    return law.deduct_40 ? WZX_Calc().Calc_W1_Ten_40(joined, missing)
-                         : WZX_Calc().Calc_W1_Ten_30(joined, missing);
+    return Calc_W1_Ten(law, Head_Count(joined), Head_Count(missing));
 }
 
 void Social_Items::Load(const Review_Figures& figures) {
@@ -124,7 +122,7 @@ void Social_Items::Load(const Review_Figures& figures) {
         }
     }
     JikoS = JikoS == 0 ? 1 : JikoS;
-    RF1_Ten = Calc_W1(*this, law);
+    RF1_Ten = Calc_W1(*this, law).Count();
     const std::int32_t years = figures.Yoso(e::years_of_average);
     if (years != 0) {
         keiri_kandaka = figures.Yoso(years == 2 ? e::total_of_two : e::total_of_three);

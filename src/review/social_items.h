@@ -3,6 +3,7 @@
 
 #include "law/law_year.h"
 #include "review/review_figures.h"
+#include "review/scores.h"
 
 #include <array>
 #include <cstdint>
@@ -69,6 +70,6 @@ struct W1_Count {
     std::int32_t missing = 0; ///< Y2, insurances answered 0
 };
 W1_Count Count_W1(const Social_Items& items, const Law_Year& law);
-std::int16_t Calc_W1(const Social_Items& items, const Law_Year& law);
+Points Calc_W1(const Social_Items& items, const Law_Year& law);
 
 } // namespace morvane

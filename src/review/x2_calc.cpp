@@ -4,7 +4,10 @@
 #include "law/checked.h"
 #include "law/elements.h"
 #include "law/era_date.h"
+#include "law/total_weights.h"
+#include "review/scores.h"
 
+#include <algorithm>
 #include <cmath>
 #include <initializer_list>
 #include <string>
@@ -69,7 +72,7 @@ Review_Figures Load_Review(const Connection& cn, int period, const Scenario& sce
     return figures;
 }
 
-void X2_Calc::Calc_X2(const Review_Figures& figures, WZX_Calc& wzx, bool keep_basis) {
+void X2_Calc::Calc_X2(const Review_Figures& figures, bool keep_basis) {
     if (!keep_basis) {
         const std::int32_t stored = figures.Yoso(element::equity_basis);
         JikoS = stored == 0 ? 1 : stored;
@@ -84,16 +87,19 @@ void X2_Calc::Calc_X2(const Review_Figures& figures, WZX_Calc& wzx, bool keep_ba
 
     X2_Jiko = JikoS == 1 ? Jiko[1] : Floor_Half(Add32(Jiko[1], Jiko[0], what_x2));
     X2_Jiko_Used = X2_Jiko < 0 ? 0 : X2_Jiko;
-    X2_1_Ten = wzx.Calc_X2_1_Ten(X2_Jiko_Used);
+    const Scored equity = Calc_X2_1_Ten(Thousand_Yen(X2_Jiko_Used));
+    X2_1_Ten = equity.points.Count();
+    X2_1_Row = equity.row;
     X2_Rieki = Floor_Half(Add32(Rieki[1], Rieki[0], what_x2));
     X2_Rieki_Used = X2_Rieki < 0 ? 0 : X2_Rieki;
-    X2_2_Ten = wzx.Calc_X2_2_Ten(X2_Rieki_Used);
+    const Scored profit = Calc_X2_2_Ten(Thousand_Yen(X2_Rieki_Used));
+    X2_2_Ten = profit.points.Count();
+    X2_2_Row = profit.row;
     const auto half = static_cast<std::int16_t>(Floor_Half(Add16(X2_1_Ten, X2_2_Ten, what_x2)));
-    X2_Ten = half < 454 ? std::int16_t{454} : half;
+    X2_Ten = std::max(half, x2_least);
 }
 
-void X2_Calc::Calc_X2(const Session& session, int scenario, WZX_Calc& wzx, bool keep_basis,
-                      std::uint8_t y_kikan) {
+void X2_Calc::Calc_X2(const Session& session, int scenario, bool keep_basis, std::uint8_t y_kikan) {
     const int period = session.Syori_Ki - (y_kikan == 2 ? 1 : 0);
     const Scenario& column = Scenario_Of(scenario);
     const Connection cn = Cn_Open(session);
@@ -101,23 +107,7 @@ void X2_Calc::Calc_X2(const Session& session, int scenario, WZX_Calc& wzx, bool 
     figures.firm = session.Kind();
     Read_Statement(cn, period, column.zaihyo_column, figures.statement);
     Read_Elements(cn, period, column, figures);
-    Calc_X2(figures, wzx, keep_basis);
-}
-
-Social_Items Load_X2W(const Session& session) {
-    Review_Figures figures;
-    Read_Elements(Cn_Open(session), session.Syori_Ki, scenario_genjo, figures);
-    Social_Items items;
-    items.Load(figures);
-    return items;
-}
-
-std::int16_t Calc_W_Total(WZX_Calc& wzx, const std::array<std::int16_t, 8>& w, bool law_2008,
-                          const std::optional<Review_Date>& date) {
-    if (law_2008) {
-        return wzx.Calc_W_2008(w[0], w[1], w[2], w[3], w[4], w[5]);
-    }
-    return wzx.Calc_W_2011(w[0], w[1], w[2], w[3], w[4], w[5], w[6], w[7], date);
+    Calc_X2(figures, keep_basis);
 }
 
 } // namespace morvane

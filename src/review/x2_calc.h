@@ -2,8 +2,6 @@
 #pragma once
 
 #include "review/review_figures.h"
-#include "review/social_items.h"
-#include "review/wzx_calc.h"
 #include "session/session.h"
 
 #include <array>
@@ -42,25 +40,17 @@ class X2_Calc {
     std::int32_t X2_Rieki_Used = 0; ///< the same, not below 0
     std::int16_t X2_1_Ten = 0;
     std::int16_t X2_2_Ten = 0;
-    std::int16_t X2_Ten = 0; ///< X2, at least 454
+    std::int16_t X2_Ten = 0; ///< X2, not below its least
+    int X2_1_Row = 0;        ///< rows of the tables that gave the scores
+    int X2_2_Row = 0;
 
     /// Computes X2 from figures in hand. Without `keep_basis` the basis is element 1 (Null, 0 or missing: 1).
-    /// The band numbers go to `wzx`. Raises Run_Time_Error on overflow.
-    void Calc_X2(const Review_Figures& figures, WZX_Calc& wzx, bool keep_basis);
+    /// Raises Run_Time_Error on overflow.
+    void Calc_X2(const Review_Figures& figures, bool keep_basis);
 
     /// The same from the working store: scenario 1 to 5 of the period in hand, or of the one before where
     /// `y_kikan` is 2. Raises Store_Error, Run_Time_Error.
-    void Calc_X2(const Session& session, int scenario, WZX_Calc& wzx, bool keep_basis,
-                 std::uint8_t y_kikan = 1);
+    void Calc_X2(const Session& session, int scenario, bool keep_basis, std::uint8_t y_kikan = 1);
 };
-
-/// The current items of X2 and W of the period in hand, as the check screens show them. Raises Store_Error,
-/// Run_Time_Error.
-Social_Items Load_X2W(const Session& session);
-
-/// The sub-scores that enter W, in the order W1 to W8, and the total by the law year. `law_2008` takes the
-/// form of law year 1 (six sub-scores, not below 0). Raises Run_Time_Error on overflow.
-std::int16_t Calc_W_Total(WZX_Calc& wzx, const std::array<std::int16_t, 8>& sub_scores, bool law_2008,
-                          const std::optional<Review_Date>& date);
 
 } // namespace morvane

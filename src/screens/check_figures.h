@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
+#include "review/scores.h"
 #include "review/social_items.h"
 #include "review/x2_calc.h"
 #include "review/y_calc.h"
@@ -15,7 +16,7 @@ namespace morvane {
 struct Check_Figures {
     Review_Figures figures;
     Social_Items items;
-    WZX_Calc wzx;
+    W5_Score w5;
     X2_Calc x2;
     Y_Calc y;
     std::size_t Kosyu_Sel = 0;
@@ -42,9 +43,9 @@ struct Sheet_Text {
     const char* help_key_b = nullptr; ///< by the tables in force from April 2011, where it differs
     bool amounts = false;
     std::vector<Sheet_Line> inputs = {};
-    std::vector<const char*> formula = {};
+    std::vector<std::string> formula = {};
     std::vector<Sheet_Line> results = {};
-    std::vector<const char*> closing = {};
+    std::vector<std::string> closing = {};
     const char* table_form = "";
     int Tbl_Disp_No = 0;
     void (*more)(const Check_Figures&, Check_Sheet&) = nullptr; ///< what depends on the figures
@@ -93,6 +94,14 @@ void Steps_Of_Y(const Check_Figures& f, Steps& steps);
 inline std::string Number(std::int32_t value) {
     return Comma_Str(value);
 }
+
+/// A weight or rate of the law with the decimals that it has.
+inline std::string Decimal(double figure) {
+    return Term::Decimal(figure).text;
+}
+
+/// How a score that is cut and has a least is told.
+std::string Least_Text(std::int32_t least);
 
 /// A figure of a work type; blank where it was not entered.
 inline std::string Own(const Figure& figure) {

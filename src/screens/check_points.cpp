@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: The Morvane developers
+#include "law/social_points.h"
 #include "screens/check_figures.h"
 
+#include <algorithm>
 #include <array>
 
 namespace morvane {
@@ -12,11 +14,11 @@ class Points_Table {
   public:
     Points_Table(const char* item, int blocks) { table = {"", {item, "点数"}, {0}, {}, -1, blocks}; }
 
-    void Add(const std::string& item, std::int32_t ten, bool in_force) {
+    void Add(const std::string& item, Points ten, bool in_force) {
         if (in_force) {
             table.mark = static_cast<int>(table.rows.size());
         }
-        table.rows.push_back({{item}, {Number(ten)}});
+        table.rows.push_back({{item}, {Number(ten.Count())}});
     }
 
     void Put(Check_Sheet& sheet) { sheet.tables.push_back(std::move(table)); }
@@ -30,18 +32,20 @@ class Points_Table {
 void Table_Of_W2(const Check_Figures& f, Check_Sheet& sheet) {
     Points_Table table("営業年数", 3);
     const std::int32_t years = f.items.Enen;
-    table.Add("5年以下", f.wzx.Calc_W2_Ten(5), years >= 0 && years <= 5);
-    for (std::int32_t n = 6; n < 35; ++n) {
-        table.Add(Number(n) + "年", f.wzx.Calc_W2_Ten(n), years == n);
+    const auto points = [](std::int32_t n) { return Calc_W2_Ten(Head_Count(n)); };
+    table.Add(Number(w2_years_without) + "年以下", points(w2_years_without),
+              years >= 0 && years <= w2_years_without);
+    for (std::int32_t n = w2_years_without + 1; n < w2_years_most; ++n) {
+        table.Add(Number(n) + "年", points(n), years == n);
     }
-    table.Add("35年以上", f.wzx.Calc_W2_Ten(35), years < 0 || years >= 35);
+    table.Add(Number(w2_years_most) + "年以上", points(w2_years_most), years < 0 || years >= w2_years_most);
     table.Put(sheet);
 }
 
 void Table_Of_W3(const Check_Figures& f, Check_Sheet& sheet) {
     Points_Table table("防災協定の締結", 1);
-    table.Add("1：有", f.wzx.Calc_W3_Ten(1), f.items.Bkyotei == 1);
-    table.Add("0：無", f.wzx.Calc_W3_Ten(0), f.items.Bkyotei == 0);
+    table.Add("1：有", Calc_W3_Ten(1), f.items.Bkyotei == 1);
+    table.Add("0：無", Calc_W3_Ten(0), f.items.Bkyotei == 0);
     table.Put(sheet);
 }
 
@@ -50,37 +54,32 @@ void Table_Of_W4(const Check_Figures& f, Check_Sheet& sheet) {
                                                   "2：営業の全部もしくは一部の停止を命ぜられた場合"};
     Points_Table table("法令遵守の状況", 1);
     for (std::int32_t n = 0; n < 3; ++n) {
-        table.Add(cases[static_cast<std::size_t>(n)], f.wzx.Calc_W4_Ten(n), f.items.Horei == n);
+        table.Add(cases[static_cast<std::size_t>(n)], Calc_W4_Ten(n), f.items.Horei == n);
     }
     table.Put(sheet);
 }
 
 // The bands of the average cost: thousand yen, points only with an accounting auditor.
 void Table_Of_W6(const Check_Figures& f, Check_Sheet& sheet) {
-    constexpr std::int32_t auditor = 3;
-    std::vector<std::int32_t> limits = {10'000'000, 7'500'000, 5'000'000, 3'000'000};
-    for (std::int32_t limit = 2'000'000; limit >= 100'000; limit -= 100'000) {
-        limits.push_back(limit);
-    }
-    limits.push_back(50'000);
-    limits.push_back(0);
     const std::int64_t average = (std::int64_t{f.items.Kihatu[0]} + f.items.Kihatu[1]) / 2;
     Points_Table table("平均研究開発費（千円）", 3);
     std::int64_t above = INT64_MAX;
-    for (const std::int32_t limit : limits) {
-        table.Add(Number(limit) + "以上", f.wzx.Calc_W6_Ten(auditor, limit, limit),
-                  f.items.keiri_kansa == auditor && average >= limit && average < above);
-        above = limit;
-    }
+    const auto add = [&](const Points_Band& band) {
+        table.Add(Number(band.from) + "以上", Points(band.points),
+                  f.items.keiri_kansa == audit_by_auditor && average >= band.from && average < above);
+        above = band.from;
+    };
+    std::for_each(w6_bands.begin(), w6_bands.end(), add);
+    add({0, 0});
     table.Put(sheet);
 }
 
 void Table_Of_W7(const Check_Figures& f, Check_Sheet& sheet) {
-    constexpr std::int32_t most = 14;
+    const std::int32_t most = w7_bands.front().from;
     Points_Table table("所有及びリース台数", 2);
     const std::int32_t machines = f.items.Kikai;
     for (std::int32_t n = 0; n <= most; ++n) {
-        table.Add(Number(n) + (n == most ? "台以上" : "台"), f.wzx.Calc_W7_Ten(n),
+        table.Add(Number(n) + (n == most ? "台以上" : "台"), Calc_W7_Ten(Head_Count(n)),
                   n == most ? machines >= most : machines == n);
     }
     table.Put(sheet);
@@ -104,7 +103,7 @@ void Table_Of_W8(const Check_Figures& f, Check_Sheet& sheet) {
     Points_Table table("登録・認証の状況", 1);
     for (const Holding& holding : holdings) {
         if (holding.iso[0] == 0 || f.Law().has_additions) {
-            table.Add(holding.text, f.wzx.Calc_W8_Ten(holding.iso[0], holding.iso[1], holding.iso[2]),
+            table.Add(holding.text, Calc_W8_Ten(holding.iso[0], holding.iso[1], holding.iso[2]),
                       held == holding.iso);
         }
     }

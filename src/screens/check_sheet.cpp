@@ -2,6 +2,7 @@
 #include "screens/check_sheet.h"
 
 #include "law/elements.h"
+#include "review/social.h"
 #include "screens/check_figures.h"
 
 #include <stdexcept>
@@ -33,20 +34,6 @@ Check_Request Request(const std::string& mode, const Law_Year& law, std::size_t 
     return {sheet.form != nullptr ? sheet.form : law.welfare_check, mode, Kosyu_Sel};
 }
 
-// The band numbers of the work type in view, for its formula and the table screen.
-void Look_Up_Bands(Check_Figures& f) {
-    const bool version_b = f.Law().version_b;
-    const std::int32_t completed = f.Line().Nheikin.value;
-    const std::int32_t prime = f.Line().Mnheikin.value;
-    if (version_b) {
-        f.wzx.Calc_X1_Ten_B(completed);
-        f.wzx.Calc_Z2_Ten_B(prime);
-    } else {
-        f.wzx.Calc_X1_Ten_A(completed);
-        f.wzx.Calc_Z2_Ten_A(prime);
-    }
-}
-
 Check_Figures Load(const Review_Figures& figures, const Check_Request& request) {
     Check_Figures f;
     f.figures = figures;
@@ -56,16 +43,12 @@ Check_Figures Load(const Review_Figures& figures, const Check_Request& request) 
     f.items.Load(f.figures);
     const Law_Year& law = f.Law();
     // A score is formed where it is shown: what is out of the range of one must not close the others.
-    const bool of_works = Find(XZP_Sheets(), request.mode, law) != nullptr;
     const bool with_p = request.mode == "P";
-    if (of_works) {
-        Look_Up_Bands(f);
-    }
     if (Find(X2_Sheets(), request.mode, law) != nullptr || with_p) {
-        f.x2.Calc_X2(f.figures, f.wzx, false);
+        f.x2.Calc_X2(f.figures, false);
     }
     if (Find(W_Sheets(), request.mode, law) != nullptr) {
-        f.wzx.Calc_W5_Ten(f.items.keiri_kansa, f.items.keiri_kandaka, f.items.Kjm[0], f.items.Kjm[1]);
+        f.w5 = W5_Of(f.items, Thousand_Yen(f.items.keiri_kandaka));
     }
     if (Find(Y1_Sheets(), request.mode, law) != nullptr || with_p) {
         f.y.Calc_Y(f.figures.statement, f.figures.firm);
@@ -98,6 +81,10 @@ void Add_Steps(const Sheet_Text& text, const Check_Figures& f, Check_Sheet& shee
 
 } // namespace
 
+std::string Least_Text(std::int32_t least) {
+    return "小数点以下は切り捨て、" + Number(least) + "点に満たないときは" + Number(least) + "点となります。";
+}
+
 Check_Request W2X_Request(const Law_Year& law, int index) {
     if (index < 0 || index >= static_cast<int>(std::size(w2x_buttons))) {
         throw std::out_of_range("no button Cmd_W2X(" + std::to_string(index) + ")");
@@ -129,9 +116,9 @@ Check_Sheet Make_Check_Sheet(const Review_Figures& figures, const Check_Request&
     sheet.title = text.title;
     sheet.amounts = text.amounts;
     sheet.inputs = Lines(text.inputs, f);
-    sheet.formula.assign(text.formula.begin(), text.formula.end());
+    sheet.formula = text.formula;
     sheet.results = Lines(text.results, f);
-    sheet.closing.assign(text.closing.begin(), text.closing.end());
+    sheet.closing = text.closing;
     sheet.help_key = law.version_b && text.help_key_b != nullptr ? text.help_key_b : text.help_key;
     sheet.table_form = text.table_form;
     sheet.Tbl_Disp_No = text.Tbl_Disp_No;

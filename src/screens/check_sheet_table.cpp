@@ -1,9 +1,8 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "law/choices.h"
+#include "law/social_points.h"
 #include "law/ten_tables.h"
-#include "review/wzx_calc.h"
-#include "screens/check_sheet.h"
-#include "session/kyotu_mod.h"
+#include "screens/check_figures.h"
 
 #include <array>
 #include <cmath>
@@ -32,17 +31,16 @@ Check_Sheet Calc_Tbl(const Check_Sheet& of) {
     sheet.title = lists.title;
     sheet.tables = {std::move(table)};
     // The number that no score of Z1 sets: shown whichever table is asked for.
-    sheet.notice = std::to_string(WZX_Calc().Tbl_No_Z1);
+    sheet.notice = std::to_string(Tbl_No_Z1);
     return sheet;
 }
 
 /// The points of the audit.
 Check_Table Audit_Table() {
     Check_Table table{"【別表１】", {"監査の受審状況", "点数"}, {0}, {}, -1, 1};
-    for (std::int32_t answer = 3; answer >= 0; --answer) {
-        WZX_Calc wzx;
-        wzx.Calc_W5_Ten(answer, 0, 0, 0);
-        table.rows.push_back({{choice::audit.Find(answer)->entry}, {std::to_string(wzx.W5_Kansa_Ten)}});
+    for (std::size_t answer = audit_points.size(); answer-- > 0;) {
+        table.rows.push_back({{choice::audit.Find(static_cast<std::int32_t>(answer))->entry},
+                              {std::to_string(audit_points[answer])}});
     }
     return table;
 }
@@ -59,10 +57,10 @@ std::string Needed_Text(float needed) {
 /// The points of the accountants, by completed work.
 Check_Table Staff_Table() {
     Check_Table table{"【別表２】", {"年間平均完成工事高"}, {0}, {}, -1, 1};
-    for (const std::int16_t ten : w5_points) {
+    for (const std::int16_t ten : accountant_points) {
         table.columns.push_back(std::to_string(ten) + "点");
     }
-    const std::span<const W5_Row> rows = W5_Rows();
+    const auto& rows = accountants_rows;
     for (std::size_t i = 0; i < rows.size(); ++i) {
         std::string range = rows[i].from > 0 ? Oku_Man_Text(rows[i].from) + "以上" : "";
         if (i > 0) {
@@ -86,8 +84,8 @@ Check_Sheet Make_Table_Sheet(const Check_Sheet& of) {
     Check_Sheet sheet;
     sheet.title = "経理に関する状況（Ｗ５） 別表";
     sheet.tables = {Audit_Table(), Staff_Table()};
-    sheet.closing = {"公認会計士等数は、一級の数に二級の数の0."
-                     "4倍を加えた数です。該当する点数のうち最も高いものとなります。"};
+    sheet.closing = {"公認会計士等数は、一級の数に二級の数の" + Decimal(second_grade_accountant) +
+                     "倍を加えた数です。該当する点数のうち最も高いものとなります。"};
     return sheet;
 }
 

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "law/choices.h"
+#include "law/social_points.h"
 #include "screens/check_figures.h"
 
 #include <array>
@@ -55,10 +56,14 @@ std::string Y2_Of_W1(const Check_Figures& f) {
     return Number(Count_W1(f.items, f.Law()).missing);
 }
 
+std::string W1_Formula(std::int32_t off) {
+    return "Ｙ１ × " + Number(w1_for_scheme) + " － Ｙ２ × " + Number(off);
+}
+
 void More_Of_W(const Check_Figures& f, Check_Sheet& sheet) {
-    const int share = W_Share(f.figures.review_date);
-    sheet.formula.push_back("（Ｗ１ ＋ Ｗ２ ＋ Ｗ３ ＋ Ｗ４ ＋ Ｗ５ ＋ Ｗ６ ＋ Ｗ７ ＋ Ｗ８）× 10 × " +
-                            Number(share) + " ／ 200");
+    sheet.formula.push_back("（Ｗ１ ＋ Ｗ２ ＋ Ｗ３ ＋ Ｗ４ ＋ Ｗ５ ＋ Ｗ６ ＋ Ｗ７ ＋ Ｗ８）× " +
+                            Number(w_times) + " × " + Number(W_Share(f.figures.review_date)) + " ／ " +
+                            Number(w_share_whole));
     sheet.closing.emplace_back("（小数点以下の端数は切り捨て）");
 }
 
@@ -139,7 +144,7 @@ std::vector<Sheet_Text> Sheets_Of_W1() {
                     {"法定外労働災害補償制度加入の有無", Rf1<4>},
                     {y1_caption, Y1_Of_W1},
                     {y2_caption, Y2_Of_W1}},
-         .formula = {"Ｙ１ × 15 － Ｙ２ × 30"},
+         .formula = {W1_Formula(w1_off_for_insurance_2008)},
          .results = {{"労働福祉の状況（Ｗ１）：", Item<&S::RF_Ten>}},
          .closing = {w1_score},
          .steps = Steps_Of_W1},
@@ -148,7 +153,7 @@ std::vector<Sheet_Text> Sheets_Of_W1() {
          .title = title_w1,
          .help_key = "W1",
          .inputs = six_flags,
-         .formula = {"Ｙ１ × 15 － Ｙ２ × 40"},
+         .formula = {W1_Formula(w1_off_for_insurance_2012)},
          .results = {{"労働福祉の状況（Ｗ１）：", Item<&S::RF_Ten>}},
          .closing = {w1_score},
          .steps = Steps_Of_W1},
@@ -157,7 +162,7 @@ std::vector<Sheet_Text> Sheets_Of_W1() {
          .title = "（Ｗ１）担い手の育成・確保に関する取組 計算詳細チェック",
          .help_key = "W1",
          .inputs = six_flags,
-         .formula = {"Ｙ１ × 15 － Ｙ２ × 40"},
+         .formula = {W1_Formula(w1_off_for_insurance_2012)},
          .results = {{"労働福祉の状況：", Item<&S::RF1_Ten>},
                      {"若年技術職員の継続的な育成・確保：", Item<&S::jyakunenK_ten>},
                      {"若年技術職員の新規育成・確保：", Item<&S::jyakunenS_ten>},
@@ -188,7 +193,8 @@ std::vector<Sheet_Text> Sheets_Of_W2_To_W6() {
          .help_key = "11W2",
          .inputs = {{"営業年数", Item<&S::Enen>},
                     {"民事再生法又は会社更生法の適用の有無", Yes_No<&S::Saisei>}},
-         .formula = {"営業年数の点数 － 60（民事再生法又は会社更生法の適用が有の場合）"},
+         .formula = {"営業年数の点数 － " + Number(w2_off_for_saisei) +
+                     "（民事再生法又は会社更生法の適用が有の場合）"},
          .results = {{"建設業の営業継続の状況（Ｗ２）：", Item<&S::Enen_Ten>}},
          .closing = {"点数は下表の営業年数に該当する点数となります。"},
          .more = Table_Of_W2,
@@ -221,13 +227,13 @@ std::vector<Sheet_Text> Sheets_Of_W2_To_W6() {
                     {" 完成工事高(X1入力画面より)", Item<&S::keiri_kandaka>},
                     {"一級建設業経理事務士等の数", Item_Of<&S::Kjm, 0>},
                     {"二級建設業経理事務士等の数", Item_Of<&S::Kjm, 1>}},
-         .formula = {"公認会計士等数 ＝ 一級の数 ＋ 二級の数 × 0.4",
+         .formula = {"公認会計士等数 ＝ 一級の数 ＋ 二級の数 × " + Decimal(second_grade_accountant),
                      "監査受審状況の点数 + 公認会計士等数の点数"},
-         .results = {{"公認会計士等数：", [](const Check_Figures& f) { return Tenths(f.wzx.W5_Kaikei_Su); }},
+         .results = {{"公認会計士等数：", [](const Check_Figures& f) { return Tenths(f.w5.kaikei_su); }},
                      {"監査受審状況の点数：",
-                      [](const Check_Figures& f) { return Number(f.wzx.W5_Kansa_Ten); }},
+                      [](const Check_Figures& f) { return Number(f.w5.kansa.Count()); }},
                      {"公認会計士等数の点数：",
-                      [](const Check_Figures& f) { return Number(f.wzx.W5_Kaikei_Ten); }},
+                      [](const Check_Figures& f) { return Number(f.w5.kaikei.Count()); }},
                      {"経理に関する状況（Ｗ５）：", Item<&S::Jms_Ten>}},
          .closing =
              {"監査受審状況の点数は【別表１】、公認会計士等数の点数は【別表２】に該当する点数となります。"},
@@ -296,8 +302,9 @@ std::vector<Sheet_Text> Sheets_From_2011() {
          .formula = {"割合 ＝ 若年技術職員数 ／ 技術職員数 × 100（小数点以下は切り捨て）"},
          .results = {{"継続的な育成・確保：", Item<&S::jyakunenK_ten>},
                      {"新規育成・確保：", Item<&S::jyakunenS_ten>}},
-         .closing =
-             {"継続的な育成・確保は割合が15％以上のとき1点、新規育成・確保は1％以上のとき1点となります。"},
+         .closing = {"継続的な育成・確保は割合が" + Number(young_kept_from) +
+                     "％以上のとき1点、新規育成・確保は" + Number(young_new_from) +
+                     "％以上のとき1点となります。"},
          .steps = Steps_Of_Young},
         {.mode = "W10",
          .law = {.with = &Law_Year::has_additions},
@@ -310,9 +317,11 @@ std::vector<Sheet_Text> Sheets_From_2011() {
                     {"技能者数", Item_Of<&S::tishikiGN, 1>, "Gino"},
                     {"控除対象者数", Item_Of<&S::tishikiGN, 1>, "KojyoSu"}},
          .results = {{"知識及び技術者・技能者の向上に関する取組の状況：", Item<&S::W10_ten>, "W10Ten"}},
-         .closing = {"CPDの点数は平均3単位ごとに1点、技能の点数は割合1.5％ごとに1点で、それぞれ10点までと"
-                     "なります。",
-                     "CPD単位取得数の平均が30を超えるときは、CPDの点数は0点となります。",
+         .closing = {"CPDの点数は平均" + Number(cpd_units_for_point) + "単位ごとに1点、技能の点数は割合" +
+                         Decimal(skill_rates.front() * 100.0) + "％ごとに1点で、それぞれ" +
+                         Number(static_cast<std::int32_t>(skill_rates.size())) + "点までとなります。",
+                     "CPD単位取得数の平均が" + Number(cpd_units_most) +
+                         "を超えるときは、CPDの点数は0点となります。",
                      "上の控除対象者数の欄は技能者数を表示します。計算には入力した控除対象者数を使います。"},
          .more = More_Of_W10,
          .steps = Steps_Of_W10},
@@ -321,7 +330,7 @@ std::vector<Sheet_Text> Sheets_From_2011() {
          .title = title_w,
          .help_key = "W",
          .inputs = W_Parts(false, false),
-         .formula = {"（Ｗ１ ＋ Ｗ２ ＋ Ｗ３ ＋ Ｗ４ ＋ Ｗ５ ＋ Ｗ６）× 10"},
+         .formula = {"（Ｗ１ ＋ Ｗ２ ＋ Ｗ３ ＋ Ｗ４ ＋ Ｗ５ ＋ Ｗ６）× " + Number(w_times)},
          .results = {{"その他審査項目（Ｗ）：", Item<&S::W>}},
          .closing = {"負の値のときは0点となります。"},
          .steps = Steps_Of_W},

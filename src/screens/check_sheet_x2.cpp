@@ -1,4 +1,5 @@
 // SPDX-FileCopyrightText: The Morvane developers
+#include "law/total_weights.h"
 #include "screens/check_figures.h"
 
 namespace morvane {
@@ -9,11 +10,11 @@ void More_Of_X2_1(const Check_Figures& f, Check_Sheet& sheet) {
     sheet.formula.emplace_back(f.x2.JikoS == 1
                                    ? "自己資本額 ＝ 自己資本額（当期）"
                                    : "自己資本額 ＝（自己資本額（前期）＋ 自己資本額（当期））／ 2");
-    sheet.table_row = f.wzx.Tbl_No_X2_1;
+    sheet.table_row = f.x2.X2_1_Row;
 }
 
 void More_Of_X2_2(const Check_Figures& f, Check_Sheet& sheet) {
-    sheet.table_row = f.wzx.Tbl_No_X2_2;
+    sheet.table_row = f.x2.X2_2_Row;
 }
 
 } // namespace
@@ -67,7 +68,7 @@ const std::vector<Sheet_Text>& X2_Sheets() {
                     {"平均利益額点数", [](const Check_Figures& f) { return Number(f.x2.X2_2_Ten); }}},
          .formula = {"（自己資本額点数 ＋ 平均利益額点数）／ 2"},
          .results = {{"評点（Ｘ２）：", [](const Check_Figures& f) { return Number(f.x2.X2_Ten); }}},
-         .closing = {"小数点以下は切り捨て、454点に満たないときは454点となります。"},
+         .closing = {Least_Text(x2_least)},
          .steps = Steps_Of_X2},
     };
     return sheets;

@@ -1,7 +1,11 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "law/ten_tables.h"
+#include "law/total_weights.h"
 #include "law/work_types.h"
+#include "review/works.h"
 #include "screens/check_figures.h"
+
+#include <algorithm>
 
 namespace morvane {
 
@@ -12,8 +16,10 @@ std::string Of(const Check_Figures& f) {
     return Own(f.Line().*Member);
 }
 
+constexpr std::array<const char*, 6> engineer_kinds = {"監理", "１級", "基幹", "２級", "その他", "管理補佐"};
+
 template <std::size_t Kind>
-std::string Engineers(const Check_Figures& f) {
+std::string Engineers_Text(const Check_Figures& f) {
     return Own(f.Line().gijutusya[Kind]);
 }
 
@@ -22,11 +28,7 @@ std::string Average_Years(const Check_Figures& f) {
 }
 
 std::string Engineer_Value(const Check_Figures& f) {
-    std::array<std::int32_t, 6> counts{};
-    for (std::size_t i = 0; i < counts.size(); ++i) {
-        counts[i] = f.Line().gijutusya[i].value;
-    }
-    return Number(Z1_Value(counts));
+    return Number(Z1_Value(Engineers_Of(f.Line())));
 }
 
 void Show_Work_Type(const Check_Figures& f, Check_Sheet& sheet) {
@@ -34,9 +36,11 @@ void Show_Work_Type(const Check_Figures& f, Check_Sheet& sheet) {
     sheet.sub_title = (type.label.empty() ? "" : std::string(type.label) + "　") + std::string(type.name);
 }
 
-// The formula of the row in force as the table prints it, without the blank that sets it in there.
+// The formula of the row in force as the table prints it, without the blank that sets it in there; the first
+// one for an amount that has no row.
 void Show_Row(const Check_Figures& f, Check_Sheet& sheet, int row) {
     constexpr std::string_view blank = "　";
+    row = std::max(row, 0);
     sheet.table_row = row;
     const Tbl_Lists lists = Set_Tbl_Lists(sheet.Tbl_Disp_No, f.Law());
     std::string_view formula = lists.formulas[static_cast<std::size_t>(row)];
@@ -58,18 +62,32 @@ void Show_Average(const Check_Figures& f, Check_Sheet& sheet, const std::string&
 void More_Of_X(const Check_Figures& f, Check_Sheet& sheet) {
     Show_Work_Type(f, sheet);
     Show_Average(f, sheet, "年間平均完成工事高");
-    Show_Row(f, sheet, f.wzx.Tbl_No_X1);
+    Show_Row(f, sheet, Calc_X1_Ten(f.Law(), Thousand_Yen(f.Line().Nheikin.value)).row);
 }
 
 void More_Of_Z2(const Check_Figures& f, Check_Sheet& sheet) {
     Show_Work_Type(f, sheet);
     Show_Average(f, sheet, "年間平均元請完成工事高");
-    Show_Row(f, sheet, f.wzx.Tbl_No_Z2);
+    Show_Row(f, sheet, Calc_Z2_Ten(f.Law(), Thousand_Yen(f.Line().Mnheikin.value)).row);
 }
 
 void More_Of_Z1(const Check_Figures& f, Check_Sheet& sheet) {
     Show_Work_Type(f, sheet);
-    Show_Row(f, sheet, f.wzx.Tbl_No_Z1);
+    Show_Row(f, sheet, Tbl_No_Z1);
+}
+
+std::string P_Formula() {
+    return "Ｘ１ × " + Decimal(p_weights.x1) + " ＋ Ｘ２ × " + Decimal(p_weights.x2) + " ＋ Ｙ × " +
+           Decimal(p_weights.y) + " ＋ Ｚ × " + Decimal(p_weights.z) + " ＋ Ｗ × " + Decimal(p_weights.w);
+}
+
+std::string Z1_Formula() {
+    std::string formula;
+    for (const std::size_t kind : engineers_by_weight) {
+        formula += (formula.empty() ? "技術職員数値 ＝ " : " ＋ ") + std::string(engineer_kinds[kind]) +
+                   " × " + Number(engineer_weights[kind]);
+    }
+    return formula;
 }
 
 constexpr const char* rounded = "（平均の小数点以下の端数は四捨五入）";
@@ -105,7 +123,7 @@ const std::vector<Sheet_Text>& XZP_Sheets() {
                     {"経営状況評点（Ｙ）", [](const Check_Figures& f) { return Number(f.y.Y_Ten); }},
                     {"技術力評点（Ｚ）", Of<&Work_Line::Z>},
                     {"その他審査項目評点（Ｗ）", Item<&Social_Items::W>}},
-         .formula = {"Ｘ１ × 0.25 ＋ Ｘ２ × 0.15 ＋ Ｙ × 0.2 ＋ Ｚ × 0.25 ＋ Ｗ × 0.15"},
+         .formula = {P_Formula()},
          .results = {{"総合評点（Ｐ）：", Of<&Work_Line::P>}},
          .closing = {"（小数点以下の端数は四捨五入）"},
          .more = Show_Work_Type,
@@ -116,9 +134,10 @@ const std::vector<Sheet_Text>& XZP_Sheets() {
          .help_key = "Z",
          .inputs = {{"技術職員点数（Ｚｲ）", Of<&Work_Line::Zi>},
                     {"元請完成工事高点数（Ｚﾛ）", Of<&Work_Line::Zro>}},
-         .formula = {"技術職員点数（Ｚｲ）× 0.8 ＋ 元請完成工事高点数（Ｚﾛ）× 0.2"},
+         .formula = {"技術職員点数（Ｚｲ）× " + Decimal(z_weights.z1) + " ＋ 元請完成工事高点数（Ｚﾛ）× " +
+                     Decimal(z_weights.z2)},
          .results = {{"技術力評点（Ｚ）：", Of<&Work_Line::Z>}},
-         .closing = {"小数点以下は切り捨て、450点に満たないときは450点となります。"},
+         .closing = {Least_Text(z_least)},
          .more = Show_Work_Type,
          .steps = Steps_Of_Z},
         {.mode = "Z2",
@@ -142,14 +161,13 @@ const std::vector<Sheet_Text>& XZP_Sheets() {
          .form = "Frm_Zイ_Calc_Check",
          .title = "（Ｚｲ）技術職員点数 計算詳細チェック",
          .help_key = "Z1",
-         .inputs = {{"監理", Engineers<0>},
-                    {"１級", Engineers<1>},
-                    {"管理補佐", Engineers<5>},
-                    {"基幹", Engineers<2>},
-                    {"２級", Engineers<3>},
-                    {"その他", Engineers<4>}},
-         .formula =
-             {"技術職員数値 ＝ 監理 × 6 ＋ １級 × 5 ＋ 管理補佐 × 4 ＋ 基幹 × 3 ＋ ２級 × 2 ＋ その他 × 1"},
+         .inputs = {{engineer_kinds[0], Engineers_Text<0>},
+                    {engineer_kinds[1], Engineers_Text<1>},
+                    {engineer_kinds[5], Engineers_Text<5>},
+                    {engineer_kinds[2], Engineers_Text<2>},
+                    {engineer_kinds[3], Engineers_Text<3>},
+                    {engineer_kinds[4], Engineers_Text<4>}},
+         .formula = {Z1_Formula()},
          .results = {{"技術職員数値：", Engineer_Value}, {"技術職員点数（Ｚｲ）：", Of<&Work_Line::Zi>}},
          .closing = {"点数：技術職員数値を基に【別表】の式で算出します。"},
          .table_form = "Frm_Calc_Tbl",

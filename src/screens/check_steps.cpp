@@ -110,6 +110,14 @@ Term::Term(std::int32_t figure) : text(Comma_Str(figure)), value(figure) {}
 
 Term::Term(double figure, int decimals) : text(Fixed_Text(figure, decimals)), value(Printed_Value(text)) {}
 
+Term Term::Decimal(double figure) {
+    std::array<char, 32> digits{};
+    std::snprintf(digits.data(), digits.size(), "%.6g", figure);
+    const std::string text = digits.data();
+    const std::size_t point = text.find('.');
+    return {figure, point == std::string::npos ? 0 : static_cast<int>(text.size() - point - 1)};
+}
+
 std::string Term::Left_Of(Rank least) const {
     return rank < least ? "（" + text + "）" : text;
 }

@@ -39,6 +39,8 @@ class Term {
     Term(std::int32_t figure); // NOLINT: figures stand in expressions as they are
     /// A figure with fixed decimals.
     Term(double figure, int decimals);
+    /// A figure with the decimals that it has, at most six digits.
+    static Term Decimal(double figure);
 
     std::string text;
     Fraction value;

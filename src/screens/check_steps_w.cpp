@@ -1,4 +1,6 @@
 // SPDX-FileCopyrightText: The Morvane developers
+#include "law/social_points.h"
+#include "review/social.h"
 #include "screens/check_figures.h"
 
 #include <cmath>
@@ -24,10 +26,10 @@ std::int32_t Sum_But_Machines(const S& s) {
 // The score of the machines that the total was formed with. The entry screen of some law years takes it as it
 // was when the screen was opened; no two scores give the same total.
 std::int32_t Machines_In_Total(const Check_Figures& f, std::int32_t share) {
-    constexpr std::int32_t most = 15;
+    const std::int32_t most = w7_bands.front().points;
     const S& s = f.items;
     const auto total = [&](std::int32_t machines) {
-        return (Sum_But_Machines(s) + machines) * 10 * share / 200;
+        return (Sum_But_Machines(s) + machines) * w_times * share / w_share_whole;
     };
     if (total(s.Kikai_Ten) != s.W) {
         for (std::int32_t machines = 0; machines <= most; ++machines) {
@@ -71,13 +73,13 @@ Term Cpd_Steps(const S& s, Steps& steps, std::int32_t points) {
         return steps.Because("CPD単位取得数", "0", 0);
     }
     const Term average = Term(units) / Term(engineers);
-    if (Fraction(30) < average.value) {
-        return steps.Because(name, average.text + " ＞ 30", points);
+    if (Fraction(cpd_units_most) < average.value) {
+        return steps.Because(name, average.text + " ＞ " + Term(cpd_units_most).text, points);
     }
     if (average.value < Fraction(0)) {
         return steps.Because(name, average.text + " ＜ 0", points);
     }
-    return steps.Work(name, average / 3, points);
+    return steps.Work(name, average / cpd_units_for_point, points);
 }
 
 Term Skill_Steps(const S& s, Steps& steps, std::int32_t points) {
@@ -98,15 +100,16 @@ Term Skill_Steps(const S& s, Steps& steps, std::int32_t points) {
     if (rate.value < Fraction(0)) {
         return steps.Because(name, rate.text + " ＜ 0", points);
     }
-    if (!(rate.value < Fraction(15, 100))) {
-        return steps.Because(name, rate.text + " ≧ 0.15", points);
+    const Term most = Term::Decimal(skill_rates.back());
+    if (!(rate.value < most.value)) {
+        return steps.Because(name, rate.text + " ≧ " + most.text, points);
     }
-    return steps.Work(name, rate / Term(0.015, 3), points);
+    return steps.Work(name, rate / Term::Decimal(skill_rates.front()), points);
 }
 
 // The row of the table for the completed work, as its limits.
 std::size_t Row_For_Work(Steps& steps, std::int32_t work) {
-    const std::span<const W5_Row> rows = W5_Rows();
+    const auto& rows = accountants_rows;
     constexpr const char* name = "完成工事高による【別表２】の行";
     const std::string shown = Term(work).text;
     std::size_t row = 0;
@@ -124,7 +127,7 @@ std::size_t Row_For_Work(Steps& steps, std::int32_t work) {
 
 // The step of that row that the accountants reach.
 void Accountant_Steps(const Check_Figures& f, Steps& steps, const Term& accountants, const Term& points) {
-    const auto& needed = W5_Rows()[Row_For_Work(steps, f.items.keiri_kandaka)].needed;
+    const auto& needed = accountants_rows[Row_For_Work(steps, f.items.keiri_kandaka)].needed;
     std::string condition = accountants.text;
     std::string missed;
     for (const float least : needed) {
@@ -132,7 +135,7 @@ void Accountant_Steps(const Check_Figures& f, Steps& steps, const Term& accounta
             break;
         }
         const std::string limit = Term(static_cast<double>(least), 1).text;
-        if (f.wzx.W5_Kaikei_Su >= least) {
+        if (f.w5.kaikei_su >= least) {
             condition = limit + " ≦ " + condition;
             break;
         }
@@ -146,8 +149,9 @@ void Accountant_Steps(const Check_Figures& f, Steps& steps, const Term& accounta
 void Steps_Of_W1(const Check_Figures& f, Steps& steps) {
     const S& s = f.items;
     const auto [joined, missing] = Count_W1(s, f.Law());
-    const Term welfare = steps.Work(
-        "労働福祉の状況", Term(joined) * 15 - Term(missing) * (f.Law().deduct_40 ? 40 : 30), s.RF1_Ten);
+    const Term welfare =
+        steps.Work("労働福祉の状況",
+                   Term(joined) * w1_for_scheme - Term(missing) * W1_Off_For_Insurance(f.Law()), s.RF1_Ten);
     if (!f.Law().has_additions) {
         return;
     }
@@ -167,7 +171,7 @@ void Steps_Of_W1(const Check_Figures& f, Steps& steps) {
 void Steps_Of_W2(const Check_Figures& f, Steps& steps) {
     const Term points = steps.By_Row(f.items.Enen);
     if (f.Law().has_saisei && f.items.Saisei == 1) {
-        steps.Work("適用が有の場合", points - 60, f.items.Enen_Ten);
+        steps.Work("適用が有の場合", points - std::int32_t{w2_off_for_saisei}, f.items.Enen_Ten);
     }
 }
 
@@ -182,18 +186,18 @@ void Steps_Of_W4(const Check_Figures& f, Steps& steps) {
 void Steps_Of_W5(const Check_Figures& f, Steps& steps) {
     const S& s = f.items;
     const Term audit =
-        steps.Because("監査の受審", Term(s.keiri_kansa).text, std::int32_t{f.wzx.W5_Kansa_Ten});
-    const Term accountants = steps.Work("公認会計士等数", Term(s.Kjm[0]) + Term(s.Kjm[1]) * Term(0.4, 1),
-                                        Term(static_cast<double>(f.wzx.W5_Kaikei_Su), 1));
-    const Term points = std::int32_t{f.wzx.W5_Kaikei_Ten};
+        steps.Because("監査の受審", Term(s.keiri_kansa).text, std::int32_t{f.w5.kansa.Count()});
+    const Term accountants =
+        steps.Work("公認会計士等数", Term(s.Kjm[0]) + Term(s.Kjm[1]) * Term::Decimal(second_grade_accountant),
+                   Term(static_cast<double>(f.w5.kaikei_su), 1));
+    const Term points = std::int32_t{f.w5.kaikei.Count()};
     Accountant_Steps(f, steps, accountants, points);
     steps.Work("経理に関する状況", audit + points, s.Jms_Ten);
 }
 
 void Steps_Of_W6(const Check_Figures& f, Steps& steps) {
     const S& s = f.items;
-    constexpr std::int32_t auditor = 3;
-    if (s.keiri_kansa != auditor) {
+    if (s.keiri_kansa != audit_by_auditor) {
         steps.Because("監査の受審", Term(s.keiri_kansa).text, 0);
         return;
     }
@@ -215,15 +219,15 @@ void Steps_Of_Young(const Check_Figures& f, Steps& steps) {
         steps.Remark("技術職員数が0のときは、割合と点数は前の値のままとなります。");
         return;
     }
-    Young_Steps(steps, "継続的な育成・確保", s.JyakunenK, s.JyakunenAll, 15);
-    Young_Steps(steps, "新規育成・確保", s.JyakunenS, s.JyakunenAll, 1);
+    Young_Steps(steps, "継続的な育成・確保", s.JyakunenK, s.JyakunenAll, young_kept_from);
+    Young_Steps(steps, "新規育成・確保", s.JyakunenS, s.JyakunenAll, young_new_from);
 }
 
 void Steps_Of_W10(const Check_Figures& f, Steps& steps) {
     const S& s = f.items;
-    const auto [units, engineers] = s.tishikiGJ;
-    const auto [raised, workers, left_out] = s.tishikiGN;
-    const W10_Parts parts = Parts_Of_W10(units, engineers, raised, workers, left_out);
+    const std::int32_t engineers = s.tishikiGJ[1];
+    const std::int32_t workers = s.tishikiGN[1];
+    const W10_Parts parts = Parts_Of_W10(W10_Counts_Of(s));
     const Term cpd = Cpd_Steps(s, steps, static_cast<std::int32_t>(parts.cpd_point));
     const Term skill = Skill_Steps(s, steps, static_cast<std::int32_t>(parts.skill_point));
     const Term all = Term(engineers) + workers;
@@ -237,8 +241,8 @@ void Steps_Of_W10(const Check_Figures& f, Steps& steps) {
 void Steps_Of_W(const Check_Figures& f, Steps& steps) {
     const S& s = f.items;
     if (!f.Law().has_w7_w8) {
-        const std::int32_t tenfold = (Sum_But_Machines(s) - s.Iso_Ten) * 10;
-        steps.At_Least(steps.Work("その他審査項目", Sum_Of_W(s, 0, false) * 10, tenfold), 0);
+        const std::int32_t tenfold = (Sum_But_Machines(s) - s.Iso_Ten) * w_times;
+        steps.At_Least(steps.Work("その他審査項目", Sum_Of_W(s, 0, false) * w_times, tenfold), 0);
         return;
     }
     const std::int32_t share = W_Share(f.figures.review_date);
@@ -247,7 +251,7 @@ void Steps_Of_W(const Check_Figures& f, Steps& steps) {
         steps.Take("Ｗ７（入力画面を開いたときの点数）", machines);
         steps.Remark(late);
     }
-    steps.Work("その他審査項目", Sum_Of_W(s, machines, true) * 10 * share / 200, s.W);
+    steps.Work("その他審査項目", Sum_Of_W(s, machines, true) * w_times * share / w_share_whole, s.W);
 }
 
 } // namespace morvane

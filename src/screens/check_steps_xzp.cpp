@@ -1,21 +1,13 @@
 // SPDX-FileCopyrightText: The Morvane developers
+#include "law/social_points.h"
 #include "law/ten_tables.h"
+#include "law/total_weights.h"
+#include "review/works.h"
 #include "screens/check_figures.h"
 
 namespace morvane {
 
 namespace {
-
-// The factors of Z and P.
-Term Quarter() {
-    return {0.25, 2};
-}
-Term Fifteen_Hundredths() {
-    return {0.15, 2};
-}
-Term Fifth() {
-    return {0.2, 1};
-}
 
 // Figures that were not entered count as 0.
 Term Of(const Figure& figure) {
@@ -25,13 +17,14 @@ Term Of(const Figure& figure) {
 // The average of the years that the firm has chosen, in the order of its formula.
 Term Average_Steps(Steps& steps, const char* name, std::int32_t years, const Figure& zzki, const Figure& zki,
                    const Figure& kijun) {
-    const std::int32_t average = Calc_Avg_Nen(years, zzki.value, zki.value, kijun.value);
+    const Averages averages =
+        Averages_Of(years, Thousand_Yen(zzki.value), Thousand_Yen(zki.value), Thousand_Yen(kijun.value));
     if (years == 2) {
-        return steps.Work(name, (Of(kijun) + Of(zki)) / 2, average, Rounding::Half);
+        return steps.Work(name, (Of(kijun) + Of(zki)) / 2, averages.adopted.Count(), Rounding::Half);
     }
     const Term before =
-        steps.Work("前平均", (Of(zki) + Of(zzki)) / 2, Two_Year_Avg(zzki.value, zki.value), Rounding::Half);
-    return steps.Work(name, (Of(kijun) + before * 2) / 3, average, Rounding::Half);
+        steps.Work("前平均", (Of(zki) + Of(zzki)) / 2, averages.previous.Count(), Rounding::Half);
+    return steps.Work(name, (Of(kijun) + before * 2) / 3, averages.adopted.Count(), Rounding::Half);
 }
 
 // At the law year of the six sub-scores the screen of completed work forms W by the later rule, from the same
@@ -43,10 +36,10 @@ void W_For_P(const Check_Figures& f, Steps& steps) {
     }
     const std::int32_t sum = s.RF_Ten + s.Enen_Ten + s.Bkyotei_Ten + s.Horei_ten + s.Jms_Ten + s.Kihatu_Ten;
     const std::int32_t share = W_Share(f.figures.review_date);
-    if (sum * 10 * share / 200 == s.W) {
+    if (sum * w_times * share / w_share_whole == s.W) {
         steps.Work("総合評点に使うＷ",
                    (Term(s.RF_Ten) + s.Enen_Ten + s.Bkyotei_Ten + s.Horei_ten + s.Jms_Ten + s.Kihatu_Ten) *
-                       10 * share / 200,
+                       w_times * share / w_share_whole,
                    s.W);
     }
 }
@@ -77,7 +70,7 @@ void Steps_Of_X2(const Check_Figures& f, Steps& steps) {
     const std::int32_t equity = f.x2.X2_1_Ten;
     const std::int32_t profit = f.x2.X2_2_Ten;
     const Term half = steps.Work("評点", (Term(equity) + profit) / 2, (equity + profit) / 2);
-    steps.At_Least(half, 454);
+    steps.At_Least(half, std::int32_t{x2_least});
 }
 
 void Steps_Of_X1(const Check_Figures& f, Steps& steps) {
@@ -95,34 +88,33 @@ void Steps_Of_Z2(const Check_Figures& f, Steps& steps) {
 }
 
 void Steps_Of_Z1(const Check_Figures& f, Steps& steps) {
-    const auto& count = f.Line().gijutusya;
-    std::array<std::int32_t, 6> counts{};
-    for (std::size_t i = 0; i < counts.size(); ++i) {
-        counts[i] = count[i].value;
+    const auto counted = [&f](std::size_t kind) {
+        return Of(f.Line().gijutusya[kind]) * engineer_weights[kind];
+    };
+    Term sum = counted(engineers_by_weight.front());
+    for (const std::size_t kind : std::span(engineers_by_weight).subspan(1)) {
+        sum = sum + counted(kind);
     }
-    const std::int32_t number = Z1_Value(counts);
-    const Term value = steps.Work("技術職員数値",
-                                  Of(count[0]) * 6 + Of(count[1]) * 5 + Of(count[5]) * 4 + Of(count[2]) * 3 +
-                                      Of(count[3]) * 2 + Of(count[4]) * 1,
-                                  number);
+    const std::int32_t number = Z1_Value(Engineers_Of(f.Line()));
+    const Term value = steps.Work("技術職員数値", sum, number);
     steps.By_Table("技術職員点数", Ten_Z1, value, number);
 }
 
 void Steps_Of_Z(const Check_Figures& f, Steps& steps) {
-    const std::int32_t zi = f.Line().Zi.value;
-    const std::int32_t zro = f.Line().Zro.value;
-    const std::int32_t floored = (zi * 8 + zro * 2) / 10; // no table gives points below 0
-    const Term score = steps.Work("技術力評点", Term(zi) * Term(0.8, 1) + Term(zro) * Fifth(), floored);
-    steps.At_Least(score, 450);
+    const Term weighted =
+        Of(f.Line().Zi) * Term::Decimal(z_weights.z1) + Of(f.Line().Zro) * Term::Decimal(z_weights.z2);
+    const Term score = steps.Work("技術力評点", weighted, static_cast<std::int32_t>(weighted.value.Floor()));
+    steps.At_Least(score, std::int32_t{z_least});
 }
 
 void Steps_Of_P(const Check_Figures& f, Steps& steps) {
     const Work_Line& line = f.Line();
     W_For_P(f, steps);
     steps.Work("総合評点",
-               Of(line.X1) * Quarter() + Term(std::int32_t{f.x2.X2_Ten}) * Fifteen_Hundredths() +
-                   Term(std::int32_t{f.y.Y_Ten}) * Fifth() + Of(line.Z) * Quarter() +
-                   Term(f.items.W) * Fifteen_Hundredths(),
+               Of(line.X1) * Term::Decimal(p_weights.x1) +
+                   Term(std::int32_t{f.x2.X2_Ten}) * Term::Decimal(p_weights.x2) +
+                   Term(std::int32_t{f.y.Y_Ten}) * Term::Decimal(p_weights.y) +
+                   Of(line.Z) * Term::Decimal(p_weights.z) + Term(f.items.W) * Term::Decimal(p_weights.w),
                line.P.value, Rounding::From_499);
 }
 

@@ -273,11 +273,13 @@ void Frm_Kanko::Show_Kanko() {
         grid->Set_Total(0, column, Shown_Value(entry.Shown_Total(column)));
     }
     Show_Row_In_Hand();
-    const Kanko::Scores& scores = entry.Scores();
+    const Works::Scores& scores = entry.Scores();
     const bool computed = !entry.Fault();
-    basis->setText(computed
-                       ? QStringLiteral("Ｙ %1　Ｘ２ %2　Ｗ %3").arg(scores.Y).arg(scores.X2).arg(scores.W)
-                       : QString());
+    basis->setText(computed ? QStringLiteral("Ｙ %1　Ｘ２ %2　Ｗ %3")
+                                  .arg(scores.Y.Count())
+                                  .arg(scores.X2.Count())
+                                  .arg(scores.W.Count())
+                            : QString());
     fault->setText(computed ? QString() : QString::fromUtf8(entry.Fault()->what()));
     fault->setHidden(computed);
 }

@@ -34,22 +34,20 @@ void Kanko_Entry::Load(const Session& session) {
     Y_Calc y;
     y.Calc_Y(stored.statement, stored.firm);
     X2_Calc x2;
-    x2.Calc_X2(stored, wzx, false);
-    Kanko next;
-    next.Load_Kanko(stored, x2.X2_Ten, y.Y_Ten);
-    kanko = next;
+    x2.Calc_X2(stored, false);
+    works = Load_Kanko(stored, Points(x2.X2_Ten), Points(y.Y_Ten));
     figures = std::move(stored);
 }
 
 void Kanko_Entry::Reload(const Session& session) {
-    auto keyed = kanko.lines;
+    auto keyed = works.lines;
     Load(session);
     for (const Kanko_Column& column : screen.columns) {
         if (column.use != Kanko_Use::Amount && column.use != Kanko_Use::Count) {
             continue;
         }
         for (std::size_t i = 0; i < keyed.size(); ++i) {
-            column.figure(kanko.lines[i]) = column.figure(keyed[i]);
+            column.figure(works.lines[i]) = column.figure(keyed[i]);
         }
     }
     Calculate_Or_Tell();
@@ -65,11 +63,7 @@ void Kanko_Entry::Calculate_Or_Tell() {
 }
 
 void Kanko_Entry::Calculate() {
-    if (screen.gijutu) {
-        kanko.Calc_Gijutu_All(figures, wzx);
-    } else {
-        kanko.Calc_Kanko_All(figures, wzx);
-    }
+    works = screen.gijutu ? Calc_Gijutu_All(works, figures) : Calc_Kanko_All(works, figures);
 }
 
 template <class Held>
@@ -89,7 +83,7 @@ void Kanko_Entry::Change(Held& held, const Held& next) {
 }
 
 void Kanko_Entry::Take(std::span<const Kanko_Entered> entered) {
-    auto lines = kanko.lines;
+    auto lines = works.lines;
     for (const Kanko_Entered& entry : entered) {
         const Kanko_Column& column = Column(screen, entry.column);
         Figure& figure = column.figure(lines[Line_Of_Row(entry.row)]);
@@ -99,17 +93,17 @@ void Kanko_Entry::Take(std::span<const Kanko_Entered> entered) {
             figure.Set_Null();
         }
     }
-    Change(kanko.lines, lines);
+    Change(works.lines, lines);
 }
 
 void Kanko_Entry::Take_Kanko_Avg(std::int32_t years) {
-    Change(kanko.Kanko_Avg, years);
+    Change(works.Kanko_Avg, years);
 }
 
 std::optional<std::int32_t> Kanko_Entry::Shown(int row, int column) const {
     const Kanko_Column& shown = Column(screen, column);
     const std::size_t index = Line_Of_Row(row);
-    Work_Line line = kanko.lines[index];
+    Work_Line line = works.lines[index];
     const Figure& figure = shown.figure(line);
     bool is_seen = figure.up;
     if (shown.use == Kanko_Use::Result || shown.use == Kanko_Use::Score) {
@@ -124,12 +118,12 @@ std::optional<std::int32_t> Kanko_Entry::Shown_Total(int column) const {
     if (total == nullptr || fault) {
         return std::nullopt;
     }
-    return total(screen.gijutu ? kanko.motouke : kanko.totals, kanko.Kanko_Avg);
+    return total(screen.gijutu ? works.motouke : works.totals, works.Kanko_Avg).Count();
 }
 
 bool Kanko_Entry::Can_Check(int row) const {
     const std::size_t index = Line_Of_Row(row);
-    const Work_Line& line = kanko.lines[index];
+    const Work_Line& line = works.lines[index];
     const bool has_text = Shows(line, screen.gijutu ? Kanko_Shows::With_Any : Kanko_Shows::With_Work);
     return !fault && has_text && index < scored_lines;
 }
@@ -138,7 +132,8 @@ void Kanko_Entry::Save(const Connection& cn, const Session& session) const {
     if (fault) {
         throw Run_Time_Error(*fault);
     }
-    Save_Kanko(cn, session, screen.scenario, kanko, screen.gijutu);
+    const Side side = {static_cast<std::int16_t>(session.Syori_Ki), &Scenario_Of(screen.scenario)};
+    Store_Works(cn, side, works, screen.gijutu);
 }
 
 void Kanko_Entry::Save(const Session& session) const {

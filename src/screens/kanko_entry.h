@@ -46,8 +46,8 @@ class Kanko_Entry {
     /// Whether the calculation checks of a line can be opened: it shows scores.
     [[nodiscard]] bool Can_Check(int row) const;
 
-    [[nodiscard]] std::int32_t Kanko_Avg() const { return kanko.Kanko_Avg; }
-    [[nodiscard]] const Kanko::Scores& Scores() const { return kanko.scores; }
+    [[nodiscard]] std::int32_t Kanko_Avg() const { return works.Kanko_Avg; }
+    [[nodiscard]] const Works::Scores& Scores() const { return works.scores; }
 
     /// Stores what the screen holds and settles the scores of its scenario (Store_And_Settle) in one
     /// transaction. Raises Store_Error, and Run_Time_Error while there is a fault or where a score cannot be
@@ -71,8 +71,7 @@ class Kanko_Entry {
 
     std::optional<Run_Time_Error> fault;
     Review_Figures figures;
-    WZX_Calc wzx;
-    Kanko kanko;
+    Works works;
 };
 
 } // namespace morvane

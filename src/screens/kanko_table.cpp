@@ -23,11 +23,11 @@ Figure& Engineer(Work_Line& line) {
 }
 
 template <auto Member>
-std::int32_t Total(const Kanko_Totals& totals, std::int32_t /*kanko_avg*/) {
+Thousand_Yen Total(const Kanko_Totals& totals, std::int32_t /*kanko_avg*/) {
     return totals.*Member;
 }
 
-std::int32_t Total_Of_Averages(const Kanko_Totals& totals, std::int32_t kanko_avg) {
+Thousand_Yen Total_Of_Averages(const Kanko_Totals& totals, std::int32_t kanko_avg) {
     return totals.Nheikin(kanko_avg);
 }
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
-#include "review/kanko.h"
 #include "review/review_figures.h"
+#include "review/works.h"
 
 #include <cstdint>
 #include <span>
@@ -31,7 +31,7 @@ struct Kanko_Column {
     int width;                               ///< in half-width characters
     Figure& (*figure)(Work_Line&) = nullptr; ///< of a line; a Check has none
     Kanko_Shows shows = Kanko_Shows::With_Work;
-    std::int32_t (*total)(const Kanko_Totals&, std::int32_t kanko_avg) = nullptr; ///< none: no total
+    Thousand_Yen (*total)(const Kanko_Totals&, std::int32_t kanko_avg) = nullptr; ///< none: no total
     const char* mode = ""; ///< of a Check: the score it explains
 };
 

@@ -3,6 +3,7 @@
 
 #include "law/elements.h"
 #include "review/settle.h"
+#include "review/social.h"
 #include "review/y_calc.h"
 
 namespace morvane {
@@ -12,18 +13,26 @@ Syokuta_Entry::Syokuta_Entry(const Session& session, int scenario_number)
       figures(Load_Review(Cn_Open(session), session.Syori_Ki, Scenario_Of(scenario_number), session.Kind())) {
     // Found here, before anything is typed, and not on storing.
     Y_Calc().Calc_Y(figures.statement, figures.firm);
-    screen.Load_W_2012(figures);
+    screen.items.Load(figures);
+    kikai_ten_of_load = screen.items.Kikai_Ten;
     shown = screen;
     try {
-        screen.x2.Calc_X2(figures, wzx, false);
+        screen.x2.Calc_X2(figures, false);
         shown = screen;
-        screen.Calc_W_2012(figures, wzx);
+        Calculate(screen);
         if (!figures.elements[element::w1].up) {
             shown = screen; // nothing is stored yet that could be shown
         }
     } catch (const Run_Time_Error& error) {
         fault = error;
     }
+}
+
+// X2 by the basis that was keyed, then the items; these stay where they cannot be calculated.
+void Syokuta_Entry::Calculate(Syokuta& pass) const {
+    pass.x2.JikoS = pass.items.JikoS;
+    pass.x2.Calc_X2(figures, true);
+    pass.items = Calc_W_2012(pass.items, kikai_ten_of_load, figures);
 }
 
 void Syokuta_Entry::Take(int element, std::int32_t value) {
@@ -33,9 +42,9 @@ void Syokuta_Entry::Take(int element, std::int32_t value) {
         next.items.JikoS = 1;
     }
     try {
-        next.Calc_W_2012(figures, wzx);
+        Calculate(next);
         const Syokuta first_pass = next;
-        next.Calc_W_2012(figures, wzx);
+        Calculate(next);
         fault.reset();
         shown = first_pass;
     } catch (const Run_Time_Error& error) {
@@ -52,7 +61,8 @@ void Syokuta_Entry::Store(const Connection& cn, const Session& session) const {
     if (fault) {
         throw Run_Time_Error(*fault);
     }
-    Store_W_2012(cn, session, scenario, screen);
+    const Side side = {static_cast<std::int16_t>(session.Syori_Ki), &Scenario_Of(scenario)};
+    Store_W_2012(cn, session, side, screen.items);
 }
 
 void Syokuta_Entry::Store(const Session& session) const {

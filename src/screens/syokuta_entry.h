@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
-#include "review/syokuta.h"
+#include "review/side.h"
+#include "screens/syokuta_table.h"
 #include "session/run_time_error.h"
 
 #include <cstdint>
@@ -42,9 +43,11 @@ class Syokuta_Entry {
   private:
     void Store(const Connection& cn, const Session& session) const;
 
+    void Calculate(Syokuta& pass) const;
+
     int scenario;
     Review_Figures figures;
-    WZX_Calc wzx;
+    std::int32_t kikai_ten_of_load = 0; ///< the machine score that W takes at some law years
     Syokuta screen;
     Syokuta shown;
     std::optional<Run_Time_Error> fault;

@@ -1,12 +1,19 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
-#include "review/syokuta.h"
+#include "review/social_items.h"
+#include "review/x2_calc.h"
 
 #include <string>
 #include <vector>
 
 namespace morvane {
+
+/// What the entry screens of X2 and W (Frm_Syokuta, Frm_Syokuta_2011, Frm_Syokuta_2012) show.
+struct Syokuta {
+    Social_Items items;
+    X2_Calc x2;
+};
 
 /// One field of the entry screen of X2 and W: keyed into an item, or shown.
 struct Syokuta_Cell {

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "law/elements.h"
 #include "review/settle.h"
-#include "review/syokuta.h"
+#include "review/social.h"
 #include "screens/check_sheet.h"
 #include "session/kyotu_mod.h"
 #include "session/run_time_error.h"
@@ -514,14 +514,14 @@ TEST(Check_Steps, Followed_By_Hand_They_Give_The_Scores) {
             Expect_Followed(figures, W2X_Request(Law_Of(law), 9), x2.X2_Ten);
             Expect_Works_Followed(figures);
             // What the entry screen of X2 and W shows: settled, and with an edit that the total has in part.
-            Syokuta screen;
-            WZX_Calc wzx;
-            screen.Load_W_2012(figures);
+            Social_Items items;
+            items.Load(figures);
+            const std::int32_t kikai_ten_of_load = items.Kikai_Ten;
             for (int pass = 0; pass < 2; ++pass) {
-                screen.Calc_W_2012(figures, wzx);
-                screen.Store_W_2012(figures);
+                items = Calc_W_2012(items, kikai_ten_of_load, figures);
+                items.Store(figures);
                 Expect_W_Followed(figures);
-                firms.Edit(screen.items);
+                firms.Edit(items);
             }
         }
     }

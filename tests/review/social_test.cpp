@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: The Morvane developers
-#include "review/syokuta.h"
+#include "review/social.h"
 
-#include "review/kanko.h"
 #include "review/relief.h"
 #include "review/settle.h"
 #include "session/run_time_error.h"
@@ -33,6 +32,17 @@ Review_Figures Of(int law_year, const Elements& elements) {
     return figures;
 }
 
+Social_Items Items_Of(const Review_Figures& figures) {
+    Social_Items items;
+    items.Load(figures);
+    return items;
+}
+
+/// One pass of a screen that was opened with `items`.
+Social_Items Pass(const Social_Items& items, const Review_Figures& figures) {
+    return Calc_W_2012(items, items.Kikai_Ten, figures);
+}
+
 /// Element codes by the law year that first has them.
 const std::map<int, std::set<int>> codes_of_law = {{1, {1,   100, 101, 102, 103, 104, 105, 110, 111, 120, 121,
                                                         130, 131, 140, 141, 142, 143, 150, 151, 152, 200}},
@@ -51,17 +61,15 @@ std::set<int> Codes_Up_To(int law_year) {
     return codes;
 }
 
-TEST(Syokuta, A_Law_Year_Reads_And_Stores_Its_Elements) {
+TEST(Social, A_Law_Year_Reads_And_Stores_Its_Elements) {
     for (int law = 1; law <= 4; ++law) {
         Elements ones;
         for (int code = 0; code < 256; ++code) {
             ones[code] = 1;
         }
-        Syokuta screen;
-        screen.Load_W_2012(Of(law, ones));
         Review_Figures target = Of(law, {});
         target.elements[131].row = false;
-        screen.Store_W_2012(target);
+        Items_Of(Of(law, ones)).Store(target);
         std::set<int> stored;
         for (int code = 0; code < 256; ++code) {
             const Element& element = target.elements[static_cast<std::size_t>(code)];
@@ -76,7 +84,7 @@ TEST(Syokuta, A_Law_Year_Reads_And_Stores_Its_Elements) {
     }
 }
 
-TEST(Syokuta, Limits_On_Reading) {
+TEST(Social, Limits_On_Reading) {
     const struct {
         int code;
         double stored, read;
@@ -85,20 +93,16 @@ TEST(Syokuta, Limits_On_Reading) {
                  {111, 201, 0},   {121, 1, 1},       {121, 2, 0}, {131, 2, 2}, {131, 3, 0},
                  {142, 999, 999}, {212, 5000, 5000}, {1, 0, 1},   {1, 2, 2},   {238, 9, 9}};
     for (const auto& c : cases) {
-        Syokuta screen;
-        screen.Load_W_2012(Of(4, {{c.code, c.stored}}));
         Review_Figures target = Of(4, {});
-        screen.Store_W_2012(target);
+        Items_Of(Of(4, {{c.code, c.stored}})).Store(target);
         EXPECT_EQ(target.elements[static_cast<std::size_t>(c.code)].value, c.read)
             << c.code << " " << c.stored;
     }
-    Syokuta screen;
-    screen.Load_W_2012(Of(4, {}));
-    EXPECT_EQ(screen.items.JikoS, 1);
+    EXPECT_EQ(Items_Of(Of(4, {})).JikoS, 1);
 }
 
 // Sub-scores of one pass, by the element that holds the score.
-TEST(Syokuta, Sub_Scores_By_Law_Year) {
+TEST(Social, Sub_Scores_By_Law_Year) {
     const Elements insured = {{101, 1}, {102, 1}, {103, 1}};
     const struct {
         const char* name;
@@ -145,17 +149,13 @@ TEST(Syokuta, Sub_Scores_By_Law_Year) {
     };
     for (const auto& c : cases) {
         Review_Figures figures = Of(c.law, c.elements);
-        Syokuta screen;
-        WZX_Calc wzx;
-        screen.Load_W_2012(figures);
-        screen.Calc_W_2012(figures, wzx);
-        screen.Store_W_2012(figures);
+        Pass(Items_Of(figures), figures).Store(figures);
         EXPECT_EQ(figures.elements[static_cast<std::size_t>(c.code)].value, c.score) << c.name;
     }
 }
 
 // Which scores reach the totals at once, in the next pass, or when the screen is opened again.
-TEST(Syokuta, Late_Scores) {
+TEST(Social, Late_Scores) {
     const Elements insured = {{101, 1}, {102, 1}, {103, 1}};
     const auto with = [&](Elements more) {
         more.insert(insured.begin(), insured.end());
@@ -185,46 +185,36 @@ TEST(Syokuta, Late_Scores) {
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
         Review_Figures figures = Of(c.law, c.elements);
-        WZX_Calc wzx;
-        Syokuta screen;
-        screen.Load_W_2012(figures);
+        Social_Items items = Items_Of(figures);
+        std::int32_t kikai_ten_of_load = items.Kikai_Ten;
         for (int pass = 0; pass < 3; ++pass) {
             if (pass == 2) {
-                screen.Store_W_2012(figures);
-                screen.Load_W_2012(figures);
+                items.Store(figures);
+                items = Items_Of(figures);
+                kikai_ten_of_load = items.Kikai_Ten;
             }
-            screen.Calc_W_2012(figures, wzx);
-            EXPECT_EQ(screen.items.RF_Ten, c.w1[pass]) << pass;
-            EXPECT_EQ(screen.items.W, c.w[pass]) << pass;
-            EXPECT_EQ(screen.items.Kikai_Ten,
+            items = Calc_W_2012(items, kikai_ten_of_load, figures);
+            EXPECT_EQ(items.RF_Ten, c.w1[pass]) << pass;
+            EXPECT_EQ(items.W, c.w[pass]) << pass;
+            EXPECT_EQ(items.Kikai_Ten,
                       c.law > 1 && c.elements.contains(212) && c.elements.at(212) != 0 ? 15 : 0);
         }
     }
 }
 
-TEST(Syokuta, An_Overflow_Leaves_The_Items) {
-    const Elements cases[] = {{{238, 4}, {141, 3}, {151, INT32_MAX}, {152, 1}},
-                              {{238, 4}, {130, 7}, {224, INT16_MAX}, {241, 1}},
-                              {{238, 4}, {221, 1}, {222, INT32_MAX}, {224, 40'000}}};
+TEST(Social, Overflow) {
+    const Elements cases[] = {{{141, 3}, {151, INT32_MAX}, {152, 1}},
+                              {{130, 7}, {224, INT16_MAX}, {238, 4}},
+                              {{221, 1}, {222, INT32_MAX}, {224, 40'000}}};
     for (const Elements& elements : cases) {
-        Review_Figures figures = Of(4, elements);
-        Syokuta screen;
-        WZX_Calc wzx;
-        screen.Load_W_2012(figures);
-        EXPECT_THROW(screen.Calc_W_2012(figures, wzx), Run_Time_Error);
-        Review_Figures stored = Of(4, {});
-        screen.Store_W_2012(stored);
-        for (const auto& [code, value] : elements) {
-            EXPECT_EQ(stored.elements[static_cast<std::size_t>(code)].value, value) << code;
-        }
-        EXPECT_EQ(screen.items.RF_Ten, 0);
-        EXPECT_EQ(screen.items.rireki_ten, elements.contains(241) ? 1 : 0);
+        const Review_Figures figures = Of(4, elements);
+        EXPECT_THROW(static_cast<void>(Pass(Items_Of(figures), figures)), Run_Time_Error);
     }
 }
 
-class Syokuta_Store : public Installation {};
+class Social_Store : public Installation {};
 
-TEST_F(Syokuta_Store, Adds_The_Rows_Of_Knowledge_And_Forms_P_Anew) {
+TEST_F(Social_Store, Adds_The_Rows_Of_Knowledge_And_Forms_P_Anew) {
     const struct {
         int law;
         int added;
@@ -241,11 +231,7 @@ TEST_F(Syokuta_Store, Adds_The_Rows_Of_Knowledge_And_Forms_P_Anew) {
 
         const Connection cn = Cn_Open(session);
         const Review_Figures figures = Load_Review(cn, 10, scenario_genjo, {});
-        Syokuta screen;
-        WZX_Calc wzx;
-        screen.Load_W_2012(figures);
-        screen.Calc_W_2012(figures, wzx);
-        Store_W_2012(cn, session, 1, screen);
+        Store_W_2012(cn, session, {10, &scenario_genjo}, Pass(Items_Of(figures), figures));
         const Recordset rows = cn.Open("SELECT * FROM W_Yoso WHERE " + of_period + " ORDER BY 要素CD;");
         ASSERT_EQ(rows.Count(), static_cast<std::size_t>(c.added));
         if (c.added != 0) {
@@ -326,9 +312,10 @@ TEST(Settle, Ends_In_Figures_That_Agree_Whatever_Scores_Were_Stored) {
             const Work_Line& work = once.figures.works[line];
             EXPECT_EQ(work.P.up, work.Has_Kanko()) << line;
             if (work.P.up) {
-                EXPECT_EQ(work.P.value, Calc_P_Ten(static_cast<std::int16_t>(work.X1.value), once.x2.X2_Ten,
-                                                   once.y.Y_Ten, static_cast<std::int16_t>(work.Z.value),
-                                                   static_cast<std::int16_t>(score(200))));
+                EXPECT_EQ(work.P.value,
+                          Calc_P_Ten(Points::Of(work.X1.value), Points(once.x2.X2_Ten), Points(once.y.Y_Ten),
+                                     Points::Of(work.Z.value), Points::Of(score(200)))
+                              .Count());
             }
         }
     }
