@@ -10,19 +10,16 @@ chart get amounts.
 
 import argparse
 import calendar
-import csv
 import datetime
 import json
 import pathlib
 import random
 import sys
 
-HERE = pathlib.Path(__file__).resolve().parent
+from reference import CHARTS, HERE, OWN, PRIME, read_rows
 
 MAX32 = 2**31 - 1
 
-OWN = ("完工高前々期", "完工高前期", "完工高基準")
-PRIME = tuple("元請" + c for c in OWN)
 SCORE_COLUMNS = ("評点X1", "評点Z1", "評点Z2", "評点Z", "総合評点P", "完工高平均", "元請完工高平均")
 
 PRIOR = tuple(range(820, 839))
@@ -42,15 +39,10 @@ END_DATES = ((5, 8, 13), (5, 8, 14), (5, 8, 15), (5, 7, 31), (5, 8, 31), (5, 3, 
              (7, 3, 31), (7, 12, 31), (8, 6, 30), (6, 8, 13), (6, 8, 14), (4, 9, 30), (30, 3, 31))
 
 
-def read_rows(name):
-    with open(HERE / name, encoding="utf-8", newline="") as f:
-        return list(csv.DictReader(line for line in f if not line.startswith("#")))
-
-
 def load_edges():
     """Band bounds of each table, and the amounts at which the 32-bit product gives out."""
     edges, holes = {}, {}
-    for row in read_rows("tables.csv"):
+    for row in read_rows(HERE / "tables.csv"):
         name, low, mul = row["table"], int(row["from"]), int(row["mul"])
         edges.setdefault(name, []).append(low)
         holes.setdefault(name, [])
@@ -60,15 +52,11 @@ def load_edges():
 
 
 EDGES, HOLES = load_edges()
-CHART = {}
-for _row in read_rows("chart.csv"):
-    CHART.setdefault(_row["edition"], []).append(_row)
 
 
 def entry_codes(edition, corporation, hidden):
-    column = "hidden_corp" if corporation else "hidden_ind"
-    return [int(r["code"]) for r in CHART[edition]
-            if r["entered"] == "1" and int(r["code"]) < 800 and (hidden or r[column] == "0")]
+    return [account.code for account in CHARTS[edition].values()
+            if account.entered and account.code < 800 and (hidden or not account.hidden[corporation])]
 
 
 def in_hole(table, value):

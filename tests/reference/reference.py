@@ -22,6 +22,7 @@ import struct
 import sys
 
 HERE = pathlib.Path(__file__).resolve().parent
+STORES = HERE.parent.parent / "stores"
 
 LINES = 34           # work types per period
 SCORED = 32          # lines 0 to 31 carry scores
@@ -127,30 +128,27 @@ def half(a, b):
 
 # ---------------------------------------------------------------- data
 
-def read_rows(name):
-    with open(HERE / name, encoding="utf-8", newline="") as f:
-        return list(csv.DictReader(line for line in f if not line.startswith("#")))
+def read_rows(path, delimiter=","):
+    with open(path, encoding="utf-8", newline="") as f:
+        return list(csv.DictReader((line for line in f if not line.startswith("#")), delimiter=delimiter))
 
 
 class Account:
-    __slots__ = ("code", "klass", "summed", "minus", "debit", "entered", "hidden")
+    """A line of the delivered chart; -1 is true there."""
 
     def __init__(self, row):
-        self.code = int(row["code"])
-        self.klass = row["class"]
-        self.summed = row["summed"] == "1"
-        self.minus = row["minus"] == "1"
-        self.debit = row["debit"] == "1"
-        self.entered = row["entered"] == "1"
-        self.hidden = {True: row["hidden_corp"] == "1", False: row["hidden_ind"] == "1"}
+        self.code = int(row["建設科目CD"])
+        self.klass = row["科目分類識別"]
+        self.summed = row["集計識別"] == "-1"
+        self.minus = row["内部処理正負"] == "1"
+        self.debit = row["貸借正負"] == "1"
+        self.entered = row["金額編集識別"] == "-1"
+        self.hidden = {True: row["法人非表示識別"] == "-1", False: row["個人非表示識別"] == "-1"}
 
 
-def load_charts():
-    charts = {}
-    for row in read_rows("chart.csv"):
-        account = Account(row)
-        charts.setdefault(row["edition"], {})[account.code] = account
-    return charts
+def load_chart(edition):
+    rows = map(Account, read_rows(STORES / ("chart_%s.tsv" % edition), "\t"))
+    return {account.code: account for account in rows}
 
 
 class Table:
@@ -173,7 +171,7 @@ class Table:
 
 def load_tables():
     tables = {}
-    for row in read_rows("tables.csv"):
+    for row in read_rows(HERE / "tables.csv"):
         table = tables.setdefault(row["table"], Table())
         if row["to"]:
             table.bands.append(tuple(int(row[k]) for k in ("from", "mul", "div", "add")))
@@ -182,7 +180,7 @@ def load_tables():
     return tables
 
 
-CHARTS = load_charts()
+CHARTS = {edition: load_chart(edition) for edition in ("13", "01")}
 TABLES = load_tables()
 
 
