@@ -23,7 +23,7 @@ class Frm_Settei_Test : public Ui_Installation {
     Frm_Settei form{shell};
 };
 
-TEST_F(Frm_Settei_Test, What_is_entered_is_saved) {
+TEST_F(Frm_Settei_Test, What_Is_Entered_Is_Saved) {
     Type_Into(form, "Smtp_Host", "smtp.example.jp");
     Type_Into(form, "Smtp_Port", "70000");
     Type_Into(form, "Smtp_Security", "2");
@@ -52,7 +52,7 @@ TEST_F(Frm_Settei_Test, What_is_entered_is_saved) {
     EXPECT_EQ(Edition_Of(info.tiiki_cd), session.Tiiki_CD);
 }
 
-TEST_F(Frm_Settei_Test, The_office_is_entered_here) {
+TEST_F(Frm_Settei_Test, The_Office_Is_Entered_Here) {
     session.Kanri_Flg = multi_company_mode;
     Type_Into(form, "Office_Name", "見本事務所");
     Type_Into(form, "User_ID", "U-1");
@@ -64,7 +64,7 @@ TEST_F(Frm_Settei_Test, The_office_is_entered_here) {
     EXPECT_EQ(session.Office_Name, "見本事務所") << "the next report bears it";
 }
 
-TEST_F(Frm_Settei_Test, A_change_of_use_asks_and_ends_the_program) {
+TEST_F(Frm_Settei_Test, A_Change_Of_Use_Asks_And_Ends_The_Program) {
     bool ended = false;
     form.end_program = [&ended] { ended = true; };
     const bool to_multi = !session.Is_Multi();
@@ -84,7 +84,7 @@ TEST_F(Frm_Settei_Test, A_change_of_use_asks_and_ends_the_program) {
     EXPECT_EQ(Read_Install_Info(folder.path).kanri_flg == multi_company_mode, to_multi);
 }
 
-TEST_F(Frm_Settei_Test, Edits_are_not_dropped_unasked) {
+TEST_F(Frm_Settei_Test, Edits_Are_Not_Dropped_Unasked) {
     Type_Into(form, "User_Page", "https://example.jp");
     Click(form, "Cmd_Cancel");
     ASSERT_EQ(messages.shown.size(), 1U);
@@ -96,7 +96,7 @@ TEST_F(Frm_Settei_Test, Edits_are_not_dropped_unasked) {
     EXPECT_FALSE(form.isVisible());
 }
 
-TEST_F(Frm_Settei_Test, The_connection_test_tells_of_each_host) {
+TEST_F(Frm_Settei_Test, The_Connection_Test_Tells_Of_Each_Host) {
     Click(form, "Cmd_Test");
     ASSERT_EQ(messages.shown.size(), 1U) << "no host";
     const int listener = socket(AF_INET, SOCK_STREAM, 0);

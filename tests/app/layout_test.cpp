@@ -297,7 +297,7 @@ class Layout_Test : public Installation {
     QRect room; ///< of a window on the display
 };
 
-TEST_F(Layout_Test, Every_form_has_its_place_on_every_display) {
+TEST_F(Layout_Test, Every_Form_Has_Its_Place_On_Every_Display) {
     ASSERT_EQ(Displays().size(), 5U);
     Make_Firm(Fill::Large);
     for (const QScreen* display : Displays()) {
@@ -309,14 +309,14 @@ TEST_F(Layout_Test, Every_form_has_its_place_on_every_display) {
     }
 }
 
-TEST_F(Layout_Test, Blank_figures_change_nothing) {
+TEST_F(Layout_Test, Blank_Figures_Change_Nothing) {
     Make_Firm(Fill::Blank);
     Start_On(*Displays().front());
     Look_At_All();
 }
 
 // Why nothing can be computed is a sentence that is longer than a small display is wide.
-TEST_F(Layout_Test, A_screen_tells_of_figures_that_cannot_be_computed) {
+TEST_F(Layout_Test, A_Screen_Tells_Of_Figures_That_Cannot_Be_Computed) {
     Make_Firm(Fill::Large);
     // Engineers and skilled workers that cancel each other, as only a damaged store has them.
     Cn_Open(session).Execute("UPDATE W_Yoso SET 現状=5 WHERE 要素CD=229");
@@ -348,7 +348,7 @@ class Office_Layout_Test : public Layout_Test {
     }
 };
 
-TEST_F(Office_Layout_Test, The_windows_of_the_register_have_their_place_on_every_display) {
+TEST_F(Office_Layout_Test, The_Windows_Of_The_Register_Have_Their_Place_On_Every_Display) {
     for (const QScreen* display : Displays()) {
         SCOPED_TRACE(display->name().toStdString());
         Start_On(*display);
@@ -362,7 +362,7 @@ TEST_F(Office_Layout_Test, The_windows_of_the_register_have_their_place_on_every
     }
 }
 
-TEST_F(Layout_Test, Messages_are_as_wide_as_their_lines) {
+TEST_F(Layout_Test, Messages_Are_As_Wide_As_Their_Lines) {
     std::string many;
     for (int line = 1; line <= 60; ++line) {
         many += std::to_string(line) + "行目「完成工事高（千円）」：数値ではありません。\n";
@@ -404,7 +404,7 @@ TEST_F(Layout_Test, Messages_are_as_wide_as_their_lines) {
 }
 
 // One Enter must never carry out what a question warns of.
-TEST(Message_Windows_Test, Enter_takes_the_default_and_esc_the_way_back) {
+TEST(Message_Windows_Test, Enter_Takes_The_Default_And_Esc_The_Way_Back) {
     const struct {
         Buttons buttons;
         Answer default_answer;

@@ -56,7 +56,7 @@ class Leaving_Test : public Ui_Installation {
 
 // Whatever a screen holds when the disk is full: another attempt fails again, going back keeps the screen,
 // giving up closes it, and nothing of a failed attempt is kept.
-TEST_F(Leaving_Test, Every_screen_can_be_left_on_a_full_disk) {
+TEST_F(Leaving_Test, Every_Screen_Can_Be_Left_On_A_Full_Disk) {
     for (const Leaving& leaving : leavings) {
         SCOPED_TRACE(leaving.form);
         std::unique_ptr<Form> form(Find_Form(leaving.form)->Make(shell));
@@ -86,7 +86,7 @@ TEST_F(Leaving_Test, Every_screen_can_be_left_on_a_full_disk) {
     }
 }
 
-TEST_F(Leaving_Test, Another_attempt_stores_what_the_screen_holds) {
+TEST_F(Leaving_Test, Another_Attempt_Stores_What_The_Screen_Holds) {
     std::unique_ptr<Form> form(Find_Form("Frm_QandA")->Make(shell));
     form->show();
     leavings[7].edit(*form);

@@ -35,7 +35,7 @@ class Menu_Test : public Installation {
 };
 
 TEST(Menu_Table_Test,
-     Every_entry_leads_to_a_form_of_the_table_or_a_panel_in_both_firm_types_and_all_law_years) {
+     Every_Entry_Leads_To_A_Form_Of_The_Table_Or_A_Panel_In_Both_Firm_Types_And_All_Law_Years) {
     std::set<std::string> names;
     int entries = 0;
     const auto test = [&](std::span<const Menu_Entry> list) {
@@ -65,7 +65,7 @@ TEST(Menu_Table_Test,
     EXPECT_EQ(entries, 13 + 38);
 }
 
-TEST_F(Menu_Test, An_entry_tells_the_session_title_and_rows_by_firm_type) {
+TEST_F(Menu_Test, An_Entry_Tells_The_Session_Title_And_Rows_By_Firm_Type) {
     ASSERT_TRUE(Enter_Screen(session, Entry("Cmd_KsT(4)")));
     EXPECT_EQ(session.Screen_Title, "貸借対照表－資本金、法定準備金、剰余金");
     EXPECT_EQ(session.Screen_No, 45);
@@ -89,7 +89,7 @@ TEST_F(Menu_Test, An_entry_tells_the_session_title_and_rows_by_firm_type) {
 }
 
 // Each row makes one more thing ready; the first gate that still refuses is the one that speaks.
-TEST_F(Menu_Test, Gates_refuse_in_their_order) {
+TEST_F(Menu_Test, Gates_Refuse_In_Their_Order) {
     const auto refusal = [&](const char* entry) {
         const std::size_t before = messages.shown.size();
         const bool entered = Enter_Screen(session, Entry(entry));

@@ -83,7 +83,7 @@ class Single_Shell_Test : public Shell_Test {
 
 // A statement that changes Y reaches the stored scores when its panel is closed, without a visit of their
 // screens.
-TEST_F(Single_Shell_Test, Stored_scores_follow_the_statement) {
+TEST_F(Single_Shell_Test, Stored_Scores_Follow_The_Statement) {
     session.Hojin_Kojin = Firm_Type::Individual;
     Kanko_Entry works(session, Kanko_Screen_Of("Frm_Kanko"));
     const Kanko_Entered amount = {2, 2, 50'000};
@@ -110,7 +110,7 @@ const std::vector<const char*> company_bound = {"Cmd_KsZ1",   "Cmd_KsZ2",   "Cmd
                                                 "Cmd_Sim1",   "Cmd_Sim2",   "Cmd_Sim3",  "Cmd_Sim4",
                                                 "Cmd_Hojyo1", "Cmd_Hojyo2", "Cmd_Hojyo4"};
 
-TEST_F(Shell_Test, The_menu_waits_for_a_company_and_follows_it) {
+TEST_F(Shell_Test, The_Menu_Waits_For_A_Company_And_Follows_It) {
     ASSERT_TRUE(Start().running);
     EXPECT_EQ(shell->Frame()->windowTitle().toStdString(), "MorvanePlus");
     EXPECT_EQ(Label("SyaMei"), "事業所が指定されていません！");
@@ -143,7 +143,7 @@ TEST_F(Shell_Test, The_menu_waits_for_a_company_and_follows_it) {
     EXPECT_FALSE(Child<QWidget>(*shell->Frame(), "Mnu_KsZSon")->isVisible());
 }
 
-TEST_F(Shell_Test, A_panel_goes_with_the_company_it_was_opened_for) {
+TEST_F(Shell_Test, A_Panel_Goes_With_The_Company_It_Was_Opened_For) {
     ASSERT_TRUE(Start().running);
     Take(12, "青葉建設");
     Press("Cmd_KsZ1");
@@ -156,7 +156,7 @@ TEST_F(Shell_Test, A_panel_goes_with_the_company_it_was_opened_for) {
     EXPECT_FALSE(Enabled("Cmd_KsT(0)")) << "nothing can be keyed into the store of nobody";
 }
 
-TEST_F(Shell_Test, A_screen_to_come_says_so_and_leaves_nothing_open) {
+TEST_F(Shell_Test, A_Screen_To_Come_Says_So_And_Leaves_Nothing_Open) {
     ASSERT_TRUE(Start().running);
     Take(12, "青葉建設");
     Press("Cmd_Hojyo2");
@@ -167,7 +167,7 @@ TEST_F(Shell_Test, A_screen_to_come_says_so_and_leaves_nothing_open) {
     EXPECT_FALSE(shell->session.Edit_Flg);
 }
 
-TEST_F(Shell_Test, The_menu_gives_way_to_a_screen_and_is_back_when_it_closes) {
+TEST_F(Shell_Test, The_Menu_Gives_Way_To_A_Screen_And_Is_Back_When_It_Closes) {
     ASSERT_TRUE(Start().running);
     Take(12, "青葉建設");
     Press("Cmd_KsZ1");
@@ -181,7 +181,7 @@ TEST_F(Shell_Test, The_menu_gives_way_to_a_screen_and_is_back_when_it_closes) {
     EXPECT_EQ(QApplication::focusWidget()->objectName().toStdString(), "Cmd_KsT(0)") << "where it was opened";
 }
 
-TEST_F(Shell_Test, The_frame_goes_only_by_the_end_button_while_a_company_is_in_hand) {
+TEST_F(Shell_Test, The_Frame_Goes_Only_By_The_End_Button_While_A_Company_Is_In_Hand) {
     ASSERT_TRUE(Start().running);
     Take(12, "青葉建設");
     session = shell->session;
@@ -208,7 +208,7 @@ TEST_F(Shell_Test, The_frame_goes_only_by_the_end_button_while_a_company_is_in_h
     EXPECT_EQ(Instance_Lock::Take(folder.path)->Left_Behind(), 0);
 }
 
-TEST_F(Single_Shell_Test, A_single_firm_has_no_register_and_closes_freely) {
+TEST_F(Single_Shell_Test, A_Single_Firm_Has_No_Register_And_Closes_Freely) {
     ASSERT_TRUE(Start().running);
     EXPECT_EQ(shell->Frame()->windowTitle().toStdString(), "Morvane");
     EXPECT_FALSE(shell->Frame()->findChild<QAction*>("Mnu_JgSitei")->isVisible());
@@ -219,7 +219,7 @@ TEST_F(Single_Shell_Test, A_single_firm_has_no_register_and_closes_freely) {
 }
 
 // As from the menu bar, in the running program: the change ends it, and it starts again in the new use.
-TEST_F(Single_Shell_Test, The_use_is_changed_and_the_next_start_has_it) {
+TEST_F(Single_Shell_Test, The_Use_Is_Changed_And_The_Next_Start_Has_It) {
     const auto change = [this](QDialog& settings, const char* mode) {
         Type_Into(settings, "Office_Mode", mode);
         messages.answers = {Answer::Yes};
@@ -258,7 +258,7 @@ TEST_F(Single_Shell_Test, The_use_is_changed_and_the_next_start_has_it) {
     EXPECT_FALSE(shell->session.Is_Multi());
 }
 
-TEST_F(Single_Shell_Test, Without_an_edition_the_start_asks_for_one_until_it_is_chosen) {
+TEST_F(Single_Shell_Test, Without_An_Edition_The_Start_Asks_For_One_Until_It_Is_Chosen) {
     Install_Info info = Read_Install_Info(folder.path);
     info.tiiki_cd.clear();
     Write_Install_Info(folder.path, info);
@@ -282,7 +282,7 @@ TEST_F(Single_Shell_Test, Without_an_edition_the_start_asks_for_one_until_it_is_
     EXPECT_EQ(Label("TiikiMei"), "全国 版");
 }
 
-TEST_F(Shell_Test, A_company_that_cannot_be_put_back_is_left_to_the_next_start) {
+TEST_F(Shell_Test, A_Company_That_Cannot_Be_Put_Back_Is_Left_To_The_Next_Start) {
     ASSERT_TRUE(Start().running);
     Take(12, "青葉建設");
     std::filesystem::rename(folder.path / "data", folder.path / "gone");
@@ -299,7 +299,7 @@ TEST_F(Shell_Test, A_company_that_cannot_be_put_back_is_left_to_the_next_start) 
     EXPECT_EQ(Read_Kidou_Ini(folder.path).number, 12) << "the marker tells the next start";
 }
 
-TEST_F(Shell_Test, A_failing_store_names_its_file_and_ends_with_a_failure_status) {
+TEST_F(Shell_Test, A_Failing_Store_Names_Its_File_And_Ends_With_A_Failure_Status) {
     ASSERT_TRUE(Start().running);
     Take(12, "青葉建設");
     std::filesystem::rename(folder.path / "Morvane.dat", folder.path / "gone.dat");
@@ -310,7 +310,7 @@ TEST_F(Shell_Test, A_failing_store_names_its_file_and_ends_with_a_failure_status
 }
 
 // The sums of the statements are stored when their panel closes.
-TEST_F(Single_Shell_Test, A_panel_whose_sums_cannot_be_stored_can_be_left) {
+TEST_F(Single_Shell_Test, A_Panel_Whose_Sums_Cannot_Be_Stored_Can_Be_Left) {
     ASSERT_TRUE(Start().running);
     Press("Cmd_KsZ1");
     const Failing_Writes full(1, Failing_Writes::Manner::From_Then_On, ENOSPC);
@@ -323,7 +323,7 @@ TEST_F(Single_Shell_Test, A_panel_whose_sums_cannot_be_stored_can_be_left) {
     EXPECT_FALSE(ended_with);
 }
 
-TEST_F(Shell_Test, Sister_screens_are_one_screen_for_the_menu) {
+TEST_F(Shell_Test, Sister_Screens_Are_One_Screen_For_The_Menu) {
     ASSERT_TRUE(Start().running);
     Take(12, "青葉建設");
     Press("Cmd_Sim1");
@@ -357,7 +357,7 @@ TEST_F(Shell_Test, Sister_screens_are_one_screen_for_the_menu) {
     EXPECT_FALSE(Child<QWidget>(frame, "Cmd_GB(2)")->property("open").toBool());
 }
 
-TEST_F(Shell_Test, The_menu_closes_a_check_screen_with_its_family) {
+TEST_F(Shell_Test, The_Menu_Closes_A_Check_Screen_With_Its_Family) {
     ASSERT_TRUE(Start().running);
     Take(12, "青葉建設");
     Frm_Main& frame = *shell->Frame();
@@ -376,7 +376,7 @@ TEST_F(Shell_Test, The_menu_closes_a_check_screen_with_its_family) {
     EXPECT_EQ(frame.findChild<Form*>(QStringLiteral("Frm_Calc_Tbl")), nullptr);
 }
 
-TEST_F(Shell_Test, F1_opens_the_page_of_what_has_the_focus) {
+TEST_F(Shell_Test, F1_Opens_The_Page_Of_What_Has_The_Focus) {
     ASSERT_TRUE(Start().running);
     QTest::keyClick(shell->Frame(), Qt::Key_F1);
     auto* help = shell->Frame()->findChild<QTextBrowser*>("Help_Browser");
@@ -411,7 +411,7 @@ TEST_F(Shell_Test, F1_opens_the_page_of_what_has_the_focus) {
 }
 
 // A whole session in a process of its own that is killed with a company in hand.
-TEST_F(Shell_Test, After_a_kill_the_next_start_has_every_edit_and_all_files_agree) {
+TEST_F(Shell_Test, After_A_Kill_The_Next_Start_Has_Every_Edit_And_All_Files_Agree) {
     // The list and the company screen need what a registration gives.
     for (const int number : {12, 34}) {
         Connection(Company_Store(session, number), session.Db_Key)
@@ -443,7 +443,7 @@ TEST_F(Shell_Test, After_a_kill_the_next_start_has_every_edit_and_all_files_agre
 
 // The program itself, as it is delivered.
 // The box says what the raiser of the failure advises, whatever letters that holds.
-TEST_F(Shell_Test, The_box_of_lost_settings_tells_how_to_make_them_again) {
+TEST_F(Shell_Test, The_Box_Of_Lost_Settings_Tells_How_To_Make_Them_Again) {
     std::filesystem::remove(folder.path / "install_info.json");
     EXPECT_FALSE(Start().running);
     EXPECT_EQ(ended_with, 1);
@@ -451,7 +451,7 @@ TEST_F(Shell_Test, The_box_of_lost_settings_tells_how_to_make_them_again) {
         << messages.shown.back().text;
 }
 
-TEST_F(Shell_Test, A_second_instance_is_refused_and_a_killed_one_leaves_the_lock_free) {
+TEST_F(Shell_Test, A_Second_Instance_Is_Refused_And_A_Killed_One_Leaves_The_Lock_Free) {
     std::filesystem::copy_file(Program_File(), folder.path / "morvane");
     QProcess first;
     first.start(QString::fromStdString((folder.path / "morvane").string()), QStringList());

@@ -55,7 +55,7 @@ class Single_Start_Test : public Start_Test {
     Single_Start_Test() : Start_Test(false) {}
 };
 
-TEST_F(Single_Start_Test, First_run_makes_the_firm_and_asks_for_its_dates_until_they_are_given) {
+TEST_F(Single_Start_Test, First_Run_Makes_The_Firm_And_Asks_For_Its_Dates_Until_They_Are_Given) {
     Install_Info info = Read_Install_Info(folder.path);
     info.office_name = "株式会社 山田\"組\"";
     info.syori_ki = 28;
@@ -81,14 +81,14 @@ TEST_F(Single_Start_Test, First_run_makes_the_firm_and_asks_for_its_dates_until_
     EXPECT_TRUE(Titles().empty());
 }
 
-TEST_F(Single_Start_Test, Data_older_than_the_form_of_2008_end_the_program) {
+TEST_F(Single_Start_Test, Data_Older_Than_The_Form_Of_2008_End_The_Program) {
     Start();
     Cn_Open(session).Execute("UPDATE Ks_Zaihyo SET 並び順=2 WHERE 建設科目CD=99");
     EXPECT_EQ(Start(), Start_Result::Ended);
     EXPECT_EQ(messages.shown.back().text, "データが2008年より古いため、起動できません。");
 }
 
-TEST_F(Start_Test, Without_a_company_the_marker_decides) {
+TEST_F(Start_Test, Without_A_Company_The_Marker_Decides) {
     EXPECT_EQ(Start(), Start_Result::Ready);
     EXPECT_EQ(Titles(), std::vector<std::string>{"ご利用のご挨拶"});
     EXPECT_EQ(session.Kanri_No, 0);
@@ -98,7 +98,7 @@ TEST_F(Start_Test, Without_a_company_the_marker_decides) {
     EXPECT_THROW(Start(), Store_Error) << "a missing marker is no clean end";
 }
 
-TEST_F(Start_Test, An_abnormal_end_keeps_the_working_store_and_adopts_its_company) {
+TEST_F(Start_Test, An_Abnormal_End_Keeps_The_Working_Store_And_Adopts_Its_Company) {
     Register(12, "青葉建設");
     Register(34, "港工務店");
     Check_Out(session, 12, "青葉建設");
@@ -119,7 +119,7 @@ TEST_F(Start_Test, An_abnormal_end_keeps_the_working_store_and_adopts_its_compan
 }
 
 // A newly registered company is in hand although the marker is that of a clean end.
-TEST_F(Start_Test, The_lock_file_tells_of_a_company_that_the_marker_does_not_know) {
+TEST_F(Start_Test, The_Lock_File_Tells_Of_A_Company_That_The_Marker_Does_Not_Know) {
     Start();
     Register(56, "新規建設");
     session.Kanri_No = 56;
@@ -141,7 +141,7 @@ TEST_F(Start_Test, The_lock_file_tells_of_a_company_that_the_marker_does_not_kno
 
 // What stands in the working store is adopted only where it is the company's that was in hand; else it is
 // kept under a dated name and that company is read from its own file.
-TEST_F(Start_Test, A_working_store_that_does_not_fit_is_set_aside) {
+TEST_F(Start_Test, A_Working_Store_That_Does_Not_Fit_Is_Set_Aside) {
     Register(12, "青葉建設");
     Register(34, "港工務店");
     Start();
@@ -233,7 +233,7 @@ TEST_F(Start_Test, A_working_store_that_does_not_fit_is_set_aside) {
 }
 
 // A folder that lost some of its files gets those back, and nothing else changes.
-TEST_F(Start_Test, A_repair_makes_only_what_is_lost) {
+TEST_F(Start_Test, A_Repair_Makes_Only_What_Is_Lost) {
     Register(12, "青葉建設");
     Register(34, "港工務店");
     Start();
@@ -282,7 +282,7 @@ TEST_F(Start_Test, A_repair_makes_only_what_is_lost) {
     EXPECT_EQ(Read_Kidou_Ini(folder.path).number, 12);
 }
 
-TEST_F(Start_Test, An_edition_is_chosen_whole_and_keeps_what_stood_there) {
+TEST_F(Start_Test, An_Edition_Is_Chosen_Whole_And_Keeps_What_Stood_There) {
     Make_Company(7, 1, 3);
     Choose_Edition(folder.path, Edition::Hokkaido);
     const Install_Info info = Read_Install_Info(folder.path);
@@ -292,7 +292,7 @@ TEST_F(Start_Test, An_edition_is_chosen_whole_and_keeps_what_stood_there) {
     EXPECT_NO_THROW(Verify_Store(folder.path / "Morvane.dat.bak", session.Db_Key));
 }
 
-TEST_F(Start_Test, The_updater_is_swapped_only_for_a_file_of_the_installation) {
+TEST_F(Start_Test, The_Updater_Is_Swapped_Only_For_A_File_Of_The_Installation) {
     const auto put = [&](const char* name, const char* text) { std::ofstream(folder.path / name) << text; };
     put("PgUpdata.exe", "old");
     put("PgUpdataUP.exe", "new");

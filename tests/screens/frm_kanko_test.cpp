@@ -152,7 +152,7 @@ class Kanko_Firms : public Kanko_Window, public ::testing::WithParamInterface<st
     std::mt19937 random{20260401};
 };
 
-TEST_P(Kanko_Firms, What_is_keyed_ends_in_the_figures_of_the_engine) {
+TEST_P(Kanko_Firms, What_Is_Keyed_Ends_In_The_Figures_Of_The_Engine) {
     const int law = std::get<1>(GetParam());
     Random_Firm(law);
     Review_Figures expected = Stored();
@@ -203,7 +203,7 @@ INSTANTIATE_TEST_SUITE_P(Editions, Kanko_Firms,
 
 // ---- single fields
 
-TEST_F(Kanko_Window, A_line_shows_by_what_is_entered) {
+TEST_F(Kanko_Window, A_Line_Shows_By_What_Is_Entered) {
     Open("Frm_Kanko");
     const struct {
         const char* cell;
@@ -233,7 +233,7 @@ TEST_F(Kanko_Window, A_line_shows_by_what_is_entered) {
               "1=0=0=7=4=397=288 5=0=1234=0=617=405=290 33=0=0=9=5=-=-");
 }
 
-TEST_F(Kanko_Window, Keys_move_as_in_a_form) {
+TEST_F(Kanko_Window, Keys_Move_As_In_A_Form) {
     using enum Qt::Key;
     Put_Work(0, {{"完工高基準", 1000}});
     Open("Frm_Kanko");
@@ -264,7 +264,7 @@ TEST_F(Kanko_Window, Keys_move_as_in_a_form) {
     EXPECT_EQ(Place(), "Zzki(0)");
 }
 
-TEST_F(Kanko_Window, Years_of_the_average) {
+TEST_F(Kanko_Window, Years_Of_The_Average) {
     Put_Work(2, {{"完工高前々期", 900}, {"完工高前期", 600}, {"完工高基準", 300}});
     Open("Frm_Kanko");
     auto* years = Child<Entry_Cell>(*form, "Kanko_Avg");
@@ -287,7 +287,7 @@ TEST_F(Kanko_Window, Years_of_the_average) {
               "201=2 202=450 203=600");
 }
 
-TEST_F(Kanko_Window, An_overflow_puts_the_entry_back) {
+TEST_F(Kanko_Window, An_Overflow_Puts_The_Entry_Back) {
     const struct {
         const char* form;
         const char* cell;
@@ -317,7 +317,7 @@ TEST_F(Kanko_Window, An_overflow_puts_the_entry_back) {
     }
 }
 
-TEST_F(Kanko_Window, Stored_figures_beyond_the_tables_can_be_corrected) {
+TEST_F(Kanko_Window, Stored_Figures_Beyond_The_Tables_Can_Be_Corrected) {
     Put_Work(0, {{"完工高前期", 48'000'000}, {"完工高基準", 48'000'000}});
     const auto before = State();
     for (const bool corrected : {false, true}) {
@@ -343,7 +343,7 @@ TEST_F(Kanko_Window, Stored_figures_beyond_the_tables_can_be_corrected) {
     EXPECT_EQ(List("SELECT 完工高平均 FROM Kandaka_Gj WHERE 工種CD=0"), "1");
 }
 
-TEST_F(Kanko_Window, A_block_from_a_spreadsheet_is_one_step) {
+TEST_F(Kanko_Window, A_Block_From_A_Spreadsheet_Is_One_Step) {
     Open("Frm_Kanko");
     grid->Focus_Cell("Zki(2)");
     QApplication::clipboard()->setText(QStringLiteral("1,000\t3,000\n2,000\t△5\n"));
@@ -367,7 +367,7 @@ TEST_F(Kanko_Window, A_block_from_a_spreadsheet_is_one_step) {
     EXPECT_EQ(Texts(2, shown), "||||||||");
 }
 
-TEST_F(Kanko_Window, Engineers_of_no_work_type_are_not_taken) {
+TEST_F(Kanko_Window, Engineers_Of_No_Work_Type_Are_Not_Taken) {
     Open("Frm_Kanko2");
     for (const char* name : {"Z1", "Z2", "Z22", "Z3", "Z4", "Z5"}) {
         Key_Into((name + std::string("(32)")).c_str(), "5");
@@ -381,7 +381,7 @@ TEST_F(Kanko_Window, Engineers_of_no_work_type_are_not_taken) {
 
 // ---- checks, the sister, closing
 
-TEST_F(Kanko_Window, Checks_open_where_a_line_has_scores) {
+TEST_F(Kanko_Window, Checks_Open_Where_A_Line_Has_Scores) {
     const struct {
         const char* form;
         const char* cell;
@@ -428,7 +428,7 @@ TEST_F(Kanko_Window, Checks_open_where_a_line_has_scores) {
     }
 }
 
-TEST_F(Kanko_Window, Leaving_by_the_sister_or_for_the_report_stores) {
+TEST_F(Kanko_Window, Leaving_By_The_Sister_Or_For_The_Report_Stores) {
     Open("Frm_Kanko");
     grid->Focus_Cell("Kijun(9)");
     Type("80");
@@ -443,7 +443,7 @@ TEST_F(Kanko_Window, Leaving_by_the_sister_or_for_the_report_stores) {
     EXPECT_EQ(List("SELECT 完工高基準 FROM Kandaka_Gj WHERE 工種CD=9"), "90");
 }
 
-TEST_F(Kanko_Window, A_store_that_fails_keeps_the_screen_and_what_was_keyed) {
+TEST_F(Kanko_Window, A_Store_That_Fails_Keeps_The_Screen_And_What_Was_Keyed) {
     Open("Frm_Kanko");
     grid->Focus_Cell("Kijun(9)");
     Type("80");

@@ -32,7 +32,7 @@ class Keiei_Window : public Ui_Installation {
     }
 };
 
-TEST_F(Keiei_Window, Shows_the_analysis_of_the_period_in_hand) {
+TEST_F(Keiei_Window, Shows_The_Analysis_Of_The_Period_In_Hand) {
     Y_Calc y;
     y.Calc_Y(session, 1);
     ASSERT_TRUE(y.has_figures);
@@ -51,7 +51,7 @@ TEST_F(Keiei_Window, Shows_the_analysis_of_the_period_in_hand) {
     EXPECT_EQ(Text(form, "Yoso(4)"), "-68,000");
 }
 
-TEST_F(Keiei_Window, A_bar_is_as_long_as_its_rate) {
+TEST_F(Keiei_Window, A_Bar_Is_As_Long_As_Its_Rate) {
     const struct {
         double rate;
         int length;
@@ -69,7 +69,7 @@ TEST_F(Keiei_Window, A_bar_is_as_long_as_its_rate) {
     }
 }
 
-TEST_F(Keiei_Window, Every_check_opens_and_keeps_the_screen_open) {
+TEST_F(Keiei_Window, Every_Check_Opens_And_Keeps_The_Screen_Open) {
     Frm_Keiei form(shell);
     form.show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&form));

@@ -19,7 +19,7 @@ Y_Calc Result_Of(const std::map<int, double>& thousand_yen) {
     return y;
 }
 
-TEST(Keiei, The_ends_of_the_bars_are_the_limits_of_the_indicators) {
+TEST(Keiei, The_Ends_Of_The_Bars_Are_The_Limits_Of_The_Indicators) {
     const Keiei_Texts best = Show_Keiei(Result_Of(
         {{402, 1e6}, {470, 1e6}, {419, 1e9}, {489, 2e9}, {319, 1e9}, {179, 1e3}, {399, 1e6}, {289, 2e9}}));
     const Keiei_Texts worst = Show_Keiei(Result_Of({{402, 1e6},
@@ -42,7 +42,7 @@ TEST(Keiei, The_ends_of_the_bars_are_the_limits_of_the_indicators) {
     EXPECT_EQ(worst.Y, "") << "no figure for 0";
 }
 
-TEST(Keiei, Elements_stand_under_their_captions) {
+TEST(Keiei, Elements_Stand_Under_Their_Captions) {
     // Each account at the place of its caption.
     const Keiei_Texts texts = Show_Keiei(Result_Of({{402, 1001},
                                                     {419, 1002},
@@ -62,7 +62,7 @@ TEST(Keiei, Elements_stand_under_their_captions) {
                                            "1,009", "1,010", "1,011", "1,012", "1,013", "-1,014"}));
 }
 
-TEST(Keiei, Decimals_round_the_digits_that_stand_there) {
+TEST(Keiei, Decimals_Round_The_Digits_That_Stand_There) {
     const struct {
         float figure;
         int decimals;

@@ -67,7 +67,7 @@ class Corporation_Screen : public Statement_Screen {
     Corporation_Screen() { Make_Company(1, 1, 10); }
 };
 
-TEST_F(Corporation_Screen, Keys_go_round_in_the_column_and_across_the_rows) {
+TEST_F(Corporation_Screen, Keys_Go_Round_In_The_Column_And_Across_The_Rows) {
     using enum Qt::Key;
     constexpr auto plain = Qt::NoModifier;
     constexpr auto control = Qt::ControlModifier;
@@ -93,7 +93,7 @@ TEST_F(Corporation_Screen, Keys_go_round_in_the_column_and_across_the_rows) {
     }
 }
 
-TEST_F(Corporation_Screen, What_is_no_figure_changes_nothing) {
+TEST_F(Corporation_Screen, What_Is_No_Figure_Changes_Nothing) {
     Put_Amounts({{100, 1000}, {101, 123456789012.0}, {129, 1}});
     Open(100, 129);
     Type("7a.");
@@ -149,7 +149,7 @@ INSTANTIATE_TEST_SUITE_P(
                       {{"BsIp_Rdf", 229}, {"BsIp_Ktf", 248}, {"BsIp_Msr", 281}, {"bsIp_SHKei", 319}}}),
     [](const auto& section) { return std::string(section.param.name); });
 
-TEST_P(Keyed_Screen, The_panel_shows_at_each_key_what_is_stored_at_the_end) {
+TEST_P(Keyed_Screen, The_Panel_Shows_At_Each_Key_What_Is_Stored_At_The_End) {
     Open(GetParam().from, GetParam().to);
     for (int row = 0; row < grid->Row_Count(); ++row) {
         if (grid->Is_Locked(row, 2)) {
@@ -182,7 +182,7 @@ TEST_P(Keyed_Screen, The_panel_shows_at_each_key_what_is_stored_at_the_end) {
     }
 }
 
-TEST_F(Corporation_Screen, The_check_turns_with_a_yen) {
+TEST_F(Corporation_Screen, The_Check_Turns_With_A_Yen) {
     Put_Amounts({{100, 500}, {838, 300}, {901, -200}});
     Open(100, 129);
     EXPECT_EQ(Shown("Check"), "チェック ⇒ ＯＫ！");
@@ -194,7 +194,7 @@ TEST_F(Corporation_Screen, The_check_turns_with_a_yen) {
     EXPECT_EQ(Shown("Check"), "チェック ⇒ ＯＫ！");
 }
 
-TEST_F(Corporation_Screen, A_column_is_pasted_whole_and_taken_back_whole) {
+TEST_F(Corporation_Screen, A_Column_Is_Pasted_Whole_And_Taken_Back_Whole) {
     Put_Amounts({{130, 10}, {131, 4}, {133, 20}});
     Open(130, 149);
     const std::string before = Cells("Gaku", 0, 9);
@@ -215,7 +215,7 @@ TEST_F(Corporation_Screen, A_column_is_pasted_whole_and_taken_back_whole) {
               "1000 300 700 20 - 20 -50");
 }
 
-TEST_F(Corporation_Screen, Captions_are_keyed_and_pasted_where_they_are_open) {
+TEST_F(Corporation_Screen, Captions_Are_Keyed_And_Pasted_Where_They_Are_Open) {
     Open(100, 129);
     ASSERT_TRUE(grid->Focus_Cell("Kamk(4)"));
     Paste("電子記録債権\t700\r\n");
@@ -228,7 +228,7 @@ TEST_F(Corporation_Screen, Captions_are_keyed_and_pasted_where_they_are_open) {
               "電子記録債権 x");
 }
 
-TEST_F(Corporation_Screen, Cancelling_asks_and_stores_nothing_that_was_keyed) {
+TEST_F(Corporation_Screen, Cancelling_Asks_And_Stores_Nothing_That_Was_Keyed) {
     Put_Amounts({{100, 500}});
     Open(100, 129);
     Type("9999");
@@ -252,7 +252,7 @@ TEST_F(Corporation_Screen, Cancelling_asks_and_stores_nothing_that_was_keyed) {
     EXPECT_EQ(Amount(129, "改善後残高"), 500.0);
 }
 
-TEST_F(Corporation_Screen, A_failing_store_leaves_the_screen_and_a_second_close_works) {
+TEST_F(Corporation_Screen, A_Failing_Store_Leaves_The_Screen_And_A_Second_Close_Works) {
     Put_Amounts({{139, 4000}, {400, 2000}, {530, 1200}});
     Open(100, 129);
     Type("9999");
@@ -273,7 +273,7 @@ TEST_F(Corporation_Screen, A_failing_store_leaves_the_screen_and_a_second_close_
     EXPECT_EQ(Amount(129), 9999.0);
 }
 
-TEST_F(Corporation_Screen, Y_opens_from_a_balanced_statement_with_what_was_just_keyed) {
+TEST_F(Corporation_Screen, Y_Opens_From_A_Balanced_Statement_With_What_Was_Just_Keyed) {
     Put_Amounts({{100, 3000}, {139, 4000}, {200, 1000}, {250, 5000}, {400, 2000}, {530, 1200}, {838, 150}});
     Open(100, 129);
     Type("2950");

@@ -60,7 +60,7 @@ class Prior_Screen : public Ui_Installation {
     std::unique_ptr<Form> form;
 };
 
-TEST_F(Prior_Screen, Both_blocks_are_keyed_and_stored_twice) {
+TEST_F(Prior_Screen, Both_Blocks_Are_Keyed_And_Stored_Twice) {
     Show<Frm_KsZenki>();
     EXPECT_EQ(Cell("Kamk(18)"), "繰越利益剰余金");
     EXPECT_EQ(Cell("ZGaku(9)"), "none");
@@ -81,7 +81,7 @@ TEST_F(Prior_Screen, Both_blocks_are_keyed_and_stored_twice) {
     EXPECT_EQ(Stored("808, 820, 821"), "-3=-3 700=700 5=6") << "a blank leaves what was stored";
 }
 
-TEST_F(Prior_Screen, A_copied_block_is_shown_and_the_other_keeps_its_keys) {
+TEST_F(Prior_Screen, A_Copied_Block_Is_Shown_And_The_Other_Keeps_Its_Keys) {
     Show<Frm_KsZenki>();
     Type("700");
     Click(*form, "ZZen_copy");
@@ -100,7 +100,7 @@ TEST_F(Prior_Screen, A_copied_block_is_shown_and_the_other_keeps_its_keys) {
     EXPECT_EQ(Stored("800, 838"), "10101=10101 11281=11281");
 }
 
-TEST_F(Prior_Screen, An_individual_does_not_see_the_retained_earnings) {
+TEST_F(Prior_Screen, An_Individual_Does_Not_See_The_Retained_Earnings) {
     session.Hojin_Kojin = Firm_Type::Individual;
     Show<Frm_KsZenki>();
     EXPECT_EQ(form->objectName().toStdString(), "Frm_KsZenkiKJ");
@@ -109,7 +109,7 @@ TEST_F(Prior_Screen, An_individual_does_not_see_the_retained_earnings) {
     EXPECT_NE(Cell("Gaku(17)"), "none");
 }
 
-TEST_F(Prior_Screen, The_change_of_equity_is_stored_and_a_blank_is_zero) {
+TEST_F(Prior_Screen, The_Change_Of_Equity_Is_Stored_And_A_Blank_Is_Zero) {
     for (const auto& [keys, stored] : {std::pair("-45", "-45=-45"), std::pair("", "0=0")}) {
         Show<Frm_KsHendo>();
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Delete);
@@ -120,7 +120,7 @@ TEST_F(Prior_Screen, The_change_of_equity_is_stored_and_a_blank_is_zero) {
     }
 }
 
-TEST_F(Prior_Screen, The_look_at_Y_shows_elements_indicators_and_score) {
+TEST_F(Prior_Screen, The_Look_At_Y_Shows_Elements_Indicators_And_Score) {
     Put_Amounts({{100, 3e8}, {139, 4e8}, {200, 1e8}, {250, 5e8}, {400, 2e9}, {530, 1.2e9}});
     Zaimu_Shukei(session, 2);
     Y_Calc y;

@@ -138,7 +138,7 @@ class Firm_Test : public Section_Test, public ::testing::WithParamInterface<Firm
 INSTANTIATE_TEST_SUITE_P(Forms, Firm_Test, ::testing::ValuesIn(firms),
                          [](const auto& firm) { return std::string(firm.param.name); });
 
-TEST_P(Firm_Test, The_panel_follows_the_keys_to_what_the_store_comes_to) {
+TEST_P(Firm_Test, The_Panel_Follows_The_Keys_To_What_The_Store_Comes_To) {
     std::mt19937_64 random(20250331);
     Put_Amounts({{838, 4'000'000}, {901, -1'500'000}});
     for (int statement = 0; statement < 2; ++statement) {
@@ -159,7 +159,7 @@ TEST_P(Firm_Test, The_panel_follows_the_keys_to_what_the_store_comes_to) {
     }
 }
 
-TEST_P(Firm_Test, Depreciation_comes_off_the_asset_above_it) {
+TEST_P(Firm_Test, Depreciation_Comes_Off_The_Asset_Above_It) {
     const struct {
         Value cost, depreciation, book;
     } cases[] = {{1000, 300, 700.0}, {1000, {}, 1000.0}, {{}, 300, -300.0}, {{}, {}, {}}, {0, {}, 0.0}};
@@ -193,7 +193,7 @@ class Corporation_Test : public Section_Test {
     void SetUp() override { Make_Company(1, 1, 10); }
 };
 
-TEST_F(Corporation_Test, Blank_and_zero_and_captions_are_stored_as_they_stand) {
+TEST_F(Corporation_Test, Blank_And_Zero_And_Captions_Are_Stored_As_They_Stand) {
     Put_Amounts({{100, 5}, {101, 6}, {103, 7}});
     Statement_Section section = Open(100);
     Key(section, 100, {});
@@ -211,7 +211,7 @@ TEST_F(Corporation_Test, Blank_and_zero_and_captions_are_stored_as_they_stand) {
     EXPECT_TRUE(Field("Ks_Zaihyo", "建設科目名", "建設科目CD=105").Is_Null());
 }
 
-TEST_F(Corporation_Test, Leaving_without_saving_still_forms_the_balances) {
+TEST_F(Corporation_Test, Leaving_Without_Saving_Still_Forms_The_Balances) {
     Put_Amounts({{100, 500}, {200, 100}});
     Statement_Section section = Open(100);
     Key(section, 100, 9000);
@@ -223,7 +223,7 @@ TEST_F(Corporation_Test, Leaving_without_saving_still_forms_the_balances) {
 }
 
 // Amounts never stand beside totals that do not hold them, whichever write fails or kills the program.
-TEST_F(Corporation_Test, No_failing_write_separates_amounts_and_totals) {
+TEST_F(Corporation_Test, No_Failing_Write_Separates_Amounts_And_Totals) {
     Put_Amounts({{100, 500}, {200, 100}});
     Open(100).Close(true);
     Expect_All_Or_Nothing(
@@ -263,7 +263,7 @@ const Y_Case y_cases[] = {
     {"individual without completed work", 2, {{400, 0}, {401, 900}}, "財務データエラー"},
 };
 
-TEST_F(Section_Test, Y_needs_a_complete_and_of_a_corporation_a_balanced_statement) {
+TEST_F(Section_Test, Y_Needs_A_Complete_And_Of_A_Corporation_A_Balanced_Statement) {
     for (const Y_Case& c : y_cases) {
         SCOPED_TRACE(c.name);
         Make_Company(1, c.type, 10);
@@ -291,7 +291,7 @@ TEST_F(Section_Test, Y_needs_a_complete_and_of_a_corporation_a_balanced_statemen
     }
 }
 
-TEST_F(Corporation_Test, A_section_without_accounts_is_empty_and_closes) {
+TEST_F(Corporation_Test, A_Section_Without_Accounts_Is_Empty_And_Closes) {
     session.Kamoku_From = 600;
     session.Kamoku_To = 639;
     Put_Amounts({{100, 70}});
@@ -302,7 +302,7 @@ TEST_F(Corporation_Test, A_section_without_accounts_is_empty_and_closes) {
     EXPECT_EQ(Amount(100), 70.0);
 }
 
-TEST_F(Corporation_Test, The_change_of_equity_gets_its_row_and_a_blank_is_zero) {
+TEST_F(Corporation_Test, The_Change_Of_Equity_Gets_Its_Row_And_A_Blank_Is_Zero) {
     Cn_Open(session).Execute("DELETE FROM Ks_Zaihyo WHERE 建設科目CD=901;");
     EXPECT_TRUE(Load_Equity_Change(session).amount.Is_Null());
     EXPECT_EQ(Load_Equity_Change(session).name, "変動計算書　剰余金の配当") << "and only once";

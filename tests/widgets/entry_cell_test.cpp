@@ -46,7 +46,7 @@ class Entry_Cell_Test : public ::testing::Test {
     int left = 0;
 };
 
-TEST_F(Entry_Cell_Test, Amount_is_bare_in_focus_and_formatted_when_left) {
+TEST_F(Entry_Cell_Test, Amount_Is_Bare_In_Focus_And_Formatted_When_Left) {
     cell.setMaxLength(8);
     cell.Set_Value(-1234567);
     EXPECT_EQ(cell.text().toStdString(), "-1,234,567") << "commas do not count against the length";
@@ -61,7 +61,7 @@ TEST_F(Entry_Cell_Test, Amount_is_bare_in_focus_and_formatted_when_left) {
     EXPECT_EQ(left, 1);
 }
 
-TEST_F(Entry_Cell_Test, Passing_a_cell_changes_nothing) {
+TEST_F(Entry_Cell_Test, Passing_A_Cell_Changes_Nothing) {
     for (const Value& value : {Value(999.5), Value(123456789012.0), Value()}) {
         cell.setMaxLength(5);
         cell.Set_Value(value);
@@ -71,7 +71,7 @@ TEST_F(Entry_Cell_Test, Passing_a_cell_changes_nothing) {
     }
 }
 
-TEST_F(Entry_Cell_Test, A_text_that_is_no_number_keeps_the_focus) {
+TEST_F(Entry_Cell_Test, A_Text_That_Is_No_Number_Keeps_The_Focus) {
     cell.Set_Value(777);
     bool moved_on = false;
     QObject::connect(&cell, &Entry_Cell::Next_Field, [&] { moved_on = true; });
@@ -92,7 +92,7 @@ TEST_F(Entry_Cell_Test, A_text_that_is_no_number_keeps_the_focus) {
     EXPECT_EQ(left, 0);
 }
 
-TEST_F(Entry_Cell_Test, Every_way_in_is_filtered) {
+TEST_F(Entry_Cell_Test, Every_Way_In_Is_Filtered) {
     QMimeData dragged;
     dragged.setText("△1,23");
     QApplication::clipboard()->setText("（４５,６）\n");
@@ -141,7 +141,7 @@ TEST_F(Entry_Cell_Test, Every_way_in_is_filtered) {
     }
 }
 
-TEST_F(Entry_Cell_Test, Keys_by_kind) {
+TEST_F(Entry_Cell_Test, Keys_By_Kind) {
     const struct {
         Entry_Kind kind;
         const char* keys;
@@ -165,7 +165,7 @@ TEST_F(Entry_Cell_Test, Keys_by_kind) {
     EXPECT_NE(cell.Bare_Text(), "株 𠮷野-1") << "typing can be undone in the cell";
 }
 
-TEST_F(Entry_Cell_Test, No_text_comes_in_with_Ctrl_Alt_or_Meta) {
+TEST_F(Entry_Cell_Test, No_Text_Comes_In_With_Ctrl_Alt_Or_Meta) {
     const std::pair<int, Qt::KeyboardModifiers> slips[] = {
         {Qt::Key_Z, Qt::AltModifier},
         {Qt::Key_9, Qt::AltModifier},
@@ -196,7 +196,7 @@ TEST_F(Entry_Cell_Test, No_text_comes_in_with_Ctrl_Alt_or_Meta) {
     }
 }
 
-TEST_F(Entry_Cell_Test, A_mnemonic_passes_the_cell) {
+TEST_F(Entry_Cell_Test, A_Mnemonic_Passes_The_Cell) {
     other.setText(QStringLiteral("閉じる(&C)"));
     bool pressed = false;
     QObject::connect(&other, &QPushButton::clicked, [&] { pressed = true; });
@@ -207,7 +207,7 @@ TEST_F(Entry_Cell_Test, A_mnemonic_passes_the_cell) {
     EXPECT_EQ(cell.Bare_Text(), "5");
 }
 
-TEST_F(Entry_Cell_Test, Esc_takes_back_what_is_typed_and_then_is_the_forms) {
+TEST_F(Entry_Cell_Test, Esc_Takes_Back_What_Is_Typed_And_Then_Is_The_Forms) {
     for (const Entry_Kind kind : {Entry_Kind::Text, Entry_Kind::Digits, Entry_Kind::Amount}) {
         cell.Set_Kind(kind);
         cell.Set_Value(1234);
@@ -225,7 +225,7 @@ TEST_F(Entry_Cell_Test, Esc_takes_back_what_is_typed_and_then_is_the_forms) {
     }
 }
 
-TEST_F(Entry_Cell_Test, A_click_selects_the_next_one_places_the_cursor) {
+TEST_F(Entry_Cell_Test, A_Click_Selects_The_Next_One_Places_The_Cursor) {
     cell.Set_Value(437);
     const QPoint behind_first(cell.width() - 22, cell.height() / 2);
     QTest::mouseClick(&cell, Qt::LeftButton, {}, behind_first);
@@ -258,7 +258,7 @@ TEST_F(Entry_Cell_Test, A_click_selects_the_next_one_places_the_cursor) {
     EXPECT_EQ(cell.selectedText().toStdString(), "437");
 }
 
-TEST_F(Entry_Cell_Test, A_button_is_not_pressed_over_a_refused_entry) {
+TEST_F(Entry_Cell_Test, A_Button_Is_Not_Pressed_Over_A_Refused_Entry) {
     bool pressed = false;
     QObject::connect(&other, &QPushButton::clicked, [&] { pressed = true; });
     for (const bool quick : {true, false}) {
@@ -279,7 +279,7 @@ TEST_F(Entry_Cell_Test, A_button_is_not_pressed_over_a_refused_entry) {
     EXPECT_TRUE(pressed) << "once the entry holds";
 }
 
-TEST_F(Entry_Cell_Test, A_locked_amount_keeps_its_commas) {
+TEST_F(Entry_Cell_Test, A_Locked_Amount_Keeps_Its_Commas) {
     cell.Set_Locked(true);
     cell.Set_Value(-1234567);
     cell.setFocus(Qt::TabFocusReason);
@@ -288,7 +288,7 @@ TEST_F(Entry_Cell_Test, A_locked_amount_keeps_its_commas) {
     EXPECT_FALSE(cell.Is_Uncommitted());
 }
 
-TEST_F(Entry_Cell_Test, What_is_composed_belongs_to_the_entry) {
+TEST_F(Entry_Cell_Test, What_Is_Composed_Belongs_To_The_Entry) {
     cell.Set_Kind(Entry_Kind::Text);
     cell.setMaxLength(3);
     cell.setFocus(Qt::TabFocusReason);
@@ -299,7 +299,7 @@ TEST_F(Entry_Cell_Test, What_is_composed_belongs_to_the_entry) {
     EXPECT_EQ(left, 1);
 }
 
-TEST_F(Entry_Cell_Test, A_window_over_the_cells_own_does_not_leave_it) {
+TEST_F(Entry_Cell_Test, A_Window_Over_The_Cells_Own_Does_Not_Leave_It) {
     cell.setFocus(Qt::TabFocusReason);
     Type("1234");
     QWidget above;
@@ -315,7 +315,7 @@ TEST_F(Entry_Cell_Test, A_window_over_the_cells_own_does_not_leave_it) {
     EXPECT_EQ(cell.text().toStdString(), "1,234");
 }
 
-TEST(Entry_Text_Test, Only_what_is_keyed_here_is_a_number) {
+TEST(Entry_Text_Test, Only_What_Is_Keyed_Here_Is_A_Number) {
     const struct {
         const char* text;
         bool amount;
@@ -338,7 +338,7 @@ TEST(Entry_Text_Test, Only_what_is_keyed_here_is_a_number) {
     EXPECT_FALSE(Is_Entry(Entry_Kind::Choice, "23", "9"));
 }
 
-TEST(Entry_Text_Test, Figures_of_other_programs) {
+TEST(Entry_Text_Test, Figures_Of_Other_Programs) {
     const struct {
         const char* shown;
         const char* bare;

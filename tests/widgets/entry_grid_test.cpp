@@ -66,7 +66,7 @@ class Entry_Grid_Test : public ::testing::Test {
     QPushButton after;
 };
 
-TEST_F(Entry_Grid_Test, Keys_move_through_the_cells) {
+TEST_F(Entry_Grid_Test, Keys_Move_Through_The_Cells) {
     using enum Qt::Key;
     using enum Qt::KeyboardModifier;
     const Grid_Keys same_column{.wrap = Grid_Wrap::Same_Column, .row_step_at_right = -1};
@@ -111,7 +111,7 @@ TEST_F(Entry_Grid_Test, Keys_move_through_the_cells) {
     }
 }
 
-TEST_F(Entry_Grid_Test, Tab_comes_in_and_goes_out) {
+TEST_F(Entry_Grid_Test, Tab_Comes_In_And_Goes_Out) {
     grid->Focus_Cell("C(2)");
     Key(Qt::Key_Tab);
     EXPECT_TRUE(after.hasFocus());
@@ -122,7 +122,7 @@ TEST_F(Entry_Grid_Test, Tab_comes_in_and_goes_out) {
     EXPECT_EQ(Place(), "A(0)");
 }
 
-TEST_F(Entry_Grid_Test, An_entry_holds_when_its_cell_is_left_by_any_way) {
+TEST_F(Entry_Grid_Test, An_Entry_Holds_When_Its_Cell_Is_Left_By_Any_Way) {
     std::string told;
     QObject::connect(grid, &Entry_Grid::Cell_Left, [&](int row, int column) {
         told +=
@@ -145,7 +145,7 @@ TEST_F(Entry_Grid_Test, An_entry_holds_when_its_cell_is_left_by_any_way) {
     EXPECT_EQ(QApplication::focusWidget()->accessibleName().toStdString(), "土木 基準 決算");
 }
 
-TEST_F(Entry_Grid_Test, What_is_composed_belongs_to_its_cell) {
+TEST_F(Entry_Grid_Test, What_Is_Composed_Belongs_To_Its_Cell) {
     Entry_Grid names({{.name = "Kamk", .kind = Entry_Kind::Text}}, 2);
     names.show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&names));
@@ -157,7 +157,7 @@ TEST_F(Entry_Grid_Test, What_is_composed_belongs_to_its_cell) {
     EXPECT_EQ(names.Cell_Text("Kamk(1)").toStdString(), "");
 }
 
-TEST_F(Entry_Grid_Test, Cells_take_only_their_keys) {
+TEST_F(Entry_Grid_Test, Cells_Take_Only_Their_Keys) {
     Type("--5");
     Key(Qt::Key_Return);
     EXPECT_EQ(Place(), "A(0)") << "no number: the focus stays";
@@ -179,7 +179,7 @@ TEST_F(Entry_Grid_Test, Cells_take_only_their_keys) {
     EXPECT_EQ(pressed, 2) << "a locked button is disabled";
 }
 
-TEST_F(Entry_Grid_Test, The_screen_can_take_an_entry_back) {
+TEST_F(Entry_Grid_Test, The_Screen_Can_Take_An_Entry_Back) {
     grid->Set_Value("A(0)", 100);
     grid->Set_Value("A(1)", 999.5);
     bool holds = true;
@@ -210,7 +210,7 @@ TEST_F(Entry_Grid_Test, The_screen_can_take_an_entry_back) {
     EXPECT_EQ(grid->Get_Value("A(1)"), Value(999.5));
 }
 
-TEST_F(Entry_Grid_Test, A_block_is_pasted_cell_by_cell_and_undone_at_once) {
+TEST_F(Entry_Grid_Test, A_Block_Is_Pasted_Cell_By_Cell_And_Undone_At_Once) {
     std::vector<Paste_Refused> refused;
     grid->on_refused = [&](const std::vector<Paste_Refused>& cells) { refused = cells; };
     grid->Set_Value("A(1)", 5);
@@ -233,7 +233,7 @@ TEST_F(Entry_Grid_Test, A_block_is_pasted_cell_by_cell_and_undone_at_once) {
     EXPECT_EQ(Texts(), "1200|30|2||6||-8||1|") << "the screen has taken the paste back";
 }
 
-TEST_F(Entry_Grid_Test, A_marked_block_is_copied_and_cleared) {
+TEST_F(Entry_Grid_Test, A_Marked_Block_Is_Copied_And_Cleared) {
     grid->Set_Value("A(0)", 1234);
     grid->Set_Value("S(1)", "a\tb");
     grid->Set_Value("B(1)", 7);
@@ -248,7 +248,7 @@ TEST_F(Entry_Grid_Test, A_marked_block_is_copied_and_cleared) {
     EXPECT_EQ(Texts(), "||||7||1|||");
 }
 
-TEST_F(Entry_Grid_Test, Single_entries_are_undone_where_they_were_made) {
+TEST_F(Entry_Grid_Test, Single_Entries_Are_Undone_Where_They_Were_Made) {
     Type("1");
     Key(Qt::Key_Return);
     Type("2");
@@ -264,7 +264,7 @@ TEST_F(Entry_Grid_Test, Single_entries_are_undone_where_they_were_made) {
     EXPECT_EQ(Texts(), "1|||||||||");
 }
 
-TEST_F(Entry_Grid_Test, Totals_stand_under_their_columns) {
+TEST_F(Entry_Grid_Test, Totals_Stand_Under_Their_Columns) {
     grid->Set_Totals({{"合計"}});
     grid->Set_Value("A_Kei", 1234567);
     EXPECT_EQ(grid->Cell_Text("A_Kei"), "1,234,567");

@@ -37,7 +37,7 @@ class Field_Form_Test : public ::testing::Test {
     QPushButton* button = new QPushButton;
 };
 
-TEST_F(Field_Form_Test, Enter_moves_on_through_all_cells_to_what_follows) {
+TEST_F(Field_Form_Test, Enter_Moves_On_Through_All_Cells_To_What_Follows) {
     form->Focus("Yu1");
     std::string way;
     for (int i = 0; i < 4; ++i) {
@@ -48,7 +48,7 @@ TEST_F(Field_Form_Test, Enter_moves_on_through_all_cells_to_what_follows) {
     EXPECT_TRUE(button->hasFocus());
 }
 
-TEST_F(Field_Form_Test, Texts_go_in_and_out_and_edits_are_told) {
+TEST_F(Field_Form_Test, Texts_Go_In_And_Out_And_Edits_Are_Told) {
     form->Set_Texts({{"Yu1", "012"}, {"Syozai", "札幌市"}, {"Other", "x"}});
     EXPECT_FALSE(form->Is_Edited());
     std::string told;

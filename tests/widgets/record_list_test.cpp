@@ -24,7 +24,7 @@ class Record_List_Test : public ::testing::Test {
     std::vector<int> opened;
 };
 
-TEST_F(Record_List_Test, Nothing_is_selected_until_the_user_selects) {
+TEST_F(Record_List_Test, Nothing_Is_Selected_Until_The_User_Selects) {
     list.setFocus(Qt::TabFocusReason);
     QTest::keyClick(&list, Qt::Key_Return);
     EXPECT_EQ(list.Selected_Row(), -1);
@@ -40,7 +40,7 @@ TEST_F(Record_List_Test, Nothing_is_selected_until_the_user_selects) {
     EXPECT_EQ(list.Selected_Row(), -1) << "new records, no selection";
 }
 
-TEST_F(Record_List_Test, Keys_reach_the_ends_and_the_marked_record) {
+TEST_F(Record_List_Test, Keys_Reach_The_Ends_And_The_Marked_Record) {
     list.Set_Marked_Row(4321);
     list.Show_Row(4321);
     EXPECT_EQ(list.Selected_Row(), -1) << "marked is not selected";
@@ -53,7 +53,7 @@ TEST_F(Record_List_Test, Keys_reach_the_ends_and_the_marked_record) {
     EXPECT_EQ(list.Selected_Row(), 0);
 }
 
-TEST_F(Record_List_Test, Typed_characters_find_a_record) {
+TEST_F(Record_List_Test, Typed_Characters_Find_A_Record) {
     list.Set_Find_Column(1);
     QTest::keyClicks(&list, "7");
     EXPECT_EQ(list.Selected_Row(), -1) << "no name begins so";

@@ -13,7 +13,7 @@ constexpr Total_Field fields[] = {{.caption = "資産の部", .line = Total_Fiel
                                   {"BsIp_SSKei", "資産合計", Total_Field::Line::Sum},
                                   {"Check", "", Total_Field::Line::Check}};
 
-TEST(Total_Panel_Test, Figures_and_marks_are_shown_as_they_change) {
+TEST(Total_Panel_Test, Figures_And_Marks_Are_Shown_As_They_Change) {
     Total_Panel panel("貸借対照表", fields);
     panel.Set_Value("BsIp_Rds", -1234567);
     panel.Set_Value("BsIp_SSKei", 0);

@@ -59,7 +59,7 @@ class Window_Keys_Test : public Ui_Installation {
     std::unique_ptr<Keyed_Form> form;
 };
 
-TEST_F(Window_Keys_Test, Every_button_has_a_letter_of_its_own) {
+TEST_F(Window_Keys_Test, Every_Button_Has_A_Letter_Of_Its_Own) {
     Open(true);
     std::string letters;
     for (const auto* button : form->findChildren<QPushButton*>()) {
@@ -89,7 +89,7 @@ TEST_F(Window_Keys_Test, Every_button_has_a_letter_of_its_own) {
     EXPECT_EQ(form->pressed, "Tojiru ");
 }
 
-TEST_F(Window_Keys_Test, A_letter_takes_the_entry_in_hand_first) {
+TEST_F(Window_Keys_Test, A_Letter_Takes_The_Entry_In_Hand_First) {
     Open(true);
     int left = 0;
     QObject::connect(form->cell, &Entry_Cell::Left, [&] { ++left; });
@@ -107,7 +107,7 @@ TEST_F(Window_Keys_Test, A_letter_takes_the_entry_in_hand_first) {
     EXPECT_EQ(form->cell->Entry(), Value(12.0));
 }
 
-TEST_F(Window_Keys_Test, Keys_go_from_part_to_part) {
+TEST_F(Window_Keys_Test, Keys_Go_From_Part_To_Part) {
     Open(true);
     form->option->setFocus();
     const std::vector<QWidget*> round = {form->list, Child<QPushButton>(*form, "Tojiru"), form->option};
@@ -123,7 +123,7 @@ TEST_F(Window_Keys_Test, Keys_go_from_part_to_part) {
     EXPECT_TRUE(form->list->hasFocus()) << "Enter goes on from an option";
 }
 
-TEST_F(Window_Keys_Test, A_form_of_buttons_opens_on_its_action) {
+TEST_F(Window_Keys_Test, A_Form_Of_Buttons_Opens_On_Its_Action) {
     Open(false);
     EXPECT_EQ(Focus(), "Tojiru");
 }

@@ -6,7 +6,7 @@
 namespace morvane::tests {
 namespace {
 
-TEST(Window_Placement_Test, No_window_stands_off_the_screen) {
+TEST(Window_Placement_Test, No_Window_Stands_Off_The_Screen) {
     const QList<QRect> screens = {{0, 0, 1366, 768}, {1366, 0, 1920, 1080}};
     const struct {
         QRect wanted;
@@ -23,7 +23,7 @@ TEST(Window_Placement_Test, No_window_stands_off_the_screen) {
     }
 }
 
-TEST(Window_Placement_Test, A_second_window_stands_beside_what_is_worked_with) {
+TEST(Window_Placement_Test, A_Second_Window_Stands_Beside_What_Is_Worked_With) {
     constexpr QSize size(860, 680);
     const QRect small(0, 32, 1366, 736);
     const QRect large(0, 32, 1920, 1048);
@@ -52,7 +52,7 @@ TEST(Window_Placement_Test, A_second_window_stands_beside_what_is_worked_with) {
     }
 }
 
-TEST(Window_Placement_Test, A_window_comes_back_to_where_it_stood) {
+TEST(Window_Placement_Test, A_Window_Comes_Back_To_Where_It_Stood) {
     const Temporary_Folder folder;
     const auto show = [&](const QRect* move_to) {
         Window_Placement placement(folder.path);
