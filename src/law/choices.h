@@ -45,6 +45,10 @@ extern const Choice youth;            ///< 若者雇用促進法に基づく認�
 extern const Choice work_history;     ///< 就業履歴の蓄積
 extern const Choice years_of_average; ///< of completed work
 
+/// The audit with its answers, as a caption.
+inline constexpr const char* audit_caption =
+    " 監査の受審( 0無  1経理処理の適正を確認した旨の書類の提出  2会計参与の設置  3会計監査人の設置)";
+
 } // namespace choice
 
 } // namespace morvane

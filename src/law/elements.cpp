@@ -15,10 +15,10 @@ constexpr Law_Range saisei = {.with = &Law_Year::has_saisei};
 constexpr Law_Range w7_w8 = {.with = &Law_Year::has_w7_w8};
 constexpr Law_Range additions = {.with = &Law_Year::has_additions};
 
-// Items and standards of the review (平成20年国土交通省告示第85号), 第一 の四 その他の審査項目; the largest
-// numbers are what the entry fields hold.
 constexpr std::int32_t any_amount = std::numeric_limits<std::int32_t>::max();
 
+// Items and standards of the review (平成20年国土交通省告示第85号), 第一 の四 その他の審査項目; the largest
+// numbers are what the entry fields hold.
 constexpr Element_Info items[] = {
     {.code = e::equity_basis, .name = "自己資本額の採用区分", .choice = &c::equity_basis},
     {.code = e::w1, .name = "労働福祉の状況_点数"},

@@ -95,8 +95,6 @@ struct Element_Info {
     std::int32_t most = 0;          ///< of a number that is keyed; 0: none is
     bool amount = false;            ///< thousand yen
     std::int32_t most_read = std::numeric_limits<std::int32_t>::max(); ///< above it a stored value reads as 0
-
-    [[nodiscard]] bool Is_Keyed() const { return choice != nullptr || most > 0; }
 };
 
 /// The elements in the order of their codes, as every period has them.

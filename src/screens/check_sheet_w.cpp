@@ -221,9 +221,7 @@ std::vector<Sheet_Text> Sheets_Of_W2_To_W6() {
          .title = "（Ｗ５）経理に関する状況 計算詳細チェック",
          .help_key = "W5",
          .amounts = true,
-         .inputs = {{" 監査の受審( 0無  1経理処理の適正を確認した旨の書類の提出  2会計参与の設置  "
-                     "3会計監査人の設置)",
-                     Item<&S::keiri_kansa>},
+         .inputs = {{choice::audit_caption, Item<&S::keiri_kansa>},
                     {" 完成工事高(X1入力画面より)", Item<&S::keiri_kandaka>},
                     {"一級建設業経理事務士等の数", Item_Of<&S::Kjm, 0>},
                     {"二級建設業経理事務士等の数", Item_Of<&S::Kjm, 1>}},

@@ -158,9 +158,7 @@ std::vector<Syokuta_Row> Rows_Of_Additions() {
 
 std::vector<Syokuta_Row> Rows_Of_W5() {
     return {
-        {.caption =
-             " 監査の受審( 0無  1経理処理の適正を確認した旨の書類の提出  2会計参与の設置  3会計監査人の設置)",
-         .cells = {{.name = "keiri_kansa", .element = e::audit}}},
+        {.caption = choice::audit_caption, .cells = {{.name = "keiri_kansa", .element = e::audit}}},
         {.caption = " 完成工事高 (X1入力画面より）",
          .cells = {{.name = "keiri_kandaka", .shown = Show<&S::keiri_kandaka>, .digits = amount_digits}}},
         {.caption = "一級建設業経理事務士等の数",
