@@ -129,7 +129,7 @@ struct Row {
     int element;
     std::string (*value)(K);
     int points = 0;
-    int rows_of_points = 1;
+    std::size_t rows_of_points = 1;
     bool is_score = false;
     Law_Range law = {}; ///< narrower than that of its element
 };
@@ -147,11 +147,11 @@ constexpr Row rows[] = {
     {"法定外労働災害補償制度加入の有無", f2008, f2012, e::welfare + 4, Scheme<2>},
     {"若年技術職員の継続的な育成及び確保", f2012, f2012, e::young_kept, Young_Kept, e::young_kept_points},
     {"新規若年技術職員の育成及び確保", f2012, f2012, e::young_new, Young_New, e::young_new_points},
-    {"ＣＰＤ単位の平均値による評価", f2012, f2012, e::cpd_units, Cpd},
-    {"技能レベル向上による評価", f2012, f2012, e::skill_raised, Skill, e::w10, 2},
-    {"女性の活躍推進の法律に基づく認定", f2012, f2012, e::women, Josei},
+    {"ＣＰＤ単位の平均値による評価", f2012, f2012, e::cpd_units, Cpd, e::w10, 2},
+    {"技能レベル向上による評価", f2012, f2012, e::skill_raised, Skill},
+    {"女性の活躍推進の法律に基づく認定", f2012, f2012, e::women, Josei, e::work_life_points, 3},
     {"次世代育成支援法に基づく認定の状況", f2012, f2012, e::next_generation, Jisedai},
-    {"青少年の雇用促進等の法に基づく認定の状況", f2012, f2012, e::youth, Youth, e::work_life_points, 3},
+    {"青少年の雇用促進等の法に基づく認定の状況", f2012, f2012, e::youth, Youth},
     {"工事に従事する者の就業履歴の措置の実施状況", f2012, f2012, e::work_history, Rireki,
      e::work_history_points},
     {"労働福祉の状況", f2008, f2011, 0, nullptr, e::w1, 1, true},

@@ -11,10 +11,10 @@ namespace morvane {
 /// A row of the social items (W) as it is printed.
 struct Social_Row {
     std::string label;
-    std::string value;      ///< what was answered or counted; empty where nothing is known
-    std::string points;     ///< empty where the row has none of its own
-    int rows_of_points = 1; ///< the points belong to so many rows, this one being the last
-    bool is_score = false;  ///< a sub-score of W
+    std::string value;              ///< what was answered or counted; empty where nothing is known
+    std::string points;             ///< empty where the row has none of its own
+    std::size_t rows_of_points = 1; ///< the points belong to so many rows, this one being the first
+    bool is_score = false;          ///< a sub-score of W
 };
 
 /// The rows of a form, in their order on the sheet.

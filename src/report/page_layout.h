@@ -5,6 +5,8 @@
 
 #include <span>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace morvane {
 
@@ -16,7 +18,15 @@ struct Area {
     [[nodiscard]] float Height() const { return bottom - top; }
 };
 
-enum class Align : std::uint8_t { Left, Center, Right, Spread };
+enum class Align : std::uint8_t { Left, Center, Right };
+
+/// What becomes of a text that does not fit into its cell in 6 points.
+enum class Overflow : std::uint8_t {
+    Cut,   ///< it ends with "…"
+    Wrap,  ///< it goes on in the next line, all of it in its full size
+    Figure ///< it loses its commas, and where that does not do it "#" stand for all digits: part of a figure
+           ///< would be another one
+};
 
 /// How a text is set.
 struct Type {
@@ -24,58 +34,70 @@ struct Type {
     float size;
     Align align = Align::Left;
     float padding = 0.9F; ///< between the text and the edges of its cell, mm
+    Overflow overflow = Overflow::Cut;
 };
 
-/// What a sheet is laid out with: texts that stay inside their cells, three kinds of rules.
+/// The rules of a sheet. A heavier one lies over the lighter ones, in whatever order they are asked for, so
+/// that none is notched.
+enum class Rule : std::uint8_t { None, Pale, Thin, Thick };
+
+/// What a page is laid out with: texts that stay inside their cells, rules, shapes.
 class Page_Layout {
   public:
     explicit Page_Layout(Prt_ModSet& operations) : prt(operations) {}
 
-    /// A text in the middle of a cell's height, made smaller where it would not fit.
-    void Text(const Area& cell, const std::string& text, const Type& type);
+    /// No text is set smaller, points.
+    static constexpr float least_size = 6.0F;
 
-    /// The type in which all texts of a column fit into its width, so that they are set alike; not smaller
-    /// than 6 points, below which Text makes single texts that are longer still.
-    [[nodiscard]] Type Fitted(float width, Type type, std::span<const std::string> texts) const;
+    /// The height of a line of text of a size, mm.
+    static float Line_Height(float size);
 
-    void Thick_Box(const Area& area);
-    void Thick(float x1, float y1, float x2, float y2);
-    void Thin(float x1, float y1, float x2, float y2);
-    /// The grey rules between the rows of a table.
-    void Pale(float x1, float y1, float x2, float y2);
+    /// The width of a text in a type's own size, mm.
+    [[nodiscard]] float Width_Of(std::string_view text, const Type& type) const;
+
+    /// The size in which a text that is `width` wide in its own size fits into `room`; not below the least.
+    static float Size_For(const Type& type, float width, float room);
+
+    /// A text in the middle of a cell's height: made smaller where it would not fit, down to the least size.
+    void Text(const Area& cell, std::string_view text, const Type& type);
+
+    /// The same in a given size, for texts that are set alike.
+    void Text(const Area& cell, std::string_view text, const Type& type, float size);
+
+    /// A text of several lines, in the middle of a cell's height. Lines end where the text says.
+    void Lines(const Area& cell, std::span<const std::string> lines, const Type& type, float size);
+
+    /// A text in as many lines as it takes in the width of an area, from its top on; gives its height.
+    float Paragraph(const Area& area, std::string_view text, const Type& type);
+
+    void Draw(Rule rule, float x1, float y1, float x2, float y2);
+    void Box(Rule rule, const Area& area);
+
+    void Fill(const Area& area, std::uint32_t color);
+    void Fill(std::span<const Point> corners, std::uint32_t color) { prt.Prt_Fill(corners, color); }
+
+    /// A line through points, in a style of the platform (0 solid, 1 dashes, 2 dots).
+    void Polyline(std::span<const Point> points, std::int16_t width, int style);
+    void Circle(Point middle, float radius) { prt.Prt_Circle(middle.x, middle.y, radius); }
+
+    /// Names a place of the page in the list of contents of the document.
+    void Entry(const std::string& title, float y) { prt.Prt_Entry(title, y); }
+
+    /// Ends the page: its rules are drawn.
+    void End_Page();
 
   private:
+    struct Drawn_Rule {
+        float x1, y1, x2, y2;
+    };
+
+    void Set(const Area& cell, const std::string& text, const Type& type, float size, float width);
+    [[nodiscard]] std::string Shortened(std::string_view text, const Type& type, float size,
+                                        float room) const;
+
     Prt_ModSet& prt;
-};
-
-/// A column of a table: its width and how its entries are set.
-struct Table_Column {
-    float width;
-    Type type;
-};
-
-/// The cells of a table: columns from the left edge of its area on, rows of one height from its top on. The
-/// last column takes what is left.
-class Table_Cells {
-  public:
-    Table_Cells(const Area& table, std::span<const Table_Column> table_columns, std::size_t row_count)
-        : area(table), columns(table_columns), row_height(table.Height() / static_cast<float>(row_count)) {}
-
-    [[nodiscard]] float X(std::size_t column) const;
-    [[nodiscard]] float Y(std::size_t row) const { return area.top + static_cast<float>(row) * row_height; }
-    [[nodiscard]] Area Cell(std::size_t row, std::size_t column) const {
-        return Cells(row, column, row, column);
-    }
-
-    /// The cells from one to another.
-    [[nodiscard]] Area Cells(std::size_t row1, std::size_t column1, std::size_t row2,
-                             std::size_t column2) const {
-        return {X(column1), Y(row1), X(column2 + 1), Y(row2 + 1)};
-    }
-
-    const Area area;
-    const std::span<const Table_Column> columns;
-    const float row_height;
+    std::vector<Drawn_Rule> pale, thin, thick;
+    std::vector<Area> boxes;
 };
 
 } // namespace morvane

@@ -24,6 +24,11 @@ QFont Painter_Font(const std::string& family, Report_Face face) {
     return font;
 }
 
+QColor Color_Of(std::uint32_t color) {
+    const auto part = [color](int shift) { return static_cast<int>((color >> shift) & 0xffU); };
+    return {part(0), part(8), part(16)};
+}
+
 } // namespace
 
 const QFont& Painter_Target::Font_Of(const Report_Font& font, Report_Face face) {
@@ -49,10 +54,9 @@ void Painter_Target::Text(const std::string& text, double x, double y, Report_Fa
 }
 
 void Painter_Target::Take_Pen(const Report_Pen& pen) {
-    const auto part = [&](int shift) { return static_cast<int>((pen.color >> shift) & 0xffU); };
     const Qt::PenStyle style = pen.style == 0 ? Qt::SolidLine : pen.style == 1 ? Qt::DashLine : Qt::DotLine;
-    painter.setPen(QPen(QColor(part(0), part(8), part(16)), std::max<int>(pen.width, 1), style, Qt::SquareCap,
-                        Qt::MiterJoin));
+    painter.setPen(
+        QPen(Color_Of(pen.color), std::max<int>(pen.width, 1), style, Qt::SquareCap, Qt::MiterJoin));
     painter.setBrush(Qt::NoBrush);
 }
 
@@ -75,6 +79,17 @@ void Painter_Target::Circle(double x, double y, double radius, const Report_Pen&
     Take_Pen(pen);
     painter.setRenderHint(QPainter::Antialiasing, true);
     painter.drawEllipse(QPointF(x * scale, y * scale), radius * scale, radius * scale);
+}
+
+void Painter_Target::Fill(std::span<const Point> corners, std::uint32_t color) {
+    QPolygonF shape;
+    for (const Point& corner : corners) {
+        shape << QPointF(static_cast<double>(corner.x) * scale, static_cast<double>(corner.y) * scale);
+    }
+    painter.setRenderHint(QPainter::Antialiasing, true);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Color_Of(color));
+    painter.drawPolygon(shape);
 }
 
 } // namespace morvane

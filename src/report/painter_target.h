@@ -20,6 +20,7 @@ class Painter_Target : public Print_Target {
     void Line(double x1, double y1, double x2, double y2, const Report_Pen& pen) override;
     void Box(double x1, double y1, double x2, double y2, const Report_Pen& pen) override;
     void Circle(double x, double y, double radius, const Report_Pen& pen) override;
+    void Fill(std::span<const Point> corners, std::uint32_t color) override;
     void Page_End() override {}
 
   private:

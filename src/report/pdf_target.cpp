@@ -4,7 +4,9 @@
 #include "report/report_font.h"
 
 #include <algorithm>
+#include <array>
 #include <cairo-pdf.h>
+#include <cstdio>
 #include <numbers>
 #include <stdexcept>
 #include <string_view>
@@ -19,6 +21,11 @@ constexpr double points_per_mm = 1.0 / Print_Target::mm_per_point;
 cairo_status_t Take(void* closure, const unsigned char* data, unsigned int length) {
     static_cast<std::string*>(closure)->append(reinterpret_cast<const char*>(data), length);
     return CAIRO_STATUS_SUCCESS;
+}
+
+void Take_Color(cairo_t* pen, std::uint32_t color) {
+    const auto part = [color](int shift) { return static_cast<double>((color >> shift) & 0xffU) / 255.0; };
+    cairo_set_source_rgb(pen, part(0), part(8), part(16));
 }
 
 /// Names the language of the texts, for programs that read them aloud, which the library has no way to. The
@@ -62,6 +69,7 @@ Pdf_Target::~Pdf_Target() {
 void Pdf_Target::Begin() {
     if (ended) {
         cairo_show_page(pen_of_page);
+        ++page;
         ended = false;
     }
 }
@@ -94,9 +102,8 @@ void Pdf_Target::Show(const Font_Run& run, double x, double y, double em) {
 }
 
 void Pdf_Target::Stroke(const Report_Pen& pen) {
-    const auto part = [&](int shift) { return static_cast<double>((pen.color >> shift) & 0xffU) / 255.0; };
     const double width = std::max<int>(pen.width, 1) * mm_per_inch / dots_per_inch;
-    cairo_set_source_rgb(pen_of_page, part(0), part(8), part(16));
+    Take_Color(pen_of_page, pen.color);
     cairo_set_line_width(pen_of_page, width);
     const double dashes[] = {(pen.style == 1 ? 6 : 1) * width, 3 * width};
     cairo_set_dash(pen_of_page, dashes, pen.style == 0 ? 0 : 2, 0);
@@ -122,6 +129,25 @@ void Pdf_Target::Circle(double x, double y, double radius, const Report_Pen& pen
     cairo_new_sub_path(pen_of_page);
     cairo_arc(pen_of_page, x, y, radius, 0, 2 * std::numbers::pi);
     Stroke(pen);
+}
+
+void Pdf_Target::Fill(std::span<const Point> corners, std::uint32_t color) {
+    Begin();
+    for (const Point& corner : corners) {
+        cairo_line_to(pen_of_page, static_cast<double>(corner.x), static_cast<double>(corner.y));
+    }
+    cairo_close_path(pen_of_page);
+    Take_Color(pen_of_page, color);
+    cairo_fill(pen_of_page);
+}
+
+void Pdf_Target::Entry(const std::string& title, double y) {
+    Begin();
+    std::array<char, 48> place{};
+    std::snprintf(place.data(), place.size(), "page=%d pos=[0 %d]", page,
+                  static_cast<int>(y * points_per_mm));
+    cairo_pdf_surface_add_outline(surface, CAIRO_PDF_OUTLINE_ROOT, Drawable(title).c_str(), place.data(),
+                                  static_cast<cairo_pdf_outline_flags_t>(0));
 }
 
 std::string Pdf_Target::Finish() {

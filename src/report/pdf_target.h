@@ -28,7 +28,9 @@ class Pdf_Target : public Print_Target {
     void Line(double x1, double y1, double x2, double y2, const Report_Pen& pen) override;
     void Box(double x1, double y1, double x2, double y2, const Report_Pen& pen) override;
     void Circle(double x, double y, double radius, const Report_Pen& pen) override;
+    void Fill(std::span<const Point> corners, std::uint32_t color) override;
     void Page_End() override { ended = true; }
+    void Entry(const std::string& title, double y) override;
 
     /// Ends the document and gives its bytes. Raises std::runtime_error (Japanese) where it could not be
     /// made.
@@ -42,6 +44,7 @@ class Pdf_Target : public Print_Target {
     std::string bytes;
     cairo_surface_t* surface;
     cairo_t* pen_of_page;
+    int page = 1;
     bool ended = false; ///< the next operation begins a page
 };
 

@@ -98,6 +98,24 @@ double Print_Target::Char_Width(const Letter& letter, Report_Face face, double s
     return Advance_Of(letter, face) * size * mm_per_point;
 }
 
+double Print_Target::Text_Width(std::string_view text, Report_Face face, double size) {
+    double width = 0;
+    if (Is_Plain(text)) {
+        for (const char letter : text) {
+            width += Advance_Of({static_cast<char32_t>(letter)}, face);
+        }
+    } else {
+        for (const Letter& letter : Letters_Of(text)) {
+            width += Advance_Of(letter, face);
+        }
+    }
+    return width * size * mm_per_point;
+}
+
+bool Is_Plain(std::string_view text) {
+    return std::all_of(text.begin(), text.end(), [](char byte) { return byte >= ' ' && byte <= '~'; });
+}
+
 std::vector<Letter> Letters_Of(std::string_view text) {
     std::vector<Letter> letters;
     for (std::size_t at = 0; at < text.size();) {

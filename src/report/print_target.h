@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,6 +18,11 @@ struct Letter {
     char32_t variant = 0;
 
     friend bool operator==(const Letter&, const Letter&) = default;
+};
+
+/// A point of the sheet.
+struct Point {
+    float x = 0, y = 0;
 };
 
 /// A line of a report: width in dots, style (0 solid, 1 dashes, 2 dots), colour 0xBBGGRR.
@@ -40,12 +46,20 @@ class Print_Target {
     /// The width that a letter takes, the same on every target.
     [[nodiscard]] static double Char_Width(const Letter& letter, Report_Face face, double size);
 
+    /// The sum of the widths of a text's letters.
+    [[nodiscard]] static double Text_Width(std::string_view text, Report_Face face, double size);
+
     /// A text with its left end at x and its top at y: the baseline is `baseline` of its size below.
     virtual void Text(const std::string& text, double x, double y, Report_Face face, double size) = 0;
     virtual void Line(double x1, double y1, double x2, double y2, const Report_Pen& pen) = 0;
     virtual void Box(double x1, double y1, double x2, double y2, const Report_Pen& pen) = 0;
     virtual void Circle(double x, double y, double radius, const Report_Pen& pen) = 0;
+    /// A filled shape without an outline; colour 0xBBGGRR.
+    virtual void Fill(std::span<const Point> corners, std::uint32_t color) = 0;
     virtual void Page_End() = 0;
+
+    /// Names a place of the page in the list of contents, where the target has one.
+    virtual void Entry(const std::string& /*title*/, double /*y*/) {}
 
     /// The dots of a line's width on paper: 300 to the inch, whatever the device resolves.
     static constexpr double dots_per_inch = 300.0;
@@ -56,6 +70,9 @@ class Print_Target {
     static constexpr double sheet_width = 210.0;
     static constexpr double sheet_height = 297.0;
 };
+
+/// Whether a text is of figures, Latin letters and their signs alone, each byte a letter.
+bool Is_Plain(std::string_view text);
 
 /// The letters of a UTF-8 text; what is none, and control characters, become blanks. Characters that draw
 /// nothing (joiners, marks of direction and order) go; a voicing mark behind its kana becomes one letter with

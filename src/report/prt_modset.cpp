@@ -18,21 +18,19 @@ Report_Face Face_Of(std::string_view font) {
 
 } // namespace
 
-float Prt_ModSet::Width_Of(const std::string& text, const char* font, float size) const {
-    const Report_Face face = Face_Of(font);
-    double sum = 0.0;
-    for (const Letter& letter : Letters_Of(text)) {
-        sum += Print_Target::Char_Width(letter, face, size);
-    }
-    return static_cast<float>(sum);
+float Prt_ModSet::Width_Of(std::string_view text, const char* font, float size) const {
+    return static_cast<float>(Print_Target::Text_Width(text, Face_Of(font), static_cast<double>(size)));
 }
 
 void Prt_ModSet::Prt_Text(const std::string& text, float x, float y, const char* font, float size) {
     const Report_Face face = Face_Of(font);
-    std::string drawable;
-    for (const Letter& letter : Letters_Of(text)) {
-        drawable += Utf8_Of(letter);
-        Note_Missing(letter, face);
+    const bool plain = Is_Plain(text);
+    std::string drawable = plain ? text : std::string();
+    if (!plain) {
+        for (const Letter& letter : Letters_Of(text)) {
+            drawable += Utf8_Of(letter);
+            Note_Missing(letter, face);
+        }
     }
     if (!drawable.empty()) {
         target.Text(drawable, X(x), Y(y), face, size * state.Prt_Scale);
@@ -98,6 +96,14 @@ void Prt_ModSet::Prt_Box(float x1, float y1, float x2, float y2, std::int16_t& w
 
 void Prt_ModSet::Prt_Circle(float x, float y, float radius) {
     target.Circle(X(x), Y(y), state.Prt_Scale * radius, {});
+}
+
+void Prt_ModSet::Prt_Fill(std::span<const Point> corners, std::uint32_t color) {
+    std::vector<Point> placed;
+    for (const Point& corner : corners) {
+        placed.push_back({X(corner.x), Y(corner.y)});
+    }
+    target.Fill(placed, color);
 }
 
 } // namespace morvane

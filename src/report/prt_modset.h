@@ -45,6 +45,12 @@ class Prt_ModSet {
     void Prt_Box(float x1, float y1, float x2, float y2, std::int16_t& width, int style);
     void Prt_Circle(float x, float y, float radius);
 
+    /// A filled shape; its colour as that of lines.
+    void Prt_Fill(std::span<const Point> corners, std::uint32_t color);
+
+    /// Names a place of the page in the list of contents of the document.
+    void Prt_Entry(const std::string& title, float y) { target.Entry(title, static_cast<double>(Y(y))); }
+
     /// Ends a page; what follows is drawn on the next one.
     void Prt_Page_End() { target.Page_End(); }
 
@@ -52,7 +58,7 @@ class Prt_ModSet {
     [[nodiscard]] const std::vector<Letter>& Missing() const { return missing; }
 
     /// The width of a text as Prt_Text_Center measures it, in millimetres before the scale.
-    [[nodiscard]] float Width_Of(const std::string& text, const char* font, float size) const;
+    [[nodiscard]] float Width_Of(std::string_view text, const char* font, float size) const;
 
   private:
     [[nodiscard]] float X(float x) const { return state.Prt_Scale * x + state.Prt_Left; }

@@ -14,6 +14,7 @@ struct Player {
     void operator()(const Drawn_Line& l) const { target.Line(l.x1, l.y1, l.x2, l.y2, l.pen); }
     void operator()(const Drawn_Box& b) const { target.Box(b.x1, b.y1, b.x2, b.y2, b.pen); }
     void operator()(const Drawn_Circle& c) const { target.Circle(c.x, c.y, c.radius, c.pen); }
+    void operator()(const Drawn_Fill& f) const { target.Fill(f.corners, f.color); }
 };
 
 } // namespace
@@ -40,6 +41,10 @@ void Recorded_Sheet::Box(double x1, double y1, double x2, double y2, const Repor
 
 void Recorded_Sheet::Circle(double x, double y, double radius, const Report_Pen& pen) {
     Add(Drawn_Circle{x, y, radius, pen});
+}
+
+void Recorded_Sheet::Fill(std::span<const Point> corners, std::uint32_t color) {
+    Add(Drawn_Fill{{corners.begin(), corners.end()}, color});
 }
 
 void Recorded_Sheet::Clear() {

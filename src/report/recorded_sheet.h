@@ -27,7 +27,11 @@ struct Drawn_Circle {
     double x, y, radius;
     Report_Pen pen;
 };
-using Drawn = std::variant<Drawn_Text, Drawn_Line, Drawn_Box, Drawn_Circle>;
+struct Drawn_Fill {
+    std::vector<Point> corners;
+    std::uint32_t color;
+};
+using Drawn = std::variant<Drawn_Text, Drawn_Line, Drawn_Box, Drawn_Circle, Drawn_Fill>;
 
 /// The operations of a report, page by page: what the preview paints from.
 class Recorded_Sheet : public Print_Target {
@@ -36,6 +40,7 @@ class Recorded_Sheet : public Print_Target {
     void Line(double x1, double y1, double x2, double y2, const Report_Pen& pen) override;
     void Box(double x1, double y1, double x2, double y2, const Report_Pen& pen) override;
     void Circle(double x, double y, double radius, const Report_Pen& pen) override;
+    void Fill(std::span<const Point> corners, std::uint32_t color) override;
     void Page_End() override { ended = true; }
 
     void Clear();

@@ -61,14 +61,16 @@ struct Extent {
         bottom = std::max(bottom, y);
     }
     void operator()(const Drawn_Text& text) {
-        double width = 0;
-        for (const Letter& letter : Letters_Of(text.text)) {
-            width += Print_Target::Char_Width(letter, text.face, text.size);
-        }
-        Reach(text.x + width, text.y + text.size * Print_Target::mm_per_point);
+        Reach(text.x + Print_Target::Text_Width(text.text, text.face, text.size),
+              text.y + text.size * Print_Target::mm_per_point);
     }
     void operator()(const Drawn_Line& line) { Reach(std::max(line.x1, line.x2), std::max(line.y1, line.y2)); }
     void operator()(const Drawn_Box& box) { Reach(std::max(box.x1, box.x2), std::max(box.y1, box.y2)); }
+    void operator()(const Drawn_Fill& fill) {
+        for (const Point& corner : fill.corners) {
+            Reach(static_cast<double>(corner.x), static_cast<double>(corner.y));
+        }
+    }
     void operator()(const Drawn_Circle& circle) { Reach(circle.x + circle.radius, circle.y + circle.radius); }
 };
 

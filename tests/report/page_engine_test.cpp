@@ -1,0 +1,274 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "report/line_break.h"
+#include "report/page_flow.h"
+#include "report/radar_chart.h"
+#include "support/sheet_texts.h"
+
+#include <cmath>
+#include <gtest/gtest.h>
+#include <set>
+
+namespace morvane::tests {
+namespace {
+
+// ---- lines
+
+TEST(Line_Break_Test, Where_Lines_End) {
+    struct Row {
+        const char* rule;
+        const char* text;
+        float width; ///< full-width characters are 2
+        std::vector<std::string> lines;
+    };
+    const Row rows[] = {
+        {"between any two", "経営事項審査", 8, {"経営事項", "審査"}},
+        {"a comma begins no line", "経営事項、審査", 8, {"経営事", "項、審査"}},
+        {"nor does a full stop behind a bracket", "（経営事）。審査", 10, {"（経営", "事）。審査"}},
+        {"small kana", "経営ショッピング", 8, {"経営", "ショッピ", "ング"}},
+        {"a lengthening sign", "経営事ー項審", 6, {"経営", "事ー項", "審"}},
+        {"half-width marks", "ｱｲｳｶﾞｴ", 4, {"ｱｲｳ", "ｶﾞｴ"}},
+        {"an opening bracket ends none", "経営事（項）審", 8, {"経営事", "（項）審"}},
+        {"nor do several", "経営「『事項』」", 8, {"経営", "「『事", "項』」"}},
+        {"a word stays whole", "評点は about 800点", 11, {"評点は", "about 800点"}},
+        {"a number with its signs", "金額1,234,567円", 12, {"金額", "1,234,567円"}},
+        {"a decimal with its percent", "比率は12.5%です", 10, {"比率は", "12.5%です"}},
+        {"full-width figures", "平成３０年", 6, {"平成", "３０年"}},
+        {"a figure with ％", "達成率１００％", 8, {"達成率", "１００％"}},
+        {"what is wider than a line", "ABCDEFGHIJ", 4, {"ABCD", "EFGH", "IJ"}},
+        {"only marks", "。。。。", 4, {"。。", "。。"}},
+        {"blanks end a line and begin none", "経営 　事項", 4, {"経営", "事項"}},
+        {"a dash is not halved", "経営事――項", 8, {"経営事", "――項"}},
+        {"lines of the text's own", "経営\n\n事項審査", 4, {"経営", "", "事項", "審査"}},
+        {"nothing", "", 4, {""}},
+        {"a line narrower than a character", "経営", 1, {"経", "営"}},
+    };
+    const auto measure = [](std::string_view text) {
+        float width = 0;
+        for (const Letter& letter : Letters_Of(text)) {
+            width += letter.character < 0x250 || (letter.character >= 0xff61 && letter.character < 0xffa0)
+                         ? 1.0F
+                         : 2.0F;
+        }
+        return width;
+    };
+    for (const Row& row : rows) {
+        EXPECT_EQ(Break_Lines(row.text, row.width, measure), row.lines) << row.rule;
+    }
+}
+
+// ---- tables
+
+constexpr Type name_type = {font_p_mincho, 7.0F, Align::Left, 0.7F};
+constexpr Type wrap_type = {font_p_mincho, 7.0F, Align::Left, 0.7F, Overflow::Wrap};
+constexpr Type amount_type = {font_p_mincho, 7.0F, Align::Right, 0.6F, Overflow::Figure};
+
+struct Engine {
+    Print_State state = {.Prt_Doing = true};
+    Recorded_Sheet sheet;
+    Prt_ModSet operations{state, sheet};
+    Page_Layout page{operations};
+
+    std::vector<Box_Of_Text> Draw(const Cell_Table& table) {
+        table.Draw(page, 12, 30);
+        page.End_Page();
+        return Texts_Of(sheet);
+    }
+};
+
+TEST(Cell_Table_Test, A_Column_Has_One_Size) {
+    struct Row {
+        const char* what;
+        Type type;
+        float width;
+        std::vector<std::string> texts, printed;
+        double size;
+    };
+    const Row rows[] = {
+        {"all fit", amount_type, 14, {"1,234", "1,072,337"}, {"1,234", "1,072,337"}, 7},
+        {"the longest decides", amount_type, 11.5F, {"1,234", "1,072,337"}, {"1,234", "1,072,337"}, 6.09},
+        {"commas go", amount_type, 10.4F, {"1,234", "1,072,337"}, {"1,234", "1072337"}, 6},
+        {"no part of a figure", amount_type, 8, {"1,234", "1,072,337"}, {"1,234", "####"}, 6},
+        {"a name is cut with a mark", name_type, 10, {"電気", "電気通信工事"}, {"電気", "電気通…"}, 6},
+        {"a text goes on below", wrap_type, 10, {"電気", "電気通信工事"}, {"電気", "電気通", "信工事"}, 7},
+        {"a short one is made smaller", wrap_type, 11, {"電気", "電気通信"}, {"電気", "電気通信"}, 6.8},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.what);
+        Engine engine;
+        std::vector<Table_Row> cells;
+        for (const std::string& text : row.texts) {
+            cells.push_back({{{text}}});
+        }
+        const Cell_Table table(engine.page, row.width, {{0, row.type}}, cells, 3.7F);
+        const auto texts = engine.Draw(table);
+        ASSERT_EQ(texts.size(), row.printed.size());
+        for (std::size_t i = 0; i < texts.size(); ++i) {
+            EXPECT_EQ(texts[i].text, row.printed[i]);
+            EXPECT_NEAR(texts[i].size, row.size, 0.06);
+            EXPECT_GE(texts[i].left, 12) << texts[i].text;
+            EXPECT_LE(texts[i].right, 12 + static_cast<double>(row.width)) << texts[i].text;
+        }
+        EXPECT_EQ(Astray(texts), "");
+    }
+}
+
+/// A table with nested heads, merged cells and marks.
+Cell_Table Comparison(const Page_Layout& page, std::size_t rows) {
+    std::vector<Table_Row> cells;
+    for (std::size_t i = 0; i < rows; ++i) {
+        const std::string number = std::to_string(i);
+        if (i % 7 == 0) {
+            cells.push_back({{{"見出し" + number, nullptr, 5}}, Rule::Thin, true});
+        } else {
+            cells.push_back({{{"行" + number}, {"1,234"}, {"800"}, {"2,345"}, {"810"}}});
+            cells.back().cells[4].mark = i % 2 == 0 ? Mark::Better : Mark::Worse;
+        }
+    }
+    return Cell_Table(page, 120,
+                      {{0, name_type, {"工種"}},
+                       {20, amount_type, {"改善前", "完工高"}},
+                       {15, amount_type, {"改善前", "評点\n（Ｘ1）"}},
+                       {20, amount_type, {"改善後", "完工高"}},
+                       {15, amount_type, {"改善後", "評点\n（Ｘ1）"}}},
+                      std::move(cells), 4);
+}
+
+TEST(Cell_Table_Test, Heads_Stand_Over_Their_Columns) {
+    Engine engine;
+    const Cell_Table table = Comparison(engine.page, 5);
+    const auto texts = engine.Draw(table);
+    EXPECT_EQ(Astray(texts), "");
+    const auto middle = [&](const char* text) {
+        const Box_Of_Text box = Box_Of(texts, text);
+        return (box.left + box.right) / 2;
+    };
+    EXPECT_NEAR(middle("工種"), 12 + 25, 0.1);
+    EXPECT_NEAR(middle("改善前"), 12 + 50 + 17.5, 0.1);
+    EXPECT_NEAR(middle("改善後"), 12 + 85 + 17.5, 0.1);
+    EXPECT_EQ(std::count_if(texts.begin(), texts.end(), [](const auto& t) { return t.text == "完工高"; }), 2);
+    EXPECT_LT(Box_Of(texts, "改善前").bottom, Box_Of(texts, "完工高").top);
+    EXPECT_LT(Box_Of(texts, "（Ｘ1）").bottom, 30 + static_cast<double>(table.Head_Height()));
+    EXPECT_NEAR(Box_Of(texts, "○").left, Box_Of(texts, "×").left, 0.01);
+    EXPECT_LT(Box_Of(texts, "○").right, Box_Of(texts, "810").left);
+}
+
+// A grey rule over a frame notches it.
+TEST(Page_Layout_Test, Heavier_Rules_Lie_Over_Lighter_Ones) {
+    Engine engine;
+    engine.page.Box(Rule::Thick, {12, 30, 132, 90});
+    engine.page.Draw(Rule::Thick, 12, 60, 132, 60);
+    engine.page.Fill({12, 30, 132, 40}, 0xE0E0E0);
+    engine.Draw(Comparison(engine.page, 9));
+    int heaviest = -1;
+    bool filled = false;
+    for (const Drawn& drawn : engine.sheet.Pages().front()) {
+        int weight = -1;
+        if (const auto* line = std::get_if<Drawn_Line>(&drawn)) {
+            weight = line->pen.width > 1 ? 2 : line->pen.color == 0 ? 1 : 0;
+        } else if (std::holds_alternative<Drawn_Box>(drawn)) {
+            weight = 3;
+        }
+        filled = filled || std::holds_alternative<Drawn_Fill>(drawn);
+        EXPECT_GE(weight, weight < 0 ? -1 : heaviest);
+        EXPECT_TRUE(filled || heaviest < 0) << "a shape under the rules";
+        heaviest = std::max(heaviest, weight);
+    }
+    EXPECT_EQ(heaviest, 3);
+}
+
+// ---- pages
+
+const Report_Heading heading = {"青葉建設", 35, "改善前", "2026/11/23", "見本事務所"};
+
+TEST(Page_Flow_Test, Pages_Carry_Heads_And_Leave_No_Line_Alone) {
+    for (const std::size_t rows : {40U, 54U, 55U, 56U, 57U, 58U, 120U}) {
+        SCOPED_TRACE(rows);
+        Engine engine;
+        const Cell_Table table = Comparison(engine.page, rows);
+        Page_Flow flow(engine.page, heading, "総合比較表", "（単位：千円）");
+        flow.Section("一");
+        flow.Table(table);
+        flow.Space(4);
+        flow.Section("二");
+        flow.Paragraph("経営事項審査の結果を、工種ごとに改善の前と後とで比べたものです。", wrap_type);
+        const std::size_t pages = flow.Print();
+        EXPECT_EQ(pages, engine.sheet.Pages().size());
+        std::size_t printed_rows = 0;
+        for (std::size_t i = 0; i < pages; ++i) {
+            const auto texts = Texts_Of(engine.sheet, i);
+            EXPECT_EQ(Astray(texts), "");
+            EXPECT_EQ(Box_Of(texts, "青葉建設").size, 12) << "page " << i;
+            EXPECT_EQ(Box_Of(texts, std::to_string(i + 1) + " / " + std::to_string(pages) + "頁").size,
+                      pages > 1 ? 8 : 0);
+            std::vector<std::string> body;
+            for (const Box_Of_Text& text : texts) {
+                if (text.left < 20 && text.top > 30) {
+                    body.push_back(text.text);
+                }
+            }
+            ASSERT_FALSE(body.empty());
+            EXPECT_FALSE(body.back().starts_with("見出し") || body.back() == "二") << "a title alone";
+            const auto of_table = std::count_if(body.begin(), body.end(), [](const std::string& text) {
+                return text.starts_with("行") || text.starts_with("見出し");
+            });
+            EXPECT_NE(of_table, 1) << "a row alone";
+            EXPECT_EQ(Box_Of(texts, "改善後").size > 0, of_table > 0) << "the head over its rows";
+            printed_rows += static_cast<std::size_t>(of_table);
+        }
+        EXPECT_EQ(printed_rows, rows);
+    }
+}
+
+TEST(Page_Flow_Test, A_Page_Begins_Where_It_Is_Asked_For) {
+    Engine engine;
+    Page_Flow flow(engine.page, heading, "アドバイス", "");
+    flow.Section("一");
+    flow.New_Page();
+    flow.Paragraph(std::string(1200, 'a'), wrap_type);
+    EXPECT_EQ(flow.Print(), 2U);
+    EXPECT_EQ(Astray(Texts_Of(engine.sheet, 1)), "");
+}
+
+// ---- charts
+
+TEST(Radar_Chart_Test, Series_Are_Told_Apart_Without_Colour) {
+    Engine engine;
+    const Area area = {12, 40, 198, 190};
+    const std::vector<std::string> axes = {
+        "純支払利息比率(X1)",         "負債回転期間(X2)", "総資本売上総利益率(X3)",   "売上高経常利益率(X4)",
+        "自己資本対固定資産比率(X5)", "自己資本比率(X6)", "営業キャッシュフロー(X7)", "利益剰余金(X8)"};
+    Draw_Radar(engine.page, area,
+               {axes,
+                {{0.25F, "25"}, {0.5F, "50"}, {0.75F, "75"}, {1.0F, "100％"}},
+                {{"改善前", {0.1F, 0.2F, 0.3F, 0.4F, 0.5F, 0.6F, 0.7F, 1.5F}},
+                 {"改善後", {1, 1, 1, -1, 1, 1, 1, 1}}}});
+    engine.page.End_Page();
+    std::set<std::pair<int, int>> lines; // width and style
+    std::set<std::size_t> markers;       // corners
+    for (const Drawn& drawn : engine.sheet.Pages().front()) {
+        if (const auto* line = std::get_if<Drawn_Line>(&drawn)) {
+            if (line->pen.color == 0) {
+                lines.insert({line->pen.width, line->pen.style});
+            }
+            for (const auto& [x, y] : {std::pair{line->x1, line->y1}, {line->x2, line->y2}}) {
+                EXPECT_TRUE(x >= 12 && x <= 198 && y >= 40 && y <= 190) << x << " " << y;
+            }
+        } else if (const auto* fill = std::get_if<Drawn_Fill>(&drawn)) {
+            markers.insert(fill->corners.size());
+        }
+    }
+    EXPECT_EQ(lines.size(), 2U);
+    EXPECT_EQ(markers.size(), 2U);
+    const auto texts = Texts_Of(engine.sheet);
+    EXPECT_EQ(Astray(texts), "");
+    for (const std::string& axis : axes) {
+        EXPECT_EQ(Box_Of(texts, axis).size, 8) << axis;
+    }
+    // The first axis points upwards, the third one to the right.
+    EXPECT_LT(Box_Of(texts, axes[0]).bottom, Box_Of(texts, "100％").top + 0.01);
+    EXPECT_NEAR(Box_Of(texts, axes[2]).top, Box_Of(texts, axes[6]).top, 0.01);
+    EXPECT_GT(Box_Of(texts, axes[2]).left, Box_Of(texts, axes[6]).right);
+}
+
+} // namespace
+} // namespace morvane::tests
