@@ -30,7 +30,7 @@ namespace {
 /// The lines of tangible assets that show cost less accumulated depreciation: cost, depreciation and book
 /// value follow each other. The statement screen forms them while it is keyed; a case brings the other two.
 void Form_Book_Values(const Connection& cn, int period) {
-    Recordset rows = cn.Open("SELECT * FROM Ks_Zaihyo WHERE 決算期=? ORDER BY 建設科目CD", period);
+    Recordset rows = cn.Open("SELECT 建設科目CD, 金額 FROM Ks_Zaihyo WHERE 決算期=?", period);
     for (const Book_Value_Lines& lines : book_value_lines) {
         const auto amount = [&](Account of) {
             return rows.Find("建設科目CD", Code(of)) ? rows["金額"] : Value();
@@ -69,9 +69,11 @@ class Case_Builder {
     void Make_Periods() {
         session.Data_Ver = Present_Data_Ver(session);
         session.Syori_Ki = source.periods.front().number;
-        bool made = Fill_Blank_Company(cn, session, session.Kind().type, session.Syori_Ki);
+        const Connection master = Cn_Open_Org(session);
+        bool made = Fill_Blank_Company(cn, master, session, session.Kind().type, session.Syori_Ki);
         for (std::size_t i = 1; made && i < source.periods.size(); ++i) {
-            made = Period_Copy(cn, session, source.periods[i].number, session.Syori_Ki, Copy_Mode::After);
+            made = Period_Copy(cn, master, session, source.periods[i].number, session.Syori_Ki,
+                               Copy_Mode::After);
         }
         if (!made) {
             Report_Bad_Template(session);

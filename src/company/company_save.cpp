@@ -225,7 +225,8 @@ class Company_Saving {
         File_Replacement resting = File_Replacement::With_Draft(
             Find_File(session.App_Path, "morv_set.dat"), Company_Store(session, number), session.Db_Key);
         const bool filled = resting.Change(session.Db_Key, [this](const Connection& cn) {
-            return Fill_Blank_Company(cn, session, hojin_kojin, period) && Put_New_Company(cn);
+            return Fill_Blank_Company(cn, Cn_Open_Org(session), session, hojin_kojin, period) &&
+                   Put_New_Company(cn);
         });
         if (!filled) {
             Report_Bad_Template(session);

@@ -39,22 +39,12 @@ const char* Master_Table(const Session& session) {
     return session.Is_Hokkaido() ? "Ks_Zaihyo_Hk_new" : "Ks_Zaihyo_Zk_new";
 }
 
-Recordset Open_Period(const Connection& cn, const char* table, int period, const char* order) {
-    return cn.Open(std::string("SELECT * FROM ") + table + " WHERE 決算期=? ORDER BY " + order, period);
-}
-
-/// No rows of a table, to add some.
-Recordset Open_To_Add(const Connection& cn, const char* table) {
-    return cn.Open(std::string("SELECT * FROM ") + table + " WHERE 0");
-}
-
 /// Adds the edition's chart of accounts as the statement of a period, with the captions and visible lines of
 /// the firm type. Gives the number of its rows.
-std::size_t Add_Chart(const Connection& cn, const Session& session, int period, Firm_Type firm_type,
-                      std::uint8_t data_ver) {
+std::size_t Add_Chart(const Connection& cn, const Connection& master_store, const Session& session,
+                      int period, Firm_Type firm_type, std::uint8_t data_ver) {
     const bool corporation = firm_type == Firm_Type::Corporation;
     const std::string type = corporation ? "法人" : "個人";
-    const Connection master_store = Cn_Open_Org(session);
     Statement master = master_store.Prepare(std::string("SELECT ") + master_columns + ", " + type +
                                             "科目名, " + type + "非表示識別, " + type + "非印刷識別 FROM " +
                                             Master_Table(session) + " ORDER BY 建設科目CD");
@@ -96,8 +86,6 @@ struct Copy_Job {
 };
 
 void Copy_Works(const Copy_Job& job) {
-    Recordset source = Open_Period(job.cn, "Kandaka_Gj", job.source, "工種CD");
-    Recordset rows = Open_To_Add(job.cn, "Kandaka_Gj");
     // New column, source column of the neighbour.
     static constexpr std::array<std::pair<const char*, const char*>, 9> rolled = {{
         {work_column::before_last, work_column::last},
@@ -110,62 +98,51 @@ void Copy_Works(const Copy_Job& job) {
         {work_column::engineers_4, work_column::engineers_4},
         {work_column::engineers_5, work_column::engineers_5},
     }};
-    for (; !source.Eof(); source.Move_Next()) {
-        rows.Add_New();
-        rows.Set("決算期", job.new_period);
-        rows.Set("工種CD", source["工種CD"]);
-        rows.Set("工種略", source["工種略"]);
+    std::string columns;
+    std::string sources;
+    if (job.after) {
         for (const auto& [column, from] : rolled) {
-            rows.Set(column, job.after ? source[from] : Value());
+            columns += std::string(", ") + column;
+            sources += std::string(", ") + from;
         }
-        rows.Update();
     }
+    job.cn.Execute("INSERT INTO Kandaka_Gj (決算期, 工種CD, 工種略" + columns + ") SELECT ?, 工種CD, 工種略" +
+                       sources + " FROM Kandaka_Gj WHERE 決算期=?",
+                   job.new_period, job.source);
 }
 
 void Copy_Elements(const Copy_Job& job) {
-    Recordset source = Open_Period(job.cn, "W_Yoso", job.source, "要素CD");
-    Recordset rows = Open_To_Add(job.cn, "W_Yoso");
-    const bool has_pension = source.Find("要素CD", element::welfare_last);
-    const bool has_law_year = source.Find("要素CD", element::law_year);
-    const bool has_young = source.Find("要素CD", element::engineers);
-    for (source.Move_First(); !source.Eof(); source.Move_Next()) {
-        const auto code = static_cast<int>(source["要素CD"].As_Integer());
-        const bool stands =
-            std::find(standing_elements.begin(), standing_elements.end(), code) != standing_elements.end() ||
-            (code == element::waiting_pension && !has_pension);
-        rows.Add_New();
-        rows.Set("決算期", job.new_period);
-        rows.Set("要素CD", code);
-        rows.Set("要素名", source["要素名"]);
-        rows.Set("現状", stands ? source["現状"] : Value());
-        rows.Update();
-    }
-    if (!has_law_year) {
+    const auto has = [&job](int code) { return Has_Element(job.cn, job.source, code); };
+    const auto copy_figure = [&job](int code) {
+        job.cn.Execute("UPDATE W_Yoso SET 現状 = (SELECT 現状 FROM W_Yoso WHERE 決算期=? And 要素CD=?) "
+                       "WHERE 決算期=? And 要素CD=?",
+                       job.source, code, job.new_period, code);
+    };
+    job.cn.Execute("INSERT INTO W_Yoso (決算期, 要素CD, 要素名) SELECT ?, 要素CD, 要素名 FROM W_Yoso "
+                   "WHERE 決算期=?",
+                   job.new_period, job.source);
+    std::for_each(standing_elements.begin(), standing_elements.end(), copy_figure);
+    if (!has(element::law_year)) {
         Add_Law_Rows(job.cn, job.new_period);
     }
-    if (!has_pension) {
+    if (!has(element::welfare_last)) {
+        copy_figure(element::waiting_pension);
         Make_Room_For_Pension(job.cn, job.new_period);
     }
-    if (!has_young) {
+    if (!has(element::engineers)) {
         Add_Young_Engineer_Rows(job.cn, job.new_period);
         Put_Law_Year(job.cn, job.new_period, Newest_Law_Year().code);
     }
 }
 
 void Copy_Notes(const Copy_Job& job) {
-    Recordset source = Open_Period(job.cn, "QandA", job.source, "QNo");
-    if (source.Eof()) {
+    if (job.cn.Open("SELECT QNo FROM QandA WHERE 決算期=? LIMIT 1", job.source).Eof()) {
         job.cn.Execute("UPDATE QandA SET 決算期 = ? WHERE 決算期=1", job.new_period);
         return;
     }
-    Recordset rows = Open_To_Add(job.cn, "QandA");
-    for (; !source.Eof(); source.Move_Next()) {
-        rows.Add_New();
-        rows.Set("決算期", job.new_period);
-        rows.Set("QNo", source["QNo"]);
-        rows.Set("タイトル", source["タイトル"]);
-        rows.Update();
-    }
+    job.cn.Execute(
+        "INSERT INTO QandA (決算期, QNo, タイトル) SELECT ?, QNo, タイトル FROM QandA WHERE 決算期=?",
+        job.new_period, job.source);
 }
 
 void Test_Periods(const Connection& cn, int new_period, int source) {
@@ -194,11 +171,13 @@ void Report_Bad_Template(const Session& session) {
                            .beep = true});
 }
 
-bool Fill_Blank_Company(const Connection& cn, const Session& session, Firm_Type type, std::int16_t period) {
+bool Fill_Blank_Company(const Connection& cn, const Connection& master, const Session& session,
+                        Firm_Type type, std::int16_t period) {
     // A template of another edition or of another time is none.
     const std::size_t accounts = cn.Open("SELECT 建設科目CD FROM Ks_Zaihyo").Count();
     cn.Execute("DELETE FROM Ks_Zaihyo");
-    if (accounts == 0 || Add_Chart(cn, session, period, type, Present_Data_Ver(session)) != accounts) {
+    if (accounts == 0 ||
+        Add_Chart(cn, master, session, period, type, Present_Data_Ver(session)) != accounts) {
         return false;
     }
     for (const char* table : {"Kandaka_Gj", "W_Yoso", "QandA"}) {
@@ -213,8 +192,9 @@ bool New_Data_Set(Session& session, Firm_Type type, std::int16_t period) {
     // All of it happens on a draft beside the working store, which takes its place whole.
     File_Replacement replacement = File_Replacement::With_Draft(Find_File(session.App_Path, "morv_set.dat"),
                                                                 session.Work_Store, session.Db_Key);
-    const bool filled = replacement.Change(
-        session.Db_Key, [&](const Connection& cn) { return Fill_Blank_Company(cn, session, type, period); });
+    const bool filled = replacement.Change(session.Db_Key, [&](const Connection& cn) {
+        return Fill_Blank_Company(cn, Cn_Open_Org(session), session, type, period);
+    });
     if (!filled) {
         Report_Bad_Template(session);
         return false;
@@ -253,7 +233,7 @@ bool Period_Copy(Session& session, std::int16_t new_period, std::int16_t base_pe
     Session next = session;
     const Connection cn = Cn_Open(session);
     Transaction transaction(cn);
-    if (!Period_Copy(cn, next, new_period, base_period, mode, law_year)) {
+    if (!Period_Copy(cn, Cn_Open_Org(session), next, new_period, base_period, mode, law_year)) {
         Report_Bad_Template(session);
         return false;
     }
@@ -262,8 +242,8 @@ bool Period_Copy(Session& session, std::int16_t new_period, std::int16_t base_pe
     return true;
 }
 
-bool Period_Copy(const Connection& cn, Session& session, std::int16_t new_period, std::int16_t base_period,
-                 Copy_Mode mode, std::optional<Law_Year_No> law_year) {
+bool Period_Copy(const Connection& cn, const Connection& master, Session& session, std::int16_t new_period,
+                 std::int16_t base_period, Copy_Mode mode, std::optional<Law_Year_No> law_year) {
     Session next = session;
     next.Data_Ver = Present_Data_Ver(session);
     next.Syori_Ki = new_period;
@@ -276,7 +256,7 @@ bool Period_Copy(const Connection& cn, Session& session, std::int16_t new_period
     }
     cn.Execute("INSERT INTO Ks_Ki (決算期) VALUES (?)", new_period);
     Take_Period(cn, new_period, base_period);
-    if (Add_Chart(cn, next, new_period, next.Kind().type, next.Data_Ver) == 0) {
+    if (Add_Chart(cn, master, next, new_period, next.Kind().type, next.Data_Ver) == 0) {
         return false;
     }
     if (!after) {

@@ -23,8 +23,10 @@ bool New_Data_Set(Session& session, Firm_Type type, std::int16_t period);
 void Take_Period(const Connection& cn, int period, int former);
 
 /// The same on an open copy of the empty company store, of which nothing else changes. The caller holds the
-/// transaction. False without a box where the template does not fit. Raises Store_Error.
-bool Fill_Blank_Company(const Connection& cn, const Session& session, Firm_Type type, std::int16_t period);
+/// transaction; `master` is the store of the charts. False without a box where the template does not fit.
+/// Raises Store_Error.
+bool Fill_Blank_Company(const Connection& cn, const Connection& master, const Session& session,
+                        Firm_Type type, std::int16_t period);
 
 /// Says that a template does not fit ("データ異常").
 void Report_Bad_Template(const Session& session);
@@ -39,8 +41,8 @@ bool Period_Copy(Session& session, std::int16_t new_period, std::int16_t base_pe
                  std::optional<Law_Year_No> law_year = {});
 
 /// The same within the transaction of the caller, which drops it where false is given, here without a box.
-bool Period_Copy(const Connection& cn, Session& session, std::int16_t new_period, std::int16_t base_period,
-                 Copy_Mode mode, std::optional<Law_Year_No> law_year = {});
+bool Period_Copy(const Connection& cn, const Connection& master, Session& session, std::int16_t new_period,
+                 std::int16_t base_period, Copy_Mode mode, std::optional<Law_Year_No> law_year = {});
 
 /// The data form of periods made now: 6 in the Hokkaido edition, else 5.
 std::uint8_t Present_Data_Ver(const Session& session);

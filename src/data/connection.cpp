@@ -2,7 +2,6 @@
 #include "data/connection.h"
 
 #include "data/same_name.h"
-#include "data/sql_dialect.h"
 
 #include <algorithm>
 #include <cctype>
@@ -150,6 +149,24 @@ class Use {
     Statement& statement;
 };
 
+/// The table of a plain `SELECT a, b FROM T` with or without WHERE and ORDER BY, whose rows are those of the
+/// table; empty for anything else.
+std::string_view Table_Of_Select(std::string_view sql) {
+    constexpr std::string_view select = "SELECT ";
+    constexpr std::string_view from = " FROM ";
+    const auto list_end = sql.find(from);
+    if (!sql.starts_with(select) || sql.starts_with("SELECT DISTINCT ") || list_end == sql.npos ||
+        sql.substr(0, list_end).find('(') != sql.npos) {
+        return {};
+    }
+    const std::string_view rest = sql.substr(list_end + from.size());
+    const std::string_view name = rest.substr(0, rest.find(' '));
+    const std::string_view behind = rest.substr(name.size());
+    const bool is_plain = behind.empty() || behind.starts_with(" WHERE ") || behind.starts_with(" ORDER BY ");
+    const bool has_one = name.find_first_of(",;") == name.npos && behind.find(" GROUP BY ") == behind.npos;
+    return is_plain && has_one ? name : std::string_view();
+}
+
 } // namespace
 
 // ---- Connection
@@ -242,7 +259,7 @@ Recordset Connection::Open(std::string_view sql, std::span<const Value> values) 
 }
 
 Statement Connection::Prepare(std::string_view sql) const {
-    return {*this, To_Engine_Sql(sql).text};
+    return {*this, sql};
 }
 
 Statement& Connection::Prepared(std::string_view sql, std::span<const Value> values) const {
@@ -261,9 +278,9 @@ void Connection::Close() {
 
 // ---- Statement
 
-Statement::Statement(const Connection& owner, std::string_view engine_sql) : connection(&owner) {
-    const int code = sqlite3_prepare_v2(owner.handle.get(), engine_sql.data(),
-                                        static_cast<int>(engine_sql.size()), &handle, nullptr);
+Statement::Statement(const Connection& owner, std::string_view sql) : connection(&owner) {
+    const int code =
+        sqlite3_prepare_v2(owner.handle.get(), sql.data(), static_cast<int>(sql.size()), &handle, nullptr);
     if (code != SQLITE_OK) {
         owner.Throw(code, "データの読み書き");
     }
@@ -360,9 +377,13 @@ std::string Statement::Column_Name(int column) const {
 
 Recordset::Recordset(const Connection& owner, std::string_view sql, std::span<const Value> values)
     : connection(&owner) {
-    Engine_Sql engine = To_Engine_Sql(sql);
-    table = std::move(engine.table);
-    Statement& statement = owner.Prepared(engine.text, values);
+    // The identity of the rows goes in front, for changes.
+    std::string text(sql);
+    table = Table_Of_Select(sql);
+    if (!table.empty()) {
+        text.insert(text.find(' '), " rowid AS _row_,");
+    }
+    Statement& statement = owner.Prepared(text, values);
     const Use use(statement);
     bool has_row = statement.Step();
     // A kept statement knows a column that was added since from the first step on.

@@ -59,7 +59,7 @@ class Statement {
 
   private:
     friend class Connection;
-    Statement(const Connection& owner, std::string_view engine_sql);
+    Statement(const Connection& owner, std::string_view sql);
 
     const Connection* connection;
     sqlite3_stmt* handle = nullptr;
@@ -149,7 +149,7 @@ class Connection {
     }
 
     /// Opens a result with a cursor; `values` are bound to the ?s in order. The rows of a plain
-    /// `SELECT * FROM T` with or without WHERE and ORDER BY can be changed.
+    /// `SELECT a, b FROM T` with or without WHERE and ORDER BY can be changed.
     [[nodiscard]] Recordset Open(std::string_view sql, std::span<const Value> values) const;
     template <std::convertible_to<Value>... Values>
     [[nodiscard]] Recordset Open(std::string_view sql, const Values&... values) const {

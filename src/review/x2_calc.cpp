@@ -37,8 +37,7 @@ Law_Year_No Get_Simyu_Kubun(const Session& session, int period) {
 }
 
 Law_Year_No Get_Simyu_Kubun(const Connection& cn, int period) {
-    const Recordset rows =
-        cn.Open("SELECT * FROM W_Yoso WHERE 決算期=" + std::to_string(period) + " And 要素CD=210;");
+    const Recordset rows = cn.Open("SELECT 現状 FROM W_Yoso WHERE 決算期=? And 要素CD=210", period);
     const std::int64_t oldest = Law_Number(Oldest_Law_Year().code);
     return Law_Of(rows.Eof() ? oldest : rows["現状"].As_Integer(oldest)).code;
 }

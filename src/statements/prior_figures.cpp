@@ -15,9 +15,10 @@ using enum Account;
 
 std::vector<Prior_Row> Load_Rows(const Connection& cn, const Session& session, Account from, Account to) {
     std::vector<Prior_Row> rows;
-    Recordset row = cn.Open("SELECT * FROM Ks_Zaihyo WHERE 決算期=" + std::to_string(session.Syori_Ki) +
-                            " and 建設科目CD>=" + Code_Text(from) + " and 建設科目CD <=" + Code_Text(to) +
-                            " ORDER BY 建設科目CD;");
+    Recordset row =
+        cn.Open("SELECT 建設科目CD, 建設科目名, 金額 FROM Ks_Zaihyo WHERE 決算期=? And 建設科目CD>=? And "
+                "建設科目CD<=? ORDER BY 建設科目CD",
+                session.Syori_Ki, Code(from), Code(to));
     for (; !row.Eof(); row.Move_Next()) {
         rows.push_back(
             {static_cast<int>(row["建設科目CD"].As_Integer()), row["建設科目名"].As_Text(), row["金額"]});
@@ -26,11 +27,7 @@ std::vector<Prior_Row> Load_Rows(const Connection& cn, const Session& session, A
 }
 
 void Save_Amount(Statement& update, const Session& session, int code, const Value& amount) {
-    update.Bind(1, amount);
-    update.Bind(2, amount);
-    update.Bind(3, static_cast<int>(session.Syori_Ki));
-    update.Bind(4, code);
-    update.Step();
+    update.With(amount, amount, session.Syori_Ki, code).Step();
     update.Reset();
 }
 
@@ -85,7 +82,7 @@ Prior_Row Load_Equity_Change(const Session& session) {
     Transaction transaction(cn);
     std::vector<Prior_Row> rows = Load_Rows(cn, session, Equity_Change, Equity_Change);
     if (rows.empty()) {
-        Recordset table = cn.Open("SELECT * FROM Ks_Zaihyo WHERE 決算期=" + std::to_string(session.Syori_Ki));
+        Recordset table = cn.Open("SELECT * FROM Ks_Zaihyo WHERE 決算期=?", session.Syori_Ki);
         table.Add_New();
         table.Set("決算期", static_cast<int>(session.Syori_Ki));
         table.Set("建設科目CD", Code(Equity_Change));

@@ -99,17 +99,14 @@ constexpr auto triples = std::to_array<Triple>({
 
 constexpr std::array lease_codes = {140, 153, 204, 232};
 
-std::string Period_Rows(const Session& session) {
-    return "SELECT * FROM " + session.Zaihyo_Table + " WHERE 決算期=" + std::to_string(session.Syori_Ki);
-}
-
 } // namespace
 
 Statement_Section::Statement_Section(Session& the_session)
     : session(the_session), form(Statement_Form_Of(the_session)) {
     Zaimu_Shukei(session, 2);
     const Connection cn = Cn_Open(session);
-    Recordset period = cn.Open(Period_Rows(session) + " ORDER BY 建設科目CD;");
+    Recordset period = cn.Open(
+        "SELECT * FROM " + session.Zaihyo_Table + " WHERE 決算期=? ORDER BY 建設科目CD", session.Syori_Ki);
     bool has_lease = false;
     for (; !period.Eof(); period.Move_Next()) {
         const auto code = static_cast<int>(period["建設科目CD"].As_Integer());
@@ -195,11 +192,7 @@ void Statement_Section::Store_Rows(const Connection& cn) const {
     Statement update = cn.Prepare("UPDATE " + session.Zaihyo_Table +
                                   " SET 建設科目名=?, 金額=? WHERE 決算期=? AND 建設科目CD=?");
     for (const Statement_Row& row : rows) {
-        update.Bind(1, row.name);
-        update.Bind(2, row.amount);
-        update.Bind(3, static_cast<int>(session.Syori_Ki));
-        update.Bind(4, row.code);
-        update.Step();
+        update.With(row.name, row.amount, session.Syori_Ki, row.code).Step();
         update.Reset();
     }
     Zaimu_Shukei(cn, session, 2);

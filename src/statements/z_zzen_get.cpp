@@ -60,8 +60,7 @@ constexpr std::size_t advances_row = 8;
 
 std::vector<double> Read_Block(const Connection& cn, Edition edition, int period, std::size_t count) {
     const int form = Get_Data_Ver(cn, edition, period);
-    Recordset rows =
-        cn.Open("SELECT * FROM Ks_Zaihyo WHERE 決算期=" + std::to_string(period) + " ORDER BY 建設科目CD;");
+    Recordset rows = cn.Open("SELECT 建設科目CD, 金額 FROM Ks_Zaihyo WHERE 決算期=?", period);
     std::vector<double> amounts;
     if (rows.Eof()) {
         return amounts;
@@ -75,8 +74,9 @@ std::vector<double> Read_Block(const Connection& cn, Edition edition, int period
 }
 
 void Write_Block(const Connection& cn, int period, Account first, std::span<const double> amounts) {
-    Recordset rows =
-        cn.Open("SELECT * FROM Ks_Zaihyo WHERE 決算期=" + std::to_string(period) + " ORDER BY 建設科目CD;");
+    Recordset rows = cn.Open("SELECT 建設科目CD, 金額, 改善後残高 FROM Ks_Zaihyo WHERE 決算期=? And "
+                             "建設科目CD>=? And 建設科目CD<?",
+                             period, Code(first), Code(first) + static_cast<int>(amounts.size()));
     for (std::size_t i = 0; i < amounts.size(); ++i) {
         if (rows.Find("建設科目CD", Code(first) + static_cast<int>(i))) {
             rows.Set("金額", amounts[i]);

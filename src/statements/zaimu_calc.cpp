@@ -52,7 +52,7 @@ class Book {
 
     Book(const Connection& store, int period, std::array<std::string, N> columns, bool visible_only)
         : cn(store), names(std::move(columns)),
-          rows(cn.Open("SELECT * FROM ks_Zaihyo WHERE 決算期=" + std::to_string(period) + ";")),
+          rows(cn.Open("SELECT * FROM Ks_Zaihyo WHERE 決算期=?", period)),
           classes(Open_Classes(period, visible_only)), of_period(period), only_visible(visible_only) {}
 
     /// Reads the class sums anew, with what has been written meanwhile; false where no row enters a sum.
@@ -94,13 +94,11 @@ class Book {
     Recordset Open_Classes(int period, bool visible_only) const {
         std::string sums;
         for (std::size_t i = 0; i < N; ++i) {
-            sums += ", Sum(IIf([内部処理正負]=1,-[" + names[i] + "],[" + names[i] + "])) AS 集計額" +
-                    std::to_string(i);
+            sums += ", Sum(CASE WHEN 内部処理正負=1 THEN -" + names[i] + " ELSE " + names[i] + " END)";
         }
-        return cn.Open(
-            "SELECT Ks_Zaihyo.科目分類識別" + sums +
-            " From Ks_Zaihyo Where 決算期=" + std::to_string(period) + " And Ks_Zaihyo.集計識別 = True" +
-            (visible_only ? " And Ks_Zaihyo.非表示識別 = False" : "") + " GROUP BY Ks_Zaihyo.科目分類識別;");
+        return cn.Open("SELECT 科目分類識別" + sums + " FROM Ks_Zaihyo WHERE 決算期=? And 集計識別<>0" +
+                           (visible_only ? " And 非表示識別=0" : "") + " GROUP BY 科目分類識別",
+                       period);
     }
 
     const Connection& cn;
@@ -300,8 +298,7 @@ void Zaimu_Shukei(const Session& session, std::uint8_t kbn) {
 }
 
 void Zaimu_Shukei_KK(const Connection& cn, const Session& session) {
-    Recordset rows = cn.Open("SELECT * FROM ks_Zaihyo WHERE 決算期=" + std::to_string(session.Syori_Ki) +
-                             " ORDER BY 建設科目CD;");
+    Recordset rows = cn.Open("SELECT * FROM Ks_Zaihyo WHERE 決算期=? ORDER BY 建設科目CD", session.Syori_Ki);
     for (; !rows.Eof(); rows.Move_Next()) {
         Store_Changed<1>(rows, {"改善後残高"}, {Improved_Balance(rows)});
     }

@@ -510,9 +510,36 @@ TEST_F(Store_Test, Recordsets_Read_And_Write) {
         EXPECT_EQ(found[c.column], c.value) << c.where << " " << c.column;
     }
     EXPECT_EQ(cn.Open("SELECT * FROM T").Count(), 801U);
-    Recordset sums = cn.Open("SELECT Sum(番号) AS 合計 FROM T");
-    sums.Set("合計", 1);
-    EXPECT_THROW(sums.Update(), Store_Error);
+    Recordset few = cn.Open("SELECT 番号, 名前 FROM T WHERE 番号=? And 名前=?", 900, "追加");
+    few.Set("名前", "'); DROP TABLE T; --");
+    few.Update();
+    EXPECT_EQ(cn.Open("SELECT 名前 FROM T WHERE 番号=?", 900).At(0), few["名前"]);
+    for (const char* no_rows_of_a_table :
+         {"SELECT Sum(番号) AS 番号 FROM T", "SELECT DISTINCT 番号 FROM T",
+          "SELECT 番号 FROM T GROUP BY 番号", "SELECT 番号 FROM T WHERE 番号>5 GROUP BY 番号",
+          "SELECT a.番号 FROM T a LEFT JOIN T b ON a.番号=b.番号",
+          "SELECT a.番号 FROM T AS a, T AS b WHERE a.番号=b.番号"}) {
+        Recordset read_only = cn.Open(no_rows_of_a_table);
+        read_only.Set("番号", 1);
+        EXPECT_THROW(read_only.Update(), Store_Error) << no_rows_of_a_table;
+    }
+}
+
+TEST_F(Store_Test, What_Was_Prepared_Serves_Again) {
+    const Connection cn(file, Delivered_Key());
+    const auto columns = [&cn] { return cn.Open("SELECT * FROM T WHERE 番号=?", 1).Columns().size(); };
+    const std::size_t before = columns();
+    cn.Execute("ALTER TABLE T ADD COLUMN 後 Text");
+    EXPECT_EQ(columns(), before + 1);
+    const char* const rename = "UPDATE T SET 名前=? WHERE 番号=?";
+    cn.Execute(rename, "一", 1);
+    EXPECT_THROW(cn.Execute(rename, "二"), Store_Error) << "no value of an earlier run is taken";
+    cn.Execute("CREATE UNIQUE INDEX T_key ON T (番号)");
+    const char* const renumber = "UPDATE T SET 番号=? WHERE 番号=?";
+    EXPECT_THROW(cn.Execute(renumber, 2, 1), Store_Error);
+    cn.Execute(renumber, 1002, 1);
+    EXPECT_EQ(cn.Open("SELECT 名前 FROM T WHERE 番号=?", 1002).At(0), Value("一"));
+    cn.Execute("DROP TABLE T"); // nothing kept stands in the way
 }
 
 TEST_F(Store_Test, Transactions_Are_Whole) {
@@ -532,6 +559,22 @@ TEST_F(Store_Test, Transactions_Are_Whole) {
         transaction.Commit();
     }
     EXPECT_EQ(Rows(file).size(), 400U);
+    {
+        Transaction transaction(cn);
+        cn.Execute("DELETE FROM T WHERE 番号<500");
+        {
+            const Transaction part(cn);
+            cn.Execute("DELETE FROM T");
+        }
+        {
+            Transaction part(cn);
+            cn.Execute("DELETE FROM T WHERE 番号<600");
+            part.Commit();
+        }
+        EXPECT_EQ(Rows(file).size(), 400U) << "another reader";
+        transaction.Commit();
+    }
+    EXPECT_EQ(Rows(file).size(), 200U);
 }
 
 } // namespace

@@ -80,7 +80,7 @@ class Statement_Test : public Installation {
             Recordset row = cn.Open(
                 "SELECT * FROM Ks_Zaihyo WHERE 決算期=" + std::to_string(session.Syori_Ki) +
                 " And 建設科目CD>=" + std::to_string(from) + " And 建設科目CD<=" + std::to_string(to) +
-                " And 非表示識別=False ORDER BY 建設科目CD;");
+                " And 非表示識別=0 ORDER BY 建設科目CD;");
             for (; !row.Eof(); row.Move_Next()) {
                 screens[from].push_back(
                     {static_cast<int>(row["建設科目CD"].As_Integer()), row["科目分類識別"].As_Text(),
@@ -363,7 +363,7 @@ TEST_P(Form_Test, Journal_Reaches_Rows_And_Totals) {
     Fill("借方", random, false);
     Fill("貸方", random, false);
     Cn_Open(session).Execute(
-        "UPDATE Ks_Zaihyo SET 借方 = Null, 貸方 = Null, 改善後残高 = 5 WHERE 金額編集識別=False;");
+        "UPDATE Ks_Zaihyo SET 借方 = Null, 貸方 = Null, 改善後残高 = 5 WHERE 金額編集識別=0;");
     const double completed_profit = Amount(409);
     Zaimu_Shukei_KK(session);
     for (const auto& [section, rows] : Screens("改善後残高")) {
@@ -406,8 +406,8 @@ TEST_F(National_Test, Flags_Of_Rows) {
         double shukei, shukei_kk;
     } cases[] = {
         {"as it stands", "UPDATE Ks_Zaihyo SET 仮金額 = Null;", 129, 900, 900},
-        {"a hidden row", "UPDATE Ks_Zaihyo SET 非表示識別=True WHERE 建設科目CD=100;", 129, -100, 900},
-        {"not summed", "UPDATE Ks_Zaihyo SET 集計識別=False WHERE 建設科目CD=100;", 129, -100, -100},
+        {"a hidden row", "UPDATE Ks_Zaihyo SET 非表示識別=-1 WHERE 建設科目CD=100;", 129, -100, 900},
+        {"not summed", "UPDATE Ks_Zaihyo SET 集計識別=0 WHERE 建設科目CD=100;", 129, -100, -100},
         {"no mark of deduction", "UPDATE Ks_Zaihyo SET 内部処理正負=Null WHERE 建設科目CD=114;", 129, 1100,
          1100},
         {"another mark", "UPDATE Ks_Zaihyo SET 内部処理正負=2 WHERE 建設科目CD=114;", 129, 1100, 1100},
@@ -452,11 +452,11 @@ TEST_F(National_Test, A_Period_Without_Summed_Rows_Stays) {
     EXPECT_EQ(Dump(session.Work_Store), before);
 
     session.Syori_Ki = 10;
-    Cn_Open(session).Execute("UPDATE Ks_Zaihyo SET 集計識別=False;");
+    Cn_Open(session).Execute("UPDATE Ks_Zaihyo SET 集計識別=0;");
     const std::string unmarked = Dump(session.Work_Store);
     Zaimu_Shukei(session, 2);
     EXPECT_EQ(Dump(session.Work_Store), unmarked);
-    Cn_Open(session).Execute("UPDATE Ks_Zaihyo SET 集計識別=True WHERE 建設科目CD=480;");
+    Cn_Open(session).Execute("UPDATE Ks_Zaihyo SET 集計識別=-1 WHERE 建設科目CD=480;");
     Zaimu_Shukei(session, 2);
     EXPECT_EQ(Amount(129), 0.0) << "one row of one side is enough for all totals";
     EXPECT_FALSE(Field("Ks_Zaihyo", "金額", "建設科目CD=519").Is_Null());
