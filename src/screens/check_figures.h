@@ -1,30 +1,11 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
-#include "review/scores.h"
-#include "review/social_items.h"
-#include "review/x2_calc.h"
-#include "review/y_calc.h"
+#include "review/explain.h"
 #include "screens/check_sheet.h"
-#include "screens/check_steps.h"
 #include "session/kyotu_mod.h"
 
 namespace morvane {
-
-/// What the check screens read from: the stored current figures of the period in hand, and what the routines
-/// of the scores leave behind besides their result.
-struct Check_Figures {
-    Review_Figures figures;
-    Social_Items items;
-    W5_Score w5;
-    X2_Calc x2;
-    Y_Calc y;
-    std::size_t Kosyu_Sel = 0;
-    std::int32_t Kanko_Avg = 2; ///< years of the completed-work average
-
-    [[nodiscard]] const Law_Year& Law() const { return Law_Of(figures.law_year); }
-    [[nodiscard]] const Work_Line& Line() const { return figures.works[Kosyu_Sel]; }
-};
 
 /// One line of a sheet: what stands before the figure, the figure, the control that shows it.
 struct Sheet_Line {
@@ -57,39 +38,6 @@ const std::vector<Sheet_Text>& X2_Sheets();
 const std::vector<Sheet_Text>& W_Sheets();
 const std::vector<Sheet_Text>& XZP_Sheets();
 const std::vector<Sheet_Text>& Y1_Sheets();
-
-/// The points of an item of W, in a table that is marked where the item stands.
-void Table_Of_W2(const Check_Figures& f, Check_Sheet& sheet);
-void Table_Of_W3(const Check_Figures& f, Check_Sheet& sheet);
-void Table_Of_W4(const Check_Figures& f, Check_Sheet& sheet);
-void Table_Of_W6(const Check_Figures& f, Check_Sheet& sheet);
-void Table_Of_W7(const Check_Figures& f, Check_Sheet& sheet);
-void Table_Of_W8(const Check_Figures& f, Check_Sheet& sheet);
-
-/// The steps of the scores, by the routines that form them.
-void Steps_Of_X2_1(const Check_Figures& f, Steps& steps);
-void Steps_Of_X2_2(const Check_Figures& f, Steps& steps);
-void Steps_Of_X2(const Check_Figures& f, Steps& steps);
-void Steps_Of_W1(const Check_Figures& f, Steps& steps);
-void Steps_Of_W2(const Check_Figures& f, Steps& steps);
-void Steps_Of_W3(const Check_Figures& f, Steps& steps);
-void Steps_Of_W4(const Check_Figures& f, Steps& steps);
-void Steps_Of_W5(const Check_Figures& f, Steps& steps);
-void Steps_Of_W6(const Check_Figures& f, Steps& steps);
-void Steps_Of_W7(const Check_Figures& f, Steps& steps);
-void Steps_Of_W8(const Check_Figures& f, Steps& steps);
-void Steps_Of_Young(const Check_Figures& f, Steps& steps);
-void Steps_Of_W10(const Check_Figures& f, Steps& steps);
-void Steps_Of_W(const Check_Figures& f, Steps& steps);
-void Steps_Of_X1(const Check_Figures& f, Steps& steps);
-void Steps_Of_Z1(const Check_Figures& f, Steps& steps);
-void Steps_Of_Z2(const Check_Figures& f, Steps& steps);
-void Steps_Of_Z(const Check_Figures& f, Steps& steps);
-void Steps_Of_P(const Check_Figures& f, Steps& steps);
-/// Of the indicator `x` of Y, 1 to 8, of the points A and of the score Y.
-void Steps_Of_Indicator(std::size_t x, const Check_Figures& f, Steps& steps);
-void Steps_Of_A(const Check_Figures& f, Steps& steps);
-void Steps_Of_Y(const Check_Figures& f, Steps& steps);
 
 inline std::string Number(std::int32_t value) {
     return Comma_Str(value);

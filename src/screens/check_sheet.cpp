@@ -68,14 +68,17 @@ std::vector<Check_Line> Lines(const std::vector<Sheet_Line>& from, const Check_F
 void Add_Steps(const Sheet_Text& text, const Check_Figures& f, Check_Sheet& sheet) {
     const std::string& score = sheet.results.back().value.text;
     const bool of_works = Find(XZP_Sheets(), text.mode, f.Law()) != nullptr;
-    Steps steps(sheet);
     if (of_works && score.empty()) {
-        steps.Remark("この工種には入力がないため、評点はありません。");
+        sheet.closing.emplace_back("この工種には入力がないため、評点はありません。");
         return;
     }
+    Steps steps;
     text.steps(f, steps);
+    sheet.steps = steps.Lines();
+    sheet.closing.insert(sheet.closing.end(), steps.Remarks().begin(), steps.Remarks().end());
     if (!sheet.steps.empty() && steps.Result() != (score.empty() ? "0" : score)) {
-        steps.Remark("表示している点数は前に保存された値です。入力画面を開き直すと計算し直します。");
+        sheet.closing.emplace_back(
+            "表示している点数は前に保存された値です。入力画面を開き直すと計算し直します。");
     }
 }
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "law/law_year.h"
-#include "review/review_figures.h"
+#include "review/explain.h"
 #include "session/session.h"
 
 #include <set>
@@ -47,13 +47,6 @@ struct Named_Text {
 struct Check_Line {
     std::string caption;
     Named_Text value;
-};
-
-/// A step of the calculation with the firm's own figures: what it forms, and a line that can be followed by
-/// hand ("900 ／ 3,000 ＝ 0.30000", "30.000 ≧ 5.100 のため 5.100").
-struct Check_Step {
-    std::string name;
-    std::string text;
 };
 
 /// A table in a check screen: rows of texts, one of them marked as in force.

@@ -56,6 +56,17 @@ std::string Y2_Of_W1(const Check_Figures& f) {
     return Number(Count_W1(f.items, f.Law()).missing);
 }
 
+// The points of an item, so many blocks of rows side by side.
+template <Points_Table (*Points_Of)(const Check_Figures&), int Blocks>
+void Show_Points(const Check_Figures& f, Check_Sheet& sheet) {
+    const Points_Table points = Points_Of(f);
+    Check_Table table{"", {points.item, "点数"}, {0}, {}, points.mark, Blocks};
+    for (const Points_Table::Row& row : points.rows) {
+        table.rows.push_back({{row.item}, {Number(row.points.Count())}});
+    }
+    sheet.tables.push_back(std::move(table));
+}
+
 std::string W1_Formula(std::int32_t off) {
     return "Ｙ１ × " + Number(w1_for_scheme) + " － Ｙ２ × " + Number(off);
 }
@@ -184,7 +195,7 @@ std::vector<Sheet_Text> Sheets_Of_W2_To_W6() {
          .inputs = {{"営業年数", Item<&S::Enen>}},
          .results = {{"建設業の営業継続の状況（Ｗ２）：", Item<&S::Enen_Ten>}},
          .closing = {"点数は下表の営業年数に該当する点数となります。"},
-         .more = Table_Of_W2,
+         .more = Show_Points<Points_Of_W2, 3>,
          .steps = Steps_Of_W2},
         {.mode = "W2",
          .law = {.with = &Law_Year::has_saisei},
@@ -197,7 +208,7 @@ std::vector<Sheet_Text> Sheets_Of_W2_To_W6() {
                      "（民事再生法又は会社更生法の適用が有の場合）"},
          .results = {{"建設業の営業継続の状況（Ｗ２）：", Item<&S::Enen_Ten>}},
          .closing = {"点数は下表の営業年数に該当する点数となります。"},
-         .more = Table_Of_W2,
+         .more = Show_Points<Points_Of_W2, 3>,
          .steps = Steps_Of_W2},
         {.mode = "W3",
          .title = "（Ｗ３）防災活動への貢献の状況 計算詳細チェック",
@@ -205,7 +216,7 @@ std::vector<Sheet_Text> Sheets_Of_W2_To_W6() {
          .inputs = {{"防災協定締結の有無", Yes_No<&S::Bkyotei>}},
          .results = {{"防災活動への貢献の状況（Ｗ３）：", Item<&S::Bkyotei_Ten>}},
          .closing = {"点数は下表に該当する点数となります。"},
-         .more = Table_Of_W3,
+         .more = Show_Points<Points_Of_W3, 1>,
          .steps = Steps_Of_W3},
         {.mode = "W4",
          .title = "（Ｗ４）法令遵守の状況 計算詳細チェック",
@@ -214,7 +225,7 @@ std::vector<Sheet_Text> Sheets_Of_W2_To_W6() {
                      [](const Check_Figures& f) { return Answer_Text(f.items.Horei, choice::compliance); }}},
          .results = {{"法令遵守の状況（Ｗ３）：", Item<&S::Horei_ten>}},
          .closing = {"点数は下表に該当する点数となります。"},
-         .more = Table_Of_W4,
+         .more = Show_Points<Points_Of_W4, 1>,
          .steps = Steps_Of_W4},
         {.mode = "W5",
          .form = "Frm_W2_Calc_Check",
@@ -248,7 +259,7 @@ std::vector<Sheet_Text> Sheets_Of_W2_To_W6() {
          .results = {{"研究開発の状況（Ｗ６）：", Item<&S::Kihatu_Ten>}},
          .closing = {"ただし、監査法人を設置していない場合は0点となります。",
                      "点数は算出した平均研究開発費に該当する点数となります。"},
-         .more = Table_Of_W6,
+         .more = Show_Points<Points_Of_W6, 3>,
          .steps = Steps_Of_W6},
     };
 }
@@ -263,7 +274,7 @@ std::vector<Sheet_Text> Sheets_From_2011() {
          .inputs = {{"建設機械の所有及びリース台数", Item<&S::Kikai>}},
          .results = {{"建設機械の保有状況（Ｗ７）：", Item<&S::Kikai_Ten>}},
          .closing = {"点数は下表に該当する点数となります。"},
-         .more = Table_Of_W7,
+         .more = Show_Points<Points_Of_W7, 2>,
          .steps = Steps_Of_W7},
         {.mode = "W8",
          .law = {.with = &Law_Year::has_w7_w8, .without = &Law_Year::has_additions},
@@ -273,7 +284,7 @@ std::vector<Sheet_Text> Sheets_From_2011() {
          .inputs = {{"ISO9001の登録の有無", Iso<1>}, {"ISO14001の登録有無", Iso<2>}},
          .results = {{"登録の状況（Ｗ８）：", Item<&S::Iso_Ten>}},
          .closing = {"点数は下表に該当する点数となります。"},
-         .more = Table_Of_W8,
+         .more = Show_Points<Points_Of_W8, 1>,
          .steps = Steps_Of_W8},
         {.mode = "W8",
          .law = {.with = &Law_Year::has_additions},
@@ -285,7 +296,7 @@ std::vector<Sheet_Text> Sheets_From_2011() {
                     {"ISO14001の登録有無", Iso<2>}},
          .results = {{"認証・登録の状況（Ｗ８）：", Item<&S::Iso_Ten>}},
          .closing = {"点数は下表に該当する点数となります。"},
-         .more = Table_Of_W8,
+         .more = Show_Points<Points_Of_W8, 1>,
          .steps = Steps_Of_W8},
         {.mode = "W9",
          .law = {.with = &Law_Year::has_additions},

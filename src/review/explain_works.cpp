@@ -2,8 +2,8 @@
 #include "law/social_points.h"
 #include "law/ten_tables.h"
 #include "law/total_weights.h"
+#include "review/explain.h"
 #include "review/works.h"
-#include "screens/check_figures.h"
 
 namespace morvane {
 
@@ -28,7 +28,7 @@ Term Average_Steps(Steps& steps, const char* name, std::int32_t years, const Fig
 }
 
 // At the law year of the six sub-scores the screen of completed work forms W by the later rule, from the same
-// ones: where it differs from that of the X2 and W screen, the sheet tells how it came about.
+// ones: where it differs from that of the X2 and W screen, the steps tell how it came about.
 void W_For_P(const Check_Figures& f, Steps& steps) {
     const Social_Items& s = f.items;
     if (f.Law().has_w7_w8) {

@@ -1,5 +1,5 @@
 // SPDX-FileCopyrightText: The Morvane developers
-#include "screens/check_figures.h"
+#include "review/explain.h"
 
 #include <cmath>
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "law/social_points.h"
-#include "screens/check_figures.h"
+#include "review/explain.h"
 
 #include <algorithm>
 #include <array>
@@ -9,28 +9,21 @@ namespace morvane {
 
 namespace {
 
-/// A table of an item and its points, marked where the item stands.
-class Points_Table {
-  public:
-    Points_Table(const char* item, int blocks) { table = {"", {item, "点数"}, {0}, {}, -1, blocks}; }
-
-    void Add(const std::string& item, Points ten, bool in_force) {
-        if (in_force) {
-            table.mark = static_cast<int>(table.rows.size());
-        }
-        table.rows.push_back({{item}, {Number(ten.Count())}});
-    }
-
-    void Put(Check_Sheet& sheet) { sheet.tables.push_back(std::move(table)); }
-
-  private:
-    Check_Table table;
-};
+std::string Number(std::int32_t value) {
+    return Term(value).text;
+}
 
 } // namespace
 
-void Table_Of_W2(const Check_Figures& f, Check_Sheet& sheet) {
-    Points_Table table("営業年数", 3);
+void Points_Table::Add(const std::string& of, Points points, bool in_force) {
+    if (in_force) {
+        mark = static_cast<int>(rows.size());
+    }
+    rows.push_back({of, points});
+}
+
+Points_Table Points_Of_W2(const Check_Figures& f) {
+    Points_Table table{"営業年数"};
     const std::int32_t years = f.items.Enen;
     const auto points = [](std::int32_t n) { return Calc_W2_Ten(Head_Count(n)); };
     table.Add(Number(w2_years_without) + "年以下", points(w2_years_without),
@@ -39,30 +32,30 @@ void Table_Of_W2(const Check_Figures& f, Check_Sheet& sheet) {
         table.Add(Number(n) + "年", points(n), years == n);
     }
     table.Add(Number(w2_years_most) + "年以上", points(w2_years_most), years < 0 || years >= w2_years_most);
-    table.Put(sheet);
+    return table;
 }
 
-void Table_Of_W3(const Check_Figures& f, Check_Sheet& sheet) {
-    Points_Table table("防災協定の締結", 1);
+Points_Table Points_Of_W3(const Check_Figures& f) {
+    Points_Table table{"防災協定の締結"};
     table.Add("1：有", Calc_W3_Ten(1), f.items.Bkyotei == 1);
     table.Add("0：無", Calc_W3_Ten(0), f.items.Bkyotei == 0);
-    table.Put(sheet);
+    return table;
 }
 
-void Table_Of_W4(const Check_Figures& f, Check_Sheet& sheet) {
+Points_Table Points_Of_W4(const Check_Figures& f) {
     constexpr std::array<const char*, 3> cases = {"0：無", "1：指示を受けた場合",
                                                   "2：営業の全部もしくは一部の停止を命ぜられた場合"};
-    Points_Table table("法令遵守の状況", 1);
+    Points_Table table{"法令遵守の状況"};
     for (std::int32_t n = 0; n < 3; ++n) {
         table.Add(cases[static_cast<std::size_t>(n)], Calc_W4_Ten(n), f.items.Horei == n);
     }
-    table.Put(sheet);
+    return table;
 }
 
 // The bands of the average cost: thousand yen, points only with an accounting auditor.
-void Table_Of_W6(const Check_Figures& f, Check_Sheet& sheet) {
+Points_Table Points_Of_W6(const Check_Figures& f) {
     const std::int64_t average = (std::int64_t{f.items.Kihatu[0]} + f.items.Kihatu[1]) / 2;
-    Points_Table table("平均研究開発費（千円）", 3);
+    Points_Table table{"平均研究開発費（千円）"};
     std::int64_t above = INT64_MAX;
     const auto add = [&](const Points_Band& band) {
         table.Add(Number(band.from) + "以上", Points(band.points),
@@ -71,21 +64,21 @@ void Table_Of_W6(const Check_Figures& f, Check_Sheet& sheet) {
     };
     std::for_each(w6_bands.begin(), w6_bands.end(), add);
     add({0, 0});
-    table.Put(sheet);
+    return table;
 }
 
-void Table_Of_W7(const Check_Figures& f, Check_Sheet& sheet) {
+Points_Table Points_Of_W7(const Check_Figures& f) {
     const std::int32_t most = w7_bands.front().from;
-    Points_Table table("所有及びリース台数", 2);
+    Points_Table table{"所有及びリース台数"};
     const std::int32_t machines = f.items.Kikai;
     for (std::int32_t n = 0; n <= most; ++n) {
         table.Add(Number(n) + (n == most ? "台以上" : "台"), Calc_W7_Ten(Head_Count(n)),
                   n == most ? machines >= most : machines == n);
     }
-    table.Put(sheet);
+    return table;
 }
 
-void Table_Of_W8(const Check_Figures& f, Check_Sheet& sheet) {
+Points_Table Points_Of_W8(const Check_Figures& f) {
     struct Holding {
         const char* text;
         std::array<std::int32_t, 3> iso;
@@ -100,14 +93,14 @@ void Table_Of_W8(const Check_Figures& f, Check_Sheet& sheet) {
     if (held[2] == 1) {
         held[0] = 0; // Eco Action counts only without ISO14001
     }
-    Points_Table table("登録・認証の状況", 1);
+    Points_Table table{"登録・認証の状況"};
     for (const Holding& holding : holdings) {
         if (holding.iso[0] == 0 || f.Law().has_additions) {
             table.Add(holding.text, Calc_W8_Ten(holding.iso[0], holding.iso[1], holding.iso[2]),
                       held == holding.iso);
         }
     }
-    table.Put(sheet);
+    return table;
 }
 
 } // namespace morvane

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "law/social_points.h"
+#include "review/explain.h"
 #include "review/social.h"
-#include "screens/check_figures.h"
 
 #include <cmath>
 
@@ -169,18 +169,18 @@ void Steps_Of_W1(const Check_Figures& f, Steps& steps) {
 }
 
 void Steps_Of_W2(const Check_Figures& f, Steps& steps) {
-    const Term points = steps.By_Row(f.items.Enen);
+    const Term points = steps.By_Row(f.items.Enen, Points_Of_W2(f));
     if (f.Law().has_saisei && f.items.Saisei == 1) {
         steps.Work("適用が有の場合", points - std::int32_t{w2_off_for_saisei}, f.items.Enen_Ten);
     }
 }
 
 void Steps_Of_W3(const Check_Figures& f, Steps& steps) {
-    steps.By_Row(f.items.Bkyotei);
+    steps.By_Row(f.items.Bkyotei, Points_Of_W3(f));
 }
 
 void Steps_Of_W4(const Check_Figures& f, Steps& steps) {
-    steps.By_Row(f.items.Horei);
+    steps.By_Row(f.items.Horei, Points_Of_W4(f));
 }
 
 void Steps_Of_W5(const Check_Figures& f, Steps& steps) {
@@ -202,15 +202,16 @@ void Steps_Of_W6(const Check_Figures& f, Steps& steps) {
         return;
     }
     const auto average = static_cast<std::int32_t>((std::int64_t{s.Kihatu[0]} + s.Kihatu[1]) / 2);
-    steps.By_Row(steps.Work("平均研究開発費", (Term(s.Kihatu[0]) + s.Kihatu[1]) / 2, average));
+    steps.By_Row(steps.Work("平均研究開発費", (Term(s.Kihatu[0]) + s.Kihatu[1]) / 2, average),
+                 Points_Of_W6(f));
 }
 
 void Steps_Of_W7(const Check_Figures& f, Steps& steps) {
-    steps.By_Row(f.items.Kikai);
+    steps.By_Row(f.items.Kikai, Points_Of_W7(f));
 }
 
 void Steps_Of_W8(const Check_Figures& f, Steps& steps) {
-    steps.By_Row(f.items.Iso[2]);
+    steps.By_Row(f.items.Iso[2], Points_Of_W8(f));
 }
 
 void Steps_Of_Young(const Check_Figures& f, Steps& steps) {

@@ -1,0 +1,64 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <utility>
+
+namespace morvane {
+
+/// An exact rational number, as large as the figures of a calculation by hand need it.
+class Fraction {
+  public:
+    __extension__ using Whole = __int128;
+
+    Fraction(Whole number) : numerator(number) {} // NOLINT: a whole number is one
+    Fraction(Whole the_numerator, Whole the_denominator);
+
+    [[nodiscard]] Whole Floor() const;
+    [[nodiscard]] double To_Double() const;
+
+    friend Fraction operator+(const Fraction& a, const Fraction& b);
+    friend Fraction operator-(const Fraction& a, const Fraction& b);
+    friend Fraction operator*(const Fraction& a, const Fraction& b);
+    friend Fraction operator/(const Fraction& a, const Fraction& b); ///< b not 0
+    friend bool operator==(const Fraction& a, const Fraction& b) = default;
+    friend bool operator<(const Fraction& a, const Fraction& b);
+
+  private:
+    Whole numerator;
+    Whole denominator = 1; ///< above 0, without a common factor
+};
+
+/// A power of ten, from 0 on.
+[[nodiscard]] Fraction Power_Of_Ten(int exponent);
+
+/// A figure, or an expression of figures, as it is printed, with the value of what is printed.
+class Term {
+  public:
+    Term(std::int32_t figure); // NOLINT: figures stand in expressions as they are
+    /// A figure with fixed decimals.
+    Term(double figure, int decimals);
+    /// A figure with the decimals that it has, at most six digits.
+    static Term Decimal(double figure);
+
+    std::string text;
+    Fraction value;
+
+    friend Term operator+(const Term& a, const Term& b);
+    friend Term operator-(const Term& a, const Term& b);
+    friend Term operator*(const Term& a, const Term& b);
+    friend Term operator/(const Term& a, const Term& b);
+
+  private:
+    enum class Rank { Sum, Product, Figure };
+    Term(std::string the_text, const Fraction& the_value, Rank the_rank)
+        : text(std::move(the_text)), value(the_value), rank(the_rank) {}
+
+    [[nodiscard]] std::string Right_Of(Rank least) const;
+    [[nodiscard]] std::string Left_Of(Rank least) const;
+
+    Rank rank = Rank::Figure;
+};
+
+} // namespace morvane
