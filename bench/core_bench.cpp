@@ -62,7 +62,7 @@ BENCHMARK(Score_From_File)->Unit(benchmark::kMicrosecond);
 void Aggregate_Period(benchmark::State& state) {
     const Session& session = The_Sample().session;
     for (auto _ : state) {
-        Zaimu_Shukei(session, 2);
+        Zaimu_Shukei(session, Amount_Column::Current);
     }
 }
 BENCHMARK(Aggregate_Period)->Unit(benchmark::kMillisecond);

@@ -66,13 +66,8 @@ bool Report(const char* what, std::vector<double> samples, double limit) {
     return at(0.95) < limit;
 }
 
-constexpr std::pair<std::int16_t, std::int16_t> sections[] = {{100, 129}, {130, 149}, {150, 199}, {200, 249},
-                                                              {250, 399}, {400, 419}, {420, 469}, {470, 489},
-                                                              {490, 529}, {530, 579}, {700, 729}};
-
-std::unique_ptr<Frm_KsZaihyo> Open(Bare_Shell& shell, std::int16_t from, std::int16_t to) {
-    shell.session.Kamoku_From = from;
-    shell.session.Kamoku_To = to;
+std::unique_ptr<Frm_KsZaihyo> Open(Bare_Shell& shell, std::uint8_t screen_no) {
+    shell.session.Screen_No = screen_no;
     auto screen = std::make_unique<Frm_KsZaihyo>(shell);
     screen->resize(1004, 740);
     screen->show();
@@ -102,15 +97,15 @@ int main(int argc, char** argv) {
     session.Syori_Ki = 35;
     Bare_Shell shell(session);
 
-    Open(shell, 100, 129); // fonts and style are ready
+    Open(shell, 41); // fonts and style are ready
     std::vector<double> opening;
     for (int round = 0; round < 10; ++round) {
-        for (const auto& [from, to] : sections) {
-            opening.push_back(Milliseconds([&shell, from = from, to = to] { Open(shell, from, to); }));
+        for (const std::uint8_t screen_no : {41, 42, 43, 44, 45, 46, 47, 48, 49, 50, 51}) {
+            opening.push_back(Milliseconds([&] { Open(shell, screen_no); }));
         }
     }
 
-    const auto screen = Open(shell, 200, 249);
+    const auto screen = Open(shell, 44);
     screen->activateWindow();
     screen->setFocus();
     QApplication::processEvents();

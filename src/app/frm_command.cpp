@@ -411,7 +411,7 @@ bool Frm_Command::Store_Sums() {
     const auto save = [this] {
         const Connection cn = Cn_Open(shell.session);
         Transaction transaction(cn);
-        Zaimu_Shukei(cn, shell.session, 2);
+        Zaimu_Shukei(cn, shell.session, Amount_Column::Current);
         Zaimu_Shukei_KK(cn, shell.session);
         transaction.Commit();
     };

@@ -2,6 +2,7 @@
 #include "app/menu_table.h"
 
 #include "law/law_year.h"
+#include "statements/sections.h"
 
 #include <stdexcept>
 
@@ -57,29 +58,15 @@ constexpr std::array<Menu_Group, 3> groups = {{
     {"補助処理", other_group},
 }};
 
+/// The entry of a section of the statements, which has its titles and accounts itself.
 constexpr Menu_Entry Statement(const char* name, const char* caption, std::uint8_t screen_no,
-                               std::int16_t from, std::int16_t to, const char* title,
-                               const char* ip_class = "") {
+                               const char* kojin_caption = nullptr) {
     return {.name = name,
             .caption = caption,
             .target = "Frm_KsZaihyo",
             .role = Form_Role::Statement,
             .screen_no = screen_no,
-            .title = title,
-            .kamoku_from = from,
-            .kamoku_to = to,
-            .ip_class = ip_class};
-}
-
-constexpr Menu_Entry With_Kojin(Menu_Entry entry, const char* caption, const char* title) {
-    entry.kojin_caption = caption;
-    entry.kojin_title = title;
-    return entry;
-}
-
-constexpr Menu_Entry With_Old_Title(Menu_Entry entry, const char* title) {
-    entry.old_form_title = title;
-    return entry;
+            .kojin_caption = kojin_caption};
 }
 
 constexpr Menu_Entry For_Corporation(Menu_Entry entry) {
@@ -96,42 +83,29 @@ constexpr Menu_Entry Close(const char* name) {
 }
 
 constexpr std::array<Menu_Entry, 7> balance_sheet = {{
-    Statement("Cmd_KsT(0)", "流動資産", 41, 100, 129, "貸借対照表－流動資産"),
-    Statement("Cmd_KsT(1)", "有形固定資産  減価償却", 42, 130, 149,
-              "貸借対照表－有形固定資産、減価償却累計額"),
-    With_Kojin(Statement("Cmd_KsT(2)", "無形固定資産  ～繰延資産", 43, 150, 199,
-                         "貸借対照表－無形固定資産、投資等、繰延資産"),
-               " 無形固定資産  投資等", "貸借対照表－無形固定資産、投資等"),
-    Statement("Cmd_KsT(3)", "流動・固定負債", 44, 200, 249, "貸借対照表－流動負債、固定負債"),
-    With_Old_Title(With_Kojin(Statement("Cmd_KsT(4)", "資本金、剰余金", 45, 250, 399,
-                                        "貸借対照表－資本金、法定準備金、剰余金"),
-                              "  期首資本金  事業主勘定", "貸借対照表－期首資本金、事業主勘定"),
-                   "貸借対照表－資本金、利益剰余金、評価・換算差額等"),
+    Statement("Cmd_KsT(0)", "流動資産", 41),
+    Statement("Cmd_KsT(1)", "有形固定資産  減価償却", 42),
+    Statement("Cmd_KsT(2)", "無形固定資産  ～繰延資産", 43, " 無形固定資産  投資等"),
+    Statement("Cmd_KsT(3)", "流動・固定負債", 44),
+    Statement("Cmd_KsT(4)", "資本金、剰余金", 45, "  期首資本金  事業主勘定"),
     Print_Statements("Cmd_KsT(5)"),
     Close("Cmd_KsT(6)"),
 }};
 
 constexpr std::array<Menu_Entry, 8> income_statement = {{
-    Statement("Cmd_KsS(0)", "売上高", 46, 400, 419, "損益計算書－売上高", "Kku"),
-    Statement("Cmd_KsS(1)", "一般管理費", 47, 420, 469, "損益計算書－販売費・一般管理費", "Ipk"),
-    Statement("Cmd_KsS(2)", "営業外損益", 48, 470, 489, "損益計算書－営業外損益", "Ipk"),
-    For_Corporation(
-        Statement("Cmd_KsS(3)", "特別損益  損益処理", 49, 490, 529, "損益計算書－特別損益、損益処分", "Egs")),
-    Statement("Cmd_KsS(4)", "完成工事原価報告書", 50, 530, 579, "損益計算書－完成工事原価報告書"),
-    Statement("Cmd_KsS(5)", " 兼業売上原価  報告書", 51, 700, 729, "損益計算書－兼業事業売上原価報告書"),
+    Statement("Cmd_KsS(0)", "売上高", 46),
+    Statement("Cmd_KsS(1)", "一般管理費", 47),
+    Statement("Cmd_KsS(2)", "営業外損益", 48),
+    For_Corporation(Statement("Cmd_KsS(3)", "特別損益  損益処理", 49)),
+    Statement("Cmd_KsS(4)", "完成工事原価報告書", 50),
+    Statement("Cmd_KsS(5)", " 兼業売上原価  報告書", 51),
     Print_Statements("Cmd_KsS(6)"),
     Close("Cmd_KsS(7)"),
 }};
 
 // Present data have no accounts for the appropriation of profit, and no button leads here.
 constexpr std::array<Menu_Entry, 3> appropriation = {{
-    {.name = "Cmd_KsRs(0)",
-     .caption = "利益処分",
-     .target = "Frm_KsZaihyo",
-     .screen_no = 52,
-     .title = "利益処分",
-     .kamoku_from = 600,
-     .kamoku_to = 639},
+    {.name = "Cmd_KsRs(0)", .caption = "利益処分", .target = "Frm_KsZaihyo", .screen_no = 52},
     Print_Statements("Cmd_KsRs(1)"),
     Close("Cmd_KsRs(2)"),
 }};
@@ -234,21 +208,8 @@ void Set_Mode(Session& session, std::uint8_t mode) {
 }
 
 std::string Title_Of(const Menu_Entry& entry, const Session& session) {
-    if (!session.Is_Corporation() && entry.kojin_title != nullptr) {
-        return entry.kojin_title;
-    }
-    const bool old_form = session.Data_Ver == 1 || session.Data_Ver == 2;
-    return session.Is_Corporation() && old_form && entry.old_form_title != nullptr ? entry.old_form_title
-                                                                                   : entry.title;
-}
-
-std::int16_t Visible_Rows(const Session& session, const Menu_Entry& entry) {
-    const Connection cn = Cn_Open(session);
-    const Recordset rows =
-        cn.Open("SELECT 建設科目CD FROM Ks_Zaihyo WHERE 決算期=? And 建設科目CD>=? And 建設科目CD<=? "
-                "And 非表示識別=0",
-                session.Syori_Ki, entry.kamoku_from, entry.kamoku_to);
-    return static_cast<std::int16_t>(rows.Count());
+    const Account_Section* section = Section_Of_Screen(entry.screen_no);
+    return section == nullptr ? entry.title : section->Title(session.Kind().type, session.Data_Ver);
 }
 
 } // namespace
@@ -331,20 +292,9 @@ bool Enter_Screen(Session& session, const Menu_Entry& entry) {
     if (!Pass_Gates(session, entry.gates)) {
         return false;
     }
-    std::int16_t count = session.Kamoku_Cnt;
-    if (entry.kamoku_to != 0) {
-        count = static_cast<std::int16_t>(Visible_Rows(session, entry) - 1);
-    }
     if (entry.screen_no != 0) {
         session.Screen_No = entry.screen_no;
         session.Screen_Title = Title_Of(entry, session);
-    }
-    if (entry.kamoku_to != 0) {
-        session.Zaihyo_Table = "Ks_Zaihyo";
-        session.Ip_Class = entry.ip_class;
-        session.Kamoku_From = entry.kamoku_from;
-        session.Kamoku_To = entry.kamoku_to;
-        session.Kamoku_Cnt = count;
     }
     return true;
 }

@@ -36,12 +36,7 @@ struct Menu_Entry {
     const char* title = "";     ///< Screen_Title
     std::array<Gate, 3> gates{};
     const char* kojin_caption = nullptr; ///< for an individual, where it differs
-    const char* kojin_title = nullptr;
-    const char* old_form_title = nullptr; ///< for a corporation's data of the forms 1 and 2
-    const char* multi_caption = nullptr;  ///< in multi-company mode
-    std::int16_t kamoku_from = 0;         ///< account range of a statement screen
-    std::int16_t kamoku_to = 0;
-    const char* ip_class = "";
+    const char* multi_caption = nullptr; ///< in multi-company mode
     bool corporation_only = false;
     bool always = false; ///< enabled without a company in hand
 };
@@ -81,9 +76,8 @@ bool Is_Enabled(const Menu_Entry& entry, const Session& session);
 /// Tells the session that a panel opens: mode and title of the simulation. False where its gate refuses.
 bool Enter_Panel(Session& session, const Menu_Entry& opener);
 
-/// Tells the session what an entry opens: gates, number and title of the screen, account range and the number
-/// of its visible rows. False where a gate refuses; the session is then as it was. Raises Store_Error,
-/// Run_Time_Error.
+/// Tells the session what an entry opens: gates, number and title of the screen. False where a gate refuses;
+/// the session is then as it was. Raises Store_Error, Run_Time_Error.
 bool Enter_Screen(Session& session, const Menu_Entry& entry);
 
 /// The comparison with another firm: mode 3, its title, its gate. No button leads to it. False where the gate

@@ -3,7 +3,7 @@
 
 #include "law/accounts.h"
 #include "law/elements.h"
-#include "statements/zaimu_calc.h"
+#include "statements/account_book.h"
 
 #include <algorithm>
 #include <array>
@@ -42,6 +42,14 @@ Recordset Rows_Of(const Connection& cn, const char* table, const char* key, std:
     return cn.Open(std::string("SELECT * FROM ") + table + " WHERE 決算期=? ORDER BY " + key, period);
 }
 
+/// What the balance after the journal of a row comes to.
+Yen Balance_Of(const Recordset& row) {
+    const auto amount = [&row](const char* column) { return Yen(row[column].As_Double()); };
+    return Improved_Balance(static_cast<Account>(row["建設科目CD"].As_Integer()),
+                            row["貸借正負"].As_Integer() == 1, amount("金額"), amount("借方"),
+                            amount("貸方"));
+}
+
 Json Statement_Json(const Connection& cn, std::int64_t period, bool corporation) {
     // Import computes the totals of the working columns itself; those of a saved slot stay as they were
     // saved.
@@ -55,7 +63,7 @@ Json Statement_Json(const Connection& cn, std::int64_t period, bool corporation)
         Json fields = Json::Object();
         if (row["金額編集識別"].As_Boolean()) {
             fields = Fields(row, {"金額", "仮金額", "借方", "貸方"});
-            if (!row["改善後残高"].Is_Null() && row["改善後残高"].As_Double() != Improved_Balance(row)) {
+            if (!row["改善後残高"].Is_Null() && Yen(row["改善後残高"].As_Double()) != Balance_Of(row)) {
                 fields["改善後残高"] = To_Json(row["改善後残高"]);
             }
         }

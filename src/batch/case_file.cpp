@@ -92,7 +92,7 @@ class Case_Builder {
             source.Put_Table(cn, period, Case_Table::Kandaka_Gj);
             source.Put_Table(cn, period, Case_Table::W_Yoso);
             source.Put_Table(cn, period, Case_Table::QandA);
-            Zaimu_Shukei(cn, session, 2);
+            Zaimu_Shukei(cn, session, Amount_Column::Current);
         });
     }
 
@@ -110,7 +110,7 @@ class Case_Builder {
             Zaimu_Shukei_KK(cn, session);
             if (source.Gives_Balances(period)) {
                 source.Put_Balances(cn, period);
-                Zaimu_Shukei(cn, session, 3);
+                Zaimu_Shukei(cn, session, Amount_Column::Improved);
             }
         });
     }

@@ -1,6 +1,10 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
+#include "law/firm_kind.h"
+
+#include <array>
+#include <span>
 #include <string>
 
 namespace morvane {
@@ -9,6 +13,8 @@ namespace morvane {
 /// knows by themselves, by 建設科目CD. All other accounts of the delivered charts are summed by their class
 /// alone. Where the editions of the chart differ, an account stands once for each.
 enum class Account : int {
+    Capital_And_Surplus = 0, ///< 資本金・資本剰余金, of an individual 期首資本金・事業主借・事業主貸: a sum
+                             ///< without a line of its own
     Data_Form = 99, ///< データ形式: no account, its 並び順 tells the form of the period's data
 
     // ---- balance sheet: current assets
@@ -34,6 +40,9 @@ enum class Account : int {
     Leased_Assets = 140, ///< リース資産, with the two lines behind it from 2010 on, of a corporation
     Leased_Assets_Depreciation = 141,
     Leased_Assets_Book_Value = 142,
+    Other_Tangibles_2008 = 141, ///< その他 in data before 2010, which have no leases
+    Other_Tangibles_2008_Depreciation = 142,
+    Other_Tangibles_2008_Book_Value = 143,
     Other_Tangibles = 144, ///< その他
     Other_Tangibles_Depreciation = 145,
     Other_Tangibles_Book_Value = 146,
@@ -209,14 +218,15 @@ struct Edition_Accounts {
     Account depreciation_in_cost;
 };
 
-constexpr Edition_Accounts Accounts_Of_Edition(bool hokkaido) {
+constexpr Edition_Accounts Accounts_Of_Edition(Edition edition) {
     using enum Account;
-    return hokkaido ? Edition_Accounts{Current_Allowance_Hokkaido,     Completed_Work_Cost_Hokkaido,
-                                       Completed_Work_Profit_Hokkaido, Side_Business_Sales_Hokkaido,
-                                       Side_Business_Cost_Hokkaido,    Depreciation_In_Cost_Hokkaido}
-                    : Edition_Accounts{Current_Allowance_National,     Completed_Work_Cost_National,
-                                       Completed_Work_Profit_National, Side_Business_Sales_National,
-                                       Side_Business_Cost_National,    Depreciation_In_Cost_National};
+    return edition == Edition::Hokkaido
+               ? Edition_Accounts{Current_Allowance_Hokkaido,     Completed_Work_Cost_Hokkaido,
+                                  Completed_Work_Profit_Hokkaido, Side_Business_Sales_Hokkaido,
+                                  Side_Business_Cost_Hokkaido,    Depreciation_In_Cost_Hokkaido}
+               : Edition_Accounts{Current_Allowance_National,     Completed_Work_Cost_National,
+                                  Completed_Work_Profit_National, Side_Business_Sales_National,
+                                  Side_Business_Cost_National,    Depreciation_In_Cost_National};
 }
 
 /// A tangible asset of three lines: what it cost, what is written off of it, and the difference.
@@ -226,12 +236,27 @@ struct Book_Value_Lines {
     Account book_value;
 };
 
-inline constexpr Book_Value_Lines book_value_lines[] = {
+inline constexpr std::array<Book_Value_Lines, 5> book_value_lines = {{
     {Account::Buildings, Account::Buildings_Depreciation, Account::Buildings_Book_Value},
     {Account::Machines, Account::Machines_Depreciation, Account::Machines_Book_Value},
     {Account::Tools, Account::Tools_Depreciation, Account::Tools_Book_Value},
     {Account::Leased_Assets, Account::Leased_Assets_Depreciation, Account::Leased_Assets_Book_Value},
     {Account::Other_Tangibles, Account::Other_Tangibles_Depreciation, Account::Other_Tangibles_Book_Value},
-};
+}};
+
+/// The same before 2010, without leases.
+inline constexpr std::array<Book_Value_Lines, 4> book_value_lines_2008 = {{
+    book_value_lines[0],
+    book_value_lines[1],
+    book_value_lines[2],
+    {Account::Other_Tangibles_2008, Account::Other_Tangibles_2008_Depreciation,
+     Account::Other_Tangibles_2008_Book_Value},
+}};
+
+/// Those of a data form: the forms 5 and 6 are those from 2010 on.
+constexpr std::span<const Book_Value_Lines> Book_Values_Of(int data_form) {
+    return data_form == 5 || data_form == 6 ? std::span<const Book_Value_Lines>(book_value_lines)
+                                            : book_value_lines_2008;
+}
 
 } // namespace morvane

@@ -52,11 +52,6 @@ struct Session {
     std::uint8_t Screen_No = 0; ///< number of the open screen, also the QNo of its note
     std::string Screen_Title;
     std::string Sim_Title;
-    std::string Zaihyo_Table = "Ks_Zaihyo";
-    std::string Ip_Class;
-    std::int16_t Kamoku_From = 0; ///< account range of the statement screen
-    std::int16_t Kamoku_To = 0;
-    std::int16_t Kamoku_Cnt = -1; ///< visible rows of the range less 1
 
     Messages* messages = nullptr; ///< where notices and questions go
 

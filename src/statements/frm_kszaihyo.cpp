@@ -51,6 +51,12 @@ constexpr int Width_Of(const Panel_Size& size) {
     return 2 * size.column_width + theme::panel_gap;
 }
 
+/// The section that the menu has chosen.
+const Account_Section& Section_In_Hand(const Session& session) {
+    const Account_Section* section = Section_Of_Screen(session.Screen_No);
+    return section == nullptr ? account_sections.front() : *section;
+}
+
 } // namespace
 
 Frm_KsZaihyo::Frm_KsZaihyo(Shell_Port& shell_port)
@@ -58,7 +64,7 @@ Frm_KsZaihyo::Frm_KsZaihyo(Shell_Port& shell_port)
                   shell_port.session.Is_Corporation() ? QStringLiteral("Frm_KsZaihyo")
                                                       : QStringLiteral("Frm_KsZaihyoKJ"),
                   QStringLiteral("建設財務諸表"), "建設財務諸表"),
-      section(shell_port.session) {
+      section(shell_port.session, Section_In_Hand(shell_port.session)) {
     Set_Sub_Title(QString::fromStdString(shell.session.Screen_Title));
     body->setSpacing(theme::grid * 2);
     Add_Unit_Line(QString::fromUtf8(Unit_Caption(shell.session)),
@@ -232,7 +238,7 @@ void Frm_KsZaihyo::Take_Cells(const std::vector<Cell_At>& cells) {
 
 void Frm_KsZaihyo::Panel_Show() {
     for (const Statement_Line& line : section.Lines()) {
-        panels.at(line.group)->Set_Value(line.control, section.Panel().Shown(line));
+        panels.at(line.group)->Set_Value(line.control, section.Panel().Shown(line)[0].Count());
     }
     panels.at(Panel_Group::Check)
         ->Set_Check("Check", section.Panel().Check(), QString::fromUtf8(section.Panel().Check_Text()));

@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
+#include "session/session.h"
+#include "statements/sections.h"
 #include "statements/statement_panel.h"
 
 #include <optional>
@@ -20,29 +22,26 @@ struct Statement_Row {
     std::string sign;         ///< △ beside a deduction
     bool name_open = false;   ///< the caption can be keyed
     bool amount_open = false; ///< the amount can be keyed; else it is computed
-    bool adds = false;        ///< enters the subtotal of its rows
-    bool subtracts = false;   ///< and lowers it
 };
 
-/// The section of the statements that the session names (Kamoku_From to Kamoku_To of the period in hand):
-/// its visible rows as they are keyed, and the panel that follows them without a trip to the store.
+/// A section of the statements of the period in hand: its visible rows as they are keyed, and the panel that
+/// follows them without a trip to the store, by the same sums that the store takes.
 class Statement_Section {
   public:
     /// Forms the totals of the period and loads it. Raises Store_Error.
-    explicit Statement_Section(Session& the_session);
+    Statement_Section(Session& the_session, const Account_Section& the_section);
 
     [[nodiscard]] const std::vector<Statement_Row>& Rows() const { return rows; }
-    [[nodiscard]] const Statement_Panel& Panel() const { return panel; }
+    [[nodiscard]] Statement_Panel Panel() const { return {form, book}; }
     [[nodiscard]] const std::vector<Statement_Line>& Lines() const { return lines; }
 
     void Set_Name(std::size_t row, const Value& name) { rows.at(row).name = name; }
 
-    /// An amount was keyed. Of tangible assets the book value of its lines follows; the row that shows it is
-    /// returned.
+    /// An amount was keyed. Of a tangible asset its book value follows; the row that shows it is returned.
     std::optional<std::size_t> Set_Amount(std::size_t row, const Value& amount);
 
-    /// Forms the subtotals of the section and the totals behind them, after one or more amounts.
-    void Sec_Subtotals();
+    /// Forms all totals anew, after one or more amounts.
+    void Sec_Subtotals() { book.Form_Totals(form); }
 
     /// Stores captions and amounts of all rows, a blank as Null, and forms the totals of the period, in one
     /// transaction: amounts never stand beside totals that do not hold them. Raises Store_Error.
@@ -58,14 +57,19 @@ class Statement_Section {
 
   private:
     void Store_Rows(const Connection& cn) const;
-    [[nodiscard]] double Sec_RangeSum(std::size_t from, std::size_t to) const;
-    std::optional<std::size_t> Book_Value_Pair(std::size_t row);
+    void Load_Rows(const Connection& cn);
+    void Lay_Amount(std::size_t row, const Value& amount);
+    void Lay_Book_Value(std::size_t cost);
+    /// The row of the cost whose book value a row has part in.
+    [[nodiscard]] std::optional<std::size_t> Cost_Row(std::size_t row) const;
 
     Session& session;
+    const Account_Section& section;
     unsigned form;
+    Account_Book book;
     std::vector<Statement_Row> rows;
+    std::vector<std::size_t> cost_rows; ///< a depreciation and a book value behind each
     std::vector<Statement_Line> lines;
-    Statement_Panel panel;
 };
 
 /// The caption of the display unit. Amounts are yen whatever it says.

@@ -2,30 +2,37 @@
 #pragma once
 
 #include "session/session.h"
+#include "statements/account_book.h"
 
 #include <cstdint>
 
 namespace morvane {
 
+/// The columns of amounts that are summed one by one.
+enum class Amount_Column : std::uint8_t {
+    Provisional, ///< 仮金額
+    Current,     ///< 金額
+    Improved     ///< 改善後残高
+};
+
+/// Reads the rows of the period in hand with one column of amounts; rows that are not shown enter no sum.
+/// Raises Store_Error.
+Account_Book Read_Book(const Connection& cn, const Session& session, Amount_Column column);
+
 /// Sums one amount column of the period in hand into its classes and writes subtotals and totals back into
-/// their own rows, in yen and double precision. `kbn` 1: 仮金額, 2: 金額, 3: 改善後残高. Rows that are not
-/// shown stay out of the sums. An empty period is left untouched. The balance sheet (様式第15号, 個人
-/// 様式第18号) balances because row 281 is the remainder. All of it is one transaction. Raises Store_Error.
-void Zaimu_Shukei(const Session& session, std::uint8_t kbn);
+/// their own rows, in yen. Rows that are not shown stay out of the sums. Where no row enters a sum the period
+/// is left untouched. Within the transaction of the caller. Raises Store_Error.
+void Zaimu_Shukei(const Connection& cn, const Session& session, Amount_Column column);
 
-/// The same within the transaction of the caller.
-void Zaimu_Shukei(const Connection& cn, const Session& session, std::uint8_t kbn);
+/// The same in a transaction of its own.
+void Zaimu_Shukei(const Session& session, Amount_Column column);
 
-/// Forms 改善後残高 of every row of the period in hand from 金額, 借方 and 貸方 and then aggregates 借方,
-/// 貸方 and 改善後残高 together. Rows that are not shown are counted here. One transaction. Raises
-/// Store_Error.
-void Zaimu_Shukei_KK(const Session& session);
-
-/// The same within the transaction of the caller.
+/// Forms 改善後残高 of every row of the period in hand from 金額, 借方 and 貸方 and then sums 借方, 貸方 and
+/// 改善後残高 together. Rows that are not shown are counted here. Within the transaction of the caller.
+/// Raises Store_Error.
 void Zaimu_Shukei_KK(const Connection& cn, const Session& session);
 
-/// The balance after the journal of the current row of a statement, in yen: a debit-normal row rises by a
-/// debit. The owner's drawings (273) turn their sign, deliberately, since they lower the capital.
-double Improved_Balance(const Recordset& row);
+/// The same in a transaction of its own.
+void Zaimu_Shukei_KK(const Session& session);
 
 } // namespace morvane

@@ -48,9 +48,7 @@ class Leaving_Test : public Ui_Installation {
         session.Syori_Ki = static_cast<std::int16_t>(Field("Jigyo_mas", "処理決算期", "1=1").As_Integer());
         session.Hojin_Kojin = Firm_Type::Corporation;
         session.Simyu_Kubun = Law_Of(4).code;
-        session.Kamoku_From = 100;
-        session.Kamoku_To = 129;
-        session.Screen_No = 53;
+        session.Screen_No = 41;
     }
 };
 

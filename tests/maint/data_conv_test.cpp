@@ -25,30 +25,6 @@ class Data_Conversion : public Installation {
         }
         return codes;
     }
-
-    /// Turns the fresh statement into one of the form of 2008: no lease accounts, the codes behind them
-    /// lower.
-    void Make_Form_2008() {
-        const Connection cn = Cn_Open(session);
-        for (const int code : {140, 141, 142, 153, 204, 232}) {
-            cn.Execute("DELETE FROM Ks_Zaihyo WHERE 建設科目CD=" + std::to_string(code));
-        }
-        struct Range {
-            int from, to, by;
-        };
-        for (const Range& range : {Range{143, 148, 3},
-                                   {154, 156, 1},
-                                   {205, session.Is_Hokkaido() ? 217 : 208, 1},
-                                   {233, 238, 1}}) {
-            for (int code = range.from; code <= range.to; ++code) {
-                cn.Execute("UPDATE Ks_Zaihyo SET 建設科目CD=" + std::to_string(code - range.by) +
-                           " WHERE 建設科目CD=" + std::to_string(code));
-            }
-        }
-        session.Data_Ver = session.Is_Hokkaido() ? 4 : 3;
-        cn.Execute("UPDATE Ks_Zaihyo SET 並び順=" + std::to_string(session.Data_Ver) +
-                   " WHERE 建設科目CD=99");
-    }
 };
 
 class Hokkaido_Conversion : public Data_Conversion {
@@ -83,7 +59,7 @@ TEST_F(Data_Conversion, The_2010_Form_Has_The_Accounts_Of_A_New_Period) {
     // The fixed lease debt of converted data stays outside the fixed liabilities, the other new lines are
     // summed.
     Put_Amounts({{140, 600}, {141, 100}, {204, 50}, {232, 8000}});
-    Zaimu_Shukei(session, 2);
+    Zaimu_Shukei(session, Amount_Column::Current);
     EXPECT_EQ(Amount(149), 1000 + 600 - 100 + 0);
     EXPECT_EQ(Amount(248), 900 + 9);
     Expect_Box(messages.shown.back(), "財務データ変換終了", "データ変換が終了しました。");

@@ -36,12 +36,8 @@ class One_Result : public Installation, public ::testing::WithParamInterface<con
     }
 
     void Edit_Statement() {
-        constexpr std::array<std::array<std::int16_t, 2>, 6> sections = {
-            {{100, 129}, {130, 149}, {200, 249}, {250, 399}, {400, 419}, {470, 489}}};
-        const auto& range = sections[random() % sections.size()];
-        session.Kamoku_From = range[0];
-        session.Kamoku_To = range[1];
-        Statement_Section section(session);
+        constexpr std::array<std::uint8_t, 6> screens = {41, 42, 44, 45, 46, 48};
+        Statement_Section section(session, *Section_Of_Screen(screens[random() % screens.size()]));
         for (int i = 0; i < 4; ++i) {
             const std::size_t row = random() % section.Rows().size();
             if (section.Rows()[row].amount_open) {

@@ -19,10 +19,8 @@ class Statement_Screen : public Ui_Installation {
   protected:
     explicit Statement_Screen(const std::string& edition = "13") : Ui_Installation(edition) {}
 
-    void Open(std::int16_t from, std::int16_t to) {
-        session.Kamoku_From = from;
-        session.Kamoku_To = to;
-        session.Screen_No = 41;
+    void Open(std::uint8_t screen_no) {
+        session.Screen_No = screen_no;
         form = std::make_unique<Frm_KsZaihyo>(shell);
         form->resize(1004, 700);
         form->show();
@@ -71,7 +69,7 @@ TEST_F(Corporation_Screen, Keys_Go_Round_In_The_Column_And_Across_The_Rows) {
     using enum Qt::Key;
     constexpr auto plain = Qt::NoModifier;
     constexpr auto control = Qt::ControlModifier;
-    Open(100, 129);
+    Open(41);
     EXPECT_EQ(Place(), "Gaku(0)");
     const struct {
         const char* from;
@@ -95,7 +93,7 @@ TEST_F(Corporation_Screen, Keys_Go_Round_In_The_Column_And_Across_The_Rows) {
 
 TEST_F(Corporation_Screen, What_Is_No_Figure_Changes_Nothing) {
     Put_Amounts({{100, 1000}, {101, 123456789012.0}, {129, 1}});
-    Open(100, 129);
+    Open(41);
     Type("7a.");
     Key(Qt::Key_Down);
     EXPECT_EQ(Cells("Gaku", 0, 1), "7|123456789012|") << "a stored figure is never cut";
@@ -121,7 +119,8 @@ TEST_F(Corporation_Screen, What_Is_No_Figure_Changes_Nothing) {
 struct Keyed_Section {
     const char* name;
     const char* edition;
-    std::int16_t type, from, to;
+    std::int16_t type;
+    std::uint8_t screen_no;
     std::vector<std::pair<const char*, int>> moved; ///< control, account behind it
 };
 
@@ -136,21 +135,19 @@ INSTANTIATE_TEST_SUITE_P(
         Keyed_Section{"National_tangible",
                       "13",
                       1,
-                      130,
-                      149,
+                      42,
                       {{"BsIp_Yks", 149}, {"BsIp_SSKei", 199}, {"BsIp_Krj", 281}, {"Chk_TRki", 281}}},
-        Keyed_Section{"National_equity", "13", 1, 250, 399, {{"BsIp_KKbkei", 298}, {"BsIp_Krj", 281}}},
-        Keyed_Section{"Hokkaido_cost", "01", 1, 530, 579, {{"PLIp_Ksr", 409}, {"PLIp_TkrKei", 519}}},
+        Keyed_Section{"National_equity", "13", 1, 45, {{"BsIp_KKbkei", 298}, {"BsIp_Krj", 281}}},
+        Keyed_Section{"Hokkaido_cost", "01", 1, 50, {{"PLIp_Ksr", 409}, {"PLIp_TkrKei", 519}}},
         Keyed_Section{"Hokkaido_debts_of_an_individual",
                       "01",
                       2,
-                      200,
-                      249,
+                      44,
                       {{"BsIp_Rdf", 229}, {"BsIp_Ktf", 248}, {"BsIp_Msr", 281}, {"bsIp_SHKei", 319}}}),
     [](const auto& section) { return std::string(section.param.name); });
 
 TEST_P(Keyed_Screen, The_Panel_Shows_At_Each_Key_What_Is_Stored_At_The_End) {
-    Open(GetParam().from, GetParam().to);
+    Open(GetParam().screen_no);
     for (int row = 0; row < grid->Row_Count(); ++row) {
         if (grid->Is_Locked(row, 2)) {
             continue; // Enter passes it by
@@ -164,7 +161,7 @@ TEST_P(Keyed_Screen, The_Panel_Shows_At_Each_Key_What_Is_Stored_At_The_End) {
         shown[code] = Shown(control);
     }
     std::map<int, std::string> books;
-    for (int row = 0; GetParam().from == 130 && row < grid->Row_Count(); ++row) {
+    for (int row = 0; GetParam().screen_no == 42 && row < grid->Row_Count(); ++row) {
         if (grid->Is_Locked(row, 2) && row + 1 < grid->Row_Count()) {
             books[130 + row] = Cell("Gaku(" + std::to_string(row) + ")");
         }
@@ -176,7 +173,7 @@ TEST_P(Keyed_Screen, The_Panel_Shows_At_Each_Key_What_Is_Stored_At_The_End) {
         EXPECT_NE(Amount(code), 0.0) << code;
         EXPECT_EQ(Amount(code), Amount(code, "改善後残高")) << code;
     }
-    EXPECT_EQ(books.size(), GetParam().from == 130 ? 5U : 0U);
+    EXPECT_EQ(books.size(), GetParam().screen_no == 42 ? 5U : 0U);
     for (const auto& [code, text] : books) {
         EXPECT_EQ(text, Comma_Str(Value(Amount(code - 2) - Amount(code - 1)))) << code;
     }
@@ -184,7 +181,7 @@ TEST_P(Keyed_Screen, The_Panel_Shows_At_Each_Key_What_Is_Stored_At_The_End) {
 
 TEST_F(Corporation_Screen, The_Check_Turns_With_A_Yen) {
     Put_Amounts({{100, 500}, {838, 300}, {901, -200}});
-    Open(100, 129);
+    Open(41);
     EXPECT_EQ(Shown("Check"), "チェック ⇒ ＯＫ！");
     Type("501");
     Key(Qt::Key_Down);
@@ -196,7 +193,7 @@ TEST_F(Corporation_Screen, The_Check_Turns_With_A_Yen) {
 
 TEST_F(Corporation_Screen, A_Column_Is_Pasted_Whole_And_Taken_Back_Whole) {
     Put_Amounts({{130, 10}, {131, 4}, {133, 20}});
-    Open(130, 149);
+    Open(42);
     const std::string before = Cells("Gaku", 0, 9);
     Paste("¥1,000\r\n300\r\n9\r\n２０\r\nabc\r\n\r\n(50)\r\n");
     EXPECT_EQ(Cells("Gaku", 0, 9), "1000|300|700|20||20|-50||-50||") << "book values are not pasted over";
@@ -216,7 +213,7 @@ TEST_F(Corporation_Screen, A_Column_Is_Pasted_Whole_And_Taken_Back_Whole) {
 }
 
 TEST_F(Corporation_Screen, Captions_Are_Keyed_And_Pasted_Where_They_Are_Open) {
-    Open(100, 129);
+    Open(41);
     ASSERT_TRUE(grid->Focus_Cell("Kamk(4)"));
     Paste("電子記録債権\t700\r\n");
     Key(Qt::Key_Down);
@@ -230,7 +227,7 @@ TEST_F(Corporation_Screen, Captions_Are_Keyed_And_Pasted_Where_They_Are_Open) {
 
 TEST_F(Corporation_Screen, Cancelling_Asks_And_Stores_Nothing_That_Was_Keyed) {
     Put_Amounts({{100, 500}});
-    Open(100, 129);
+    Open(41);
     Type("9999");
     Click(*form, "Canseru");
     EXPECT_TRUE(form->isVisible()) << "No is the default";
@@ -254,7 +251,7 @@ TEST_F(Corporation_Screen, Cancelling_Asks_And_Stores_Nothing_That_Was_Keyed) {
 
 TEST_F(Corporation_Screen, A_Failing_Store_Leaves_The_Screen_And_A_Second_Close_Works) {
     Put_Amounts({{139, 4000}, {400, 2000}, {530, 1200}});
-    Open(100, 129);
+    Open(41);
     Type("9999");
     for (const char* button : {"Tojiru", "Y_Disp"}) {
         for (const int n : {1, 4, 9}) {
@@ -275,7 +272,7 @@ TEST_F(Corporation_Screen, A_Failing_Store_Leaves_The_Screen_And_A_Second_Close_
 
 TEST_F(Corporation_Screen, Y_Opens_From_A_Balanced_Statement_With_What_Was_Just_Keyed) {
     Put_Amounts({{100, 3000}, {139, 4000}, {200, 1000}, {250, 5000}, {400, 2000}, {530, 1200}, {838, 150}});
-    Open(100, 129);
+    Open(41);
     Type("2950");
     messages.answers = {Answer::Yes};
     Click(*form, "Y_Disp");

@@ -122,7 +122,7 @@ TEST_F(Prior_Screen, The_Change_Of_Equity_Is_Stored_And_A_Blank_Is_Zero) {
 
 TEST_F(Prior_Screen, The_Look_At_Y_Shows_Elements_Indicators_And_Score) {
     Put_Amounts({{100, 3e8}, {139, 4e8}, {200, 1e8}, {250, 5e8}, {400, 2e9}, {530, 1.2e9}});
-    Zaimu_Shukei(session, 2);
+    Zaimu_Shukei(session, Amount_Column::Current);
     Y_Calc y;
     y.Calc_Y(session, 1);
     Show<Frm_YSisan>();

@@ -78,6 +78,25 @@ void Installation::Make_Company(std::int32_t number, std::int16_t hojin_kojin, s
     session.Simyu_Kubun = Law_Of(4).code;
 }
 
+void Installation::Make_Form_2008() {
+    const Connection cn = Cn_Open(session);
+    for (const int code : {140, 141, 142, 153, 204, 232}) {
+        cn.Execute("DELETE FROM Ks_Zaihyo WHERE 建設科目CD=" + std::to_string(code));
+    }
+    struct Range {
+        int from, to, by;
+    };
+    for (const Range& range :
+         {Range{143, 148, 3}, {154, 156, 1}, {205, session.Is_Hokkaido() ? 217 : 208, 1}, {233, 238, 1}}) {
+        for (int code = range.from; code <= range.to; ++code) {
+            cn.Execute("UPDATE Ks_Zaihyo SET 建設科目CD=" + std::to_string(code - range.by) +
+                       " WHERE 建設科目CD=" + std::to_string(code));
+        }
+    }
+    session.Data_Ver = session.Is_Hokkaido() ? 4 : 3;
+    cn.Execute("UPDATE Ks_Zaihyo SET 並び順=" + std::to_string(session.Data_Ver) + " WHERE 建設科目CD=99");
+}
+
 void Installation::Put_Amounts(const std::map<int, double>& amounts, const std::string& column) {
     const Connection cn = Cn_Open(session);
     Transaction transaction(cn);

@@ -48,6 +48,10 @@ class Installation : public ::testing::Test {
     /// Reiwa 7.
     void Make_Company(std::int32_t number, std::int16_t hojin_kojin, std::int16_t period);
 
+    /// Turns the fresh statement of the period in hand into one of the form of 2008: no lease accounts, the
+    /// codes behind them lower.
+    void Make_Form_2008();
+
     /// Puts amounts (yen) into a column of the period in hand.
     void Put_Amounts(const std::map<int, double>& amounts, const std::string& column = "金額");
 
