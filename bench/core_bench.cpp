@@ -36,7 +36,7 @@ void Open_And_Read_Store(benchmark::State& state) {
     const Session& session = The_Sample().session;
     for (auto _ : state) {
         const Connection cn(session.Work_Store, session.Db_Key, Connection::Mode::Read_Only);
-        benchmark::DoNotOptimize(Load_Review(cn, 35, scenario_genjo, {}));
+        benchmark::DoNotOptimize(Load_Review(cn, {35}, {}));
     }
 }
 BENCHMARK(Open_And_Read_Store)->Unit(benchmark::kMicrosecond);
@@ -54,7 +54,7 @@ void Score_From_File(benchmark::State& state) {
     const Session& session = The_Sample().session;
     for (auto _ : state) {
         const Connection cn(session.Work_Store, session.Db_Key, Connection::Mode::Read_Only);
-        benchmark::DoNotOptimize(Score_Company(cn, Edition::National, std::nullopt, scenario_genjo));
+        benchmark::DoNotOptimize(Score_Company(cn, Edition::National));
     }
 }
 BENCHMARK(Score_From_File)->Unit(benchmark::kMicrosecond);
@@ -71,7 +71,7 @@ BENCHMARK(Aggregate_Period)->Unit(benchmark::kMillisecond);
 void Score_In_Memory(benchmark::State& state) {
     const Session& session = The_Sample().session;
     const Connection cn(session.Work_Store, session.Db_Key, Connection::Mode::Read_Only);
-    const Review_Figures read = Load_Review(cn, 35, scenario_genjo, {});
+    const Review_Figures read = Load_Review(cn, {35}, {});
     for (auto _ : state) {
         Review_Figures figures = read;
         Y_Calc y;

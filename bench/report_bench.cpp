@@ -56,7 +56,7 @@ void Draw_On(Print_Target& target, const Kekka_Figures& kekka) {
 
 Kekka_Figures Read() {
     const Session& session = The_Many().session;
-    return Kekka_Read(Cn_Open(session), session, {session.Syori_Ki, &scenario_genjo});
+    return Kekka_Read(Cn_Open(session), session, Side_In_Hand(session));
 }
 
 void Read_Figures(benchmark::State& state) {

@@ -63,7 +63,7 @@ void Measure_Check(Shell_Port& shell, Form& owner, const Check_Request& request)
     for (int run = 0; run < 20; ++run) {
         opens.Measure([&] {
             Check_Screen::Show_Beside(owner, shell, QString::fromStdString(request.form),
-                                      Make_Check_Sheet(shell.session, request));
+                                      Make_Check_Sheet(shell.session, Side_In_Hand(shell.session), request));
         });
         owner.findChild<Form*>()->reject();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

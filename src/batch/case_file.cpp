@@ -127,16 +127,15 @@ class Case_Builder {
 
     // What cannot be computed is kept as it was given, to be mended on the screens.
     void Settle_Scores() {
-        const auto in_hand = static_cast<int>(source.firm.at("処理決算期").As_Integer());
         for (const Case_Period& period : source.periods) {
-            for (const Scenario& scenario : scenarios) {
+            for (const Scenario scenario : every_scenario) {
                 try {
                     Transaction transaction(cn);
-                    Settle_Filled(cn, {period.number, session.Kind(), period.number - in_hand}, scenario);
+                    Settle_Filled(cn, {period.number, scenario}, session.Kind());
                     transaction.Commit();
                 } catch (const Run_Time_Error& error) {
                     unsettled.push_back("第" + std::to_string(period.number) + "期（" +
-                                        std::string(scenario.name) + "）：" + error.what());
+                                        std::string(Columns_Of(scenario).name) + "）：" + error.what());
                 }
             }
         }

@@ -161,16 +161,14 @@ struct Score_Arguments {
     unsigned jobs = 0;
 };
 
-const Scenario& Named_Scenario(const std::string& name) {
-    return *std::find_if(scenarios.begin(), scenarios.end(),
-                         [&](const Scenario& scenario) { return scenario.name == name; });
+Asked_Side Side_Of(const Score_Arguments& arguments) {
+    return {arguments.period, Scenario_Named(arguments.scenario).value()};
 }
 
 int Run_Score(const Score_Arguments& arguments) {
     const Session session = Open_Installation(arguments.folder, messages);
     Score_Options options;
-    options.period = arguments.period;
-    options.scenario = &Named_Scenario(arguments.scenario);
+    options.side = Side_Of(arguments);
     options.format = arguments.format == "json"  ? Score_Format::Json
                      : arguments.format == "csv" ? Score_Format::Csv
                                                  : Score_Format::Table;
@@ -186,8 +184,7 @@ int Run_Report(const Score_Arguments& arguments, const std::string& report, cons
     const Session session = Open_Installation(arguments.folder, messages);
     Report_Options options;
     options.companies = Chosen_Companies(session, arguments.companies);
-    options.period = arguments.period;
-    options.scenario = &Named_Scenario(arguments.scenario);
+    options.side = Side_Of(arguments);
     options.report = report;
     options.output = output;
     options.jobs = arguments.jobs;

@@ -42,11 +42,6 @@ struct Printed {
     std::string notice;
 };
 
-std::int16_t Period_In_Hand(const Connection& cn) {
-    Statement row = cn.Prepare("SELECT 処理決算期 FROM Jigyo_mas");
-    return row.Step() ? static_cast<std::int16_t>(row.Integer_At(0)) : std::int16_t{0};
-}
-
 /// A variant of another law year would leave out what counts in this one.
 void Test_Variant(const Report_Row& report, const Law_Year& law, int period) {
     if (report.variant != nullptr && std::string_view(law.*report.variant) != report.name) {
@@ -58,8 +53,7 @@ void Test_Variant(const Report_Row& report, const Law_Year& law, int period) {
 
 Printed Print(const Session& session, const Report_Options& options, const Company& company) {
     const Connection cn = Open_Company(session, company);
-    const Side side = {options.period ? static_cast<std::int16_t>(*options.period) : Period_In_Hand(cn),
-                       options.scenario};
+    const Side side = Side_Of(cn, options.side);
     const Law_Year& law = Law_Of(Get_Simyu_Kubun(cn, side.period));
     const Report_Row& report =
         *Find_Report(options.report.empty() ? law.result_report : options.report.c_str());

@@ -2,11 +2,10 @@
 #pragma once
 
 #include "batch/installation.h"
-#include "review/scenario.h"
+#include "review/side.h"
 
 #include <filesystem>
 #include <iosfwd>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,8 +13,7 @@ namespace morvane {
 
 struct Report_Options {
     std::vector<Company> companies;
-    std::optional<int> period;
-    const Scenario* scenario = &scenario_genjo;
+    Asked_Side side;
     std::string report; ///< name of a report; empty: the result report of the law year, whose variants alone
                         ///< are printed
     std::filesystem::path output; ///< a PDF file, for one company, else a folder

@@ -80,9 +80,9 @@ std::string Json_Text(const Settled_Score& score) {
     Json record;
     record["管理No"] = score.kanri_no;
     record["事業所名"] = score.jigyo_name;
-    record["決算期"] = score.period;
+    record["決算期"] = score.side.period;
     record["Simyu_Kubun"] = Law_Number(score.figures.law_year);
-    record["scenario"] = score.scenario->name;
+    record["scenario"] = Columns_Of(score.side.scenario).name;
     record["Y"] = Json::Object({{"X", Floats(score.y.Y_Kekka)},
                                 {"ritu", Floats(score.y.Y_Ritu)},
                                 {"A", Short(score.y.Y_A_Ten)},
@@ -132,9 +132,9 @@ std::string Csv_Quoted(const std::string& text) {
 std::string Csv_Lines(const Settled_Score& score) {
     std::string text;
     const std::string firm = std::to_string(score.kanri_no) + "," + Csv_Quoted(score.jigyo_name) + "," +
-                             std::to_string(score.period) + "," +
+                             std::to_string(score.side.period) + "," +
                              std::to_string(Law_Number(score.figures.law_year)) + "," +
-                             std::string(score.scenario->name) + ",";
+                             std::string(Columns_Of(score.side.scenario).name) + ",";
     for (std::size_t i = 0; i < work_line_count; ++i) {
         const Work_Line& line = score.figures.works[i];
         if (!line.row) {
@@ -174,10 +174,11 @@ std::string Padded(const std::string& text, std::size_t width, bool right) {
 
 std::string Table_Text(const Settled_Score& score) {
     const Law_Year& law = Law_Of(score.figures.law_year);
-    std::string text = "■ " + std::to_string(score.kanri_no) + "  " + Shown_Text(score.jigyo_name) + "  第" +
-                       std::to_string(score.period) + "期  " + law.name +
-                       (score.scenario->number == 1 ? "" : "  [" + std::string(score.scenario->name) + "]") +
-                       "\n";
+    std::string text =
+        "■ " + std::to_string(score.kanri_no) + "  " + Shown_Text(score.jigyo_name) + "  第" +
+        std::to_string(score.side.period) + "期  " + law.name +
+        (score.side.Is_Current() ? "" : "  [" + std::string(Columns_Of(score.side.scenario).name) + "]") +
+        "\n";
     text += "  経営状況 Y " + std::to_string(score.y.Y_Ten) + "（A " + Short_Text(score.y.Y_A_Ten) +
             "）  X2 " + std::to_string(score.x2.X2_Ten) + "（自己資本 " + std::to_string(score.x2.X2_1_Ten) +
             "、利益 " + std::to_string(score.x2.X2_2_Ten) + "）  W " +

@@ -15,7 +15,7 @@ std::size_t Score_Run(const Session& session, const Score_Options& options, std:
     out << Score_Head(options.format);
     const auto score_one = [&](const Company& company) {
         const Connection cn = Open_Company(session, company);
-        Settled_Score score = Score_Company(cn, session.Kind().edition, options.period, *options.scenario);
+        Settled_Score score = Score_Company(cn, session.Kind().edition, options.side);
         score.kanri_no = company.number;
         return Score_Text(options.format, score);
     };

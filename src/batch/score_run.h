@@ -5,15 +5,13 @@
 #include "batch/score_format.h"
 
 #include <iosfwd>
-#include <optional>
 #include <vector>
 
 namespace morvane {
 
 struct Score_Options {
     std::vector<Company> companies;
-    std::optional<int> period;
-    const Scenario* scenario = &scenario_genjo;
+    Asked_Side side;
     Score_Format format = Score_Format::Table;
     unsigned jobs = 0;     ///< threads; 0 all cores
     bool progress = false; ///< a bar on the error stream

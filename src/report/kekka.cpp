@@ -36,8 +36,7 @@ bool Has_Prior_Lines(const Statement_Figures& statement) {
 /// What a period before has changed no more, so that its statement as it was closed counts in every scenario.
 void Read_Zenki(const Connection& cn, int period, Kekka_Figures& kekka) {
     const Review_Figures& figures = kekka.figures;
-    Statement_Figures statement;
-    Read_Statement(cn, period - 1, scenario_genjo.zaihyo_column, statement);
+    const Statement_Figures statement = Read_Statement(cn, {period - 1, Scenario::Genjo});
     if (statement.has_rows) {
         Y_Calc before;
         before.Calc_Y(statement, figures.firm);
@@ -57,16 +56,16 @@ void Read_Zenki(const Connection& cn, int period, Kekka_Figures& kekka) {
 } // namespace
 
 Kekka_Figures Kekka_Read(const Connection& cn, const Session& session, const Side& side) {
-    Settled_Score score = Score_Company(cn, session.Kind().edition, side.period, *side.scenario);
+    Settled_Score score = Score_Company(cn, session.Kind().edition, {side.period, side.scenario});
     Kekka_Figures kekka;
     kekka.heading = Heading_Of(session, score.jigyo_name, side.period,
-                               std::string(scenario_words[side.scenario->number - 1U]));
+                               std::string(scenario_words[static_cast<std::size_t>(side.scenario) - 1]));
     kekka.x2w_entered = score.x2w_entered;
     kekka.figures = std::move(score.figures);
     kekka.y = score.y;
     kekka.x2 = score.x2;
     kekka.items.Load(kekka.figures);
-    Read_Zenki(cn, score.period, kekka);
+    Read_Zenki(cn, score.side.period, kekka);
     return kekka;
 }
 

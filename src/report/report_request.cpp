@@ -10,13 +10,13 @@ std::vector<Side> Sides_Of(Report_Sides sides, const Side& in_hand) {
     case Report_Sides::One:
         return {in_hand};
     case Report_Sides::Improvement:
-        return {{in_hand.period, &scenario_genjo}, {in_hand.period, &scenario_kaizen}};
+        return {{in_hand.period, Scenario::Genjo}, {in_hand.period, Scenario::Kaizen}};
     case Report_Sides::Prior:
         return {in_hand.Before(), in_hand};
     case Report_Sides::All_Scenarios:
         std::vector<Side> all;
-        for (const Scenario& scenario : scenarios) {
-            all.push_back({in_hand.period, &scenario});
+        for (const Scenario scenario : every_scenario) {
+            all.push_back({in_hand.period, scenario});
         }
         return all;
     }

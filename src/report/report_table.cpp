@@ -66,8 +66,8 @@ const Report_Row* Find_Report(std::string_view name) {
 }
 
 Report_Request Request_In_Hand(const Session& session, const Report_Row& report) {
-    const Scenario& scenario = session.Sim_Mode == 2 ? scenario_kaizen : scenario_genjo;
-    return {.sides = Sides_Of(report.sides, {session.Syori_Ki, &scenario})};
+    const Scenario scenario = session.Sim_Mode == 2 ? Scenario::Kaizen : Scenario::Genjo;
+    return {.sides = Sides_Of(report.sides, Side_In_Hand(session, scenario))};
 }
 
 std::string Pdf_Of(const Report_Row& report, const Rpt_Draw& drawn, Print_State state,

@@ -43,8 +43,7 @@ Gekihen_Table Calc_Gekihen(const Review_Figures& figures) {
 }
 
 Gekihen_Table Calc_Gekihen(const Session& session) {
-    const Connection cn = Cn_Open(session);
-    return Calc_Gekihen(Load_Review(cn, session.Syori_Ki, scenario_genjo, session.Kind()));
+    return Calc_Gekihen(Load_Review(session, Side_In_Hand(session)));
 }
 
 } // namespace morvane

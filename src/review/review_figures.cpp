@@ -5,6 +5,7 @@
 #include "data/work_columns.h"
 #include "law/checked.h"
 #include "law/elements.h"
+#include "law/era_date.h"
 #include "review/work_columns.h"
 #include "session/kyotu_mod.h"
 
@@ -84,12 +85,12 @@ void Review_Figures::Put_Yoso(int code, double value) {
     }
 }
 
-bool Review_Figures::Is_Started(const Scenario& scenario) const {
-    if (scenario.number == scenario_genjo.number) {
+bool Review_Figures::Is_Started(Scenario scenario) const {
+    if (scenario == Scenario::Genjo) {
         return true;
     }
-    return std::any_of(works.begin(), works.end(), [&scenario](Work_Line line) {
-        if (scenario.number != scenario_kaizen.number) {
+    return std::any_of(works.begin(), works.end(), [scenario](Work_Line line) {
+        if (scenario != Scenario::Kaizen) {
             return line.P.up;
         }
         return std::any_of(Work_Columns().begin(), Work_Columns().begin() + copied_columns,
@@ -104,11 +105,12 @@ const std::optional<Review_Date>& Review_Figures::Date_For_W() const {
     return review_date;
 }
 
-void Read_Statement(const Connection& cn, int period, std::string_view column, Statement_Figures& figures) {
-    figures = {};
-    Statement rows = cn.Prepare("SELECT 建設科目CD, 並び順, [" + std::string(column) +
-                                "], 建設科目名 FROM Ks_Zaihyo WHERE 決算期=?");
-    rows.Bind(1, period);
+Statement_Figures Read_Statement(const Connection& cn, Side side) {
+    Statement_Figures figures;
+    Statement rows =
+        cn.Prepare("SELECT 建設科目CD, 並び順, [" + std::string(Columns_Of(side.scenario).zaihyo) +
+                   "], 建設科目名 FROM Ks_Zaihyo WHERE 決算期=?");
+    rows.Bind(1, side.period);
     while (rows.Step()) {
         figures.has_rows = true;
         const std::int64_t code = rows.Integer_At(0);
@@ -123,14 +125,15 @@ void Read_Statement(const Connection& cn, int period, std::string_view column, S
             figures.form = static_cast<int>(rows.Is_Null(1) ? 2 : rows.Integer_At(1));
         }
     }
+    return figures;
 }
 
-void Read_Elements(const Connection& cn, int period, const Scenario& scenario, Review_Figures& figures) {
+void Read_Elements(const Connection& cn, Side side, Review_Figures& figures) {
     figures.elements.fill({});
     figures.law_year = Oldest_Law_Year().code;
-    Statement rows = cn.Prepare("SELECT 要素CD, 現状, [" + std::string(scenario.yoso_column) +
+    Statement rows = cn.Prepare("SELECT 要素CD, 現状, [" + std::string(Columns_Of(side.scenario).yoso) +
                                 "] FROM W_Yoso WHERE 決算期=?");
-    rows.Bind(1, period);
+    rows.Bind(1, side.period);
     while (rows.Step()) {
         const std::int64_t code = rows.Integer_At(0);
         if (code == element::law_year && !rows.Is_Null(1)) {
@@ -152,10 +155,10 @@ void Read_Elements(const Connection& cn, int period, const Scenario& scenario, R
     }
 }
 
-void Read_Works(const Connection& cn, int period, const Scenario& scenario, Review_Figures& figures) {
+void Read_Works(const Connection& cn, Side side, Review_Figures& figures) {
     figures.works.fill({});
-    Statement rows = Prepare_Works(cn, scenario.prefix);
-    rows.Bind(1, period);
+    Statement rows = Prepare_Works(cn, Columns_Of(side.scenario).prefix);
+    rows.Bind(1, side.period);
     bool has_other_line = false;
     while (rows.Step()) {
         const std::int64_t code = rows.Integer_At(0);
@@ -189,8 +192,50 @@ void Read_Works(const Connection& cn, int period, const Scenario& scenario, Revi
     }
 }
 
-void Write_Elements(const Connection& cn, int period, const Scenario& scenario, Review_Figures& figures) {
-    Statement update = cn.Prepare("UPDATE W_Yoso SET [" + std::string(scenario.yoso_column) +
+void Read_Review_Date(const Connection& cn, Review_Figures& figures, std::optional<int> period) {
+    figures.review_date.reset();
+    figures.date_error.clear();
+    Statement firm = cn.Prepare("SELECT 決算期終了年, 決算期終了月, 決算期終了日, 処理決算期 FROM Jigyo_mas");
+    if (!firm.Step()) {
+        return;
+    }
+    const Era_Date stored = {firm.Integer_At(0), firm.Integer_At(1), firm.Integer_At(2)};
+    if (!firm.Is_Null(0)) {
+        const bool other = period && !firm.Is_Null(3);
+        const int years = other ? *period - static_cast<int>(firm.Integer_At(3)) : 0;
+        figures.review_date = Reiwa_Day(Shift_Years(stored, years));
+    }
+    if (!figures.review_date) {
+        figures.date_error = "決算期終了日「" + firm.Value_At(0).As_Text() + "/" +
+                             firm.Value_At(1).As_Text() + "/" + firm.Value_At(2).As_Text() +
+                             "」が日付ではないため、社会性等の評点（Ｗ）を計算できません。";
+    }
+}
+
+Review_Figures Load_Review(const Connection& cn, Side side, Firm_Kind firm) {
+    Review_Figures figures;
+    figures.firm = firm;
+    figures.statement = Read_Statement(cn, side);
+    Read_Elements(cn, side, figures);
+    Read_Works(cn, side, figures);
+    Read_Review_Date(cn, figures, side.period);
+    return figures;
+}
+
+Side Side_Of(const Connection& cn, const Asked_Side& asked) {
+    if (asked.period) {
+        return {*asked.period, asked.scenario};
+    }
+    Statement row = cn.Prepare("SELECT 処理決算期 FROM Jigyo_mas");
+    return {row.Step() ? static_cast<int>(row.Integer_At(0)) : 0, asked.scenario};
+}
+
+Review_Figures Load_Review(const Session& session, Side side) {
+    return Load_Review(Cn_Open(session), side, session.Kind());
+}
+
+void Write_Elements(const Connection& cn, Side side, Review_Figures& figures) {
+    Statement update = cn.Prepare("UPDATE W_Yoso SET [" + std::string(Columns_Of(side.scenario).yoso) +
                                   "] = ? WHERE 決算期=? And 要素CD=?");
     for (std::size_t code = 0; code < figures.elements.size(); ++code) {
         Element& element = figures.elements[code];
@@ -199,28 +244,28 @@ void Write_Elements(const Connection& cn, int period, const Scenario& scenario, 
         }
         update.Reset();
         update.Bind(1, element.up ? Value(element.value) : Value());
-        update.Bind(2, period);
+        update.Bind(2, side.period);
         update.Bind(3, static_cast<std::int64_t>(code));
         update.Step();
         element.dirty = false;
     }
 }
 
-void Write_Works(const Connection& cn, int period, const Scenario& scenario, Review_Figures& figures) {
+void Write_Works(const Connection& cn, Side side, Review_Figures& figures) {
+    const std::string prefix(Columns_Of(side.scenario).prefix);
     for (std::size_t code = 0; code < work_line_count; ++code) {
         std::string names;
         std::vector<Value> values;
         for (const Work_Column& column : Work_Columns()) {
             Figure& figure = column.place(figures.works[code]);
             if (figure.dirty) {
-                names += (names.empty() ? "[" : ", [") + std::string(scenario.prefix) +
-                         std::string(column.name) + "] = ?";
+                names += (names.empty() ? "[" : ", [") + prefix + std::string(column.name) + "] = ?";
                 values.push_back(figure.up ? Value(figure.value) : Value());
                 figure.dirty = false;
             }
         }
         if (!values.empty()) {
-            values.emplace_back(period);
+            values.emplace_back(side.period);
             values.emplace_back(static_cast<std::int64_t>(code));
             cn.Execute("UPDATE Kandaka_Gj SET " + names + " WHERE 決算期=? And 工種CD=?", values);
         }

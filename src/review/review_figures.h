@@ -6,7 +6,7 @@
 #include "law/firm_kind.h"
 #include "law/law_year.h"
 #include "law/work_types.h"
-#include "review/scenario.h"
+#include "review/side.h"
 
 #include <array>
 #include <cstdint>
@@ -74,7 +74,7 @@ struct Statement_Figures {
     [[nodiscard]] std::int32_t Get_Y_Kamoku(int code) const;
 };
 
-/// What the store holds of one period in one scenario, as far as the review needs it.
+/// What the store holds of a side, as far as the review needs it.
 struct Review_Figures {
     Statement_Figures statement;
     std::array<Element, 256> elements{}; ///< by 要素CD
@@ -94,23 +94,37 @@ struct Review_Figures {
     /// Whether these figures of a scenario are its own. The working scenario is started by the first figure
     /// in one of the columns that its first visit posts, on any line; a saved one by the first 総合評点P. The
     /// current figures always are.
-    [[nodiscard]] bool Is_Started(const Scenario& scenario) const;
+    [[nodiscard]] bool Is_Started(Scenario scenario) const;
 
     /// The last day of the period, for W. Raises Run_Time_Error (type mismatch) where what is stored is none.
     [[nodiscard]] const std::optional<Review_Date>& Date_For_W() const;
 };
 
-/// Reads a period's statement column (a column of Ks_Zaihyo that holds yen). Raises Store_Error.
-void Read_Statement(const Connection& cn, int period, std::string_view column, Statement_Figures& figures);
+/// Reads the statement of a side. Raises Store_Error.
+Statement_Figures Read_Statement(const Connection& cn, Side side);
 
-/// Reads elements and works of a period in a scenario, with the rows that a store gets when it is next taken
-/// in hand counted as present. Raises Store_Error, and Run_Time_Error for a figure beyond its width.
-void Read_Elements(const Connection& cn, int period, const Scenario& scenario, Review_Figures& figures);
-void Read_Works(const Connection& cn, int period, const Scenario& scenario, Review_Figures& figures);
+/// Reads elements and works of a side, with the rows that a store gets when it is next taken in hand counted
+/// as present. Raises Store_Error, and Run_Time_Error for a figure beyond its width.
+void Read_Elements(const Connection& cn, Side side, Review_Figures& figures);
+void Read_Works(const Connection& cn, Side side, Review_Figures& figures);
 
-/// Writes the dirty elements and the dirty columns of works. To be called inside a transaction.
-void Write_Elements(const Connection& cn, int period, const Scenario& scenario, Review_Figures& figures);
-void Write_Works(const Connection& cn, int period, const Scenario& scenario, Review_Figures& figures);
+/// Reads the last day of a period, without one of that in hand, into the figures: nothing where Jigyo_mas has
+/// no row, and why there is none where what it holds is no date. Jigyo_mas has that of the period in hand; a
+/// fiscal period is one year. Raises Store_Error.
+void Read_Review_Date(const Connection& cn, Review_Figures& figures, std::optional<int> period = {});
+
+/// Reads statement, elements, works and the last day of a side. Raises Store_Error, Run_Time_Error.
+Review_Figures Load_Review(const Connection& cn, Side side, Firm_Kind firm);
+
+/// The side of a firm that is asked for, by the period in hand of its store. Raises Store_Error.
+Side Side_Of(const Connection& cn, const Asked_Side& asked);
+
+/// The same from the working store.
+Review_Figures Load_Review(const Session& session, Side side);
+
+/// Writes the dirty elements and the dirty columns of works into a side. The caller holds the transaction.
+void Write_Elements(const Connection& cn, Side side, Review_Figures& figures);
+void Write_Works(const Connection& cn, Side side, Review_Figures& figures);
 
 /// Adds the rows of the elements `first` to `last` that a period lacks. The caller holds the transaction.
 /// Raises Store_Error.

@@ -53,8 +53,8 @@ constexpr std::array elements_beside_the_items = {
 
 // Current completed work without items of X2 and W is not filled: their scores would stand as if they had
 // been entered. A saved scenario is filled by anything, since its P tells that it is there.
-bool Is_Filled(const Review_Figures& figures, const Scenario& scenario) {
-    if (scenario.number == scenario_kaizen.number) {
+bool Is_Filled(const Review_Figures& figures, Scenario scenario) {
+    if (scenario == Scenario::Kaizen) {
         return figures.Is_Started(scenario); // else its first visit posts the current figures over it
     }
     for (std::size_t code = 0; code < figures.elements.size(); ++code) {
@@ -64,31 +64,31 @@ bool Is_Filled(const Review_Figures& figures, const Scenario& scenario) {
             return true;
         }
     }
-    return scenario.number != scenario_genjo.number &&
+    return scenario != Scenario::Genjo &&
            std::any_of(figures.works.begin(), figures.works.end(), [](const Work_Line& line) {
                return line.Has_Kanko() || line.Has_Motouke() || line.Has_Engineer();
            });
 }
 
-void Settle_And_Store(const Connection& cn, const Settled_Period& of, const Scenario& scenario,
-                      bool (*applies)(const Review_Figures&, const Scenario&)) {
-    const Review_Figures stored = Load_Review(cn, of.period, scenario, of.kind, of.year_shift);
-    if (!applies(stored, scenario)) {
+void Settle_And_Store(const Connection& cn, Side side, Firm_Kind firm,
+                      bool (*applies)(const Review_Figures&, Scenario)) {
+    const Review_Figures stored = Load_Review(cn, side, firm);
+    if (!applies(stored, side.scenario)) {
         return;
     }
     if (Law_Of(stored.law_year).has_additions) {
-        Add_Knowledge_Rows(cn, of.period);
+        Add_Knowledge_Rows(cn, side.period);
     }
     Review_Figures figures = stored;
     Y_Calc y;
     X2_Calc x2;
-    Settle(figures, y, x2, scenario);
+    Settle(figures, y, x2, side.scenario);
     Forget_Unchanged(stored, figures);
-    Write_Elements(cn, of.period, scenario, figures);
-    Write_Works(cn, of.period, scenario, figures);
+    Write_Elements(cn, side, figures);
+    Write_Works(cn, side, figures);
 }
 
-bool Is_Entered(const Review_Figures& figures, const Scenario&) {
+bool Is_Entered(const Review_Figures& figures, Scenario) {
     return Has_Element(figures, element::w1) && Has_Element(figures, element::total_of_two) &&
            figures.date_error.empty();
 }
@@ -120,14 +120,14 @@ void Test_Period(const Connection& cn, Edition edition, int period) {
     }
 }
 
-void Settle_Entered(const Connection& cn, const Session& session, const Scenario& scenario) {
-    Settle_And_Store(cn, {session.Syori_Ki, session.Kind()}, scenario, Is_Entered);
+void Settle_Entered(const Connection& cn, Side side, Firm_Kind firm) {
+    Settle_And_Store(cn, side, firm, Is_Entered);
 }
 
-bool Can_Settle(const Connection& cn, const Session& session, const Scenario& scenario) {
+bool Can_Settle(const Connection& cn, Side side, Firm_Kind firm) {
     const Transaction nothing_stays(cn);
     try {
-        Settle_Entered(cn, session, scenario);
+        Settle_Entered(cn, side, firm);
         return true;
     } catch (const Run_Time_Error&) {
         return false;
@@ -136,8 +136,8 @@ bool Can_Settle(const Connection& cn, const Session& session, const Scenario& sc
 
 } // namespace
 
-void Settle(Review_Figures& figures, Y_Calc& y, X2_Calc& x2, const Scenario& scenario) {
-    const bool current = scenario.number == scenario_genjo.number;
+void Settle(Review_Figures& figures, Y_Calc& y, X2_Calc& x2, Scenario scenario) {
+    const bool current = scenario == Scenario::Genjo;
     y.Calc_Y(figures.statement, figures.firm);
     x2.Calc_X2(figures, false);
     for (int round = 0; round < most_rounds; ++round) {
@@ -152,49 +152,50 @@ void Settle(Review_Figures& figures, Y_Calc& y, X2_Calc& x2, const Scenario& sce
     throw std::logic_error("the scores do not settle");
 }
 
-void Settle_Filled(const Connection& cn, const Settled_Period& of, const Scenario& scenario) {
-    Settle_And_Store(cn, of, scenario, Is_Filled);
+void Settle_Filled(const Connection& cn, Side side, Firm_Kind firm) {
+    Settle_And_Store(cn, side, firm, Is_Filled);
 }
 
-void Store_Works(const Connection& cn, const Side& side, const Works& works, bool gijutu) {
+void Store_Works(const Connection& cn, Side side, const Works& works, bool gijutu) {
     Review_Figures figures;
-    Read_Elements(cn, side.period, *side.scenario, figures);
-    Read_Works(cn, side.period, *side.scenario, figures);
+    Read_Elements(cn, side, figures);
+    Read_Works(cn, side, figures);
     if (gijutu) {
         Save_Gijutu(works, figures);
     } else {
         // The improved screens leave W to the screen of X2 and W.
         Save_Kanko(works, figures, side.Is_Current());
     }
-    Write_Elements(cn, side.period, *side.scenario, figures);
-    Write_Works(cn, side.period, *side.scenario, figures);
+    Write_Elements(cn, side, figures);
+    Write_Works(cn, side, figures);
 }
 
-void Store_W_2012(const Connection& cn, const Session& session, const Side& side, const Social_Items& items) {
-    if (Law_Of(session.Simyu_Kubun).has_additions) {
+void Store_W_2012(const Connection& cn, Side side, Firm_Kind firm, const Social_Items& items) {
+    Review_Figures figures = Load_Review(cn, side, firm);
+    if (Law_Of(figures.law_year).has_additions) {
         Add_Knowledge_Rows(cn, side.period);
     }
-    Review_Figures figures = Load_Review(cn, side.period, *side.scenario, session.Kind());
     items.Store(figures);
     X2_Calc x2;
     Y_Calc y;
     x2.Calc_X2(figures, false);
     y.Calc_Y(figures.statement, figures.firm);
     Recalc_P_All(figures, Points(x2.X2_Ten), Points(y.Y_Ten));
-    Write_Elements(cn, side.period, *side.scenario, figures);
-    Write_Works(cn, side.period, *side.scenario, figures);
+    Write_Elements(cn, side, figures);
+    Write_Works(cn, side, figures);
 }
 
-void Store_And_Settle(const Session& session, const Scenario& scenario,
+void Store_And_Settle(const Session& session, Side side,
                       const std::function<void(const Connection&)>& store) {
     const Connection cn = Cn_Open(session);
+    const Firm_Kind firm = session.Kind();
     try {
         Transaction transaction(cn);
         store(cn);
-        Settle_Entered(cn, session, scenario);
+        Settle_Entered(cn, side, firm);
         transaction.Commit();
     } catch (const Run_Time_Error&) {
-        if (Can_Settle(cn, session, scenario)) {
+        if (Can_Settle(cn, side, firm)) {
             throw;
         }
         Transaction transaction(cn);
@@ -205,10 +206,10 @@ void Store_And_Settle(const Session& session, const Scenario& scenario,
 
 void Settle_Again(const Session& session) {
     const Connection cn = Cn_Open(session);
-    for (const Scenario* scenario : {&scenario_genjo, &scenario_kaizen}) {
+    for (const Scenario scenario : {Scenario::Genjo, Scenario::Kaizen}) {
         try {
             Transaction transaction(cn);
-            Settle_Entered(cn, session, *scenario);
+            Settle_Entered(cn, Side_In_Hand(session, scenario), session.Kind());
             transaction.Commit();
         } catch (const Run_Time_Error&) {
             continue; // what stands is shown nowhere without being computed again
@@ -216,30 +217,29 @@ void Settle_Again(const Session& session) {
     }
 }
 
-Settled_Score Score_Company(const Connection& cn, Edition edition, std::optional<int> period,
-                            const Scenario& scenario) {
+Settled_Score Score_Company(const Connection& cn, Edition edition, const Asked_Side& asked) {
     const Transaction reading(cn, Transaction::Purpose::Read);
     const Firm firm = Read_Firm(cn);
     Settled_Score score;
     score.kanri_no = firm.number;
     score.jigyo_name = firm.name;
-    score.period = period.value_or(firm.period);
-    score.scenario = &scenario;
-    const int year_shift = score.period - firm.period;
-    score.figures = Load_Review(cn, score.period, scenario, {edition, firm.type}, year_shift);
-    Test_Period(cn, edition, score.period);
-    if (!score.figures.Is_Started(scenario)) {
-        if (scenario.number != scenario_kaizen.number) {
-            throw Score_Refusal("「保存値" + std::string(scenario.name) +
+    const Side side = {asked.period.value_or(firm.period), asked.scenario};
+    score.side = side;
+    score.figures = Load_Review(cn, side, {edition, firm.type});
+    Test_Period(cn, edition, side.period);
+    if (!score.figures.Is_Started(side.scenario)) {
+        if (side.scenario != Scenario::Kaizen) {
+            throw Score_Refusal("「保存値" + std::string(Columns_Of(side.scenario).name) +
                                 "」に保存された改善後数値データはありません。");
         }
+        const Side genjo = {side.period, Scenario::Genjo};
         Review_Figures current;
-        Read_Elements(cn, score.period, scenario_genjo, current);
-        Read_Works(cn, score.period, scenario_genjo, current);
+        Read_Elements(cn, genjo, current);
+        Read_Works(cn, genjo, current);
         Post_Current(current, score.figures);
     }
     Statement names = cn.Prepare("SELECT 工種CD, 工種略 FROM Kandaka_Gj WHERE 決算期=?");
-    names.Bind(1, score.period);
+    names.Bind(1, side.period);
     while (names.Step()) {
         const std::int64_t code = names.Integer_At(0);
         if (code >= 0 && code < static_cast<std::int64_t>(work_line_count)) {
@@ -247,7 +247,7 @@ Settled_Score Score_Company(const Connection& cn, Edition edition, std::optional
         }
     }
     score.x2w_entered = score.figures.elements[element::w1].up;
-    Settle(score.figures, score.y, score.x2, scenario);
+    Settle(score.figures, score.y, score.x2, side.scenario);
     return score;
 }
 

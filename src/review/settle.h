@@ -15,12 +15,11 @@
 
 namespace morvane {
 
-/// All scores of a company in one period and scenario, with the figures they settled on.
+/// All scores of a side of a company, with the figures they settled on.
 struct Settled_Score {
     std::int32_t kanri_no = 0;
     std::string jigyo_name;
-    int period = 0;
-    const Scenario* scenario = &scenario_genjo;
+    Side side;
     bool x2w_entered = false; ///< the items of X2 and W were stored before (element 100)
     Y_Calc y;
     X2_Calc x2;
@@ -33,35 +32,27 @@ struct Settled_Score {
 /// sub-scores reach the total a pass late. At law year 1 the W of the completed-work screen stands, and in
 /// the other scenarios than the current one that of the X2/W screen, which alone stores it there. P always
 /// holds the W beside it. Raises Run_Time_Error on overflow and where W needs a date that is none.
-void Settle(Review_Figures& figures, Y_Calc& y, X2_Calc& x2, const Scenario& scenario = scenario_genjo);
+void Settle(Review_Figures& figures, Y_Calc& y, X2_Calc& x2, Scenario scenario = Scenario::Genjo);
 
-/// A period of a firm whose stored scores are settled.
-struct Settled_Period {
-    int period;
-    Firm_Kind kind;
-    int year_shift = 0; ///< years from the period in hand
-};
-
-/// Settles and stores the scores of a scenario that figures were brought into from outside; nothing where
-/// there are none. The caller holds the transaction. Raises Store_Error, Run_Time_Error.
-void Settle_Filled(const Connection& cn, const Settled_Period& of, const Scenario& scenario);
+/// Settles and stores the scores of a side that figures were brought into from outside; nothing where there
+/// are none. The caller holds the transaction. Raises Store_Error, Run_Time_Error.
+void Settle_Filled(const Connection& cn, Side side, Firm_Kind firm);
 
 /// Stores what a screen of the works holds, as closing it does; `gijutu` is the engineer screen. The caller
 /// holds the transaction. Raises Store_Error, Run_Time_Error.
-void Store_Works(const Connection& cn, const Side& side, const Works& works, bool gijutu);
+void Store_Works(const Connection& cn, Side side, const Works& works, bool gijutu);
 
-/// Stores the items of a side of the period in hand and forms P anew, as closing the screen of X2 and W does;
-/// the rows of knowledge and skill are added where its law year has them and they are missing. The caller
-/// holds the transaction. Raises Store_Error, Run_Time_Error.
-void Store_W_2012(const Connection& cn, const Session& session, const Side& side, const Social_Items& items);
+/// Stores the items of a side and forms P anew, as closing the screen of X2 and W does; the rows of knowledge
+/// and skill are added where its law year has them and they are missing. The caller holds the transaction.
+/// Raises Store_Error, Run_Time_Error.
+void Store_W_2012(const Connection& cn, Side side, Firm_Kind firm, const Social_Items& items);
 
-/// Stores by `store` what a review screen holds and, in the same transaction, settles the scores of its
-/// scenario of the period in hand: once X2/W and completed work were both stored (elements 100 and 202), and
-/// while the closing date is one. Where a score cannot be computed nothing is stored. Only where it could not
-/// be computed before either, what the screen holds is stored alone, so that figures on two screens can be
-/// mended one after the other. Raises Store_Error, Run_Time_Error.
-void Store_And_Settle(const Session& session, const Scenario& scenario,
-                      const std::function<void(const Connection&)>& store);
+/// Stores by `store` what a review screen holds and, in the same transaction, settles the scores of its side:
+/// once X2/W and completed work were both stored (elements 100 and 202), and while the closing date is one.
+/// Where a score cannot be computed nothing is stored. Only where it could not be computed before either,
+/// what the screen holds is stored alone, so that figures on two screens can be mended one after the other.
+/// Raises Store_Error, Run_Time_Error.
+void Store_And_Settle(const Session& session, Side side, const std::function<void(const Connection&)>& store);
 
 /// Brings the stored scores of the period in hand, current and improved, in line with what they are formed
 /// from, after a statement, the closing date or the law year may have changed. Scores that can no longer be
@@ -69,12 +60,11 @@ void Store_And_Settle(const Session& session, const Scenario& scenario,
 /// Store_Error.
 void Settle_Again(const Session& session);
 
-/// Scores a company from an open store, read only. Without `period` the period in hand of Jigyo_mas; for
-/// another one the closing date moves by whole years. A working scenario that was never started is what its
+/// Scores a side of a company from an open store, read only; the closing date of another period than the one
+/// in hand is whole years from it. A working scenario that was never started is what its
 /// first visit would post; an empty slot is refused. Raises Store_Error, Run_Time_Error and Score_Refusal
 /// with the reason.
-Settled_Score Score_Company(const Connection& cn, Edition edition, std::optional<int> period,
-                            const Scenario& scenario);
+Settled_Score Score_Company(const Connection& cn, Edition edition, const Asked_Side& asked = {});
 
 /// A reason in Japanese why a company has no score (an unregistered period, an empty slot, data too old).
 class Score_Refusal : public std::runtime_error {

@@ -66,9 +66,10 @@ Entry_Limit Limit_Of(Work_Figure figure) {
 }
 
 Entry_Limit Limit_Of_Work_Column(std::string_view column) {
-    for (const Scenario& scenario : scenarios) {
-        if (!scenario.prefix.empty() && column.starts_with(scenario.prefix)) {
-            column.remove_prefix(scenario.prefix.size());
+    for (const Scenario scenario : every_scenario) {
+        const std::string_view prefix = Columns_Of(scenario).prefix;
+        if (!prefix.empty() && column.starts_with(prefix)) {
+            column.remove_prefix(prefix.size());
             break;
         }
     }

@@ -3,7 +3,6 @@
 
 #include "law/checked.h"
 #include "law/elements.h"
-#include "law/era_date.h"
 #include "law/total_weights.h"
 #include "review/scores.h"
 
@@ -42,35 +41,6 @@ Law_Year_No Get_Simyu_Kubun(const Connection& cn, int period) {
     return Law_Of(rows.Eof() ? oldest : rows["現状"].As_Integer(oldest)).code;
 }
 
-void Read_Review_Date(const Connection& cn, Review_Figures& figures, int year_shift) {
-    figures.review_date.reset();
-    figures.date_error.clear();
-    Statement firm = cn.Prepare("SELECT 決算期終了年, 決算期終了月, 決算期終了日 FROM Jigyo_mas");
-    if (!firm.Step()) {
-        return;
-    }
-    const Era_Date stored = {firm.Integer_At(0), firm.Integer_At(1), firm.Integer_At(2)};
-    if (!firm.Is_Null(0)) {
-        figures.review_date = Reiwa_Day(Shift_Years(stored, year_shift));
-    }
-    if (!figures.review_date) {
-        figures.date_error = "決算期終了日「" + firm.Value_At(0).As_Text() + "/" +
-                             firm.Value_At(1).As_Text() + "/" + firm.Value_At(2).As_Text() +
-                             "」が日付ではないため、社会性等の評点（Ｗ）を計算できません。";
-    }
-}
-
-Review_Figures Load_Review(const Connection& cn, int period, const Scenario& scenario, Firm_Kind kind,
-                           int year_shift) {
-    Review_Figures figures;
-    figures.firm = kind;
-    Read_Statement(cn, period, scenario.zaihyo_column, figures.statement);
-    Read_Elements(cn, period, scenario, figures);
-    Read_Works(cn, period, scenario, figures);
-    Read_Review_Date(cn, figures, year_shift);
-    return figures;
-}
-
 void X2_Calc::Calc_X2(const Review_Figures& figures, bool keep_basis) {
     if (!keep_basis) {
         const std::int32_t stored = figures.Yoso(element::equity_basis);
@@ -96,17 +66,6 @@ void X2_Calc::Calc_X2(const Review_Figures& figures, bool keep_basis) {
     X2_2_Row = profit.row;
     const auto half = static_cast<std::int16_t>(Floor_Half(Add16(X2_1_Ten, X2_2_Ten, what_x2)));
     X2_Ten = std::max(half, x2_least);
-}
-
-void X2_Calc::Calc_X2(const Session& session, int scenario, bool keep_basis, std::uint8_t y_kikan) {
-    const int period = session.Syori_Ki - (y_kikan == 2 ? 1 : 0);
-    const Scenario& column = Scenario_Of(scenario);
-    const Connection cn = Cn_Open(session);
-    Review_Figures figures;
-    figures.firm = session.Kind();
-    Read_Statement(cn, period, column.zaihyo_column, figures.statement);
-    Read_Elements(cn, period, column, figures);
-    Calc_X2(figures, keep_basis);
 }
 
 } // namespace morvane

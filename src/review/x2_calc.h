@@ -14,16 +14,6 @@ namespace morvane {
 Law_Year_No Get_Simyu_Kubun(const Session& session, int period);
 Law_Year_No Get_Simyu_Kubun(const Connection& cn, int period);
 
-/// Reads the last day of the period in hand, with `year_shift` years added for another period, into the
-/// figures: nothing where Jigyo_mas has no row, and why there is none where what it holds is no date. Raises
-/// Store_Error.
-void Read_Review_Date(const Connection& cn, Review_Figures& figures, int year_shift = 0);
-
-/// Reads statement, elements, works and the date of a period in a scenario. Raises Store_Error,
-/// Run_Time_Error.
-Review_Figures Load_Review(const Connection& cn, int period, const Scenario& scenario, Firm_Kind kind,
-                           int year_shift = 0);
-
 /// The equity and profit score X2 and what led to it, thousand yen and points.
 class X2_Calc {
   public:
@@ -47,10 +37,6 @@ class X2_Calc {
     /// Computes X2 from figures in hand. Without `keep_basis` the basis is element 1 (Null, 0 or missing: 1).
     /// Raises Run_Time_Error on overflow.
     void Calc_X2(const Review_Figures& figures, bool keep_basis);
-
-    /// The same from the working store: scenario 1 to 5 of the period in hand, or of the one before where
-    /// `y_kikan` is 2. Raises Store_Error, Run_Time_Error.
-    void Calc_X2(const Session& session, int scenario, bool keep_basis, std::uint8_t y_kikan = 1);
 };
 
 } // namespace morvane

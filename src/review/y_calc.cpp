@@ -26,16 +26,16 @@ std::int32_t Sum(const Statement_Figures& statement, std::initializer_list<int> 
     return sum;
 }
 
-Elements Elements_Of(const Statement_Figures& s, Firm_Kind kind) {
+Elements Elements_Of(const Statement_Figures& s, Firm_Kind firm) {
     Elements yoso{};
     yoso[kotei_sisan] = s.Get_Y_Kamoku(179);
     yoso[ryudo_fusai] = s.Get_Y_Kamoku(229);
     yoso[kotei_fusai] = s.Get_Y_Kamoku(248);
-    yoso[rieki_joyokin] = s.Get_Y_Kamoku(kind.Is_Corporation() ? 289 : 319);
+    yoso[rieki_joyokin] = s.Get_Y_Kamoku(firm.Is_Corporation() ? 289 : 319);
     yoso[jiko_sihon] = s.Get_Y_Kamoku(319);
     yoso[so_sihon] = s.Get_Y_Kamoku(399);
     yoso[so_sihon_zenki] = s.Get_Y_Kamoku(830);
-    yoso[uriage] = kind.Is_Hokkaido() ? Sum(s, {400, 410}) : s.Get_Y_Kamoku(402);
+    yoso[uriage] = firm.Is_Hokkaido() ? Sum(s, {400, 410}) : s.Get_Y_Kamoku(402);
     yoso[uriage_sorieki] = s.Get_Y_Kamoku(419);
     yoso[uketori_risoku] = s.Get_Y_Kamoku(470);
     yoso[siharai_risoku] = s.Get_Y_Kamoku(480);
@@ -163,26 +163,20 @@ float Y_Calc::Calc_Y_X8(const Elements& yoso) {
 void Y_Calc::Calc_Y(const Session& session, std::uint8_t kbn) {
     Y_Slot = Y_Slot_Flg ? kbn : Y_Slot;
     Y_Col = kbn == 1 ? 1 : 2;
-    std::string column = Y_Col == 1 ? "金額" : "改善後残高";
+    Side side = {session.Syori_Ki - (Y_Kikan - 1), Y_Col == 1 ? Scenario::Genjo : Scenario::Kaizen};
     if (Y_Slot_Flg && Y_Slot >= 3) {
-        column = "改善後残高" + std::to_string(Y_Slot - 2);
+        side.scenario = static_cast<Scenario>(Y_Slot);
     }
-    int period = 0;
-    if (Y_Kikan == 1 || Y_Kikan == 2) {
-        period = session.Syori_Ki - (Y_Kikan - 1);
-    }
-    Statement_Figures statement;
-    Read_Statement(Cn_Open(session), period, column, statement);
-    Calc_Y(statement, session.Kind());
+    Calc_Y(Read_Statement(Cn_Open(session), side), session.Kind());
 }
 
-void Y_Calc::Calc_Y(const Statement_Figures& statement, Firm_Kind kind) {
+void Y_Calc::Calc_Y(const Statement_Figures& statement, Firm_Kind firm) {
     Elements yoso = Y_Yoso;
     Working work = Y_Work;
     std::array<float, 8> x = Y_Kekka;
     if (statement.has_rows) {
-        yoso = Elements_Of(statement, kind);
-        work = Working_Of(statement, kind.edition);
+        yoso = Elements_Of(statement, firm);
+        work = Working_Of(statement, firm.edition);
         yoso[cash_flow_zenki] = Cash_Flow(work[0], work[1], work[3], work, 0);
         yoso[cash_flow] = Cash_Flow(yoso[keijo_rieki], work[2], work[4], work, 1);
         x = {Calc_Y_X1(yoso), Calc_Y_X2(yoso), Calc_Y_X3(yoso), Calc_Y_X4(yoso),

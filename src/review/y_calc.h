@@ -79,7 +79,7 @@ class Y_Calc {
     void Calc_Y(const Session& session, std::uint8_t kbn);
 
     /// The same from figures in hand.
-    void Calc_Y(const Statement_Figures& statement, Firm_Kind kind);
+    void Calc_Y(const Statement_Figures& statement, Firm_Kind firm);
 
   private:
     static float Calc_Y_X1(const std::array<std::int32_t, 14>& yoso);

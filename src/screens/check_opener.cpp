@@ -5,7 +5,7 @@
 
 namespace morvane {
 
-void Check_Opener::Open(const Check_Request& request, const std::function<bool()>& store) {
+void Check_Opener::Open(const Check_Request& request, Side side, const std::function<bool()>& store) {
     const Session& session = shell.session;
     if (!Calc_Open_Flg()) {
         Tell(session, "オープンエラー", "開いている計算チェックの画面を閉じてから別画面を開いてください。");
@@ -15,7 +15,7 @@ void Check_Opener::Open(const Check_Request& request, const std::function<bool()
         return;
     }
     open = Check_Screen::Show_Beside(owner, shell, QString::fromStdString(request.form),
-                                     Make_Check_Sheet(session, request));
+                                     Make_Check_Sheet(session, side, request));
     // A closed window stays for the events behind it: the flag does not wait for them.
     QObject::connect(open, &QDialog::finished, &owner, [this] { open = nullptr; });
 }

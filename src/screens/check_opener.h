@@ -13,7 +13,7 @@ namespace morvane {
 /// beside it, as a modeless window of its own that goes with it.
 ///
 ///     Check_Opener checks{*this, shell};                 // a member of the screen
-///     checks.Open(XZP_Request("X", i), [this] { return Save(); });
+///     checks.Open(XZP_Request("X", i), side, [this] { return Save(); });
 ///     bool May_Close() override { return checks.May_Close() && Save(); }
 class Check_Opener {
   public:
@@ -22,10 +22,10 @@ class Check_Opener {
     /// True while no check screen is open.
     [[nodiscard]] bool Calc_Open_Flg() const { return open == nullptr; }
 
-    /// Opens a check screen; refuses with a box while one is open. The screen reads the store, so `store`
-    /// saves the entry screen before; where it returns false (it has told why) nothing opens. Raises
+    /// Opens a check screen of a side; refuses with a box while one is open. The screen reads the store, so
+    /// `store` saves the entry screen before; where it returns false (it has told why) nothing opens. Raises
     /// Store_Error, Run_Time_Error.
-    void Open(const Check_Request& request, const std::function<bool()>& store);
+    void Open(const Check_Request& request, Side side, const std::function<bool()>& store);
 
     /// Whether the entry screen may close: refuses with a box while a check screen is open. The menu closes
     /// that one first, without the box.

@@ -106,9 +106,8 @@ Check_Request Y1_Request(int index) {
     return Request(Y1_Sheets()[static_cast<std::size_t>(index)].mode, Newest_Law_Year(), 0);
 }
 
-Check_Sheet Make_Check_Sheet(const Session& session, const Check_Request& request) {
-    return Make_Check_Sheet(Load_Review(Cn_Open(session), session.Syori_Ki, scenario_genjo, session.Kind()),
-                            request);
+Check_Sheet Make_Check_Sheet(const Session& session, Side side, const Check_Request& request) {
+    return Make_Check_Sheet(Load_Review(session, side), request);
 }
 
 Check_Sheet Make_Check_Sheet(const Review_Figures& figures, const Check_Request& request) {

@@ -79,9 +79,9 @@ struct Check_Sheet {
     std::string notice = {}; ///< a box before the screen comes up
 };
 
-/// The sheet of a score from the stored current figures of the period in hand. Raises Store_Error,
-/// Run_Time_Error, std::out_of_range for a request that no screen serves.
-Check_Sheet Make_Check_Sheet(const Session& session, const Check_Request& request);
+/// The sheet of a score from the stored figures of a side. Raises Store_Error, Run_Time_Error,
+/// std::out_of_range for a request that no screen serves.
+Check_Sheet Make_Check_Sheet(const Session& session, Side side, const Check_Request& request);
 
 /// The same from figures in hand.
 Check_Sheet Make_Check_Sheet(const Review_Figures& figures, const Check_Request& request);

@@ -299,7 +299,8 @@ void Frm_Kanko::Set_Cmd_Enable() {
 
 void Frm_Kanko::Open_Check(int row, int column) {
     const char* mode = entry.screen.columns[static_cast<std::size_t>(column)].mode;
-    checks.Open(XZP_Request(mode, Line_Of_Row(row)), [this] { return Save_First(); });
+    checks.Open(XZP_Request(mode, Line_Of_Row(row)), entry.screen.sides.after.Of(shell.session),
+                [this] { return Save_First(); });
 }
 
 bool Frm_Kanko::Finish_Entry() {

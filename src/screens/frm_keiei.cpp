@@ -213,7 +213,7 @@ void Frm_Keiei::Make_Buttons() {
 }
 
 void Frm_Keiei::Open_Check(int index) {
-    checks.Open(Y1_Request(index), [] { return true; });
+    checks.Open(Y1_Request(index), Side_In_Hand(shell.session), [] { return true; });
 }
 
 } // namespace morvane

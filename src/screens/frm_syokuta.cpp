@@ -89,8 +89,8 @@ int Index_Of_Check(std::string_view score) {
 
 Frm_Syokuta::Frm_Syokuta(Shell_Port& shell_port)
     : Form(shell_port, {}, QStringLiteral("自己資本額・利益額・従業職員数・その他（Ｘ２，Ｗ）")),
-      entry(shell_port.session, scenario_genjo.number), checks(*this, shell_port), scroll(new QScrollArea),
-      strip(Make_Strip()), sheet(new QWidget) {
+      entry(shell_port.session), checks(*this, shell_port), scroll(new QScrollArea), strip(Make_Strip()),
+      sheet(new QWidget) {
     setObjectName(Text(entry.Law().entry_form));
     Set_Sub_Title(QString::fromStdString(shell.session.Screen_Title));
     auto* row = new QHBoxLayout(sheet);
@@ -389,7 +389,8 @@ bool Frm_Syokuta::May_Close() {
 }
 
 void Frm_Syokuta::Cmd_W2X(int index) {
-    checks.Open(W2X_Request(entry.Law(), index), [this] { return Save_First(); });
+    checks.Open(W2X_Request(entry.Law(), index), Side_In_Hand(shell.session),
+                [this] { return Save_First(); });
 }
 
 // The check reads the store and explains settled scores; the screen beside it shows the same.
@@ -397,7 +398,7 @@ bool Frm_Syokuta::Save_First() {
     if (!Take_Focused() || !Save_Or_Back(shell.session, [this] { entry.Store(shell.session); })) {
         return false;
     }
-    entry = Syokuta_Entry(shell.session, scenario_genjo.number);
+    entry = Syokuta_Entry(shell.session);
     Show_W_2012();
     return true;
 }

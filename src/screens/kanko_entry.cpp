@@ -5,7 +5,8 @@
 #include "review/settle.h"
 #include "review/x2_calc.h"
 
-#include <utility>
+#include <stdexcept>
+#include <string>
 
 namespace morvane {
 
@@ -23,67 +24,75 @@ std::int32_t Within_Column(Kanko_Use use, std::int64_t number) {
 
 } // namespace
 
-Kanko_Entry::Kanko_Entry(const Session& session, const Kanko_Screen& screen_row) : screen(screen_row) {
-    Load(session);
-    Calculate_Or_Tell();
+Kanko_Entry::Kanko_Entry(const Session& session, const Kanko_Screen& screen_row)
+    : screen(screen_row), after(Loaded(session, screen.sides.after)) {
+    Calculate_Or_Tell(after);
+    if (screen.sides.before) {
+        before = Loaded(session, *screen.sides.before);
+        Calculate_Or_Tell(*before);
+    }
 }
 
-void Kanko_Entry::Load(const Session& session) {
-    Review_Figures stored =
-        Load_Review(Cn_Open(session), session.Syori_Ki, Scenario_Of(screen.scenario), session.Kind());
+Kanko_Entry::Held_Side Kanko_Entry::Loaded(const Session& session, const Screen_Side& side) {
+    Held_Side loaded = {Load_Review(session, side.Of(session)), {}, {}};
+    const Review_Figures& figures = loaded.figures;
     Y_Calc y;
-    y.Calc_Y(stored.statement, stored.firm);
+    y.Calc_Y(figures.statement, figures.firm);
     X2_Calc x2;
-    x2.Calc_X2(stored, false);
-    works = Load_Kanko(stored, Points(x2.X2_Ten), Points(y.Y_Ten));
-    figures = std::move(stored);
+    x2.Calc_X2(figures, false);
+    loaded.works = Load_Kanko(figures, Points(x2.X2_Ten), Points(y.Y_Ten));
+    return loaded;
 }
 
 void Kanko_Entry::Reload(const Session& session) {
-    auto keyed = works.lines;
-    Load(session);
+    auto keyed = after.works.lines;
+    after = Loaded(session, screen.sides.after);
     for (const Kanko_Column& column : screen.columns) {
         if (column.use != Kanko_Use::Amount && column.use != Kanko_Use::Count) {
             continue;
         }
         for (std::size_t i = 0; i < keyed.size(); ++i) {
-            column.figure(works.lines[i]) = column.figure(keyed[i]);
+            column.figure(after.works.lines[i]) = column.figure(keyed[i]);
         }
     }
-    Calculate_Or_Tell();
+    Calculate_Or_Tell(after);
 }
 
-void Kanko_Entry::Calculate_Or_Tell() {
-    fault.reset();
+void Kanko_Entry::Calculate_Or_Tell(Held_Side& side) const {
+    side.fault.reset();
     try {
-        Calculate();
+        Calculate(side);
     } catch (const Run_Time_Error& error) {
-        fault = error;
+        side.fault = error;
     }
 }
 
-void Kanko_Entry::Calculate() {
-    works = screen.gijutu ? Calc_Gijutu_All(works, figures) : Calc_Kanko_All(works, figures);
+void Kanko_Entry::Calculate(Held_Side& side) const {
+    side.works =
+        screen.gijutu ? Calc_Gijutu_All(side.works, side.figures) : Calc_Kanko_All(side.works, side.figures);
 }
 
 template <class Held>
 void Kanko_Entry::Change(Held& held, const Held& next) {
+    if (screen.sides.read_only) {
+        throw std::logic_error(std::string(screen.name) + " takes no entries");
+    }
     const Held former = held;
     held = next;
     try {
-        Calculate();
-        fault.reset();
+        Calculate(after);
+        after.fault.reset();
     } catch (const Run_Time_Error& error) {
-        if (!fault) {
+        if (!after.fault) {
             held = former;
             throw;
         }
-        fault = error;
+        after.fault = error;
     }
 }
 
 void Kanko_Entry::Take(std::span<const Kanko_Entered> entered) {
-    auto lines = works.lines;
+    auto lines = after.works.lines;
     for (const Kanko_Entered& entry : entered) {
         const Kanko_Column& column = Column(screen, entry.column);
         Figure& figure = column.figure(lines[Line_Of_Row(entry.row)]);
@@ -93,51 +102,61 @@ void Kanko_Entry::Take(std::span<const Kanko_Entered> entered) {
             figure.Set_Null();
         }
     }
-    Change(works.lines, lines);
+    Change(after.works.lines, lines);
 }
 
 void Kanko_Entry::Take_Kanko_Avg(std::int32_t years) {
-    Change(works.Kanko_Avg, years);
+    Change(after.works.Kanko_Avg, years);
 }
 
-std::optional<std::int32_t> Kanko_Entry::Shown(int row, int column) const {
+std::optional<std::int32_t> Kanko_Entry::Shown(const Held_Side& side, int row, int column) const {
     const Kanko_Column& shown = Column(screen, column);
     const std::size_t index = Line_Of_Row(row);
-    Work_Line line = works.lines[index];
+    Work_Line line = side.works.lines[index];
     const Figure& figure = shown.figure(line);
     bool is_seen = figure.up;
     if (shown.use == Kanko_Use::Result || shown.use == Kanko_Use::Score) {
-        is_seen =
-            !fault && Shows(line, shown.shows) && (shown.use == Kanko_Use::Result || index < scored_lines);
+        is_seen = !side.fault && Shows(line, shown.shows) &&
+                  (shown.use == Kanko_Use::Result || index < scored_lines);
     }
     return is_seen ? std::optional(figure.value) : std::nullopt;
 }
 
+std::optional<std::int32_t> Kanko_Entry::Shown(int row, int column) const {
+    return Shown(after, row, column);
+}
+
+std::optional<std::int32_t> Kanko_Entry::Shown_Before(int row, int column) const {
+    return before ? Shown(*before, row, column) : std::nullopt;
+}
+
 std::optional<std::int32_t> Kanko_Entry::Shown_Total(int column) const {
     const auto total = Column(screen, column).total;
-    if (total == nullptr || fault) {
+    if (total == nullptr || after.fault) {
         return std::nullopt;
     }
+    const Works& works = after.works;
     return total(screen.gijutu ? works.motouke : works.totals, works.Kanko_Avg).Count();
 }
 
 bool Kanko_Entry::Can_Check(int row) const {
     const std::size_t index = Line_Of_Row(row);
-    const Work_Line& line = works.lines[index];
+    const Work_Line& line = after.works.lines[index];
     const bool has_text = Shows(line, screen.gijutu ? Kanko_Shows::With_Any : Kanko_Shows::With_Work);
-    return !fault && has_text && index < scored_lines;
-}
-
-void Kanko_Entry::Save(const Connection& cn, const Session& session) const {
-    if (fault) {
-        throw Run_Time_Error(*fault);
-    }
-    const Side side = {static_cast<std::int16_t>(session.Syori_Ki), &Scenario_Of(screen.scenario)};
-    Store_Works(cn, side, works, screen.gijutu);
+    return !after.fault && has_text && index < scored_lines;
 }
 
 void Kanko_Entry::Save(const Session& session) const {
-    Store_And_Settle(session, Scenario_Of(screen.scenario), [&](const Connection& cn) { Save(cn, session); });
+    if (screen.sides.read_only) {
+        return;
+    }
+    const Side side = screen.sides.after.Of(session);
+    Store_And_Settle(session, side, [&](const Connection& cn) {
+        if (after.fault) {
+            throw Run_Time_Error(*after.fault);
+        }
+        Store_Works(cn, side, after.works, screen.gijutu);
+    });
 }
 
 } // namespace morvane

@@ -21,17 +21,17 @@ struct Kanko_Entered {
 /// indexes, columns those of the screen's table.
 class Kanko_Entry {
   public:
-    /// Reads the period in hand and calculates, as the screen does when it opens: Y, X2, then the lines.
-    /// Raises Store_Error, and Run_Time_Error where Y or X2 cannot be computed.
+    /// Reads the sides of the screen and calculates, as it does when it opens: Y, X2, then the lines. Raises
+    /// Store_Error, and Run_Time_Error where Y or X2 cannot be computed.
     Kanko_Entry(const Session& session, const Kanko_Screen& screen_row);
 
     /// Why the lines as they are stored cannot be calculated; empty where they can. Then there are no
     /// results, and the screen is there to correct the figures.
-    [[nodiscard]] const std::optional<Run_Time_Error>& Fault() const { return fault; }
+    [[nodiscard]] const std::optional<Run_Time_Error>& Fault() const { return after.fault; }
 
     /// Takes entries and runs the whole calculation over all lines. Raises Run_Time_Error where a figure or a
     /// score leaves its width; nothing has changed then. While there is a fault it takes what it is given and
-    /// raises nothing but for a figure itself.
+    /// raises nothing but for a figure itself. A screen that is read only takes nothing (std::logic_error).
     void Take(std::span<const Kanko_Entered> entered);
 
     /// Takes the years of the average, 2 or 3, in the same way.
@@ -40,18 +40,21 @@ class Kanko_Entry {
     /// The number that a cell shows; empty where it shows nothing.
     [[nodiscard]] std::optional<std::int32_t> Shown(int row, int column) const;
 
+    /// The same of the side before; empty also where the screen has none.
+    [[nodiscard]] std::optional<std::int32_t> Shown_Before(int row, int column) const;
+
     /// The total of a column; empty where it has none.
     [[nodiscard]] std::optional<std::int32_t> Shown_Total(int column) const;
 
     /// Whether the calculation checks of a line can be opened: it shows scores.
     [[nodiscard]] bool Can_Check(int row) const;
 
-    [[nodiscard]] std::int32_t Kanko_Avg() const { return works.Kanko_Avg; }
-    [[nodiscard]] const Works::Scores& Scores() const { return works.scores; }
+    [[nodiscard]] std::int32_t Kanko_Avg() const { return after.works.Kanko_Avg; }
+    [[nodiscard]] const Works::Scores& Scores() const { return after.works.scores; }
 
-    /// Stores what the screen holds and settles the scores of its scenario (Store_And_Settle) in one
-    /// transaction. Raises Store_Error, and Run_Time_Error while there is a fault or where a score cannot be
-    /// computed; nothing is stored then.
+    /// Stores what the screen holds and settles the scores of its side (Store_And_Settle) in one transaction;
+    /// nothing where it is read only. Raises Store_Error, and Run_Time_Error while there is a fault or where
+    /// a score cannot be computed; nothing is stored then.
     void Save(const Session& session) const;
 
     /// Calculates anew from what is stored, so that a screen that stays open after Save has the settled
@@ -62,16 +65,22 @@ class Kanko_Entry {
     const Kanko_Screen& screen;
 
   private:
-    void Load(const Session& session);
-    void Calculate();
-    void Calculate_Or_Tell();
-    void Save(const Connection& cn, const Session& session) const;
+    /// What is held of a side.
+    struct Held_Side {
+        Review_Figures figures;
+        Works works;
+        std::optional<Run_Time_Error> fault;
+    };
+
+    [[nodiscard]] static Held_Side Loaded(const Session& session, const Screen_Side& side);
+    void Calculate(Held_Side& side) const;
+    void Calculate_Or_Tell(Held_Side& side) const;
+    [[nodiscard]] std::optional<std::int32_t> Shown(const Held_Side& side, int row, int column) const;
     template <class Held>
     void Change(Held& held, const Held& next);
 
-    std::optional<Run_Time_Error> fault;
-    Review_Figures figures;
-    Works works;
+    Held_Side after;
+    std::optional<Held_Side> before;
 };
 
 } // namespace morvane

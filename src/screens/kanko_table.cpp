@@ -78,10 +78,10 @@ constexpr std::array gijutu_columns = std::to_array<Kanko_Column>({
 });
 
 constexpr std::array<Kanko_Screen, 2> screens = {{
-    {"Frm_Kanko", "総合評点・完工高（Ｐ、Ｘ１）", false, 1, kanko_columns, "完成工事高合計", "edit_z",
-     "Z編集", "Frm_Kanko2"},
-    {"Frm_Kanko2", "技術職員数・元請完工高（Ｚ）", true, 1, gijutu_columns, "元請完成工事高合計", "edit_x1",
-     "X1編集", "Frm_Kanko"},
+    {"Frm_Kanko", "総合評点・完工高（Ｐ、Ｘ１）", false, current_figures, kanko_columns, "完成工事高合計",
+     "edit_z", "Z編集", "Frm_Kanko2"},
+    {"Frm_Kanko2", "技術職員数・元請完工高（Ｚ）", true, current_figures, gijutu_columns,
+     "元請完成工事高合計", "edit_x1", "X1編集", "Frm_Kanko"},
 }};
 
 } // namespace

@@ -3,6 +3,7 @@
 
 #include "review/review_figures.h"
 #include "review/works.h"
+#include "screens/screen_sides.h"
 
 #include <cstdint>
 #include <span>
@@ -40,7 +41,7 @@ struct Kanko_Screen {
     const char* name;  ///< of the form
     const char* title; ///< its caption
     bool gijutu;       ///< engineers and prime-contract work instead of completed work
-    int scenario;      ///< whose figures it shows and stores
+    Screen_Sides sides;
     std::span<const Kanko_Column> columns;
     const char* total_caption;
     const char* sister_button;  ///< objectName of the button that goes to the sister

@@ -6,11 +6,21 @@
 #include "review/social.h"
 #include "review/y_calc.h"
 
+#include <stdexcept>
+
 namespace morvane {
 
-Syokuta_Entry::Syokuta_Entry(const Session& session, int scenario_number)
-    : scenario(scenario_number),
-      figures(Load_Review(Cn_Open(session), session.Syori_Ki, Scenario_Of(scenario_number), session.Kind())) {
+Syokuta_Entry::Syokuta_Entry(const Session& session, const Screen_Sides& screen_sides)
+    : sides(screen_sides), after(Loaded(session, sides.after)) {
+    if (sides.before) {
+        before = Loaded(session, *sides.before);
+    }
+}
+
+Syokuta_Entry::Held_Side Syokuta_Entry::Loaded(const Session& session, const Screen_Side& side) {
+    Held_Side loaded;
+    auto& [figures, kikai_ten_of_load, screen, shown, fault] = loaded;
+    figures = Load_Review(session, side.Of(session));
     // Found here, before anything is typed, and not on storing.
     Y_Calc().Calc_Y(figures.statement, figures.firm);
     screen.items.Load(figures);
@@ -19,54 +29,59 @@ Syokuta_Entry::Syokuta_Entry(const Session& session, int scenario_number)
     try {
         screen.x2.Calc_X2(figures, false);
         shown = screen;
-        Calculate(screen);
+        Calculate(loaded, screen);
         if (!figures.elements[element::w1].up) {
             shown = screen; // nothing is stored yet that could be shown
         }
     } catch (const Run_Time_Error& error) {
         fault = error;
     }
+    return loaded;
 }
 
 // X2 by the basis that was keyed, then the items; these stay where they cannot be calculated.
-void Syokuta_Entry::Calculate(Syokuta& pass) const {
+void Syokuta_Entry::Calculate(const Held_Side& side, Syokuta& pass) {
     pass.x2.JikoS = pass.items.JikoS;
-    pass.x2.Calc_X2(figures, true);
-    pass.items = Calc_W_2012(pass.items, kikai_ten_of_load, figures);
+    pass.x2.Calc_X2(side.figures, true);
+    pass.items = Calc_W_2012(pass.items, side.kikai_ten_of_load, side.figures);
 }
 
 void Syokuta_Entry::Take(int element, std::int32_t value) {
-    Syokuta next = screen;
+    if (sides.read_only) {
+        throw std::logic_error("the screen takes no entries");
+    }
+    Syokuta next = after.screen;
     next.items.At(element) = value;
     if (next.items.JikoS == 0) {
         next.items.JikoS = 1;
     }
     try {
-        Calculate(next);
+        Calculate(after, next);
         const Syokuta first_pass = next;
-        Calculate(next);
-        fault.reset();
-        shown = first_pass;
+        Calculate(after, next);
+        after.fault.reset();
+        after.shown = first_pass;
     } catch (const Run_Time_Error& error) {
-        if (!fault) {
+        if (!after.fault) {
             throw;
         }
-        fault = error;
-        shown = next;
+        after.fault = error;
+        after.shown = next;
     }
-    screen = next;
-}
-
-void Syokuta_Entry::Store(const Connection& cn, const Session& session) const {
-    if (fault) {
-        throw Run_Time_Error(*fault);
-    }
-    const Side side = {static_cast<std::int16_t>(session.Syori_Ki), &Scenario_Of(scenario)};
-    Store_W_2012(cn, session, side, screen.items);
+    after.screen = next;
 }
 
 void Syokuta_Entry::Store(const Session& session) const {
-    Store_And_Settle(session, Scenario_Of(scenario), [&](const Connection& cn) { Store(cn, session); });
+    if (sides.read_only) {
+        return;
+    }
+    const Side side = sides.after.Of(session);
+    Store_And_Settle(session, side, [&](const Connection& cn) {
+        if (after.fault) {
+            throw Run_Time_Error(*after.fault);
+        }
+        Store_W_2012(cn, side, after.figures.firm, after.screen.items);
+    });
 }
 
 std::string Syokuta_Entry::Refusal(int element, std::int32_t value) {

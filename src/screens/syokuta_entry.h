@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
-#include "review/side.h"
+#include "screens/screen_sides.h"
 #include "screens/syokuta_table.h"
 #include "session/run_time_error.h"
 
@@ -15,42 +15,51 @@ namespace morvane {
 /// show the first pass, the second one is what is stored, so that late sub-scores are in it.
 class Syokuta_Entry {
   public:
-    /// Reads the period in hand in a scenario; the fields show what is stored. Raises Store_Error, and
-    /// Run_Time_Error where Y, which storing needs, cannot be computed.
-    Syokuta_Entry(const Session& session, int scenario_number);
+    /// Reads the sides of the screen; the fields show what is stored. Raises Store_Error, and Run_Time_Error
+    /// where Y, which storing needs, cannot be computed.
+    explicit Syokuta_Entry(const Session& session, const Screen_Sides& screen_sides = current_figures);
 
     /// Why the items as they are stored cannot be calculated; empty where they can. Then there are no scores,
     /// and the screen is there to correct the items.
-    [[nodiscard]] const std::optional<Run_Time_Error>& Fault() const { return fault; }
+    [[nodiscard]] const std::optional<Run_Time_Error>& Fault() const { return after.fault; }
 
     /// Takes the entry of an element into its item and calculates. Raises Run_Time_Error on overflow; nothing
-    /// has changed then. While there is a fault it takes what it is given.
+    /// has changed then. While there is a fault it takes what it is given. A screen that is read only takes
+    /// nothing (std::logic_error).
     void Take(int element, std::int32_t value);
 
     /// Why an entry cannot be stored, in Japanese; empty where it can.
     [[nodiscard]] static std::string Refusal(int element, std::int32_t value);
 
     /// What the fields show.
-    [[nodiscard]] const Syokuta& Shown() const { return shown; }
+    [[nodiscard]] const Syokuta& Shown() const { return after.shown; }
 
-    [[nodiscard]] const Law_Year& Law() const { return Law_Of(figures.law_year); }
+    /// The same of the side before; null where the screen has none.
+    [[nodiscard]] const Syokuta* Shown_Before() const { return before ? &before->shown : nullptr; }
 
-    /// Stores the second pass, forms P anew and settles the scores of its scenario (Store_And_Settle) in one
-    /// transaction. Raises Store_Error, and Run_Time_Error while there is a fault or where a score cannot be
-    /// computed; nothing is stored then.
+    [[nodiscard]] const Law_Year& Law() const { return Law_Of(after.figures.law_year); }
+
+    /// Stores the second pass, forms P anew and settles the scores of its side (Store_And_Settle) in one
+    /// transaction; nothing where the screen is read only. Raises Store_Error, and Run_Time_Error while there
+    /// is a fault or where a score cannot be computed; nothing is stored then.
     void Store(const Session& session) const;
 
   private:
-    void Store(const Connection& cn, const Session& session) const;
+    /// What is held of a side.
+    struct Held_Side {
+        Review_Figures figures;
+        std::int32_t kikai_ten_of_load = 0; ///< the machine score that W takes at some law years
+        Syokuta screen;                     ///< what would be stored
+        Syokuta shown;
+        std::optional<Run_Time_Error> fault;
+    };
 
-    void Calculate(Syokuta& pass) const;
+    [[nodiscard]] static Held_Side Loaded(const Session& session, const Screen_Side& side);
+    static void Calculate(const Held_Side& side, Syokuta& pass);
 
-    int scenario;
-    Review_Figures figures;
-    std::int32_t kikai_ten_of_load = 0; ///< the machine score that W takes at some law years
-    Syokuta screen;
-    Syokuta shown;
-    std::optional<Run_Time_Error> fault;
+    Screen_Sides sides;
+    Held_Side after;
+    std::optional<Held_Side> before;
 };
 
 } // namespace morvane

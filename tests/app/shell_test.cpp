@@ -88,7 +88,7 @@ TEST_F(Single_Shell_Test, Stored_Scores_Follow_The_Statement) {
     Kanko_Entry works(session, Kanko_Screen_Of("Frm_Kanko"));
     const Kanko_Entered amount = {2, 2, 50'000};
     works.Take({&amount, 1});
-    Syokuta_Entry(session, 1).Store(session);
+    Syokuta_Entry(session).Store(session);
     works.Save(session);
     const std::string stored = "SELECT 総合評点P FROM Kandaka_Gj WHERE 工種CD=2";
     const std::string before = List(stored);
@@ -99,10 +99,7 @@ TEST_F(Single_Shell_Test, Stored_Scores_Follow_The_Statement) {
     Press("Cmd_KsT(6)");
     EXPECT_NE(List(stored), before);
     const Connection cn = Cn_Open(session);
-    EXPECT_EQ(
-        List(stored),
-        std::to_string(
-            Score_Company(cn, Edition::National, std::nullopt, scenario_genjo).figures.works[2].P.value));
+    EXPECT_EQ(List(stored), std::to_string(Score_Company(cn, Edition::National).figures.works[2].P.value));
     EXPECT_TRUE(messages.shown.empty());
 }
 

@@ -198,7 +198,8 @@ TEST_F(Score_Test, Periods_And_Slots) {
         int w; ///< -1 no such period
     } cases[] = {{1, 190}, {2, 175}, {3, -1}, {0, -1}};
     for (const auto& c : cases) {
-        const ordered_json root = Scored([&](Score_Options& options) { options.period = c.period; }).Parsed();
+        const ordered_json root =
+            Scored([&](Score_Options& options) { options.side.period = c.period; }).Parsed();
         EXPECT_EQ(root["errors"].size(), c.w < 0 ? 1U : 0U) << c.period;
         if (c.w >= 0) {
             EXPECT_EQ(root["companies"][0]["決算期"], c.period);
@@ -208,14 +209,14 @@ TEST_F(Score_Test, Periods_And_Slots) {
                       std::string::npos);
         }
     }
-    for (const int slot : {3, 4, 5}) {
-        const Run run = Scored([&](Score_Options& options) { options.scenario = &Scenario_Of(slot); });
+    for (const Scenario slot : {Scenario::Slot_1, Scenario::Slot_2, Scenario::Slot_3}) {
+        const Run run = Scored([&](Score_Options& options) { options.side.scenario = slot; });
         EXPECT_EQ(run.failures, 1U);
-        EXPECT_NE(run.out.find("保存値" + std::to_string(slot - 2)), std::string::npos);
+        EXPECT_NE(run.out.find("保存値" + std::string(Columns_Of(slot).name)), std::string::npos);
     }
     Execute(1, "UPDATE Kandaka_Gj SET 改2完工高基準=20000, 改2総合評点P=1 WHERE 決算期=2 And 工種CD=2;");
     Execute(1, "UPDATE Ks_Zaihyo SET 改善後残高2=10000000000 WHERE 決算期=2 And 建設科目CD=289;");
-    const Run run = Scored([](Score_Options& options) { options.scenario = &Scenario_Of(4); });
+    const Run run = Scored([](Score_Options& options) { options.side.scenario = Scenario::Slot_2; });
     const ordered_json company = run.Parsed()["companies"][0];
     EXPECT_EQ(company["scenario"], "2");
     EXPECT_EQ(company["Y"]["X"][7], 100.0);
@@ -226,14 +227,15 @@ TEST_F(Score_Test, Periods_And_Slots) {
 // What the first visit of the improved screens would post: the current works and elements, without the sixth
 // class of engineers, on the statement after the journal.
 TEST_F(Score_Test, A_Working_Scenario_That_Was_Never_Started) {
-    const auto company = [&](const Scenario& scenario) {
-        return Scored([&](Score_Options& options) { options.scenario = &scenario; }).Parsed()["companies"][0];
+    const auto company = [&](Scenario scenario) {
+        return Scored([&](Score_Options& options) { options.side.scenario = scenario; })
+            .Parsed()["companies"][0];
     };
     for (const int law : {1, 4}) {
         json firm = Firm(1, one_line, {{"131", 1}, {"142", 2}}, law);
         Import(firm);
-        ordered_json genjo = company(scenario_genjo);
-        ordered_json kaizen = company(scenario_kaizen);
+        ordered_json genjo = company(Scenario::Genjo);
+        ordered_json kaizen = company(Scenario::Kaizen);
         EXPECT_EQ(kaizen["scenario"], "kaizen");
         kaizen["scenario"] = "genjo";
         if (law == 1) {
@@ -250,8 +252,8 @@ TEST_F(Score_Test, A_Working_Scenario_That_Was_Never_Started) {
         firm["periods"][1]["Ks_Zaihyo"] = {{"274", {{"金額", 0}, {"貸方", 500'000'000}}},
                                            {"100", {{"借方", 900'000'000}}}};
         Import(firm);
-        genjo = company(scenario_genjo);
-        kaizen = company(scenario_kaizen);
+        genjo = company(Scenario::Genjo);
+        kaizen = company(Scenario::Kaizen);
         EXPECT_EQ(genjo["Y"]["X"][7], 0.0);
         EXPECT_EQ(kaizen["Y"]["X"][7], 9.0) << "retained earnings of 900 million after the journal";
         EXPECT_EQ(kaizen["X2"]["Jiko"], 900'000);
@@ -264,8 +266,8 @@ TEST_F(Score_Test, A_Working_Scenario_That_Was_Never_Started) {
                   genjo["Kandaka_Gj"][0]["総合評点P"].get<int>());
     }
     Import(Firm(1, {{"0", {{"完工高基準", 2}, {"技術者6", 1}}}}));
-    EXPECT_EQ(company(scenario_genjo)["Kandaka_Gj"][0]["評点Z1"], 559);
-    EXPECT_EQ(company(scenario_kaizen)["Kandaka_Gj"][0]["評点Z1"], 510);
+    EXPECT_EQ(company(Scenario::Genjo)["Kandaka_Gj"][0]["評点Z1"], 559);
+    EXPECT_EQ(company(Scenario::Kaizen)["Kandaka_Gj"][0]["評点Z1"], 510);
 }
 
 // A closing date that is none takes only the scores that need it; 29 February counts as the last of its
@@ -281,7 +283,8 @@ TEST_F(Score_Test, Dates_That_Are_None) {
         Execute(1, "UPDATE Jigyo_mas SET 決算期終了年=" + std::to_string(c.year) + ", 決算期終了月=" +
                        std::to_string(c.month) + ", 決算期終了日=" + std::to_string(c.day));
         Import(Firm(2, one_line));
-        const ordered_json root = Scored([&](Score_Options& options) { options.period = c.period; }).Parsed();
+        const ordered_json root =
+            Scored([&](Score_Options& options) { options.side.period = c.period; }).Parsed();
         ASSERT_EQ(root["companies"].size(), c.w < 0 ? 1U : 2U) << c.month << " " << c.day;
         if (c.w < 0) {
             EXPECT_NE(root["errors"][0]["error"].get<std::string>().find("日付ではない"), std::string::npos);

@@ -90,7 +90,7 @@ class Table_Edit_Test : public Installation {
 
     [[nodiscard]] Settled_Score Score() const {
         const Connection cn(session.Work_Store, session.Db_Key, Connection::Mode::Read_Only);
-        return Score_Company(cn, session.Kind().edition, std::nullopt, scenario_genjo);
+        return Score_Company(cn, session.Kind().edition);
     }
 
     void Expect_Brought_Forward(const Old_Store& old) {

@@ -197,8 +197,7 @@ TEST_F(Fifth_Law_Year_Test, Shows_And_Prints_The_Samples_As_The_Fourth) {
         for (const int law : {4, 5}) {
             Take_Sample(sample, law);
             ASSERT_EQ(Law_Number(session.Simyu_Kubun), law);
-            const Settled_Score score =
-                Score_Company(Cn_Open(session), session.Kind().edition, std::nullopt, scenario_genjo);
+            const Settled_Score score = Score_Company(Cn_Open(session), session.Kind().edition);
             std::string& text = shown[law - 4];
             text = Picture_Of(Frm_Syokuta(shell)) + Report_Of(session) +
                    Score_Text(Score_Format::Json, score) + Score_Text(Score_Format::Table, score) +

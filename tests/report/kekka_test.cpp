@@ -66,14 +66,14 @@ class Kekka_Test : public Installation {
     using Installation::Installation;
 
     /// Takes a sample in hand.
-    Settled_Score Take_In_Hand(const std::string& sample, int number, int period, const Scenario& scenario) {
+    Settled_Score Take_In_Hand(const std::string& sample, int number, int period, Scenario scenario) {
         Import_Case(session, Samples_Folder() / sample);
         session.Work_Store = Company_Store(session, number);
         session.Kanri_No = number;
         session.Syori_Ki = static_cast<std::int16_t>(period);
-        session.Sim_Mode = scenario.number;
+        session.Sim_Mode = static_cast<std::uint8_t>(scenario);
         const Connection cn = Cn_Open(session);
-        Settled_Score score = Score_Company(cn, session.Kind().edition, period, scenario);
+        Settled_Score score = Score_Company(cn, session.Kind().edition, {period, scenario});
         session.Jigyo_Name = score.jigyo_name;
         session.Hojin_Kojin = score.figures.firm.type;
         return score;
@@ -96,14 +96,14 @@ TEST_F(Kekka_Test, Samples_Are_Set_In_Full_Size) {
     struct Row {
         const char* sample;
         int number, period;
-        const Scenario& scenario;
+        Scenario scenario;
         Kekka_Form form;
         const char* title;
     };
     const Row rows[] = {
-        {"aoba_kensetsu.json", 1, 35, scenario_genjo, Kekka_Form::Rpt_Kekka_2012, "（改善前）"},
-        {"midori_denki.json", 4, 20, scenario_genjo, Kekka_Form::Rpt_Kekka_2011, "（改善前）"},
-        {"sakura_setsubi.json", 5, 28, scenario_kaizen, Kekka_Form::Rpt_Kekka_2012, "（改善後）"},
+        {"aoba_kensetsu.json", 1, 35, Scenario::Genjo, Kekka_Form::Rpt_Kekka_2012, "（改善前）"},
+        {"midori_denki.json", 4, 20, Scenario::Genjo, Kekka_Form::Rpt_Kekka_2011, "（改善前）"},
+        {"sakura_setsubi.json", 5, 28, Scenario::Kaizen, Kekka_Form::Rpt_Kekka_2012, "（改善後）"},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(std::string(row.sample) + " " + std::to_string(row.period));
@@ -121,7 +121,7 @@ TEST_F(Kekka_Test, Samples_Are_Set_In_Full_Size) {
 }
 
 TEST_F(Kekka_Hokkaido_Test, Totals_Count_No_Line_Twice) {
-    Take_In_Hand("hokurei_doboku.json", 3, 42, scenario_genjo);
+    Take_In_Hand("hokurei_doboku.json", 3, 42, Scenario::Genjo);
     const auto texts = Texts_Of(Read(), Kekka_Form::Rpt_Kekka_2012);
     // The parts of 土木, とび・土工 and 鋼構造物 do not count twice; sums by hand from the case file.
     EXPECT_EQ(Joined(Line_Of(texts, "合　　計")), "合　　計|984,730|957,230|966,396|673,701|675,188|674,693");
@@ -130,7 +130,7 @@ TEST_F(Kekka_Hokkaido_Test, Totals_Count_No_Line_Twice) {
 }
 
 TEST_F(Kekka_Test, An_Untouched_Scenario_Prints_The_Current_Figures) {
-    Take_In_Hand("aoba_kensetsu.json", 1, 35, scenario_genjo);
+    Take_In_Hand("aoba_kensetsu.json", 1, 35, Scenario::Genjo);
     // What the first visit does not post.
     Cn_Open(session).Execute("UPDATE Kandaka_Gj SET 技術者6=Null");
     Cn_Open(session).Execute(

@@ -69,7 +69,7 @@ class One_Result : public Installation, public ::testing::WithParamInterface<con
     }
 
     void Visit_X2W(int edits) {
-        Syokuta_Entry entry(session, 1);
+        Syokuta_Entry entry(session);
         const Law_Year& law = entry.Law();
         for (const Syokuta_Group& group : Syokuta_Groups()) {
             for (const Syokuta_Row& row : group.rows) {
@@ -122,11 +122,11 @@ class One_Result : public Installation, public ::testing::WithParamInterface<con
 
     [[nodiscard]] Settled_Score Batch() const {
         const Connection cn(session.Work_Store, session.Db_Key, Connection::Mode::Read_Only);
-        return Score_Company(cn, session.Kind().edition, std::nullopt, scenario_genjo);
+        return Score_Company(cn, session.Kind().edition);
     }
 
     [[nodiscard]] Kekka_Figures Print() const {
-        return Kekka_Read(Cn_Open(session), session, {session.Syori_Ki, &scenario_genjo});
+        return Kekka_Read(Cn_Open(session), session, Side_In_Hand(session));
     }
 
     /// What is printed is what the batch tool says.
@@ -144,7 +144,7 @@ class One_Result : public Installation, public ::testing::WithParamInterface<con
     void Expect_One_Result() {
         Expect_One_Print();
         const Settled_Score batch = Batch();
-        const Review_Figures stored = Load_Review(Cn_Open(session), 10, scenario_genjo, session.Kind());
+        const Review_Figures stored = Load_Review(session, {10});
         if (!stored.elements[100].up || !stored.elements[202].up) {
             return;
         }
@@ -203,12 +203,12 @@ INSTANTIATE_TEST_SUITE_P(Editions, One_Result, ::testing::Values("13", "01"));
 class Mended_Screens : public Installation {
   protected:
     [[nodiscard]] Kekka_Figures Print() const {
-        return Kekka_Read(Cn_Open(session), session, {session.Syori_Ki, &scenario_genjo});
+        return Kekka_Read(Cn_Open(session), session, Side_In_Hand(session));
     }
 
     Mended_Screens() : Installation("13", false) {
         Make_Company(1, 1, 10);
-        Syokuta_Entry(session, 1).Store(session);
+        Syokuta_Entry(session).Store(session);
         Kanko_Entry(session, Kanko_Screen_Of("Frm_Kanko")).Save(session);
     }
 };
@@ -229,7 +229,7 @@ TEST_F(Mended_Screens, Overflow_And_The_Way_Out) {
     EXPECT_THROW(static_cast<void>(Print()), Run_Time_Error);
     Settle_Again(session);
 
-    Syokuta_Entry social(session, 1);
+    Syokuta_Entry social(session);
     ASSERT_TRUE(social.Fault());
     social.Take(element::research_before, 0);
     social.Store(session);
@@ -258,7 +258,7 @@ TEST_F(Mended_Screens, A_Date_That_Is_None_Blocks_W_Alone) {
     for (const int law : {1, 2, 4}) {
         Set_Law_Year(session, 10, Law_Of(law).code);
         session.Simyu_Kubun = Law_Of(law).code;
-        EXPECT_EQ(Syokuta_Entry(session, 1).Fault().has_value(), law > 1) << law;
+        EXPECT_EQ(Syokuta_Entry(session).Fault().has_value(), law > 1) << law;
         EXPECT_TRUE(Kanko_Entry(session, Kanko_Screen_Of("Frm_Kanko")).Fault()) << law;
         try {
             static_cast<void>(Print());

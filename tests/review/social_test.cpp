@@ -230,8 +230,8 @@ TEST_F(Social_Store, Adds_The_Rows_Of_Knowledge_And_Forms_P_Anew) {
         Put_Work(32, {{"評点X1", 1000}, {"評点Z", 900}, {"総合評点P", 1}});
 
         const Connection cn = Cn_Open(session);
-        const Review_Figures figures = Load_Review(cn, 10, scenario_genjo, {});
-        Store_W_2012(cn, session, {10, &scenario_genjo}, Pass(Items_Of(figures), figures));
+        const Review_Figures figures = Load_Review(cn, {10}, {});
+        Store_W_2012(cn, {10}, {}, Pass(Items_Of(figures), figures));
         const Recordset rows = cn.Open("SELECT * FROM W_Yoso WHERE " + of_period + " ORDER BY 要素CD;");
         ASSERT_EQ(rows.Count(), static_cast<std::size_t>(c.added));
         if (c.added != 0) {

@@ -226,9 +226,9 @@ class Works_Store : public Installation {
         }
     }
 
-    Works Screen(int scenario) const {
+    Works Screen(Side side) const {
         const Connection cn = Cn_Open(session);
-        figures = Load_Review(cn, 10, Scenario_Of(scenario), {});
+        figures = Load_Review(cn, side, {});
         return Loaded(figures);
     }
 
@@ -257,18 +257,18 @@ class Works_Store : public Installation {
 };
 
 TEST_F(Works_Store, Completed_Work_As_It_Is_Left) {
-    for (const int scenario : {1, 2}) {
-        const std::string prefix = scenario == 1 ? "" : "改0";
-        const std::string column = scenario == 1 ? "現状" : "改善後0";
+    for (const Side side : {Side{10, Scenario::Genjo}, Side{10, Scenario::Kaizen}}) {
+        const std::string prefix(Columns_Of(side.scenario).prefix);
+        const std::string column(Columns_Of(side.scenario).yoso);
         Put_Elements({{200, 5}, {210, 4}}, column);
-        Works works = Screen(scenario);
+        Works works = Screen(side);
         Work_Line& emptied = works.lines[2];
         emptied.Zzki.Set_Null();
         emptied.Zki.Set_Null();
         emptied.Kijun.Set_Null();
         works.lines[5].Mzki.Set_Null();
         works = Calc_Kanko_All(works, figures);
-        Store_Works(Cn_Open(session), {10, &Scenario_Of(scenario)}, works, false);
+        Store_Works(Cn_Open(session), side, works, false);
         EXPECT_EQ(Stored(0, amounts, prefix), "1000 0 0 0 0");
         EXPECT_EQ(Stored(0, scores, prefix), "397 0 241 450 280");
         EXPECT_EQ(Stored(0, prime, prefix), "- - - - -");
@@ -286,24 +286,25 @@ TEST_F(Works_Store, Completed_Work_As_It_Is_Left) {
         // 1000: (0 + 2 × 500) / 3; 60, 40: (40 + 2 × 30) / 3; 100, 201: (201 + 2 × 50) / 3
         EXPECT_EQ(Element(203, column), std::to_string(333 + 33 + 100));
         EXPECT_EQ(Element(140, column), "0");
-        EXPECT_EQ(Element(200, column), scenario == 1 ? "0" : "5") << "the improved screen leaves W";
+        EXPECT_EQ(Element(200, column), side.Is_Current() ? "0" : "5") << "the improved screen leaves W";
         EXPECT_EQ(Element(100, column), "-");
     }
 }
 
 TEST_F(Works_Store, Engineers_As_They_Are_Left) {
-    for (const int scenario : {1, 2}) {
-        const std::string prefix = scenario == 1 ? "" : "改0";
-        Put_Elements({{200, 5}}, scenario == 1 ? "現状" : "改善後0");
+    for (const Side side : {Side{10, Scenario::Genjo}, Side{10, Scenario::Kaizen}}) {
+        const std::string prefix(Columns_Of(side.scenario).prefix);
+        const std::string column(Columns_Of(side.scenario).yoso);
+        Put_Elements({{200, 5}}, column);
         const std::string works_before = Stored(0, amounts, prefix) + Stored(5, amounts, prefix);
-        Works works = Screen(scenario);
+        Works works = Screen(side);
         works.lines[5].gijutusya[0].Set_Null();
         works.lines[5].gijutusya[5].Set(0);
         works.lines[7].gijutusya[5].Set(1);
         works.lines[33].gijutusya[0].Set(3);
         works.lines[33].Mkijun.Set(10);
         works = Calc_Gijutu_All(works, figures);
-        Store_Works(Cn_Open(session), {10, &Scenario_Of(scenario)}, works, true);
+        Store_Works(Cn_Open(session), side, works, true);
         const std::vector<std::string> z_p = {"評点Z1", "評点Z2", "評点Z", "総合評点P"};
         EXPECT_EQ(Stored(5, {"技術者1", "技術者2", "技術者6"}, prefix), "- - 0");
         EXPECT_EQ(Stored(5, prime, prefix), "0 30 30 0 15");
@@ -314,7 +315,7 @@ TEST_F(Works_Store, Engineers_As_They_Are_Left) {
         EXPECT_EQ(Stored(32, prime, prefix), "- - - 8 -");
         EXPECT_EQ(Stored(33, {"技術者1", "元請完工高平均", "評点Z1"}, prefix), "- 5 -");
         EXPECT_EQ(Stored(0, amounts, prefix) + Stored(5, amounts, prefix), works_before);
-        EXPECT_EQ(Element(200, scenario == 1 ? "現状" : "改善後0"), "5");
+        EXPECT_EQ(Element(200, column), "5");
         EXPECT_EQ(Element(201), "-");
     }
 }

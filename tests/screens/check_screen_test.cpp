@@ -43,11 +43,11 @@ class Check_Screens : public Ui_Installation {
         Put_Elements({{210, law}});
         session.Simyu_Kubun = Law_Of(law).code;
         const Connection cn = Cn_Open(session);
-        Review_Figures figures = Load_Review(cn, session.Syori_Ki, scenario_genjo, {});
+        Review_Figures figures = Load_Review(session, Side_In_Hand(session));
         Settle(figures, y, x2);
         Transaction transaction(cn);
-        Write_Elements(cn, session.Syori_Ki, scenario_genjo, figures);
-        Write_Works(cn, session.Syori_Ki, scenario_genjo, figures);
+        Write_Elements(cn, Side_In_Hand(session), figures);
+        Write_Works(cn, Side_In_Hand(session), figures);
         transaction.Commit();
         return figures;
     }
@@ -58,7 +58,7 @@ class Check_Screens : public Ui_Installation {
             form->reject();
         }
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        entry.checks.Open(request, [] { return true; });
+        entry.checks.Open(request, Side_In_Hand(session), [] { return true; });
         return *entry.findChild<Form*>(QString::fromStdString(request.form));
     }
 
@@ -207,7 +207,7 @@ TEST_F(Check_Screens, Steps_Stand_In_The_Window_As_In_The_Sheet) {
     Put_Elements({{228, 620}, {229, 20}, {230, 3}, {231, 16}, {232, 1}});
     Settle_In_Store(4);
     for (const Check_Request& request : {Y1_Request(6), W2X_Request(Law_Of(4), 13), XZP_Request("X", 0)}) {
-        const Check_Sheet sheet = Make_Check_Sheet(session, request);
+        const Check_Sheet sheet = Make_Check_Sheet(session, Side_In_Hand(session), request);
         ASSERT_FALSE(sheet.steps.empty());
         Form& form = Open(request);
         QString shown;
@@ -307,9 +307,9 @@ TEST_F(Check_Screens, One_At_A_Time) {
     Settle_In_Store(4);
     int stored = 0;
     const auto store = [&stored] { return ++stored != 2; };
-    entry.checks.Open(W2X_Request(Law_Of(4), 0), store);
+    entry.checks.Open(W2X_Request(Law_Of(4), 0), Side_In_Hand(session), store);
     EXPECT_FALSE(entry.checks.Calc_Open_Flg());
-    entry.checks.Open(W2X_Request(Law_Of(4), 1), store);
+    entry.checks.Open(W2X_Request(Law_Of(4), 1), Side_In_Hand(session), store);
     entry.reject();
     EXPECT_TRUE(entry.isVisible());
     EXPECT_EQ(stored, 1) << "a refusal stores nothing";
@@ -320,9 +320,9 @@ TEST_F(Check_Screens, One_At_A_Time) {
     EXPECT_EQ(messages.shown[1].text, "開いている計算チェックの画面を閉じてから画面を閉じてください。");
     QTest::keyClick(entry.findChild<Form*>(), Qt::Key_Escape);
     EXPECT_TRUE(entry.checks.Calc_Open_Flg());
-    entry.checks.Open(W2X_Request(Law_Of(4), 1), store);
+    entry.checks.Open(W2X_Request(Law_Of(4), 1), Side_In_Hand(session), store);
     EXPECT_TRUE(entry.checks.Calc_Open_Flg()) << "what could not be stored is not explained";
-    entry.checks.Open(W2X_Request(Law_Of(4), 1), store);
+    entry.checks.Open(W2X_Request(Law_Of(4), 1), Side_In_Hand(session), store);
     EXPECT_FALSE(entry.checks.Calc_Open_Flg());
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     entry.findChild<Form*>()->close();

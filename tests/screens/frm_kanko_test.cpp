@@ -69,7 +69,7 @@ class Kanko_Window : public Ui_Installation {
 
     [[nodiscard]] Review_Figures Stored() const {
         const Connection cn = Cn_Open(session);
-        return Load_Review(cn, 10, scenario_genjo, {session.Kind().edition, Firm_Type::Corporation});
+        return Load_Review(cn, {10}, {session.Kind().edition, Firm_Type::Corporation});
     }
 
     std::unique_ptr<Frm_Kanko> form;
@@ -175,7 +175,7 @@ TEST_P(Kanko_Firms, What_Is_Keyed_Ends_In_The_Figures_Of_The_Engine) {
     Type_Into(*form, "Kanko_Avg", years.c_str());
     Key(Qt::Key_Return);
     Key(Qt::Key_Escape);
-    Syokuta_Entry(session, 1).Store(session);
+    Syokuta_Entry(session).Store(session);
     const Review_Figures stored = Stored();
     EXPECT_EQ(stored.works, expected.works);
     for (std::size_t code = 0; code < stored.elements.size(); ++code) {

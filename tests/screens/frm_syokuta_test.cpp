@@ -103,9 +103,7 @@ class Syokuta_Screen : public Ui_Installation {
         EXPECT_EQ(messages.shown.size(), 0U);
     }
 
-    [[nodiscard]] Review_Figures Now() const {
-        return Load_Review(Cn_Open(session), session.Syori_Ki, scenario_genjo, session.Kind());
-    }
+    [[nodiscard]] Review_Figures Now() const { return Load_Review(session, Side_In_Hand(session)); }
 
     const std::string stored_scores = "SELECT 要素CD, 現状 FROM W_Yoso ORDER BY 決算期, 要素CD";
 };
@@ -308,9 +306,7 @@ TEST_F(Syokuta_Screen, What_Is_Stored_And_Cannot_Be_Computed_Can_Be_Corrected) {
 // A report or a check computes from settled scores; the screen that stays open shows them too, and they are
 // what is stored.
 TEST_F(Syokuta_Screen, What_Stays_Open_Shows_The_Settled_Scores) {
-    const auto settled = [this] {
-        return Score_Company(Cn_Open(session), session.Kind().edition, std::nullopt, scenario_genjo).figures;
-    };
+    const auto settled = [this] { return Score_Company(Cn_Open(session), session.Kind().edition).figures; };
     const auto close_check = [] {
         for (QWidget* window : QApplication::topLevelWidgets()) {
             if (window->isVisible() && window->objectName().contains(QStringLiteral("_Calc_Check"))) {

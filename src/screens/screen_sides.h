@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#pragma once
+
+#include "review/side.h"
+
+#include <optional>
+
+namespace morvane {
+
+/// A side as a screen has it: counted from the period in hand.
+struct Screen_Side {
+    int periods_back = 0;
+    Scenario scenario = Scenario::Genjo;
+    const char* caption = ""; ///< over its figures where two sides are shown
+
+    [[nodiscard]] Side Of(const Session& session) const {
+        return {session.Syori_Ki - periods_back, scenario};
+    }
+};
+
+/// The sides of an entry screen: the one that it edits or, read only, just shows, and, where there is one,
+/// the one before it, to compare with. A counterpart of a screen is the same screen with other sides.
+struct Screen_Sides {
+    Screen_Side after;
+    std::optional<Screen_Side> before = std::nullopt;
+    bool read_only = false;
+};
+
+/// The current figures of the period in hand alone.
+inline constexpr Screen_Sides current_figures = {};
+
+} // namespace morvane
