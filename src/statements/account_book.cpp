@@ -26,7 +26,7 @@ Account_Class Class_Of(std::string_view name) {
 struct Total {
     Account account;
     unsigned when;
-    std::array<Term, 7> terms;
+    std::array<Book_Term, 7> terms;
     bool in_journal = true; ///< the journal writes it, too
 };
 
@@ -187,9 +187,9 @@ void Account_Book::Form_Balances() {
     }
 }
 
-Amounts Account_Book::Sum(std::span<const Term> terms) const {
+Amounts Account_Book::Sum(std::span<const Book_Term> terms) const {
     Amounts sum;
-    for (const Term& term : terms) {
+    for (const Book_Term& term : terms) {
         if (!term.Is_Empty()) {
             const Amounts part =
                 term.of_class == None ? (*this)[term.account] : sums[static_cast<std::size_t>(term.of_class)];

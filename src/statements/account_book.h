@@ -60,10 +60,10 @@ struct Amounts {
 };
 
 /// A class sum or an amount that a total adds or, after a minus, subtracts.
-struct Term {
-    constexpr Term() = default;
-    constexpr Term(Account_Class sum) : of_class(sum) {}
-    constexpr Term(Account figure) : account(figure) {}
+struct Book_Term {
+    constexpr Book_Term() = default;
+    constexpr Book_Term(Account_Class sum) : of_class(sum) {}
+    constexpr Book_Term(Account figure) : account(figure) {}
 
     Account_Class of_class = Account_Class::None;
     Account account{-1}; ///< what was formed of it before; else the amount of its row
@@ -73,15 +73,15 @@ struct Term {
         return of_class == Account_Class::None && Code(account) < 0;
     }
 };
-constexpr Term operator-(Term term) {
+constexpr Book_Term operator-(Book_Term term) {
     term.minus = !term.minus;
     return term;
 }
-constexpr Term operator-(Account account) {
-    return -Term(account);
+constexpr Book_Term operator-(Account account) {
+    return -Book_Term(account);
 }
-constexpr Term operator-(Account_Class sum) {
-    return -Term(sum);
+constexpr Book_Term operator-(Account_Class sum) {
+    return -Book_Term(sum);
 }
 
 /// What decides which accounts, captions and totals a firm's statements have. A table's row applies where the
@@ -127,7 +127,7 @@ class Account_Book {
     [[nodiscard]] Amounts operator[](Account account) const;
 
     /// The terms added up: totals, rows and, once the totals were formed, classes.
-    [[nodiscard]] Amounts Sum(std::span<const Term> terms) const;
+    [[nodiscard]] Amounts Sum(std::span<const Book_Term> terms) const;
 
     /// Assigns the amount of a row in one column; without the row nothing happens.
     void Put(int code, std::size_t column, Yen amount);

@@ -18,7 +18,7 @@ struct Statement_Line {
     const char* caption;
     Panel_Group group;
     unsigned when;
-    std::array<Term, 4> figures;
+    std::array<Book_Term, 4> figures;
     bool is_sum = false; ///< closes the lines above it
 };
 
