@@ -55,20 +55,25 @@ constexpr std::array<W_Row, 9> w_rows = {{{"W1", element::w1},
                                           {"W8", element::w8},
                                           {"W", element::w}}};
 
+template <auto Member>
+const Figure& Of(const Work_Line& line) {
+    return line.*Member;
+}
+
 /// The columns of a line in every format.
 struct Line_Column {
     const char* name;
     const char* heading; ///< of the table; null where the table leaves it out
-    Figure Work_Line::*figure;
+    const Figure& (*figure)(const Work_Line&);
 };
 constexpr std::array<Line_Column, 7> line_columns = {
-    {{work_column::average, "完成工事高", &Work_Line::Nheikin},
-     {work_column::x1, "X1", &Work_Line::X1},
-     {work_column::z1, "Z1", &Work_Line::Zi},
-     {work_column::prime_average, "元請完工高", &Work_Line::Mnheikin},
-     {work_column::z2, "Z2", &Work_Line::Zro},
-     {work_column::z, "Z", &Work_Line::Z},
-     {work_column::p, "P", &Work_Line::P}}};
+    {{work_column::average, "完成工事高", Of<&Work_Line::Nheikin>},
+     {work_column::x1, "X1", Of<&Work_Line::X1>},
+     {work_column::z1, "Z1", Of<&Work_Line::Zi>},
+     {work_column::prime_average, "元請完工高", Of<&Work_Line::Mnheikin>},
+     {work_column::z2, "Z2", Of<&Work_Line::Zro>},
+     {work_column::z, "Z", Of<&Work_Line::Z>},
+     {work_column::p, "P", Of<&Work_Line::P>}}};
 
 // A figure left from another law year is none of this one.
 std::int32_t W_Of(const Settled_Score& score, int element) {
@@ -109,7 +114,7 @@ std::string Json_Text(const Settled_Score& score) {
         entry["工種CD"] = i;
         entry["工種略"] = score.kosyu_ryaku[i];
         for (const Line_Column& column : line_columns) {
-            entry[column.name] = Or_Null(line.*column.figure);
+            entry[column.name] = Or_Null(column.figure(line));
         }
         lines.Add(std::move(entry));
     }
@@ -142,7 +147,7 @@ std::string Csv_Lines(const Settled_Score& score) {
         }
         text += firm + std::to_string(i) + "," + Csv_Quoted(score.kosyu_ryaku[i]);
         for (const Line_Column& column : line_columns) {
-            const Figure& figure = line.*column.figure;
+            const Figure& figure = column.figure(line);
             text += "," + (figure.up ? std::to_string(figure.value) : std::string());
         }
         text += "," + std::to_string(score.y.Y_Ten) + "," + std::to_string(score.x2.X2_Ten) + "," +
@@ -200,7 +205,7 @@ std::string Table_Text(const Settled_Score& score) {
         }
         text += "  " + Padded(Shown_Text(score.kosyu_ryaku[i]), 14, false);
         for (const Line_Column& column : line_columns) {
-            const Figure& figure = line.*column.figure;
+            const Figure& figure = column.figure(line);
             text +=
                 Padded(figure.up ? Comma_Str(figure.value) : "-", Width(column.heading) > 2 ? 14 : 7, true);
         }

@@ -14,7 +14,7 @@ namespace {
 
 using Of_Line = const Figure& (*)(const Work_Line&);
 
-template <Figure Work_Line::*Member>
+template <auto Member>
 const Figure& Of(const Work_Line& line) {
     return line.*Member;
 }

@@ -15,10 +15,9 @@ Term Of(const Figure& figure) {
 }
 
 // The average of the years that the firm has chosen, in the order of its formula.
-Term Average_Steps(Steps& steps, const char* name, std::int32_t years, const Figure& zzki, const Figure& zki,
-                   const Figure& kijun) {
-    const Averages averages =
-        Averages_Of(years, Thousand_Yen(zzki.value), Thousand_Yen(zki.value), Thousand_Yen(kijun.value));
+Term Average_Steps(Steps& steps, const char* name, std::int32_t years, const Amount_Figure& zzki,
+                   const Amount_Figure& zki, const Amount_Figure& kijun) {
+    const Averages averages = Averages_Of(years, zzki.Number(), zki.Number(), kijun.Number());
     if (years == 2) {
         return steps.Work(name, (Of(kijun) + Of(zki)) / 2, averages.adopted.Count(), Rounding::Half);
     }

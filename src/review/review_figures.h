@@ -5,6 +5,7 @@
 #include "law/era_date.h"
 #include "law/firm_kind.h"
 #include "law/law_year.h"
+#include "law/quantity.h"
 #include "law/work_types.h"
 #include "review/side.h"
 
@@ -16,9 +17,9 @@
 
 namespace morvane {
 
-/// A stored figure of a work type: thousand yen, a count or a score. `up` tells that it was entered or
-/// computed (a Null in the store reads as 0 with the flag down); `dirty` that it was assigned since it was
-/// read.
+/// A stored figure of a work type as stores, tables and texts handle it, whatever it counts. `up` tells that
+/// it was entered or computed (a Null in the store reads as 0 with the flag down); `dirty` that it was
+/// assigned since it was read.
 struct Figure {
     std::int32_t value = 0;
     bool up = false;
@@ -26,23 +27,45 @@ struct Figure {
 
     void Set(std::int32_t number) { *this = {number, true, true}; }
     void Set_Null() { *this = {0, false, true}; }
-    void Set_If(bool condition, std::int32_t number) { *this = {condition ? number : 0, condition, true}; }
 
     friend bool operator==(const Figure& a, const Figure& b) { return a.value == b.value && a.up == b.up; }
 };
 
+/// A figure of one unit, as the arithmetic handles it.
+template <class Unit>
+struct Figure_Of : Figure {
+    Figure_Of() = default;
+    Figure_Of(std::int32_t number, bool is_up, bool is_dirty) : Figure{number, is_up, is_dirty} {}
+
+    /// Raises Run_Time_Error (overflow, without a name) for what is stored beyond the unit's width.
+    [[nodiscard]] Unit Number() const { return Unit::Of(value); }
+
+    void Set(Unit number) { Figure::Set(number.Count()); }
+
+    /// Takes a number and keeps the flags: what a calculation forms is stored by other figures' flags.
+    void Put(Unit number) { value = number.Count(); }
+
+    /// Takes another figure's number where the condition holds, else becomes Null.
+    void Set_If(bool condition, const Figure_Of& from) {
+        *this = {condition ? from.value : 0, condition, true};
+    }
+};
+using Amount_Figure = Figure_Of<Thousand_Yen>;
+using Count_Figure = Figure_Of<Head_Count>;
+using Score_Figure = Figure_Of<Points>;
+
 /// One line of Kandaka_Gj in one scenario.
 struct Work_Line {
-    Figure Zzki, Zki, Kijun;         ///< completed work: period before last, last, base
-    Figure Zheikin, Nheikin;         ///< adopted previous figure and adopted average
-    Figure X1;                       ///< 評点X1
-    std::array<Figure, 6> gijutusya; ///< 技術者1 to 技術者6
-    Figure Zi;                       ///< 評点Z1
-    Figure Mzzki, Mzki, Mkijun;      ///< the same of prime-contract work
-    Figure Mzheikin, Mnheikin;
-    Figure Zro;       ///< 評点Z2
-    Figure Z;         ///< 評点Z
-    Figure P;         ///< 総合評点P
+    Amount_Figure Zzki, Zki, Kijun;        ///< completed work: period before last, last, base
+    Amount_Figure Zheikin, Nheikin;        ///< adopted previous figure and adopted average
+    Score_Figure X1;                       ///< 評点X1
+    std::array<Count_Figure, 6> gijutusya; ///< 技術者1 to 技術者6
+    Score_Figure Zi;                       ///< 評点Z1
+    Amount_Figure Mzzki, Mzki, Mkijun;     ///< the same of prime-contract work
+    Amount_Figure Mzheikin, Mnheikin;
+    Score_Figure Zro; ///< 評点Z2
+    Score_Figure Z;   ///< 評点Z
+    Score_Figure P;   ///< 総合評点P
     bool row = false; ///< the store has the line
 
     [[nodiscard]] bool Has_Kanko() const { return Zzki.up || Zki.up || Kijun.up; }

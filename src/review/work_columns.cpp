@@ -11,7 +11,7 @@ namespace {
 
 using enum Work_Figure;
 
-template <Figure Work_Line::*Member>
+template <auto Member>
 Figure& Place(Work_Line& line) {
     return line.*Member;
 }

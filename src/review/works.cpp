@@ -9,16 +9,15 @@ namespace morvane {
 
 namespace {
 
-Points Ten(std::int32_t ten) {
-    return Points(Narrow<std::int16_t>(ten, "評点"));
+constexpr const char* what_score = "評点";
+
+Points Ten(const Score_Figure& score) {
+    return Points(Narrow<std::int16_t>(score.value, what_score));
 }
 
 /// An amount of a line over three periods.
 struct Periods {
     Thousand_Yen zzki, zki, kijun;
-
-    Periods(const Figure& a, const Figure& b, const Figure& c)
-        : zzki(a.value), zki(b.value), kijun(c.value) {}
 
     [[nodiscard]] bool Is_Empty() const { return (zzki.Count() | zki.Count() | kijun.Count()) == 0; }
     [[nodiscard]] Averages Average(std::int32_t kanko_avg) const {
@@ -27,11 +26,11 @@ struct Periods {
 };
 
 Periods Kanko_Of(const Work_Line& line) {
-    return {line.Zzki, line.Zki, line.Kijun};
+    return {line.Zzki.Number(), line.Zki.Number(), line.Kijun.Number()};
 }
 
 Periods Motouke_Of(const Work_Line& line) {
-    return {line.Mzzki, line.Mzki, line.Mkijun};
+    return {line.Mzzki.Number(), line.Mzki.Number(), line.Mkijun.Number()};
 }
 
 void Add(Kanko_Totals& totals, const Periods& periods, const Averages& averages) {
@@ -48,23 +47,17 @@ void Add(Kanko_Totals& totals, const Periods& periods, const Averages& averages)
     });
 }
 
-// Figures that the calculation forms keep the flags for the store; only their values matter here.
-template <class Number>
-void Put(Figure& figure, Number number) {
-    figure.value = number.Count();
-}
-
 /// The averages and Z2 of prime-contract work, and Z with the Z1 of the line.
 void Put_Z(Work_Line& line, const Law_Year& law, const Averages& prime) {
-    Put(line.Mnheikin, prime.adopted);
-    Put(line.Mzheikin, prime.previous);
+    line.Mnheikin.Put(prime.adopted);
+    line.Mzheikin.Put(prime.previous);
     const Points zro = Calc_Z2_Ten(law, prime.adopted).points;
-    Put(line.Zro, zro);
-    Put(line.Z, Calc_Z_Ten(Ten(line.Zi.value), zro));
+    line.Zro.Put(zro);
+    line.Z.Put(Calc_Z_Ten(Ten(line.Zi), zro));
 }
 
 void Put_P(Work_Line& line, const Works::Scores& scores) {
-    Put(line.P, Calc_P_Ten(Ten(line.X1.value), scores.X2, scores.Y, Ten(line.Z.value), scores.W));
+    line.P.Put(Calc_P_Ten(Ten(line.X1), scores.X2, scores.Y, Ten(line.Z), scores.W));
 }
 
 /// The items of W that follow the completed work. The point of knowledge does not enter this W.
@@ -75,7 +68,7 @@ void Calc_Social(Social_Items& items, Thousand_Yen kanko, const Review_Figures& 
         items.Enen_Ten = W2_Of(items, law).Count();
     }
     const Sub_Scores sub_scores =
-        In_Calculation("評点", [&] { return Sub_Scores_Of(items, items.Kikai_Ten); });
+        In_Calculation(what_score, [&] { return Sub_Scores_Of(items, items.Kikai_Ten); });
     const bool six = form == W_Form::By_Law_Year && !law.has_w7_w8;
     items.W = (six ? Calc_W_2008(sub_scores) : Calc_W_2011(sub_scores, figures.Date_For_W())).Count();
     if (items.tishikiGJ[0] != 0) {
@@ -86,11 +79,11 @@ void Calc_Social(Social_Items& items, Thousand_Yen kanko, const Review_Figures& 
 // The five columns of prime-contract work, by their own flags.
 void Put_Motouke(Work_Line& to, const Work_Line& from) {
     const bool up = from.Has_Motouke();
-    to.Mzzki.Set_If(up, from.Mzzki.value);
-    to.Mzki.Set_If(up, from.Mzki.value);
-    to.Mzheikin.Set_If(up, from.Mzheikin.value);
-    to.Mkijun.Set_If(up, from.Mkijun.value);
-    to.Mnheikin.Set_If(up, from.Mnheikin.value);
+    to.Mzzki.Set_If(up, from.Mzzki);
+    to.Mzki.Set_If(up, from.Mzki);
+    to.Mzheikin.Set_If(up, from.Mzheikin);
+    to.Mkijun.Set_If(up, from.Mkijun);
+    to.Mnheikin.Set_If(up, from.Mnheikin);
 }
 
 } // namespace
@@ -98,7 +91,7 @@ void Put_Motouke(Work_Line& to, const Work_Line& from) {
 Engineers Engineers_Of(const Work_Line& line) {
     Engineers engineers;
     for (std::size_t i = 0; i < engineers.size(); ++i) {
-        engineers[i] = Head_Count(line.gijutusya[i].value);
+        engineers[i] = line.gijutusya[i].Number();
     }
     return engineers;
 }
@@ -119,7 +112,7 @@ Works Load_Kanko(const Review_Figures& figures, Points x2, Points y) {
     works.items.Load(figures);
     const std::int32_t years = figures.Yoso(element::years_of_average);
     works.Kanko_Avg = years == 0 ? 2 : years;
-    works.scores = {x2, y, Ten(works.items.W)};
+    works.scores = {x2, y, In_Calculation(what_score, [&] { return Points::Of(works.items.W); })};
     return works;
 }
 
@@ -132,9 +125,9 @@ Works Calc_Kanko_All(const Works& works, const Review_Figures& figures, W_Form f
         Work_Line& line = next.lines[i];
         const Periods periods = Kanko_Of(line);
         const Averages averages = periods.Average(next.Kanko_Avg);
-        Put(line.Nheikin, averages.adopted);
-        Put(line.Zheikin, averages.previous);
-        Put(line.X1, Calc_X1_Ten(law, averages.adopted).points);
+        line.Nheikin.Put(averages.adopted);
+        line.Zheikin.Put(averages.previous);
+        line.X1.Put(Calc_X1_Ten(law, averages.adopted).points);
         const Periods prime_periods = Motouke_Of(line);
         const Averages prime = prime_periods.Average(next.Kanko_Avg);
         if (!Is_Sub_Line(i)) {
@@ -157,7 +150,7 @@ Works Calc_Gijutu_All(const Works& works, const Review_Figures& figures) {
     next.motouke = {};
     for (std::size_t i = 0; i < next.lines.size(); ++i) {
         Work_Line& line = next.lines[i];
-        Put(line.Zi, Calc_Z1_Ten(Engineers_Of(line)).points);
+        line.Zi.Put(Calc_Z1_Ten(Engineers_Of(line)).points);
         const Periods periods = Motouke_Of(line);
         const Averages prime = periods.Average(next.Kanko_Avg);
         if (!Is_Sub_Line(i)) {
@@ -177,17 +170,17 @@ void Save_Kanko(const Works& works, Review_Figures& figures, bool with_w) {
         const Work_Line& from = works.lines[i];
         Work_Line& to = figures.works[i];
         const bool up = from.Has_Kanko();
-        to.Zzki.Set_If(up, from.Zzki.value);
-        to.Zki.Set_If(up, from.Zki.value);
-        to.Zheikin.Set_If(up, from.Zheikin.value);
-        to.Kijun.Set_If(up, from.Kijun.value);
-        to.Nheikin.Set_If(up, from.Nheikin.value);
+        to.Zzki.Set_If(up, from.Zzki);
+        to.Zki.Set_If(up, from.Zki);
+        to.Zheikin.Set_If(up, from.Zheikin);
+        to.Kijun.Set_If(up, from.Kijun);
+        to.Nheikin.Set_If(up, from.Nheikin);
         const bool scored = up && i < scored_lines;
-        to.X1.Set_If(scored, from.X1.value);
-        to.Zi.Set_If(scored, from.Zi.value);
-        to.Zro.Set_If(scored, from.Zro.value);
-        to.Z.Set_If(scored, from.Z.value);
-        to.P.Set_If(scored, from.P.value);
+        to.X1.Set_If(scored, from.X1);
+        to.Zi.Set_If(scored, from.Zi);
+        to.Zro.Set_If(scored, from.Zro);
+        to.Z.Set_If(scored, from.Z);
+        to.P.Set_If(scored, from.P);
         Put_Motouke(to, from);
     }
     figures.Put_Yoso(element::years_of_average, works.Kanko_Avg);
@@ -211,27 +204,27 @@ void Save_Gijutu(const Works& works, Review_Figures& figures) {
             continue;
         }
         for (std::size_t k = 0; k < from.gijutusya.size(); ++k) {
-            to.gijutusya[k].Set_If(from.gijutusya[k].up, from.gijutusya[k].value);
+            to.gijutusya[k].Set_If(from.gijutusya[k].up, from.gijutusya[k]);
         }
         // P stands where the line has completed work; Z already where it has anything.
         const bool any = from.Has_Kanko() || from.Has_Engineer() || from.Has_Motouke();
-        to.Zi.Set_If(any, from.Zi.value);
-        to.Zro.Set_If(any, from.Zro.value);
-        to.Z.Set_If(any, from.Z.value);
+        to.Zi.Set_If(any, from.Zi);
+        to.Zro.Set_If(any, from.Zro);
+        to.Z.Set_If(any, from.Z);
         to.P.Set_If(from.Has_Kanko(), from.P.value);
     }
 }
 
 void Recalc_P_All(Review_Figures& figures, Points x2, Points y) {
-    const Points w(Narrow<std::int16_t>(figures.Yoso(element::w), "その他審査項目（Ｗ）"));
-    for (std::size_t i = 0; i < scored_lines; ++i) {
-        Work_Line& line = figures.works[i];
-        if (line.P.up) {
-            line.P.Set(In_Calculation("その他審査項目（Ｗ）", [&] {
-                return Calc_P_Ten(Points::Of(line.X1.value), x2, y, Points::Of(line.Z.value), w).Count();
-            }));
+    In_Calculation("その他審査項目（Ｗ）", [&] {
+        const Points w = Points::Of(figures.Yoso(element::w));
+        for (std::size_t i = 0; i < scored_lines; ++i) {
+            Work_Line& line = figures.works[i];
+            if (line.P.up) {
+                line.P.Set(Calc_P_Ten(line.X1.Number(), x2, y, line.Z.Number(), w));
+            }
         }
-    }
+    });
 }
 
 } // namespace morvane

@@ -11,7 +11,7 @@ namespace morvane {
 
 namespace {
 
-template <Figure Work_Line::*Member>
+template <auto Member>
 std::string Of(const Check_Figures& f) {
     return Own(f.Line().*Member);
 }
@@ -62,13 +62,13 @@ void Show_Average(const Check_Figures& f, Check_Sheet& sheet, const std::string&
 void More_Of_X(const Check_Figures& f, Check_Sheet& sheet) {
     Show_Work_Type(f, sheet);
     Show_Average(f, sheet, "年間平均完成工事高");
-    Show_Row(f, sheet, Calc_X1_Ten(f.Law(), Thousand_Yen(f.Line().Nheikin.value)).row);
+    Show_Row(f, sheet, Calc_X1_Ten(f.Law(), f.Line().Nheikin.Number()).row);
 }
 
 void More_Of_Z2(const Check_Figures& f, Check_Sheet& sheet) {
     Show_Work_Type(f, sheet);
     Show_Average(f, sheet, "年間平均元請完成工事高");
-    Show_Row(f, sheet, Calc_Z2_Ten(f.Law(), Thousand_Yen(f.Line().Mnheikin.value)).row);
+    Show_Row(f, sheet, Calc_Z2_Ten(f.Law(), f.Line().Mnheikin.Number()).row);
 }
 
 void More_Of_Z1(const Check_Figures& f, Check_Sheet& sheet) {

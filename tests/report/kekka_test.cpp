@@ -227,8 +227,9 @@ Kekka_Figures Longest_Figures(int law) {
     }
     kekka.heading = {name, 999, "改善前", "2026/12/31", name};
     for (Work_Line& line : kekka.figures.works) {
-        for (Figure* figure : {&line.Kijun, &line.Zheikin, &line.Nheikin, &line.Mkijun, &line.Mzheikin,
-                               &line.Mnheikin, &line.P, &line.X1, &line.Zi, &line.Zro, &line.Z}) {
+        for (Figure* figure : std::initializer_list<Figure*>{
+                 &line.Kijun, &line.Zheikin, &line.Nheikin, &line.Mkijun, &line.Mzheikin, &line.Mnheikin,
+                 &line.P, &line.X1, &line.Zi, &line.Zro, &line.Z}) {
             figure->Set(INT32_MIN);
         }
         for (Figure& figure : line.gijutusya) {
@@ -275,8 +276,8 @@ TEST(Kekka_Form_Test, Large_Figures_Are_Printed_Whole) {
                            {99'999'999, 999, "99,999,999", "999", 6.6},
                            {1'234'567'890, 1'234, "1234567890", "1234", 6}}) {
         Kekka_Figures kekka = Figures_Of_Law(4);
-        kekka.figures.works[0].Kijun.Set(row.amount);
-        kekka.figures.works[0].gijutusya[0].Set(row.engineers);
+        kekka.figures.works[0].Kijun.Set(Thousand_Yen(row.amount));
+        kekka.figures.works[0].gijutusya[0].Set(Head_Count(row.engineers));
         const auto line = Line_Of(Texts_Of(kekka, Kekka_Form::Rpt_Kekka_2012), "010");
         EXPECT_EQ(Joined(line), std::string("010|土木一式|") + row.amount_text + "|" + row.engineers_text);
         EXPECT_NEAR(line.at(2).size, row.size, 0.1);

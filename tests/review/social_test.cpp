@@ -262,8 +262,9 @@ Review_Figures With_Stale_Scores(Review_Figures figures) {
     }
     for (std::size_t i = 0; i < work_line_count; ++i) {
         Work_Line& line = figures.works[i];
-        for (Figure* figure : {&line.Zheikin, &line.Nheikin, &line.X1, &line.Zi, &line.Mzheikin,
-                               &line.Mnheikin, &line.Zro, &line.Z, &line.P}) {
+        for (Figure* figure :
+             std::initializer_list<Figure*>{&line.Zheikin, &line.Nheikin, &line.X1, &line.Zi, &line.Mzheikin,
+                                            &line.Mnheikin, &line.Zro, &line.Z, &line.P}) {
             *figure = i == combined_line ? Figure{} : Figure{777, true, false};
         }
     }
@@ -313,8 +314,8 @@ TEST(Settle, Ends_In_Figures_That_Agree_Whatever_Scores_Were_Stored) {
             EXPECT_EQ(work.P.up, work.Has_Kanko()) << line;
             if (work.P.up) {
                 EXPECT_EQ(work.P.value,
-                          Calc_P_Ten(Points::Of(work.X1.value), Points(once.x2.X2_Ten), Points(once.y.Y_Ten),
-                                     Points::Of(work.Z.value), Points::Of(score(200)))
+                          Calc_P_Ten(work.X1.Number(), Points(once.x2.X2_Ten), Points(once.y.Y_Ten),
+                                     work.Z.Number(), Points::Of(score(200)))
                               .Count());
             }
         }

@@ -23,10 +23,11 @@ Review_Figures Blank(int law_year, const std::map<int, double>& elements = {}) {
     return figures;
 }
 
-void Enter(Figure& zzki, Figure& zki, Figure& kijun, std::int32_t a, std::int32_t b, std::int32_t c) {
-    zzki.Set(a);
-    zki.Set(b);
-    kijun.Set(c);
+void Enter(Amount_Figure& zzki, Amount_Figure& zki, Amount_Figure& kijun, std::int32_t a, std::int32_t b,
+           std::int32_t c) {
+    zzki.Set(Thousand_Yen(a));
+    zki.Set(Thousand_Yen(b));
+    kijun.Set(Thousand_Yen(c));
 }
 
 Works Loaded(const Review_Figures& figures, std::int16_t x2 = 454, std::int16_t y = 0) {
@@ -154,7 +155,7 @@ TEST(Works, W5_Follows_The_Running_Total_And_W10_Stays_Outside) {
 TEST(Works, Engineers_Give_Z_And_P_With_The_Stored_X1) {
     Review_Figures figures = Blank(4, {{200, 1000}});
     figures.works[20].X1 = {700, true, false};
-    for (Figure& count : figures.works[20].gijutusya) {
+    for (Count_Figure& count : figures.works[20].gijutusya) {
         count = {1, true, false};
     }
     Works works = Loaded(figures, 600, 500);
@@ -299,10 +300,10 @@ TEST_F(Works_Store, Engineers_As_They_Are_Left) {
         const std::string works_before = Stored(0, amounts, prefix) + Stored(5, amounts, prefix);
         Works works = Screen(side);
         works.lines[5].gijutusya[0].Set_Null();
-        works.lines[5].gijutusya[5].Set(0);
-        works.lines[7].gijutusya[5].Set(1);
-        works.lines[33].gijutusya[0].Set(3);
-        works.lines[33].Mkijun.Set(10);
+        works.lines[5].gijutusya[5].Set(Head_Count(0));
+        works.lines[7].gijutusya[5].Set(Head_Count(1));
+        works.lines[33].gijutusya[0].Set(Head_Count(3));
+        works.lines[33].Mkijun.Set(Thousand_Yen(10));
         works = Calc_Gijutu_All(works, figures);
         Store_Works(Cn_Open(session), side, works, true);
         const std::vector<std::string> z_p = {"評点Z1", "評点Z2", "評点Z", "総合評点P"};

@@ -414,9 +414,9 @@ class Firms {
             Amount(*figure, digits);
         }
         if (One_In(30)) {
-            line.Kijun.Set(200'000'000);
-            line.Zki.Set(200'000'000);
-            line.Zzki.Set(200'000'000);
+            for (Amount_Figure* figure : {&line.Kijun, &line.Zki, &line.Zzki}) {
+                figure->Set(Thousand_Yen(200'000'000));
+            }
         }
         const int size = Of({0, 2, 40, 4000});
         for (Figure& count : line.gijutusya) {

@@ -188,7 +188,8 @@ TEST_P(Kanko_Firms, What_Is_Keyed_Ends_In_The_Figures_Of_The_Engine) {
         const Work_Line& line = expected.works[Line_Of_Row(row)];
         std::string texts;
         for (const Figure* figure :
-             {&line.Zzki, &line.Zki, &line.Kijun, &line.Zheikin, &line.Nheikin, &line.X1, &line.Z, &line.P}) {
+             std::initializer_list<const Figure*>{&line.Zzki, &line.Zki, &line.Kijun, &line.Zheikin,
+                                                  &line.Nheikin, &line.X1, &line.Z, &line.P}) {
             texts += (figure->up ? Comma_Str(figure->value) : "") + "|";
         }
         EXPECT_EQ(Texts(row, shown), texts);
