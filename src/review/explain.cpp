@@ -46,24 +46,24 @@ std::string Rounding_Text(const Fraction& exact, const Fraction& shown, Rounding
 
 } // namespace
 
-Term Steps::Add(const std::string& name, const std::string& text, const Term& result) {
+Expression Steps::Add(const std::string& name, const std::string& text, const Expression& result) {
     lines.push_back({name, text});
     last = result.text;
     return result;
 }
 
-Term Steps::Work(const std::string& name, const Term& expression, const Term& result, Rounding rounding,
-                 int decimals) {
+Expression Steps::Work(const std::string& name, const Expression& expression, const Expression& result,
+                       Rounding rounding, int decimals) {
     const std::string taken = Rounding_Text(expression.value, result.value, rounding, decimals);
     return Add(name, expression.text + " ＝ " + result.text + (taken.empty() ? "" : "（" + taken + "）"),
                result);
 }
 
-Term Steps::Take(const std::string& name, const Term& figure) {
+Expression Steps::Take(const std::string& name, const Expression& figure) {
     return Add(name, figure.text, figure);
 }
 
-Term Steps::Because(const std::string& name, const std::string& condition, const Term& result) {
+Expression Steps::Because(const std::string& name, const std::string& condition, const Expression& result) {
     return Add(name, condition + " のため " + result.text, result);
 }
 
@@ -71,31 +71,35 @@ void Steps::Tell(const std::string& name, const std::string& comparison) {
     lines.push_back({name, comparison});
 }
 
-Term Steps::At_Least(const Term& figure, const Term& least) {
+Expression Steps::At_Least(const Expression& figure, const Expression& least) {
     return figure.value < least.value ? Because("下限", figure.text + " ＜ " + least.text, least) : figure;
 }
 
-Term Steps::By_Table(const std::string& name, const Ten_Table& table, const Term& amount, std::int32_t v) {
+Expression Steps::By_Table(const std::string& name, const Ten_Table& table, const Expression& amount,
+                           std::int32_t v) {
     const auto [ten, row] = Ten_Lookup(table, v);
     if (row < 0) {
         return Because(name, amount.text + " ＜ 0", ten);
     }
     if (row == 0) {
-        return Because(name, amount.text + " ≧ " + Term(table.constant_from).text, ten);
+        return Because(name, amount.text + " ≧ " + Expression(table.constant_from).text, ten);
     }
     if (!Printed_As_Computed(table, row)) {
         Remark("別表のこの行に表示される式は係数が異なります。点数は計算過程の式で算出します。");
     }
     const Ten_Row& formula = table.rows[static_cast<std::size_t>(row - 1)];
-    return Work(name, Term(formula.multiplier) * amount / Term(formula.divisor) + Term(formula.addend), ten);
+    return Work(name,
+                Expression(formula.multiplier) * amount / Expression(formula.divisor) +
+                    Expression(formula.addend),
+                ten);
 }
 
-Term Steps::By_Row(const Term& figure, const Points_Table& table) {
+Expression Steps::By_Row(const Expression& figure, const Points_Table& table) {
     if (table.mark < 0) {
         return Because("下表", figure.text + "（該当する行なし）", 0);
     }
     const Points_Table::Row& row = table.rows[static_cast<std::size_t>(table.mark)];
-    const Term points(std::int32_t{row.points.Count()});
+    const Expression points(std::int32_t{row.points.Count()});
     return Add("下表", "「" + row.item + "」のため " + points.text, points);
 }
 

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
+#include "review/expression.h"
 #include "review/scores.h"
 #include "review/social_items.h"
-#include "review/term.h"
 #include "review/x2_calc.h"
 #include "review/y_calc.h"
 
@@ -74,14 +74,14 @@ class Steps {
     [[nodiscard]] const std::string& Result() const { return last; }
 
     /// "expression ＝ result（rounding）". Gives the result as a figure.
-    Term Work(const std::string& name, const Term& expression, const Term& result,
-              Rounding rounding = Rounding::Cut, int decimals = 0);
+    Expression Work(const std::string& name, const Expression& expression, const Expression& result,
+                    Rounding rounding = Rounding::Cut, int decimals = 0);
 
     /// A figure that the sheet does not show elsewhere, or that the next steps go on with.
-    Term Take(const std::string& name, const Term& figure);
+    Expression Take(const std::string& name, const Expression& figure);
 
     /// "condition のため result": a limit, a floor, a choice.
-    Term Because(const std::string& name, const std::string& condition, const Term& result);
+    Expression Because(const std::string& name, const std::string& condition, const Expression& result);
 
     /// A comparison that places a figure.
     void Tell(const std::string& name, const std::string& comparison);
@@ -89,16 +89,17 @@ class Steps {
     void Remark(const std::string& text) { remarks.push_back(text); }
 
     /// A figure that must not be below `least`: a step only where it is.
-    Term At_Least(const Term& figure, const Term& least);
+    Expression At_Least(const Expression& figure, const Expression& least);
 
     /// The score of an amount by a table of the law, as it is computed.
-    Term By_Table(const std::string& name, const Ten_Table& table, const Term& amount, std::int32_t v);
+    Expression By_Table(const std::string& name, const Ten_Table& table, const Expression& amount,
+                        std::int32_t v);
 
     /// The points of the row in force of a table; of nothing where no row is.
-    Term By_Row(const Term& figure, const Points_Table& table);
+    Expression By_Row(const Expression& figure, const Points_Table& table);
 
   private:
-    Term Add(const std::string& name, const std::string& text, const Term& result);
+    Expression Add(const std::string& name, const std::string& text, const Expression& result);
 
     std::vector<Check_Step> lines;
     std::vector<std::string> remarks;

@@ -10,7 +10,7 @@ namespace morvane {
 namespace {
 
 std::string Number(std::int32_t value) {
-    return Term(value).text;
+    return Expression(value).text;
 }
 
 } // namespace

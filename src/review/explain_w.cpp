@@ -14,8 +14,9 @@ using S = Social_Items;
 constexpr const char* late = "変更した項目の点数は、入力画面を開き直したときに評点へ反映されます。";
 
 // The sum of the sub-scores before the machines and behind them, with the machines' one in its place.
-Term Sum_Of_W(const S& s, const Term& machines, bool with_w7_w8) {
-    const Term six = Term(s.RF_Ten) + s.Enen_Ten + s.Bkyotei_Ten + s.Horei_ten + s.Jms_Ten + s.Kihatu_Ten;
+Expression Sum_Of_W(const S& s, const Expression& machines, bool with_w7_w8) {
+    const Expression six =
+        Expression(s.RF_Ten) + s.Enen_Ten + s.Bkyotei_Ten + s.Horei_ten + s.Jms_Ten + s.Kihatu_Ten;
     return with_w7_w8 ? six + machines + s.Iso_Ten : six;
 }
 
@@ -43,27 +44,27 @@ std::int32_t Machines_In_Total(const Check_Figures& f, std::int32_t share) {
 
 // The rate in percent, cut. A quotient is held in binary, so that some whole percentages come out a little
 // below themselves: then the quotient is told as it is held.
-Term Rate(Steps& steps, const char* name, std::int32_t young, std::int32_t all) {
+Expression Rate(Steps& steps, const char* name, std::int32_t young, std::int32_t all) {
     const double held = static_cast<double>(young) / all;
     const auto rate = static_cast<std::int32_t>(std::floor(held * 100));
-    const Term expression = Term(young) / Term(all) * 100;
+    const Expression expression = Expression(young) / Expression(all) * 100;
     if (expression.value.Floor() == rate) {
         return steps.Work(name, expression, rate);
     }
     constexpr int binary_digits = 17;
-    const Term quotient =
-        steps.Work("割合（2進数で保持した値）", Term(young) / Term(all), Term(held, binary_digits));
+    const Expression quotient = steps.Work("割合（2進数で保持した値）", Expression(young) / Expression(all),
+                                           Expression(held, binary_digits));
     return steps.Work(name, quotient * 100, rate);
 }
 
 void Young_Steps(Steps& steps, const char* name, std::int32_t young, std::int32_t all, std::int32_t from) {
-    const Term rate = Rate(steps, name, young, all);
+    const Expression rate = Rate(steps, name, young, all);
     const bool reached = rate.value.Floor() >= from;
-    steps.Because(std::string(name) + "の点数", rate.text + (reached ? " ≧ " : " ＜ ") + Term(from).text,
-                  reached ? 1 : 0);
+    steps.Because(std::string(name) + "の点数",
+                  rate.text + (reached ? " ≧ " : " ＜ ") + Expression(from).text, reached ? 1 : 0);
 }
 
-Term Cpd_Steps(const S& s, Steps& steps, std::int32_t points) {
+Expression Cpd_Steps(const S& s, Steps& steps, std::int32_t points) {
     const auto [units, engineers] = s.tishikiGJ;
     constexpr const char* name = "CPDの点数";
     if (engineers == 0) {
@@ -72,9 +73,9 @@ Term Cpd_Steps(const S& s, Steps& steps, std::int32_t points) {
     if (units == 0) {
         return steps.Because("CPD単位取得数", "0", 0);
     }
-    const Term average = Term(units) / Term(engineers);
+    const Expression average = Expression(units) / Expression(engineers);
     if (Fraction(cpd_units_most) < average.value) {
-        return steps.Because(name, average.text + " ＞ " + Term(cpd_units_most).text, points);
+        return steps.Because(name, average.text + " ＞ " + Expression(cpd_units_most).text, points);
     }
     if (average.value < Fraction(0)) {
         return steps.Because(name, average.text + " ＜ 0", points);
@@ -82,7 +83,7 @@ Term Cpd_Steps(const S& s, Steps& steps, std::int32_t points) {
     return steps.Work(name, average / cpd_units_for_point, points);
 }
 
-Term Skill_Steps(const S& s, Steps& steps, std::int32_t points) {
+Expression Skill_Steps(const S& s, Steps& steps, std::int32_t points) {
     const auto [raised, workers, left_out] = s.tishikiGN;
     constexpr const char* name = "技能の点数";
     if (workers == 0) {
@@ -91,27 +92,27 @@ Term Skill_Steps(const S& s, Steps& steps, std::int32_t points) {
     if (raised == 0) {
         return steps.Because("技能レベル向上者数", "0", 0);
     }
-    const Term deducted = steps.Take("控除対象者数（入力値）", left_out);
-    const Term base = Term(workers) - deducted;
+    const Expression deducted = steps.Take("控除対象者数（入力値）", left_out);
+    const Expression base = Expression(workers) - deducted;
     if (workers == left_out) {
         return steps.Because("技能者数 － 控除対象者数", base.text + " ＝ 0", points);
     }
-    const Term rate = deducted / base;
+    const Expression rate = deducted / base;
     if (rate.value < Fraction(0)) {
         return steps.Because(name, rate.text + " ＜ 0", points);
     }
-    const Term most = Term::Decimal(skill_rates.back());
+    const Expression most = Expression::Decimal(skill_rates.back());
     if (!(rate.value < most.value)) {
         return steps.Because(name, rate.text + " ≧ " + most.text, points);
     }
-    return steps.Work(name, rate / Term::Decimal(skill_rates.front()), points);
+    return steps.Work(name, rate / Expression::Decimal(skill_rates.front()), points);
 }
 
 // The row of the table for the completed work, as its limits.
 std::size_t Row_For_Work(Steps& steps, std::int32_t work) {
     const auto& rows = accountants_rows;
     constexpr const char* name = "完成工事高による【別表２】の行";
-    const std::string shown = Term(work).text;
+    const std::string shown = Expression(work).text;
     std::size_t row = 0;
     while (row < rows.size() && work < rows[row].from) {
         ++row;
@@ -120,13 +121,14 @@ std::size_t Row_For_Work(Steps& steps, std::int32_t work) {
         steps.Tell(name, shown + " ＜ 0");
         return 0; // a negative total is held against the highest row
     }
-    const std::string above = row == 0 ? "" : " ＜ " + Term(rows[row - 1].from).text;
-    steps.Tell(name, Term(rows[row].from).text + " ≦ " + shown + above);
+    const std::string above = row == 0 ? "" : " ＜ " + Expression(rows[row - 1].from).text;
+    steps.Tell(name, Expression(rows[row].from).text + " ≦ " + shown + above);
     return row;
 }
 
 // The step of that row that the accountants reach.
-void Accountant_Steps(const Check_Figures& f, Steps& steps, const Term& accountants, const Term& points) {
+void Accountant_Steps(const Check_Figures& f, Steps& steps, const Expression& accountants,
+                      const Expression& points) {
     const auto& needed = accountants_rows[Row_For_Work(steps, f.items.keiri_kandaka)].needed;
     std::string condition = accountants.text;
     std::string missed;
@@ -134,7 +136,7 @@ void Accountant_Steps(const Check_Figures& f, Steps& steps, const Term& accounta
         if (std::isinf(least)) {
             break;
         }
-        const std::string limit = Term(static_cast<double>(least), 1).text;
+        const std::string limit = Expression(static_cast<double>(least), 1).text;
         if (f.w5.kaikei_su >= least) {
             condition = limit + " ≦ " + condition;
             break;
@@ -149,9 +151,9 @@ void Accountant_Steps(const Check_Figures& f, Steps& steps, const Term& accounta
 void Steps_Of_W1(const Check_Figures& f, Steps& steps) {
     const S& s = f.items;
     const auto [joined, missing] = Count_W1(s, f.Law());
-    const Term welfare =
-        steps.Work("労働福祉の状況",
-                   Term(joined) * w1_for_scheme - Term(missing) * W1_Off_For_Insurance(f.Law()), s.RF1_Ten);
+    const Expression welfare = steps.Work(
+        "労働福祉の状況",
+        Expression(joined) * w1_for_scheme - Expression(missing) * W1_Off_For_Insurance(f.Law()), s.RF1_Ten);
     if (!f.Law().has_additions) {
         return;
     }
@@ -163,13 +165,13 @@ void Steps_Of_W1(const Check_Figures& f, Steps& steps) {
         return;
     }
     // These three reach the total a calculation late.
-    const Term before = steps.Take("若年技術職員、知識・技能の点数の計（変更前）", taken);
+    const Expression before = steps.Take("若年技術職員、知識・技能の点数の計（変更前）", taken);
     steps.Work("担い手の育成・確保に関する取組", welfare + before + s.wlb_ten + s.rireki_ten, s.RF_Ten);
     steps.Remark(late);
 }
 
 void Steps_Of_W2(const Check_Figures& f, Steps& steps) {
-    const Term points = steps.By_Row(f.items.Enen, Points_Of_W2(f));
+    const Expression points = steps.By_Row(f.items.Enen, Points_Of_W2(f));
     if (f.Law().has_saisei && f.items.Saisei == 1) {
         steps.Work("適用が有の場合", points - std::int32_t{w2_off_for_saisei}, f.items.Enen_Ten);
     }
@@ -185,12 +187,13 @@ void Steps_Of_W4(const Check_Figures& f, Steps& steps) {
 
 void Steps_Of_W5(const Check_Figures& f, Steps& steps) {
     const S& s = f.items;
-    const Term audit =
-        steps.Because("監査の受審", Term(s.keiri_kansa).text, std::int32_t{f.w5.kansa.Count()});
-    const Term accountants =
-        steps.Work("公認会計士等数", Term(s.Kjm[0]) + Term(s.Kjm[1]) * Term::Decimal(second_grade_accountant),
-                   Term(static_cast<double>(f.w5.kaikei_su), 1));
-    const Term points = std::int32_t{f.w5.kaikei.Count()};
+    const Expression audit =
+        steps.Because("監査の受審", Expression(s.keiri_kansa).text, std::int32_t{f.w5.kansa.Count()});
+    const Expression accountants =
+        steps.Work("公認会計士等数",
+                   Expression(s.Kjm[0]) + Expression(s.Kjm[1]) * Expression::Decimal(second_grade_accountant),
+                   Expression(static_cast<double>(f.w5.kaikei_su), 1));
+    const Expression points = std::int32_t{f.w5.kaikei.Count()};
     Accountant_Steps(f, steps, accountants, points);
     steps.Work("経理に関する状況", audit + points, s.Jms_Ten);
 }
@@ -198,11 +201,11 @@ void Steps_Of_W5(const Check_Figures& f, Steps& steps) {
 void Steps_Of_W6(const Check_Figures& f, Steps& steps) {
     const S& s = f.items;
     if (s.keiri_kansa != audit_by_auditor) {
-        steps.Because("監査の受審", Term(s.keiri_kansa).text, 0);
+        steps.Because("監査の受審", Expression(s.keiri_kansa).text, 0);
         return;
     }
     const auto average = static_cast<std::int32_t>((std::int64_t{s.Kihatu[0]} + s.Kihatu[1]) / 2);
-    steps.By_Row(steps.Work("平均研究開発費", (Term(s.Kihatu[0]) + s.Kihatu[1]) / 2, average),
+    steps.By_Row(steps.Work("平均研究開発費", (Expression(s.Kihatu[0]) + s.Kihatu[1]) / 2, average),
                  Points_Of_W6(f));
 }
 
@@ -229,9 +232,9 @@ void Steps_Of_W10(const Check_Figures& f, Steps& steps) {
     const std::int32_t engineers = s.tishikiGJ[1];
     const std::int32_t workers = s.tishikiGN[1];
     const W10_Parts parts = Parts_Of_W10(W10_Counts_Of(s));
-    const Term cpd = Cpd_Steps(s, steps, static_cast<std::int32_t>(parts.cpd_point));
-    const Term skill = Skill_Steps(s, steps, static_cast<std::int32_t>(parts.skill_point));
-    const Term all = Term(engineers) + workers;
+    const Expression cpd = Cpd_Steps(s, steps, static_cast<std::int32_t>(parts.cpd_point));
+    const Expression skill = Skill_Steps(s, steps, static_cast<std::int32_t>(parts.skill_point));
+    const Expression all = Expression(engineers) + workers;
     if (all.value == Fraction(0)) {
         steps.Because("技術者数 ＋ 技能者数", all.text + " ＝ 0", 0);
         return;

@@ -10,18 +10,18 @@ namespace morvane {
 namespace {
 
 // Figures that were not entered count as 0.
-Term Of(const Figure& figure) {
+Expression Of(const Figure& figure) {
     return figure.value;
 }
 
 // The average of the years that the firm has chosen, in the order of its formula.
-Term Average_Steps(Steps& steps, const char* name, std::int32_t years, const Amount_Figure& zzki,
-                   const Amount_Figure& zki, const Amount_Figure& kijun) {
+Expression Average_Steps(Steps& steps, const char* name, std::int32_t years, const Amount_Figure& zzki,
+                         const Amount_Figure& zki, const Amount_Figure& kijun) {
     const Averages averages = Averages_Of(years, zzki.Number(), zki.Number(), kijun.Number());
     if (years == 2) {
         return steps.Work(name, (Of(kijun) + Of(zki)) / 2, averages.adopted.Count(), Rounding::Half);
     }
-    const Term before =
+    const Expression before =
         steps.Work("前平均", (Of(zki) + Of(zzki)) / 2, averages.previous.Count(), Rounding::Half);
     return steps.Work(name, (Of(kijun) + before * 2) / 3, averages.adopted.Count(), Rounding::Half);
 }
@@ -36,10 +36,11 @@ void W_For_P(const Check_Figures& f, Steps& steps) {
     const std::int32_t sum = s.RF_Ten + s.Enen_Ten + s.Bkyotei_Ten + s.Horei_ten + s.Jms_Ten + s.Kihatu_Ten;
     const std::int32_t share = W_Share(f.figures.review_date);
     if (sum * w_times * share / w_share_whole == s.W) {
-        steps.Work("総合評点に使うＷ",
-                   (Term(s.RF_Ten) + s.Enen_Ten + s.Bkyotei_Ten + s.Horei_ten + s.Jms_Ten + s.Kihatu_Ten) *
-                       w_times * share / w_share_whole,
-                   s.W);
+        steps.Work(
+            "総合評点に使うＷ",
+            (Expression(s.RF_Ten) + s.Enen_Ten + s.Bkyotei_Ten + s.Horei_ten + s.Jms_Ten + s.Kihatu_Ten) *
+                w_times * share / w_share_whole,
+            s.W);
     }
 }
 
@@ -47,41 +48,41 @@ void W_For_P(const Check_Figures& f, Steps& steps) {
 
 void Steps_Of_X2_1(const Check_Figures& f, Steps& steps) {
     const X2_Calc& x2 = f.x2;
-    const Term capital = x2.JikoS == 1
-                             ? steps.Take("自己資本額（当期）", x2.Jiko[1])
-                             : steps.Work("自己資本額", (Term(x2.Jiko[0]) + x2.Jiko[1]) / 2, x2.X2_Jiko);
-    const Term used = steps.At_Least(capital, 0);
+    const Expression capital =
+        x2.JikoS == 1 ? steps.Take("自己資本額（当期）", x2.Jiko[1])
+                      : steps.Work("自己資本額", (Expression(x2.Jiko[0]) + x2.Jiko[1]) / 2, x2.X2_Jiko);
+    const Expression used = steps.At_Least(capital, 0);
     steps.By_Table("自己資本額点数", Ten_X2_1, used, x2.X2_Jiko_Used);
 }
 
 void Steps_Of_X2_2(const Check_Figures& f, Steps& steps) {
     const X2_Calc& x2 = f.x2;
-    const Term last =
-        steps.Work("利払前税引前償却前利益（前期）", Term(x2.Eigyo[0]) + x2.Genka[0], x2.Rieki[0]);
-    const Term current =
-        steps.Work("利払前税引前償却前利益（当期）", Term(x2.Eigyo[1]) + x2.Genka[1], x2.Rieki[1]);
-    const Term average = steps.Work("平均利益額", (last + current) / 2, x2.X2_Rieki);
-    const Term used = steps.At_Least(average, 0);
+    const Expression last =
+        steps.Work("利払前税引前償却前利益（前期）", Expression(x2.Eigyo[0]) + x2.Genka[0], x2.Rieki[0]);
+    const Expression current =
+        steps.Work("利払前税引前償却前利益（当期）", Expression(x2.Eigyo[1]) + x2.Genka[1], x2.Rieki[1]);
+    const Expression average = steps.Work("平均利益額", (last + current) / 2, x2.X2_Rieki);
+    const Expression used = steps.At_Least(average, 0);
     steps.By_Table("平均利益額点数", Ten_X2_2, used, x2.X2_Rieki_Used);
 }
 
 void Steps_Of_X2(const Check_Figures& f, Steps& steps) {
     const std::int32_t equity = f.x2.X2_1_Ten;
     const std::int32_t profit = f.x2.X2_2_Ten;
-    const Term half = steps.Work("評点", (Term(equity) + profit) / 2, (equity + profit) / 2);
+    const Expression half = steps.Work("評点", (Expression(equity) + profit) / 2, (equity + profit) / 2);
     steps.At_Least(half, std::int32_t{x2_least});
 }
 
 void Steps_Of_X1(const Check_Figures& f, Steps& steps) {
     const Work_Line& line = f.Line();
-    const Term average =
+    const Expression average =
         Average_Steps(steps, "年間平均完成工事高", f.Kanko_Avg, line.Zzki, line.Zki, line.Kijun);
     steps.By_Table("完成工事高評点", Table_Of_Number(1, f.Law()), average, line.Nheikin.value);
 }
 
 void Steps_Of_Z2(const Check_Figures& f, Steps& steps) {
     const Work_Line& line = f.Line();
-    const Term average =
+    const Expression average =
         Average_Steps(steps, "年間平均元請完成工事高", f.Kanko_Avg, line.Mzzki, line.Mzki, line.Mkijun);
     steps.By_Table("元請完成工事高点数", Table_Of_Number(4, f.Law()), average, line.Mnheikin.value);
 }
@@ -90,19 +91,20 @@ void Steps_Of_Z1(const Check_Figures& f, Steps& steps) {
     const auto counted = [&f](std::size_t kind) {
         return Of(f.Line().gijutusya[kind]) * engineer_weights[kind];
     };
-    Term sum = counted(engineers_by_weight.front());
+    Expression sum = counted(engineers_by_weight.front());
     for (const std::size_t kind : std::span(engineers_by_weight).subspan(1)) {
         sum = sum + counted(kind);
     }
     const std::int32_t number = Z1_Value(Engineers_Of(f.Line()));
-    const Term value = steps.Work("技術職員数値", sum, number);
+    const Expression value = steps.Work("技術職員数値", sum, number);
     steps.By_Table("技術職員点数", Ten_Z1, value, number);
 }
 
 void Steps_Of_Z(const Check_Figures& f, Steps& steps) {
-    const Term weighted =
-        Of(f.Line().Zi) * Term::Decimal(z_weights.z1) + Of(f.Line().Zro) * Term::Decimal(z_weights.z2);
-    const Term score = steps.Work("技術力評点", weighted, static_cast<std::int32_t>(weighted.value.Floor()));
+    const Expression weighted = Of(f.Line().Zi) * Expression::Decimal(z_weights.z1) +
+                                Of(f.Line().Zro) * Expression::Decimal(z_weights.z2);
+    const Expression score =
+        steps.Work("技術力評点", weighted, static_cast<std::int32_t>(weighted.value.Floor()));
     steps.At_Least(score, std::int32_t{z_least});
 }
 
@@ -110,10 +112,11 @@ void Steps_Of_P(const Check_Figures& f, Steps& steps) {
     const Work_Line& line = f.Line();
     W_For_P(f, steps);
     steps.Work("総合評点",
-               Of(line.X1) * Term::Decimal(p_weights.x1) +
-                   Term(std::int32_t{f.x2.X2_Ten}) * Term::Decimal(p_weights.x2) +
-                   Term(std::int32_t{f.y.Y_Ten}) * Term::Decimal(p_weights.y) +
-                   Of(line.Z) * Term::Decimal(p_weights.z) + Term(f.items.W) * Term::Decimal(p_weights.w),
+               Of(line.X1) * Expression::Decimal(p_weights.x1) +
+                   Expression(std::int32_t{f.x2.X2_Ten}) * Expression::Decimal(p_weights.x2) +
+                   Expression(std::int32_t{f.y.Y_Ten}) * Expression::Decimal(p_weights.y) +
+                   Of(line.Z) * Expression::Decimal(p_weights.z) +
+                   Expression(f.items.W) * Expression::Decimal(p_weights.w),
                line.P.value, Rounding::From_499);
 }
 

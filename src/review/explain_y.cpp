@@ -20,10 +20,10 @@ struct Percentage {
 };
 
 // The score takes the limit for a value at or beyond it.
-void Within_Limits(Steps& steps, std::size_t x, const Term& shown, double value) {
+void Within_Limits(Steps& steps, std::size_t x, const Expression& shown, double value) {
     const auto [lower, upper] = y_limits[x - 1];
-    const Term least(static_cast<double>(lower), 3);
-    const Term most(static_cast<double>(upper), 3);
+    const Expression least(static_cast<double>(lower), 3);
+    const Expression most(static_cast<double>(upper), 3);
     const auto held = static_cast<float>(value);
     if (held >= upper) {
         steps.Because("上限", shown.text + " ≧ " + most.text, most);
@@ -34,29 +34,30 @@ void Within_Limits(Steps& steps, std::size_t x, const Term& shown, double value)
     }
 }
 
-void Percent_Steps(Steps& steps, std::size_t x, const char* name, const Term& numerator, double num,
-                   const Term& denominator, double den) {
+void Percent_Steps(Steps& steps, std::size_t x, const char* name, const Expression& numerator, double num,
+                   const Expression& denominator, double den) {
     const double ratio = Round_501(num / den, percent_digits);
-    const Term rounded = steps.Work(name, numerator / denominator, Term(ratio, 5), Rounding::From_499, 5);
-    const Term percent = steps.Work("百分率", rounded * 100, Term(ratio * 100, 3));
+    const Expression rounded =
+        steps.Work(name, numerator / denominator, Expression(ratio, 5), Rounding::From_499, 5);
+    const Expression percent = steps.Work("百分率", rounded * 100, Expression(ratio * 100, 3));
     Within_Limits(steps, x, percent, ratio * 100);
 }
 
 // Thousand yen in hundred million.
-void Oku_Steps(Steps& steps, std::size_t x, const char* name, const Term& amount, double thousand_yen) {
+void Oku_Steps(Steps& steps, std::size_t x, const char* name, const Expression& amount, double thousand_yen) {
     const double oku = Round_501(thousand_yen / 100000, 1000);
-    const Term shown = steps.Work(name, amount / 100000, Term(oku, 3), Rounding::From_499, 3);
+    const Expression shown = steps.Work(name, amount / 100000, Expression(oku, 3), Rounding::From_499, 3);
     Within_Limits(steps, x, shown, oku);
 }
 
 void Without_Denominator(Steps& steps, std::size_t x, const char* denominator) {
-    steps.Because(denominator, "0", Term(static_cast<double>(y_without_denominator[x - 1]), 3));
+    steps.Because(denominator, "0", Expression(static_cast<double>(y_without_denominator[x - 1]), 3));
 }
 
 // A mean of two is held in single precision: its half is kept as far as that has digits.
-Term Mean(Steps& steps, const char* name, std::int32_t a, std::int32_t b, float mean) {
+Expression Mean(Steps& steps, const char* name, std::int32_t a, std::int32_t b, float mean) {
     const bool whole = std::floor(mean) == mean;
-    return steps.Work(name, (Term(a) + b) / 2, Term(static_cast<double>(mean), whole ? 0 : 1));
+    return steps.Work(name, (Expression(a) + b) / 2, Expression(static_cast<double>(mean), whole ? 0 : 1));
 }
 
 void Interest_Steps(const Check_Figures& f, Steps& steps) {
@@ -66,8 +67,8 @@ void Interest_Steps(const Check_Figures& f, Steps& steps) {
         return;
     }
     const std::int32_t interest = yoso[siharai_risoku] - yoso[uketori_risoku];
-    const Term shown =
-        steps.Work("支払利息 － 受取利息配当金", Term(yoso[siharai_risoku]) - yoso[uketori_risoku], interest);
+    const Expression shown = steps.Work("支払利息 － 受取利息配当金",
+                                        Expression(yoso[siharai_risoku]) - yoso[uketori_risoku], interest);
     Percent_Steps(steps, 1, "純支払利息比率", shown, interest, yoso[uriage], yoso[uriage]);
 }
 
@@ -78,20 +79,21 @@ void Debt_Steps(const Check_Figures& f, Steps& steps) {
         return;
     }
     const std::int32_t debt = yoso[ryudo_fusai] + yoso[kotei_fusai];
-    const Term shown = steps.Work("流動負債 ＋ 固定負債", Term(yoso[ryudo_fusai]) + yoso[kotei_fusai], debt);
+    const Expression shown =
+        steps.Work("流動負債 ＋ 固定負債", Expression(yoso[ryudo_fusai]) + yoso[kotei_fusai], debt);
     const double months = Round_501(debt / (yoso[uriage] / 12.0), 1000);
-    const Term value =
-        steps.Work("負債回転期間", shown / (Term(yoso[uriage]) / 12), Term(months, 3), Rounding::From_499, 3);
+    const Expression value = steps.Work("負債回転期間", shown / (Expression(yoso[uriage]) / 12),
+                                        Expression(months, 3), Rounding::From_499, 3);
     Within_Limits(steps, 2, value, months);
 }
 
 void Capital_Steps(const Check_Figures& f, Steps& steps) {
     const auto& yoso = f.y.Y_Yoso;
     auto mean = static_cast<float>((yoso[so_sihon_zenki] + yoso[so_sihon]) / 2.0);
-    Term capital = Mean(steps, "総資本の平均", yoso[so_sihon_zenki], yoso[so_sihon], mean);
+    Expression capital = Mean(steps, "総資本の平均", yoso[so_sihon_zenki], yoso[so_sihon], mean);
     if (mean < y_least_capital) {
         mean = y_least_capital;
-        const Term least(static_cast<double>(mean), 0);
+        const Expression least(static_cast<double>(mean), 0);
         capital = steps.Because("総資本の平均の下限", capital.text + " ＜ " + least.text, least);
     }
     Percent_Steps(steps, 3, "総資本売上総利益率", yoso[uriage_sorieki], yoso[uriage_sorieki], capital,
@@ -104,15 +106,15 @@ void Cash_Flow_Steps(const Check_Figures& f, Steps& steps) {
     const auto flow = [&w](std::int32_t profit, std::int32_t depreciation, std::int32_t tax,
                            std::size_t year) {
         const auto change = [&w, year](std::size_t place) {
-            return Term(w[place + year]) - w[place + year + 1];
+            return Expression(w[place + year]) - w[place + year + 1];
         };
-        return Term(profit) + depreciation - tax - change(5) + change(8) - change(11) + change(14) -
+        return Expression(profit) + depreciation - tax - change(5) + change(8) - change(11) + change(14) -
                change(17);
     };
     steps.Work("算出額（前期）", flow(w[0], w[1], w[3], 0), yoso[cash_flow_zenki]);
     steps.Work("算出額（当期）", flow(yoso[keijo_rieki], w[2], w[4], 1), yoso[cash_flow]);
     const auto mean = static_cast<float>((yoso[cash_flow_zenki] + yoso[cash_flow]) / 2.0);
-    const Term shown = Mean(steps, "二期平均額", yoso[cash_flow_zenki], yoso[cash_flow], mean);
+    const Expression shown = Mean(steps, "二期平均額", yoso[cash_flow_zenki], yoso[cash_flow], mean);
     Oku_Steps(steps, 7, "営業キャッシュフロー", shown, static_cast<double>(mean));
 }
 
@@ -152,19 +154,21 @@ void Steps_Of_Indicator(std::size_t x, const Check_Figures& f, Steps& steps) {
 }
 
 void Steps_Of_A(const Check_Figures& f, Steps& steps) {
-    const auto x = [&f](std::size_t number) { return Term(static_cast<double>(f.y.Y_Kekka[number - 1]), 3); };
-    const auto weight = [](double value) { return Term(value, 4); };
+    const auto x = [&f](std::size_t number) {
+        return Expression(static_cast<double>(f.y.Y_Kekka[number - 1]), 3);
+    };
+    const auto weight = [](double value) { return Expression(value, 4); };
     steps.Work("経営状況点数",
                weight(-0.4650) * x(1) - weight(0.0508) * x(2) + weight(0.0264) * x(3) +
                    weight(0.0277) * x(4) + weight(0.0011) * x(5) + weight(0.0089) * x(6) +
                    weight(0.0818) * x(7) + weight(0.0172) * x(8) + weight(0.1906),
-               Term(static_cast<double>(f.y.Y_A_Ten), 2), Rounding::From_499, 2);
+               Expression(static_cast<double>(f.y.Y_A_Ten), 2), Rounding::From_499, 2);
 }
 
 void Steps_Of_Y(const Check_Figures& f, Steps& steps) {
-    const Term points(static_cast<double>(f.y.Y_A_Ten), 2);
-    const Term score = steps.Work("経営状況評点", Term(167.3, 1) * points + 583,
-                                  std::int32_t{Score_Of_Points(f.y.Y_A_Ten)}, Rounding::From_499);
+    const Expression points(static_cast<double>(f.y.Y_A_Ten), 2);
+    const Expression score = steps.Work("経営状況評点", Expression(167.3, 1) * points + 583,
+                                        std::int32_t{Score_Of_Points(f.y.Y_A_Ten)}, Rounding::From_499);
     steps.At_Least(score, 0);
 }
 

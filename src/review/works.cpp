@@ -211,7 +211,7 @@ void Save_Gijutu(const Works& works, Review_Figures& figures) {
         to.Zi.Set_If(any, from.Zi);
         to.Zro.Set_If(any, from.Zro);
         to.Z.Set_If(any, from.Z);
-        to.P.Set_If(from.Has_Kanko(), from.P.value);
+        to.P.Set_If(from.Has_Kanko(), from.P);
     }
 }
 

@@ -45,7 +45,7 @@ inline std::string Number(std::int32_t value) {
 
 /// A weight or rate of the law with the decimals that it has.
 inline std::string Decimal(double figure) {
-    return Term::Decimal(figure).text;
+    return Expression::Decimal(figure).text;
 }
 
 /// How a score that is cut and has a least is told.

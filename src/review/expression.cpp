@@ -1,5 +1,5 @@
 // SPDX-FileCopyrightText: The Morvane developers
-#include "review/term.h"
+#include "review/expression.h"
 
 #include "session/kyotu_mod.h"
 
@@ -101,11 +101,12 @@ std::string Fixed_Text(double figure, int decimals) {
 
 } // namespace
 
-Term::Term(std::int32_t figure) : text(Comma_Str(figure)), value(figure) {}
+Expression::Expression(std::int32_t figure) : text(Comma_Str(figure)), value(figure) {}
 
-Term::Term(double figure, int decimals) : text(Fixed_Text(figure, decimals)), value(Printed_Value(text)) {}
+Expression::Expression(double figure, int decimals)
+    : text(Fixed_Text(figure, decimals)), value(Printed_Value(text)) {}
 
-Term Term::Decimal(double figure) {
+Expression Expression::Decimal(double figure) {
     std::array<char, 32> digits{};
     std::snprintf(digits.data(), digits.size(), "%.6g", figure);
     const std::string text = digits.data();
@@ -113,12 +114,12 @@ Term Term::Decimal(double figure) {
     return {figure, point == std::string::npos ? 0 : static_cast<int>(text.size() - point - 1)};
 }
 
-std::string Term::Left_Of(Rank least) const {
+std::string Expression::Left_Of(Rank least) const {
     return rank < least ? "（" + text + "）" : text;
 }
 
 // A negative figure behind an operator is bracketed too.
-std::string Term::Right_Of(Rank least) const {
+std::string Expression::Right_Of(Rank least) const {
     return rank < least || text.starts_with('-') ? "（" + text + "）" : text;
 }
 
@@ -131,22 +132,24 @@ std::string Joined(const std::string& left, const char* sign, const std::string&
 
 } // namespace
 
-Term operator+(const Term& a, const Term& b) {
-    return {Joined(a.text, "＋", b.Right_Of(Term::Rank::Product)), a.value + b.value, Term::Rank::Sum};
+Expression operator+(const Expression& a, const Expression& b) {
+    return {Joined(a.text, "＋", b.Right_Of(Expression::Rank::Product)), a.value + b.value,
+            Expression::Rank::Sum};
 }
 
-Term operator-(const Term& a, const Term& b) {
-    return {Joined(a.text, "－", b.Right_Of(Term::Rank::Product)), a.value - b.value, Term::Rank::Sum};
+Expression operator-(const Expression& a, const Expression& b) {
+    return {Joined(a.text, "－", b.Right_Of(Expression::Rank::Product)), a.value - b.value,
+            Expression::Rank::Sum};
 }
 
-Term operator*(const Term& a, const Term& b) {
-    return {Joined(a.Left_Of(Term::Rank::Product), "×", b.Right_Of(Term::Rank::Figure)), a.value * b.value,
-            Term::Rank::Product};
+Expression operator*(const Expression& a, const Expression& b) {
+    return {Joined(a.Left_Of(Expression::Rank::Product), "×", b.Right_Of(Expression::Rank::Figure)),
+            a.value * b.value, Expression::Rank::Product};
 }
 
-Term operator/(const Term& a, const Term& b) {
-    return {Joined(a.Left_Of(Term::Rank::Product), "／", b.Right_Of(Term::Rank::Figure)), a.value / b.value,
-            Term::Rank::Product};
+Expression operator/(const Expression& a, const Expression& b) {
+    return {Joined(a.Left_Of(Expression::Rank::Product), "／", b.Right_Of(Expression::Rank::Figure)),
+            a.value / b.value, Expression::Rank::Product};
 }
 
 } // namespace morvane

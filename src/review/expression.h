@@ -34,25 +34,25 @@ class Fraction {
 [[nodiscard]] Fraction Power_Of_Ten(int exponent);
 
 /// A figure, or an expression of figures, as it is printed, with the value of what is printed.
-class Term {
+class Expression {
   public:
-    Term(std::int32_t figure); // NOLINT: figures stand in expressions as they are
+    Expression(std::int32_t figure); // NOLINT: figures stand in expressions as they are
     /// A figure with fixed decimals.
-    Term(double figure, int decimals);
+    Expression(double figure, int decimals);
     /// A figure with the decimals that it has, at most six digits.
-    static Term Decimal(double figure);
+    static Expression Decimal(double figure);
 
     std::string text;
     Fraction value;
 
-    friend Term operator+(const Term& a, const Term& b);
-    friend Term operator-(const Term& a, const Term& b);
-    friend Term operator*(const Term& a, const Term& b);
-    friend Term operator/(const Term& a, const Term& b);
+    friend Expression operator+(const Expression& a, const Expression& b);
+    friend Expression operator-(const Expression& a, const Expression& b);
+    friend Expression operator*(const Expression& a, const Expression& b);
+    friend Expression operator/(const Expression& a, const Expression& b);
 
   private:
     enum class Rank { Sum, Product, Figure };
-    Term(std::string the_text, const Fraction& the_value, Rank the_rank)
+    Expression(std::string the_text, const Fraction& the_value, Rank the_rank)
         : text(std::move(the_text)), value(the_value), rank(the_rank) {}
 
     [[nodiscard]] std::string Right_Of(Rank least) const;
