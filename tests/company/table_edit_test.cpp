@@ -40,11 +40,13 @@ constexpr const char* old_class_232 = "UPDATE Ks_Zaihyo SET 科目分類識別='
 
 struct Old_Store {
     const char* what;
+    bool engineers_6;      ///< has the columns
+    int form;              ///< form of the period as it is read
+    std::string_view gets; ///< what of the later releases it is given
+    const char* ledger;    ///< afterwards
     std::vector<const char*> changes;
-    bool engineers_6; ///< has the columns
-    int form;         ///< form of the period as it is read
-    bool fix_161, fix_232, gets_engineers_6, gets_work_types, gets_work_style;
-    const char* ledger; ///< afterwards
+
+    [[nodiscard]] bool Gets(std::string_view word) const { return gets.find(word) != gets.npos; }
 };
 
 class Table_Edit_Test : public Installation {
@@ -111,19 +113,19 @@ class Table_Edit_Test : public Installation {
         EXPECT_EQ(List("SELECT 要素名 FROM W_Yoso WHERE 決算期=5 And 要素CD>=235 ORDER BY 要素CD"),
                   "女性活躍推進 次世代法 ユースエール 履歴蓄積 エコアクション WLB_点数 履歴蓄積_点数");
         EXPECT_EQ(Missing_In_Store(Cn_Open(session), Store_Kind::Company, true).size(),
-                  old.engineers_6 || old.gets_engineers_6 ? 0U : 5U);
-        if (old.fix_161) {
+                  old.engineers_6 || old.Gets("engineers") ? 0U : 5U);
+        if (old.Gets("161")) {
             EXPECT_EQ(List("SELECT 集計識別 FROM Ks_Zaihyo WHERE 建設科目CD=161 ORDER BY 決算期"), "-1 0");
         }
-        if (old.fix_232) {
+        if (old.Gets("232")) {
             EXPECT_EQ(List("SELECT 科目分類識別 FROM Ks_Zaihyo WHERE 建設科目CD=232 ORDER BY 決算期"),
                       "Kdf Ktf");
         }
-        if (old.gets_work_types) {
+        if (old.Gets("types")) {
             EXPECT_EQ(List("SELECT 工種略 FROM Kandaka_Gj WHERE 決算期=4 And 工種CD>=31"), "その他")
                 << "another period waits";
         }
-        if (old.gets_work_style) {
+        if (old.Gets("style")) {
             EXPECT_EQ(List("SELECT count(*) FROM W_Yoso WHERE 決算期=4 And 要素CD>=235"), "0");
         }
         const Settled_Score now = Score();
@@ -145,60 +147,40 @@ class Hokkaido_Table_Edit_Test : public Table_Edit_Test {
 
 TEST_F(Table_Edit_Test, Old_Stores_Of_The_National_Edition) {
     const Old_Store cases[] = {
-        {"present", {}, true, 5, false, false, false, false, false, "11 14 15 21"},
+        {"present", true, 5, "", "11 14 15 21", {}},
         {"before 2021",
-         {"DELETE FROM sys_info WHERE Info_No=21", no_work_style},
          false,
          5,
-         false,
-         false,
-         true,
-         false,
-         true,
-         "11 14 15 21"},
+         "engineers style",
+         "11 14 15 21",
+         {"DELETE FROM sys_info WHERE Info_No=21", no_work_style}},
         {"columns there, ledger row not",
-         {"DELETE FROM sys_info WHERE Info_No=21"},
          true,
          5,
-         false,
-         false,
-         true,
-         false,
-         false,
-         "11 14 15 21"},
+         "engineers",
+         "11 14 15 21",
+         {"DELETE FROM sys_info WHERE Info_No=21"}},
         {"before 2016",
-         {"DELETE FROM sys_info WHERE Info_No>=14", old_flag_161, old_class_232, no_work_style, no_31_32,
-          other_at_31},
          false,
          5,
-         true,
-         false,
-         true,
-         true,
-         true,
-         "11 14 21"},
+         "161 engineers types style",
+         "11 14 21",
+         {"DELETE FROM sys_info WHERE Info_No>=14", old_flag_161, old_class_232, no_work_style, no_31_32,
+          other_at_31}},
         {"form 3",
-         {"DELETE FROM sys_info WHERE Info_No>=14", "UPDATE Ks_Zaihyo SET 並び順 = 3 WHERE 建設科目CD=99",
-          no_work_style, no_31_32, other_at_31},
          false,
          3,
-         false,
-         false,
-         false,
-         true,
-         true,
-         "11"},
+         "types style",
+         "11",
+         {"DELETE FROM sys_info WHERE Info_No>=14", "UPDATE Ks_Zaihyo SET 並び順 = 3 WHERE 建設科目CD=99",
+          no_work_style, no_31_32, other_at_31}},
         {"no marker row",
-         {"DELETE FROM sys_info WHERE Info_No>=14", "DELETE FROM Ks_Zaihyo WHERE 建設科目CD=99",
-          no_work_style},
          false,
          51,
-         false,
-         false,
-         false,
-         false,
-         true,
-         "11"},
+         "style",
+         "11",
+         {"DELETE FROM sys_info WHERE Info_No>=14", "DELETE FROM Ks_Zaihyo WHERE 建設科目CD=99",
+          no_work_style}},
     };
     for (const Old_Store& old : cases) {
         Expect_Brought_Forward(old);
@@ -209,36 +191,19 @@ TEST_F(Hokkaido_Table_Edit_Test, Old_Stores_Of_Hokkaido) {
     const char* const no_ledger = "DELETE FROM sys_info WHERE Info_No>=14";
     const Old_Store cases[] = {
         {"before 2010",
-         {no_ledger, old_flag_161, old_class_232},
          false,
          6,
-         true,
-         true,
-         true,
-         false,
-         false,
-         "11 14 15 21"},
+         "161 232 engineers",
+         "11 14 15 21",
+         {no_ledger, old_flag_161, old_class_232}},
         {"form 4",
-         {no_ledger, "UPDATE Ks_Zaihyo SET 並び順 = 4 WHERE 建設科目CD=99", no_work_style, no_31_32,
-          other_at_31},
          false,
          4,
-         false,
-         false,
-         false,
-         true,
-         true,
-         "11"},
-        {"no marker row",
-         {no_ledger, "DELETE FROM Ks_Zaihyo WHERE 建設科目CD=99"},
-         false,
-         52,
-         false,
-         false,
-         false,
-         false,
-         false,
-         "11"},
+         "types style",
+         "11",
+         {no_ledger, "UPDATE Ks_Zaihyo SET 並び順 = 4 WHERE 建設科目CD=99", no_work_style, no_31_32,
+          other_at_31}},
+        {"no marker row", false, 52, "", "11", {no_ledger, "DELETE FROM Ks_Zaihyo WHERE 建設科目CD=99"}},
     };
     for (const Old_Store& old : cases) {
         Expect_Brought_Forward(old);
