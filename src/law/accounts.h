@@ -229,6 +229,17 @@ constexpr Edition_Accounts Accounts_Of_Edition(Edition edition) {
                                   Side_Business_Cost_National,    Depreciation_In_Cost_National};
 }
 
+/// 減価償却実施額: what is written off of assets in a period, wherever it is entered.
+constexpr std::array<Account, 4> Depreciation_Accounts(Edition edition) {
+    return {Account::Depreciation_In_Expenses, Accounts_Of_Edition(edition).depreciation_in_cost,
+            Account::Depreciation_Of_Side_Business, Account::Other_Depreciation_Of_Side_Business};
+}
+
+/// The same of the period before.
+inline constexpr std::array<Account, 4> prior_depreciation_accounts = {
+    Account::Prior_Depreciation_In_Expenses, Account::Prior_Depreciation_In_Cost,
+    Account::Prior_Depreciation_Of_Side_Business, Account::Prior_Other_Depreciation_Of_Side_Business};
+
 /// A tangible asset of three lines: what it cost, what is written off of it, and the difference.
 struct Book_Value_Lines {
     Account cost;

@@ -23,10 +23,9 @@ constexpr std::size_t cash_flow_zenki = 13;
 
 /// Whether a statement has figures of the period before in its own lines.
 bool Has_Prior_Lines(const Statement_Figures& statement) {
-    constexpr int first_line = 800;
-    constexpr int last_line = 838;
-    for (int code = first_line; code <= last_line; ++code) {
-        if (statement.Get_Y_Kamoku(code) != 0) {
+    for (int code = Code(Account::Second_Prior_Notes_Receivable);
+         code <= Code(Account::Prior_Retained_Earnings); ++code) {
+        if (statement.Get_Y_Kamoku(static_cast<Account>(code)) != 0) {
             return true;
         }
     }
@@ -46,7 +45,7 @@ void Read_Zenki(const Connection& cn, int period, Kekka_Figures& kekka) {
     }
     kekka.has_zenki = statement.has_rows || Has_Prior_Lines(figures.statement);
     if (kekka.y.has_figures && kekka.has_zenki) {
-        kekka.y_zenki[jiko_sihon] = figures.statement.Get_Y_Kamoku(829);
+        kekka.y_zenki[jiko_sihon] = figures.statement.Get_Y_Kamoku(Account::Prior_Equity);
         kekka.y_zenki[so_sihon] = kekka.y.Y_Yoso[so_sihon_zenki];
         kekka.y_zenki[keijo_rieki] = kekka.y.Y_Work[0];
         kekka.y_zenki[cash_flow] = kekka.y.Y_Yoso[cash_flow_zenki];

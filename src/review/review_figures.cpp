@@ -54,7 +54,8 @@ bool Work_Line::Has_Engineer() const {
     return std::any_of(gijutusya.begin(), gijutusya.end(), [](const Figure& count) { return count.up; });
 }
 
-std::int32_t Statement_Figures::Get_Y_Kamoku(int code) const {
+std::int32_t Statement_Figures::Get_Y_Kamoku(Account account) const {
+    const int code = Code(account);
     const double thousands = std::trunc(amount[static_cast<std::size_t>(code)] / 1000.0);
     if (!Has_32_Bits(thousands)) {
         const auto name = beyond_32_bits.find(code);
@@ -63,6 +64,14 @@ std::int32_t Statement_Figures::Get_Y_Kamoku(int code) const {
                        "」（" + Comma_Str(Value(amount[static_cast<std::size_t>(code)])) + "円）");
     }
     return static_cast<std::int32_t>(thousands);
+}
+
+std::int32_t Statement_Figures::Get_Y_Sum(std::span<const Account> accounts, const char* what) const {
+    std::int32_t sum = 0;
+    for (const Account account : accounts) {
+        sum = Add32(sum, Get_Y_Kamoku(account), what);
+    }
+    return sum;
 }
 
 std::int32_t Review_Figures::Yoso(int code, std::int32_t limit) const {
@@ -121,7 +130,7 @@ Statement_Figures Read_Statement(const Connection& cn, Side side) {
                 figures.beyond_32_bits[static_cast<int>(code)] = rows.Text_At(3);
             }
         }
-        if (code == 99) {
+        if (code == Code(Account::Data_Form)) {
             figures.form = static_cast<int>(rows.Is_Null(1) ? 2 : rows.Integer_At(1));
         }
     }

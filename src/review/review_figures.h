@@ -2,6 +2,7 @@
 #pragma once
 
 #include "data/connection.h"
+#include "law/accounts.h"
 #include "law/era_date.h"
 #include "law/firm_kind.h"
 #include "law/law_year.h"
@@ -13,6 +14,7 @@
 #include <cstdint>
 #include <map>
 #include <optional>
+#include <span>
 #include <string>
 
 namespace morvane {
@@ -94,7 +96,10 @@ struct Statement_Figures {
     std::map<int, std::string> beyond_32_bits; ///< the names of accounts that have no place in 32 bits
 
     /// The amount of an account in thousand yen, cut toward zero. Raises Run_Time_Error beyond 32 bits.
-    [[nodiscard]] std::int32_t Get_Y_Kamoku(int code) const;
+    [[nodiscard]] std::int32_t Get_Y_Kamoku(Account account) const;
+
+    /// The sum of such amounts. An overflow is told as one of `what`.
+    [[nodiscard]] std::int32_t Get_Y_Sum(std::span<const Account> accounts, const char* what) const;
 };
 
 /// What the store holds of a side, as far as the review needs it.

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "review/x2_calc.h"
 
+#include "law/accounts.h"
 #include "law/checked.h"
 #include "law/elements.h"
 #include "law/total_weights.h"
@@ -8,7 +9,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <initializer_list>
 #include <string>
 
 namespace morvane {
@@ -16,14 +16,6 @@ namespace morvane {
 namespace {
 
 constexpr const char* what_x2 = "自己資本額及び平均利益額の評点（Ｘ２）";
-
-std::int32_t Sum(const Statement_Figures& statement, std::initializer_list<int> codes) {
-    std::int32_t sum = 0;
-    for (const int code : codes) {
-        sum = Add32(sum, statement.Get_Y_Kamoku(code), what_x2);
-    }
-    return sum;
-}
 
 std::int32_t Floor_Half(std::int32_t sum) {
     return static_cast<std::int32_t>(std::floor(sum / 2.0));
@@ -47,9 +39,10 @@ void X2_Calc::Calc_X2(const Review_Figures& figures, bool keep_basis) {
         JikoS = stored == 0 ? 1 : stored;
     }
     const Statement_Figures& s = figures.statement;
-    Jiko = {s.Get_Y_Kamoku(829), s.Get_Y_Kamoku(319)};
-    Eigyo = {s.Get_Y_Kamoku(832), s.Get_Y_Kamoku(469)};
-    Genka = {Sum(s, {831, 835, 836, 837}), Sum(s, {436, 724, 729, figures.firm.Is_Hokkaido() ? 552 : 536})};
+    Jiko = {s.Get_Y_Kamoku(Account::Prior_Equity), s.Get_Y_Kamoku(Account::Net_Assets)};
+    Eigyo = {s.Get_Y_Kamoku(Account::Prior_Operating_Profit), s.Get_Y_Kamoku(Account::Operating_Profit)};
+    Genka = {s.Get_Y_Sum(prior_depreciation_accounts, what_x2),
+             s.Get_Y_Sum(Depreciation_Accounts(figures.firm.edition), what_x2)};
     for (std::size_t period = 0; period < Rieki.size(); ++period) {
         Rieki[period] = Add32(Eigyo[period], Genka[period], what_x2);
     }

@@ -1,10 +1,11 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "review/y_calc.h"
 
+#include "law/accounts.h"
 #include "law/checked.h"
 
+#include <array>
 #include <cmath>
-#include <initializer_list>
 #include <string>
 
 namespace morvane {
@@ -12,62 +13,64 @@ namespace morvane {
 namespace {
 
 using namespace y_yoso;
+using enum Account;
 
 constexpr const char* what_y = "経営状況評点（Ｙ）";
 
 using Elements = std::array<std::int32_t, 14>;
 using Working = std::array<std::int32_t, 20>;
 
-std::int32_t Sum(const Statement_Figures& statement, std::initializer_list<int> codes) {
-    std::int32_t sum = 0;
-    for (const int code : codes) {
-        sum = Add32(sum, statement.Get_Y_Kamoku(code), what_y);
-    }
-    return sum;
-}
-
 Elements Elements_Of(const Statement_Figures& s, Firm_Kind firm) {
+    const std::array hokkaido_sales = {Completed_Work_Sales, Side_Business_Sales_Hokkaido};
     Elements yoso{};
-    yoso[kotei_sisan] = s.Get_Y_Kamoku(179);
-    yoso[ryudo_fusai] = s.Get_Y_Kamoku(229);
-    yoso[kotei_fusai] = s.Get_Y_Kamoku(248);
-    yoso[rieki_joyokin] = s.Get_Y_Kamoku(firm.Is_Corporation() ? 289 : 319);
-    yoso[jiko_sihon] = s.Get_Y_Kamoku(319);
-    yoso[so_sihon] = s.Get_Y_Kamoku(399);
-    yoso[so_sihon_zenki] = s.Get_Y_Kamoku(830);
-    yoso[uriage] = firm.Is_Hokkaido() ? Sum(s, {400, 410}) : s.Get_Y_Kamoku(402);
-    yoso[uriage_sorieki] = s.Get_Y_Kamoku(419);
-    yoso[uketori_risoku] = s.Get_Y_Kamoku(470);
-    yoso[siharai_risoku] = s.Get_Y_Kamoku(480);
-    yoso[keijo_rieki] = s.Get_Y_Kamoku(489);
+    yoso[kotei_sisan] = s.Get_Y_Kamoku(Fixed_Assets);
+    yoso[ryudo_fusai] = s.Get_Y_Kamoku(Current_Liabilities);
+    yoso[kotei_fusai] = s.Get_Y_Kamoku(Fixed_Liabilities);
+    yoso[rieki_joyokin] = s.Get_Y_Kamoku(firm.Is_Corporation() ? Retained_Earnings : Net_Assets);
+    yoso[jiko_sihon] = s.Get_Y_Kamoku(Net_Assets);
+    yoso[so_sihon] = s.Get_Y_Kamoku(Liabilities_And_Net_Assets);
+    yoso[so_sihon_zenki] = s.Get_Y_Kamoku(Prior_Total_Capital);
+    yoso[uriage] = firm.Is_Hokkaido() ? s.Get_Y_Sum(hokkaido_sales, what_y) : s.Get_Y_Kamoku(Sales_National);
+    yoso[uriage_sorieki] = s.Get_Y_Kamoku(Gross_Profit);
+    yoso[uketori_risoku] = s.Get_Y_Kamoku(Interest_And_Dividends);
+    yoso[siharai_risoku] = s.Get_Y_Kamoku(Interest_Paid);
+    yoso[keijo_rieki] = s.Get_Y_Kamoku(Ordinary_Profit);
     return yoso;
 }
 
 // The edition decides where depreciation and the loss allowance stand, the data form of the period where the
 // advances received do.
 Working Working_Of(const Statement_Figures& s, Edition edition) {
-    const bool hokkaido = edition == Edition::Hokkaido;
+    const auto both = [&s](Account first, Account second) {
+        return s.Get_Y_Sum(std::array{first, second}, what_y);
+    };
     return {
-        s.Get_Y_Kamoku(833),                           // 経常利益（前期）
-        Sum(s, {831, 835, 836, 837}),                  // 減価償却実施額（前期）
-        Sum(s, {436, hokkaido ? 552 : 536, 724, 729}), // 減価償却実施額（当期）
-        s.Get_Y_Kamoku(834),                           // 法人税等（前期）
-        s.Get_Y_Kamoku(511),                           // 法人税等（当期）
-        Sum(s, {804, 805}),                            // 貸倒引当金（前々期）
-        Sum(s, {824, 825}),                            // 貸倒引当金（前期）
-        Sum(s, {hokkaido ? 115 : 114, 177}),           // 貸倒引当金（当期）
-        Sum(s, {800, 801}),                            // 売掛債権（前々期）
-        Sum(s, {820, 821}),                            // 売掛債権（前期）
-        Sum(s, {101, 103}),                            // 売掛債権（当期）
-        Sum(s, {806, 807}),                            // 仕入債務（前々期）
-        Sum(s, {826, 827}),                            // 仕入債務（前期）
-        Sum(s, {200, 201}),                            // 仕入債務（当期）
-        Sum(s, {802, 803}),                            // 棚卸資産（前々期）
-        Sum(s, {822, 823}),                            // 棚卸資産（前期）
-        Sum(s, {106, 107}),                            // 棚卸資産（当期）
-        s.Get_Y_Kamoku(808),                           // 受入金（前々期）
-        s.Get_Y_Kamoku(828),                           // 受入金（前期）
-        s.Get_Y_Kamoku(s.form == 6 ? 210 : 209),       // 受入金（当期）
+        // 経常利益（前期）; 減価償却実施額（前期・当期）; 法人税等（前期・当期）
+        s.Get_Y_Kamoku(Prior_Ordinary_Profit),
+        s.Get_Y_Sum(prior_depreciation_accounts, what_y),
+        s.Get_Y_Sum(Depreciation_Accounts(edition), what_y),
+        s.Get_Y_Kamoku(Prior_Income_Taxes),
+        s.Get_Y_Kamoku(Income_Taxes),
+        // 貸倒引当金（前々期・前期・当期）
+        both(Second_Prior_Current_Allowance, Second_Prior_Investment_Allowance),
+        both(Prior_Current_Allowance, Prior_Investment_Allowance),
+        both(Accounts_Of_Edition(edition).current_allowance, Investment_Allowance),
+        // 売掛債権（前々期・前期・当期）
+        both(Second_Prior_Notes_Receivable, Second_Prior_Completed_Work_Receivables),
+        both(Prior_Notes_Receivable, Prior_Completed_Work_Receivables),
+        both(Notes_Receivable, Completed_Work_Receivables),
+        // 仕入債務（前々期・前期・当期）
+        both(Second_Prior_Notes_Payable, Second_Prior_Work_Payables),
+        both(Prior_Notes_Payable, Prior_Work_Payables),
+        both(Notes_Payable, Work_Payables),
+        // 棚卸資産（前々期・前期・当期）
+        both(Second_Prior_Uncompleted_Work, Second_Prior_Materials_In_Store),
+        both(Prior_Uncompleted_Work, Prior_Materials_In_Store),
+        both(Uncompleted_Work, Materials_In_Store),
+        // 受入金（前々期・前期・当期）
+        s.Get_Y_Kamoku(Second_Prior_Advances_Received),
+        s.Get_Y_Kamoku(Prior_Advances_Received),
+        s.Get_Y_Kamoku(s.form == 6 ? Advances_Received_Hokkaido : Advances_Received_National),
     };
 }
 

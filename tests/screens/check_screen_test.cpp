@@ -167,7 +167,7 @@ TEST_F(Check_Screens, Indicators_Of_Y) {
     Form& cash_flow = Open(Y1_Request(6));
     EXPECT_EQ(Text(cash_flow, "要素２１"), "受入金（当期）");
     EXPECT_EQ(Text(cash_flow, "要素値２"),
-              Comma_Str(settled.statement.Get_Y_Kamoku(489))); // 経常利益（当期）
+              Comma_Str(settled.statement.Get_Y_Kamoku(Account::Ordinary_Profit)));
     EXPECT_THROW(Y1_Request(10), std::out_of_range);
 }
 
