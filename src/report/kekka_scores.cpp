@@ -13,11 +13,11 @@ namespace morvane::kekka_sheet {
 
 namespace {
 
-// Sizes: 9 headings, 8 scores, 7 everything else.
+// Sizes: 9 headings, 7.5 scores, 7 everything else.
 constexpr Type head_type = {font_p_mincho, 7.0F, Align::Center, 0.0F};
 constexpr Type label_type = {font_p_mincho, 7.0F, Align::Left};
 constexpr Type figure_type = {font_p_mincho, 7.0F, Align::Right, 1.2F, Overflow::Figure};
-constexpr Type score_type = {font_p_gothic, 8.0F, Align::Right, 1.2F, Overflow::Figure};
+constexpr Type score_type = {font_p_gothic, 7.5F, Align::Right, 1.2F, Overflow::Figure};
 
 /// A part of the sheet: its heading, a table, its score at the foot, all in a frame.
 void Draw_Part(Page_Layout& page, const Area& area, const char* heading, Cell_Table& table,

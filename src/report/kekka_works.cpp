@@ -27,7 +27,7 @@ const Figure& Engineers(const Work_Line& line) {
 // In columns as narrow as their figures: amounts have seven digits in full size, ten in the least one.
 constexpr Type amount_type = {font_p_mincho, 7.0F, Align::Right, 0.5F, Overflow::Figure};
 constexpr Type count_type = {font_p_mincho, 7.0F, Align::Right, 0.35F, Overflow::Figure};
-constexpr Type points_type = {font_p_gothic, 8.0F, Align::Right, 0.5F, Overflow::Figure};
+constexpr Type points_type = {font_p_gothic, 7.5F, Align::Right, 0.5F, Overflow::Figure};
 constexpr Type code_type = {font_p_mincho, 7.0F, Align::Center, 0.2F};
 constexpr Type name_type = {font_p_mincho, 7.0F, Align::Left, 0.6F};
 constexpr Type total_type = {font_p_gothic, 7.0F, Align::Center};

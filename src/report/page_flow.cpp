@@ -9,10 +9,11 @@ namespace morvane {
 
 namespace {
 
+constexpr float body_top = 30.5F;
 constexpr float title_size = 15.0F;
 constexpr float foot_height = 5.0F;
 constexpr Type section_type = {font_p_gothic, 10.0F, Align::Left, 0.0F};
-constexpr Type foot_type = {font_p_mincho, 8.0F, Align::Center};
+constexpr Type foot_type = {font_p_mincho, 9.0F, Align::Center};
 
 } // namespace
 
@@ -20,14 +21,12 @@ float Draw_Page_Head(Page_Layout& page, const Report_Heading& heading, const std
                      const std::string& note) {
     constexpr float name_left = 30.0F;
     constexpr float name_room = 128.0F;
-    constexpr float body_top = 30.5F;
-    constexpr Type small = {font_p_mincho, 8.0F};
-    constexpr Type small_right = {font_p_mincho, 8.0F, Align::Right};
+    constexpr Type plain_right = {font_p_mincho, 9.0F, Align::Right};
     constexpr Type plain = {font_p_mincho, 9.0F};
     constexpr Type name_type = {font_p_mincho, 12.0F};
     const auto& [left, top, right, bottom] = printed_area;
-    page.Text({left, top, 60, 12}, "印刷日：" + heading.print_date, small);
-    page.Text({60, top, right, 12}, heading.office_name, small_right);
+    page.Text({left, top, 60, 12}, "印刷日：" + heading.print_date, plain);
+    page.Text({60, top, right, 12}, heading.office_name, plain_right);
     page.Text({left, 12, right, 19}, title, {font_p_mincho, title_size, Align::Center});
     page.Text({left, 21, name_left, 28}, "事業所名：", plain);
     const float width = std::min(name_room, page.Width_Of(heading.Jigyo_Name, name_type) + 2.0F);
@@ -126,7 +125,6 @@ void Page_Flow::Draw_Foot(std::size_t number, std::size_t count) {
 }
 
 std::size_t Page_Flow::Print() {
-    constexpr float body_top = 30.5F;
     const float room = printed_area.bottom - foot_height - 1.0F - body_top;
     std::vector<std::size_t> ends;
     for (std::size_t first = 0; first < pieces.size() || ends.empty(); first = ends.back()) {

@@ -113,7 +113,7 @@ TEST_F(Kekka_Test, Samples_Are_Set_In_Full_Size) {
         for (const Box_Of_Text& text : texts) {
             sizes.insert(std::round(text.size * 10));
         }
-        EXPECT_EQ(sizes, (std::set<double>{70, 80, 90, 105, 120, 150}));
+        EXPECT_EQ(sizes, (std::set<double>{70, 75, 90, 105, 120, 150}));
         Line_Of(texts, std::string("経営事項審査 シミュレーション結果") + row.title);
         EXPECT_EQ(Joined(Line_Of(texts, "事業所名：")),
                   "事業所名：|" + score.jigyo_name + "|（第" + std::to_string(row.period) + "期決算）");
@@ -150,6 +150,37 @@ TEST_F(Kekka_Test, An_Untouched_Scenario_Prints_The_Current_Figures) {
         }
     }
     EXPECT_EQ(differences, 1);
+}
+
+// ---- the request
+
+TEST_F(Kekka_Test, A_Report_Shows_The_Side_It_Is_Asked_For) {
+    Take_In_Hand("midori_denki.json", 4, 21, scenario_genjo);
+    const Report_Row& report = *Find_Report("Rpt_Kekka_2011");
+    const Rpt_Draw drawn = report.read(Cn_Open(session), session, {.sides = {{20, &scenario_kaizen}}});
+    EXPECT_EQ(Document_Title(report.title, drawn.heading),
+              "結果通知書 " + session.Jigyo_Name + " 第20期 改善後");
+    EXPECT_THROW(report.read(Cn_Open(session), session, {.sides = {{99, &scenario_genjo}}}), Score_Refusal);
+    EXPECT_THROW(report.read(Cn_Open(session), session, {.sides = {{21, &scenarios[4]}}}), Score_Refusal);
+}
+
+TEST(Report_Request_Test, Sides_Beside_Each_Other) {
+    const Side in_hand = {35, &scenario_kaizen};
+    struct Row {
+        Report_Sides sides;
+        std::vector<Side> expected;
+    };
+    for (const Row& row : {Row{Report_Sides::One, {in_hand}},
+                           {Report_Sides::Improvement, {{35, &scenario_genjo}, {35, &scenario_kaizen}}},
+                           {Report_Sides::Prior, {{34, &scenario_kaizen}, in_hand}},
+                           {Report_Sides::All_Scenarios,
+                            {{35, &scenarios[0]},
+                             {35, &scenarios[1]},
+                             {35, &scenarios[2]},
+                             {35, &scenarios[3]},
+                             {35, &scenarios[4]}}}}) {
+        EXPECT_EQ(Sides_Of(row.sides, in_hand), row.expected);
+    }
 }
 
 // ---- the forms and the law years

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "report/line_break.h"
 #include "report/page_flow.h"
+#include "report/pdf_target.h"
 #include "report/radar_chart.h"
 #include "support/sheet_texts.h"
 
@@ -199,7 +200,7 @@ TEST(Page_Flow_Test, Pages_Carry_Heads_And_Leave_No_Line_Alone) {
             EXPECT_EQ(Astray(texts), "");
             EXPECT_EQ(Box_Of(texts, "青葉建設").size, 12) << "page " << i;
             EXPECT_EQ(Box_Of(texts, std::to_string(i + 1) + " / " + std::to_string(pages) + "頁").size,
-                      pages > 1 ? 8 : 0);
+                      pages > 1 ? 9 : 0);
             std::vector<std::string> body;
             for (const Box_Of_Text& text : texts) {
                 if (text.left < 20 && text.top > 30) {
@@ -227,6 +228,32 @@ TEST(Page_Flow_Test, A_Page_Begins_Where_It_Is_Asked_For) {
     flow.Paragraph(std::string(1200, 'a'), wrap_type);
     EXPECT_EQ(flow.Print(), 2U);
     EXPECT_EQ(Astray(Texts_Of(engine.sheet, 1)), "");
+}
+
+// Language and places of what the document lists are written behind the library, into its last objects.
+TEST(Page_Flow_Test, A_Pdf_Lists_Its_Sections) {
+    const Print_State state;
+    Pdf_Target pdf({"総合比較表", "見本事務所"});
+    Prt_ModSet operations(state, pdf);
+    Page_Layout page(operations);
+    Page_Flow flow(page, heading, "総合比較表", "");
+    flow.Section("一");
+    flow.New_Page();
+    flow.Section("二");
+    flow.Paragraph("経営", wrap_type);
+    EXPECT_EQ(flow.Print(), 2U);
+    const std::string bytes = pdf.Finish();
+    const auto entries = [&](const std::string& text) {
+        std::set<std::string> found;
+        for (std::size_t at = bytes.find(text); at != std::string::npos; at = bytes.find(text, at + 1)) {
+            found.insert(bytes.substr(at, bytes.find(']', at) - at));
+        }
+        return found.size();
+    };
+    EXPECT_EQ(entries("/Dest ["), 2U) << "one on each page";
+    EXPECT_NE(bytes.find("/Lang (ja-JP)"), std::string::npos);
+    const std::size_t place = std::stoul(bytes.substr(bytes.rfind("startxref") + 10));
+    EXPECT_EQ(bytes.substr(place, 5), "xref\n");
 }
 
 // ---- charts

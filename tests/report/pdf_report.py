@@ -53,7 +53,8 @@ def text_of(file, other_fonts=0):
     expect_no_empty_box(file)
     data = file.read_bytes()
     table = int(data.rstrip().split()[-2])
-    expect(data[table:table + 5] == b"xref\n" and b"/Lang (ja-JP)" in data, f"{file}: language or place of the table")
+    expect(data[table:table + 5] == b"xref\n" and b"/Lang (ja-JP)" in data and b"/Outlines" in data,
+           f"{file}: language, contents or place of the table")
     info = run("pdfinfo", file)
     expect(re.search(r"Pages: +1\n", info) and re.search(r"Page size: +595\.\d* x 841\.\d* pts \(A4\)", info), info)
     return run("pdftotext", "-layout", file, "-")

@@ -379,6 +379,18 @@ TEST_F(Report_Window_Test, A_Pdf_Is_Saved_Or_The_Failure_Told) {
     EXPECT_FALSE(window->Prt().Prt_Doing);
 }
 
+TEST_F(Report_Window_Test, A_Shape_Is_Filled_With_Its_Colour) {
+    QImage image(40, 40, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    Painter_Target target(painter, 1);
+    const std::array<Point, 3> corners = {{{0, 0}, {30, 0}, {0, 30}}};
+    target.Fill(corners, 0x2010F0);
+    painter.end();
+    EXPECT_EQ(image.pixelColor(5, 5), QColor(0xf0, 0x10, 0x20));
+    EXPECT_EQ(image.pixelColor(25, 25), QColor(Qt::white));
+}
+
 // The sheet is laid out by the widths of the fonts' own tables; what the painter draws must be as wide.
 TEST_F(Report_Window_Test, Painted_Texts_Are_As_Wide_As_Laid_Out) {
     constexpr double dots_per_mm = 96 / 25.4;
