@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "batch/installation.h"
 #include "company/datacheck.h"
+#include "data/connection.h"
 
 #include <cstdlib>
 #include <iostream>

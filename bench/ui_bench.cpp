@@ -6,6 +6,7 @@
 #include "company/new_installation.h"
 #include "company/register.h"
 #include "data/store_file.h"
+#include "session/install_info.h"
 #include "session/program_folder.h"
 #include "times.h"
 #include "widgets/theme.h"

@@ -3,6 +3,7 @@
 
 #include "app/form_table.h"
 #include "review/settle.h"
+#include "session/boxes.h"
 #include "session/save_or_stay.h"
 #include "statements/zaimu_calc.h"
 #include "widgets/elided_label.h"
@@ -375,7 +376,7 @@ void Frm_Command::Press(Menu_Button& button) {
 }
 
 void Frm_Command::Open_Panel(Menu_Button& button) {
-    if (!Enter_Panel(shell.session, button.entry)) {
+    if (!Enter_Panel(shell.session, shell.menu, button.entry)) {
         return;
     }
     open_panel = &Panel_Of(button.entry.target);
@@ -431,7 +432,7 @@ void Frm_Command::Fold_Panel() {
 
 void Frm_Command::Open_Screen(Menu_Button& button) {
     // The screen of the family that is open saves and goes first, so that the gates see what it stored.
-    if (!area.Close_All() || !Enter_Screen(shell.session, button.entry)) {
+    if (!area.Close_All() || !Enter_Screen(shell.session, shell.menu, button.entry)) {
         return;
     }
     shell.session.Jg_New_Flg = false;

@@ -2,6 +2,7 @@
 #include "app/frm_hpopen.h"
 
 #include "session/boxes.h"
+#include "session/install_info.h"
 #include "session/kyotu_mod.h"
 #include "session/network_settings.h"
 #include "widgets/section_box.h"
@@ -49,12 +50,19 @@ Frm_HpOpen::Frm_HpOpen(Shell_Port& shell_port)
 }
 
 void Frm_HpOpen::Open_Page(const std::string& address) {
-    if (!Url_Open(address)) {
+    const auto told = [this, address](bool opened) {
+        if (opened) {
+            Close_Form();
+            return;
+        }
         Tell(shell.session, "確認メッセージ",
              "ブラウザを起動できませんでした。標準のブラウザの設定を確認してください。\n" + address);
-        return;
-    }
-    Close_Form();
+    };
+    Run_Beside(
+        {.title = QStringLiteral("利用者ページ"),
+         .message = QStringLiteral("ブラウザを起動しています…"),
+         .can_be_left = true},
+        [address](Progress&) { return Url_Open(address); }, told);
 }
 
 } // namespace morvane

@@ -4,8 +4,10 @@
 #include "company/office_mode.h"
 #include "data/store_error.h"
 #include "session/boxes.h"
+#include "session/install_info.h"
 #include "session/kyotu_mod.h"
 #include "session/network_settings.h"
+#include "session/progress.h"
 #include "session/save_or_stay.h"
 #include "widgets/section_box.h"
 #include "widgets/theme.h"
@@ -13,9 +15,7 @@
 
 #include <QCoreApplication>
 #include <QGridLayout>
-#include <QPointer>
 #include <QPushButton>
-#include <QThreadPool>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -131,6 +131,17 @@ constexpr Probe probes[] = {
     {"受信サーバー", "Imap_Host", "Imap_Port"},
 };
 
+std::vector<Tested_Host> Test_Hosts(std::vector<Tested_Host> hosts, Progress& progress) {
+    const int total = static_cast<int>(hosts.size());
+    for (int done = 0; done < total; ++done) {
+        Tested_Host& host = hosts[static_cast<std::size_t>(done)];
+        progress.Say(host.caption + "（" + host.address + "）に接続しています…");
+        progress.Step(done, total);
+        host.reached = Net_Check(host.address, net_check_ms, progress.Stop()) == "1";
+    }
+    return hosts;
+}
+
 } // namespace
 
 Frm_Settei::Frm_Settei(Shell_Port& shell_port)
@@ -158,8 +169,8 @@ Frm_Settei::Frm_Settei(Shell_Port& shell_port)
     }
     body->addLayout(grid);
     body->addStretch(1);
-    test_button = Add_Button(QStringLiteral("Cmd_Test"), QStringLiteral("接続テスト"), nullptr, true);
-    Wire(test_button, &QPushButton::clicked, [this] { Test_Connections(); });
+    Wire(Add_Button(QStringLiteral("Cmd_Test"), QStringLiteral("接続テスト"), nullptr, true),
+         &QPushButton::clicked, [this] { Test_Connections(); });
     Wire(Add_Button(QStringLiteral("Cmd_Excute"), QStringLiteral("保存終了"), "primary"),
          &QPushButton::clicked, [this] { Save(); });
     Wire(Add_Button(QStringLiteral("Cmd_Cancel"), QStringLiteral("キャンセル")), &QPushButton::clicked,
@@ -271,18 +282,17 @@ bool Frm_Settei::May_Close() {
            Ask(shell.session, "編集破棄確認", "編集中の設定を保存せずに終了します。\nよろしいですか？");
 }
 
-// A host that does not answer takes seconds, so it is asked beside the window.
 void Frm_Settei::Test_Connections() {
     if (!Entries_Hold()) {
         return;
     }
     const auto texts = Texts();
-    std::vector<std::pair<std::string, std::string>> hosts;
+    std::vector<Tested_Host> hosts;
     for (const Probe& probe : probes) {
         const std::string& host = texts.at(probe.host);
         if (!host.empty()) {
-            hosts.emplace_back(probe.caption,
-                               probe.port == nullptr ? host : host + ":" + texts.at(probe.port));
+            hosts.push_back(
+                {probe.caption, probe.port == nullptr ? host : host + ":" + texts.at(probe.port)});
         }
     }
     if (hosts.empty()) {
@@ -290,41 +300,29 @@ void Frm_Settei::Test_Connections() {
         groups[3]->Focus(net_check_control);
         return;
     }
-    test_button->setEnabled(false);
-    test_button->setText(QStringLiteral("接続テスト中…"));
-    QThreadPool::globalInstance()->start([hosts, form = QPointer<Frm_Settei>(this)] {
-        std::vector<std::string> lines;
-        bool all_reached = true;
-        for (const auto& [caption, host] : hosts) {
-            const bool reached = Net_Check(host) == "1";
-            all_reached = all_reached && reached;
-            lines.push_back(caption + "（" + host + "）：" +
-                            (reached ? "接続できました。" : "接続できません。"));
-        }
-        QMetaObject::invokeMethod(QCoreApplication::instance(), [form, lines, all_reached] {
-            if (form && form->isVisible()) {
-                form->Show_Connections(lines, all_reached);
-            }
-        });
-    });
+    Run_Beside(
+        {.title = QStringLiteral("接続テスト"),
+         .message = QStringLiteral("接続を確認しています…"),
+         .can_be_left = true},
+        [hosts](Progress& progress) { return Test_Hosts(hosts, progress); },
+        [this](const std::vector<Tested_Host>& tested) { Show_Connections(tested); });
 }
 
-void Frm_Settei::Show_Connections(const std::vector<std::string>& lines, bool all_reached) {
-    test_button->setEnabled(true);
-    test_button->setText(QStringLiteral("接続テスト"));
+void Frm_Settei::Show_Connections(const std::vector<Tested_Host>& tested) {
     std::string text;
-    for (const std::string& line : lines) {
-        text += (text.empty() ? "" : "\n") + line;
+    bool all_reached = true;
+    for (const Tested_Host& host : tested) {
+        all_reached = all_reached && host.reached;
+        text += (text.empty() ? "" : "\n") + host.caption + "（" + host.address + "）：" +
+                (host.reached ? "接続できました。" : "接続できません。");
     }
     if (!all_reached) {
         text += "\nご使用のPCがインターネットに接続可能か確認してください。";
     }
-    shell.Guard([&] {
-        Show_Message(shell.session, {.title = "接続テスト",
-                                     .text = text,
-                                     .icon = all_reached ? Icon::Information : Icon::Warning,
-                                     .beep = !all_reached});
-    });
+    Show_Message(shell.session, {.title = "接続テスト",
+                                 .text = text,
+                                 .icon = all_reached ? Icon::Information : Icon::Warning,
+                                 .beep = !all_reached});
 }
 
 } // namespace morvane

@@ -11,6 +11,13 @@
 
 namespace morvane {
 
+/// A host of the settings and whether it answered.
+struct Tested_Host {
+    std::string caption;
+    std::string address; ///< host or host:port
+    bool reached = false;
+};
+
 /// 事務所・通信設定: the office and how the installation is used; mail servers, hosts and addresses. Saved
 /// into its settings file. A change of use ends the program, whose session is one of the former use.
 class Frm_Settei : public Form {
@@ -26,7 +33,7 @@ class Frm_Settei : public Form {
     void Load();
     void Save();
     void Test_Connections();
-    void Show_Connections(const std::vector<std::string>& lines, bool all_reached);
+    void Show_Connections(const std::vector<Tested_Host>& tested);
     [[nodiscard]] std::map<std::string, std::string> Texts() const;
     [[nodiscard]] bool Is_Edited() const;
     [[nodiscard]] bool Entries_Hold();
@@ -34,7 +41,6 @@ class Frm_Settei : public Form {
     void Store(const std::map<std::string, std::string>& texts);
 
     std::vector<Field_Form*> groups;
-    QPushButton* test_button;
 };
 
 } // namespace morvane

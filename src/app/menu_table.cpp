@@ -193,19 +193,14 @@ constexpr std::array<Menu_Entry, 4> exchange = {{
 }};
 
 constexpr std::array<Menu_Panel, 7> panels = {{
-    {"Mnu_KsZTais", "貸借対照表", 0, "", balance_sheet, true},
-    {"Mnu_KsZSon", "損益計算書", 0, "", income_statement, true},
-    {"Mnu_KsZRis", "利益処分", 0, "", appropriation, true},
-    {"Mnu_GBun", "現状分析", 1, "", current_state},
-    {"Mnu_UpSim", "改善ｼﾐｭﾚｰｼｮﾝ", 2, "改善シミュレーション", improvement},
-    {"Mnu_Zenki", "前期比較", 4, "前期比較", prior_period},
-    {"Mnu_Sojyu", "データ送受信", 0, "", exchange},
+    {"Mnu_KsZTais", "貸借対照表", {}, "", balance_sheet, true},
+    {"Mnu_KsZSon", "損益計算書", {}, "", income_statement, true},
+    {"Mnu_KsZRis", "利益処分", {}, "", appropriation, true},
+    {"Mnu_GBun", "現状分析", Sim_Mode::Current, "", current_state},
+    {"Mnu_UpSim", "改善ｼﾐｭﾚｰｼｮﾝ", Sim_Mode::Improvement, "改善シミュレーション", improvement},
+    {"Mnu_Zenki", "前期比較", Sim_Mode::Prior_Period, "前期比較", prior_period},
+    {"Mnu_Sojyu", "データ送受信", {}, "", exchange},
 }};
-
-void Set_Mode(Session& session, std::uint8_t mode) {
-    session.Sim_Mode = mode;
-    session.Menu_Mode = mode;
-}
 
 std::string Title_Of(const Menu_Entry& entry, const Session& session) {
     const Account_Section* section = Section_Of_Screen(entry.screen_no);
@@ -239,7 +234,7 @@ std::string Caption_Of(const Menu_Entry& entry, const Session& session) {
 }
 
 std::string Caption_After_Registration(const Session& session) {
-    return session.Data_Ver == 1 || session.Data_Ver == 2 ? "変動計算書" : "利益処分";
+    return Is_Before_2008(session.Data_Ver) ? "変動計算書" : "利益処分";
 }
 
 std::string Form_Of(const Menu_Entry& entry, const Session& session) {
@@ -274,34 +269,31 @@ bool Is_Enabled(const Menu_Entry& entry, const Session& session) {
     return !entry.corporation_only || !session.Is_Individual();
 }
 
-bool Enter_Panel(Session& session, const Menu_Entry& opener) {
+bool Enter_Panel(const Session& session, Menu_State& menu, const Menu_Entry& opener) {
     if (!Pass_Gates(session, opener.gates)) {
         return false;
     }
     const Menu_Panel& panel = Panel_Of(opener.target);
-    if (panel.sim_mode != 0) {
-        Set_Mode(session, panel.sim_mode);
-        if (*panel.sim_title != 0) {
-            session.Sim_Title = panel.sim_title;
-        }
+    menu.mode = panel.sim_mode.value_or(menu.mode);
+    if (*panel.sim_title != 0) {
+        menu.sim_title = panel.sim_title;
     }
     return true;
 }
 
-bool Enter_Screen(Session& session, const Menu_Entry& entry) {
+bool Enter_Screen(const Session& session, Menu_State& menu, const Menu_Entry& entry) {
     if (!Pass_Gates(session, entry.gates)) {
         return false;
     }
     if (entry.screen_no != 0) {
-        session.Screen_No = entry.screen_no;
-        session.Screen_Title = Title_Of(entry, session);
+        menu.screen = {entry.screen_no, Title_Of(entry, session)};
     }
     return true;
 }
 
-bool Enter_Other_Firm(Session& session) {
-    Set_Mode(session, 3);
-    session.Screen_Title = "他社比較－経営状況（Ｙ）";
+bool Enter_Other_Firm(const Session& session, Menu_State& menu) {
+    menu.mode = Sim_Mode::Other_Firm;
+    menu.screen.title = "他社比較－経営状況（Ｙ）";
     return Pass_Gates(session, std::array{Gate::Statement_Other});
 }
 

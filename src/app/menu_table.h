@@ -2,9 +2,10 @@
 #pragma once
 
 #include "app/gates.h"
-#include "session/session.h"
+#include "widgets/menu_state.h"
 
 #include <array>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -25,7 +26,7 @@ enum class Form_Role : std::uint8_t {
 
 enum class Menu_Action : std::uint8_t { Open_Form, Open_Panel, Close_Panel, End };
 
-/// One button of the menu: what it opens, what must be there before, and what the session is told on the way.
+/// One button of the menu: what it opens, what must be there before, and what is told on the way.
 struct Menu_Entry {
     const char* name;    ///< Cmd_KsZ1, Cmd_KsT(0), ...
     const char* caption; ///< a run of blanks is where a narrow button breaks the line
@@ -33,7 +34,7 @@ struct Menu_Entry {
     const char* target = ""; ///< form or panel
     Form_Role role = Form_Role::Fixed;
     std::uint8_t screen_no = 0; ///< 0: left to the form
-    const char* title = "";     ///< Screen_Title
+    const char* title = "";
     std::array<Gate, 3> gates{};
     const char* kojin_caption = nullptr; ///< for an individual, where it differs
     const char* multi_caption = nullptr; ///< in multi-company mode
@@ -45,7 +46,7 @@ struct Menu_Entry {
 struct Menu_Panel {
     const char* name;
     const char* heading;
-    std::uint8_t sim_mode; ///< Sim_Mode on entering; 0 leaves it
+    std::optional<Sim_Mode> sim_mode; ///< on entering; none leaves it
     const char* sim_title;
     std::span<const Menu_Entry> entries;
     bool statements = false; ///< closing it forms the class totals anew
@@ -73,15 +74,15 @@ std::string Form_Of(const Menu_Entry& entry, const Session& session);
 /// Whether an entry can be used: most need a company, some a corporation.
 bool Is_Enabled(const Menu_Entry& entry, const Session& session);
 
-/// Tells the session that a panel opens: mode and title of the simulation. False where its gate refuses.
-bool Enter_Panel(Session& session, const Menu_Entry& opener);
+/// Takes mode and title of the simulation of a panel that opens. False where its gate refuses.
+bool Enter_Panel(const Session& session, Menu_State& menu, const Menu_Entry& opener);
 
-/// Tells the session what an entry opens: gates, number and title of the screen. False where a gate refuses;
-/// the session is then as it was. Raises Store_Error, Run_Time_Error.
-bool Enter_Screen(Session& session, const Menu_Entry& entry);
+/// Takes what an entry opens: gates, number and title of the screen. False where a gate refuses; all is then
+/// as it was. Raises Store_Error, Run_Time_Error.
+bool Enter_Screen(const Session& session, Menu_State& menu, const Menu_Entry& entry);
 
-/// The comparison with another firm: mode 3, its title, its gate. No button leads to it. False where the gate
+/// The comparison with another firm: mode, title, gate. No button leads to it. False where the gate
 /// refuses.
-bool Enter_Other_Firm(Session& session);
+bool Enter_Other_Firm(const Session& session, Menu_State& menu);
 
 } // namespace morvane

@@ -7,6 +7,7 @@
 #include "company/new_installation.h"
 #include "data/store_file.h"
 #include "session/boxes.h"
+#include "session/install_info.h"
 #include "session/program_folder.h"
 #include "session/run_time_error.h"
 #include "session/save_or_stay.h"

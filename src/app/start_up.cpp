@@ -11,6 +11,7 @@
 #include "data/store_file.h"
 #include "review/x2_calc.h"
 #include "session/boxes.h"
+#include "session/install_info.h"
 #include "session/kidou_ini.h"
 #include "session/kyotu_mod.h"
 
@@ -23,10 +24,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::uint8_t oldest_data_form = 3;
-
 bool Refuse_Too_Old(const Session& session) {
-    if (session.Data_Ver >= oldest_data_form) {
+    if (session.Data_Ver >= Data_Form_No::National_2008) {
         return false;
     }
     Show_Message(
@@ -46,7 +45,7 @@ bool Read_Own_Company(Session& session) {
     session.Jigyo_Name = firm["事業所名"].As_Text();
     session.Hojin_Kojin = Firm_Type_Of(firm["法人個人識別"].As_Integer());
     session.Syori_Ki = static_cast<std::int16_t>(firm["処理決算期"].As_Integer());
-    session.Tani_Kbn = 1;
+    session.Tani_Kbn = Display_Unit::Ones;
     return true;
 }
 

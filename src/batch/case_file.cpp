@@ -67,7 +67,7 @@ class Case_Builder {
   private:
     // All periods are made before any figure stands in them, so that none takes one over: absent is Null.
     void Make_Periods() {
-        session.Data_Ver = Present_Data_Ver(session);
+        session.Data_Ver = Present_Form(session.Kind().edition);
         session.Syori_Ki = source.periods.front().number;
         const Connection master = Cn_Open_Org(session);
         bool made = Fill_Blank_Company(cn, master, session, session.Kind().type, session.Syori_Ki);

@@ -9,6 +9,7 @@
 #include "data/shown_text.h"
 #include "data/store_file.h"
 #include "review/settle.h"
+#include "session/install_info.h"
 #include "session/kidou_ini.h"
 #include "session/program_folder.h"
 

@@ -3,6 +3,7 @@
 
 #include "company/new_installation.h"
 #include "session/instance_lock.h"
+#include "session/messages.h"
 #include "session/session.h"
 
 #include <cstdint>

@@ -1,18 +1,9 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "company/company_identity.h"
 
+#include "data/connection.h"
+
 namespace morvane {
-
-namespace {
-
-// Data forms 3 and 5 are the national edition's, 4 and 6 that of Hokkaido; others do not tell.
-std::optional<Edition> Edition_Of_Form(std::int64_t form) {
-    return form == 3 || form == 5   ? std::optional(Edition::National)
-           : form == 4 || form == 6 ? std::optional(Edition::Hokkaido)
-                                    : std::nullopt;
-}
-
-} // namespace
 
 bool Store_Identity::Is(std::int32_t a_number, const std::string& a_name, const std::string& a_kana) const {
     return number == a_number && name == a_name && kana == a_kana;
@@ -31,7 +22,7 @@ Store_Identity Identity_Of(const Connection& cn) {
     }
     Statement forms = cn.Prepare("SELECT DISTINCT 並び順 FROM Ks_Zaihyo WHERE 建設科目CD=99");
     while (!identity.chart && forms.Step()) {
-        identity.chart = Edition_Of_Form(forms.Integer_At(0));
+        identity.chart = Edition_Of(Data_Form_Of(forms.Integer_At(0)));
     }
     return identity;
 }

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
+#include "data/store_error.h"
 #include "session/session.h"
 
 #include <cstdint>

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "company/company_info.h"
 
+#include "data/connection.h"
 #include "data/shown_text.h"
 #include "law/era_date.h"
 #include "session/boxes.h"

@@ -94,7 +94,7 @@ class Company_Saving {
         session.Syori_Ki = period;
         session.Hojin_Kojin = hojin_kojin;
         if (outcome == Outcome::Registered) {
-            session.Data_Ver = Present_Data_Ver(session);
+            session.Data_Ver = Present_Form(session.Kind().edition);
             session.Simyu_Kubun = Get_Simyu_Kubun(session, period);
             session.Jg_New_Flg = false;
         }
@@ -322,7 +322,7 @@ Save_Result Save_Company(Session& session, Company_Screen screen, Company_Entry&
     if (result.outcome == Outcome::Saved || result.outcome == Outcome::Registered) {
         saving->Set_Session(result.outcome);
         if (screen == Company_Screen::Jgmas) {
-            session.Tani_Kbn = entry.tani;
+            session.Tani_Kbn = Display_Unit_Of(entry.tani);
             Company_Reload(session);
         }
     }

@@ -42,7 +42,7 @@ const char* Master_Table(const Session& session) {
 /// Adds the edition's chart of accounts as the statement of a period, with the captions and visible lines of
 /// the firm type. Gives the number of its rows.
 std::size_t Add_Chart(const Connection& cn, const Connection& master_store, const Session& session,
-                      int period, Firm_Type firm_type, std::uint8_t data_ver) {
+                      int period, Firm_Type firm_type, Data_Form_No form) {
     const bool corporation = firm_type == Firm_Type::Corporation;
     const std::string type = corporation ? "法人" : "個人";
     Statement master = master_store.Prepare(std::string("SELECT ") + master_columns + ", " + type +
@@ -65,7 +65,7 @@ std::size_t Add_Chart(const Connection& cn, const Connection& master_store, cons
         insert.Step();
     }
     insert.Reset();
-    cn.Execute("UPDATE Ks_Zaihyo SET 並び順=? WHERE 決算期=? And 建設科目CD=?", data_ver, period,
+    cn.Execute("UPDATE Ks_Zaihyo SET 並び順=? WHERE 決算期=? And 建設科目CD=?", Number_Of(form), period,
                Code(Account::Data_Form));
     // The line of the retirement allowance is free for an individual's own provision.
     if (!corporation) {
@@ -161,10 +161,6 @@ void Test_Periods(const Connection& cn, int new_period, int source) {
 
 } // namespace
 
-std::uint8_t Present_Data_Ver(const Session& session) {
-    return session.Is_Hokkaido() ? 6 : 5;
-}
-
 void Report_Bad_Template(const Session& session) {
     Show_Message(session, {.title = "データ異常",
                            .text = "データファイルが異常です。\n\nユーザーサポートまでご連絡下さい。",
@@ -177,7 +173,7 @@ bool Fill_Blank_Company(const Connection& cn, const Connection& master, const Se
     const std::size_t accounts = cn.Open("SELECT 建設科目CD FROM Ks_Zaihyo").Count();
     cn.Execute("DELETE FROM Ks_Zaihyo");
     if (accounts == 0 ||
-        Add_Chart(cn, master, session, period, type, Present_Data_Ver(session)) != accounts) {
+        Add_Chart(cn, master, session, period, type, Present_Form(session.Kind().edition)) != accounts) {
         return false;
     }
     for (const char* table : {"Kandaka_Gj", "W_Yoso", "QandA"}) {
@@ -200,7 +196,7 @@ bool New_Data_Set(Session& session, Firm_Type type, std::int16_t period) {
         return false;
     }
     replacement.Commit();
-    session.Data_Ver = Present_Data_Ver(session);
+    session.Data_Ver = Present_Form(session.Kind().edition);
     return true;
 }
 
@@ -245,7 +241,7 @@ bool Period_Copy(Session& session, std::int16_t new_period, std::int16_t base_pe
 bool Period_Copy(const Connection& cn, const Connection& master, Session& session, std::int16_t new_period,
                  std::int16_t base_period, Copy_Mode mode, std::optional<Law_Year_No> law_year) {
     Session next = session;
-    next.Data_Ver = Present_Data_Ver(session);
+    next.Data_Ver = Present_Form(session.Kind().edition);
     next.Syori_Ki = new_period;
     const bool after = mode == Copy_Mode::After;
     const Copy_Job job{cn, next, new_period, new_period - (after ? 1 : -1), after};

@@ -44,7 +44,4 @@ bool Period_Copy(Session& session, std::int16_t new_period, std::int16_t base_pe
 bool Period_Copy(const Connection& cn, const Connection& master, Session& session, std::int16_t new_period,
                  std::int16_t base_period, Copy_Mode mode, std::optional<Law_Year_No> law_year = {});
 
-/// The data form of periods made now: 6 in the Hokkaido edition, else 5.
-std::uint8_t Present_Data_Ver(const Session& session);
-
 } // namespace morvane

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "company/hoko_change.h"
 
+#include "data/connection.h"
 #include "law/accounts.h"
 
 #include <string>

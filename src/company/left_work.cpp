@@ -5,8 +5,10 @@
 #include "company/datacheck.h"
 #include "company/register.h"
 #include "company/templates.h"
+#include "data/store_error.h"
 #include "data/store_file.h"
 #include "session/boxes.h"
+#include "session/install_info.h"
 #include "session/kidou_ini.h"
 
 #include <optional>

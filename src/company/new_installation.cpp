@@ -6,6 +6,7 @@
 #include "company/register.h"
 #include "company/templates.h"
 #include "data/store_file.h"
+#include "session/install_info.h"
 #include "session/kidou_ini.h"
 #include "session/session.h"
 
@@ -82,7 +83,7 @@ bool Put_Missing(const fs::path& from, const fs::path& folder, const char* name,
 
 Install_Info Settings_Of(std::optional<Edition> edition, bool multi) {
     Install_Info info;
-    info.kanri_flg = multi ? multi_company_mode : 0;
+    info.kanri_flg = multi ? Office_Mode::Multi : Office_Mode::Single;
     info.tiiki_cd = Code_Of(edition);
     info.todofuken_mei = edition ? Name_Of(*edition) : "";
     return info;

@@ -7,6 +7,7 @@
 #include "company/templates.h"
 #include "data/store_file.h"
 #include "law/elements.h"
+#include "session/install_info.h"
 #include "session/kidou_ini.h"
 #include "session/program_folder.h"
 
@@ -120,7 +121,7 @@ void Register_Own_Firm(const Session& session, const Register_Row& firm) {
 
 void Write_Mode(const Session& session, bool to_multi) {
     Install_Info info = Read_Install_Info(session.App_Path);
-    info.kanri_flg = to_multi ? multi_company_mode : 0;
+    info.kanri_flg = to_multi ? Office_Mode::Multi : Office_Mode::Single;
     Write_Install_Info(session.App_Path, info);
 }
 
@@ -129,7 +130,7 @@ void Write_Mode(const Session& session, bool to_multi) {
 std::map<std::string, std::string> Office_Texts(const Install_Info& info) {
     return {{"Office_Name", info.office_name},
             {"User_ID", info.user_id},
-            {"Office_Mode", info.kanri_flg == multi_company_mode ? "2" : "1"}};
+            {"Office_Mode", info.kanri_flg == Office_Mode::Multi ? "2" : "1"}};
 }
 
 std::optional<Network_Fault> Test_Office(const std::map<std::string, std::string>& texts) {

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
+#include "session/network_settings.h"
 #include "session/session.h"
 
 #include <map>

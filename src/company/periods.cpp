@@ -34,7 +34,7 @@ bool Agreed_To_Create(const Session& session, const std::vector<Period_Entry>& p
                        Newest_Law_Year().name + "のデータです。\nよろしいですか？");
     }
     const char* title = "新決算期指定エラー";
-    if (periods.front().data_ver < 3) {
+    if (periods.front().data_ver < Data_Form_No::National_2008) {
         Tell(session, title,
              "最古のデータが2008年改正以外は、新規情報を登録できません。\n"
              "（リース資産関連の科目が、2010年以降追加になっています。）");
@@ -66,7 +66,8 @@ std::string Period_Line(int number) {
 }
 
 std::string Law_Text(const Period_Entry& period) {
-    return period.data_ver < 3 ? "2008年改正より前（指定不可）" : Law_Of(period.law_year).name;
+    return period.data_ver < Data_Form_No::National_2008 ? "2008年改正より前（指定不可）"
+                                                         : Law_Of(period.law_year).name;
 }
 
 std::optional<int> Proposed_Period(const std::vector<Period_Entry>& periods, Copy_Mode mode) {
@@ -130,7 +131,8 @@ bool Choose_Period(Session& session, std::optional<std::int16_t> chosen) {
         return false;
     }
     // A form without a marker row (51 to 53) may be started with, but not be turned to.
-    if (const int form = Get_Data_Ver(session, *chosen); form < 3 || form >= 7) {
+    if (const Data_Form_No form = Get_Data_Ver(session, *chosen);
+        form < Data_Form_No::National_2008 || form > Data_Form_No::Hokkaido) {
         Tell(session, "決算期指定エラー",
              "指定の決算期は、2008年改正以後の経審のデータではありません。決算変更はできません。");
         return false;

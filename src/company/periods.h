@@ -2,6 +2,7 @@
 #pragma once
 
 #include "company/data_set.h"
+#include "data/value.h"
 #include "session/session.h"
 
 #include <cstdint>
@@ -14,11 +15,11 @@ namespace morvane {
 /// A registered fiscal period of the company in hand.
 struct Period_Entry {
     std::int16_t number;   ///< ordinal 決算期
-    std::uint8_t data_ver; ///< data form (Get_Data_Ver)
+    Data_Form_No data_ver; ///< data form (Get_Data_Ver)
     Law_Year_No law_year;  ///< law year (Get_Simyu_Kubun)
 
     /// Only the statement of 2010 is reviewed under more than one law year.
-    [[nodiscard]] bool Has_Law_Options() const { return data_ver == 5 || data_ver == 6; }
+    [[nodiscard]] bool Has_Law_Options() const { return Is_Present(data_ver); }
 };
 
 /// The registered periods in ascending order. Raises Store_Error.

@@ -192,7 +192,7 @@ Taken Take_Company(Session& session, const std::optional<Register_Row>& chosen) 
         return Taken::Refused;
     }
     Check_Out(session, chosen->number, chosen->name);
-    if (session.Data_Ver < 3) {
+    if (session.Data_Ver < Data_Form_No::National_2008) {
         Tell(session, "データ異常エラー", "データが2008年より古いため、事業所指定できません。");
         return Taken::Too_Old;
     }

@@ -66,11 +66,11 @@ struct Pending {
 };
 
 Pending Look(const Connection& cn, const Session& session) {
-    const bool present_form = session.Data_Ver == 5 || session.Data_Ver == 6;
+    const bool present_form = Is_Present(session.Data_Ver);
     const int period = session.Syori_Ki;
     return {
         present_form && !Sys_Info_Has(cn, fix_161.number),
-        session.Data_Ver == 6 && !Sys_Info_Has(cn, fix_232.number),
+        session.Data_Ver == Data_Form_No::Hokkaido && !Sys_Info_Has(cn, fix_232.number),
         Has_Rows(cn, "Kandaka_Gj", period) &&
             cn.Open("SELECT 工種CD FROM Kandaka_Gj WHERE 決算期=? And 工種CD=33 And 工種略='その他'", period)
                 .Eof(),

@@ -166,7 +166,7 @@ void Add_Account(const Connection& cn, const Session& session, const New_Account
     rows.Update();
 }
 
-void Convert_Statement(const Session& session, int form) {
+void Convert_Statement(const Session& session, Data_Form_No form) {
     const Connection cn = Cn_Open(session);
     Transaction transaction(cn);
     Shift_Codes(cn, session);
@@ -185,7 +185,7 @@ void Convert_Statement(const Session& session, int form) {
     for (const New_Account& account : new_accounts) {
         Add_Account(cn, session, account);
     }
-    Set_Account(cn, session, Data_Form, "並び順", form);
+    Set_Account(cn, session, Account::Data_Form, "並び順", Number_Of(form));
     transaction.Commit();
 }
 
@@ -214,7 +214,7 @@ void Copy_Table(const Connection& from, const Connection& to, const char* table)
 } // namespace
 
 bool Mnu_Dt2015(Session& session) {
-    if (session.Data_Ver < 5) {
+    if (session.Data_Ver < Data_Form_No::National) {
         return Refuse(session, "現在のデータは、2008年改正以前のデータです。変換はできません。\n"
                                "このメニューで変換できるデータは、2012年のデータのみです。");
     }
@@ -233,11 +233,11 @@ bool Mnu_Dt2015(Session& session) {
 }
 
 bool Conv_2008_To_2010(Session& session) {
-    if (session.Data_Ver < 3) {
+    if (session.Data_Ver < Data_Form_No::National_2008) {
         return Refuse(session, "現在のデータは、2008年改正時点より前のデータです。変換はできません。\n"
                                "このメニューで変換できるデータは、2008年のデータのみです。");
     }
-    if (session.Data_Ver == 5 || session.Data_Ver == 6) {
+    if (Is_Present(session.Data_Ver)) {
         return Refuse(session, "現在のデータは既に、2010年以降の財務データです。\n変換の必要はありません。");
     }
     if (!Ask(session, "2010年版へのデータ変換確認",
@@ -245,7 +245,8 @@ bool Conv_2008_To_2010(Session& session) {
              "一旦変換すると元に戻せません。よろしいですか？")) {
         return false;
     }
-    const std::uint8_t form = session.Data_Ver == 3 ? 5 : 6;
+    const Data_Form_No form =
+        session.Data_Ver == Data_Form_No::National_2008 ? Data_Form_No::National : Data_Form_No::Hokkaido;
     Convert_Statement(session, form);
     session.Data_Ver = form;
     Tell(session, "財務データ変換終了", "データ変換が終了しました。");

@@ -65,8 +65,7 @@ const Report_Row* Find_Report(std::string_view name) {
     return found == reports.end() ? nullptr : found;
 }
 
-Report_Request Request_In_Hand(const Session& session, const Report_Row& report) {
-    const Scenario scenario = session.Sim_Mode == 2 ? Scenario::Kaizen : Scenario::Genjo;
+Report_Request Request_In_Hand(const Session& session, Scenario scenario, const Report_Row& report) {
     return {.sides = Sides_Of(report.sides, Side_In_Hand(session, scenario))};
 }
 

@@ -44,9 +44,8 @@ std::span<const Report_Row> Report_Table();
 /// The row of a report; null for an unknown name.
 const Report_Row* Find_Report(std::string_view name);
 
-/// What a report that is opened by its name alone is asked for: the period in hand, improved where the
-/// improvement is simulated.
-Report_Request Request_In_Hand(const Session& session, const Report_Row& report);
+/// What a report that is opened by its name alone is asked for: the period in hand in a scenario.
+Report_Request Request_In_Hand(const Session& session, Scenario scenario, const Report_Row& report);
 
 /// Draws a report on paper as a PDF document: the bytes of the file. It tells of itself its title, and as its
 /// author who made it, the office or the firm itself. Letters that no font has are added to `missing`.

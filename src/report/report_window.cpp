@@ -442,7 +442,9 @@ bool Report_Window::May_Close() {
 
 Form* Make_Report(Shell_Port& shell, const char* name) {
     const Report_Row& report = *Find_Report(name);
-    return new Report_Window(shell, report, Request_In_Hand(shell.session, report));
+    const bool improved = shell.menu.mode == Sim_Mode::Improvement;
+    return new Report_Window(
+        shell, report, Request_In_Hand(shell.session, improved ? Scenario::Kaizen : Scenario::Genjo, report));
 }
 
 } // namespace morvane

@@ -19,7 +19,6 @@ namespace {
 constexpr int most_rounds = 12;
 
 // Older forms of the accounts are not taken in hand.
-constexpr std::uint8_t oldest_data_form = 3;
 
 void One_Round(Review_Figures& figures, Points y, Points x2, bool current) {
     Social_Items items;
@@ -115,7 +114,7 @@ void Test_Period(const Connection& cn, Edition edition, int period) {
     if (!row.Step()) {
         throw Score_Refusal("第" + std::to_string(period) + "期は登録されていません。");
     }
-    if (Get_Data_Ver(cn, edition, period) < oldest_data_form) {
+    if (Get_Data_Ver(cn, edition, period) < Data_Form_No::National_2008) {
         throw Score_Refusal("データが2008年より古いため、事業所指定できません。");
     }
 }

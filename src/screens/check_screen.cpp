@@ -8,7 +8,6 @@
 #include "widgets/theme.h"
 #include "widgets/window_placement.h"
 
-#include <QCoreApplication>
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -16,7 +15,6 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QShowEvent>
-#include <QThreadPool>
 #include <QVBoxLayout>
 #include <map>
 
@@ -51,7 +49,6 @@ QLabel* Value_Label(const Named_Text& value) {
     return label;
 }
 
-constexpr const char* explain_caption = "解説(&K)";
 constexpr int line_width = 780;    // of a formula, before it is broken
 constexpr int step_width = 600;    // of a step behind its name
 constexpr int most_in_column = 12; // inputs under each other
@@ -239,9 +236,8 @@ void Check_Screen::Add_Results() {
 
 void Check_Screen::Add_Buttons() {
     if (!sheet.help_key.empty()) {
-        Cmd_Kaisetu =
-            Add_Button(QStringLiteral("Cmd_Kaisetu"), QString::fromUtf8(explain_caption), nullptr, true);
-        Wire(Cmd_Kaisetu, &QPushButton::clicked, [this] { Explain(); });
+        Wire(Add_Button(QStringLiteral("Cmd_Kaisetu"), QStringLiteral("解説(&K)"), nullptr, true),
+             &QPushButton::clicked, [this] { Explain(); });
     }
     if (!sheet.table_form.empty()) {
         QPushButton* show_table =
@@ -290,25 +286,15 @@ bool Check_Screen::Scroll_By_Key(int key) {
     return true;
 }
 
-// The network is asked beside the windows: a host that does not answer takes seconds.
 void Check_Screen::Explain() {
-    const std::optional<Kaisetu_Page> page = Ask_Kaisetu(shell.session, sheet.help_key);
-    if (!page) {
-        return;
+    if (const std::optional<Kaisetu_Page> page = Ask_Kaisetu(shell.session, sheet.help_key)) {
+        Run_Beside(
+            {.title = QStringLiteral("解説ページ"),
+             .message = QStringLiteral("接続を確認しています…"),
+             .can_be_left = true},
+            [page = *page](Progress& progress) { return Open_Kaisetu(page, progress); },
+            [this](Kaisetu_Result result) { Tell_Kaisetu(shell.session, result); });
     }
-    Cmd_Kaisetu->setEnabled(false);
-    Cmd_Kaisetu->setText(QStringLiteral("接続確認中…"));
-    QThreadPool::globalInstance()->start([page = *page, screen = QPointer<Check_Screen>(this)] {
-        const Kaisetu_Result result = Open_Kaisetu(page);
-        QMetaObject::invokeMethod(QCoreApplication::instance(), [screen, result] {
-            if (screen == nullptr || !screen->isVisible()) {
-                return;
-            }
-            screen->Cmd_Kaisetu->setEnabled(true);
-            screen->Cmd_Kaisetu->setText(QString::fromUtf8(explain_caption));
-            screen->shell.Guard([&] { Tell_Kaisetu(screen->shell.session, result); });
-        });
-    });
 }
 
 void Check_Screen::Open_Table() {

@@ -47,7 +47,6 @@ class Check_Screen : public Form {
     QScrollArea* scroll;
     QVBoxLayout* content = nullptr; ///< what it scrolls
     QPointer<Check_Screen> table;   ///< the window behind Cmd_Tbl while it is open
-    QPushButton* Cmd_Kaisetu = nullptr;
 };
 
 } // namespace morvane

@@ -80,7 +80,7 @@ Frm_Kanko::Frm_Kanko(Shell_Port& shell_port, const char* form)
     : Form(shell_port, QString::fromUtf8(form), QString::fromUtf8(Kanko_Screen_Of(form).title)),
       entry(shell.session, Kanko_Screen_Of(form)), grid(new Entry_Grid(Columns_Of(entry.screen), kanko_rows)),
       basis(new QLabel), fault(new Elided_Label(2)) {
-    Set_Sub_Title(QString::fromStdString(shell.session.Screen_Title));
+    Set_Sub_Title(QString::fromStdString(shell.menu.screen.title));
     Make_Grid();
     body->addWidget(fault);
     body->insertWidget(0, Make_Head());

@@ -67,7 +67,7 @@ Frm_Keiei::Frm_Keiei(Shell_Port& shell_port)
     : Form(shell_port, QStringLiteral("Frm_Keiei"), QStringLiteral("経営状況（Ｙ）")) {
     y.Calc_Y(shell.session, 1);
     texts = Show_Keiei(y);
-    Set_Sub_Title(Text(shell.session.Screen_Title));
+    Set_Sub_Title(Text(shell.menu.screen.title));
     auto* whole = new QWidget;
     columns = new QBoxLayout(QBoxLayout::LeftToRight, whole);
     columns->setContentsMargins(0, 0, 0, 0);

@@ -33,8 +33,8 @@ QPlainTextEdit* Add_Text(QHBoxLayout* row, const char* name, const QString& head
 
 Frm_QandA::Frm_QandA(Shell_Port& shell_port)
     : Form(shell_port, QStringLiteral("Frm_QandA"), QStringLiteral("メモ（質問・アドバイス）")),
-      Title(new Entry_Cell(Entry_Kind::Text)) {
-    const Screen_Note note = Read_Note(shell.session);
+      screen(shell_port.menu.screen), Title(new Entry_Cell(Entry_Kind::Text)) {
+    const Screen_Note note = Read_Note(shell.session, screen);
     Set_Sub_Title(QStringLiteral("第%1期").arg(shell.session.Syori_Ki));
     Title->setObjectName(QStringLiteral("Title"));
     Title->setAccessibleName(QStringLiteral("タイトル"));
@@ -74,7 +74,7 @@ bool Frm_QandA::May_Close() {
     if (note == stored) {
         return true;
     }
-    return Save_Or_Stay(shell.session, [&] { Save_Note(shell.session, note); }, {.what = "メモ"}) !=
+    return Save_Or_Stay(shell.session, [&] { Save_Note(shell.session, screen, note); }, {.what = "メモ"}) !=
            Save_End::Stay;
 }
 

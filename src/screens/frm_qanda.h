@@ -24,6 +24,7 @@ class Frm_QandA : public Form {
   private:
     [[nodiscard]] Screen_Note Shown() const;
 
+    const Open_Screen screen;
     Entry_Cell* Title;
     QPlainTextEdit* Shitumon;
     QPlainTextEdit* Advice;

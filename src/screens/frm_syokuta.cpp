@@ -92,7 +92,7 @@ Frm_Syokuta::Frm_Syokuta(Shell_Port& shell_port)
       entry(shell_port.session), checks(*this, shell_port), scroll(new QScrollArea), strip(Make_Strip()),
       sheet(new QWidget) {
     setObjectName(Text(entry.Law().entry_form));
-    Set_Sub_Title(QString::fromStdString(shell.session.Screen_Title));
+    Set_Sub_Title(QString::fromStdString(shell.menu.screen.title));
     auto* row = new QHBoxLayout(sheet);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(6);

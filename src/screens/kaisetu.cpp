@@ -4,6 +4,8 @@
 #include "session/boxes.h"
 #include "session/install_info.h"
 #include "session/kyotu_mod.h"
+#include "session/progress.h"
+#include "session/session.h"
 
 namespace morvane {
 
@@ -52,8 +54,10 @@ std::optional<Kaisetu_Page> Ask_Kaisetu(const Session& session, const std::strin
     return Kaisetu_Page{Kaisetu_Address(info.network.help_host, key), Probed_Host(info)};
 }
 
-Kaisetu_Result Open_Kaisetu(const Kaisetu_Page& page) {
-    if (Net_Check(page.probed_host) != "1") {
+Kaisetu_Result Open_Kaisetu(const Kaisetu_Page& page, Progress& progress) {
+    const bool reached = Net_Check(page.probed_host, net_check_ms, progress.Stop()) == "1";
+    progress.Stop_If_Asked();
+    if (!reached) {
         return Kaisetu_Result::No_Connection;
     }
     return Url_Open(page.address) ? Kaisetu_Result::Opened : Kaisetu_Result::No_Browser;

@@ -1,12 +1,13 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
-#include "session/session.h"
-
 #include <optional>
 #include <string>
 
 namespace morvane {
+
+class Progress;
+struct Session;
 
 /// The address of the explanatory page of a score: `host` is the host of the help pages (with or without
 /// https://), `key` the score's ("X2-1", "11W7").
@@ -24,9 +25,9 @@ std::optional<Kaisetu_Page> Ask_Kaisetu(const Session& session, const std::strin
 
 enum class Kaisetu_Result { Opened, No_Connection, No_Browser };
 
-/// The second half: tests the connection and opens the page in the browser. It waits for the network, seconds
-/// at worst, and touches nothing else, so that it may run beside the windows.
-Kaisetu_Result Open_Kaisetu(const Kaisetu_Page& page);
+/// The second half: tests the connection and, unless it was asked to stop, opens the page in the browser. It
+/// waits for the network, seconds at worst, and touches nothing else, so that it may run beside the windows.
+Kaisetu_Result Open_Kaisetu(const Kaisetu_Page& page, Progress& progress);
 
 /// The box for what came of it, none where the page was opened.
 void Tell_Kaisetu(const Session& session, Kaisetu_Result result);

@@ -1,11 +1,13 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
-#include "session/session.h"
+#include "widgets/menu_state.h"
 
 #include <string>
 
 namespace morvane {
+
+struct Session;
 
 /// The note of a screen in a period: what was asked and what was advised.
 struct Screen_Note {
@@ -16,12 +18,12 @@ struct Screen_Note {
     friend bool operator==(const Screen_Note&, const Screen_Note&) = default;
 };
 
-/// The note of the open screen (Screen_No) in the period in hand. Without a row the title is that of the
-/// screen. Raises Store_Error.
-Screen_Note Read_Note(const Session& session);
+/// The note of a screen in the period in hand. Without a row the title is that of the screen. Raises
+/// Store_Error.
+Screen_Note Read_Note(const Session& session, const Open_Screen& screen);
 
-/// Stores the note of the open screen; a part that is blank is stored as Null. A missing row is made where
+/// Stores the note of a screen; a part that is blank is stored as Null. A missing row is made where
 /// something was written. One transaction. Raises Store_Error.
-void Save_Note(const Session& session, const Screen_Note& note);
+void Save_Note(const Session& session, const Open_Screen& screen, const Screen_Note& note);
 
 } // namespace morvane

@@ -1,11 +1,16 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
-#include "session/session.h"
+#include "session/messages.h"
 
 #include <string>
 
 namespace morvane {
+
+struct Session;
+
+/// Shows a box; a session without a port raises std::logic_error.
+Answer Show_Message(const Session& session, const Message_Box& box);
 
 /// A refusal or a notice: beep, information icon, one button.
 void Tell(const Session& session, const std::string& title, const std::string& text);

@@ -122,7 +122,7 @@ void Network_To_Json(const Network_Settings& settings, Json& record) {
 
 Install_Info From_Json(const Json& record) {
     Install_Info info;
-    info.kanri_flg = Whole_Number<std::uint8_t>(record, "管理者識別", 0);
+    info.kanri_flg = Office_Mode_Of(Whole_Number<std::uint8_t>(record, "管理者識別", 0));
     info.user_id = Text(record, "UserID");
     info.tiiki_cd = Text(record, "地域CD");
     info.todofuken_mei = Text(record, "都道府県名");
@@ -178,7 +178,7 @@ Install_Info Read_Install_Info(const std::filesystem::path& app_path) {
 void Write_Install_Info(const std::filesystem::path& app_path, const Install_Info& info) {
     const std::filesystem::path file = Find_File(app_path, install_info_file);
     Json record = Is_There(file) ? Read_Record(file) : Json::Object();
-    record["管理者識別"] = info.kanri_flg;
+    record["管理者識別"] = Number_Of(info.kanri_flg);
     record["UserID"] = info.user_id;
     record["地域CD"] = info.tiiki_cd;
     record["都道府県名"] = info.todofuken_mei;

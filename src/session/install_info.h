@@ -3,6 +3,7 @@
 
 #include "law/firm_kind.h"
 #include "session/network_settings.h"
+#include "session/office.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -14,9 +15,9 @@ namespace morvane {
 
 /// The settings of an installation, kept as a JSON file beside the stores. Keys are the Japanese names below.
 struct Install_Info {
-    std::uint8_t kanri_flg = 0; ///< 管理者識別: 11 many companies (an adviser's office), else a single one
-    std::string user_id;        ///< UserID
-    std::string tiiki_cd;       ///< 地域CD: its first two characters are the edition
+    Office_Mode kanri_flg = Office_Mode::Single;    ///< 管理者識別
+    std::string user_id;                            ///< UserID
+    std::string tiiki_cd;                           ///< 地域CD: its first two characters are the edition
     std::string todofuken_mei;                      ///< 都道府県名: 北海道 or 全国
     Firm_Type hojin_kojin = Firm_Type::Corporation; ///< 法人個人識別
     std::int16_t syori_ki = 0;                      ///< 処理決算期

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "session/kyotu_mod.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
 #include <netdb.h>
@@ -52,11 +53,11 @@ double Yoso_Get(int code, Recordset& rows) {
     return rows.Find("要素CD", code) ? rows["現状"].As_Double() : 0.0;
 }
 
-std::uint8_t Get_Data_Ver(const Session& session, int period) {
+Data_Form_No Get_Data_Ver(const Session& session, int period) {
     return Get_Data_Ver(Cn_Open(session), session.Kind().edition, period);
 }
 
-std::uint8_t Get_Data_Ver(const Connection& cn, Edition edition, int period) {
+Data_Form_No Get_Data_Ver(const Connection& cn, Edition edition, int period) {
     const bool hokkaido = edition == Edition::Hokkaido;
     const auto row_of = [&](Account account) {
         return cn.Open("SELECT 並び順 FROM Ks_Zaihyo WHERE 決算期=? And 建設科目CD=?", period, Code(account));
@@ -71,7 +72,7 @@ std::uint8_t Get_Data_Ver(const Connection& cn, Edition edition, int period) {
             form = 53;
         }
     }
-    return static_cast<std::uint8_t>(form);
+    return Data_Form_Of(form);
 }
 
 bool Url_Open(const std::string& address) {
@@ -106,7 +107,19 @@ bool Url_Open(const std::string& address) {
 
 namespace {
 
-bool Connects(const addrinfo& target, int timeout_ms) {
+/// Waits until a connection is made or refused; false where neither comes.
+bool Is_Settled(int descriptor, int timeout_ms, const std::stop_token& stop) {
+    constexpr int step_ms = 50;
+    for (int waited = 0; waited < timeout_ms && !stop.stop_requested(); waited += step_ms) {
+        pollfd wait{descriptor, POLLOUT, 0};
+        if (poll(&wait, 1, std::min(step_ms, timeout_ms - waited)) == 1) {
+            return true;
+        }
+    }
+    return false;
+}
+
+bool Connects(const addrinfo& target, int timeout_ms, const std::stop_token& stop) {
     const int descriptor =
         socket(target.ai_family, target.ai_socktype | SOCK_NONBLOCK | SOCK_CLOEXEC, target.ai_protocol);
     if (descriptor < 0) {
@@ -114,10 +127,9 @@ bool Connects(const addrinfo& target, int timeout_ms) {
     }
     bool reached = connect(descriptor, target.ai_addr, target.ai_addrlen) == 0;
     if (!reached && errno == EINPROGRESS) {
-        pollfd wait{descriptor, POLLOUT, 0};
         int error = 1;
         socklen_t size = sizeof error;
-        reached = poll(&wait, 1, timeout_ms) == 1 &&
+        reached = Is_Settled(descriptor, timeout_ms, stop) &&
                   getsockopt(descriptor, SOL_SOCKET, SO_ERROR, &error, &size) == 0 && error == 0;
     }
     close(descriptor);
@@ -126,7 +138,7 @@ bool Connects(const addrinfo& target, int timeout_ms) {
 
 } // namespace
 
-std::string Net_Check(const std::string& host, int timeout_ms) {
+std::string Net_Check(const std::string& host, int timeout_ms, const std::stop_token& stop) {
     const auto colon = host.rfind(':');
     const std::string name = host.substr(0, colon);
     const std::string port = colon == std::string::npos ? "443" : host.substr(colon + 1);
@@ -140,8 +152,9 @@ std::string Net_Check(const std::string& host, int timeout_ms) {
         return "0";
     }
     bool reached = false;
-    for (const addrinfo* target = list; target != nullptr && !reached; target = target->ai_next) {
-        reached = Connects(*target, timeout_ms);
+    for (const addrinfo* target = list; target != nullptr && !reached && !stop.stop_requested();
+         target = target->ai_next) {
+        reached = Connects(*target, timeout_ms, stop);
     }
     freeaddrinfo(list);
     return reached ? "1" : "0";

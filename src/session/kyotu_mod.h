@@ -6,6 +6,7 @@
 #include "session/session.h"
 
 #include <cstdint>
+#include <stop_token>
 #include <string>
 
 namespace morvane {
@@ -27,15 +28,20 @@ double Yoso_Get(int code, Recordset& rows);
 
 /// The data form of period `period`: 並び順 of its marker row 99 (Null reads 2); without the row 51, in the
 /// Hokkaido edition 52. There a form 2 without a row 552, and a form 1, read 53.
-std::uint8_t Get_Data_Ver(const Session& session, int period);
-std::uint8_t Get_Data_Ver(const Connection& cn, Edition edition, int period);
+Data_Form_No Get_Data_Ver(const Session& session, int period);
+Data_Form_No Get_Data_Ver(const Connection& cn, Edition edition, int period);
 
 /// Opens an address with the desktop's default program, without a shell. Only web addresses (http, https) and
 /// local help files (file) are accepted; false where the address is refused or nothing could be started.
 bool Url_Open(const std::string& address);
 
+/// How long a host that does not answer is waited for.
+inline constexpr int net_check_ms = 3000;
+
 /// Tests by a TCP connection whether `host` (host or host:port, port 443 by default) can be reached. "1"
-/// reached, "0" not, also for an empty host.
-std::string Net_Check(const std::string& host, int timeout_ms = 3000);
+/// reached, "0" not, also for an empty host. A request to stop ends the wait for an answer, though not the
+/// search for the address of a name.
+std::string Net_Check(const std::string& host, int timeout_ms = net_check_ms,
+                      const std::stop_token& stop = {});
 
 } // namespace morvane

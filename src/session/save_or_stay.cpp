@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "session/save_or_stay.h"
 
+#include "session/boxes.h"
 #include "session/run_time_error.h"
 
 #include <optional>

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "session/session.h"
 
+#include "data/connection.h"
 #include "data/store_file.h"
-
-#include <stdexcept>
+#include "session/install_info.h"
 
 namespace morvane {
 
@@ -27,7 +27,7 @@ void Take_Install_Info(Session& session, const Install_Info& info) {
     session.Syori_Ki = info.syori_ki;
     session.Kanri_No = info.kanri_no;
     session.Office_Name = info.office_name;
-    session.Tani_Kbn = 1;
+    session.Tani_Kbn = Display_Unit::Ones;
 }
 
 Connection Cn_Open(const Session& session) {
@@ -44,13 +44,6 @@ Connection Cn_Open_Jgmas(const Session& session) {
 
 Connection Cn_Open_Org(const Session& session) {
     return {Find_File(session.App_Path, "morv_org.dat"), session.Db_Key, Connection::Mode::Read_Only};
-}
-
-Answer Show_Message(const Session& session, const Message_Box& box) {
-    if (session.messages == nullptr) {
-        throw std::logic_error("the session has no message port");
-    }
-    return session.messages->Show(box);
 }
 
 } // namespace morvane

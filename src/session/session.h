@@ -1,61 +1,55 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
-#include "data/connection.h"
 #include "data/store_key.h"
+#include "law/data_form.h"
 #include "law/firm_kind.h"
-#include "session/install_info.h"
-#include "session/messages.h"
+#include "session/office.h"
 
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <string>
 
 namespace morvane {
 
 enum class Law_Year_No : std::uint8_t; // law/law_year.h
 
-/// Multi-company mode's value of 管理者識別.
-inline constexpr std::uint8_t multi_company_mode = 11;
+class Connection;
+class Messages;
+struct Install_Info;
 
-/// The state of one run of the program. Made once at start and handed down by reference; every value is
-/// changed only by the routines named beside it.
+/// What one run of the program works on: the installation, the company in hand, its period. Made once at
+/// start and handed down by reference.
 struct Session {
     /// The password of the delivered stores.
     static constexpr const char* default_password = "vrdqn52";
 
-    std::string Db_Pass;            ///< store password, the first value set
-    Store_Key Db_Key;               ///< the key derived from it, once
-    std::filesystem::path App_Path; ///< folder that holds the stores
-    std::filesystem::path
-        Work_Store; ///< the working store; Morvane.dat of App_Path unless a tool builds elsewhere
-    bool Work_Is_Scratch = false; ///< the working store is a tool's own draft: written without flushes
+    std::string Db_Pass;              ///< store password, the first value set
+    Store_Key Db_Key;                 ///< the key derived from it, once
+    std::filesystem::path App_Path;   ///< folder that holds the stores
+    std::filesystem::path Work_Store; ///< Morvane.dat of App_Path unless a tool builds elsewhere
+    bool Work_Is_Scratch = false;     ///< the working store is a tool's own draft: written without flushes
 
-    std::uint8_t Kanri_Flg = 0;      ///< 11 multi-company mode, else single
-    std::string User_ID;             ///< id of the installation
-    std::optional<Edition> Tiiki_CD; ///< edition; none before it was chosen
-    std::string Todofuken_Mei;       ///< name of the edition
-    std::string Office_Name;         ///< name of the office or of the firm
-    std::int32_t Kanri_No = 0;       ///< company in hand, 0 none
-    std::string Jigyo_Name;          ///< its name, empty none
-    std::optional<Firm_Type> Hojin_Kojin =
-        Firm_Type::Corporation; ///< its type; none where its store tells none
-    std::int16_t Syori_Ki = 0;  ///< period in hand
-    std::int16_t Tani_Kbn = 1;  ///< display unit of statements: 1 yen, 2 thousand, other million
-    std::uint8_t Data_Ver = 0;  ///< data form of the period in hand (Get_Data_Ver)
-    Law_Year_No Simyu_Kubun{};  ///< law year of the period in hand (Get_Simyu_Kubun)
-    bool Edit_Flg = false;      ///< a screen of the work area is open
-    bool Jg_New_Flg = false;    ///< the company screen registers a new company
+    Office_Mode Kanri_Flg = Office_Mode::Single; ///< one company or many
+    std::string User_ID;                         ///< id of the installation
+    std::optional<Edition> Tiiki_CD;             ///< edition; none before it was chosen
+    std::string Todofuken_Mei;                   ///< name of the edition
+    std::string Office_Name;                     ///< name of the office or of the firm
 
-    std::uint8_t Sim_Mode = 1;  ///< 1 current state, 2 improvement, 3 other firm, 4 prior period
-    std::uint8_t Menu_Mode = 1; ///< as Sim_Mode; the statement screens set it alone
-    std::uint8_t Screen_No = 0; ///< number of the open screen, also the QNo of its note
-    std::string Screen_Title;
-    std::string Sim_Title;
+    std::int32_t Kanri_No = 0;                                     ///< company in hand, 0 none
+    std::string Jigyo_Name;                                        ///< its name, empty none
+    std::optional<Firm_Type> Hojin_Kojin = Firm_Type::Corporation; ///< none where its store tells none
+    std::int16_t Syori_Ki = 0;                                     ///< period in hand
+    Data_Form_No Data_Ver{};                                       ///< form of its statement (Get_Data_Ver)
+    Law_Year_No Simyu_Kubun{};                                     ///< its law year (Get_Simyu_Kubun)
+    Display_Unit Tani_Kbn = Display_Unit::Ones;                    ///< of statements on the screen
+    bool Edit_Flg = false;                                         ///< a screen of the work area is open
+    bool Jg_New_Flg = false; ///< the company screen registers a new company
 
     Messages* messages = nullptr; ///< where notices and questions go
 
-    [[nodiscard]] bool Is_Multi() const { return Kanri_Flg == multi_company_mode; }
+    [[nodiscard]] bool Is_Multi() const { return Kanri_Flg == Office_Mode::Multi; }
     [[nodiscard]] bool Is_Hokkaido() const { return Tiiki_CD == Edition::Hokkaido; }
     [[nodiscard]] bool Is_Corporation() const { return Hojin_Kojin == Firm_Type::Corporation; }
     [[nodiscard]] bool Is_Individual() const { return Hojin_Kojin == Firm_Type::Individual; }
@@ -75,8 +69,5 @@ Connection Cn_Open(const Session& session);       ///< the working store
 Connection Cn_Open_Tmp(const Session& session);   ///< morv_tmp.dat, read only
 Connection Cn_Open_Jgmas(const Session& session); ///< the company register
 Connection Cn_Open_Org(const Session& session);   ///< morv_org.dat, read only
-
-/// Shows a box; a session without a port raises std::logic_error.
-Answer Show_Message(const Session& session, const Message_Box& box);
 
 } // namespace morvane

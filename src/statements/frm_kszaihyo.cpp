@@ -52,8 +52,8 @@ constexpr int Width_Of(const Panel_Size& size) {
 }
 
 /// The section that the menu has chosen.
-const Account_Section& Section_In_Hand(const Session& session) {
-    const Account_Section* section = Section_Of_Screen(session.Screen_No);
+const Account_Section& Section_Of(const Open_Screen& screen) {
+    const Account_Section* section = Section_Of_Screen(screen.number);
     return section == nullptr ? account_sections.front() : *section;
 }
 
@@ -64,8 +64,8 @@ Frm_KsZaihyo::Frm_KsZaihyo(Shell_Port& shell_port)
                   shell_port.session.Is_Corporation() ? QStringLiteral("Frm_KsZaihyo")
                                                       : QStringLiteral("Frm_KsZaihyoKJ"),
                   QStringLiteral("建設財務諸表"), "建設財務諸表"),
-      section(shell_port.session, Section_In_Hand(shell_port.session)) {
-    Set_Sub_Title(QString::fromStdString(shell.session.Screen_Title));
+      section(shell_port.session, Section_Of(shell_port.menu.screen)) {
+    Set_Sub_Title(QString::fromStdString(shell.menu.screen.title));
     body->setSpacing(theme::grid * 2);
     Add_Unit_Line(QString::fromUtf8(Unit_Caption(shell.session)),
                   QStringLiteral("金額は、「円単位」で入力してください。"

@@ -38,7 +38,7 @@ Frm_KsZenki::Frm_KsZenki(Shell_Port& shell_port)
                                                       : QStringLiteral("Frm_KsZenkiKJ"),
                   QStringLiteral("建設財務諸表"), prior_work),
       figures(Load_Prior_Figures(shell_port.session)) {
-    Set_Sub_Title(shell.session.Is_Corporation() ? QString::fromStdString(shell.session.Screen_Title)
+    Set_Sub_Title(shell.session.Is_Corporation() ? QString::fromStdString(shell.menu.screen.title)
                                                  : QStringLiteral("前期関連データ"));
     body->setSpacing(theme::grid * 2);
     Add_Unit_Line(QStringLiteral("単位：円"),

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
+#include "data/value.h"
 #include "session/session.h"
 
 #include <string>

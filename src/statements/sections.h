@@ -2,6 +2,7 @@
 #pragma once
 
 #include "law/accounts.h"
+#include "law/data_form.h"
 
 #include <array>
 #include <cstdint>
@@ -10,19 +11,18 @@ namespace morvane {
 
 /// A section of the statements that a screen of its own edits: a range of accounts.
 struct Account_Section {
-    std::uint8_t screen_no; ///< Screen_No, also that of its note
+    std::uint8_t screen_no; ///< also that of its note
     Account first;
     Account last;
     const char* title;
     const char* individual_title = nullptr; ///< where it differs
     const char* old_form_title = nullptr;   ///< of a corporation's data of the forms 1 and 2
 
-    [[nodiscard]] constexpr const char* Title(Firm_Type type, int data_form) const {
+    [[nodiscard]] constexpr const char* Title(Firm_Type type, Data_Form_No form) const {
         if (type == Firm_Type::Individual) {
             return individual_title == nullptr ? title : individual_title;
         }
-        const bool old_form = data_form == 1 || data_form == 2;
-        return old_form && old_form_title != nullptr ? old_form_title : title;
+        return Is_Before_2008(form) && old_form_title != nullptr ? old_form_title : title;
     }
 };
 

@@ -40,7 +40,7 @@ void Statement_Section::Load_Rows(const Connection& cn) {
                         .name_open = row.Integer_At(4) != 0,
                         .amount_open = row.Integer_At(5) != 0});
     }
-    const int data_form = Get_Data_Ver(cn, session.Kind().edition, session.Syori_Ki);
+    const int data_form = Number_Of(Get_Data_Ver(cn, session.Kind().edition, session.Syori_Ki));
     for (const Book_Value_Lines& line : Book_Values_Of(data_form)) {
         for (std::size_t i = 0; i + 2 < rows.size(); ++i) {
             if (rows[i].code == Code(line.cost) && rows[i + 1].code == Code(line.depreciation) &&
@@ -127,15 +127,14 @@ bool Statement_Section::Y_Disp() const {
                                .beep = true});
         return false;
     }
-    session.Menu_Mode = 1;
     return true;
 }
 
 const char* Unit_Caption(const Session& session) {
     switch (session.Tani_Kbn) {
-    case 1:
+    case Display_Unit::Ones:
         return "単位：円";
-    case 2:
+    case Display_Unit::Thousands:
         return "単位：千円";
     default:
         return "単位：百千円";

@@ -52,7 +52,7 @@ class Statement_Section {
     void Close(bool save) const;
 
     /// Y from what has been keyed so far: refuses incomplete or unbalanced statements with a box, asks, and
-    /// stores. True when Y may be shown; Menu_Mode is set for it. Raises Store_Error.
+    /// stores. True when Y may be shown. Raises Store_Error.
     bool Y_Disp() const;
 
   private:

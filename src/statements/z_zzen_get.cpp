@@ -59,7 +59,7 @@ constexpr std::size_t second_prior_rows = 9;
 constexpr std::size_t advances_row = 8;
 
 std::vector<double> Read_Block(const Connection& cn, Edition edition, int period, std::size_t count) {
-    const int form = Get_Data_Ver(cn, edition, period);
+    const int form = Number_Of(Get_Data_Ver(cn, edition, period));
     Recordset rows = cn.Open("SELECT 建設科目CD, 金額 FROM Ks_Zaihyo WHERE 決算期=?", period);
     std::vector<double> amounts;
     if (rows.Eof()) {

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
+#include "data/connection.h"
 #include "session/session.h"
 #include "statements/account_book.h"
 

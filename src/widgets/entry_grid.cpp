@@ -128,10 +128,14 @@ bool Entry_Grid::Leave() {
 }
 
 bool Entry_Grid::Finish_Entry() {
+    // What the input method still composes becomes typed here.
+    if (!editor->Finish_Entry()) {
+        return false;
+    }
     if (!Is_Typed()) {
         return true;
     }
-    if (!editor->Finish_Entry() || !Leave()) {
+    if (!Leave()) {
         return false;
     }
     editor->Load(current);

@@ -1,9 +1,12 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
+#include "widgets/background_work.h"
 #include "widgets/shell_port.h"
 
 #include <QDialog>
+#include <memory>
+#include <optional>
 #include <utility>
 
 class QHBoxLayout;
@@ -72,6 +75,15 @@ class Form : public QDialog {
             connect(sender, signal, this,
                     [this, work](auto... arguments) { shell.Guard([&] { work(arguments...); }); });
         }
+    }
+
+    /// Runs `job` beside the windows and then `then` with its result; see Run_In_Background.
+    template <class Job, class Then>
+    void Run_Beside(const Work_Notice& notice, Job job, Then then) {
+        auto result = std::make_shared<std::optional<std::invoke_result_t<Job, Progress&>>>();
+        Run_In_Background(
+            *this, shell, notice, [job, result](Progress& progress) { result->emplace(job(progress)); },
+            [then, result] { then(**result); });
     }
 
     Shell_Port& shell;

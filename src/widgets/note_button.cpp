@@ -47,7 +47,8 @@ QIcon Note_Icon(bool lit) {
 } // namespace
 
 Note_Button::Note_Button(Shell_Port& shell_port, QWidget* parent)
-    : QPushButton(QStringLiteral("メモ"), parent), shell(shell_port) {
+    : QPushButton(QStringLiteral("メモ"), parent), shell(shell_port),
+      screen_no(shell_port.menu.screen.number) {
     setObjectName(QStringLiteral("Cmd_QandA"));
     setAccessibleName(QStringLiteral("メモ"));
     setAutoDefault(false);
@@ -62,7 +63,7 @@ Note_Button::Note_Button(Shell_Port& shell_port, QWidget* parent)
 }
 
 void Note_Button::Refresh() {
-    lit = QandA_Flag(shell.session, shell.session.Screen_No);
+    lit = QandA_Flag(shell.session, screen_no);
     setIcon(Note_Icon(lit));
     const QString state =
         lit ? QStringLiteral("この画面のメモがあります。") : QStringLiteral("この画面のメモはありません。");

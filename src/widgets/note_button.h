@@ -7,7 +7,7 @@
 
 namespace morvane {
 
-/// Cmd_QandA of a screen: opens the note of the screen (Screen_No) and is lit while it has one.
+/// Cmd_QandA of a screen: opens the note of the screen that is open and is lit while it has one.
 class Note_Button : public QPushButton {
     Q_OBJECT
 
@@ -22,6 +22,7 @@ class Note_Button : public QPushButton {
 
   private:
     Shell_Port& shell;
+    const int screen_no;
     bool lit = false;
 };
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "session/session.h"
+#include "widgets/menu_state.h"
 
 #include <QString>
 #include <functional>
@@ -22,6 +23,7 @@ class Shell_Port {
     virtual ~Shell_Port() = default;
 
     Session& session;
+    Menu_State menu; ///< changed by the menu alone
 
     /// A company is in hand (or its period or firm type has changed): the menu follows the session and the
     /// instance lock records its number.

@@ -1,12 +1,16 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "app/frm_settei.h"
 
+#include "session/install_info.h"
+#include "session/kyotu_mod.h"
 #include "support/failing_writes.h"
 #include "support/ui_fixture.h"
 
+#include <QLabel>
 #include <QPushButton>
-#include <QThreadPool>
+#include <QTimer>
 #include <arpa/inet.h>
+#include <array>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -53,7 +57,7 @@ TEST_F(Frm_Settei_Test, What_Is_Entered_Is_Saved) {
 }
 
 TEST_F(Frm_Settei_Test, The_Office_Is_Entered_Here) {
-    session.Kanri_Flg = multi_company_mode;
+    session.Kanri_Flg = Office_Mode::Multi;
     Type_Into(form, "Office_Name", "見本事務所");
     Type_Into(form, "User_ID", "U-1");
     Click(form, "Cmd_Excute");
@@ -81,7 +85,7 @@ TEST_F(Frm_Settei_Test, A_Change_Of_Use_Asks_And_Ends_The_Program) {
     Click(form, "Cmd_Excute");
     EXPECT_EQ(messages.shown.back().title, "使い方変更完了");
     EXPECT_TRUE(!form.isVisible() && ended);
-    EXPECT_EQ(Read_Install_Info(folder.path).kanri_flg == multi_company_mode, to_multi);
+    EXPECT_EQ(Read_Install_Info(folder.path).kanri_flg == Office_Mode::Multi, to_multi);
 }
 
 TEST_F(Frm_Settei_Test, Edits_Are_Not_Dropped_Unasked) {
@@ -109,16 +113,57 @@ TEST_F(Frm_Settei_Test, The_Connection_Test_Tells_Of_Each_Host) {
     ASSERT_EQ(getsockname(listener, reinterpret_cast<sockaddr*>(&address), &size), 0);
     const std::string port = std::to_string(ntohs(address.sin_port));
     const auto test = [&] {
+        const std::size_t before = messages.shown.size();
         Click(form, "Cmd_Test");
-        EXPECT_FALSE(Child<QPushButton>(form, "Cmd_Test")->isEnabled());
-        QThreadPool::globalInstance()->waitForDone();
-        QCoreApplication::processEvents();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return messages.shown.size() > before; }));
         return messages.shown.back().text;
     };
     Type_Into(form, "Net_Check_Host", ("127.0.0.1:" + port).c_str());
     EXPECT_EQ(test(), "接続確認先（127.0.0.1:" + port + "）：接続できました。");
     close(listener);
     EXPECT_NE(test().find("：接続できません。"), std::string::npos);
+}
+
+// A listener whose queue is full takes no packet of a further connection, as a firewall that drops them.
+TEST_F(Frm_Settei_Test, A_Host_That_Drops_Packets_Leaves_The_Window_Alive) {
+    const int listener = socket(AF_INET, SOCK_STREAM, 0);
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t size = sizeof address;
+    auto* const plain = reinterpret_cast<sockaddr*>(&address);
+    ASSERT_EQ(bind(listener, plain, size), 0);
+    ASSERT_EQ(listen(listener, 0), 0);
+    ASSERT_EQ(getsockname(listener, plain, &size), 0);
+    std::array<int, 3> waiting{};
+    for (int& one : waiting) {
+        one = socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK, 0);
+        connect(one, plain, size);
+    }
+    const std::string host = "127.0.0.1:" + std::to_string(ntohs(address.sin_port));
+    ASSERT_EQ(Net_Check(host, 200), "0") << "the queue is not full";
+    Type_Into(form, "Net_Check_Host", host.c_str());
+    int ticks = 0;
+    QTimer clock;
+    QObject::connect(&clock, &QTimer::timeout, &clock, [&] { ++ticks; });
+    clock.start(20);
+    Click(form, "Cmd_Test");
+    QDialog* window = nullptr;
+    ASSERT_TRUE(QTest::qWaitFor([&] {
+        window = form.findChild<QDialog*>(QStringLiteral("Work_Window"));
+        return window != nullptr && !window->testAttribute(Qt::WA_DontShowOnScreen);
+    }));
+    EXPECT_GT(ticks, 10) << "the windows go on";
+    EXPECT_EQ(Child<QLabel>(*window, "Lbl_Work")->text().toStdString(),
+              "接続確認先（" + host + "）に接続しています…");
+    Click(*window, "Cmd_Cancel");
+    EXPECT_EQ(form.findChild<QDialog*>(QStringLiteral("Work_Window")), nullptr);
+    QTest::qWait(100);
+    EXPECT_TRUE(messages.shown.empty()) << "nothing comes of a test that was given up";
+    for (const int one : waiting) {
+        close(one);
+    }
+    close(listener);
 }
 
 } // namespace

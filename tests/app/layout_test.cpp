@@ -274,7 +274,7 @@ class Layout_Test : public Installation {
         Frm_Main& frame = *shell->Frame();
         Look_At(frame, "Frm_Main");
         Look_At_Form(*Find_Form("Frm_KsSitei")); // from the column itself, which stays beside it
-        shell->session.Screen_No = 43;
+        shell->menu.screen.number = 43;
         const std::set<std::string_view> elsewhere = {"Frm_JGSitei", "Frm_JgNew"}; // of several companies
         for (const char* opener : {"Cmd_KsZ1", "Cmd_Sim1"}) {
             Click(frame, opener);

@@ -48,7 +48,7 @@ class Leaving_Test : public Ui_Installation {
         session.Syori_Ki = static_cast<std::int16_t>(Field("Jigyo_mas", "処理決算期", "1=1").As_Integer());
         session.Hojin_Kojin = Firm_Type::Corporation;
         session.Simyu_Kubun = Law_Of(4).code;
-        session.Screen_No = 41;
+        shell.menu.screen.number = 41;
     }
 };
 
@@ -95,7 +95,7 @@ TEST_F(Leaving_Test, Another_Attempt_Stores_What_The_Screen_Holds) {
     }
     EXPECT_FALSE(form->isVisible());
     EXPECT_EQ(messages.shown.size(), 1U);
-    EXPECT_EQ(Read_Note(session).advice, "答");
+    EXPECT_EQ(Read_Note(session, shell.menu.screen).advice, "答");
 }
 
 } // namespace

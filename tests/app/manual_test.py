@@ -81,10 +81,11 @@ def bare(text):
 
 
 def sentences_of(cell):
-    """The parts of a quoted message that stand still: （…）, 「…」, numbers, ○ and … are what the program fills in."""
+    """The parts of a quoted message that stand still: （…）, 「…」, law years, numbers, ○ and … are what the program
+    fills in."""
     for line in cell.split("\n"):
         for sentence in re.split(r"(?<=[。！？])", line):
-            parts = re.split(r"（[^）]*）|「[^」]*」|[○…～]|\d+", sentence)
+            parts = re.split(r"（[^）]*）|「[^」]*」|\d+年改正(?:以降)?(?=の)|[○…～]|\d+", sentence)
             yield from (part for part in map(bare, parts) if len(part) > 1)
 
 
@@ -130,8 +131,9 @@ def unbuilt_forms(sources):
     table = (sources / "app/form_table.cpp").read_text(encoding="utf-8")
     built = set(re.findall(r'\{"(\w+)", Make', table))
     asked = set()
-    for file in ("app/menu_table.cpp", "app/frm_main.cpp", "law/law_year.h"):
+    for file in ("app/menu_table.cpp", "app/frm_main.cpp"):
         asked |= set(re.findall(r'"(Frm_\w+)"', (sources / file).read_text(encoding="utf-8")))
+    asked |= set(re.findall(r'_form = "(Frm_\w+)"', (sources / "law/law_rows.h").read_text(encoding="utf-8")))
     for file in sources.rglob("*.cpp"):
         asked |= set(re.findall(r'Open_Form\(QStringLiteral\("(\w+)"\)', file.read_text(encoding="utf-8")))
     return asked - built - {"Frm_Main", "Frm_Command"}

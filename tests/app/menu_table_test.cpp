@@ -32,6 +32,8 @@ class Menu_Test : public Installation {
         }
         throw std::out_of_range(name);
     }
+
+    Menu_State menu;
 };
 
 TEST(Menu_Table_Test,
@@ -65,31 +67,31 @@ TEST(Menu_Table_Test,
     EXPECT_EQ(entries, 13 + 38);
 }
 
-TEST_F(Menu_Test, An_Entry_Tells_The_Session_Title_By_Firm_Type) {
-    ASSERT_TRUE(Enter_Screen(session, Entry("Cmd_KsT(4)")));
-    EXPECT_EQ(session.Screen_Title, "貸借対照表－資本金、法定準備金、剰余金");
-    EXPECT_EQ(session.Screen_No, 45);
-    session.Data_Ver = 2;
-    ASSERT_TRUE(Enter_Screen(session, Entry("Cmd_KsT(4)")));
-    EXPECT_EQ(session.Screen_Title, "貸借対照表－資本金、利益剰余金、評価・換算差額等");
+TEST_F(Menu_Test, An_Entry_Tells_Title_By_Firm_Type) {
+    ASSERT_TRUE(Enter_Screen(session, menu, Entry("Cmd_KsT(4)")));
+    EXPECT_EQ(menu.screen.title, "貸借対照表－資本金、法定準備金、剰余金");
+    EXPECT_EQ(menu.screen.number, 45);
+    session.Data_Ver = Data_Form_No::Form_2;
+    ASSERT_TRUE(Enter_Screen(session, menu, Entry("Cmd_KsT(4)")));
+    EXPECT_EQ(menu.screen.title, "貸借対照表－資本金、利益剰余金、評価・換算差額等");
     session.Hojin_Kojin = Firm_Type::Individual;
-    ASSERT_TRUE(Enter_Screen(session, Entry("Cmd_KsT(4)")));
-    EXPECT_EQ(session.Screen_Title, "貸借対照表－期首資本金、事業主勘定");
+    ASSERT_TRUE(Enter_Screen(session, menu, Entry("Cmd_KsT(4)")));
+    EXPECT_EQ(menu.screen.title, "貸借対照表－期首資本金、事業主勘定");
     EXPECT_EQ(Caption_Of(Entry("Cmd_KsT(2)"), session), " 無形固定資産  投資等");
     EXPECT_EQ(Form_Of(Entry("Cmd_KsT(2)"), session), "Frm_KsZaihyoKJ");
     EXPECT_FALSE(Is_Enabled(Entry("Cmd_KsS(3)"), session));
     session.Simyu_Kubun = Law_Of(4).code;
     EXPECT_EQ(Form_Of(Entry("Cmd_UpS(2)"), session), "Frm_Syokutakaiz_2012");
-    ASSERT_TRUE(Enter_Panel(session, Entry("Cmd_Sim2")));
-    EXPECT_EQ(session.Sim_Title, "改善シミュレーション");
-    EXPECT_EQ(session.Menu_Mode, 2);
+    ASSERT_TRUE(Enter_Panel(session, menu, Entry("Cmd_Sim2")));
+    EXPECT_EQ(menu.sim_title, "改善シミュレーション");
+    EXPECT_EQ(menu.mode, Sim_Mode::Improvement);
 }
 
 // Each row makes one more thing ready; the first gate that still refuses is the one that speaks.
 TEST_F(Menu_Test, Gates_Refuse_In_Their_Order) {
     const auto refusal = [&](const char* entry) {
         const std::size_t before = messages.shown.size();
-        const bool entered = Enter_Screen(session, Entry(entry));
+        const bool entered = Enter_Screen(session, menu, Entry(entry));
         return entered ? std::string("entered") : messages.shown.at(before).text;
     };
     EXPECT_EQ(refusal("Cmd_GB(3)"), "完成工事高が未入力です。");
@@ -107,13 +109,13 @@ TEST_F(Menu_Test, Gates_Refuse_In_Their_Order) {
     EXPECT_EQ(refusal("Cmd_UpS(3)"), "entered");
     EXPECT_EQ(refusal("Cmd_GB(0)"), "entered") << "zero amounts pass the statement gate";
 
-    EXPECT_FALSE(Enter_Panel(session, Entry("Cmd_Sim3")));
+    EXPECT_FALSE(Enter_Panel(session, menu, Entry("Cmd_Sim3")));
     EXPECT_EQ(messages.shown.back().text, "前期のデータがありません。");
     Cn_Open(session).Execute("DELETE FROM Ks_Zaihyo WHERE 決算期=3");
     EXPECT_EQ(refusal("Cmd_GB(0)"),
               "建設財務データが不完全です。最低でも総資本、固定資産、売上高は必要です。");
-    EXPECT_FALSE(Enter_Other_Firm(session));
-    EXPECT_EQ(session.Sim_Mode, 3);
+    EXPECT_FALSE(Enter_Other_Firm(session, menu));
+    EXPECT_EQ(menu.mode, Sim_Mode::Other_Firm);
     Cn_Open(session).Execute("DELETE FROM W_Yoso WHERE 決算期=3");
     EXPECT_TRUE(Gate_Is_Open(session, Gate::Completed_Work)) << "a period without element rows passes";
 }

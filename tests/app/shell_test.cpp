@@ -8,6 +8,7 @@
 #include "review/settle.h"
 #include "screens/kanko_entry.h"
 #include "screens/syokuta_entry.h"
+#include "session/install_info.h"
 #include "session/kidou_ini.h"
 #include "support/failing_writes.h"
 #include "support/ui_fixture.h"

@@ -6,6 +6,7 @@
 #include "company/new_installation.h"
 #include "company/register.h"
 #include "data/store_file.h"
+#include "session/install_info.h"
 #include "session/kidou_ini.h"
 #include "support/failing_writes.h"
 #include "support/installation_fixture.h"
@@ -68,10 +69,10 @@ TEST_F(Single_Start_Test, First_Run_Makes_The_Firm_And_Asks_For_Its_Dates_Until_
     EXPECT_EQ(edited, 1);
     EXPECT_EQ(session.Jigyo_Name, "株式会社 山田\"組\"");
     EXPECT_EQ(session.Syori_Ki, 28);
-    EXPECT_EQ(session.Data_Ver, 5);
+    EXPECT_EQ(session.Data_Ver, Data_Form_No::National);
     EXPECT_EQ(Law_Number(session.Simyu_Kubun), 4);
     EXPECT_EQ(Field("Jigyo_mas", "代表者名", "1=1"), Value("山田"));
-    EXPECT_EQ(session.Tani_Kbn, 1) << "the unit is yen after every start";
+    EXPECT_EQ(session.Tani_Kbn, Display_Unit::Ones) << "the unit is yen after every start";
     EXPECT_EQ(Start(), Start_Result::Ready);
     EXPECT_EQ(Titles(), (std::vector<std::string>{"決算期情報未入力確認"}));
     Cn_Open(session).Execute("UPDATE Jigyo_mas SET 決算期終了年=7, 決算期終了月=3, 決算期終了日=31, "

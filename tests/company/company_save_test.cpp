@@ -243,7 +243,7 @@ TEST_F(Company_Save_Test, A_New_Company_Is_Registered_And_Taken_In_Hand) {
     EXPECT_EQ(session.Kanri_No, 9);
     EXPECT_EQ(session.Jigyo_Name, "新規建設");
     EXPECT_EQ(session.Syori_Ki, 12);
-    EXPECT_EQ(session.Data_Ver, 5);
+    EXPECT_EQ(session.Data_Ver, Data_Form_No::National);
     EXPECT_EQ(Law_Number(session.Simyu_Kubun), 4);
     EXPECT_EQ(session.Hojin_Kojin, Firm_Type::Individual);
     EXPECT_FALSE(session.Jg_New_Flg);
@@ -290,7 +290,7 @@ TEST_F(Own_Firm_Test, Its_Tests_Come_In_Their_Own_Order) {
     messages.answers = {Answer::Yes};
     ASSERT_EQ(Save_Company(session, screen, entry).outcome, Outcome_Of_Save::Saved);
     EXPECT_EQ(List("SELECT 管理No, 事業所名, 事業所カナ名, 単位 FROM Jigyo_mas"), "1=改名建設=ﾐﾎﾝ1=3");
-    EXPECT_EQ(session.Tani_Kbn, 3);
+    EXPECT_EQ(session.Tani_Kbn, Display_Unit::Millions);
     EXPECT_EQ(session.Jigyo_Name, "改名建設");
     EXPECT_EQ(session.Hojin_Kojin, Firm_Type::Individual);
     EXPECT_EQ(Law_Number(session.Simyu_Kubun), 3) << "read again";
@@ -494,7 +494,7 @@ TEST_F(Company_Files_Test, A_Harmed_Intent_Is_Dropped_Only_Where_Nothing_Needs_I
     } catch (const Store_Error& error) {
         EXPECT_NE(std::string(error.what()).find("pending.json"), std::string::npos);
     }
-    session.Kanri_Flg = 0;
+    session.Kanri_Flg = Office_Mode::Single;
     EXPECT_NO_THROW(Finish_Pending_Work(session)) << "single-company mode knows no register";
 }
 

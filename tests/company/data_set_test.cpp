@@ -73,7 +73,7 @@ TEST_F(Period_Test, A_New_Company_Has_One_Blank_Period) {
     for (const auto& [type, name] :
          {std::pair(Firm_Type::Corporation, std::string("法人")), {Firm_Type::Individual, "個人"}}) {
         ASSERT_TRUE(New_Data_Set(session, type, 12));
-        EXPECT_EQ(session.Data_Ver, 5);
+        EXPECT_EQ(session.Data_Ver, Data_Form_No::National);
         for (const auto& [table, count] :
              {std::pair("Ks_Zaihyo", "255"), std::pair("Kandaka_Gj", "34"), std::pair("Ks_ki", "1")}) {
             EXPECT_EQ(List(std::string("SELECT count(*) FROM ") + table + " WHERE 決算期=12"), count)
@@ -99,7 +99,7 @@ TEST_F(Period_Test, A_New_Company_Has_One_Blank_Period) {
 
 TEST_F(Hokkaido_Period_Test, The_Hokkaido_Chart) {
     ASSERT_TRUE(New_Data_Set(session, Firm_Type::Corporation, 2));
-    EXPECT_EQ(session.Data_Ver, 6);
+    EXPECT_EQ(session.Data_Ver, Data_Form_No::Hokkaido);
     const auto chart = [this](const std::string& table, const fs::path& file, const std::string& where) {
         const Connection cn(file, session.Db_Key, Connection::Mode::Read_Only);
         std::string text;
@@ -119,7 +119,7 @@ TEST_F(Hokkaido_Period_Test, The_Hokkaido_Chart) {
     Make_Company(1, 1, 2);
     ASSERT_TRUE(Period_Copy(session, 3, 2, Copy_Mode::After));
     EXPECT_EQ(chart("Ks_Zaihyo", session.Work_Store, " WHERE 決算期=3"), master);
-    EXPECT_EQ(session.Data_Ver, 6);
+    EXPECT_EQ(session.Data_Ver, Data_Form_No::Hokkaido);
 }
 
 TEST_F(Period_Test, A_Template_That_Does_Not_Fit_Changes_Nothing) {
@@ -138,7 +138,7 @@ TEST_F(Period_Test, A_Template_That_Does_Not_Fit_Changes_Nothing) {
         Write_Files(folder.path, good);
         Connection(folder.path / c.file, session.Db_Key).Execute(c.change);
         const auto before = State();
-        session.Data_Ver = 3;
+        session.Data_Ver = Data_Form_No::National_2008;
         messages.shown.clear();
         EXPECT_FALSE(New_Data_Set(session, Firm_Type::Corporation, 6));
         Expect_Bad_Template(messages);
@@ -147,7 +147,7 @@ TEST_F(Period_Test, A_Template_That_Does_Not_Fit_Changes_Nothing) {
             EXPECT_FALSE(Period_Copy(session, 6, 5, Copy_Mode::After));
             Expect_Bad_Template(messages);
         }
-        EXPECT_EQ(session.Data_Ver, 3);
+        EXPECT_EQ(session.Data_Ver, Data_Form_No::National_2008);
         EXPECT_EQ(session.Syori_Ki, 5);
         EXPECT_TRUE(State() == before);
     }

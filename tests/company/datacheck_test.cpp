@@ -4,6 +4,7 @@
 #include "company/left_work.h"
 #include "company/register.h"
 #include "data/store_file.h"
+#include "session/install_info.h"
 #include "session/kidou_ini.h"
 #include "support/failing_writes.h"
 #include "support/installation_fixture.h"
@@ -75,7 +76,7 @@ TEST_F(Check_Out_Test, Takes_A_Company_And_Saves_The_One_In_Hand) {
     EXPECT_EQ(session.Jigyo_Name, "見本2");
     EXPECT_EQ(session.Syori_Ki, 7);
     EXPECT_EQ(session.Hojin_Kojin, Firm_Type::Individual);
-    EXPECT_EQ(session.Data_Ver, 5);
+    EXPECT_EQ(session.Data_Ver, Data_Form_No::National);
     EXPECT_EQ(Law_Number(session.Simyu_Kubun), 4);
     EXPECT_EQ(session.Work_Store, folder.path / working_store);
     EXPECT_FALSE(Field("W_Yoso", "要素名", "要素CD=239").Is_Null()) << "the rows that were missing";
@@ -228,13 +229,13 @@ TEST_F(Check_Out_Test, The_Marker_Follows_The_Working_Store_After_A_Crash) {
     } cases[] = {
         {true, 2, 1}, {true, 1, 1}, {true, Kidou_Marker::clean_end, Kidou_Marker::clean_end}, {false, 2, 2}};
     for (const auto& c : cases) {
-        session.Kanri_Flg = c.multi ? multi_company_mode : 0;
+        session.Kanri_Flg = c.multi ? Office_Mode::Multi : Office_Mode::Single;
         Write_Kidou_Ini(folder.path, {c.marked, "見本"});
         Settle_Marker(session);
         EXPECT_EQ(Marked(), c.settled);
     }
     // The working store of nobody leaves the marker alone.
-    session.Kanri_Flg = multi_company_mode;
+    session.Kanri_Flg = Office_Mode::Multi;
     Cn_Open(session).Execute("UPDATE Jigyo_mas SET 管理No = Null");
     Write_Kidou_Ini(folder.path, {2, "見本2"});
     Settle_Marker(session);

@@ -238,7 +238,7 @@ TEST_F(Frm_Jgmas_Test, The_Period_Moves_As_Soon_As_Its_Field_Is_Left) {
     Click(*opened, "Cmd_Excute");
     EXPECT_FALSE(opened->isVisible());
     EXPECT_EQ(shell.calls, (std::vector<std::string>{"Show_Company", "Show_Company"}));
-    EXPECT_EQ(session.Tani_Kbn, 3);
+    EXPECT_EQ(session.Tani_Kbn, Display_Unit::Millions);
     Cn_Open(session).Execute("UPDATE Jigyo_mas SET 単位=Null");
     Open(Make_Frm_Jgmas(shell));
     Click(*opened, "Cmd_Excute");

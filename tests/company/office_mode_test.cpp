@@ -4,6 +4,7 @@
 #include "company/datacheck.h"
 #include "company/register.h"
 #include "data/store_file.h"
+#include "session/install_info.h"
 #include "session/kidou_ini.h"
 #include "support/failing_writes.h"
 #include "support/installation_fixture.h"
@@ -18,7 +19,7 @@ class Own_Use_Test : public Installation {
     Own_Use_Test() : Installation("13", false) { fs::remove(folder.path / "Jgmas.dat"); }
 
     [[nodiscard]] bool Is_Office() const {
-        return Read_Install_Info(folder.path).kanri_flg == multi_company_mode;
+        return Read_Install_Info(folder.path).kanri_flg == Office_Mode::Multi;
     }
 };
 
@@ -91,7 +92,7 @@ TEST_F(Office_Test, Own_Use_Needs_An_Empty_Register) {
     session.Kanri_No = 0;
     EXPECT_EQ(Mode_Refusal(session, false), "");
     Change_Mode(session, false);
-    EXPECT_NE(Read_Install_Info(folder.path).kanri_flg, multi_company_mode);
+    EXPECT_NE(Read_Install_Info(folder.path).kanri_flg, Office_Mode::Multi);
     EXPECT_TRUE(Cn_Open(session).Open("SELECT * FROM Jigyo_mas").Eof()) << "no deleted company comes back";
 }
 

@@ -31,7 +31,7 @@ class Periods_Test : public Installation {
 
     [[nodiscard]] std::string In_Hand() const {
         return List("SELECT 処理決算期, 決算期開始年, 決算期終了年 FROM Jigyo_mas") + " " +
-               std::to_string(session.Syori_Ki) + " " + std::to_string(session.Data_Ver) + " " +
+               std::to_string(session.Syori_Ki) + " " + std::to_string(Number_Of(session.Data_Ver)) + " " +
                std::to_string(Law_Number(session.Simyu_Kubun));
     }
 
@@ -57,7 +57,7 @@ TEST_F(Periods_Test, The_List_Tells_Form_And_Law_Year) {
     Run("UPDATE Ks_Zaihyo SET 並び順 = Null WHERE 決算期=35 And 建設科目CD=99");
     std::string read;
     for (const Period_Entry& period : Read_Periods(session)) {
-        read += Period_Line(period.number) + "/" + std::to_string(period.data_ver) + "/" +
+        read += Period_Line(period.number) + "/" + std::to_string(Number_Of(period.data_ver)) + "/" +
                 std::to_string(Law_Number(period.law_year)) + (period.Has_Law_Options() ? "+ " : "- ");
     }
     EXPECT_EQ(read, "  33期/5/2+   34期/51/4-   35期/2/4- ");
@@ -163,7 +163,7 @@ TEST_F(Periods_Test, What_Is_Refused_Or_Declined_Changes_Nothing) {
          true},
     };
     const File_Contents good = Read_Files(folder.path);
-    session.Data_Ver = 3;
+    session.Data_Ver = Data_Form_No::National_2008;
     for (const auto& c : cases) {
         Write_Files(folder.path, good);
         if (*c.change != '\0') {
@@ -177,7 +177,7 @@ TEST_F(Periods_Test, What_Is_Refused_Or_Declined_Changes_Nothing) {
         }
         Expect_One_Box(c.title, c.text, c.question ? Icon::Warning : Icon::Information);
         EXPECT_TRUE(State() == before) << c.text;
-        EXPECT_EQ(session.Data_Ver, 3) << c.text;
+        EXPECT_EQ(session.Data_Ver, Data_Form_No::National_2008) << c.text;
         EXPECT_EQ(session.Syori_Ki, 34) << c.text;
     }
 }
@@ -209,12 +209,12 @@ TEST_F(Periods_Test, A_Number_That_Cannot_Be_A_New_Period) {
     EXPECT_TRUE(State() == before);
 
     const auto proposed = [](std::int16_t number, Copy_Mode mode) {
-        return Proposed_Period({{number, 5, {}}}, mode);
+        return Proposed_Period({{number, Data_Form_No::National, {}}}, mode);
     };
     EXPECT_EQ(proposed(2, Copy_Mode::Before), 1);
     EXPECT_EQ(proposed(1, Copy_Mode::Before), std::nullopt);
     for (const Value& number : {Value(), Value(0), Value(7)}) {
-        EXPECT_NE(New_Period_Fault({{1, 5, {}}}, number, Copy_Mode::Before)
+        EXPECT_NE(New_Period_Fault({{1, Data_Form_No::National, {}}}, number, Copy_Mode::Before)
                       .find("これより前の決算期は作成できません"),
                   std::string::npos);
     }

@@ -98,13 +98,13 @@ class Table_Edit_Test : public Installation {
     void Expect_Brought_Forward(const Old_Store& old) {
         SCOPED_TRACE(old.what);
         Make_Old_Company(old.changes, old.engineers_6);
-        EXPECT_EQ(Get_Data_Ver(session, 5), old.form);
+        EXPECT_EQ(Get_Data_Ver(session, 5), Data_Form_Of(old.form));
         const Settled_Score former = Score();
         EXPECT_GT(former.figures.elements[200].value, 0.0);
         EXPECT_GT(former.figures.works[9].P.value, 0);
 
         Company_Reload(session);
-        EXPECT_EQ(session.Data_Ver, old.form);
+        EXPECT_EQ(session.Data_Ver, Data_Form_Of(old.form));
         EXPECT_EQ(List("SELECT Info_No FROM sys_info ORDER BY Info_No"), old.ledger);
         EXPECT_EQ(List("SELECT 工種略 FROM Kandaka_Gj WHERE 決算期=5 And 工種CD>=31 ORDER BY 工種CD"),
                   "解体 と・解 その他");
@@ -214,7 +214,7 @@ TEST_F(Hokkaido_Table_Edit_Test, Old_Stores_Of_Hokkaido) {
     const std::int16_t y = Score().y.Y_Ten;
     Company_Reload(session);
     EXPECT_EQ(Score().y.Y_Ten, y);
-    EXPECT_EQ(session.Data_Ver, 53);
+    EXPECT_EQ(session.Data_Ver, Data_Form_No::Old_Hokkaido);
     EXPECT_EQ(List("SELECT Info_No FROM sys_info"), "11");
     EXPECT_EQ(List("SELECT 工種略 FROM Kandaka_Gj WHERE 決算期=5 And 工種CD>=31 ORDER BY 工種CD"),
               "解体 と・解 その他");
@@ -223,7 +223,7 @@ TEST_F(Hokkaido_Table_Edit_Test, Old_Stores_Of_Hokkaido) {
 TEST_F(Table_Edit_Test, A_Period_Without_Rows_Gets_None) {
     Make_Company(1, 1, 5);
     session.Syori_Ki = 8;
-    session.Data_Ver = 51;
+    session.Data_Ver = Data_Form_No::Unmarked_National;
     Table_Edit_Run(session);
     EXPECT_EQ(List("SELECT count(*) FROM Kandaka_Gj WHERE 決算期=8"), "0");
     EXPECT_EQ(List("SELECT count(*) FROM W_Yoso WHERE 決算期=8"), "0");
@@ -231,7 +231,7 @@ TEST_F(Table_Edit_Test, A_Period_Without_Rows_Gets_None) {
 
 TEST_F(Table_Edit_Test, No_Failing_Write_Leaves_A_Half_Changed_Store) {
     Make_Old_Company({"DELETE FROM sys_info WHERE Info_No>=14", no_work_style, no_31_32, other_at_31}, false);
-    session.Data_Ver = 5;
+    session.Data_Ver = Data_Form_No::National;
     Expect_All_Or_Nothing(
         folder.path, [this] { Table_Edit_Run(session); }, [this] { return State(); });
 }

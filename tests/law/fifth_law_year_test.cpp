@@ -176,7 +176,8 @@ std::string Picture_Of(const QWidget& form) {
 
 std::string Report_Of(const Session& session) {
     const Report_Row& report = *Find_Report(Law_Of(session.Simyu_Kubun).result_report);
-    const Rpt_Draw drawn = report.read(Cn_Open(session), session, Request_In_Hand(session, report));
+    const Rpt_Draw drawn =
+        report.read(Cn_Open(session), session, Request_In_Hand(session, Scenario::Genjo, report));
     Recorded_Sheet sheet;
     Print_State state;
     Prt_ModSet prt(state, sheet);

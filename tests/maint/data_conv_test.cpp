@@ -46,8 +46,8 @@ TEST_F(Data_Conversion, The_2010_Form_Has_The_Accounts_Of_A_New_Period) {
     messages.answers = {Answer::Yes};
     ASSERT_TRUE(Conv_2008_To_2010(session));
     EXPECT_EQ(Codes(), new_codes);
-    EXPECT_EQ(session.Data_Ver, 5);
-    EXPECT_EQ(Get_Data_Ver(session, 30), 5);
+    EXPECT_EQ(session.Data_Ver, Data_Form_No::National);
+    EXPECT_EQ(Get_Data_Ver(session, 30), Data_Form_No::National);
     const std::map<int, double> moved = {{143, 1000}, {148, 5}, {154, 40}, {205, 700}, {208, 30}, {233, 900},
                                          {238, 9},    {140, 0}, {153, 0},  {204, 0},   {232, 0}};
     for (const auto& [code, amount] : moved) {
@@ -74,7 +74,7 @@ TEST_F(Hokkaido_Conversion, More_Current_Liabilities_Move) {
     ASSERT_TRUE(Conv_2008_To_2010(session));
     EXPECT_EQ(Codes(), new_codes);
     EXPECT_EQ(Amount(217), 77);
-    EXPECT_EQ(session.Data_Ver, 6);
+    EXPECT_EQ(session.Data_Ver, Data_Form_No::Hokkaido);
 }
 
 TEST_F(Data_Conversion, An_Individuals_Loans_Take_The_Line_Of_The_Payables) {
@@ -107,7 +107,7 @@ TEST_F(Data_Conversion, Refusals_And_No_Change_Nothing) {
                                    {5, 3, true, "2015年改正対応のデータに変換します。"}};
     for (const Row& row : rows) {
         Set_Law_Year(session, 30, Law_Of(row.law).code);
-        session.Data_Ver = static_cast<std::uint8_t>(row.form);
+        session.Data_Ver = Data_Form_Of(row.form);
         const std::string before = Dump(session.Work_Store);
         messages.shown.clear();
         EXPECT_FALSE(row.to_2015 ? Mnu_Dt2015(session) : Conv_2008_To_2010(session)) << row.text;

@@ -66,7 +66,7 @@ class Kekka_Test : public Installation {
         session.Work_Store = Company_Store(session, number);
         session.Kanri_No = number;
         session.Syori_Ki = static_cast<std::int16_t>(period);
-        session.Sim_Mode = static_cast<std::uint8_t>(scenario);
+        in_hand = scenario;
         const Connection cn = Cn_Open(session);
         Settled_Score score = Score_Company(cn, session.Kind().edition, {period, scenario});
         session.Jigyo_Name = score.jigyo_name;
@@ -76,9 +76,11 @@ class Kekka_Test : public Installation {
 
     /// What the window in this state of the session would print.
     [[nodiscard]] Kekka_Figures Read() const {
-        const Report_Request request = Request_In_Hand(session, *Find_Report("Rpt_Kekka"));
+        const Report_Request request = Request_In_Hand(session, in_hand, *Find_Report("Rpt_Kekka"));
         return Kekka_Read(Cn_Open(session), session, request.sides.front());
     }
+
+    Scenario in_hand = Scenario::Genjo;
 };
 
 class Kekka_Hokkaido_Test : public Kekka_Test {
@@ -132,9 +134,9 @@ TEST_F(Kekka_Test, An_Untouched_Scenario_Prints_The_Current_Figures) {
         "UPDATE Kandaka_Gj SET 完工高前々期=Null, 完工高前期=Null, 完工高基準=Null, "
         "元請完工高前々期=Null, 元請完工高前期=Null, 元請完工高基準=Null WHERE 工種CD=33");
     std::array<std::vector<Box_Of_Text>, 2> sheets;
-    for (const std::uint8_t mode : {std::uint8_t{1}, std::uint8_t{2}}) {
-        session.Sim_Mode = mode;
-        sheets[mode - 1U] = Texts_Of(Read(), Kekka_Form::Rpt_Kekka_2012);
+    for (const Scenario scenario : {Scenario::Genjo, Scenario::Kaizen}) {
+        in_hand = scenario;
+        sheets[static_cast<std::size_t>(scenario) - 1U] = Texts_Of(Read(), Kekka_Form::Rpt_Kekka_2012);
     }
     ASSERT_EQ(sheets[0].size(), sheets[1].size());
     int differences = 0;
@@ -150,30 +152,30 @@ TEST_F(Kekka_Test, An_Untouched_Scenario_Prints_The_Current_Figures) {
 // ---- the request
 
 TEST_F(Kekka_Test, A_Report_Shows_The_Side_It_Is_Asked_For) {
-    Take_In_Hand("midori_denki.json", 4, 21, scenario_genjo);
+    Take_In_Hand("midori_denki.json", 4, 21, Scenario::Genjo);
     const Report_Row& report = *Find_Report("Rpt_Kekka_2011");
-    const Rpt_Draw drawn = report.read(Cn_Open(session), session, {.sides = {{20, &scenario_kaizen}}});
+    const Rpt_Draw drawn = report.read(Cn_Open(session), session, {.sides = {{20, Scenario::Kaizen}}});
     EXPECT_EQ(Document_Title(report.title, drawn.heading),
               "結果通知書 " + session.Jigyo_Name + " 第20期 改善後");
-    EXPECT_THROW(report.read(Cn_Open(session), session, {.sides = {{99, &scenario_genjo}}}), Score_Refusal);
-    EXPECT_THROW(report.read(Cn_Open(session), session, {.sides = {{21, &scenarios[4]}}}), Score_Refusal);
+    EXPECT_THROW(report.read(Cn_Open(session), session, {.sides = {{99, Scenario::Genjo}}}), Score_Refusal);
+    EXPECT_THROW(report.read(Cn_Open(session), session, {.sides = {{21, Scenario::Slot_3}}}), Score_Refusal);
 }
 
 TEST(Report_Request_Test, Sides_Beside_Each_Other) {
-    const Side in_hand = {35, &scenario_kaizen};
+    const Side in_hand = {35, Scenario::Kaizen};
     struct Row {
         Report_Sides sides;
         std::vector<Side> expected;
     };
     for (const Row& row : {Row{Report_Sides::One, {in_hand}},
-                           {Report_Sides::Improvement, {{35, &scenario_genjo}, {35, &scenario_kaizen}}},
-                           {Report_Sides::Prior, {{34, &scenario_kaizen}, in_hand}},
+                           {Report_Sides::Improvement, {{35, Scenario::Genjo}, {35, Scenario::Kaizen}}},
+                           {Report_Sides::Prior, {{34, Scenario::Kaizen}, in_hand}},
                            {Report_Sides::All_Scenarios,
-                            {{35, &scenarios[0]},
-                             {35, &scenarios[1]},
-                             {35, &scenarios[2]},
-                             {35, &scenarios[3]},
-                             {35, &scenarios[4]}}}}) {
+                            {{35, Scenario::Genjo},
+                             {35, Scenario::Kaizen},
+                             {35, Scenario::Slot_1},
+                             {35, Scenario::Slot_2},
+                             {35, Scenario::Slot_3}}}}) {
         EXPECT_EQ(Sides_Of(row.sides, in_hand), row.expected);
     }
 }

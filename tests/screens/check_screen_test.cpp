@@ -232,15 +232,11 @@ TEST_F(Check_Screens, The_Network_Is_Asked_Beside_The_Window) {
     info.net_check_host = "127.0.0.1:1";
     Write_Install_Info(session.App_Path, info);
     Form& check = Open(W2X_Request(Law_Of(4), 9));
-    auto* const explain = Child<QPushButton>(check, "Cmd_Kaisetu");
     messages.shown.clear();
     messages.answers = {Answer::Ok};
     Click(check, "Cmd_Kaisetu");
-    EXPECT_FALSE(explain->isEnabled());
-    EXPECT_EQ(explain->text(), QStringLiteral("接続確認中…"));
     EXPECT_EQ(messages.shown.size(), 1U) << "the answer of the network comes later";
-    ASSERT_TRUE(QTest::qWaitFor([&] { return explain->isEnabled(); }));
-    ASSERT_EQ(messages.shown.size(), 2U);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return messages.shown.size() == 2; }));
     EXPECT_TRUE(messages.shown[1].text.starts_with("ネット接続ができません。"));
 }
 

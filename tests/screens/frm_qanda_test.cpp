@@ -14,8 +14,8 @@ class Note_Screen : public Ui_Installation {
   protected:
     Note_Screen() {
         Make_Company(1, 1, 35);
-        session.Screen_No = 53;
-        session.Screen_Title = "現状分析－経営状況（Ｙ）";
+        shell.menu.screen.number = 53;
+        shell.menu.screen.title = "現状分析－経営状況（Ｙ）";
     }
 
     /// Opens the note, writes into one of its parts and closes it.
@@ -49,9 +49,10 @@ TEST_F(Note_Screen, A_Note_Is_Stored_On_Closing_And_Lights_The_Button) {
     QTest::mouseClick(&button, Qt::LeftButton);
     EXPECT_EQ(Stored(), title + "-=答");
     // Another screen's number has another note.
-    session.Screen_No = 54;
+    shell.menu.screen.number = 54;
+    EXPECT_FALSE(Note_Button(shell).Is_Lit());
     button.Refresh();
-    EXPECT_FALSE(button.Is_Lit());
+    EXPECT_TRUE(button.Is_Lit());
 }
 
 TEST_F(Note_Screen, A_Missing_Row_Is_Made_For_A_Text_Only) {

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "screens/kaisetu.h"
+#include "session/install_info.h"
+#include "session/progress.h"
 
 #include "data/store_file.h"
 #include "support/installation_fixture.h"
@@ -93,7 +95,8 @@ TEST_F(Kaisetu_Test, Asks_Tests_And_Opens) {
         messages.shown.clear();
         messages.answers = {c.answer};
         if (const auto page = Ask_Kaisetu(session, "Y-X1")) {
-            Tell_Kaisetu(session, Open_Kaisetu(*page));
+            Progress progress;
+            Tell_Kaisetu(session, Open_Kaisetu(*page, progress));
         }
         ASSERT_EQ(messages.shown.size(), c.texts.size());
         for (std::size_t i = 0; i < c.texts.size(); ++i) {

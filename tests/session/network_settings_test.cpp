@@ -1,4 +1,5 @@
 // SPDX-FileCopyrightText: The Morvane developers
+#include "session/install_info.h"
 #include "session/network_settings.h"
 
 #include "data/store_file.h"

@@ -1,7 +1,10 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "session/session.h"
 
+#include "data/connection.h"
 #include "data/store_file.h"
+#include "session/boxes.h"
+#include "session/install_info.h"
 #include "session/instance_lock.h"
 #include "session/kidou_ini.h"
 #include "session/kyotu_mod.h"
@@ -12,6 +15,7 @@
 #include <csignal>
 #include <cstdlib>
 #include <netinet/in.h>
+#include <stop_token>
 #include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -115,7 +119,7 @@ void Expect_Forms(Session& session, std::span<const Form_Case> cases) {
             cn.Execute("INSERT INTO Ks_Zaihyo (決算期, 建設科目CD) VALUES (3, 552)");
         }
         cn.Execute("INSERT INTO Ks_Zaihyo (決算期, 建設科目CD, 並び順) VALUES (2, 99, 4), (2, 552, 0)");
-        EXPECT_EQ(Get_Data_Ver(session, 3), c.form) << c.marker.As_Text() << " " << c.has_552;
+        EXPECT_EQ(Number_Of(Get_Data_Ver(session, 3)), c.form) << c.marker.As_Text() << " " << c.has_552;
     }
 }
 
@@ -165,7 +169,6 @@ TEST_F(Session_Test, A_Marker_That_Is_None_Is_Refused) {
 
 TEST_F(Session_Test, Settings_Are_Kept) {
     Install_Info info;
-    info.kanri_flg = 255;
     info.user_id = "U-1";
     info.tiiki_cd = "0102";
     info.todofuken_mei = "北海道";
@@ -181,7 +184,6 @@ TEST_F(Session_Test, Settings_Are_Kept) {
     EXPECT_EQ(read.net_check_host, info.net_check_host);
     EXPECT_EQ(read.optional_columns, info.optional_columns);
     const Session made = Make_Session(folder.path, messages);
-    EXPECT_EQ(made.Kanri_Flg, 255);
     EXPECT_FALSE(made.Is_Multi());
     EXPECT_EQ(made.User_ID, "U-1");
     EXPECT_EQ(made.Tiiki_CD, Edition::Hokkaido);
@@ -190,13 +192,13 @@ TEST_F(Session_Test, Settings_Are_Kept) {
     EXPECT_EQ(made.Hojin_Kojin, Firm_Type::Individual);
     EXPECT_EQ(made.Syori_Ki, -3);
     EXPECT_EQ(made.Kanri_No, 2147483647);
-    EXPECT_EQ(made.Tani_Kbn, 1);
+    EXPECT_EQ(made.Tani_Kbn, Display_Unit::Ones);
     Verify_Store(made.Work_Store, made.Db_Key);
 
     Write_Text_File(folder.path / install_info_file,
                     R"({"管理者識別": 11, "許可番号1": 123, "ビル名": null, "処理決算期": null})");
     const Install_Info sparse = Read_Install_Info(folder.path);
-    EXPECT_EQ(sparse.kanri_flg, 11);
+    EXPECT_EQ(sparse.kanri_flg, Office_Mode::Multi);
     EXPECT_EQ(sparse.hojin_kojin, Firm_Type::Corporation);
     EXPECT_EQ(sparse.syori_ki, 0);
     EXPECT_EQ(sparse.tiiki_cd, "");
@@ -232,6 +234,46 @@ TEST(Firm_Kind, Stored_Codes_Read_As_One_Of_Two_Or_None) {
     for (const auto& c : types) {
         EXPECT_EQ(Firm_Type_Of(c.number), c.type) << c.number;
         EXPECT_EQ(Counted(Firm_Type_Of(c.number)), c.counted) << c.number;
+    }
+}
+
+TEST(Data_Form, Stored_Numbers_Keep_Their_Order) {
+    const struct {
+        int number;
+        bool too_old, before_2008, present;
+        std::optional<Edition> edition;
+    } forms[] = {{0, true, false, false, {}},
+                 {1, true, true, false, {}},
+                 {2, true, true, false, {}},
+                 {3, false, false, false, Edition::National},
+                 {4, false, false, false, Edition::Hokkaido},
+                 {5, false, false, true, Edition::National},
+                 {6, false, false, true, Edition::Hokkaido},
+                 {7, false, false, false, {}},
+                 {51, false, false, false, {}},
+                 {53, false, false, false, {}}};
+    for (const auto& c : forms) {
+        const Data_Form_No form = Data_Form_Of(c.number);
+        EXPECT_EQ(Number_Of(form), c.number);
+        EXPECT_EQ(form < Data_Form_No::National_2008, c.too_old) << c.number;
+        EXPECT_EQ(Is_Before_2008(form), c.before_2008) << c.number;
+        EXPECT_EQ(Is_Present(form), c.present) << c.number;
+        EXPECT_EQ(Edition_Of(form), c.edition) << c.number;
+    }
+}
+
+TEST(Office, Other_Numbers_Are_A_Single_Firm_And_Million_Yen) {
+    for (const auto& [number, mode] : {std::pair(0, Office_Mode::Single),
+                                       {1, Office_Mode::Single},
+                                       {11, Office_Mode::Multi},
+                                       {255, Office_Mode::Single}}) {
+        EXPECT_EQ(Office_Mode_Of(static_cast<std::uint8_t>(number)), mode) << number;
+    }
+    for (const auto& [number, unit] : {std::pair(1, Display_Unit::Ones),
+                                       {2, Display_Unit::Thousands},
+                                       {3, Display_Unit::Millions},
+                                       {0, Display_Unit::Millions}}) {
+        EXPECT_EQ(Display_Unit_Of(number), unit) << number;
     }
 }
 
@@ -347,6 +389,9 @@ TEST(Net_Check, Tells_Whether_A_Host_Answers) {
           std::string("host.invalid:80"), std::string("a b:80")}) {
         EXPECT_EQ(Net_Check(host, 500), "0") << host;
     }
+    std::stop_source stop;
+    stop.request_stop();
+    EXPECT_EQ(Net_Check("127.0.0.1" + port, 500, stop.get_token()), "0") << "nobody waits any more";
 }
 
 TEST(Url_Open, Hands_Only_Web_And_Help_Addresses_To_The_Desktop) {

@@ -20,7 +20,7 @@ class Statement_Screen : public Ui_Installation {
     explicit Statement_Screen(const std::string& edition = "13") : Ui_Installation(edition) {}
 
     void Open(std::uint8_t screen_no) {
-        session.Screen_No = screen_no;
+        shell.menu.screen.number = screen_no;
         form = std::make_unique<Frm_KsZaihyo>(shell);
         form->resize(1004, 700);
         form->show();

@@ -295,7 +295,6 @@ TEST_F(Section_Test, Y_Needs_A_Complete_And_Of_A_Corporation_A_Balanced_Statemen
         // The remainder is 1000 and the profit 800.
         Put_Amounts({{838, 150}, {901, -50}});
         Put_Amounts(c.change);
-        session.Menu_Mode = 2;
         const bool refused = *c.refusal != 0;
         const Statement_Section section = Open(200);
         for (const Answer answer : {Answer::No, Answer::Yes}) {
@@ -306,7 +305,6 @@ TEST_F(Section_Test, Y_Needs_A_Complete_And_Of_A_Corporation_A_Balanced_Statemen
                                    ? messages.shown.size() == 1
                                    : messages.shown.front().title == "編集保存確認";
             EXPECT_TRUE(asked);
-            EXPECT_EQ(session.Menu_Mode, answer == Answer::Yes && !refused ? 1 : 2);
         }
         EXPECT_EQ(refused ? messages.shown.back().title : "", c.refusal);
         EXPECT_EQ(std::string(section.Panel().Check_Text()), section.Panel().Check() ? "チェック ⇒ ＯＫ！"

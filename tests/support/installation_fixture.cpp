@@ -4,6 +4,7 @@
 #include "company/data_set.h"
 #include "company/templates.h"
 #include "data/store_file.h"
+#include "session/install_info.h"
 #include "session/kidou_ini.h"
 
 #include <array>
@@ -50,7 +51,7 @@ Installation::Installation(const std::string& edition, bool multi) {
     fs::copy_file(Templates_Folder() / ("morv_" + edition + ".dat"), folder.path / "Morvane.dat");
     Write_Kidou_Ini(folder.path, {});
     Install_Info info;
-    info.kanri_flg = multi ? multi_company_mode : 0;
+    info.kanri_flg = multi ? Office_Mode::Multi : Office_Mode::Single;
     info.tiiki_cd = edition;
     info.todofuken_mei = edition == "01" ? "北海道" : "全国";
     Write_Install_Info(folder.path, info);
@@ -93,8 +94,9 @@ void Installation::Make_Form_2008() {
                        " WHERE 建設科目CD=" + std::to_string(code));
         }
     }
-    session.Data_Ver = session.Is_Hokkaido() ? 4 : 3;
-    cn.Execute("UPDATE Ks_Zaihyo SET 並び順=" + std::to_string(session.Data_Ver) + " WHERE 建設科目CD=99");
+    session.Data_Ver = session.Is_Hokkaido() ? Data_Form_No::Hokkaido_2008 : Data_Form_No::National_2008;
+    cn.Execute("UPDATE Ks_Zaihyo SET 並び順=" + std::to_string(Number_Of(session.Data_Ver)) +
+               " WHERE 建設科目CD=99");
 }
 
 void Installation::Put_Amounts(const std::map<int, double>& amounts, const std::string& column) {

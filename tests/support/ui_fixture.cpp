@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "support/ui_fixture.h"
 
+#include "session/boxes.h"
 #include "session/run_time_error.h"
 #include "widgets/form.h"
 

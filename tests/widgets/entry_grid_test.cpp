@@ -102,6 +102,13 @@ TEST_F(Entry_Grid_Test, Keys_Move_Through_The_Cells) {
         {stop, "A(0)", Key_Return, NoModifier, "B(0)"},
         {stop, "C(2)", Key_Return, NoModifier, "C(2)"},
         {stop, "A(0)", Key_Right, NoModifier, "B(0)"},
+        {stop, "A(0)", Key_Up, NoModifier, "A(0)"},
+        {stop, "A(0)", Key_Left, ControlModifier, "A(0)"},
+        {stop, "P(2)", Key_Right, ControlModifier, "P(2)"},
+        {{}, "A(0)", Key_PageDown, NoModifier, "A(2)"},
+        {{}, "C(2)", Key_PageUp, NoModifier, "C(0)"},
+        {{}, "B(2)", Key_Home, ControlModifier, "A(0)"},
+        {{}, "P(0)", Key_Up, NoModifier, "C(2)"}, // a button stands beyond the entry columns
     };
     for (const auto& move : moves) {
         grid->Set_Keys(move.keys);
@@ -155,6 +162,15 @@ TEST_F(Entry_Grid_Test, What_Is_Composed_Belongs_To_Its_Cell) {
     Key(Qt::Key_Return);
     EXPECT_EQ(names.Cell_Text("Kamk(0)").toStdString(), "現金");
     EXPECT_EQ(names.Cell_Text("Kamk(1)").toStdString(), "");
+    // Left by the mouse, and taken without being left, as a save takes it.
+    QApplication::sendEvent(QApplication::focusWidget(), &composing);
+    auto* view = names.findChild<Grid_View*>();
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, view->Cell_Rect({0, 0}).center());
+    EXPECT_EQ(names.Get_Value("Kamk(1)"), Value("現金"));
+    names.Set_Value("Kamk(0)", Value());
+    QApplication::sendEvent(QApplication::focusWidget(), &composing);
+    EXPECT_TRUE(names.Finish_Entry());
+    EXPECT_EQ(names.Get_Value("Kamk(0)"), Value("現金"));
 }
 
 TEST_F(Entry_Grid_Test, Cells_Take_Only_Their_Keys) {
@@ -233,6 +249,134 @@ TEST_F(Entry_Grid_Test, A_Block_Is_Pasted_Cell_By_Cell_And_Undone_At_Once) {
     EXPECT_EQ(Texts(), "1200|30|2||6||-8||1|") << "the screen has taken the paste back";
 }
 
+// What spreadsheets put on the clipboard, as rows of cells; written again it reads the same.
+TEST(Grid_Block, Clipboard_Texts_Are_Read_Into_Cells) {
+    using Rows = std::vector<std::vector<std::string>>;
+    const std::pair<const char*, Rows> cases[] = {
+        {"", {{""}}},
+        {"1\t2\r\n3", {{"1", "2"}, {"3"}}},
+        {"1\r2\r", {{"1"}, {"2"}}},
+        {"1\n\n", {{"1"}, {""}}}, // an empty row is one
+        {"\"a\nb\"\t\"c\td\"", {{"a\nb", "c\td"}}},
+        {"\"say \"\"yes\"\"\"", {{"say \"yes\""}}},
+        {"\"open\t1", {{"\"open", "1"}}}, // a quote that is never closed is text
+        {"5\" wide", {{"5\" wide"}}},
+    };
+    for (const auto& [text, rows] : cases) {
+        const Text_Block block = Read_Block(QString::fromUtf8(text));
+        Rows read;
+        for (const auto& line : block) {
+            auto& cells = read.emplace_back();
+            for (const QString& cell : line) {
+                cells.push_back(cell.toStdString());
+            }
+        }
+        EXPECT_EQ(read, rows) << text;
+        EXPECT_EQ(Read_Block(Write_Block(block)), block) << text;
+    }
+}
+
+TEST_F(Entry_Grid_Test, A_Paste_Begins_At_The_Mark) {
+    const struct {
+        const char* from;
+        int rows, columns; ///< further ones that are marked
+        const char* text;
+        const char* texts;
+        std::size_t refused;
+    } cases[] = {
+        {"A(0)", 2, 0, "7", "7|||7|||7|||", 0},               // one value into every marked cell
+        {"A(0)", 2, 3, "1", "1|1|1|1||1|1|1|1|", 0},          // past the locked one and the shown ones
+        {"A(0)", 1, 0, "1\t\t2\n3\n4\n", "1|2||3|||4|||", 0}, // a block goes on beyond the mark
+        {"B(1)", 0, 0, "8\n9\n", "|||||||9||", 0},            // locked where it begins
+        {"C(2)", 0, 0, "1\n2\n", "||||||||1|", 1},            // below the last row
+        {"A(1)", 0, 0, "▲１，０００\tx\n", "|||-1000||||||", 0},
+        {"A(1)", 0, 0, "=1+1\t\n", "|||||||||", 1},
+        {"A(0)", 2, 0, "x", "|||||||||", 3},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(testing::Message() << c.from << " " << c.text);
+        grid->Set_Row_Count(3);
+        std::size_t refused = 0;
+        grid->on_refused = [&](const std::vector<Paste_Refused>& cells) { refused = cells.size(); };
+        ASSERT_TRUE(grid->Focus_Cell(c.from));
+        for (int row = 0; row < c.rows; ++row) {
+            Key(Qt::Key_Down, Qt::ShiftModifier);
+        }
+        for (int column = 0; column < c.columns; ++column) {
+            Key(Qt::Key_Right, Qt::ControlModifier | Qt::ShiftModifier);
+        }
+        Paste(c.text);
+        EXPECT_EQ(Texts(), c.texts);
+        EXPECT_EQ(refused, c.refused);
+    }
+    EXPECT_FALSE(grid->Is_Edited()) << "of rows made anew nothing is left to be undone";
+}
+
+TEST_F(Entry_Grid_Test, A_Mark_Column_Is_No_Part_Of_A_Block) {
+    Entry_Grid marks({{.name = "A"},
+                      {.name = "M", .kind = Entry_Kind::Choice, .choices = "1", .in_blocks = false},
+                      {.name = "B"}},
+                     2);
+    marks.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&marks));
+    marks.Set_Value("M(0)", 1);
+    marks.Focus_Cell("A(0)");
+    Paste("10\t20\n30\t40\t50\n");
+    EXPECT_EQ(marks.Cell_Text("B(0)").toStdString() + marks.Cell_Text("M(0)").toStdString(), "201");
+    EXPECT_EQ(marks.Cell_Text("B(1)").toStdString() + marks.Cell_Text("M(1)").toStdString(), "40");
+    Key(Qt::Key_Right, Qt::ControlModifier | Qt::ShiftModifier);
+    Key(Qt::Key_Right, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(marks.Copied_Text().toStdString(), "10\t20\n");
+}
+
+TEST_F(Entry_Grid_Test, A_Refusal_Names_Few_Cells_And_Short_Texts) {
+    std::vector<Paste_Refused> refused(10, {0, 0, QStringLiteral("12345678901234567890x")});
+    refused.front().row = 99;
+    const std::string text = grid->Refusal_Text(refused);
+    EXPECT_NE(text.find("100行目1列目（表の外）：12345678901234567890…\n「土木」の「完工高 前期」："),
+              std::string::npos)
+        << text;
+    EXPECT_TRUE(text.ends_with("\nほか2件")) << text;
+}
+
+TEST_F(Entry_Grid_Test, The_Screen_Can_Refuse_An_Undo) {
+    Paste("1\n2\n");
+    bool holds = false;
+    int restored = 0;
+    grid->on_block = [&](const std::vector<Cell_At>&) { return holds; };
+    QObject::connect(grid, &Entry_Grid::Values_Restored, [&] { ++restored; });
+    Key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Texts(), "1|||2||||||");
+    EXPECT_EQ(restored, 1);
+    holds = true;
+    Key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Texts(), "|||||||||") << "it is still there to be undone";
+    holds = false;
+    Key(Qt::Key_Y, Qt::ControlModifier);
+    EXPECT_EQ(Texts(), "|||||||||");
+}
+
+TEST_F(Entry_Grid_Test, The_Mouse_Marks_A_Block) {
+    auto* view = grid->findChild<Grid_View*>();
+    const auto at = [&](int row, int column) { return view->Cell_Rect({row, column}).center(); };
+    const auto paste = [&](const char* text, const char* texts) {
+        Paste(text);
+        EXPECT_EQ(Texts(), texts);
+        Key(Qt::Key_Z, Qt::ControlModifier);
+    };
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, at(0, 2));
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, Qt::ShiftModifier, at(2, 3));
+    paste("1", "|1|1|||1||1|1|");
+    QTest::mousePress(view->viewport(), Qt::LeftButton, {}, at(2, 0));
+    QTest::mouseMove(view->viewport(), at(1, 0));
+    QTest::mouseRelease(view->viewport(), Qt::LeftButton, {}, at(1, 0));
+    paste("3", "|||3|||3|||");
+    Key(Qt::Key_Down, Qt::ShiftModifier);
+    Type("9");
+    Key(Qt::Key_Return);
+    EXPECT_EQ(Texts(), "|||9||||||") << "a key ends the mark and is typed";
+}
+
 TEST_F(Entry_Grid_Test, A_Marked_Block_Is_Copied_And_Cleared) {
     grid->Set_Value("A(0)", 1234);
     grid->Set_Value("S(1)", "a\tb");
@@ -278,6 +422,32 @@ TEST_F(Entry_Grid_Test, Totals_Stand_Under_Their_Columns) {
     }
     EXPECT_LT(views[0]->columnViewportPosition(0), 0) << "scrolled";
     EXPECT_THROW(static_cast<void>(grid->Cell_Text("A(3)")), std::out_of_range);
+}
+
+TEST_F(Entry_Grid_Test, The_Rows_Scroll_Over_The_Totals) {
+    grid->Set_Row_Count(60);
+    grid->Set_Totals({{"合計"}});
+    QTest::qWait(1);
+    const QList<Grid_View*> views = grid->findChildren<Grid_View*>();
+    const auto place = [&] { return views[1]->mapTo(grid, QPoint()); };
+    const QPoint before_scrolling = place();
+    const struct {
+        Qt::Key key;
+        Qt::KeyboardModifiers modifiers;
+    } ways[] = {{Qt::Key_PageDown, {}},
+                {Qt::Key_End, Qt::ControlModifier},
+                {Qt::Key_PageUp, {}},
+                {Qt::Key_Home, Qt::ControlModifier},
+                {Qt::Key_Up, {}}};
+    for (const auto& way : ways) {
+        Key(way.key, way.modifiers);
+        EXPECT_TRUE(views[0]->viewport()->rect().contains(views[0]->Cell_Rect(grid->Current())))
+            << grid->Current().row;
+        EXPECT_EQ(QApplication::focusWidget()->geometry(), views[0]->Cell_Rect(grid->Current()));
+        EXPECT_EQ(place(), before_scrolling);
+    }
+    EXPECT_EQ(grid->Current().row, 59) << "up from the first row";
+    EXPECT_EQ(views[0]->viewport()->width(), views[1]->viewport()->width()) << "beside the scroll bar";
 }
 
 } // namespace
