@@ -2,7 +2,7 @@
 #pragma once
 
 #include "app/gates.h"
-#include "widgets/menu_state.h"
+#include "session/menu_state.h"
 
 #include <array>
 #include <optional>

@@ -6,10 +6,10 @@
 #include "app/start_up.h"
 #include "company/new_installation.h"
 #include "data/store_file.h"
+#include "law/run_time_error.h"
 #include "session/boxes.h"
 #include "session/install_info.h"
 #include "session/program_folder.h"
-#include "session/run_time_error.h"
 #include "session/save_or_stay.h"
 
 #include <QApplication>

@@ -12,8 +12,8 @@
 #include "data/shown_text.h"
 #include "data/store_file.h"
 #include "law/accounts.h"
+#include "law/run_time_error.h"
 #include "review/settle.h"
-#include "session/run_time_error.h"
 #include "statements/z_zzen_get.h"
 #include "statements/zaimu_calc.h"
 

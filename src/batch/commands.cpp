@@ -12,10 +12,10 @@
 #include "data/output_file.h"
 #include "data/shown_text.h"
 #include "law/law_year.h"
+#include "law/run_time_error.h"
 #include "law/ten_tables.h"
 #include "maint/csv_out.h"
 #include "report/report_table.h"
-#include "session/run_time_error.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
-#include "session/run_time_error.h"
+#include "law/run_time_error.h"
 
 #include <cmath>
 #include <cstdint>

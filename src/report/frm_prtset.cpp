@@ -2,9 +2,9 @@
 #include "report/frm_prtset.h"
 
 #include "data/value.h"
-#include "screens/keiei.h"
+#include "law/run_time_error.h"
 #include "session/boxes.h"
-#include "session/run_time_error.h"
+#include "session/kyotu_mod.h"
 #include "widgets/section_box.h"
 
 #include <QPushButton>

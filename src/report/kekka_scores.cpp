@@ -2,7 +2,7 @@
 #include "report/cell_table.h"
 #include "report/kekka_rows.h"
 #include "report/kekka_sheet.h"
-#include "screens/keiei.h"
+#include "session/kyotu_mod.h"
 
 #include <array>
 #include <optional>

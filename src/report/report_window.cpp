@@ -3,11 +3,11 @@
 
 #include "data/output_file.h"
 #include "data/store_error.h"
+#include "law/run_time_error.h"
 #include "report/frm_prtset.h"
 #include "report/print_watch.h"
 #include "review/settle.h"
 #include "session/boxes.h"
-#include "session/run_time_error.h"
 #include "session/save_or_stay.h"
 #include "widgets/theme.h"
 

@@ -2,9 +2,9 @@
 #include "review/settle.h"
 
 #include "law/elements.h"
+#include "law/run_time_error.h"
 #include "review/social.h"
 #include "session/kyotu_mod.h"
-#include "session/run_time_error.h"
 
 #include <algorithm>
 #include <array>

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
+#include "law/run_time_error.h"
 #include "review/y_calc.h"
 #include "screens/kanko_table.h"
-#include "session/run_time_error.h"
 
 #include <optional>
 #include <span>

@@ -66,7 +66,4 @@ struct Keiei_Texts {
 
 Keiei_Texts Show_Keiei(const Y_Calc& y);
 
-/// A single-precision figure with fixed decimals: its decimal digits are rounded, a half away from zero.
-std::string Fixed_Str(float figure, int decimals);
-
 } // namespace morvane

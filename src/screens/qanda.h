@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
-#include "widgets/menu_state.h"
+#include "session/menu_state.h"
 
 #include <string>
 

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
+#include "law/run_time_error.h"
 #include "screens/screen_sides.h"
 #include "screens/syokuta_table.h"
-#include "session/run_time_error.h"
 
 #include <cstdint>
 #include <optional>

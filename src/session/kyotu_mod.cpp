@@ -3,6 +3,9 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <charconv>
+#include <cmath>
+#include <cstdio>
 #include <fcntl.h>
 #include <netdb.h>
 #include <poll.h>
@@ -37,6 +40,24 @@ std::string Comma_Str(const Value& value) {
         grouped += (grouped.empty() ? "" : ",") + text.substr(at, 3);
     }
     return sign + grouped + decimals;
+}
+
+std::string Fixed_Str(float figure, int decimals) {
+    // 12.35 as a float lies below 12.35: the half is that of the digits it stands for.
+    std::array<char, 64> digits{};
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), figure).ptr;
+    double decimal = 0.0;
+    std::from_chars(digits.data(), end, decimal);
+    const double scale = std::pow(10.0, decimals);
+    // A float has at most nine digits, so that nothing but a half lies as near to a half.
+    constexpr double beyond_noise = 1.0 + 1e-12;
+    double rounded = std::round(decimal * scale * beyond_noise) / scale;
+    if (rounded == 0.0) {
+        rounded = 0.0; // no "-0.0"
+    }
+    std::array<char, 64> text{};
+    const int length = std::snprintf(text.data(), text.size(), "%.*f", decimals, rounded);
+    return {text.data(), static_cast<std::size_t>(length)};
 }
 
 bool QandA_Flag(const Session& session, int screen_no) {

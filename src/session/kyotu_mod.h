@@ -16,6 +16,9 @@ namespace morvane {
 /// keep them.
 std::string Comma_Str(const Value& value);
 
+/// A single-precision figure with fixed decimals: its decimal digits are rounded, a half away from zero.
+std::string Fixed_Str(float figure, int decimals);
+
 /// Whether the screen `screen_no` has a note in the period in hand: a row whose question or advice is not
 /// Null.
 bool QandA_Flag(const Session& session, int screen_no);

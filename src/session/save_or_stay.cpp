@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "session/save_or_stay.h"
 
+#include "law/run_time_error.h"
 #include "session/boxes.h"
-#include "session/run_time_error.h"
 
 #include <optional>
 

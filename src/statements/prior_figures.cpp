@@ -2,9 +2,9 @@
 #include "statements/prior_figures.h"
 
 #include "law/accounts.h"
+#include "law/run_time_error.h"
 #include "review/y_calc.h"
 #include "session/boxes.h"
-#include "session/run_time_error.h"
 #include "statements/z_zzen_get.h"
 
 namespace morvane {

@@ -3,8 +3,8 @@
 
 #include "data/store_file.h"
 #include "law/accounts.h"
+#include "law/run_time_error.h"
 #include "session/kyotu_mod.h"
-#include "session/run_time_error.h"
 
 #include <algorithm>
 #include <array>

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
+#include "session/menu_state.h"
 #include "session/session.h"
-#include "widgets/menu_state.h"
 
 #include <QString>
 #include <functional>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "law/ten_tables.h"
 
-#include "session/run_time_error.h"
+#include "law/run_time_error.h"
 
 #include <gtest/gtest.h>
 

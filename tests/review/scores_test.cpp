@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "review/scores.h"
 
+#include "law/run_time_error.h"
 #include "review/works.h"
-#include "session/run_time_error.h"
 
 #include <gtest/gtest.h>
 

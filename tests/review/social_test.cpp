@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "review/social.h"
 
+#include "law/run_time_error.h"
 #include "review/relief.h"
 #include "review/settle.h"
-#include "session/run_time_error.h"
 #include "support/generated_firm.h"
 #include "support/installation_fixture.h"
 

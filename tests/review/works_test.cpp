@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "review/works.h"
 
+#include "law/run_time_error.h"
 #include "review/settle.h"
-#include "session/run_time_error.h"
 #include "support/installation_fixture.h"
 
 namespace morvane::tests {

@@ -2,7 +2,7 @@
 #include "review/y_calc.h"
 
 #include "company/data_set.h"
-#include "session/run_time_error.h"
+#include "law/run_time_error.h"
 #include "support/installation_fixture.h"
 
 namespace morvane::tests {

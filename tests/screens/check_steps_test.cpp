@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "law/elements.h"
+#include "law/run_time_error.h"
 #include "review/settle.h"
 #include "review/social.h"
 #include "screens/check_sheet.h"
 #include "session/kyotu_mod.h"
-#include "session/run_time_error.h"
 
 #include <gtest/gtest.h>
 

@@ -3,10 +3,10 @@
 
 #include "batch/case_file.h"
 #include "law/elements.h"
+#include "law/run_time_error.h"
 #include "review/settle.h"
 #include "screens/frm_kanko.h"
 #include "session/kyotu_mod.h"
-#include "session/run_time_error.h"
 #include "support/failing_writes.h"
 #include "support/ui_fixture.h"
 #include "widgets/entry_cell.h"

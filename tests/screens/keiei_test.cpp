@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "screens/keiei.h"
 
+#include "session/kyotu_mod.h"
+
 #include <gtest/gtest.h>
 #include <map>
 

@@ -2,7 +2,7 @@
 #include "statements/zaimu_calc.h"
 
 #include "company/data_set.h"
-#include "session/run_time_error.h"
+#include "law/run_time_error.h"
 #include "statements/z_zzen_get.h"
 #include "support/installation_fixture.h"
 

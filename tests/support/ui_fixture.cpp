@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "support/ui_fixture.h"
 
+#include "law/run_time_error.h"
 #include "session/boxes.h"
-#include "session/run_time_error.h"
 #include "widgets/form.h"
 
 #include <QApplication>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "data/store_error.h"
+#include "law/run_time_error.h"
 #include "session/progress.h"
-#include "session/run_time_error.h"
 #include "support/ui_fixture.h"
 #include "widgets/form.h"
 
