@@ -5,6 +5,9 @@
 #include "report/kekka_rows.h"
 #include "report/kekka_sheet.h"
 
+#include <algorithm>
+#include <functional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -49,17 +52,31 @@ struct Works_Column {
     bool has_total = false;
 };
 
-/// 補佐, the assistants of supervising engineers, came in 2021 and stand by their weight.
-std::vector<Works_Column> Columns_Of(const Kekka_Figures& kekka, Kekka_Form form) {
+/// The width in which all counts of a column can be read in the least size, mm.
+float Width_For_Counts(const Page_Layout& page, const Kekka_Figures& kekka, Of_Line figure) {
+    constexpr float gap = 0.15F;
+    float widest = 0.0F;
+    for (const Work_Line& line : kekka.figures.works) {
+        widest = std::max(widest, page.Width_Of(Figure_Text(figure(line).value, true), count_type));
+    }
+    return widest * Page_Layout::least_size / count_type.size + count_type.padding + gap;
+}
+
+/// 補佐, the assistants of supervising engineers, came in 2021 and stand by their weight. Counts of five
+/// digits and more take from the amounts what their columns lack.
+std::vector<Works_Column> Columns_Of(const Page_Layout& page, const Kekka_Figures& kekka, Kekka_Form form) {
     const bool with_hosa = form == Kekka_Form::Rpt_Kekka_2012;
     const float engineer_width = engineers_width / (with_hosa ? 6.0F : 5.0F);
     const char* average = kekka.figures.Yoso(element::years_of_average) == 3 ? "3年平均" : "2年平均";
     std::vector<Works_Column> columns;
+    float lacking = 0.0F;
     const auto amount = [&](const char* group, const char* head, Of_Line figure) {
         columns.push_back({{amount_width, amount_type, {group, head}}, figure, true});
     };
     const auto engineers = [&](const char* head, Of_Line figure) {
-        columns.push_back({{engineer_width, count_type, {motouke_head, head}}, figure});
+        const float width = std::max(engineer_width, Width_For_Counts(page, kekka, figure));
+        lacking += width - engineer_width;
+        columns.push_back({{width, count_type, {motouke_head, head}}, figure});
     };
     columns.push_back({{0, points_type, {"総合\n評点\n（Ｐ）"}}, Of<&Work_Line::P>});
     amount(kanko_head, "基準決算", Of<&Work_Line::Kijun>);
@@ -80,6 +97,10 @@ std::vector<Works_Column> Columns_Of(const Kekka_Figures& kekka, Kekka_Form form
     columns.push_back({{zi_width, amount_type, {motouke_head, "（Ｚ1）"}}, Of<&Work_Line::Zi>});
     columns.push_back({{zi_width, amount_type, {motouke_head, "（Ｚ2）"}}, Of<&Work_Line::Zro>});
     columns.push_back({{0, points_type, {motouke_head, "評点\n（Ｚ）"}}, Of<&Work_Line::Z>});
+    const auto amounts = std::count_if(columns.begin(), columns.end(), std::mem_fn(&Works_Column::has_total));
+    for (Works_Column& column : columns) {
+        column.column.width -= column.has_total ? lacking / static_cast<float>(amounts) : 0.0F;
+    }
     return columns;
 }
 
@@ -124,7 +145,7 @@ Table_Row Total_Row(const Kekka_Figures& kekka, const std::vector<Works_Column>&
 } // namespace
 
 float Draw_Works(Page_Layout& page, const Kekka_Figures& kekka, Kekka_Form form, float top) {
-    const std::vector<Works_Column> figures = Columns_Of(kekka, form);
+    const std::vector<Works_Column> figures = Columns_Of(page, kekka, form);
     std::vector<Table_Column> columns = {{code_width, code_type, {kind_head}},
                                          {name_width, name_type, {kind_head}, Rule::None}};
     for (const Works_Column& column : figures) {

@@ -302,7 +302,8 @@ TEST(Kekka_Form_Test, Large_Figures_Are_Printed_Whole) {
     };
     for (const Row& row : {Row{9'999'999, 99, "9,999,999", "99", 7},
                            {99'999'999, 999, "99,999,999", "999", 6.6},
-                           {1'234'567'890, 1'234, "1234567890", "1234", 6}}) {
+                           {999'999'999, 12'345, "999,999,999", "12,345", 6},
+                           {1'234'567'890, 999, "1234567890", "999", 6}}) {
         Kekka_Figures kekka = Figures_Of_Law(4);
         kekka.figures.works[0].Kijun.Set(Thousand_Yen(row.amount));
         kekka.figures.works[0].gijutusya[0].Set(Head_Count(row.engineers));
