@@ -50,18 +50,15 @@ TEST(Ten_Tables, Rows_Leave_No_Gap_And_Meet) {
     }
 }
 
-TEST(Ten_Tables, Known_Scores) {
+// The scores themselves are held against the calculation of tests/reference.
+TEST(Ten_Tables, Ends_Of_A_Table) {
     const struct {
         const Ten_Table* table;
         std::int32_t v, ten;
         int row;
-    } cases[] = {
-        {&Ten_X1_A, 9'999, 518, 41},     {&Ten_X1_A, 10'000, 519, 40},      {&Ten_X1_B, 777'777, 965, 22},
-        {&Ten_X2_1, 777'777, 893, 27},   {&Ten_X2_2, 3'456'789, 1'346, 10}, {&Ten_Z1, 39, 878, 24},
-        {&Ten_Z1, 40, 885, 23},          {&Ten_Z1, 15'499, 2'334, 1},       {&Ten_Z1, 15'500, 2'335, 0},
-        {&Ten_Z2_A, 777'777, 1'024, 22}, {&Ten_Z2_B, 55'555, 757, 33},      {&Ten_X1_B, 0, 397, 41},
-        {&Ten_X1_B, -1, 0, -1},          {&Ten_X2_1, int32_max, 2'114, 0},  {&Ten_X2_1, -int32_max, 0, -1},
-    };
+    } cases[] = {{&Ten_X1_A, 9'999, 518, 41}, {&Ten_X1_A, 10'000, 519, 40},     {&Ten_Z1, 15'499, 2'334, 1},
+                 {&Ten_Z1, 15'500, 2'335, 0}, {&Ten_X2_1, int32_max, 2'114, 0}, {&Ten_X1_B, 0, 397, 41},
+                 {&Ten_X1_B, -1, 0, -1},      {&Ten_X2_1, -int32_max, 0, -1}};
     for (const auto& c : cases) {
         const Ten_Result result = Ten_Lookup(*c.table, c.v);
         EXPECT_EQ(result.ten, c.ten) << c.table->caption << c.v;
@@ -120,25 +117,18 @@ TEST(Tbl_Lists, Formulas_Printed_Otherwise) {
 TEST(Tbl_Lists, Texts) {
     const struct {
         int number;
-        const char *heading, *title, *constant, *first_formula, *first_limit;
+        const char *constant, *first_formula, *first_limit;
         std::size_t index;
         const char* limit;
     } cases[] = {
-        {1, "許可を受けた建設業に係る建設工事の種類別年間平均完成工事高", "年間平均完成工事高 別表", "2,268",
-         "　112×（年間平均完成工事高）÷20,000,000＋1,708", "1,000億円", 26, "2億5,000万円"},
-        {2, "自己資本の額又は平均自己資本の額", "自己資本額 別表", "2,114",
-         "　63×（自己資本額）÷50,000,000＋1,736", "3,000億円", 45, "1,000万円"},
-        {3, "平均利益額", "平均利益額 別表", "2,447", "　134×（平均利益額）÷5,000,000＋1,643", "300億円", 22,
-         "2億円"},
-        {4, "許可を受けた建設業に係る建設工事の種類別年間平均元請完成工事高", "年間平均元請完成工事高 別表",
-         "2,268", "　103×（年間平均元請完成工事高）÷20,000,000＋1,976", "1,000億円", 31, "8,000万円"},
-        {5, "技術職員数値", "技術職員数値 別表", "2,335", "　62×（技術職員数値）÷ 3,570 ＋ 2,065", "15,500",
-         28, "5"},
+        {1, "2,268", "　112×（年間平均完成工事高）÷20,000,000＋1,708", "1,000億円", 26, "2億5,000万円"},
+        {2, "2,114", "　63×（自己資本額）÷50,000,000＋1,736", "3,000億円", 45, "1,000万円"},
+        {3, "2,447", "　134×（平均利益額）÷5,000,000＋1,643", "300億円", 22, "2億円"},
+        {4, "2,268", "　103×（年間平均元請完成工事高）÷20,000,000＋1,976", "1,000億円", 31, "8,000万円"},
+        {5, "2,335", "　62×（技術職員数値）÷ 3,570 ＋ 2,065", "15,500", 28, "5"},
     };
     for (const auto& c : cases) {
         const Tbl_Lists lists = Set_Tbl_Lists(c.number, Law_Of(1));
-        EXPECT_EQ(lists.heading, c.heading);
-        EXPECT_EQ(lists.title, c.title);
         EXPECT_EQ(lists.formulas.at(0), c.constant);
         EXPECT_EQ(lists.formulas.at(1), c.first_formula);
         EXPECT_EQ(lists.limits.at(0), c.first_limit);
