@@ -1,17 +1,11 @@
 # SPDX-FileCopyrightText: The Morvane developers
 """Reference calculation of the Management Item Review (建設業法 第27条の23).
 
-Reads case files and writes the morvane-score JSON. It shares no code with the
-engine and is built for legibility: the score of a firm is found by replaying
-what the screens do until nothing changes any more.
-
-    reference.py CASE.json... [--period K] [--scenario genjo|kaizen|1|2|3] [-o OUT.json]
-
-A folder given in place of a file stands for all its *.json files.
-Exit status: 0 all scored, 1 some company failed, 2 bad arguments or bad case.
+Company reads a case file and scores it as an entry of the morvane-score JSON.
+It shares no code with the engine and is built for legibility: the score of a
+firm is found by replaying what the screens do until nothing changes any more.
 """
 
-import argparse
 import csv
 import calendar
 import datetime
@@ -19,7 +13,6 @@ import json
 import math
 import pathlib
 import struct
-import sys
 
 HERE = pathlib.Path(__file__).resolve().parent
 STORES = HERE.parent.parent / "stores"
@@ -29,12 +22,6 @@ SCORED = 32          # lines 0 to 31 carry scores
 COMBINED = 32        # と・解: never holds a figure
 OTHER = 33           # その他: amounts and averages, no scores
 SUB_LINES = (1, 6, 13)   # parts of 010, 050 and 110, left out of the totals
-
-LINE_NAMES = (
-    "土木一式", "ﾌﾟﾚｽﾄﾚｽﾄｺﾝｸﾘｰﾄ", "建築一式", "大工", "左官", "とび･土工･ｺﾝｸﾘｰﾄ", "法面処理", "石",
-    "屋根", "電気", "管", "ﾀｲﾙ･れんが･ﾌﾞﾛｯｸ", "鋼構造物", "鋼橋上部", "鉄筋", "ほ装", "しゅんせつ",
-    "板金", "ガラス", "塗装", "防水", "内装仕上", "機械器具設置", "熱絶縁", "電気通信", "造園",
-    "さく井", "建具", "水道施設", "消防施設", "清掃施設", "解体", "と・解", "その他")
 
 # The twenty columns of a scenario. 技術者6 came later and is in no copy.
 FAMILY = (
@@ -48,14 +35,11 @@ OWN = ("完工高前々期", "完工高前期", "完工高基準")
 OWN_STORED = ("完工高前々期", "完工高前期", "完工高前平均", "完工高基準", "完工高平均")
 PRIME = tuple("元請" + c for c in OWN)
 PRIME_STORED = tuple("元請" + c for c in OWN_STORED)
+AVERAGES = ("完工高平均", "元請完工高平均")
 SCORES = ("評点X1", "評点Z1", "評点Z2", "評点Z", "総合評点P")
 
 PREFIX = {"genjo": "", "kaizen": "改0", "1": "改1", "2": "改2", "3": "改3"}
 ELEMENT_COLUMN = {"genjo": "現状", "kaizen": "改善後0"}
-
-
-class CaseError(Exception):
-    """The case file cannot be taken in."""
 
 
 class ScoreError(Exception):
@@ -70,15 +54,6 @@ def f32(x):
         return struct.unpack("<f", struct.pack("<f", x))[0]
     except OverflowError:
         raise ScoreError("単精度の桁あふれ") from None
-
-
-def shortest(x):
-    """The shortest decimal that gives this single, as a JSON number."""
-    for digits in range(1, 10):
-        y = float("%.*g" % (digits, x))
-        if f32(y) == x:
-            return y
-    return x
 
 
 def i32(n):
@@ -200,7 +175,7 @@ class Statement:
 
     def totals(self):
         """Totals of the current amounts; lines the firm type does not have stay out."""
-        self._cascade(self.amount, shown_only=True, journal=False)
+        self._cascade(self.amount, shown_only=True)
 
     def totals_after_journal(self):
         """Balances after the improvement journal, then their totals; every line counts."""
@@ -214,8 +189,7 @@ class Statement:
                 self.balance[code] = g + k - s
             else:
                 self.balance[code] = g - k + s
-        for column in (self.debit, self.credit, self.balance):
-            self._cascade(column, shown_only=False, journal=True)
+        self._cascade(self.balance, shown_only=False)
 
     def _class_sums(self, column, shown_only):
         sums = {}
@@ -228,111 +202,43 @@ class Statement:
             sums[account.klass] = sums.get(account.klass, 0) + (-v if account.minus else v)
         return sums
 
-    def _cascade(self, column, shown_only, journal):
+    def _cascade(self, column, shown_only):
+        """The totals that a score or a later period reads."""
         north = self.edition == "01"
-
-        def put(code, v):
-            if code in column:
-                column[code] = v
-
-        def row(code):
-            return column.get(code) or 0
 
         # Totals that are themselves lines of another class come first.
         sums = self._class_sums(column, shown_only)
         if north:
-            put(534, sums.get("Kgu", 0))
-            put(579, sums.get("Kgu", 0))
-        h = sums.get("SguH", 0)
-        t = h + sums.get("SguT", 0)
-        put(726, h)
-        put(702, t)
-        put(728, t)
+            column[534] = column[579] = sums.get("Kgu", 0)
+        column[726] = sums.get("SguH", 0)
+        column[702] = column[728] = column[726] + sums.get("SguT", 0)
 
         sums = self._class_sums(column, shown_only)
 
-        def c(klass):
-            return sums.get(klass, 0)
+        def c(*classes):
+            return sum(sums.get(klass, 0) for klass in classes)
 
-        # Balance sheet.
-        put(129, c("Rds"))
-        put(149, c("Yks"))
-        put(159, c("Mks"))
-        put(178, c("Tst"))
-        fixed = c("Yks") + c("Mks") + c("Tst")
-        put(179, fixed)
-        assets = c("Rds") + fixed
+        # Balance sheet: equity and retained earnings are the remainders that make it balance.
+        column[179] = c("Yks", "Mks", "Tst")
+        column[229] = c("Rdf")
+        column[248] = c("Ktf")
+        assets = c("Rds") + column[179]
         if self.corporation:
             assets += c("Kns")
-            put(189, c("Kns"))
-        put(199, assets)
-        put(229, c("Rdf"))
-        put(248, c("Ktf"))
-        debts = c("Rdf") + c("Ktf")
-        put(249, debts)
+        column[399] = assets
+        column[319] = assets - column[229] - column[248]
         if self.corporation:
-            # Retained earnings are the remainder that makes the sheet balance.
-            x = assets - debts - c("Hjk") - c("Rjk") - c("Jsg") - c("Hks") - c("Skabu")
-            put(281, x)
-            put(269, row(260) + row(268))
-            p = c("Rjk") + x
-            put(289, p)
-            q = p + c("Hjk") + c("Jsg")
-            put(298, q)
-            put(303, c("Hks"))
-            s = q + c("Hks") + c("Skabu")
-            put(319, s)
-            put(399, s + debts)
-        else:
-            capital = row(250) + row(251) - row(273)
-            x = assets - debts - capital
-            put(281, x)
-            put(319, x + capital)
-            put(399, debts + capital + x)
+            column[289] = column[319] - c("Hjk", "Jsg", "Hks", "Skabu")
 
         # Income statement.
-        cost = c("Kkg")
-        side = c("KugG") + c("KugT")
-        put(539, cost)
+        side = c("KugG", "KugT")
         if north:
-            put(401, cost)
-            work = c("Kku") - cost
-            if not journal:
-                put(409, work)
-            put(411, side)
-            rest = c("Knu") - side
+            column[419] = c("Kku") - c("Kkg") + c("Knu") - side
         else:
-            put(403, cost)
-            work = c("Kku_u") - cost
-            put(417, work)
-            put(413, side)
-            rest = c("Knu_u") - side
-        put(418, rest)
-        z = work + rest
-        put(419, z)
-        if not north:
-            put(402, row(400) + row(401))
-            put(414, row(403) + row(413))
-        put(468, c("Ipk"))
-        z -= c("Ipk")
-        put(469, z)
-        put(479, c("Egs"))
-        put(488, c("Egh"))
-        z += c("Egs") - c("Egh")
-        put(489, z)
-        if self.corporation:
-            put(499, c("Tbr"))
-            put(509, c("Tbs"))
-            z += c("Tbr") - c("Tbs")
-            put(510, z)
-            z -= c("SesT")
-            put(519, z)
-        else:
-            put(529, z)
-        put(703, c("KugG"))
-        put(705, side)
-        put(726, c("SguH"))
-        put(728, c("SguH") + c("SguT"))
+            column[419] = c("Kku_u") - c("Kkg") + c("Knu_u") - side
+            column[402] = (column[400] or 0) + (column[401] or 0)
+        column[469] = column[419] - c("Ipk")
+        column[489] = column[469] + c("Egs") - c("Egh")
 
     def take_prior(self, earlier, years_back, given):
         """Fill the prior-period lines that were not given from an earlier period.
@@ -342,7 +248,7 @@ class Statement:
         """
         shared = (101, 103, 106, 107, 114, 177, 200, 201, 210 if earlier.edition == "01" else 209)
         if years_back == 1:
-            sources = shared + (319, 399, 436, 469, 489, 511, 536, 724, 729, 281)
+            sources = shared + (319, 399, 436, 469, 489, 511, 536, 724, 729)
             first = 820
         else:
             sources = shared
@@ -784,18 +690,10 @@ class Desk:
         e = self.elements
 
         def line(index):
-            row = self.lines[index]
-            scored = index < SCORED
-
-            def score(name):
-                return row.get(name) if scored else None
-
-            def figure(name):
-                return row.get(name) if index != COMBINED else None
-            return {"工種CD": index, "工種略": LINE_NAMES[index],
-                    "完工高平均": figure("完工高平均"), "評点X1": score("評点X1"),
-                    "評点Z1": score("評点Z1"), "元請完工高平均": figure("元請完工高平均"),
-                    "評点Z2": score("評点Z2"), "評点Z": score("評点Z"), "総合評点P": score("総合評点P")}
+            """Scores of the lines that have some, averages of all but the combined one."""
+            shown = SCORES + AVERAGES if index < SCORED else AVERAGES if index != COMBINED else ()
+            return {"工種CD": index, **{name: self.lines[index].get(name) if name in shown else None
+                                      for name in SCORES + AVERAGES}}
 
         late = self.law >= 2
         return {"X2": self.x2,
@@ -811,22 +709,12 @@ class Company:
     def __init__(self, path):
         with open(path, encoding="utf-8") as f:
             case = json.load(f)
-        if case.get("format") != "morvane-case" or case.get("version") != 1:
-            raise CaseError("%s: not a case file" % path)
-        self.path = path
+        assert (case["format"], case["version"]) == ("morvane-case", 1), path
         self.edition = case["Tiiki_CD"]
-        if self.edition not in CHARTS:
-            raise CaseError("%s: Tiiki_CD %r" % (path, self.edition))
         self.office = case["Jigyo_mas"]
         self.corporation = self.office["法人個人識別"] == 1
-        self.periods = {}
-        last = None
-        for period in case["periods"]:
-            k = period["決算期"]
-            if last is not None and k != last + 1:
-                raise CaseError("%s: period %s out of order" % (path, k))
-            last = k
-            self.periods[k] = period
+        self.periods = {period["決算期"]: period for period in case["periods"]}
+        assert list(self.periods) == sorted(self.periods), path
         self.statements = {}
         for k, period in self.periods.items():
             self.statements[k] = self._statement(k, period)
@@ -836,9 +724,7 @@ class Company:
         given = set()
         for key, v in period.get("Ks_Zaihyo", {}).items():
             code = int(key)
-            account = s.chart.get(code)
-            if account is None or not account.entered:
-                raise CaseError("%s: period %s: account %s takes no amount" % (self.path, k, key))
+            assert s.chart[code].entered, "period %s: account %s takes no amount" % (k, key)
             entry = v if isinstance(v, dict) else {"金額": v}
             s.amount[code] = entry.get("金額")
             s.debit[code] = entry.get("借方")
@@ -869,9 +755,6 @@ class Company:
         period, statement = self.periods[k], self.statements[k]
         given_lines = {int(i): line for i, line in period.get("Kandaka_Gj", {}).items()}
         given_elements = {int(i): v for i, v in period.get("W_Yoso", {}).items()}
-        for i in given_lines:
-            if not 0 <= i < LINES:
-                raise CaseError("%s: work type %s" % (self.path, i))
 
         def lines(prefix):
             return [{n: given_lines.get(i, {}).get(prefix + n) for n in FAMILY + (SIXTH,)}
@@ -920,53 +803,6 @@ class Company:
             desk.settle()
         except (ZeroDivisionError, ValueError, OverflowError) as error:
             raise ScoreError(str(error)) from None
-        shown = {"X": [shortest(v) for v in y["X"]], "ritu": [shortest(v) for v in y["ritu"]],
-                 "A": shortest(y["A"]), "Y": y["Y"]}
         return {"管理No": self.office["管理No"], "事業所名": self.office["事業所名"], "決算期": k,
-                "Simyu_Kubun": self.periods[k]["Simyu_Kubun"], "scenario": scenario, "Y": shown,
+                "Simyu_Kubun": self.periods[k]["Simyu_Kubun"], "scenario": scenario, "Y": y,
                 **desk.result()}
-
-
-def case_files(arguments):
-    for name in arguments:
-        path = pathlib.Path(name)
-        if path.is_dir():
-            yield from sorted(path.glob("*.json"))
-        else:
-            yield path
-
-
-def main(argv=None):
-    parser = argparse.ArgumentParser(description="Reference scores of case files.")
-    parser.add_argument("cases", nargs="+", help="case files, or folders of them")
-    parser.add_argument("--period", type=int, help="決算期 (default: 処理決算期)")
-    parser.add_argument("--scenario", choices=sorted(PREFIX), default="genjo")
-    parser.add_argument("-o", "--output", help="file to write (default: standard output)")
-    args = parser.parse_args(argv)
-
-    companies, errors, editions = [], [], set()
-    try:
-        for path in case_files(args.cases):
-            company = Company(path)
-            editions.add(company.edition)
-            if len(editions) > 1:
-                raise CaseError("%s: another edition than the cases before it" % path)
-            try:
-                companies.append(company.score(args.period, args.scenario))
-            except ScoreError as error:
-                errors.append({"管理No": company.office["管理No"], "error": str(error)})
-    except (CaseError, OSError, KeyError, ValueError) as error:
-        print("reference: %s" % error, file=sys.stderr)
-        return 2
-
-    text = json.dumps({"format": "morvane-score", "version": 1, "companies": companies,
-                       "errors": errors}, ensure_ascii=False, indent=1)
-    if args.output:
-        pathlib.Path(args.output).write_text(text + "\n", encoding="utf-8")
-    else:
-        print(text)
-    return 1 if errors else 0
-
-
-if __name__ == "__main__":
-    sys.exit(main())
