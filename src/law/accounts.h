@@ -5,7 +5,6 @@
 
 #include <array>
 #include <span>
-#include <string>
 
 namespace morvane {
 
@@ -195,11 +194,6 @@ enum class Account : int {
 /// 建設科目CD of an account.
 constexpr int Code(Account account) {
     return static_cast<int>(account);
-}
-
-/// The same as text, for a statement of a store.
-inline std::string Code_Text(Account account) {
-    return std::to_string(Code(account));
 }
 
 /// Whether a line holds a figure of an earlier period.

@@ -29,7 +29,6 @@ struct Session {
     Store_Key Db_Key;                 ///< the key derived from it, once
     std::filesystem::path App_Path;   ///< folder that holds the stores
     std::filesystem::path Work_Store; ///< Morvane.dat of App_Path unless a tool builds elsewhere
-    bool Work_Is_Scratch = false;     ///< the working store is a tool's own draft: written without flushes
 
     Office_Mode Kanri_Flg = Office_Mode::Single; ///< one company or many
     std::string User_ID;                         ///< id of the installation

@@ -117,9 +117,6 @@ class Entry_Grid : public QFrame {
     [[nodiscard]] bool Is_Edited() const;
     void Set_Unedited();
 
-    /// Nothing remains to be undone; after values were loaded.
-    void Forget_Changes() { undo_stack.clear(); }
-
     void Undo() { Step(true); }
     void Redo() { Step(false); }
 

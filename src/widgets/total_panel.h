@@ -50,7 +50,6 @@ class Total_Panel : public Section_Box {
 
     /// Shows a mark ("チェック ⇒ ＯＫ！").
     void Set_Check(const std::string& name, bool holds, const QString& text);
-    [[nodiscard]] bool Check_Holds(const std::string& name) const { return lines.at(name).holds; }
 
   private:
     struct Shown {
