@@ -442,7 +442,7 @@ void Expect_Works_Followed(const Review_Figures& figures) {
 }
 
 TEST(Check_Steps, Followed_By_Hand_They_Give_The_Scores) {
-    constexpr int firms_of_a_law = 150;
+    constexpr int firms_of_a_law = 75;
     int beyond = 0;
     for (int law = 1; law <= 4; ++law) {
         std::mt19937 random(static_cast<unsigned>(law));

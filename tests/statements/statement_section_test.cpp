@@ -153,32 +153,21 @@ TEST_P(Firm_Test, The_Panel_Follows_The_Keys_To_What_The_Store_Comes_To) {
         return random() % 6 == 0 ? Value()
                                  : Value(static_cast<double>(random() % 2'000'000'000) - 300'000'000.0);
     };
-    {
-        const Connection cn = Cn_Open(session);
-        Transaction transaction(cn);
-        // Rows that are not shown hold figures, too, and enter nothing.
-        for (Recordset row = cn.Open("SELECT * FROM Ks_Zaihyo WHERE 非表示識別<>0"); !row.Eof();
-             row.Move_Next()) {
-            row.Set("金額", any_amount());
-            row.Update();
-        }
-        transaction.Commit();
-    }
+    // Figures stand in every row before; those of rows that are not shown enter nothing.
+    Cn_Open(session).Execute("UPDATE Ks_Zaihyo SET 金額=建設科目CD*7919 WHERE 金額編集識別<>0");
     Put_Amounts({{838, 4'000'000}, {901, -1'500'000}});
-    for (int statement = 0; statement < 2; ++statement) {
-        for (const Account_Section& of : account_sections) {
-            SCOPED_TRACE(of.title);
-            Statement_Section section(session, of);
-            Expect_Stored(section);
-            for (std::size_t row = 0; row < section.Rows().size(); ++row) {
-                if (section.Rows()[row].amount_open) {
-                    section.Set_Amount(row, any_amount());
-                }
+    for (const Account_Section& of : account_sections) {
+        SCOPED_TRACE(of.title);
+        Statement_Section section(session, of);
+        Expect_Stored(section);
+        for (std::size_t row = 0; row < section.Rows().size(); ++row) {
+            if (section.Rows()[row].amount_open) {
+                section.Set_Amount(row, any_amount());
             }
-            section.Sec_Subtotals();
-            section.Save_Rows();
-            Expect_Stored(section);
         }
+        section.Sec_Subtotals();
+        section.Save_Rows();
+        Expect_Stored(section);
     }
 }
 
