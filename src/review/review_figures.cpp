@@ -48,6 +48,17 @@ bool Has_32_Bits(double value) {
     throw Run_Time_Error(Run_Time_Error::Kind::Overflow, what + "の計算で桁あふれが発生しました。");
 }
 
+// A period has all lines or, before it is filled, none.
+void Test_Lines(std::span<const Work_Line> works) {
+    const auto has_row = [](const Work_Line& line) { return line.row; };
+    const auto scored = works.first(scored_lines);
+    if (std::any_of(works.begin(), works.end(), has_row) &&
+        !std::all_of(scored.begin(), scored.end(), has_row)) {
+        throw Run_Time_Error(Run_Time_Error::Kind::Type_Mismatch,
+                             "この決算期には工種の行が足りないため、改善後の数値を用意できません。");
+    }
+}
+
 } // namespace
 
 bool Work_Line::Has_Engineer() const {
@@ -304,18 +315,26 @@ void Forget_Unchanged(const Review_Figures& stored, Review_Figures& figures) {
     }
 }
 
-void Post_Current(const Review_Figures& current, Review_Figures& scenario) {
+bool Post_Current(const Connection& cn, int period, Review_Figures& improved) {
+    if (improved.Is_Started(Scenario::Kaizen)) {
+        return false;
+    }
+    Review_Figures current;
+    Read_Elements(cn, {period, Scenario::Genjo}, current);
+    Read_Works(cn, {period, Scenario::Genjo}, current);
+    Test_Lines(current.works);
     for (std::size_t code = 0; code < scored_lines; ++code) {
         Work_Line from = current.works[code];
         for (std::size_t i = 0; i < copied_columns; ++i) {
             const Figure& figure = Work_Columns()[i].place(from);
-            Work_Columns()[i].place(scenario.works[code]) = {figure.value, figure.up, true};
+            Work_Columns()[i].place(improved.works[code]) = {figure.value, figure.up, true};
         }
     }
-    for (std::size_t code = 0; code < scenario.elements.size(); ++code) {
+    for (std::size_t code = 0; code < improved.elements.size(); ++code) {
         const Element& element = current.elements[code];
-        scenario.elements[code] = {element.value, element.up, element.row, element.row};
+        improved.elements[code] = {element.value, element.up, element.row, element.row};
     }
+    return true;
 }
 
 } // namespace morvane

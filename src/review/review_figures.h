@@ -161,8 +161,10 @@ void Add_Missing_Elements(const Connection& cn, int period, int first, int last)
 /// Takes the mark of an assignment from every figure that is what `stored` has, so that it is not written.
 void Forget_Unchanged(const Review_Figures& stored, Review_Figures& figures);
 
-/// Posts current works (32 lines, without the sixth engineer class) and elements into a scenario that was
-/// never started, as its first visit does.
-void Post_Current(const Review_Figures& current, Review_Figures& scenario);
+/// What the first visit of a working scenario puts into it, of which `improved` has elements and works as
+/// they are stored: the elements and the works (32 lines, without the sixth engineer class) of the current
+/// figures. Nothing where it was started before; whether it was not. Raises Store_Error, and Run_Time_Error
+/// where the period lacks lines of work.
+bool Post_Current(const Connection& cn, int period, Review_Figures& improved);
 
 } // namespace morvane

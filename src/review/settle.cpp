@@ -203,17 +203,40 @@ void Store_And_Settle(const Session& session, Side side,
     }
 }
 
+void Settle_Computable(const Connection& cn, Side side, Firm_Kind firm) {
+    try {
+        Transaction part(cn);
+        Settle_Entered(cn, side, firm);
+        part.Commit();
+    } catch (const Run_Time_Error&) {
+        return; // what stands is shown nowhere without being computed again
+    }
+}
+
 void Settle_Again(const Session& session) {
     const Connection cn = Cn_Open(session);
     for (const Scenario scenario : {Scenario::Genjo, Scenario::Kaizen}) {
-        try {
-            Transaction transaction(cn);
-            Settle_Entered(cn, Side_In_Hand(session, scenario), session.Kind());
-            transaction.Commit();
-        } catch (const Run_Time_Error&) {
-            continue; // what stands is shown nowhere without being computed again
-        }
+        Transaction transaction(cn);
+        Settle_Computable(cn, Side_In_Hand(session, scenario), session.Kind());
+        transaction.Commit();
     }
+}
+
+bool Kaizen_Tenki(const Session& session) {
+    const Connection cn = Cn_Open(session);
+    const Side side = Side_In_Hand(session, Scenario::Kaizen);
+    Transaction transaction(cn);
+    Review_Figures figures;
+    Read_Elements(cn, side, figures);
+    Read_Works(cn, side, figures);
+    if (!Post_Current(cn, side.period, figures)) {
+        return false;
+    }
+    Write_Elements(cn, side, figures);
+    Write_Works(cn, side, figures);
+    Settle_Computable(cn, side, session.Kind());
+    transaction.Commit();
+    return true;
 }
 
 Settled_Score Score_Company(const Connection& cn, Edition edition, const Asked_Side& asked) {
@@ -226,16 +249,11 @@ Settled_Score Score_Company(const Connection& cn, Edition edition, const Asked_S
     score.side = side;
     score.figures = Load_Review(cn, side, {edition, firm.type});
     Test_Period(cn, edition, side.period);
-    if (!score.figures.Is_Started(side.scenario)) {
-        if (side.scenario != Scenario::Kaizen) {
-            throw Score_Refusal("「保存値" + std::string(Columns_Of(side.scenario).name) +
-                                "」に保存された改善後数値データはありません。");
-        }
-        const Side genjo = {side.period, Scenario::Genjo};
-        Review_Figures current;
-        Read_Elements(cn, genjo, current);
-        Read_Works(cn, genjo, current);
-        Post_Current(current, score.figures);
+    if (side.scenario == Scenario::Kaizen) {
+        Post_Current(cn, side.period, score.figures);
+    } else if (!score.figures.Is_Started(side.scenario)) {
+        throw Score_Refusal("「保存値" + std::string(Columns_Of(side.scenario).name) +
+                            "」に保存された改善後数値データはありません。");
     }
     Statement names = cn.Prepare("SELECT 工種CD, 工種略 FROM Kandaka_Gj WHERE 決算期=?");
     names.Bind(1, side.period);

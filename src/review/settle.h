@@ -54,11 +54,20 @@ void Store_W_2012(const Connection& cn, Side side, Firm_Kind firm, const Social_
 /// Raises Store_Error, Run_Time_Error.
 void Store_And_Settle(const Session& session, Side side, const std::function<void(const Connection&)>& store);
 
-/// Brings the stored scores of the period in hand, current and improved, in line with what they are formed
-/// from, after a statement, the closing date or the law year may have changed. Scores that can no longer be
-/// computed stay as they are: whatever shows them computes them itself and says why it cannot. Raises
-/// Store_Error.
+/// Settles the stored scores of a side once X2/W and completed work were both stored. Scores that can not be
+/// computed stay as they are: whatever shows them computes them itself and says why it cannot. The caller
+/// holds the transaction. Raises Store_Error.
+void Settle_Computable(const Connection& cn, Side side, Firm_Kind firm);
+
+/// The same for current and improved figures of the period in hand, after a statement, the closing date or
+/// the law year may have changed. Raises Store_Error.
 void Settle_Again(const Session& session);
+
+/// The first visit of the working scenario of the period in hand, which each improved screen makes before it
+/// reads: posts the current figures into it and settles its scores, all or nothing. A scenario that was
+/// started before, be it from outside, stays. Whether this visit was the first. Raises Store_Error,
+/// Run_Time_Error.
+bool Kaizen_Tenki(const Session& session);
 
 /// Scores a side of a company from an open store, read only; the closing date of another period than the one
 /// in hand is whole years from it. A working scenario that was never started is what its
