@@ -64,7 +64,7 @@ def main():
     differences = 0
     with tempfile.TemporaryDirectory() as name:
         cases, installation = pathlib.Path(name, "cases"), pathlib.Path(name, "installation")
-        subprocess.run([sys.executable, HERE / "generate.py", seed, count, cases, "--edition", edition], check=True)
+        subprocess.run([sys.executable, HERE / "generate.py", seed, count, cases, edition], check=True)
         subprocess.run([program, "init", installation, "--edition", edition], check=True)
         files = sorted(cases.glob("*.json"))
         subprocess.run([program, "import", installation, *files], check=True, stdout=subprocess.DEVNULL)

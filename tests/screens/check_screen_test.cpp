@@ -7,11 +7,9 @@
 #include "screens/check_opener.h"
 #include "session/install_info.h"
 #include "session/kyotu_mod.h"
-#include "support/ui_fixture.h"
+#include "support/keyboard.h"
 #include "widgets/theme.h"
 
-#include <QApplication>
-#include <QLabel>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -60,10 +58,6 @@ class Check_Screens : public Ui_Installation {
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         entry.checks.Open(request, Side_In_Hand(session), [] { return true; });
         return *entry.findChild<Form*>(QString::fromStdString(request.form));
-    }
-
-    static std::string Text(QWidget& form, const char* name) {
-        return Child<QLabel>(form, name)->text().toStdString();
     }
 
     Y_Calc y;
@@ -127,7 +121,7 @@ TEST_F(Check_Screens, Each_Law_Year_Has_Its_Screen_With_The_Score) {
             const auto form = std::min(static_cast<std::size_t>(law - button.since), button.forms.size() - 1);
             EXPECT_EQ(request.form, button.forms[form]) << law << " " << button.index;
             const std::int32_t score = button.code == 0 ? x2.X2_Ten : settled.Yoso(button.code);
-            EXPECT_EQ(Text(Open(request), button.result), Comma_Str(score)) << law << " " << button.index;
+            EXPECT_EQ(Shown(Open(request), button.result), Comma_Str(score)) << law << " " << button.index;
         }
         const Work_Line& line = settled.works[0];
         const std::pair<const char*, std::int32_t> of_works[] = {{"X", line.X1.value},
@@ -136,7 +130,7 @@ TEST_F(Check_Screens, Each_Law_Year_Has_Its_Screen_With_The_Score) {
                                                                  {"Z1", line.Zi.value},
                                                                  {"Z2", line.Zro.value}};
         for (const auto& [mode, score] : of_works) {
-            EXPECT_EQ(Text(Open(XZP_Request(mode, 0)), "lbl_Kekka"), Comma_Str(score)) << law << " " << mode;
+            EXPECT_EQ(Shown(Open(XZP_Request(mode, 0)), "lbl_Kekka"), Comma_Str(score)) << law << " " << mode;
         }
     }
     EXPECT_EQ(messages.shown.size(), 0U);
@@ -153,8 +147,8 @@ TEST_F(Check_Screens, Indicators_Of_Y) {
         EXPECT_EQ(shown.section('.', 1).size(), i < 8 ? 3 : i == 8 ? 2 : 0) << i;
     }
     Form& cash_flow = Open(Y1_Request(6));
-    EXPECT_EQ(Text(cash_flow, "要素２１"), "受入金（当期）");
-    EXPECT_EQ(Text(cash_flow, "要素値２"),
+    EXPECT_EQ(Shown(cash_flow, "要素２１"), "受入金（当期）");
+    EXPECT_EQ(Shown(cash_flow, "要素値２"),
               Comma_Str(settled.statement.Get_Y_Kamoku(Account::Ordinary_Profit)));
     EXPECT_THROW(Y1_Request(10), std::out_of_range);
 }
@@ -168,11 +162,11 @@ TEST_F(Check_Screens, Texts_That_Follow_The_Figures) {
         {"Cpd", "300"},    {"LblCpd", "300"}, {"GJSu", "20"},       {"LblGJSu(2)", "20"}, {"Kojyo", "3"},
         {"LblKojyo", "3"}, {"Gino", "16"},    {"LblGino(3)", "16"}, {"KojyoSu", "16"}};
     for (const auto& [name, text] : shown) {
-        EXPECT_EQ(Text(w10, name), text) << name;
+        EXPECT_EQ(Shown(w10, name), text) << name;
     }
-    EXPECT_EQ(Text(Open(W2X_Request(Law_Of(4), 7)), "lbl_San"),
+    EXPECT_EQ(Shown(Open(W2X_Request(Law_Of(4), 7)), "lbl_San"),
               "自己資本額 ＝（自己資本額（前期）＋ 自己資本額（当期））／ 2");
-    EXPECT_EQ(Text(Open(XZP_Request("Z1", 0)), "lbl_San")
+    EXPECT_EQ(Shown(Open(XZP_Request("Z1", 0)), "lbl_San")
                   .substr(std::string("技術職員数値 ＝ 監理 × 6 ＋ １級 × 5 ＋ 管理補佐 × 4 ＋ 基幹 × 3 ＋ "
                                       "２級 × 2 ＋ その他 × 1\n")
                               .size()),
@@ -211,7 +205,7 @@ TEST_F(Check_Screens, Steps_Stand_In_The_Window_As_In_The_Sheet) {
         }
         EXPECT_EQ(shown.toStdString(), told);
     }
-    EXPECT_EQ(Text(Open(W2X_Request(Law_Of(4), 13)), "過程１"), "620 ／ 20 ＞ 30 のため 0");
+    EXPECT_EQ(Shown(Open(W2X_Request(Law_Of(4), 13)), "過程１"), "620 ／ 20 ＞ 30 のため 0");
 }
 
 TEST_F(Check_Screens, The_Network_Is_Asked_Beside_The_Window) {
@@ -257,11 +251,11 @@ TEST_F(Check_Screens, Tables) {
         EXPECT_EQ(messages.shown[0].title + "|" + messages.shown[0].text, "|0");
         auto* table = Child<Form>(check, "Frm_Calc_Tbl");
         EXPECT_EQ(table->windowTitle().toStdString(), c.title);
-        EXPECT_EQ(Text(*table, "lbl_Gak(0)"), "");
-        EXPECT_EQ(Text(*table, "lbl_Gak(1)"), c.top);
-        EXPECT_EQ(Text(*table, ("lbl_Gak(" + std::to_string(2 * c.rows - 1) + ")").c_str()), "");
+        EXPECT_EQ(Shown(*table, "lbl_Gak(0)"), "");
+        EXPECT_EQ(Shown(*table, "lbl_Gak(1)"), c.top);
+        EXPECT_EQ(Shown(*table, ("lbl_Gak(" + std::to_string(2 * c.rows - 1) + ")").c_str()), "");
         EXPECT_EQ(
-            Text(*table, "lbl_Gak(2)"),
+            Shown(*table, "lbl_Gak(2)"),
             QString::fromUtf8(c.top).replace(QStringLiteral("以上"), QStringLiteral("未満")).toStdString());
         EXPECT_EQ(table->findChild<QLabel*>(QStringLiteral("lbl_HyouTen(%1)").arg(c.rows)), nullptr);
         for (int row = 0; row < c.rows; ++row) {

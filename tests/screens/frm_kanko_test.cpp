@@ -3,10 +3,9 @@
 
 #include "session/kyotu_mod.h"
 #include "support/failing_writes.h"
-#include "support/ui_fixture.h"
+#include "support/keyboard.h"
 #include "widgets/entry_cell.h"
 
-#include <QApplication>
 #include <QClipboard>
 #include <QPushButton>
 #include <memory>
@@ -22,8 +21,7 @@ class Kanko_Window : public Ui_Installation {
     Entry_Grid& Open(const char* name) {
         form = std::make_unique<Frm_Kanko>(shell, name);
         form->resize(1180, 700);
-        form->show();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(form.get()));
+        Show(*form);
         grid = Child<Entry_Grid>(*form, "grid");
         EXPECT_TRUE(grid->Focus_Cell(0, 0));
         return *grid;
@@ -33,17 +31,6 @@ class Kanko_Window : public Ui_Installation {
         Click(*form, "Tojiru");
         EXPECT_FALSE(form->isVisible());
     }
-
-    static void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
-        QTest::keyClick(QApplication::focusWidget(), key, modifiers);
-    }
-    static void Type(const std::string& keys) {
-        for (const QChar c : QString::fromStdString(keys)) {
-            QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(c));
-            QApplication::sendEvent(QApplication::focusWidget(), &press);
-        }
-    }
-    static std::string Place() { return QApplication::focusWidget()->objectName().toStdString(); }
 
     void Key_Into(const char* cell, const std::string& keys) {
         ASSERT_TRUE(grid->Focus_Cell(cell)) << cell;

@@ -8,28 +8,14 @@
 #include "screens/frm_kanko.h"
 #include "session/kyotu_mod.h"
 #include "support/failing_writes.h"
-#include "support/ui_fixture.h"
+#include "support/keyboard.h"
 #include "widgets/entry_cell.h"
 
-#include <QLabel>
 #include <QSignalSpy>
 #include <random>
 
 namespace morvane::tests {
 namespace {
-
-std::string Shown(QWidget& form, const char* name) {
-    QWidget* widget = Child<QWidget>(form, name);
-    if (const auto* edit = qobject_cast<QLineEdit*>(widget)) {
-        return edit->text().toStdString();
-    }
-    return qobject_cast<QLabel*>(widget)->text().toStdString();
-}
-
-void Show(QWidget& form) {
-    form.show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
-}
 
 void Enter(QWidget& form, const char* cell, const char* keys) {
     Type_Into(form, cell, keys);
@@ -191,7 +177,7 @@ TEST_F(Syokuta_Screen, Entries_Are_Undone_One_By_One) {
     states.push_back(state());
     Enter(form, "Saisei", "1");
     states.push_back(state());
-    EXPECT_EQ(Child<QLabel>(form, "Strip_W")->text().toStdString(), Shown(form, "W"));
+    EXPECT_EQ(Shown(form, "Strip_W"), Shown(form, "W"));
     ASSERT_NE(states[1], states[2]);
     // What is being typed is undone in its field and leaves the entries alone.
     Type_Into(form, "Enen", "5");
@@ -208,7 +194,7 @@ TEST_F(Syokuta_Screen, Entries_Are_Undone_One_By_One) {
     control(Qt::Key_Y);
     control(Qt::Key_Y);
     EXPECT_EQ(state(), states[2]);
-    EXPECT_EQ(Child<QLabel>(form, "Strip_W")->text().toStdString(), Shown(form, "W"));
+    EXPECT_EQ(Shown(form, "Strip_W"), Shown(form, "W"));
 }
 
 TEST_F(Syokuta_Screen, What_Cannot_Be_Computed_Or_Stored_Goes_Back) {

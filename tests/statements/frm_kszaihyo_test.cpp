@@ -3,13 +3,10 @@
 
 #include "session/kyotu_mod.h"
 #include "support/failing_writes.h"
-#include "support/ui_fixture.h"
+#include "support/keyboard.h"
 #include "widgets/entry_grid.h"
 
-#include <QApplication>
 #include <QClipboard>
-#include <QLabel>
-#include <QLineEdit>
 
 namespace morvane::tests {
 namespace {
@@ -23,24 +20,15 @@ class Statement_Screen : public Ui_Installation {
         shell.menu.screen.number = screen_no;
         form = std::make_unique<Frm_KsZaihyo>(shell);
         form->resize(1004, 700);
-        form->show();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(form.get()));
+        Show(*form);
         form->setFocus();
         grid = form->findChild<Entry_Grid*>();
     }
 
-    static void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
-        QTest::keyClick(QApplication::focusWidget(), key, modifiers);
-    }
-    static void Type(const std::string& keys) {
-        QTest::keyClicks(QApplication::focusWidget(), QString::fromStdString(keys));
-    }
     static void Paste(const char* text) {
         QApplication::clipboard()->setText(QString::fromUtf8(text));
         Key(Qt::Key_V, Qt::ControlModifier);
     }
-    static std::string Place() { return QApplication::focusWidget()->objectName().toStdString(); }
-
     [[nodiscard]] std::string Cell(const std::string& name) const {
         return grid->Cell_Text(name).toStdString();
     }
@@ -51,9 +39,6 @@ class Statement_Screen : public Ui_Installation {
             texts += Cell(column + "(" + std::to_string(row) + ")") + "|";
         }
         return texts;
-    }
-    [[nodiscard]] std::string Shown(const char* control) const {
-        return Child<QLabel>(*form, control)->text().toStdString();
     }
 
     std::unique_ptr<Frm_KsZaihyo> form;
@@ -99,7 +84,7 @@ TEST_F(Statement_Screen, What_Is_No_Figure_Changes_Nothing) {
     Key(Qt::Key_Return);
     EXPECT_EQ(Place(), "Gaku(0)");
     EXPECT_EQ(Cell("Gaku(0)"), "7");
-    EXPECT_EQ(Shown("BsIp_Rds"), "12,345,678,908");
+    EXPECT_EQ(Shown(*form, "BsIp_Rds"), "12,345,678,908");
     ASSERT_TRUE(grid->Focus_Cell("Gaku(13)"));
     Type("5");
     Key(Qt::Key_Delete);
@@ -133,7 +118,7 @@ TEST_F(Statement_Screen, The_Panel_Shows_At_Each_Key_What_Is_Stored_At_The_End) 
         }
         std::vector<std::pair<int, std::string>> shown;
         for (const auto& [control, code] : screen.moved) {
-            shown.emplace_back(code, Shown(control));
+            shown.emplace_back(code, Shown(*form, control));
         }
         std::vector<std::string> books;
         for (const int code : screen.book_values) {
@@ -156,13 +141,13 @@ TEST_F(Statement_Screen, The_Panel_Shows_At_Each_Key_What_Is_Stored_At_The_End) 
 TEST_F(Statement_Screen, The_Check_Turns_With_A_Yen) {
     Put_Amounts({{100, 500}, {838, 300}, {901, -200}});
     Open(41);
-    EXPECT_EQ(Shown("Check"), "チェック ⇒ ＯＫ！");
+    EXPECT_EQ(Shown(*form, "Check"), "チェック ⇒ ＯＫ！");
     Type("501");
     Key(Qt::Key_Down);
-    EXPECT_EQ(Shown("Check"), "チェック ⇒ Ｎｏ！");
-    EXPECT_EQ(Shown("Chk_Sa"), "-1");
+    EXPECT_EQ(Shown(*form, "Check"), "チェック ⇒ Ｎｏ！");
+    EXPECT_EQ(Shown(*form, "Chk_Sa"), "-1");
     Key(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(Shown("Check"), "チェック ⇒ ＯＫ！");
+    EXPECT_EQ(Shown(*form, "Check"), "チェック ⇒ ＯＫ！");
 }
 
 TEST_F(Statement_Screen, A_Column_Is_Pasted_Whole_And_Taken_Back_Whole) {
@@ -175,12 +160,12 @@ TEST_F(Statement_Screen, A_Column_Is_Pasted_Whole_And_Taken_Back_Whole) {
     EXPECT_EQ(messages.shown[0].title, "貼り付けエラー");
     EXPECT_NE(messages.shown[0].text.find("」の「金額」：abc"), std::string::npos) << messages.shown[0].text;
     EXPECT_EQ(messages.shown[0].text.find("行目"), std::string::npos) << "the account is named";
-    EXPECT_EQ(Shown("BsIp_Yks"), "670");
+    EXPECT_EQ(Shown(*form, "BsIp_Yks"), "670");
     Key(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(Cells("Gaku", 0, 9), before);
-    EXPECT_EQ(Shown("BsIp_Yks"), "26");
+    EXPECT_EQ(Shown(*form, "BsIp_Yks"), "26");
     Key(Qt::Key_Y, Qt::ControlModifier);
-    EXPECT_EQ(Shown("BsIp_SSKei"), "670");
+    EXPECT_EQ(Shown(*form, "BsIp_SSKei"), "670");
     Click(*form, "Tojiru");
     EXPECT_EQ(List("SELECT 金額 FROM Ks_Zaihyo WHERE 建設科目CD Between 130 And 136 ORDER BY 建設科目CD"),
               "1000 300 700 20 - 20 -50");

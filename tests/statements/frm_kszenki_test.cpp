@@ -8,11 +8,8 @@
 #include "statements/frm_kshendo.h"
 #include "statements/zaimu_calc.h"
 #include "support/failing_writes.h"
-#include "support/ui_fixture.h"
+#include "support/keyboard.h"
 #include "widgets/entry_grid.h"
-
-#include <QApplication>
-#include <QLabel>
 
 namespace morvane::tests {
 namespace {
@@ -30,19 +27,12 @@ class Prior_Screen : public Ui_Installation {
     }
 
     template <class Screen>
-    Screen& Show() {
-        auto screen = std::make_unique<Screen>(shell);
-        Screen& shown = *screen;
-        form = std::move(screen);
-        form->show();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(form.get()));
+    void Open() {
+        form = std::make_unique<Screen>(shell);
+        Show(*form);
         form->setFocus();
-        return shown;
     }
 
-    static void Type(const char* keys) {
-        QTest::keyClicks(QApplication::focusWidget(), QString::fromUtf8(keys));
-    }
     [[nodiscard]] std::string Cell(const char* name) const {
         for (const Entry_Grid* grid : form->findChildren<Entry_Grid*>()) {
             try {
@@ -61,13 +51,13 @@ class Prior_Screen : public Ui_Installation {
 };
 
 TEST_F(Prior_Screen, Both_Blocks_Are_Keyed_And_Stored_Twice) {
-    Show<Frm_KsZenki>();
+    Open<Frm_KsZenki>();
     EXPECT_EQ(Cell("Kamk(18)"), "繰越利益剰余金");
     EXPECT_EQ(Cell("ZGaku(9)"), "none");
     Type("700");
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Delete);
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Up);
+    Key(Qt::Key_Down);
+    Key(Qt::Key_Delete);
+    Key(Qt::Key_Up);
     auto* second = form->findChildren<Entry_Grid*>().back();
     ASSERT_TRUE(second->Focus_Cell("ZGaku(8)"));
     Type("-3");
@@ -82,7 +72,7 @@ TEST_F(Prior_Screen, Both_Blocks_Are_Keyed_And_Stored_Twice) {
 }
 
 TEST_F(Prior_Screen, A_Copied_Block_Is_Shown_And_The_Other_Keeps_Its_Keys) {
-    Show<Frm_KsZenki>();
+    Open<Frm_KsZenki>();
     Type("700");
     Click(*form, "ZZen_copy");
     EXPECT_EQ(Cell("ZGaku(0)"), "5") << "No is the default";
@@ -102,17 +92,17 @@ TEST_F(Prior_Screen, A_Copied_Block_Is_Shown_And_The_Other_Keeps_Its_Keys) {
 
 TEST_F(Prior_Screen, An_Individual_Does_Not_See_The_Retained_Earnings) {
     session.Hojin_Kojin = Firm_Type::Individual;
-    Show<Frm_KsZenki>();
+    Open<Frm_KsZenki>();
     EXPECT_EQ(form->objectName().toStdString(), "Frm_KsZenkiKJ");
-    EXPECT_EQ(Child<QLabel>(*form, "Lbl_SubTitle")->text().toStdString(), "前期関連データ");
+    EXPECT_EQ(Shown(*form, "Lbl_SubTitle"), "前期関連データ");
     EXPECT_EQ(Cell("Gaku(18)"), "none");
     EXPECT_NE(Cell("Gaku(17)"), "none");
 }
 
 TEST_F(Prior_Screen, The_Change_Of_Equity_Is_Stored_And_A_Blank_Is_Zero) {
     for (const auto& [keys, stored] : {std::pair("-45", "-45=-45"), std::pair("", "0=0")}) {
-        Show<Frm_KsHendo>();
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Delete);
+        Open<Frm_KsHendo>();
+        Key(Qt::Key_Delete);
         Type(keys);
         Click(*form, "Tojiru");
         EXPECT_FALSE(form->isVisible());
@@ -125,12 +115,12 @@ TEST_F(Prior_Screen, The_Look_At_Y_Shows_Elements_Indicators_And_Score) {
     Zaimu_Shukei(session, Amount_Column::Current);
     Y_Calc y;
     y.Calc_Y(session, 1);
-    Show<Frm_YSisan>();
+    Open<Frm_YSisan>();
     EXPECT_EQ(form->windowTitle().toStdString(), "建設財務諸表入力時 Ｙ点試算");
-    EXPECT_EQ(Child<QLabel>(*form, "Yoso(0)")->text().toStdString(), "2,000,000");
-    EXPECT_EQ(Child<QLabel>(*form, "Yoso(6)")->text().toStdString(), Comma_Str(y.Y_Yoso[13]));
-    EXPECT_EQ(Child<QLabel>(*form, "Yoso(7)")->text().toStdString(), "400,000");
-    EXPECT_EQ(Child<QLabel>(*form, "Y")->text().toStdString(), Comma_Str(int{y.Y_Ten}));
+    EXPECT_EQ(Shown(*form, "Yoso(0)"), "2,000,000");
+    EXPECT_EQ(Shown(*form, "Yoso(6)"), Comma_Str(y.Y_Yoso[13]));
+    EXPECT_EQ(Shown(*form, "Yoso(7)"), "400,000");
+    EXPECT_EQ(Shown(*form, "Y"), Comma_Str(int{y.Y_Ten}));
     EXPECT_EQ(Child<QLabel>(*form, "kekka5")->text().toFloat(), y.Y_Kekka[4]);
     EXPECT_EQ(Child<QLabel>(*form, "kekka5")->text().section('.', 1).size(), 3);
     Click(*form, "Tojiru");

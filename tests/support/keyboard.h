@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#pragma once
+
+#include "support/ui_fixture.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+
+namespace morvane::tests {
+
+/// Shows a window and waits until the keys are its.
+inline void Show(QWidget& form) {
+    form.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+}
+
+/// A key into the widget that has the focus.
+inline void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+    QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+}
+
+/// Characters of any width into it.
+inline void Type(const std::string& keys) {
+    for (const QChar c : QString::fromStdString(keys)) {
+        QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(c));
+        QApplication::sendEvent(QApplication::focusWidget(), &press);
+    }
+}
+
+/// Its name.
+inline std::string Place() {
+    return QApplication::focusWidget()->objectName().toStdString();
+}
+
+/// The text of a label or an entry cell.
+inline std::string Shown(QWidget& form, const char* name) {
+    return Child<QWidget>(form, name)->property("text").toString().toStdString();
+}
+
+} // namespace morvane::tests
