@@ -125,7 +125,7 @@ int main(int argc, char** argv) {
     const fs::path folder =
         (argc > 2 ? fs::path(argv[2]) : fs::temp_directory_path()) / "morvane-import-bench";
     fs::remove_all(folder);
-    Init_Installation(folder, {"13", true});
+    Init_Installation(folder, {.edition = Edition::National, .multi = true});
     Stderr_Messages messages;
     const Session session = Make_Session(folder, messages);
     auto record =

@@ -29,8 +29,7 @@ namespace {
 
 /// The lines of tangible assets that show cost less accumulated depreciation: cost, depreciation and book
 /// value follow each other. The statement screen forms them while it is keyed; a case brings the other two.
-void Form_Book_Values(const Connection& cn, int period) {
-    Recordset rows = cn.Open("SELECT 建設科目CD, 金額 FROM Ks_Zaihyo WHERE 決算期=?", period);
+void Form_Book_Values(Recordset& rows) {
     for (const Book_Value_Lines& lines : book_value_lines) {
         const auto amount = [&](Account of) {
             return rows.Find("建設科目CD", Code(of)) ? rows["金額"] : Value();
@@ -39,12 +38,13 @@ void Form_Book_Values(const Connection& cn, int period) {
         const Value depreciation = amount(lines.depreciation);
         if ((!cost.Is_Null() || !depreciation.Is_Null()) && rows.Find("建設科目CD", Code(lines.book_value))) {
             rows.Set("金額", cost.As_Double() - depreciation.As_Double());
-            rows.Update();
         }
     }
 }
 
-/// Fills a copy of the empty company store with a case, within the transaction of the caller.
+/// Fills a copy of the empty company store with a case, within the transaction of the caller: the statements
+/// are formed in memory and inserted with all that follows from them, the items are put into their rows, and
+/// the scores are settled.
 class Case_Builder {
   public:
     Case_Builder(const Connection& store, const Session& installation, const Case_Record& record)
@@ -53,10 +53,9 @@ class Case_Builder {
     }
 
     void Build() {
+        Form_Statements();
         Make_Periods();
-        Put_Figures();
-        Fill_In_Prior_Figures();
-        Form_Improved_Balances();
+        Put_Items();
         Put_Company();
         Settle_Scores();
     }
@@ -65,54 +64,56 @@ class Case_Builder {
     std::vector<std::string> unsettled;
 
   private:
-    // All periods are made before any figure stands in them, so that none takes one over: absent is Null.
-    void Make_Periods() {
-        session.Data_Ver = Present_Form(session.Kind().edition);
-        session.Syori_Ki = source.periods.front().number;
+    void Form_Statements() {
+        const Firm_Kind kind = session.Kind();
         const Connection master = Cn_Open_Org(session);
-        bool made = Fill_Blank_Company(cn, master, session, session.Kind().type, session.Syori_Ki);
-        for (std::size_t i = 1; made && i < source.periods.size(); ++i) {
-            made = Period_Copy(cn, master, session, source.periods[i].number, session.Syori_Ki,
-                               Copy_Mode::After);
+        for (const Case_Period& period : source.periods) {
+            Recordset& rows = statements.emplace_back(Blank_Statement(master, kind, period.number));
+            Test_Template(rows.Count() > 0);
+            source.Put_Table(rows, period, Case_Table::Ks_Zaihyo);
+            Form_Book_Values(rows);
+            Zaimu_Shukei(rows, kind, Amount_Column::Current);
         }
-        if (!made) {
-            Report_Bad_Template(session);
-            throw Store_Error(session.App_Path / "morv_org.dat", Store_Error::Reason::Bad_Content,
-                              "科目の数がひな形と合いません");
+        Fill_Prior_Figures(statements, Present_Form(kind.edition));
+        for (std::size_t i = 0; i < statements.size(); ++i) {
+            const Case_Period& period = source.periods[i];
+            source.Put_Prior_Figures(statements[i], period);
+            // As leaving the statement screens does; a balance that the case gives itself then stands.
+            Zaimu_Shukei_KK(statements[i], kind);
+            if (source.Gives_Balances(period)) {
+                source.Put_Balances(statements[i], period);
+                Zaimu_Shukei(statements[i], kind, Amount_Column::Improved);
+            }
+        }
+    }
+
+    // All periods are made before any item stands in them, so that none takes one over: absent is Null.
+    void Make_Periods() {
+        session.Syori_Ki = source.periods.front().number;
+        Test_Template(Fill_Blank_Company(cn, statements.front(), session.Syori_Ki));
+        for (std::size_t i = 1; i < statements.size(); ++i) {
+            Period_Copy(cn, statements[i], session, source.periods[i].number, session.Syori_Ki,
+                        Copy_Mode::After);
         }
         for (const Case_Period& period : source.periods) {
             Set_Law_Year(cn, period.number, period.law_year);
         }
     }
 
-    void Put_Figures() {
-        Each_Period([this](const Case_Period& period) {
-            source.Put_Table(cn, period, Case_Table::Ks_Zaihyo);
-            Form_Book_Values(cn, period.number);
-            source.Put_Table(cn, period, Case_Table::Kandaka_Gj);
-            source.Put_Table(cn, period, Case_Table::W_Yoso);
-            source.Put_Table(cn, period, Case_Table::QandA);
-            Zaimu_Shukei(cn, session, Amount_Column::Current);
-        });
+    void Test_Template(bool fits) const {
+        if (!fits) {
+            Report_Bad_Template(session);
+            throw Store_Error(session.App_Path / "morv_org.dat", Store_Error::Reason::Bad_Content,
+                              "科目の数がひな形と合いません");
+        }
     }
 
-    // A period before that the case does not bring has no rows and changes nothing.
-    void Fill_In_Prior_Figures() {
-        Each_Period([this](const Case_Period& period) {
-            Fill_Prior_Figures(cn, session.Kind().edition, period.number);
-            source.Put_Prior_Figures(cn, period);
-        });
-    }
-
-    // As leaving the statement screens does; a balance that the case gives itself then stands.
-    void Form_Improved_Balances() {
-        Each_Period([this](const Case_Period& period) {
-            Zaimu_Shukei_KK(cn, session);
-            if (source.Gives_Balances(period)) {
-                source.Put_Balances(cn, period);
-                Zaimu_Shukei(cn, session, Amount_Column::Improved);
+    void Put_Items() {
+        for (const Case_Period& period : source.periods) {
+            for (const Case_Table table : {Case_Table::Kandaka_Gj, Case_Table::W_Yoso, Case_Table::QandA}) {
+                source.Put_Table(cn, period, table);
             }
-        });
+        }
     }
 
     void Put_Company() {
@@ -125,10 +126,14 @@ class Case_Builder {
         firm.Update();
     }
 
-    // What cannot be computed is kept as it was given, to be mended on the screens.
+    // What cannot be computed is kept as it was given, to be mended on the screens. A scenario that the case
+    // does not give is not filled.
     void Settle_Scores() {
         for (const Case_Period& period : source.periods) {
             for (const Scenario scenario : every_scenario) {
+                if (scenario != Scenario::Genjo && !source.Gives_Figures(period, scenario)) {
+                    continue;
+                }
                 try {
                     Transaction transaction(cn);
                     Settle_Filled(cn, {period.number, scenario}, session.Kind());
@@ -141,17 +146,10 @@ class Case_Builder {
         }
     }
 
-    template <class Action>
-    void Each_Period(Action action) {
-        for (const Case_Period& period : source.periods) {
-            session.Syori_Ki = period.number;
-            action(period);
-        }
-    }
-
     const Connection& cn;
     Session session;
     const Case_Record& source;
+    std::vector<Recordset> statements; ///< of the periods, in memory
 };
 
 std::string Text_Of(const Case_Record& record, const char* column) {

@@ -347,13 +347,21 @@ Case_Record Read_Case(const fs::path& file) {
 
 void Case_Record::Put_Table(const Connection& cn, const Case_Period& period, Case_Table table) const {
     const Table_Form& form = Form_Of(table);
+    if (period.tables.Has(form.name)) {
+        Recordset rows =
+            cn.Open(std::string("SELECT * FROM ") + form.name + " WHERE 決算期=? ORDER BY " + form.key,
+                    period.number);
+        Put_Table(rows, period, table);
+    }
+}
+
+void Case_Record::Put_Table(Recordset& rows, const Case_Period& period, Case_Table table) const {
+    const Table_Form& form = Form_Of(table);
     if (!period.tables.Has(form.name)) {
         return;
     }
     const Table_Info& info = Table_Of(Store_Kind::Company, form.name);
     const Spot spot = Period_Spot(*this, period) / form.name;
-    Recordset rows = cn.Open(
-        std::string("SELECT * FROM ") + form.name + " WHERE 決算期=? ORDER BY " + form.key, period.number);
     std::set<int> codes;
     for (const auto& [key, value] : period.tables[form.name].Items()) {
         const Spot at = spot / key;
@@ -378,7 +386,7 @@ void Case_Record::Put_Table(const Connection& cn, const Case_Period& period, Cas
     }
 }
 
-void Case_Record::Put_Prior_Figures(const Connection& cn, const Case_Period& period) const {
+void Case_Record::Put_Prior_Figures(Recordset& rows, const Case_Period& period) const {
     if (!period.tables.Has("Ks_Zaihyo")) {
         return;
     }
@@ -390,9 +398,8 @@ void Case_Record::Put_Prior_Figures(const Connection& cn, const Case_Period& per
             continue;
         }
         for (const auto& [name, field] : Fields_Of(spot / key, form, value)) {
-            if (Same_Name(name, "金額")) {
-                cn.Execute("UPDATE Ks_Zaihyo SET 金額 = ? WHERE 決算期=? And 建設科目CD=?",
-                           Field_Value(spot / key, field, Column_Type::Double), period.number, code);
+            if (Same_Name(name, "金額") && rows.Find(form.key, code)) {
+                rows.Set("金額", Field_Value(spot / key, field, Column_Type::Double));
             }
         }
     }
@@ -407,15 +414,28 @@ bool Case_Record::Gives_Balances(const Case_Period& period) const {
                        [](const Json::Member& row) { return row.second.Has("改善後残高"); });
 }
 
-void Case_Record::Put_Balances(const Connection& cn, const Case_Period& period) const {
+void Case_Record::Put_Balances(Recordset& rows, const Case_Period& period) const {
     const Spot spot = Period_Spot(*this, period) / "Ks_Zaihyo";
     for (const auto& [key, value] : period.tables["Ks_Zaihyo"].Items()) {
-        if (value.Has("改善後残高")) {
-            cn.Execute("UPDATE Ks_Zaihyo SET 改善後残高 = ? WHERE 決算期=? And 建設科目CD=?",
-                       Field_Value(spot / key / "改善後残高", value["改善後残高"], Column_Type::Double),
-                       period.number, Code_Of(spot / key, key));
+        if (value.Has("改善後残高") && rows.Find("建設科目CD", Code_Of(spot / key, key))) {
+            rows.Set("改善後残高",
+                     Field_Value(spot / key / "改善後残高", value["改善後残高"], Column_Type::Double));
         }
     }
+}
+
+bool Case_Record::Gives_Figures(const Case_Period& period, Scenario scenario) const {
+    const auto names = [&](const char* table, std::string_view start) {
+        const Json* rows = period.tables.Find(table);
+        return rows != nullptr &&
+               std::any_of(rows->Items().begin(), rows->Items().end(), [start](const Json::Member& row) {
+                   return row.second.Is_Object() &&
+                          std::any_of(
+                              row.second.Items().begin(), row.second.Items().end(),
+                              [start](const Json::Member& field) { return field.first.starts_with(start); });
+               });
+    };
+    return names("W_Yoso", Columns_Of(scenario).yoso) || names("Kandaka_Gj", Columns_Of(scenario).prefix);
 }
 
 } // namespace morvane

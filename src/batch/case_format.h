@@ -5,6 +5,7 @@
 #include "data/json_text.h"
 #include "law/firm_kind.h"
 #include "law/law_year.h"
+#include "review/scenario.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -31,17 +32,21 @@ struct Case_Record {
     std::map<std::string, Value> firm; ///< columns of Jigyo_mas
     std::vector<Case_Period> periods;  ///< in ascending order without a gap
 
-    /// Puts a table of a period into its rows. Raises Case_Error for an unknown code or column, an amount on
-    /// a computed line and a wrong type.
+    /// Puts a table of a period into its rows, of the store or in memory. Raises Case_Error for an unknown
+    /// code or column, an amount on a computed line and a wrong type.
+    void Put_Table(Recordset& rows, const Case_Period& period, Case_Table table) const;
     void Put_Table(const Connection& cn, const Case_Period& period, Case_Table table) const;
 
     /// Puts the prior-period figures (800 to 838) that the case gives over those filled from earlier periods;
     /// a null stands for a line left blank.
-    void Put_Prior_Figures(const Connection& cn, const Case_Period& period) const;
+    void Put_Prior_Figures(Recordset& rows, const Case_Period& period) const;
 
     /// Whether the case gives balances after improvement itself, and putting them.
     [[nodiscard]] bool Gives_Balances(const Case_Period& period) const;
-    void Put_Balances(const Connection& cn, const Case_Period& period) const;
+    void Put_Balances(Recordset& rows, const Case_Period& period) const;
+
+    /// Whether the case gives an item of the review or a figure of a work type in a scenario.
+    [[nodiscard]] bool Gives_Figures(const Case_Period& period, Scenario scenario) const;
 };
 
 /// Reads a case file. Raises Case_Error with the path inside the file, Store_Error where it cannot be read.

@@ -225,7 +225,8 @@ class Company_Saving {
         File_Replacement resting = File_Replacement::With_Draft(
             Find_File(session.App_Path, "morv_set.dat"), Company_Store(session, number), session.Db_Key);
         const bool filled = resting.Change(session.Db_Key, [this](const Connection& cn) {
-            return Fill_Blank_Company(cn, Cn_Open_Org(session), session, hojin_kojin, period) &&
+            const Firm_Kind kind = {session.Kind().edition, hojin_kojin};
+            return Fill_Blank_Company(cn, Blank_Statement(Cn_Open_Org(session), kind, period), period) &&
                    Put_New_Company(cn);
         });
         if (!filled) {

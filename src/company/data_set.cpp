@@ -4,6 +4,7 @@
 #include "company/law_change.h"
 #include "company/table_edit.h"
 #include "data/store_file.h"
+#include "data/table_catalogue.h"
 #include "data/work_columns.h"
 #include "law/accounts.h"
 #include "law/elements.h"
@@ -22,11 +23,6 @@ namespace morvane {
 
 namespace {
 
-constexpr const char* master_columns =
-    "科目分類No, 科目分類識別, 正負識別, 内部処理正負, 集計識別, 科目編集識別, 金額編集識別, 貸借正負, "
-    "並び順, "
-    "法人科目名, 法人非表示識別, 法人非印刷識別, 個人科目名, 個人非表示識別, 個人非印刷識別, 建設科目CD";
-
 // The items that stand from year to year: insurances and schemes, years in business, agreements, accounting
 // staff, research cost.
 constexpr std::array standing_elements = {
@@ -35,44 +31,20 @@ constexpr std::array standing_elements = {
     element::audit,       element::accountants_1,     element::accountants_2,      element::research_before,
     element::research};
 
-const char* Master_Table(const Session& session) {
-    return session.Is_Hokkaido() ? "Ks_Zaihyo_Hk_new" : "Ks_Zaihyo_Zk_new";
-}
-
-/// Adds the edition's chart of accounts as the statement of a period, with the captions and visible lines of
-/// the firm type. Gives the number of its rows.
-std::size_t Add_Chart(const Connection& cn, const Connection& master_store, const Session& session,
-                      int period, Firm_Type firm_type, Data_Form_No form) {
-    const bool corporation = firm_type == Firm_Type::Corporation;
-    const std::string type = corporation ? "法人" : "個人";
-    Statement master = master_store.Prepare(std::string("SELECT ") + master_columns + ", " + type +
-                                            "科目名, " + type + "非表示識別, " + type + "非印刷識別 FROM " +
-                                            Master_Table(session) + " ORDER BY 建設科目CD");
-    const int columns = master.Column_Count();
-    std::string marks;
-    for (int column = 0; column < columns; ++column) {
-        marks += ", ?";
+/// What a column of the statement takes from the chart of a firm type ("法人", "個人").
+std::string Source_In_Chart(const Table_Info& chart, const std::string& type, const std::string& column) {
+    if (column == "決算期") {
+        return "?";
     }
-    Statement insert = cn.Prepare(std::string("INSERT INTO Ks_Zaihyo (決算期, ") + master_columns +
-                                  ", 建設科目名, 非表示識別, 非印刷識別) VALUES (?" + marks + ")");
-    std::size_t rows = 0;
-    for (; master.Step(); ++rows) {
-        std::vector<Value> values = {period};
-        for (int column = 0; column < columns; ++column) {
-            values.push_back(master.Value_At(column));
-        }
-        insert.Bind_All(values);
-        insert.Step();
+    if (column == "建設科目名") {
+        return type + "科目名";
     }
-    insert.Reset();
-    cn.Execute("UPDATE Ks_Zaihyo SET 並び順=? WHERE 決算期=? And 建設科目CD=?", Number_Of(form), period,
-               Code(Account::Data_Form));
-    // The line of the retirement allowance is free for an individual's own provision.
-    if (!corporation) {
-        cn.Execute("UPDATE Ks_Zaihyo SET 科目編集識別=-1 WHERE 決算期=? And 建設科目CD=?", period,
-                   Code(Account::Retirement_Allowance));
+    if (column == "非表示識別" || column == "非印刷識別") {
+        return type + column;
     }
-    return rows;
+    const bool has = std::any_of(chart.columns.begin(), chart.columns.end(),
+                                 [&](const Column_Info& info) { return info.name == column; });
+    return has ? column : "Null";
 }
 
 // ---- the parts of Period_Copy
@@ -167,15 +139,39 @@ void Report_Bad_Template(const Session& session) {
                            .beep = true});
 }
 
-bool Fill_Blank_Company(const Connection& cn, const Connection& master, const Session& session,
-                        Firm_Type type, std::int16_t period) {
+Recordset Blank_Statement(const Connection& master, Firm_Kind kind, std::int16_t period) {
+    const Table_Info& chart =
+        Table_Of(Store_Kind::Master, kind.Is_Hokkaido() ? "Ks_Zaihyo_Hk_new" : "Ks_Zaihyo_Zk_new");
+    std::string columns;
+    for (const Column_Info& column : Table_Of(Store_Kind::Company, "Ks_Zaihyo").columns) {
+        columns += (columns.empty() ? "" : ", ") +
+                   Source_In_Chart(chart, kind.Is_Corporation() ? "法人" : "個人", column.name) + " AS " +
+                   column.name;
+    }
+    Recordset rows =
+        master.Open("SELECT " + columns + " FROM " + chart.name + " ORDER BY 建設科目CD", period);
+    rows.Part();
+    const auto put = [&rows](Account account, const char* column, int value) {
+        if (rows.Find("建設科目CD", Code(account))) {
+            rows.Set(column, value);
+        }
+    };
+    put(Account::Data_Form, "並び順", Number_Of(Present_Form(kind.edition)));
+    // The line of the retirement allowance is free for an individual's own provision.
+    if (!kind.Is_Corporation()) {
+        put(Account::Retirement_Allowance, "科目編集識別", -1);
+    }
+    return rows;
+}
+
+bool Fill_Blank_Company(const Connection& cn, const Recordset& statement, std::int16_t period) {
     // A template of another edition or of another time is none.
     const std::size_t accounts = cn.Open("SELECT 建設科目CD FROM Ks_Zaihyo").Count();
     cn.Execute("DELETE FROM Ks_Zaihyo");
-    if (accounts == 0 ||
-        Add_Chart(cn, master, session, period, type, Present_Form(session.Kind().edition)) != accounts) {
+    if (accounts == 0 || statement.Count() != accounts) {
         return false;
     }
+    statement.Insert_Into(cn, "Ks_Zaihyo");
     for (const char* table : {"Kandaka_Gj", "W_Yoso", "QandA"}) {
         cn.Execute(std::string("UPDATE ") + table + " SET 決算期 = ?", period);
     }
@@ -189,7 +185,8 @@ bool New_Data_Set(Session& session, Firm_Type type, std::int16_t period) {
     File_Replacement replacement = File_Replacement::With_Draft(Find_File(session.App_Path, "morv_set.dat"),
                                                                 session.Work_Store, session.Db_Key);
     const bool filled = replacement.Change(session.Db_Key, [&](const Connection& cn) {
-        return Fill_Blank_Company(cn, Cn_Open_Org(session), session, type, period);
+        const Firm_Kind kind = {session.Kind().edition, type};
+        return Fill_Blank_Company(cn, Blank_Statement(Cn_Open_Org(session), kind, period), period);
     });
     if (!filled) {
         Report_Bad_Template(session);
@@ -229,16 +226,18 @@ bool Period_Copy(Session& session, std::int16_t new_period, std::int16_t base_pe
     Session next = session;
     const Connection cn = Cn_Open(session);
     Transaction transaction(cn);
-    if (!Period_Copy(cn, Cn_Open_Org(session), next, new_period, base_period, mode, law_year)) {
+    const Recordset statement = Blank_Statement(Cn_Open_Org(session), session.Kind(), new_period);
+    if (statement.Count() == 0) {
         Report_Bad_Template(session);
         return false;
     }
+    Period_Copy(cn, statement, next, new_period, base_period, mode, law_year);
     transaction.Commit();
     session = next;
     return true;
 }
 
-bool Period_Copy(const Connection& cn, const Connection& master, Session& session, std::int16_t new_period,
+void Period_Copy(const Connection& cn, const Recordset& statement, Session& session, std::int16_t new_period,
                  std::int16_t base_period, Copy_Mode mode, std::optional<Law_Year_No> law_year) {
     Session next = session;
     next.Data_Ver = Present_Form(session.Kind().edition);
@@ -252,9 +251,7 @@ bool Period_Copy(const Connection& cn, const Connection& master, Session& sessio
     }
     cn.Execute("INSERT INTO Ks_Ki (決算期) VALUES (?)", new_period);
     Take_Period(cn, new_period, base_period);
-    if (Add_Chart(cn, master, next, new_period, next.Kind().type, next.Data_Ver) == 0) {
-        return false;
-    }
+    statement.Insert_Into(cn, "Ks_Zaihyo");
     if (!after) {
         Fill_Prior_Figures(cn, session.Kind().edition, new_period);
     }
@@ -269,7 +266,6 @@ bool Period_Copy(const Connection& cn, const Connection& master, Session& sessio
     Table_Edit(cn, next);
     next.Simyu_Kubun = Get_Simyu_Kubun(cn, new_period);
     session = next;
-    return true;
 }
 
 } // namespace morvane

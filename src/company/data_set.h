@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
+#include "data/connection.h"
 #include "law/law_year.h"
 #include "session/session.h"
 
@@ -22,11 +23,15 @@ bool New_Data_Set(Session& session, Firm_Type type, std::int16_t period);
 /// difference to the former one. Within the caller's transaction. Raises Store_Error.
 void Take_Period(const Connection& cn, int period, int former);
 
-/// The same on an open copy of the empty company store, of which nothing else changes. The caller holds the
-/// transaction; `master` is the store of the charts. False without a box where the template does not fit.
-/// Raises Store_Error.
-bool Fill_Blank_Company(const Connection& cn, const Connection& master, const Session& session,
-                        Firm_Type type, std::int16_t period);
+/// The edition's chart of accounts as the statement of a period without amounts, with the captions and
+/// visible lines of the firm type: rows of Ks_Zaihyo in memory, by ascending code. `master` is the store of
+/// the charts. Raises Store_Error.
+Recordset Blank_Statement(const Connection& master, Firm_Kind kind, std::int16_t period);
+
+/// Makes an open copy of the empty company store that of one period, with the rows of its statement. The
+/// caller holds the transaction. False without a box where the template does not fit the statement. Raises
+/// Store_Error.
+bool Fill_Blank_Company(const Connection& cn, const Recordset& statement, std::int16_t period);
 
 /// Says that a template does not fit ("データ異常").
 void Report_Bad_Template(const Session& session);
@@ -40,8 +45,8 @@ void Report_Bad_Template(const Session& session);
 bool Period_Copy(Session& session, std::int16_t new_period, std::int16_t base_period, Copy_Mode mode,
                  std::optional<Law_Year_No> law_year = {});
 
-/// The same within the transaction of the caller, which drops it where false is given, here without a box.
-bool Period_Copy(const Connection& cn, const Connection& master, Session& session, std::int16_t new_period,
+/// The same within the transaction of the caller, with the rows of the new period's statement.
+void Period_Copy(const Connection& cn, const Recordset& statement, Session& session, std::int16_t new_period,
                  std::int16_t base_period, Copy_Mode mode, std::optional<Law_Year_No> law_year = {});
 
 } // namespace morvane

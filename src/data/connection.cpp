@@ -438,6 +438,10 @@ bool Recordset::Find(std::string_view column, std::string_view text) {
     });
 }
 
+std::filesystem::path Recordset::File() const {
+    return connection == nullptr ? std::filesystem::path() : connection->File();
+}
+
 int Recordset::Column(std::string_view name) const {
     // Most names are spelled as the store has them.
     auto found = std::find(columns.begin(), columns.end(), name);
@@ -447,7 +451,7 @@ int Recordset::Column(std::string_view name) const {
     found = std::find_if(columns.begin(), columns.end(),
                          [&](const std::string& own) { return Same_Name(own, name); });
     if (found == columns.end()) {
-        throw Store_Error(connection->File(), Store_Error::Reason::Missing_Column,
+        throw Store_Error(File(), Store_Error::Reason::Missing_Column,
                           table.empty() ? std::string(name) : table + "." + std::string(name));
     }
     return static_cast<int>(found - columns.begin());
@@ -455,7 +459,7 @@ int Recordset::Column(std::string_view name) const {
 
 const std::vector<Value>& Recordset::Row() const {
     if (Eof()) {
-        throw Store_Error(connection->File(), Store_Error::Reason::Failed, "現在行がありません " + table);
+        throw Store_Error(File(), Store_Error::Reason::Failed, "現在行がありません " + table);
     }
     return rows[position];
 }
@@ -479,7 +483,41 @@ void Recordset::Add_New() {
     adding = true;
 }
 
+void Recordset::Part() {
+    connection = nullptr;
+}
+
+void Recordset::Insert_Into(const Connection& target, std::string_view into) const {
+    std::string names;
+    std::string marks;
+    std::vector<std::size_t> filled;
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        if (std::any_of(rows.begin(), rows.end(), [i](const auto& row) { return !row[i].Is_Null(); })) {
+            const char* comma = filled.empty() ? "" : ", ";
+            names += comma + columns[i];
+            marks += std::string(comma) + "?";
+            filled.push_back(i);
+        }
+    }
+    if (filled.empty()) {
+        return;
+    }
+    Statement insert =
+        target.Prepare("INSERT INTO " + std::string(into) + " (" + names + ") VALUES (" + marks + ")");
+    for (const std::vector<Value>& row : rows) {
+        for (std::size_t i = 0; i < filled.size(); ++i) {
+            insert.Bind(static_cast<int>(i) + 1, row[filled[i]]);
+        }
+        insert.Step();
+        insert.Reset();
+    }
+}
+
 void Recordset::Update() {
+    if (connection == nullptr) {
+        changed.clear();
+        return;
+    }
     if (table.empty()) {
         throw Store_Error(connection->File(), Store_Error::Reason::Failed, "書き込めない結果です");
     }

@@ -92,6 +92,12 @@ class Recordset {
     /// Stores the assigned fields of the current or the added row.
     void Update();
 
+    /// Parts the rows from their store: Update keeps changes in memory alone.
+    void Part();
+
+    /// Inserts all rows into a table. Columns that are Null throughout are left out. Raises Store_Error.
+    void Insert_Into(const Connection& target, std::string_view into) const;
+
     /// Gives the rows back; the recordset is at its end afterwards.
     void Close();
 
@@ -109,8 +115,9 @@ class Recordset {
     template <class Equals>
     bool Find_Row(std::string_view column, Equals equals);
     [[nodiscard]] const std::vector<Value>& Row() const;
+    [[nodiscard]] std::filesystem::path File() const;
 
-    const Connection* connection;
+    const Connection* connection; ///< none behind Part
     std::string table;
     std::vector<std::string> columns;
     std::vector<std::int64_t> row_ids;

@@ -103,8 +103,13 @@ constexpr std::size_t debit = 0;
 constexpr std::size_t credit = 1;
 constexpr std::size_t balance = 2;
 
-// Column numbers of the query; the amounts follow.
-enum Read : int { code_at, class_at, summed_at, subtracted_at, hidden_at, side_at, current_at, amounts_at };
+Recordset Open_Rows(const Connection& cn, int period, const Account_Book::Columns& names) {
+    std::string sql = "SELECT 建設科目CD, 科目分類識別, 集計識別, 内部処理正負, 非表示識別, 貸借正負, 金額";
+    for (const std::string_view name : names) {
+        sql += name.empty() || name == "金額" ? "" : ", " + std::string(name);
+    }
+    return cn.Open(sql + " FROM Ks_Zaihyo WHERE 決算期=? ORDER BY 建設科目CD", period);
+}
 
 } // namespace
 
@@ -131,26 +136,42 @@ Yen Improved_Balance(Account account, bool debit_normal, Yen amount, Yen debit, 
 
 Account_Book::Account_Book(const Connection& cn, int period, const Columns& names, Hidden_Rows hidden_rows)
     : of_period(period), columns(names) {
-    std::string sql = "SELECT 建設科目CD, 科目分類識別, 集計識別, 内部処理正負, 非表示識別, 貸借正負, 金額";
+    Recordset read = Open_Rows(cn, period, names);
+    Read(read, hidden_rows);
+}
+
+Account_Book::Account_Book(Recordset& rows_of_period, const Columns& names, Hidden_Rows hidden_rows)
+    : columns(names) {
+    Read(rows_of_period, hidden_rows);
+}
+
+void Account_Book::Read(Recordset& from, Hidden_Rows hidden_rows) {
+    const auto place = [&from](std::string_view name) { return from.Column(name); };
+    const int code = place("建設科目CD");
+    const int of_class = place("科目分類識別");
+    const int summed = place("集計識別");
+    const int subtracted = place("内部処理正負");
+    const int hidden = place("非表示識別");
+    const int side = place("貸借正負");
+    const int current = place("金額");
+    std::array<int, Amounts::most> places{};
     while (column_count < columns.size() && !columns[column_count].empty()) {
-        sql += ", " + std::string(columns[column_count++]);
+        places[column_count] = place(columns[column_count]);
+        ++column_count;
     }
-    Statement row = cn.Prepare(sql + " FROM Ks_Zaihyo WHERE 決算期=? ORDER BY 建設科目CD");
-    row.With(period);
-    while (row.Step()) {
-        const bool shown = !row.Is_Null(hidden_at) && row.Integer_At(hidden_at) == 0;
-        Row& read = rows.emplace_back();
-        read.code = static_cast<int>(row.Integer_At(code_at));
-        read.of_class = Class_Of(row.Text_At(class_at));
-        read.summed = row.Integer_At(summed_at) != 0 && (shown || hidden_rows == Hidden_Rows::Counted);
-        read.subtracted = row.Integer_At(subtracted_at) == 1;
-        read.debit_normal = row.Integer_At(side_at) == 1;
-        read.current = Yen(row.Double_At(current_at));
+    for (from.Move_First(); !from.Eof(); from.Move_Next()) {
+        const bool shown = !from.At(hidden).Is_Null() && from.At(hidden).As_Integer() == 0;
+        Row& row = rows.emplace_back();
+        row.code = static_cast<int>(from.At(code).As_Integer());
+        row.of_class = Class_Of(from.At(of_class).As_Text());
+        row.summed = from.At(summed).As_Integer() != 0 && (shown || hidden_rows == Hidden_Rows::Counted);
+        row.subtracted = from.At(subtracted).As_Integer() == 1;
+        row.debit_normal = from.At(side).As_Integer() == 1;
+        row.current = Yen(from.At(current).As_Double());
         for (std::size_t i = 0; i < column_count; ++i) {
-            const int place = amounts_at + static_cast<int>(i);
-            const Value held = row.Value_At(place);
-            read.amounts.of[i] = read.cells[i].stored = Yen(row.Double_At(place));
-            read.cells[i].is_number = !held.Is_Null() && !held.Is_Text();
+            const Value& held = from.At(places[i]);
+            row.amounts.of[i] = row.cells[i].stored = Yen(held.As_Double());
+            row.cells[i].is_number = !held.Is_Null() && !held.Is_Text();
         }
     }
 }
@@ -158,6 +179,11 @@ Account_Book::Account_Book(const Connection& cn, int period, const Columns& name
 void Account_Book::Row::Put(std::size_t column, Yen amount) {
     amounts.of[column] = amount;
     cells[column].assigned = true;
+}
+
+bool Account_Book::Row::Differs(std::size_t column) const {
+    const Cell& cell = cells[column];
+    return cell.assigned && (!cell.is_number || cell.stored != amounts[column]);
 }
 
 const Account_Book::Row* Account_Book::Find(int code) const {
@@ -241,8 +267,7 @@ void Account_Book::Store(const Connection& cn) const {
     for (const Row& row : rows) {
         bool changed = false;
         for (std::size_t i = 0; i < column_count; ++i) {
-            const Cell& cell = row.cells[i];
-            const bool differs = cell.assigned && (!cell.is_number || cell.stored != row.amounts[i]);
+            const bool differs = row.Differs(i);
             update.Bind(static_cast<int>(i) + 1, differs ? Value(row.amounts[i].Count()) : Value());
             changed = changed || differs;
         }
@@ -252,6 +277,18 @@ void Account_Book::Store(const Connection& cn) const {
             update.Step();
             update.Reset();
         }
+    }
+}
+
+void Account_Book::Store(Recordset& rows_of_period) const {
+    rows_of_period.Move_First();
+    for (const Row& row : rows) {
+        for (std::size_t i = 0; i < column_count; ++i) {
+            if (row.Differs(i)) {
+                rows_of_period.Set(columns[i], row.amounts[i].Count());
+            }
+        }
+        rows_of_period.Move_Next();
     }
 }
 

@@ -123,6 +123,9 @@ class Account_Book {
     /// Reads a period; Null is 0. Raises Store_Error.
     Account_Book(const Connection& cn, int period, const Columns& names, Hidden_Rows hidden_rows);
 
+    /// Reads rows in memory, by ascending code.
+    Account_Book(Recordset& rows_of_period, const Columns& names, Hidden_Rows hidden_rows);
+
     /// The amounts of a total that was formed, else those of the row; without a row 0.
     [[nodiscard]] Amounts operator[](Account account) const;
 
@@ -143,6 +146,9 @@ class Account_Book {
     /// not written again. To be called inside a transaction. Raises Store_Error.
     void Store(const Connection& cn) const;
 
+    /// The same into the rows in memory that it was read from.
+    void Store(Recordset& rows_of_period) const;
+
   private:
     struct Cell {
         Yen stored;
@@ -160,9 +166,11 @@ class Account_Book {
         std::array<Cell, Amounts::most> cells;
 
         void Put(std::size_t column, Yen amount);
+        [[nodiscard]] bool Differs(std::size_t column) const;
     };
     using Class_Sums = std::array<Amounts, static_cast<std::size_t>(Account_Class::Count)>;
 
+    void Read(Recordset& from, Hidden_Rows hidden_rows);
     [[nodiscard]] const Row* Find(int code) const;
     void Sum_Classes();
     [[nodiscard]] bool Is_Journal() const { return columns == journal; }

@@ -58,34 +58,6 @@ constexpr std::array<Source, 19> sources = {{
 constexpr std::size_t second_prior_rows = 9;
 constexpr std::size_t advances_row = 8;
 
-std::vector<double> Read_Block(const Connection& cn, Edition edition, int period, std::size_t count) {
-    const int form = Number_Of(Get_Data_Ver(cn, edition, period));
-    Recordset rows = cn.Open("SELECT 建設科目CD, 金額 FROM Ks_Zaihyo WHERE 決算期=?", period);
-    std::vector<double> amounts;
-    if (rows.Eof()) {
-        return amounts;
-    }
-    for (std::size_t i = 0; i < count; ++i) {
-        const auto account =
-            i == advances_row && form == 6 ? Advances_Received_Hokkaido : sources[i].Of(form);
-        amounts.push_back(account ? Kamoku_Get(*account, rows) : 0.0);
-    }
-    return amounts;
-}
-
-void Write_Block(const Connection& cn, int period, Account first, std::span<const double> amounts) {
-    Recordset rows = cn.Open("SELECT 建設科目CD, 金額, 改善後残高 FROM Ks_Zaihyo WHERE 決算期=? And "
-                             "建設科目CD>=? And 建設科目CD<?",
-                             period, Code(first), Code(first) + static_cast<int>(amounts.size()));
-    for (std::size_t i = 0; i < amounts.size(); ++i) {
-        if (rows.Find("建設科目CD", Code(first) + static_cast<int>(i))) {
-            rows.Set("金額", amounts[i]);
-            rows.Set("改善後残高", amounts[i]);
-            rows.Update();
-        }
-    }
-}
-
 /// A block of prior figures: of which period back, in which rows.
 struct Block {
     int back;
@@ -95,25 +67,44 @@ struct Block {
 constexpr Block prior = {1, Prior_Notes_Receivable, sources.size()};
 constexpr Block second_prior = {2, Second_Prior_Notes_Receivable, second_prior_rows};
 
-std::vector<double> Read_Block(const Connection& cn, Edition edition, std::int16_t kikan,
-                               const Block& block) {
+Recordset Open_Amounts(const Connection& cn, int period) {
+    return cn.Open("SELECT 建設科目CD, 金額, 改善後残高 FROM Ks_Zaihyo WHERE 決算期=?", period);
+}
+
+void Fill_Block(Recordset& rows, const Block& block, Recordset& from, Data_Form_No from_form) {
+    const int form = Number_Of(from_form);
+    for (std::size_t i = 0; i < block.count; ++i) {
+        const auto account =
+            i == advances_row && form == 6 ? Advances_Received_Hokkaido : sources[i].Of(form);
+        const double amount = account ? Kamoku_Get(*account, from) : 0.0;
+        if (rows.Find("建設科目CD", Code(block.first) + static_cast<int>(i))) {
+            rows.Set("金額", amount);
+            rows.Set("改善後残高", amount);
+            rows.Update();
+        }
+    }
+}
+
+int Period_Of(const Block& block, std::int16_t kikan) {
     if (kikan < std::numeric_limits<std::int16_t>::min() + block.back) {
         throw Run_Time_Error(Run_Time_Error::Kind::Overflow, "前期の決算期の計算で桁あふれが発生しました。");
     }
-    return Read_Block(cn, edition, kikan - block.back, block.count);
+    return kikan - block.back;
 }
 
 void Copy_Block(const Session& session, std::int16_t kikan, std::uint8_t dest, const Block& block) {
     const Connection cn = Cn_Open(session);
-    const std::vector<double> amounts = Read_Block(cn, session.Kind().edition, kikan, block);
-    if (amounts.empty()) {
+    const int period = Period_Of(block, kikan);
+    Recordset from = Open_Amounts(cn, period);
+    if (from.Eof()) {
         return;
     }
     const Connection target = dest == 1
                                   ? Connection(Find_File(session.App_Path, "morv_tmp.dat"), session.Db_Key)
                                   : Cn_Open(session);
     Transaction transaction(target);
-    Write_Block(target, kikan, block.first, amounts);
+    Recordset rows = Open_Amounts(target, kikan);
+    Fill_Block(rows, block, from, Get_Data_Ver(cn, session.Kind().edition, period));
     transaction.Commit();
 }
 
@@ -129,7 +120,21 @@ void ZZen_Get(const Session& session, std::int16_t kikan, std::uint8_t dest) {
 
 void Fill_Prior_Figures(const Connection& cn, Edition edition, std::int16_t kikan) {
     for (const Block& block : {prior, second_prior}) {
-        Write_Block(cn, kikan, block.first, Read_Block(cn, edition, kikan, block));
+        const int period = Period_Of(block, kikan);
+        if (Recordset from = Open_Amounts(cn, period); !from.Eof()) {
+            Recordset rows = Open_Amounts(cn, kikan);
+            Fill_Block(rows, block, from, Get_Data_Ver(cn, edition, period));
+        }
+    }
+}
+
+void Fill_Prior_Figures(std::span<Recordset> periods, Data_Form_No form) {
+    for (std::size_t i = 0; i < periods.size(); ++i) {
+        for (const Block& block : {prior, second_prior}) {
+            if (const auto back = static_cast<std::size_t>(block.back); i >= back) {
+                Fill_Block(periods[i], block, periods[i - back], form);
+            }
+        }
     }
 }
 

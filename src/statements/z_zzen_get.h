@@ -1,9 +1,11 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
+#include "data/connection.h"
 #include "session/session.h"
 
 #include <cstdint>
+#include <span>
 
 namespace morvane {
 
@@ -18,5 +20,8 @@ void ZZen_Get(const Session& session, std::int16_t kikan, std::uint8_t dest);
 
 /// Both blocks of the working store `cn` within the caller's transaction. Raises as Zen_Get.
 void Fill_Prior_Figures(const Connection& cn, Edition edition, std::int16_t kikan);
+
+/// The same for the rows in memory of periods that follow each other, all in one data form.
+void Fill_Prior_Figures(std::span<Recordset> periods, Data_Form_No form);
 
 } // namespace morvane

@@ -5,15 +5,29 @@
 
 namespace morvane {
 
+namespace {
+
+constexpr Account_Book::Columns Column_Of(Amount_Column column) {
+    constexpr std::array names = {"仮金額", "金額", "改善後残高"};
+    return {names.at(static_cast<std::size_t>(column))};
+}
+
+} // namespace
+
 Account_Book Read_Book(const Connection& cn, const Session& session, Amount_Column column) {
-    static constexpr std::array names = {"仮金額", "金額", "改善後残高"};
-    return {cn, session.Syori_Ki, {names.at(static_cast<std::size_t>(column))}, Hidden_Rows::Left_Out};
+    return {cn, session.Syori_Ki, Column_Of(column), Hidden_Rows::Left_Out};
 }
 
 void Zaimu_Shukei(const Connection& cn, const Session& session, Amount_Column column) {
     Account_Book book = Read_Book(cn, session, column);
     book.Form_Totals(Statement_Form_Of(session.Kind()));
     book.Store(cn);
+}
+
+void Zaimu_Shukei(Recordset& rows, Firm_Kind kind, Amount_Column column) {
+    Account_Book book(rows, Column_Of(column), Hidden_Rows::Left_Out);
+    book.Form_Totals(Statement_Form_Of(kind));
+    book.Store(rows);
 }
 
 void Zaimu_Shukei(const Session& session, Amount_Column column) {
@@ -28,6 +42,13 @@ void Zaimu_Shukei_KK(const Connection& cn, const Session& session) {
     book.Form_Balances();
     book.Form_Totals(Statement_Form_Of(session.Kind()));
     book.Store(cn);
+}
+
+void Zaimu_Shukei_KK(Recordset& rows, Firm_Kind kind) {
+    Account_Book book(rows, Account_Book::journal, Hidden_Rows::Counted);
+    book.Form_Balances();
+    book.Form_Totals(Statement_Form_Of(kind));
+    book.Store(rows);
 }
 
 void Zaimu_Shukei_KK(const Session& session) {

@@ -25,6 +25,9 @@ Account_Book Read_Book(const Connection& cn, const Session& session, Amount_Colu
 /// is left untouched. Within the transaction of the caller. Raises Store_Error.
 void Zaimu_Shukei(const Connection& cn, const Session& session, Amount_Column column);
 
+/// The same with the rows of a period in memory.
+void Zaimu_Shukei(Recordset& rows, Firm_Kind kind, Amount_Column column);
+
 /// The same in a transaction of its own.
 void Zaimu_Shukei(const Session& session, Amount_Column column);
 
@@ -32,6 +35,9 @@ void Zaimu_Shukei(const Session& session, Amount_Column column);
 /// 改善後残高 together. Rows that are not shown are counted here. Within the transaction of the caller.
 /// Raises Store_Error.
 void Zaimu_Shukei_KK(const Connection& cn, const Session& session);
+
+/// The same with the rows of a period in memory.
+void Zaimu_Shukei_KK(Recordset& rows, Firm_Kind kind);
 
 /// The same in a transaction of its own.
 void Zaimu_Shukei_KK(const Session& session);
