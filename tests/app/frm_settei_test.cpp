@@ -4,15 +4,13 @@
 #include "session/install_info.h"
 #include "session/kyotu_mod.h"
 #include "support/failing_writes.h"
+#include "support/listener.h"
 #include "support/ui_fixture.h"
 
 #include <QLabel>
 #include <QPushButton>
 #include <QTimer>
-#include <arpa/inet.h>
-#include <array>
-#include <sys/socket.h>
-#include <unistd.h>
+#include <optional>
 
 namespace morvane::tests {
 namespace {
@@ -103,44 +101,24 @@ TEST_F(Frm_Settei_Test, Edits_Are_Not_Dropped_Unasked) {
 TEST_F(Frm_Settei_Test, The_Connection_Test_Tells_Of_Each_Host) {
     Click(form, "Cmd_Test");
     ASSERT_EQ(messages.shown.size(), 1U) << "no host";
-    const int listener = socket(AF_INET, SOCK_STREAM, 0);
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t size = sizeof address;
-    ASSERT_EQ(bind(listener, reinterpret_cast<sockaddr*>(&address), size), 0);
-    ASSERT_EQ(listen(listener, 1), 0);
-    ASSERT_EQ(getsockname(listener, reinterpret_cast<sockaddr*>(&address), &size), 0);
-    const std::string port = std::to_string(ntohs(address.sin_port));
+    std::optional<Listener> listener(1);
+    const std::string host = listener->Host();
     const auto test = [&] {
         const std::size_t before = messages.shown.size();
         Click(form, "Cmd_Test");
         EXPECT_TRUE(QTest::qWaitFor([&] { return messages.shown.size() > before; }));
         return messages.shown.back().text;
     };
-    Type_Into(form, "Net_Check_Host", ("127.0.0.1:" + port).c_str());
-    EXPECT_EQ(test(), "接続確認先（127.0.0.1:" + port + "）：接続できました。");
-    close(listener);
-    EXPECT_NE(test().find("：接続できません。"), std::string::npos);
+    Type_Into(form, "Net_Check_Host", host.c_str());
+    EXPECT_EQ(test(), "接続確認先（" + host + "）：接続できました。");
+    listener.reset();
+    EXPECT_PRED2(Has, test(), "：接続できません。");
 }
 
-// A listener whose queue is full takes no packet of a further connection, as a firewall that drops them.
 TEST_F(Frm_Settei_Test, A_Host_That_Drops_Packets_Leaves_The_Window_Alive) {
-    const int listener = socket(AF_INET, SOCK_STREAM, 0);
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t size = sizeof address;
-    auto* const plain = reinterpret_cast<sockaddr*>(&address);
-    ASSERT_EQ(bind(listener, plain, size), 0);
-    ASSERT_EQ(listen(listener, 0), 0);
-    ASSERT_EQ(getsockname(listener, plain, &size), 0);
-    std::array<int, 3> waiting{};
-    for (int& one : waiting) {
-        one = socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK, 0);
-        connect(one, plain, size);
-    }
-    const std::string host = "127.0.0.1:" + std::to_string(ntohs(address.sin_port));
+    Listener listener(0);
+    listener.Fill();
+    const std::string host = listener.Host();
     ASSERT_EQ(Net_Check(host, 200), "0") << "the queue is not full";
     Type_Into(form, "Net_Check_Host", host.c_str());
     int ticks = 0;
@@ -160,10 +138,6 @@ TEST_F(Frm_Settei_Test, A_Host_That_Drops_Packets_Leaves_The_Window_Alive) {
     EXPECT_EQ(form.findChild<QDialog*>(QStringLiteral("Work_Window")), nullptr);
     QTest::qWait(100);
     EXPECT_TRUE(messages.shown.empty()) << "nothing comes of a test that was given up";
-    for (const int one : waiting) {
-        close(one);
-    }
-    close(listener);
 }
 
 } // namespace

@@ -30,17 +30,9 @@ class Shell_Test : public Installation {
   protected:
     explicit Shell_Test(bool multi = true) : Installation("13", multi) {
         if (multi) {
-            Register(12, "青葉建設", 1);
-            Register(34, "港工務店", 2);
+            Register_Company(12, "青葉建設", 1);
+            Register_Company(34, "港工務店", 2);
         }
-    }
-
-    void Register(std::int32_t number, const std::string& name, std::int16_t hojin_kojin) {
-        Make_Company(number, hojin_kojin, 5);
-        Cn_Open(session).Execute("UPDATE Jigyo_mas SET 事業所名='" + name + "'");
-        Copy_Store(session.Work_Store, Company_Store(session, number), session.Db_Key);
-        Put_Register_Row(session, {number, name, "ｱ"});
-        session.Kanri_No = 0;
     }
 
     Shell::Start Start() {
@@ -75,11 +67,7 @@ class Shell_Test : public Installation {
 
 class Single_Shell_Test : public Shell_Test {
   protected:
-    Single_Shell_Test() : Shell_Test(false) {
-        Make_Company(1, 2, 3);
-        Cn_Open(session).Execute("UPDATE Jigyo_mas SET 決算期終了年=7, 決算期終了月=3, 決算期終了日=31, "
-                                 "決算期開始年=6, 決算期開始月=4, 決算期開始日=1");
-    }
+    Single_Shell_Test() : Shell_Test(false) { Make_Company(1, 2, 3); }
 };
 
 // A statement that changes Y reaches the stored scores when its panel is closed, without a visit of their
@@ -244,8 +232,7 @@ TEST_F(Single_Shell_Test, The_Use_Is_Changed_And_The_Next_Start_Has_It) {
     messages.shown.clear();
     change_to("1");
     ASSERT_GE(messages.shown.size(), 1U);
-    EXPECT_NE(messages.shown[0].text.find("1件登録されています"), std::string::npos)
-        << messages.shown[0].text;
+    EXPECT_PRED2(Has, messages.shown[0].text, "1件登録されています");
     Remove_Register_Row(session, 1);
     change_to("1");
     EXPECT_EQ(messages.shown.back().title, "使い方変更完了");
@@ -288,8 +275,7 @@ TEST_F(Shell_Test, A_Company_That_Cannot_Be_Put_Back_Is_Left_To_The_Next_Start) 
     Press("Cmd_End");
     EXPECT_FALSE(ended_with);
     EXPECT_TRUE(shell->Frame()->isVisible());
-    EXPECT_NE(messages.shown.back().text.find((folder.path / "data").string()), std::string::npos)
-        << messages.shown.back().text;
+    EXPECT_PRED2(Has, messages.shown.back().text, (folder.path / "data").string());
     messages.answers = {Answer::Discard};
     Press("Cmd_End");
     EXPECT_FALSE(shell->Frame()->isVisible());
@@ -303,7 +289,7 @@ TEST_F(Shell_Test, A_Failing_Store_Names_Its_File_And_Ends_With_A_Failure_Status
     std::filesystem::rename(folder.path / "Morvane.dat", folder.path / "gone.dat");
     Press("Cmd_Hojyo1");
     EXPECT_EQ(ended_with, 1);
-    EXPECT_NE(messages.shown.back().text.find("Morvane.dat"), std::string::npos);
+    EXPECT_PRED2(Has, messages.shown.back().text, "Morvane.dat");
     EXPECT_EQ(messages.shown.back().text.find("open"), std::string::npos) << "words, no engine text";
 }
 
@@ -410,13 +396,6 @@ TEST_F(Shell_Test, F1_Opens_The_Page_Of_What_Has_The_Focus) {
 
 // A whole session in a process of its own that is killed with a company in hand.
 TEST_F(Shell_Test, After_A_Kill_The_Next_Start_Has_Every_Edit_And_All_Files_Agree) {
-    // The list and the company screen need what a registration gives.
-    for (const int number : {12, 34}) {
-        Connection(Company_Store(session, number), session.Db_Key)
-            .Execute(
-                "UPDATE Jigyo_mas SET 事業所カナ名='ｱ', 決算期終了年=7, 決算期終了月=3, 決算期終了日=31, "
-                "決算期開始年=6, 決算期開始月=4, 決算期開始日=1");
-    }
     QProcess killed;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QString::fromLatin1(crash_variable), QString::fromStdString(folder.path.string()));
@@ -445,8 +424,7 @@ TEST_F(Shell_Test, The_Box_Of_Lost_Settings_Tells_How_To_Make_Them_Again) {
     std::filesystem::remove(folder.path / "install_info.json");
     EXPECT_FALSE(Start().running);
     EXPECT_EQ(ended_with, 1);
-    EXPECT_NE(messages.shown.back().text.find("morvane-batch init --repair"), std::string::npos)
-        << messages.shown.back().text;
+    EXPECT_PRED2(Has, messages.shown.back().text, "morvane-batch init --repair");
 }
 
 TEST_F(Shell_Test, A_Second_Instance_Is_Refused_And_A_Killed_One_Leaves_The_Lock_Free) {

@@ -30,23 +30,6 @@ class Start_Test : public Installation {
         return Load_Session(session, *lock, edit_own_company);
     }
 
-    /// Registers a company with a resting store.
-    void Register(std::int32_t number, const std::string& name) {
-        Make_Company(number, 1, 5);
-        Cn_Open(session).Execute("UPDATE Jigyo_mas SET 事業所カナ名='ｱ', 事業所名='" + name + "'");
-        Copy_Store(session.Work_Store, Company_Store(session, number), session.Db_Key);
-        Put_Register_Row(session, {number, name, "ｱ"});
-        session.Kanri_No = 0;
-    }
-
-    [[nodiscard]] std::vector<std::string> Titles() const {
-        std::vector<std::string> titles;
-        for (const Message_Box& box : messages.shown) {
-            titles.push_back(box.title);
-        }
-        return titles;
-    }
-
     std::function<void()> edit_own_company = [] {};
     std::optional<Instance_Lock> lock;
 };
@@ -58,56 +41,56 @@ class Single_Start_Test : public Start_Test {
 
 TEST_F(Single_Start_Test, First_Run_Makes_The_Firm_And_Asks_For_Its_Dates_Until_They_Are_Given) {
     Install_Info info = Read_Install_Info(folder.path);
+    info.kanri_no = 77;
     info.office_name = "株式会社 山田\"組\"";
+    info.hojin_kojin = Firm_Type::Individual;
     info.syori_ki = 28;
     info.optional_columns = {{"代表者名", "山田"}, {"単位", "2"}};
     Write_Install_Info(folder.path, info);
     int edited = 0;
     edit_own_company = [&] { ++edited; };
     EXPECT_EQ(Start(), Start_Result::Ready);
-    EXPECT_EQ(Titles(), (std::vector<std::string>{"ご利用のご挨拶", "決算期情報未入力確認"}));
+    EXPECT_EQ(Titles(), "ご利用のご挨拶 決算期情報未入力確認");
     EXPECT_EQ(edited, 1);
-    EXPECT_EQ(session.Jigyo_Name, "株式会社 山田\"組\"");
-    EXPECT_EQ(session.Syori_Ki, 28);
-    EXPECT_EQ(session.Data_Ver, Data_Form_No::National);
-    EXPECT_EQ(Law_Number(session.Simyu_Kubun), 4);
-    EXPECT_EQ(Field("Jigyo_mas", "代表者名", "1=1"), Value("山田"));
+    EXPECT_EQ(In_Hand(), "77 株式会社 山田\"組\" 28 個人 5 4");
+    EXPECT_EQ(List("SELECT 管理No, 代表者名, 地域CD, 許可番号2 FROM Jigyo_mas"), "77=山田=13=-");
+    Jigyo_Init(session, info);
+    EXPECT_EQ(List("SELECT 管理No FROM Jigyo_mas"), "77") << "still one row";
     EXPECT_EQ(session.Tani_Kbn, Display_Unit::Ones) << "the unit is yen after every start";
     EXPECT_EQ(Start(), Start_Result::Ready);
-    EXPECT_EQ(Titles(), (std::vector<std::string>{"決算期情報未入力確認"}));
-    Cn_Open(session).Execute("UPDATE Jigyo_mas SET 決算期終了年=7, 決算期終了月=3, 決算期終了日=31, "
-                             "決算期開始年=6, 決算期開始月=4, 決算期開始日=1");
+    EXPECT_EQ(Titles(), "決算期情報未入力確認");
+    Run({"UPDATE Jigyo_mas SET 決算期終了年=7, 決算期終了月=3, 決算期終了日=31, 決算期開始年=6, "
+         "決算期開始月=4, 決算期開始日=1"});
     Write_Text_File(folder.path / "kidou.ini", "not a marker");
     EXPECT_EQ(Start(), Start_Result::Ready) << "the marker is never read in this mode";
-    EXPECT_TRUE(Titles().empty());
+    EXPECT_EQ(Titles(), "");
 }
 
 TEST_F(Single_Start_Test, Data_Older_Than_The_Form_Of_2008_End_The_Program) {
     Start();
-    Cn_Open(session).Execute("UPDATE Ks_Zaihyo SET 並び順=2 WHERE 建設科目CD=99");
+    Run({"UPDATE Ks_Zaihyo SET 並び順=2 WHERE 建設科目CD=99"});
     EXPECT_EQ(Start(), Start_Result::Ended);
     EXPECT_EQ(messages.shown.back().text, "データが2008年より古いため、起動できません。");
 }
 
 TEST_F(Start_Test, Without_A_Company_The_Marker_Decides) {
     EXPECT_EQ(Start(), Start_Result::Ready);
-    EXPECT_EQ(Titles(), std::vector<std::string>{"ご利用のご挨拶"});
+    EXPECT_EQ(Titles(), "ご利用のご挨拶");
     EXPECT_EQ(session.Kanri_No, 0);
     EXPECT_EQ(Start(), Start_Result::Ready);
-    EXPECT_TRUE(Titles().empty());
+    EXPECT_EQ(Titles(), "");
     std::filesystem::remove(folder.path / "kidou.ini");
     EXPECT_THROW(Start(), Store_Error) << "a missing marker is no clean end";
 }
 
 TEST_F(Start_Test, An_Abnormal_End_Keeps_The_Working_Store_And_Adopts_Its_Company) {
-    Register(12, "青葉建設");
-    Register(34, "港工務店");
+    Register_Company(12, "青葉建設");
+    Register_Company(34, "港工務店");
     Check_Out(session, 12, "青葉建設");
     Put_Amounts({{100, 777}});
     EXPECT_EQ(Start(), Start_Result::Ready);
-    EXPECT_EQ(Titles(), std::vector<std::string>{"前回の異常終了を確認"});
-    EXPECT_EQ(session.Kanri_No, 12);
-    EXPECT_EQ(session.Jigyo_Name, "青葉建設");
+    EXPECT_EQ(Titles(), "前回の異常終了を確認");
+    EXPECT_EQ(In_Hand(), "12 青葉建設 5 法人 5 4");
     EXPECT_EQ(Amount(100), 777);
     Check_Out(session, 34, "港工務店");
     Check_Out(session, 12, "青葉建設");
@@ -115,20 +98,19 @@ TEST_F(Start_Test, An_Abnormal_End_Keeps_The_Working_Store_And_Adopts_Its_Compan
     Normal_End(session, *lock);
     EXPECT_TRUE(Read_Kidou_Ini(folder.path).Is_Clean());
     EXPECT_EQ(Start(), Start_Result::Ready);
-    EXPECT_TRUE(Titles().empty());
+    EXPECT_EQ(Titles(), "");
     EXPECT_EQ(session.Kanri_No, 0);
 }
 
 // A newly registered company is in hand although the marker is that of a clean end.
 TEST_F(Start_Test, The_Lock_File_Tells_Of_A_Company_That_The_Marker_Does_Not_Know) {
     Start();
-    Register(56, "新規建設");
+    Register_Company(56, "新規建設");
     session.Kanri_No = 56;
     lock->Record(56);
     Put_Amounts({{100, 888}});
     EXPECT_EQ(Start(), Start_Result::Ready);
-    EXPECT_EQ(session.Kanri_No, 56);
-    EXPECT_EQ(session.Jigyo_Name, "新規建設");
+    EXPECT_EQ(In_Hand(), "56 新規建設 5 法人 5 4");
     EXPECT_EQ(Amount(100), 888);
     EXPECT_FALSE(May_Unload(session)) << "its data have not been saved";
     EXPECT_EQ(messages.shown.back().text,
@@ -143,58 +125,46 @@ TEST_F(Start_Test, The_Lock_File_Tells_Of_A_Company_That_The_Marker_Does_Not_Kno
 // What stands in the working store is adopted only where it is the company's that was in hand; else it is
 // kept under a dated name and that company is read from its own file.
 TEST_F(Start_Test, A_Working_Store_That_Does_Not_Fit_Is_Set_Aside) {
-    Register(12, "青葉建設");
-    Register(34, "港工務店");
+    Register_Company(12, "青葉建設");
+    Register_Company(34, "港工務店");
     Start();
     Check_Out(session, 12, "青葉建設");
     const File_Contents files = Read_Files(folder.path);
-    const std::string work = files.at("Morvane.dat");
-    const auto sql = [this](const char* text) { Cn_Open(session).Execute(text); };
-    const auto put = [this](const std::string& content) {
-        Write_Text_File(folder.path / "Morvane.dat", content);
+    std::string broken = files.at("Morvane.dat");
+    broken[broken.size() - 2000] = static_cast<char>(broken[broken.size() - 2000] ^ 1);
+    const std::filesystem::path work = folder.path / "Morvane.dat";
+    const auto sql = [this](const char* text) { return [=, this] { Run({text}); }; };
+    const auto put = [=](const std::string& content) { return [=] { Write_Text_File(work, content); }; };
+    const auto lose_own_file = [&] {
+        put("text")();
+        std::filesystem::remove(Company_Store(session, 12));
     };
-    const auto mark = [this](std::int32_t number) {
-        Write_Kidou_Ini(folder.path, number == 0 ? Kidou_Marker{} : Kidou_Marker{number, "青葉建設"});
+    const auto lose_mark = [&] {
+        put("text")();
+        Write_Kidou_Ini(folder.path, {});
+    };
+    const auto put_folder = [&] {
+        lose_mark();
+        std::filesystem::remove(work);
+        std::filesystem::create_directory(work);
     };
     const struct {
         const char* what;
         std::function<void()> harm;
-        bool kept;            ///< a file is set aside
-        std::int32_t in_hand; ///< after the start
+        bool kept;                 ///< a file is set aside
+        std::int32_t in_hand = 12; ///< after the start
     } cases[] = {
-        {"an unregistered firm", [&] { sql("UPDATE Jigyo_mas SET 管理No=77"); }, true, 12},
-        {"another office's 12", [&] { sql("UPDATE Jigyo_mas SET 事業所名='他事務所'"); }, true, 12},
-        {"another edition", [&] { sql("UPDATE Jigyo_mas SET 地域CD='01'"); }, true, 12},
-        {"blank", [&] { sql("DELETE FROM Jigyo_mas"); }, false, 12},
-        {"no store", [&] { put("text"); }, true, 12},
-        {"a broken page",
-         [&] {
-             std::string broken = work;
-             broken[broken.size() - 2000] = static_cast<char>(broken[broken.size() - 2000] ^ 1);
-             put(broken);
-         },
-         true, 12},
-        {"gone", [&] { std::filesystem::remove(folder.path / "Morvane.dat"); }, false, 12},
+        {"an unregistered firm", sql("UPDATE Jigyo_mas SET 管理No=77"), true},
+        {"another office's 12", sql("UPDATE Jigyo_mas SET 事業所名='他事務所'"), true},
+        {"another edition", sql("UPDATE Jigyo_mas SET 地域CD='01'"), true},
+        {"blank", sql("DELETE FROM Jigyo_mas"), false},
+        {"no store", put("text"), true},
+        {"a broken page", put(broken), true},
+        {"gone", [&] { std::filesystem::remove(work); }, false},
         {"not in the register", [&] { Remove_Register_Row(session, 12); }, true, 0},
-        {"its own file is gone too",
-         [&] {
-             put("text");
-             std::filesystem::remove(Company_Store(session, 12));
-         },
-         true, 0},
-        {"nobody in hand, broken",
-         [&] {
-             mark(0);
-             put("text");
-         },
-         true, 0},
-        {"nobody in hand, a folder",
-         [&] {
-             mark(0);
-             std::filesystem::remove(folder.path / "Morvane.dat");
-             std::filesystem::create_directory(folder.path / "Morvane.dat");
-         },
-         true, 0},
+        {"its own file is gone too", lose_own_file, true, 0},
+        {"nobody in hand, broken", lose_mark, true, 0},
+        {"nobody in hand, a folder", put_folder, true, 0},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
@@ -210,15 +180,15 @@ TEST_F(Start_Test, A_Working_Store_That_Does_Not_Fit_Is_Set_Aside) {
         const File_Contents harmed = Read_Files(folder.path);
         ASSERT_EQ(Start(), Start_Result::Ready);
         EXPECT_EQ(session.Kanri_No, c.in_hand);
-        EXPECT_EQ(Titles().front(), "作業用データの確認");
-        EXPECT_EQ(Titles().size(), c.in_hand == 0 ? 1U : 2U);
+        EXPECT_EQ(messages.shown.front().title, "作業用データの確認");
+        EXPECT_EQ(messages.shown.size(), c.in_hand == 0 ? 1U : 2U);
         int kept = 0;
         for (const auto& entry : std::filesystem::directory_iterator(folder.path)) {
             if (!entry.path().filename().string().starts_with("Morvane-")) {
                 continue;
             }
             ++kept;
-            EXPECT_NE(messages.shown.front().text.find(entry.path().filename().string()), std::string::npos);
+            EXPECT_PRED2(Has, messages.shown.front().text, entry.path().filename().string());
             EXPECT_TRUE(was_folder || Read_Text_File(entry.path()) == harmed.at("Morvane.dat"));
         }
         EXPECT_EQ(kept, c.kept ? 1 : 0);
@@ -229,14 +199,14 @@ TEST_F(Start_Test, A_Working_Store_That_Does_Not_Fit_Is_Set_Aside) {
             EXPECT_TRUE(Read_Files(folder.path)[store] == (harmed.contains(store) ? harmed.at(store) : ""));
         }
         EXPECT_EQ(Start(), Start_Result::Ready) << "the next start has nothing to mend";
-        EXPECT_EQ(Titles().size(), c.in_hand == 0 ? 0U : 1U);
+        EXPECT_EQ(messages.shown.size(), c.in_hand == 0 ? 0U : 1U);
     }
 }
 
 // A folder that lost some of its files gets those back, and nothing else changes.
 TEST_F(Start_Test, A_Repair_Makes_Only_What_Is_Lost) {
-    Register(12, "青葉建設");
-    Register(34, "港工務店");
+    Register_Company(12, "青葉建設");
+    Register_Company(34, "港工務店");
     Start();
     Check_Out(session, 12, "青葉建設");
     Check_In_And_Release(session);
@@ -278,7 +248,7 @@ TEST_F(Start_Test, A_Repair_Makes_Only_What_Is_Lost) {
     Write_Files(folder.path, files);
     std::filesystem::remove(folder.path / "kidou.ini");
     Copy_Store(Company_Store(session, 12), folder.path / "Morvane.dat", session.Db_Key);
-    Cn_Open(session).Execute("UPDATE Jigyo_mas SET 電話番号='1'");
+    Run({"UPDATE Jigyo_mas SET 電話番号='1'"});
     static_cast<void>(Repair_Installation(Templates_Folder(), folder.path, std::nullopt));
     EXPECT_EQ(Read_Kidou_Ini(folder.path).number, 12);
 }

@@ -62,8 +62,8 @@ class Score_Test : public Installation {
         [[nodiscard]] ordered_json Parsed() const { return ordered_json::parse(out); }
     };
 
-    [[nodiscard]] Run Scored(const std::function<void(Score_Options&)>& change = [](Score_Options&) {
-    }) const {
+    using Change = std::function<void(Score_Options&)>;
+    [[nodiscard]] Run Scored(const Change& change = [](Score_Options&) {}) const {
         Score_Options options;
         options.companies = Companies_Of(session);
         options.format = Score_Format::Json;
@@ -123,9 +123,8 @@ TEST_F(Score_Test, Json_Of_A_Company) {
     // 10 × 20 × 175/200
     EXPECT_EQ(company["W"].dump(), R"({"W1":0,"W2":0,"W3":20,"W4":0,"W5":0,"W6":0,"W7":0,"W8":0,"W":175})");
     EXPECT_EQ(company["事業所名"].get<std::string>() + company["scenario"].get<std::string>(), "見本1genjo");
-    EXPECT_NE(run.out.find(R"("Y":{"X":[5.1,18.0,6.5,-8.5,-76.5,0.0,0.0,0.0],"ritu":[)"), std::string::npos)
-        << run.out;
-    EXPECT_NE(run.out.find(R"(,40.0,2.9126213],"A":-3.24,"Y":41})"), std::string::npos) << run.out;
+    EXPECT_PRED2(Has, run.out, R"("Y":{"X":[5.1,18.0,6.5,-8.5,-76.5,0.0,0.0,0.0],"ritu":[)");
+    EXPECT_PRED2(Has, run.out, R"(,40.0,2.9126213],"A":-3.24,"Y":41})");
     ASSERT_EQ(company["Kandaka_Gj"].size(), 34U);
     // X1 11 × 10,000 ÷ 2,000 + 473; Z 467.2 + 48.2; P 132 + 68.1 + 8.2 + 128.75 + 26.25
     EXPECT_EQ(
@@ -154,7 +153,7 @@ TEST_F(Score_Test, Csv_And_Table) {
     const std::string table =
         Scored([](Score_Options& options) { options.format = Score_Format::Table; }).out;
     for (const char* part : {"第2期", "Y 41", "A -3.24", "X2 454", "W 175", "土木一式", "10,000", "363"}) {
-        EXPECT_NE(table.find(part), std::string::npos) << part << "\n" << table;
+        EXPECT_PRED2(Has, table, part);
     }
     EXPECT_EQ(table.find("建築一式"), std::string::npos) << "a line without figures";
 }
@@ -183,30 +182,24 @@ TEST_F(Score_Test, Failures_Leave_The_Others) {
         for (std::size_t i = 0; i < 4; ++i) {
             EXPECT_EQ(root["errors"][i]["管理No"], failed[i]);
             const std::string reason = root["errors"][i]["error"];
-            EXPECT_NE(reason.find(reasons[i]), std::string::npos) << reason;
+            EXPECT_PRED2(Has, reason, reasons[i]);
             EXPECT_FALSE(reason.empty());
             EXPECT_EQ(run.errors[i].rfind(std::to_string(failed[i]) + " ", 0), 0U) << run.errors[i];
-            EXPECT_NE(run.errors[i].find(reason), std::string::npos) << run.errors[i];
+            EXPECT_PRED2(Has, run.errors[i], reason);
         }
     }
 }
 
 TEST_F(Score_Test, Periods_And_Slots) {
     Import(Firm(1, one_line));
-    const struct {
-        int period;
-        int w; ///< -1 no such period
-    } cases[] = {{1, 190}, {2, 175}, {3, -1}, {0, -1}};
-    for (const auto& c : cases) {
+    for (const auto& [period, w] : {std::pair(1, 190), {2, 175}, {3, -1}, {0, -1}}) {
         const ordered_json root =
-            Scored([&](Score_Options& options) { options.side.period = c.period; }).Parsed();
-        EXPECT_EQ(root["errors"].size(), c.w < 0 ? 1U : 0U) << c.period;
-        if (c.w >= 0) {
-            EXPECT_EQ(root["companies"][0]["決算期"], c.period);
-            EXPECT_EQ(root["companies"][0]["W"]["W"], c.w);
+            Scored([period = period](Score_Options& options) { options.side.period = period; }).Parsed();
+        if (w >= 0) {
+            EXPECT_EQ(root["companies"][0]["決算期"], period);
+            EXPECT_EQ(root["companies"][0]["W"]["W"], w);
         } else {
-            EXPECT_NE(root["errors"][0]["error"].get<std::string>().find("登録されていません"),
-                      std::string::npos);
+            EXPECT_PRED2(Has, root["errors"][0]["error"], "登録されていません");
         }
     }
     for (const Scenario slot : {Scenario::Slot_1, Scenario::Slot_2, Scenario::Slot_3}) {
@@ -300,10 +293,7 @@ TEST_F(Score_Test, Threads_Change_Nothing) {
             Firm(number, {{std::to_string(number), {{"完工高基準", number * 1000}}}}, {{"111", number * 3}}));
     }
     const std::string one = Scored().out;
-    const ordered_json companies = ordered_json::parse(one)["companies"];
-    for (int number = 1; number <= 9; ++number) {
-        EXPECT_EQ(companies[static_cast<std::size_t>(number - 1)]["管理No"], number);
-    }
+    EXPECT_EQ(ordered_json::parse(one)["companies"][8]["管理No"], 9);
     EXPECT_EQ(Scored([](Score_Options& options) { options.jobs = 4; }).out, one);
     EXPECT_EQ(Scored([](Score_Options& options) { options.jobs = 0; }).out, one);
 }
@@ -333,14 +323,14 @@ TEST_F(Score_Test, A_Company_Left_In_Hand_Is_Read_From_The_Working_Store) {
     const auto scored = Scored();
     EXPECT_EQ(scored.Parsed()["companies"].size(), 1U);
     ASSERT_EQ(scored.errors.size(), 1U);
-    EXPECT_NE(scored.errors[0].find("事業所番号 77"), std::string::npos) << scored.errors[0];
+    EXPECT_PRED2(Has, scored.errors[0], "事業所番号 77");
 }
 
 // The name of a file is no proof of whose it is.
 TEST_F(Score_Test, A_Foreign_Store_Is_Neither_Scored_Nor_Passed) {
-    Import(Firm(1, one_line));
-    Import(Firm(2, one_line));
-    Import(Firm(3, one_line));
+    for (const int number : {1, 2, 3}) {
+        Import(Firm(number, one_line));
+    }
     fs::rename(Company_Store(session, 1), folder.path / "data/x");
     fs::rename(Company_Store(session, 2), Company_Store(session, 1));
     fs::rename(folder.path / "data/x", Company_Store(session, 2));
@@ -350,16 +340,15 @@ TEST_F(Score_Test, A_Foreign_Store_Is_Neither_Scored_Nor_Passed) {
     ASSERT_EQ(scored.errors.size(), 3U);
     const char* words[] = {"事業所番号 2", "事業所番号 1", "北海道版のデータ"};
     for (std::size_t i = 0; i < scored.errors.size(); ++i) {
-        EXPECT_NE(scored.errors[i].find(words[i]), std::string::npos) << scored.errors[i];
+        EXPECT_PRED2(Has, scored.errors[i], words[i]);
     }
     std::ostringstream out;
     EXPECT_EQ(Check_Run(session, out), 3U) << out.str();
     Import(Firm(4, one_line));
     Execute(4, "UPDATE Jigyo_mas SET 事業所名='改名', 決算期終了月=13;");
     EXPECT_EQ(Check_Run(session, out), 4U);
-    EXPECT_NE(out.str().find("data/000004.dat：事業所名「改名」が事業所一覧の"), std::string::npos)
-        << out.str();
-    EXPECT_NE(out.str().find("data/000004.dat：決算期終了日「6/13/31」"), std::string::npos) << out.str();
+    EXPECT_PRED2(Has, out.str(), "data/000004.dat：事業所名「改名」が事業所一覧の");
+    EXPECT_PRED2(Has, out.str(), "data/000004.dat：決算期終了日「6/13/31」");
 }
 
 TEST_F(Score_Test, Check_Finds_What_Is_Wrong) {
@@ -383,12 +372,12 @@ TEST_F(Score_Test, Check_Finds_What_Is_Wrong) {
          {"data/000001.dat：第2期 バランス不合：差額 -1 円",
           "data/000001.dat：第1期 バランス不合： 資産合計 2,000 円", "data/000002.dat：", "QandA",
           "data/000003.dat：", "data/000004.dat：", "data/000077.dat：事業所一覧にないファイルです。"}) {
-        EXPECT_NE(found.find(finding), std::string::npos) << finding << "\n" << found;
+        EXPECT_PRED2(Has, found, finding);
     }
     EXPECT_EQ(std::count(found.begin(), found.end(), '\n'), 6);
 
     Damage(folder.path / "morv_set.dat");
-    EXPECT_NE(checked(6).find("morv_set.dat："), std::string::npos);
+    EXPECT_PRED2(Has, checked(6), "morv_set.dat：");
 }
 
 class Single_Test : public Score_Test {

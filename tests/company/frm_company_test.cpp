@@ -178,7 +178,7 @@ TEST_F(Frm_Company_Test, A_New_Company_Is_Keyed_In_And_Registered) {
     fs::rename(folder.path / "morv_set.dat", folder.path / "away.dat");
     Click(*opened, "Cmd_Excute");
     EXPECT_EQ(Last_Title(), "保存エラー");
-    EXPECT_NE(messages.shown.back().text.find("morv_set.dat"), std::string::npos);
+    EXPECT_PRED2(Has, messages.shown.back().text, "morv_set.dat");
     EXPECT_EQ(Text("SyaMei"), "新規建設");
     EXPECT_EQ(shell.failure, "");
     fs::rename(folder.path / "away.dat", folder.path / "morv_set.dat");

@@ -74,18 +74,18 @@ TEST_F(Own_Use_Test, What_Would_Lose_Data_Is_Refused) {
     Copy_Store(session.Work_Store, Company_Store(session, 7), session.Db_Key);
     EXPECT_EQ(Mode_Refusal(session, true), "") << "its own file";
     Connection(Company_Store(session, 7), session.Db_Key).Execute("UPDATE Jigyo_mas SET 事業所名='別の組'");
-    EXPECT_NE(Mode_Refusal(session, true).find("000007.dat"), std::string::npos);
+    EXPECT_PRED2(Has, Mode_Refusal(session, true), "000007.dat");
     fs::remove(Company_Store(session, 7));
     Put_Amounts({{100, 5000}});
     Connection(session.Work_Store, session.Db_Key).Execute("UPDATE Jigyo_mas SET 事業所名=Null");
-    EXPECT_NE(Mode_Refusal(session, true).find("自社情報"), std::string::npos);
+    EXPECT_PRED2(Has, Mode_Refusal(session, true), "自社情報");
 }
 
 class Office_Test : public Installation {};
 
 TEST_F(Office_Test, Own_Use_Needs_An_Empty_Register) {
     Put_Register_Row(session, {5, "見本組", "ﾐ"});
-    EXPECT_NE(Mode_Refusal(session, false).find("1件"), std::string::npos);
+    EXPECT_PRED2(Has, Mode_Refusal(session, false), "1件");
     Remove_Register_Row(session, 5);
     Make_Company(5, 1, 3);
     EXPECT_NE(Mode_Refusal(session, false), "") << "in hand";

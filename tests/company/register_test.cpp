@@ -98,7 +98,7 @@ TEST_F(Register_Test, Deletes_File_And_Row_After_The_Question) {
     before = State();
     messages.answers = {Answer::Yes};
     EXPECT_FALSE(Delete_Company(session, Register_Row{8, "八", ""}));
-    EXPECT_NE(Last_Box().find("事業所番号 2"), std::string::npos) << Last_Box();
+    EXPECT_PRED2(Has, Last_Box(), "事業所番号 2");
     EXPECT_TRUE(State() == before);
 
     // A file that cannot go: a folder of its name.
@@ -107,7 +107,7 @@ TEST_F(Register_Test, Deletes_File_And_Row_After_The_Question) {
     before = State();
     messages.answers = {Answer::Yes};
     EXPECT_FALSE(Delete_Company(session, Register_Row{6, "六", ""}));
-    EXPECT_NE(Last_Box().find("000006.dat"), std::string::npos) << Last_Box();
+    EXPECT_PRED2(Has, Last_Box(), "000006.dat");
     EXPECT_TRUE(State() == before);
 }
 

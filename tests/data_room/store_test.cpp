@@ -68,8 +68,8 @@ class Store_Test : public ::testing::Test {
         } catch (const Store_Error& error) {
             const std::string text = error.what();
             EXPECT_EQ(error.reason, reason) << text;
-            EXPECT_NE(text.find("「" + named.string() + "」"), std::string::npos) << text;
-            EXPECT_NE(text.find(Reason_Text(reason)), std::string::npos) << text;
+            EXPECT_PRED2(Has, text, "「" + named.string() + "」");
+            EXPECT_PRED2(Has, text, Reason_Text(reason));
             // Behind the file's name: neither SQL nor the engine's English.
             const std::string words = text.substr(text.find("」："));
             for (const char* foreign :

@@ -34,7 +34,7 @@ class Hokkaido_Conversion : public Data_Conversion {
 
 void Expect_Box(const Message_Box& box, const std::string& title, const std::string& part) {
     EXPECT_EQ(box.title, title);
-    EXPECT_NE(box.text.find(part), std::string::npos) << box.text;
+    EXPECT_PRED2(Has, box.text, part);
     EXPECT_TRUE(box.beep);
 }
 
@@ -112,7 +112,7 @@ TEST_F(Data_Conversion, Refusals_And_No_Change_Nothing) {
         messages.shown.clear();
         EXPECT_FALSE(row.to_2015 ? Mnu_Dt2015(session) : Conv_2008_To_2010(session)) << row.text;
         ASSERT_EQ(messages.shown.size(), 1U) << row.text;
-        EXPECT_NE(messages.shown[0].text.find(row.text), std::string::npos) << messages.shown[0].text;
+        EXPECT_PRED2(Has, messages.shown[0].text, row.text);
         EXPECT_EQ(messages.shown[0].default_answer,
                   messages.shown[0].buttons == Buttons::Yes_No ? Answer::No : Answer::Ok);
         EXPECT_EQ(Dump(session.Work_Store), before) << row.text;
@@ -185,10 +185,10 @@ TEST_F(Data_Conversion, Csv_Is_Written_As_The_Fields_Stand) {
     const std::string firm = Read_Text_File(out / "Jigyo_mas.csv");
     EXPECT_TRUE(firm.starts_with("管理No,地域CD,地域名,事業所名,")) << firm;
     // A comma in a text makes one more field, by design of this export.
-    EXPECT_NE(firm.find("\n1,,,あ,い\"う,,"), std::string::npos) << firm;
+    EXPECT_PRED2(Has, firm, "\n1,,,あ,い\"う,,");
     const std::string statement = Read_Text_File(out / "Ks_Zaihyo.csv");
-    EXPECT_NE(statement.find("123456789012345"), std::string::npos);
-    EXPECT_NE(statement.find(",-5,"), std::string::npos);
+    EXPECT_PRED2(Has, statement, "123456789012345");
+    EXPECT_PRED2(Has, statement, ",-5,");
     EXPECT_EQ(Read_Text_File(out / "Ks_Ki.csv"), "決算期\n30\n");
     for (const char* table : {"Kandaka_Gj", "W_Yoso"}) {
         EXPECT_TRUE(std::filesystem::exists(out / (std::string(table) + ".csv"))) << table;

@@ -10,13 +10,12 @@
 #include "session/kyotu_mod.h"
 #include "session/program_folder.h"
 #include "support/installation_fixture.h"
+#include "support/listener.h"
 
-#include <arpa/inet.h>
 #include <csignal>
 #include <cstdlib>
-#include <netinet/in.h>
+#include <optional>
 #include <stop_token>
-#include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -41,46 +40,28 @@ class Session_Test : public Installation {
     }
 };
 
-class Hokkaido_Session_Test : public Installation {
-  protected:
-    Hokkaido_Session_Test() : Installation("01", false) {}
-};
-
 TEST(Comma_Str, Groups_Of_Three) {
-    const struct {
-        Value value;
-        const char* text;
-    } cases[] = {
-        {Value(), ""},
-        {"", ""},
-        {0, "0"},
-        {999, "999"},
-        {1000, "1,000"},
-        {1234567, "1,234,567"},
-        {-1234, "-1,234"},
-        {-123, "-123"},
-        {-100000, "-100,000"},
-        {999.5, "999"},
-        {-999.5, "-999"},
-        {1234.5, "1,234.5"},
-        {-1234567.25, "-1,234,567.25"},
-        {999999999999.0, "999,999,999,999"},
-        {"12345", "12,345"},
-        {"-12345.60", "-12,345.60"},
-    };
-    for (const auto& c : cases) {
-        EXPECT_EQ(Comma_Str(c.value), c.text);
+    const std::pair<Value, const char*> cases[] = {{Value(), ""},
+                                                   {"", ""},
+                                                   {0, "0"},
+                                                   {999, "999"},
+                                                   {1234567, "1,234,567"},
+                                                   {-1234, "-1,234"},
+                                                   {-100000, "-100,000"},
+                                                   {999.5, "999"},
+                                                   {-999.5, "-999"},
+                                                   {-1234567.25, "-1,234,567.25"},
+                                                   {999999999999.0, "999,999,999,999"},
+                                                   {"-12345.60", "-12,345.60"}};
+    for (const auto& [value, text] : cases) {
+        EXPECT_EQ(Comma_Str(value), text);
     }
 }
 
 TEST_F(Session_Test, A_Note_Has_A_Question_Or_An_Advice) {
     Make_Company(1, 1, 5);
-    {
-        const Connection cn = Cn_Open(session);
-        cn.Execute("UPDATE QandA SET 質問 = '問' WHERE QNo=41");
-        cn.Execute("UPDATE QandA SET アドバイス = '答' WHERE QNo=42");
-        cn.Execute("INSERT INTO QandA (決算期, QNo, 質問) VALUES (4, 43, '前期')");
-    }
+    Run({"UPDATE QandA SET 質問 = '問' WHERE QNo=41", "UPDATE QandA SET アドバイス = '答' WHERE QNo=42",
+         "INSERT INTO QandA (決算期, QNo, 質問) VALUES (4, 43, '前期')"});
     for (const auto& [screen, noted] :
          {std::pair(41, true), std::pair(42, true), std::pair(43, false), std::pair(99, false)}) {
         EXPECT_EQ(QandA_Flag(session, screen), noted) << screen;
@@ -101,39 +82,39 @@ TEST_F(Session_Test, Lookups_Read_Missing_Rows_And_Null_As_Zero) {
     EXPECT_EQ(Yoso_Get(9999, elements), 0.0);
 }
 
-struct Form_Case {
-    Value marker; ///< 並び順 of row 99; -1: no such row
-    bool has_552;
-    int form;
-};
-
-void Expect_Forms(Session& session, std::span<const Form_Case> cases) {
+// The form of a period by the marker in its row 99, which may be missing, and by whether it has an account
+// 552.
+TEST_F(Session_Test, Data_Forms_By_Edition) {
+    const Value no_row = -1;
+    const struct {
+        Edition edition;
+        Value marker;
+        bool has_552;
+        int form;
+    } cases[] = {{Edition::National, 5, false, 5},       {Edition::National, 3, false, 3},
+                 {Edition::National, 6, true, 6},        {Edition::National, 1, false, 1},
+                 {Edition::National, {}, false, 2},      {Edition::National, 2, false, 2},
+                 {Edition::National, no_row, false, 51}, {Edition::National, no_row, true, 51},
+                 {Edition::Hokkaido, 6, false, 6},       {Edition::Hokkaido, 4, false, 4},
+                 {Edition::Hokkaido, 1, true, 53},       {Edition::Hokkaido, 2, false, 53},
+                 {Edition::Hokkaido, 2, true, 2},        {Edition::Hokkaido, {}, true, 2},
+                 {Edition::Hokkaido, {}, false, 53},     {Edition::Hokkaido, no_row, true, 52},
+                 {Edition::Hokkaido, no_row, false, 52}};
     const Connection cn = Cn_Open(session);
+    const char* const insert = "INSERT INTO Ks_Zaihyo (決算期, 建設科目CD, 並び順) VALUES (?, ?, ?)";
     for (const auto& c : cases) {
+        session.Tiiki_CD = c.edition;
         cn.Execute("DELETE FROM Ks_Zaihyo");
-        const std::array<Value, 1> marker = {c.marker};
-        if (c.marker != Value(-1)) {
-            cn.Execute("INSERT INTO Ks_Zaihyo (決算期, 建設科目CD, 並び順) VALUES (3, 99, ?)", marker);
+        if (c.marker != no_row) {
+            cn.Execute(insert, 3, 99, c.marker);
         }
         if (c.has_552) {
-            cn.Execute("INSERT INTO Ks_Zaihyo (決算期, 建設科目CD) VALUES (3, 552)");
+            cn.Execute(insert, 3, 552, 0);
         }
-        cn.Execute("INSERT INTO Ks_Zaihyo (決算期, 建設科目CD, 並び順) VALUES (2, 99, 4), (2, 552, 0)");
+        cn.Execute(insert, 2, 99, 4);
+        cn.Execute(insert, 2, 552, 0);
         EXPECT_EQ(Number_Of(Get_Data_Ver(session, 3)), c.form) << c.marker.As_Text() << " " << c.has_552;
     }
-}
-
-TEST_F(Session_Test, Data_Forms_Of_The_National_Edition) {
-    const Form_Case cases[] = {{5, false, 5},       {3, false, 3}, {6, true, 6},    {1, false, 1},
-                               {Value(), false, 2}, {2, false, 2}, {-1, false, 51}, {-1, true, 51}};
-    Expect_Forms(session, cases);
-}
-
-TEST_F(Hokkaido_Session_Test, Data_Forms_Of_Hokkaido) {
-    const Form_Case cases[] = {{6, false, 6},        {4, false, 4},  {1, true, 53},
-                               {2, false, 53},       {2, true, 2},   {Value(), true, 2},
-                               {Value(), false, 53}, {-1, true, 52}, {-1, false, 52}};
-    Expect_Forms(session, cases);
 }
 
 TEST_F(Session_Test, The_Marker_Keeps_Any_Name) {
@@ -183,17 +164,13 @@ TEST_F(Session_Test, Settings_Are_Kept) {
     EXPECT_EQ(read.office_name, info.office_name);
     EXPECT_EQ(read.net_check_host, info.net_check_host);
     EXPECT_EQ(read.optional_columns, info.optional_columns);
-    const Session made = Make_Session(folder.path, messages);
-    EXPECT_FALSE(made.Is_Multi());
-    EXPECT_EQ(made.User_ID, "U-1");
-    EXPECT_EQ(made.Tiiki_CD, Edition::Hokkaido);
-    EXPECT_TRUE(made.Is_Hokkaido());
-    EXPECT_EQ(made.Todofuken_Mei, "北海道");
-    EXPECT_EQ(made.Hojin_Kojin, Firm_Type::Individual);
-    EXPECT_EQ(made.Syori_Ki, -3);
-    EXPECT_EQ(made.Kanri_No, 2147483647);
-    EXPECT_EQ(made.Tani_Kbn, Display_Unit::Ones);
-    Verify_Store(made.Work_Store, made.Db_Key);
+    session = Make_Session(folder.path, messages);
+    EXPECT_EQ(In_Hand().substr(0, 11) + session.User_ID + session.Todofuken_Mei, "2147483647 U-1北海道");
+    EXPECT_TRUE(session.Is_Hokkaido() && !session.Is_Multi());
+    EXPECT_EQ(session.Hojin_Kojin, Firm_Type::Individual);
+    EXPECT_EQ(session.Syori_Ki, -3);
+    EXPECT_EQ(session.Tani_Kbn, Display_Unit::Ones);
+    Verify_Store(session.Work_Store, session.Db_Key);
 
     Write_Text_File(folder.path / install_info_file,
                     R"({"管理者識別": 11, "許可番号1": 123, "ビル名": null, "処理決算期": null})");
@@ -277,21 +254,6 @@ TEST(Office, Other_Numbers_Are_A_Single_Firm_And_Million_Yen) {
     }
 }
 
-TEST_F(Session_Test, Settings_That_Cannot_Be_Read_Are_Refused) {
-    for (const char* text : {"", "{", "[1]", "\"x\"", R"({"管理者識別": 256})", R"({"管理者識別": -1})",
-                             R"({"管理者識別": "11"})", R"({"法人個人識別": 32768})",
-                             R"({"管理No": 2147483648})", R"({"管理No": 18446744073709551615})",
-                             R"({"処理決算期": 1.5})", R"({"事業所名": 5})", "{\"UserID\": \"\xff\"}"}) {
-        SCOPED_TRACE(text);
-        Write_Text_File(folder.path / install_info_file, text);
-        Expect_Refusal(install_info_file, Store_Error::Reason::Bad_Content,
-                       [&] { static_cast<void>(Read_Install_Info(folder.path)); });
-    }
-    fs::remove(folder.path / install_info_file);
-    Expect_Refusal(install_info_file, Store_Error::Reason::Missing,
-                   [&] { Make_Session(folder.path, messages); });
-}
-
 TEST_F(Session_Test, Data_Beside_The_Program_Are_Never_Passed_Over) {
     const fs::path program = folder.path / "program";
     const fs::path of_user = folder.path / "user";
@@ -372,26 +334,19 @@ TEST_F(Session_Test, One_Program_Holds_An_Installation) {
 }
 
 TEST(Net_Check, Tells_Whether_A_Host_Answers) {
-    const int listener = ::socket(AF_INET, SOCK_STREAM, 0);
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t size = sizeof address;
-    auto* const plain = reinterpret_cast<sockaddr*>(&address);
-    ASSERT_EQ(::bind(listener, plain, size), 0);
-    ASSERT_EQ(::listen(listener, 4), 0);
-    ASSERT_EQ(::getsockname(listener, plain, &size), 0);
-    const std::string port = ":" + std::to_string(ntohs(address.sin_port));
-    EXPECT_EQ(Net_Check("127.0.0.1" + port), "1");
-    ::close(listener);
-    for (const std::string& host :
-         {"127.0.0.1" + port, std::string(), port, std::string("127.0.0.1:"), std::string("127.0.0.1:no"),
+    std::optional<Listener> listener(4);
+    const std::string host = listener->Host();
+    const std::string port = host.substr(host.find(':'));
+    EXPECT_EQ(Net_Check(host), "1");
+    listener.reset();
+    for (const std::string& silent :
+         {host, std::string(), port, std::string("127.0.0.1:"), std::string("127.0.0.1:no"),
           std::string("host.invalid:80"), std::string("a b:80")}) {
-        EXPECT_EQ(Net_Check(host, 500), "0") << host;
+        EXPECT_EQ(Net_Check(silent, 500), "0") << silent;
     }
     std::stop_source stop;
     stop.request_stop();
-    EXPECT_EQ(Net_Check("127.0.0.1" + port, 500, stop.get_token()), "0") << "nobody waits any more";
+    EXPECT_EQ(Net_Check(host, 500, stop.get_token()), "0") << "nobody waits any more";
 }
 
 TEST(Url_Open, Hands_Only_Web_And_Help_Addresses_To_The_Desktop) {

@@ -4,6 +4,7 @@
 #include "data/store_error.h"
 #include "data/store_file.h"
 
+#include <array>
 #include <fcntl.h>
 #include <fstream>
 #include <gtest/gtest.h>
@@ -174,15 +175,18 @@ void Fail_Every_Write(const std::function<void()>& prepare, const std::function<
     }
     ASSERT_NO_FATAL_FAILURE(check(Outcome::Finished));
     ASSERT_GT(writes_of_good_run, 0);
+    constexpr std::array manners = {std::pair(Failing_Writes::Manner::Once, EIO),
+                                    std::pair(Failing_Writes::Manner::From_Then_On, ENOSPC),
+                                    std::pair(Failing_Writes::Manner::Kill, 0)};
     for (int at = 1; at <= writes_of_good_run; ++at) {
-        for (const auto& [manner, error] : {std::pair(Failing_Writes::Manner::Once, EIO),
-                                            std::pair(Failing_Writes::Manner::From_Then_On, ENOSPC),
-                                            std::pair(Failing_Writes::Manner::Kill, 0)}) {
-            SCOPED_TRACE("write " + std::to_string(at) + " of " + std::to_string(writes_of_good_run) +
-                         ", manner " + std::to_string(static_cast<int>(manner)));
-            if (manner == Failing_Writes::Manner::Kill && writes_of_good_run > 50 && at % 5 != 0) {
+        const bool in_every_manner = at <= 12 || at > writes_of_good_run - 12;
+        for (std::size_t i = 0; i < manners.size(); ++i) {
+            if (!in_every_manner && i != static_cast<std::size_t>(at) % manners.size()) {
                 continue;
             }
+            const auto& [manner, error] = manners[i];
+            SCOPED_TRACE("write " + std::to_string(at) + " of " + std::to_string(writes_of_good_run) +
+                         ", manner " + std::to_string(i));
             prepare();
             Outcome outcome = Outcome::Killed;
             if (manner == Failing_Writes::Manner::Kill) {

@@ -55,9 +55,10 @@ void Write_Files(const std::filesystem::path& folder, const File_Contents& files
 /// How an attempt ended.
 enum class Outcome { Finished, Threw, Killed };
 
-/// Lets every single write operation of `act` fail, in every manner: `prepare`, `act`, `check` for each. A
-/// killed attempt runs in a process of its own; of many writes each fifth is killed. The first run of all is
-/// without failure.
+/// Lets every single write operation of `act` fail: `prepare`, `act`, `check` for each. The first and the
+/// last dozen, where files are opened, flushed and renamed, fail in every manner; those between them, pages
+/// that are written one after the other, in one of the manners by turns. A killed attempt runs in a process
+/// of its own. The first run of all is without failure.
 void Fail_Every_Write(const std::function<void()>& prepare, const std::function<void()>& act,
                       const std::function<void(Outcome)>& check, bool hard_links = true);
 

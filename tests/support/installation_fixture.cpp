@@ -2,6 +2,8 @@
 #include "support/installation_fixture.h"
 
 #include "company/data_set.h"
+#include "company/datacheck.h"
+#include "company/register.h"
 #include "company/templates.h"
 #include "data/store_file.h"
 #include "session/install_info.h"
@@ -43,6 +45,10 @@ const Store_Key& Delivered_Key() {
     return key;
 }
 
+bool Has(const std::string& text, const std::string& part) {
+    return text.find(part) != std::string::npos;
+}
+
 Installation::Installation(const std::string& edition, bool multi) {
     fs::create_directories(folder.path / "data");
     for (const char* name : Template_Names()) {
@@ -79,6 +85,41 @@ void Installation::Make_Company(std::int32_t number, std::int16_t hojin_kojin, s
     session.Simyu_Kubun = Law_Of(4).code;
 }
 
+void Installation::Register_Company(std::int32_t number, const std::string& name, std::int16_t hojin_kojin) {
+    Make_Company(number, hojin_kojin, 5);
+    Run({"UPDATE Jigyo_mas SET 事業所カナ名='ｱ', 事業所名='" + name + "'"});
+    Copy_Store(session.Work_Store, Company_Store(session, number), session.Db_Key);
+    Put_Register_Row(session, {number, name, "ｱ"});
+    session.Kanri_No = 0;
+}
+
+void Installation::Run(std::initializer_list<std::string> statements) const {
+    const Connection cn = Cn_Open(session);
+    for (const std::string& sql : statements) {
+        cn.Execute(sql);
+    }
+}
+
+std::string Installation::In_Hand() const {
+    return std::to_string(session.Kanri_No) + " " + session.Jigyo_Name + " " +
+           std::to_string(session.Syori_Ki) +
+           (Counted(session.Hojin_Kojin) == Firm_Type::Corporation ? " 法人 " : " 個人 ") +
+           std::to_string(Number_Of(session.Data_Ver)) + " " +
+           std::to_string(Law_Number(session.Simyu_Kubun));
+}
+
+std::string Installation::Titles() const {
+    std::string titles;
+    for (const Message_Box& box : messages.shown) {
+        titles += (titles.empty() ? "" : " ") + box.title;
+    }
+    return titles;
+}
+
+std::string Installation::Last_Box() const {
+    return messages.shown.empty() ? "" : messages.shown.back().title + "：" + messages.shown.back().text;
+}
+
 void Installation::Make_Form_2008() {
     const Connection cn = Cn_Open(session);
     for (const int code : {140, 141, 142, 153, 204, 232}) {
@@ -99,34 +140,29 @@ void Installation::Make_Form_2008() {
                " WHERE 建設科目CD=99");
 }
 
-void Installation::Put_Amounts(const std::map<int, double>& amounts, const std::string& column) {
+void Installation::Put(const std::string& table, const std::string& column, const std::string& key,
+                       const std::map<int, double>& values) const {
     const Connection cn = Cn_Open(session);
     Transaction transaction(cn);
-    for (const auto& [code, amount] : amounts) {
-        const std::array<Value, 3> values = {amount, session.Syori_Ki, code};
-        cn.Execute("UPDATE Ks_Zaihyo SET [" + column + "] = ? WHERE 決算期=? And 建設科目CD=?", values);
+    for (const auto& [code, value] : values) {
+        cn.Execute("UPDATE " + table + " SET [" + column + "] = ? WHERE 決算期=? And " + key + "=?", value,
+                   session.Syori_Ki, code);
     }
     transaction.Commit();
 }
 
-void Installation::Put_Elements(const std::map<int, double>& elements, const std::string& column) {
-    const Connection cn = Cn_Open(session);
-    Transaction transaction(cn);
-    for (const auto& [code, value] : elements) {
-        const std::array<Value, 3> values = {value, session.Syori_Ki, code};
-        cn.Execute("UPDATE W_Yoso SET [" + column + "] = ? WHERE 決算期=? And 要素CD=?", values);
-    }
-    transaction.Commit();
+void Installation::Put_Amounts(const std::map<int, double>& amounts, const std::string& column) const {
+    Put("Ks_Zaihyo", column, "建設科目CD", amounts);
 }
 
-void Installation::Put_Work(int code, const std::map<std::string, double>& figures) {
-    const Connection cn = Cn_Open(session);
-    Transaction transaction(cn);
+void Installation::Put_Elements(const std::map<int, double>& elements, const std::string& column) const {
+    Put("W_Yoso", column, "要素CD", elements);
+}
+
+void Installation::Put_Work(int code, const std::map<std::string, double>& figures) const {
     for (const auto& [column, value] : figures) {
-        const std::array<Value, 3> values = {value, session.Syori_Ki, code};
-        cn.Execute("UPDATE Kandaka_Gj SET [" + column + "] = ? WHERE 決算期=? And 工種CD=?", values);
+        Put("Kandaka_Gj", column, "工種CD", {{code, value}});
     }
-    transaction.Commit();
 }
 
 Value Installation::Field(const std::string& table, const std::string& column,

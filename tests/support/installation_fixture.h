@@ -8,7 +8,9 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <gtest/gtest.h>
+#include <initializer_list>
 #include <map>
 #include <string>
 #include <vector>
@@ -38,6 +40,20 @@ class Temporary_Folder {
 /// The key of the delivered stores, derived once in a test process.
 const Store_Key& Delivered_Key();
 
+/// Whether a text has a part; for EXPECT_PRED2, which prints both.
+bool Has(const std::string& text, const std::string& part);
+
+/// What the error says that `act` raises; empty where it raises none.
+template <class Error = Store_Error>
+std::string Refusal_Of(const std::function<void()>& act) {
+    try {
+        act();
+        return "";
+    } catch (const Error& error) {
+        return error.what();
+    }
+}
+
 /// A fresh installation in a temporary folder, multi-company and national unless told otherwise.
 class Installation : public ::testing::Test {
   protected:
@@ -48,18 +64,33 @@ class Installation : public ::testing::Test {
     /// Reiwa 7.
     void Make_Company(std::int32_t number, std::int16_t hojin_kojin, std::int16_t period);
 
+    /// Registers such a company with a resting store of its own; none is in hand then. The reading is ｱ.
+    void Register_Company(std::int32_t number, const std::string& name, std::int16_t hojin_kojin = 1);
+
+    /// Runs statements on the working store.
+    void Run(std::initializer_list<std::string> statements) const;
+
+    /// What the session has in hand: number, name, period, firm type, data form, law year.
+    [[nodiscard]] std::string In_Hand() const;
+
+    /// The titles of the boxes that were shown, joined by blanks.
+    [[nodiscard]] std::string Titles() const;
+
+    /// Title and text of the last box.
+    [[nodiscard]] std::string Last_Box() const;
+
     /// Turns the fresh statement of the period in hand into one of the form of 2008: no lease accounts, the
     /// codes behind them lower.
     void Make_Form_2008();
 
     /// Puts amounts (yen) into a column of the period in hand.
-    void Put_Amounts(const std::map<int, double>& amounts, const std::string& column = "金額");
+    void Put_Amounts(const std::map<int, double>& amounts, const std::string& column = "金額") const;
 
     /// Puts elements into a column of W_Yoso of the period in hand.
-    void Put_Elements(const std::map<int, double>& values, const std::string& column = "現状");
+    void Put_Elements(const std::map<int, double>& values, const std::string& column = "現状") const;
 
     /// Puts figures of a work type of the period in hand.
-    void Put_Work(int code, const std::map<std::string, double>& values);
+    void Put_Work(int code, const std::map<std::string, double>& values) const;
 
     /// One field of the working store; `where` follows "WHERE ".
     [[nodiscard]] Value Field(const std::string& table, const std::string& column,
@@ -79,6 +110,10 @@ class Installation : public ::testing::Test {
     Temporary_Folder folder;
     Scripted_Messages messages;
     Session session;
+
+  private:
+    void Put(const std::string& table, const std::string& column, const std::string& key,
+             const std::map<int, double>& values) const;
 };
 
 } // namespace morvane::tests

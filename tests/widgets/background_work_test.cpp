@@ -151,7 +151,7 @@ TEST_F(Background_Work, A_Failure_Comes_Out_In_The_Guard) {
     form->Work(
         [](Progress&) -> int { throw Store_Error("x.dat", Store_Error::Reason::Disk_Full, "書き込み"); });
     ASSERT_TRUE(QTest::qWaitFor([this] { return form->Window() == nullptr; }));
-    EXPECT_NE(shell.failure.find("x.dat"), std::string::npos);
+    EXPECT_PRED2(Has, shell.failure, "x.dat");
     form->Work([](Progress&) -> int { throw Run_Time_Error(Run_Time_Error::Kind::Overflow, "合計"); });
     ASSERT_TRUE(QTest::qWaitFor([this] { return form->Window() == nullptr; }));
     EXPECT_EQ(messages.shown.size(), 1U);

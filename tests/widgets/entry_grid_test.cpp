@@ -235,10 +235,10 @@ TEST_F(Entry_Grid_Test, A_Block_Is_Pasted_Cell_By_Cell_And_Undone_At_Once) {
     EXPECT_EQ(Texts(), "1200|30|2||6||-8||1|") << "in place, blanks clear, locked cells stay";
     ASSERT_EQ(refused.size(), 4U);
     const std::string text = grid->Refusal_Text(refused);
-    EXPECT_NE(text.find("「建築」の「区分」：3"), std::string::npos) << text;
+    EXPECT_PRED2(Has, text, "「建築」の「区分」：3");
     EXPECT_NE(text.find("「大工」の「基準 決算」：1234567"), std::string::npos) << "too long for the cell";
-    EXPECT_NE(text.find("3行目6列目（表の外）：9"), std::string::npos);
-    EXPECT_NE(text.find("4行目"), std::string::npos);
+    EXPECT_PRED2(Has, text, "3行目6列目（表の外）：9");
+    EXPECT_PRED2(Has, text, "4行目");
     Key(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(Texts(), "|||5|6|||||");
     EXPECT_FALSE(grid->Is_Edited());
@@ -333,9 +333,7 @@ TEST_F(Entry_Grid_Test, A_Refusal_Names_Few_Cells_And_Short_Texts) {
     std::vector<Paste_Refused> refused(10, {0, 0, QStringLiteral("12345678901234567890x")});
     refused.front().row = 99;
     const std::string text = grid->Refusal_Text(refused);
-    EXPECT_NE(text.find("100行目1列目（表の外）：12345678901234567890…\n「土木」の「完工高 前期」："),
-              std::string::npos)
-        << text;
+    EXPECT_PRED2(Has, text, "100行目1列目（表の外）：12345678901234567890…\n「土木」の「完工高 前期」：");
     EXPECT_TRUE(text.ends_with("\nほか2件")) << text;
 }
 
