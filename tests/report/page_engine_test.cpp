@@ -220,17 +220,8 @@ TEST(Page_Flow_Test, Pages_Carry_Heads_And_Leave_No_Line_Alone) {
     }
 }
 
-TEST(Page_Flow_Test, A_Page_Begins_Where_It_Is_Asked_For) {
-    Engine engine;
-    Page_Flow flow(engine.page, heading, "アドバイス", "");
-    flow.Section("一");
-    flow.New_Page();
-    flow.Paragraph(std::string(1200, 'a'), wrap_type);
-    EXPECT_EQ(flow.Print(), 2U);
-    EXPECT_EQ(Astray(Texts_Of(engine.sheet, 1)), "");
-}
-
-// Language and places of what the document lists are written behind the library, into its last objects.
+// A page begins where it is asked for. Language and places of what the document lists are written behind the
+// library, into its last objects.
 TEST(Page_Flow_Test, A_Pdf_Lists_Its_Sections) {
     const Print_State state;
     Pdf_Target pdf({"総合比較表", "見本事務所"});

@@ -34,30 +34,24 @@ TEST(Prt_ModSet_Test, Points_Are_Scaled_And_Margins_Are_Not) {
 }
 
 TEST(Prt_ModSet_Test, Widths_On_The_Preview) {
-    struct Row {
-        std::int16_t width, shown;
-    };
-    for (const Row& row : {Row{1, 1}, {2, 1}, {3, 1}, {4, 2}, {5, 2}}) {
+    const std::int16_t shown[] = {1, 1, 1, 2, 2}; // of the widths 1 to 5
+    for (std::int16_t width = 1; width <= 5; ++width) {
         for (const bool doing : {false, true}) {
+            const std::int16_t expected = doing ? width : shown[width - 1];
             const Print_State state{.Prt_Doing = doing};
-            const std::int16_t expected = doing ? row.width : row.shown;
             Recorded_Sheet sheet;
             Prt_ModSet prt(state, sheet);
-            const std::uint32_t color = 0x0000FF;
             std::array<std::int16_t, 4> widths{};
-            widths.fill(row.width);
+            widths.fill(width);
             prt.Prt_Line(0, 0, 1, 1, widths[0], 0);
-            prt.Prt_Line_Color(0, 0, 1, 1, widths[1], 1, color);
-            prt.Prt_Line_Color2(0, 0, 1, 1, widths[2], 0, color);
+            prt.Prt_Line_Color(0, 0, 1, 1, widths[1], 1, 0x0000FF);
+            prt.Prt_Line_Color2(0, 0, 1, 1, widths[2], 0, 0x0000FF);
             prt.Prt_Box(0, 0, 1, 1, widths[3], 0);
-            for (std::size_t i = 0; i < 3; ++i) {
-                const auto& line = std::get<Drawn_Line>(sheet.Pages().front()[i]);
-                EXPECT_EQ(line.pen,
-                          (Report_Pen{expected, static_cast<std::int16_t>(i == 1), i == 0 ? 0 : color}));
+            const Report_Pen pens[] = {{expected, 0, 0}, {expected, 1, 0x0000FF}, {expected, 0, 0x0000FF}};
+            for (std::size_t i = 0; i < std::size(pens); ++i) {
+                EXPECT_EQ(std::get<Drawn_Line>(sheet.Pages().front()[i]).pen, pens[i]) << width;
             }
-            for (const std::int16_t width : widths) {
-                EXPECT_EQ(width, expected) << "the caller's width";
-            }
+            EXPECT_EQ(widths, (std::array{expected, expected, expected, expected})) << "the caller's width";
         }
     }
 }
@@ -164,19 +158,6 @@ TEST(Prt_ModSet_Test, Names_Of_Pdf_Files) {
     EXPECT_GT(name.size(), 255U - 8U);
     EXPECT_EQ(Drawable(name), name) << "cut inside a letter";
     EXPECT_TRUE(name.ends_with("_第35期_改善後.pdf"));
-}
-
-TEST(Prt_ModSet_Test, A_Page_Begins_With_What_Is_Drawn_Behind_Its_End) {
-    const Print_State state;
-    Recorded_Sheet sheet;
-    Prt_ModSet prt(state, sheet);
-    prt.Prt_Text("1", 0, 0, font_gothic, 10);
-    prt.Prt_Page_End();
-    EXPECT_EQ(sheet.Pages().size(), 1U);
-    prt.Prt_Text("2", 0, 0, font_gothic, 10);
-    prt.Prt_Page_End();
-    ASSERT_EQ(sheet.Pages().size(), 2U);
-    EXPECT_EQ(std::get<Drawn_Text>(sheet.Pages()[1].front()).text, "2");
 }
 
 } // namespace

@@ -152,9 +152,6 @@ TEST_F(Report_Window_Test, Margins_Are_Kept_For_The_Report_Number) {
     EXPECT_EQ(window->Prt().Ue_Mrg_Val, 7.5F);
     Click(*window, "Tojiru");
     EXPECT_FALSE(window->isVisible());
-    Open("Rpt_Kekka_2011");
-    EXPECT_EQ(window->Prt().Prt_Top, 7.5F);
-    EXPECT_EQ(window->Prt().Prt_Busu, 1);
 
     // The batch tool prints on the same place of the sheet.
     const Temporary_Folder printed;
@@ -186,8 +183,6 @@ TEST_F(Report_Window_Test, Margins_Are_Kept_For_The_Report_Number) {
     Save_Report_Info(session, *Find_Report("Rpt_Kekka_2012"), {});
     print("no_margin.pdf");
     EXPECT_NE(first_text("no_margin.pdf"), first_text("window.pdf"));
-    Open("Rpt_Kekka");
-    EXPECT_EQ(window->Prt().Prt_Top, 0.0F);
 }
 
 // What would leave the sheet is asked about before it is set, and told above the sheet while it is set.
@@ -379,7 +374,7 @@ TEST_F(Report_Window_Test, A_Pdf_Is_Saved_Or_The_Failure_Told) {
     EXPECT_FALSE(window->Prt().Prt_Doing);
 }
 
-TEST_F(Report_Window_Test, A_Shape_Is_Filled_With_Its_Colour) {
+TEST(Painter_Target_Test, A_Shape_Is_Filled_With_Its_Colour) {
     QImage image(40, 40, QImage::Format_RGB32);
     image.fill(Qt::white);
     QPainter painter(&image);
@@ -392,7 +387,7 @@ TEST_F(Report_Window_Test, A_Shape_Is_Filled_With_Its_Colour) {
 }
 
 // The sheet is laid out by the widths of the fonts' own tables; what the painter draws must be as wide.
-TEST_F(Report_Window_Test, Painted_Texts_Are_As_Wide_As_Laid_Out) {
+TEST(Painter_Target_Test, Painted_Texts_Are_As_Wide_As_Laid_Out) {
     constexpr double dots_per_mm = 96 / 25.4;
     for (const double size : {5.0, 7.5, 8.5, 13.0}) {
         for (const Report_Face face : {Report_Face::Gothic, Report_Face::Mincho}) {

@@ -276,6 +276,15 @@ TEST(Gekihen, Columns_Are_The_Firm_With_Other_Averages) {
     }
 }
 
+// The comparison takes W in the form of the law year: that of 2008 is never below 0.
+TEST(Gekihen, W_Of_The_Law_Year) {
+    const auto p_with_suspension = [](int law, double points) {
+        return Calc_Gekihen(Of(law, {{element::w4, points}}))[0].P;
+    };
+    EXPECT_EQ(p_with_suspension(1, -30), p_with_suspension(1, 0));
+    EXPECT_NE(p_with_suspension(2, -30), p_with_suspension(2, 0));
+}
+
 TEST(Gekihen, Ties_And_Overflow) {
     for (const Gekihen_Column& column : gekihen_columns) {
         EXPECT_EQ(column.kanko, std::to_string(column.years) + "年平均");

@@ -1,37 +1,11 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "review/works.h"
 
-#include "law/elements.h"
 #include "review/settle.h"
 #include "support/installation_fixture.h"
 
 namespace morvane::tests {
 namespace {
-
-// What the scores come to is held against the calculation of tests/reference. The form of W is told apart in
-// the comparison of averages alone.
-TEST(Works, W_In_The_Form_Of_The_Comparison) {
-    using Elements = std::map<int, double>;
-    const Elements six = {{element::w1, 10},  {element::w2, 5}, {element::w3, 20},
-                          {element::w4, -15}, {element::w6, 3}, {element::w7, 7}};
-    const struct {
-        int law;
-        Elements elements;
-        std::int16_t by_law_year, of_eight;
-    } cases[] = {
-        {1, six, 230, 218}, {1, {{element::w4, -30}}, 0, -285}, {2, {{element::w4, -30}}, -285, -285}};
-    for (const auto& c : cases) {
-        Review_Figures figures;
-        figures.law_year = Law_Of(c.law).code;
-        for (const auto& [code, score] : c.elements) {
-            figures.elements[static_cast<std::size_t>(code)] = {score, true, true, false};
-        }
-        const Works works = Load_Kanko(figures, Points(454), Points(0));
-        EXPECT_EQ(Calc_Kanko_All(works, figures, W_Form::By_Law_Year).scores.W.Count(), c.by_law_year)
-            << c.law;
-        EXPECT_EQ(Calc_Kanko_All(works, figures, W_Form::Of_Eight).scores.W.Count(), c.of_eight) << c.law;
-    }
-}
 
 class Works_Store : public Installation {};
 
