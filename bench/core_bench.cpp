@@ -74,9 +74,7 @@ void Score_In_Memory(benchmark::State& state) {
     const Review_Figures read = Load_Review(cn, {35}, {});
     for (auto _ : state) {
         Review_Figures figures = read;
-        Y_Calc y;
-        X2_Calc x2;
-        Settle(figures, y, x2);
+        Settle(figures);
         benchmark::DoNotOptimize(figures);
     }
 }

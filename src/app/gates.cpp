@@ -43,9 +43,7 @@ bool Has_Completed_Work(const Session& session) {
 }
 
 bool Has_Y(const Session& session) {
-    Y_Calc y;
-    y.Calc_Y(session, 1);
-    return y.has_figures;
+    return Calc_Y(session, Side_In_Hand(session)).has_figures;
 }
 
 bool Has_W(const Session& session, const char* column) {

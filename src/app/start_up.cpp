@@ -9,7 +9,6 @@
 #include "company/table_edit.h"
 #include "company/templates.h"
 #include "data/store_file.h"
-#include "review/x2_calc.h"
 #include "session/boxes.h"
 #include "session/install_info.h"
 #include "session/kidou_ini.h"

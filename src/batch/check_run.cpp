@@ -8,7 +8,7 @@
 #include "data/store_file.h"
 #include "data/table_catalogue.h"
 #include "law/elements.h"
-#include "review/x2_calc.h"
+#include "review/review_figures.h"
 #include "session/kidou_ini.h"
 #include "session/kyotu_mod.h"
 

@@ -6,7 +6,7 @@
 #include "data/output_file.h"
 #include "report/report_table.h"
 #include "review/settle.h"
-#include "review/x2_calc.h"
+#include "session/kyotu_mod.h"
 
 #include <array>
 #include <cstdio>

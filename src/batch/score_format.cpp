@@ -29,6 +29,10 @@ std::string Short_Text(float number) {
     return {text.begin(), std::to_chars(text.begin(), text.end(), number).ptr};
 }
 
+std::string Score_Text(Points points) {
+    return std::to_string(points.Count());
+}
+
 Json Floats(std::span<const float> numbers) {
     Json list = Json::Array();
     for (const float number : numbers) {
@@ -88,17 +92,17 @@ std::string Json_Text(const Settled_Score& score) {
     record["決算期"] = score.side.period;
     record["Simyu_Kubun"] = Law_Number(score.figures.law_year);
     record["scenario"] = Columns_Of(score.side.scenario).name;
-    record["Y"] = Json::Object({{"X", Floats(score.y.Y_Kekka)},
-                                {"ritu", Floats(score.y.Y_Ritu)},
-                                {"A", Short(score.y.Y_A_Ten)},
-                                {"Y", score.y.Y_Ten}});
-    record["X2"] = Json::Object({{"Jiko", score.x2.X2_Jiko},
-                                 {"Jiko_Used", score.x2.X2_Jiko_Used},
-                                 {"Rieki", score.x2.X2_Rieki},
-                                 {"Rieki_Used", score.x2.X2_Rieki_Used},
-                                 {"X2_1", score.x2.X2_1_Ten},
-                                 {"X2_2", score.x2.X2_2_Ten},
-                                 {"X2", score.x2.X2_Ten}});
+    record["Y"] = Json::Object({{"X", Floats(score.y.indicators)},
+                                {"ritu", Floats(score.y.rates)},
+                                {"A", Short(score.y.points)},
+                                {"Y", score.y.score.Count()}});
+    record["X2"] = Json::Object({{"Jiko", score.x2.equity.amount.Count()},
+                                 {"Jiko_Used", score.x2.equity.counted.Count()},
+                                 {"Rieki", score.x2.profit.amount.Count()},
+                                 {"Rieki_Used", score.x2.profit.counted.Count()},
+                                 {"X2_1", score.x2.equity.scored.points.Count()},
+                                 {"X2_2", score.x2.profit.scored.points.Count()},
+                                 {"X2", score.x2.score.Count()}});
     Json w;
     for (const W_Row& row : w_rows) {
         w[row.name] = W_Of(score, row.element);
@@ -150,7 +154,7 @@ std::string Csv_Lines(const Settled_Score& score) {
             const Figure& figure = column.figure(line);
             text += "," + (figure.up ? std::to_string(figure.value) : std::string());
         }
-        text += "," + std::to_string(score.y.Y_Ten) + "," + std::to_string(score.x2.X2_Ten) + "," +
+        text += "," + Score_Text(score.y.score) + "," + Score_Text(score.x2.score) + "," +
                 std::to_string(W_Of(score, element::w)) + "\n";
     }
     return text;
@@ -184,9 +188,9 @@ std::string Table_Text(const Settled_Score& score) {
         std::to_string(score.side.period) + "期  " + law.name +
         (score.side.Is_Current() ? "" : "  [" + std::string(Columns_Of(score.side.scenario).name) + "]") +
         "\n";
-    text += "  経営状況 Y " + std::to_string(score.y.Y_Ten) + "（A " + Short_Text(score.y.Y_A_Ten) +
-            "）  X2 " + std::to_string(score.x2.X2_Ten) + "（自己資本 " + std::to_string(score.x2.X2_1_Ten) +
-            "、利益 " + std::to_string(score.x2.X2_2_Ten) + "）  W " +
+    text += "  経営状況 Y " + Score_Text(score.y.score) + "（A " + Short_Text(score.y.points) + "）  X2 " +
+            Score_Text(score.x2.score) + "（自己資本 " + Score_Text(score.x2.equity.scored.points) +
+            "、利益 " + Score_Text(score.x2.profit.scored.points) + "）  W " +
             std::to_string(W_Of(score, element::w)) + "（";
     for (std::size_t i = 0; i + 1 < w_rows.size(); ++i) {
         text += (i == 0 ? "" : " ") + std::string(w_rows[i].name) + ":" +

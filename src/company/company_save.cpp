@@ -8,9 +8,9 @@
 #include "company/pending_work.h"
 #include "company/period_shift.h"
 #include "data/store_file.h"
-#include "review/x2_calc.h"
 #include "session/boxes.h"
 #include "session/kidou_ini.h"
+#include "session/kyotu_mod.h"
 #include "session/save_or_stay.h"
 
 #include <exception>

@@ -9,8 +9,8 @@
 #include "law/accounts.h"
 #include "law/elements.h"
 #include "law/era_date.h"
-#include "review/x2_calc.h"
 #include "session/boxes.h"
+#include "session/kyotu_mod.h"
 #include "statements/z_zzen_get.h"
 
 #include <algorithm>

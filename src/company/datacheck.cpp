@@ -4,7 +4,6 @@
 #include "company/company_identity.h"
 #include "company/table_edit.h"
 #include "data/store_file.h"
-#include "review/x2_calc.h"
 #include "session/install_info.h"
 #include "session/kidou_ini.h"
 #include "session/kyotu_mod.h"

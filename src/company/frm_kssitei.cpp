@@ -2,7 +2,7 @@
 #include "company/frm_kssitei.h"
 
 #include "law/law_year.h"
-#include "review/x2_calc.h"
+#include "session/kyotu_mod.h"
 #include "session/save_or_stay.h"
 #include "widgets/entry_cell.h"
 #include "widgets/record_list.h"

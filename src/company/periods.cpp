@@ -4,7 +4,6 @@
 #include "company/datacheck.h"
 #include "company/law_change.h"
 #include "law/law_year.h"
-#include "review/x2_calc.h"
 #include "session/boxes.h"
 #include "session/kyotu_mod.h"
 

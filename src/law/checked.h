@@ -12,10 +12,9 @@ namespace morvane {
 
 /// Raises Run_Time_Error (overflow) of `what` (Japanese); an empty one leaves the failure without a name, for
 /// the calculation around it to name.
-[[noreturn]] inline void Throw_Overflow_Of(const char* what) {
-    const std::string name = what;
+[[noreturn]] inline void Throw_Overflow_Of(const std::string& what) {
     throw Run_Time_Error(Run_Time_Error::Kind::Overflow,
-                         name.empty() ? name : name + "の計算で桁あふれが発生しました。");
+                         what.empty() ? what : what + "の計算で桁あふれが発生しました。");
 }
 
 /// Integer arithmetic of the scoring engine. Amounts are signed 32 bits of thousand yen, scores signed 16
@@ -26,22 +25,6 @@ template <class Int>
         Throw_Overflow_Of(what);
     }
     return static_cast<Int>(value);
-}
-
-[[nodiscard]] inline std::int32_t Add32(std::int32_t a, std::int32_t b, const char* what) {
-    return Narrow<std::int32_t>(std::int64_t{a} + b, what);
-}
-
-[[nodiscard]] inline std::int32_t Sub32(std::int32_t a, std::int32_t b, const char* what) {
-    return Narrow<std::int32_t>(std::int64_t{a} - b, what);
-}
-
-[[nodiscard]] inline std::int32_t Mul32(std::int32_t a, std::int32_t b, const char* what) {
-    return Narrow<std::int32_t>(std::int64_t{a} * b, what);
-}
-
-[[nodiscard]] inline std::int16_t Add16(std::int16_t a, std::int16_t b, const char* what) {
-    return Narrow<std::int16_t>(std::int64_t{a} + b, what);
 }
 
 /// A whole double as an integer of the given width. A fraction, a NaN or an infinity is not expected here:

@@ -74,16 +74,21 @@ class Yen {
     return Thousand_Yen(Narrow_Double<std::int32_t>(std::trunc(amount.Count() / 1000.0), ""));
 }
 
-/// Runs a computation; an overflow in it that bears no name yet is told as one of `what` (Japanese).
-template <class Computation>
-auto In_Calculation(const char* what, Computation&& computation) -> decltype(computation()) {
+/// Runs a computation; an overflow in it that bears no name yet is told as one of `what` (Japanese), a text
+/// or what gives one when it is needed.
+template <class Name, class Computation>
+auto In_Calculation(const Name& what, Computation&& computation) -> decltype(computation()) {
     try {
         return computation();
     } catch (const Run_Time_Error& error) {
-        if (error.kind == Run_Time_Error::Kind::Overflow && error.Is_Unnamed()) {
-            throw Run_Time_Error(error.kind, std::string(what) + "の計算で桁あふれが発生しました。");
+        if (error.kind != Run_Time_Error::Kind::Overflow || !error.Is_Unnamed()) {
+            throw;
         }
-        throw;
+    }
+    if constexpr (std::invocable<const Name&>) {
+        Throw_Overflow_Of(what());
+    } else {
+        Throw_Overflow_Of(what);
     }
 }
 

@@ -350,7 +350,7 @@ Ten_Result Ten_Lookup(const Ten_Table& table, std::int32_t v) {
                          : std::partition_point(table.rows.begin(), table.rows.end(),
                                                 [v](const Ten_Row& r) { return r.from > v; });
     // No operand is negative, so the integer quotient is the floor.
-    const std::int32_t product = Mul32(v, row->multiplier, table.what);
+    const std::int32_t product = Narrow<std::int32_t>(std::int64_t{v} * row->multiplier, table.what);
     return {product / row->divisor + row->addend, static_cast<int>(row - table.rows.begin()) + 1};
 }
 

@@ -5,8 +5,8 @@
 #include "data/same_name.h"
 #include "data/store_file.h"
 #include "law/accounts.h"
-#include "review/x2_calc.h"
 #include "session/boxes.h"
+#include "session/kyotu_mod.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "report/kekka.h"
 
+#include <algorithm>
 #include <array>
 #include <string_view>
 #include <utility>
@@ -13,19 +14,11 @@ namespace {
 constexpr std::array<std::string_view, 5> scenario_words = {"改善前", "改善後", "保存値１", "保存値２",
                                                             "保存値３"};
 
-// Places of Y_Calc::Y_Yoso whose former figure stands in the statement itself, as the scores take it.
-constexpr std::size_t jiko_sihon = 4;
-constexpr std::size_t so_sihon = 5;
-constexpr std::size_t so_sihon_zenki = 6;
-constexpr std::size_t keijo_rieki = 11;
-constexpr std::size_t cash_flow = 12;
-constexpr std::size_t cash_flow_zenki = 13;
-
 /// Whether a statement has figures of the period before in its own lines.
 bool Has_Prior_Lines(const Statement_Figures& statement) {
     for (int code = Code(Account::Second_Prior_Notes_Receivable);
          code <= Code(Account::Prior_Retained_Earnings); ++code) {
-        if (statement.Get_Y_Kamoku(static_cast<Account>(code)) != 0) {
+        if (statement.Get_Y_Kamoku(static_cast<Account>(code)) != Thousand_Yen()) {
             return true;
         }
     }
@@ -37,18 +30,16 @@ void Read_Zenki(const Connection& cn, int period, Kekka_Figures& kekka) {
     const Review_Figures& figures = kekka.figures;
     const Statement_Figures statement = Read_Statement(cn, {period - 1, Scenario::Genjo});
     if (statement.has_rows) {
-        Y_Calc before;
-        before.Calc_Y(statement, figures.firm);
-        for (std::size_t i = 0; i < before.Y_Yoso.size(); ++i) {
-            kekka.y_zenki[i] = before.Y_Yoso[i];
-        }
+        const Y_Result before = Calc_Y(statement, figures.firm);
+        std::copy(before.elements.begin(), before.elements.end(), kekka.y_zenki.begin());
     }
     kekka.has_zenki = statement.has_rows || Has_Prior_Lines(figures.statement);
     if (kekka.y.has_figures && kekka.has_zenki) {
-        kekka.y_zenki[jiko_sihon] = figures.statement.Get_Y_Kamoku(Account::Prior_Equity);
-        kekka.y_zenki[so_sihon] = kekka.y.Y_Yoso[so_sihon_zenki];
-        kekka.y_zenki[keijo_rieki] = kekka.y.Y_Work[0];
-        kekka.y_zenki[cash_flow] = kekka.y.Y_Yoso[cash_flow_zenki];
+        namespace e = y_element;
+        kekka.y_zenki[e::equity] = figures.statement.Get_Y_Kamoku(Account::Prior_Equity);
+        kekka.y_zenki[e::total_capital] = kekka.y.elements[e::prior_total_capital];
+        kekka.y_zenki[e::ordinary_profit] = kekka.y.flow.amounts[0][0];
+        kekka.y_zenki[e::cash_flow] = kekka.y.elements[e::prior_cash_flow];
     }
 }
 

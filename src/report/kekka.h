@@ -24,9 +24,10 @@ struct Kekka_Figures {
     bool x2w_entered = false; ///< false: the items of X2 and W count as blank, nobody has entered them yet
     Review_Figures figures;
     Social_Items items;
-    Y_Calc y;
-    X2_Calc x2;
-    std::array<std::optional<std::int32_t>, 14> y_zenki; ///< the elements of Y of the period before
+    Y_Result y;
+    X2_Result x2;
+    std::array<std::optional<Thousand_Yen>, y_element::count>
+        y_zenki;            ///< the elements of Y of the period before
     bool has_zenki = false; ///< the period before has a statement, or figures of it were keyed into this one
 };
 

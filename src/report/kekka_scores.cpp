@@ -39,62 +39,47 @@ void Draw_Part(Page_Layout& page, const Area& area, const char* heading, Cell_Ta
 }
 
 /// An amount of a period: 0 is one, "－" stands where there is no statement.
-std::string Amount_Text(const std::optional<std::int32_t>& amount) {
-    return amount ? Figure_Text(*amount) : "－";
+std::string Amount_Text(const std::optional<Thousand_Yen>& amount) {
+    return amount ? Figure_Text(amount->Count()) : "－";
 }
 
 // ---- Y
 
-struct Indicator {
-    const char* label;
-    const char* unit;
-};
+namespace e = y_element;
 
-constexpr std::array<Indicator, 8> indicators = {{{"純支払利息比率", "%"},
-                                                  {"負債回転期間", "月"},
-                                                  {"純資本売上総利益率", "%"},
-                                                  {"売上高経常利益率", "%"},
-                                                  {"自己資本固定資産比率", "%"},
-                                                  {"自己資本比率", "%"},
-                                                  {"営業CF", "億円"},
-                                                  {"利益剰余金", "億円"}}};
-
-/// The elements of Y with two periods: their places in Y_Calc::Y_Yoso, whose seventh and last are former
-/// figures.
-struct Balance_Item {
-    const char* label;
-    std::size_t place;
-};
-
-constexpr std::array<Balance_Item, 12> balance_items = {{{"固定資産", 0},
-                                                         {"流動負債", 1},
-                                                         {"固定負債", 2},
-                                                         {"利益剰余金", 3},
-                                                         {"自己資本", 4},
-                                                         {"総資本", 5},
-                                                         {"売上高", 7},
-                                                         {"売上総利益", 8},
-                                                         {"受取利息配当金", 9},
-                                                         {"支払利息", 10},
-                                                         {"経常利益", 11},
-                                                         {"営業CF", 12}}};
+/// The elements that the sheet prints of two periods, in its order; the two of the period before that are
+/// elements of their own stand beside those of the current one.
+constexpr std::array balance_items = {e::fixed_assets,
+                                      e::current_liabilities,
+                                      e::fixed_liabilities,
+                                      e::retained_earnings,
+                                      e::equity,
+                                      e::total_capital,
+                                      e::sales,
+                                      e::gross_profit,
+                                      e::interest_received,
+                                      e::interest_paid,
+                                      e::ordinary_profit,
+                                      e::cash_flow};
 
 /// The indicators with their units, below them the elements that they are formed from, in both periods.
 std::vector<Table_Row> Rows_Of_Y(const Kekka_Figures& kekka) {
     std::vector<Table_Row> rows;
     rows.push_back({{{"経営状況分析の指標", &head_type, 4}}, Rule::Thin});
-    for (std::size_t i = 0; i < indicators.size(); ++i) {
-        std::string figure = kekka.y.has_figures ? Fixed_Str(kekka.y.Y_Kekka[i], 3) : "－";
-        rows.push_back({{{indicators[i].label},
+    for (std::size_t i = 0; i < y_indicators.size(); ++i) {
+        std::string figure = kekka.y.has_figures ? Fixed_Str(kekka.y.indicators[i], 3) : "－";
+        rows.push_back({{{y_indicators[i].name.On_Notice()},
                          {std::move(figure), &score_type, 2},
-                         {indicators[i].unit, &label_type}}});
+                         {y_indicators[i].unit.On_Notice(), &label_type}}});
     }
     rows.back().below = Rule::Thin;
     rows.push_back({{{}, {"(当期)", &head_type}, {"(前期)", &head_type, 2}}, Rule::Thin});
-    for (const auto& [label, place] : balance_items) {
-        const std::optional<std::int32_t> now =
-            kekka.y.has_figures ? std::optional(kekka.y.Y_Yoso[place]) : std::nullopt;
-        rows.push_back({{{label}, {Amount_Text(now)}, {Amount_Text(kekka.y_zenki[place]), nullptr, 2}}});
+    for (const e::Place place : balance_items) {
+        const std::optional<Thousand_Yen> now =
+            kekka.y.has_figures ? std::optional(kekka.y.elements[place]) : std::nullopt;
+        rows.push_back({{{y_elements[place].On_Notice()},
+                         {Amount_Text(now)},
+                         {Amount_Text(kekka.y_zenki[place]), nullptr, 2}}});
     }
     return rows;
 }
@@ -124,28 +109,27 @@ std::vector<Table_Row> Rows_Of_W(const Kekka_Figures& kekka, Kekka_Form form) {
 } // namespace
 
 void Draw_X2(Page_Layout& page, const Kekka_Figures& kekka, const Area& area) {
-    const X2_Calc& x2 = kekka.x2;
-    const auto row = [&](const char* label, const std::array<std::int32_t, 2>& ki, const char* basis,
-                         std::int32_t used, std::int16_t score) {
+    const X2_Result& x2 = kekka.x2;
+    const auto row = [&](const char* label, const X2_Result::Two_Periods& ki, const char* basis,
+                         const X2_Result::Part& part) {
         return Table_Row{{{label},
-                          {Figure_Text(ki[1])},
-                          {kekka.has_zenki ? Figure_Text(ki[0]) : "－"},
+                          {Figure_Text(ki[1].Count())},
+                          {kekka.has_zenki ? Figure_Text(ki[0].Count()) : "－"},
                           {basis},
-                          {Figure_Text(used)},
-                          {Figure_Text(score)}}};
+                          {Figure_Text(part.counted.Count())},
+                          {Figure_Text(part.scored.points.Count())}}};
     };
-    Cell_Table table(
-        page, area.Width(),
-        {{20.0F, label_type, {""}},
-         {18.0F, figure_type, {"(当期)"}},
-         {18.0F, figure_type, {"(前期)"}},
-         {8.5F, head_type, {"数　　　　　　値"}},
-         {18.0F, figure_type, {"数　　　　　　値"}, Rule::None},
-         {0.0F, score_type, {"評　点"}}},
-        {row("自己資本額", x2.Jiko, x2.JikoS == 1 ? "(基準)" : "(平均)", x2.X2_Jiko_Used, x2.X2_1_Ten),
-         row("利益額", x2.Rieki, "(平均)", x2.X2_Rieki_Used, x2.X2_2_Ten)},
-        0);
-    Draw_Part(page, area, "自己資本額及び利益額", table, "（Ｘ2）", Figure_Text(x2.X2_Ten));
+    Cell_Table table(page, area.Width(),
+                     {{20.0F, label_type, {""}},
+                      {18.0F, figure_type, {"(当期)"}},
+                      {18.0F, figure_type, {"(前期)"}},
+                      {8.5F, head_type, {"数　　　　　　値"}},
+                      {18.0F, figure_type, {"数　　　　　　値"}, Rule::None},
+                      {0.0F, score_type, {"評　点"}}},
+                     {row("自己資本額", x2.equities, x2.basis == 1 ? "(基準)" : "(平均)", x2.equity),
+                      row("利益額", x2.profits, "(平均)", x2.profit)},
+                     0);
+    Draw_Part(page, area, "自己資本額及び利益額", table, "（Ｘ2）", Figure_Text(x2.score.Count()));
 }
 
 void Draw_Y(Page_Layout& page, const Kekka_Figures& kekka, const Area& area) {
@@ -157,7 +141,7 @@ void Draw_Y(Page_Layout& page, const Kekka_Figures& kekka, const Area& area) {
                       {period_width - unit_width, figure_type},
                       {unit_width, figure_type, {}, Rule::None}},
                      Rows_Of_Y(kekka), 0);
-    Draw_Part(page, area, "経営状況", table, "（Ｙ）", Figure_Text(kekka.y.Y_Ten));
+    Draw_Part(page, area, "経営状況", table, "（Ｙ）", Figure_Text(kekka.y.score.Count()));
 }
 
 void Draw_W(Page_Layout& page, const Kekka_Figures& kekka, Kekka_Form form, const Area& area) {

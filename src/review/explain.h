@@ -20,8 +20,8 @@ struct Check_Figures {
     Review_Figures figures;
     Social_Items items;
     W5_Score w5;
-    X2_Calc x2;
-    Y_Calc y;
+    X2_Result x2;
+    Y_Result y;
     std::size_t Kosyu_Sel = 0;  ///< the work type, by its place
     std::int32_t Kanko_Avg = 2; ///< years of the completed-work average
 

@@ -47,28 +47,30 @@ void W_For_P(const Check_Figures& f, Steps& steps) {
 } // namespace
 
 void Steps_Of_X2_1(const Check_Figures& f, Steps& steps) {
-    const X2_Calc& x2 = f.x2;
+    const auto& [last, current] = f.x2.equities;
     const Expression capital =
-        x2.JikoS == 1 ? steps.Take("自己資本額（当期）", x2.Jiko[1])
-                      : steps.Work("自己資本額", (Expression(x2.Jiko[0]) + x2.Jiko[1]) / 2, x2.X2_Jiko);
+        f.x2.basis == 1 ? steps.Take("自己資本額（当期）", current)
+                        : steps.Work("自己資本額", (Expression(last) + current) / 2, f.x2.equity.amount);
     const Expression used = steps.At_Least(capital, 0);
-    steps.By_Table("自己資本額点数", Ten_X2_1, used, x2.X2_Jiko_Used);
+    steps.By_Table("自己資本額点数", Ten_X2_1, used, f.x2.equity.counted.Count());
 }
 
 void Steps_Of_X2_2(const Check_Figures& f, Steps& steps) {
-    const X2_Calc& x2 = f.x2;
-    const Expression last =
-        steps.Work("利払前税引前償却前利益（前期）", Expression(x2.Eigyo[0]) + x2.Genka[0], x2.Rieki[0]);
-    const Expression current =
-        steps.Work("利払前税引前償却前利益（当期）", Expression(x2.Eigyo[1]) + x2.Genka[1], x2.Rieki[1]);
-    const Expression average = steps.Work("平均利益額", (last + current) / 2, x2.X2_Rieki);
+    const X2_Result& x2 = f.x2;
+    const auto profit = [&](const char* name, std::size_t period) {
+        return steps.Work(name, Expression(x2.operating[period]) + x2.depreciation[period],
+                          x2.profits[period]);
+    };
+    const Expression last = profit("利払前税引前償却前利益（前期）", 0);
+    const Expression current = profit("利払前税引前償却前利益（当期）", 1);
+    const Expression average = steps.Work("平均利益額", (last + current) / 2, x2.profit.amount);
     const Expression used = steps.At_Least(average, 0);
-    steps.By_Table("平均利益額点数", Ten_X2_2, used, x2.X2_Rieki_Used);
+    steps.By_Table("平均利益額点数", Ten_X2_2, used, x2.profit.counted.Count());
 }
 
 void Steps_Of_X2(const Check_Figures& f, Steps& steps) {
-    const std::int32_t equity = f.x2.X2_1_Ten;
-    const std::int32_t profit = f.x2.X2_2_Ten;
+    const std::int32_t equity = f.x2.equity.scored.points.Count();
+    const std::int32_t profit = f.x2.profit.scored.points.Count();
     const Expression half = steps.Work("評点", (Expression(equity) + profit) / 2, (equity + profit) / 2);
     steps.At_Least(half, std::int32_t{x2_least});
 }
@@ -113,8 +115,8 @@ void Steps_Of_P(const Check_Figures& f, Steps& steps) {
     W_For_P(f, steps);
     steps.Work("総合評点",
                Of(line.X1) * Expression::Decimal(p_weights.x1) +
-                   Expression(std::int32_t{f.x2.X2_Ten}) * Expression::Decimal(p_weights.x2) +
-                   Expression(std::int32_t{f.y.Y_Ten}) * Expression::Decimal(p_weights.y) +
+                   Expression(f.x2.score) * Expression::Decimal(p_weights.x2) +
+                   Expression(f.y.score) * Expression::Decimal(p_weights.y) +
                    Of(line.Z) * Expression::Decimal(p_weights.z) +
                    Expression(f.items.W) * Expression::Decimal(p_weights.w),
                line.P.value, Rounding::From_499);

@@ -7,121 +7,153 @@ namespace morvane {
 
 namespace {
 
-using namespace y_yoso;
+namespace e = y_element;
 
-constexpr double percent_digits = 100000; // of a ratio: three decimals of its percentage
+const Y_Indicator& Indicator(std::size_t x) {
+    return y_indicators[x - 1];
+}
 
-/// An indicator that is a ratio in percent.
-struct Percentage {
-    const char* name;
-    Place numerator;
-    const char* denominator_name;
-    Place denominator;
-};
+Expression Printed(Tenths limit) {
+    return {limit.Double(), 3};
+}
 
 // The score takes the limit for a value at or beyond it.
 void Within_Limits(Steps& steps, std::size_t x, const Expression& shown, double value) {
-    const auto [lower, upper] = y_limits[x - 1];
-    const Expression least(static_cast<double>(lower), 3);
-    const Expression most(static_cast<double>(upper), 3);
+    const Expression least = Printed(Indicator(x).lower);
+    const Expression most = Printed(Indicator(x).upper);
     const auto held = static_cast<float>(value);
-    if (held >= upper) {
+    if (held >= Indicator(x).upper.Single()) {
         steps.Because("上限", shown.text + " ≧ " + most.text, most);
-    } else if (held <= lower) {
+    } else if (held <= Indicator(x).lower.Single()) {
         steps.Because("下限", shown.text + " ≦ " + least.text, least);
     } else {
         steps.Because("上限・下限", least.text + " ＜ " + shown.text + " ＜ " + most.text, shown);
     }
 }
 
-void Percent_Steps(Steps& steps, std::size_t x, const char* name, const Expression& numerator, double num,
+/// An indicator that is no percentage: `value` is what the expression comes to.
+void Value_Steps(Steps& steps, std::size_t x, const Expression& expression, double value) {
+    const double rounded = Round_501(value, Indicator(x).Scale());
+    const int decimals = Indicator(x).decimals;
+    const Expression shown = steps.Work(Indicator(x).name.name, expression, Expression(rounded, decimals),
+                                        Rounding::From_499, decimals);
+    Within_Limits(steps, x, shown, rounded);
+}
+
+void Percent_Steps(Steps& steps, std::size_t x, const Expression& numerator, double num,
                    const Expression& denominator, double den) {
-    const double ratio = Round_501(num / den, percent_digits);
-    const Expression rounded =
-        steps.Work(name, numerator / denominator, Expression(ratio, 5), Rounding::From_499, 5);
+    const double ratio = Round_501(num / den, Indicator(x).Scale());
+    const int decimals = Indicator(x).decimals;
+    const Expression rounded = steps.Work(Indicator(x).name.name, numerator / denominator,
+                                          Expression(ratio, decimals), Rounding::From_499, decimals);
     const Expression percent = steps.Work("百分率", rounded * 100, Expression(ratio * 100, 3));
     Within_Limits(steps, x, percent, ratio * 100);
 }
 
-// Thousand yen in hundred million.
-void Oku_Steps(Steps& steps, std::size_t x, const char* name, const Expression& amount, double thousand_yen) {
-    const double oku = Round_501(thousand_yen / 100000, 1000);
-    const Expression shown = steps.Work(name, amount / 100000, Expression(oku, 3), Rounding::From_499, 3);
-    Within_Limits(steps, x, shown, oku);
-}
-
-void Without_Denominator(Steps& steps, std::size_t x, const char* denominator) {
-    steps.Because(denominator, "0", Expression(static_cast<double>(y_without_denominator[x - 1]), 3));
+// Tells what an indicator is where the element that it is divided by is nothing.
+bool Lacks(Steps& steps, std::size_t x, const Check_Figures& f, e::Place denominator) {
+    if (f.y.elements[denominator] != Thousand_Yen()) {
+        return false;
+    }
+    steps.Because(y_elements[denominator].name, "0", Printed(Indicator(x).without_denominator.value()));
+    return true;
 }
 
 // A mean of two is held in single precision: its half is kept as far as that has digits.
-Expression Mean(Steps& steps, const char* name, std::int32_t a, std::int32_t b, float mean) {
+Expression Mean(Steps& steps, const char* name, Thousand_Yen a, Thousand_Yen b, float mean) {
     const bool whole = std::floor(mean) == mean;
     return steps.Work(name, (Expression(a) + b) / 2, Expression(static_cast<double>(mean), whole ? 0 : 1));
 }
 
+float Mean_Of(Thousand_Yen a, Thousand_Yen b) {
+    return static_cast<float>((a + b).Count() / 2.0);
+}
+
 void Interest_Steps(const Check_Figures& f, Steps& steps) {
-    const auto& yoso = f.y.Y_Yoso;
-    if (yoso[uriage] == 0) {
-        Without_Denominator(steps, 1, "売上高");
+    if (Lacks(steps, 1, f, e::sales)) {
         return;
     }
-    const std::int32_t interest = yoso[siharai_risoku] - yoso[uketori_risoku];
-    const Expression shown = steps.Work("支払利息 － 受取利息配当金",
-                                        Expression(yoso[siharai_risoku]) - yoso[uketori_risoku], interest);
-    Percent_Steps(steps, 1, "純支払利息比率", shown, interest, yoso[uriage], yoso[uriage]);
+    const auto& elements = f.y.elements;
+    const Thousand_Yen interest = elements[e::interest_paid] - elements[e::interest_received];
+    const Expression shown =
+        steps.Work("支払利息 － 受取利息配当金",
+                   Expression(elements[e::interest_paid]) - elements[e::interest_received], interest);
+    Percent_Steps(steps, 1, shown, interest.Count(), elements[e::sales], elements[e::sales].Count());
 }
 
 void Debt_Steps(const Check_Figures& f, Steps& steps) {
-    const auto& yoso = f.y.Y_Yoso;
-    if (yoso[uriage] == 0) {
-        Without_Denominator(steps, 2, "売上高");
+    if (Lacks(steps, 2, f, e::sales)) {
         return;
     }
-    const std::int32_t debt = yoso[ryudo_fusai] + yoso[kotei_fusai];
+    const auto& elements = f.y.elements;
+    const Thousand_Yen debt = elements[e::current_liabilities] + elements[e::fixed_liabilities];
     const Expression shown =
-        steps.Work("流動負債 ＋ 固定負債", Expression(yoso[ryudo_fusai]) + yoso[kotei_fusai], debt);
-    const double months = Round_501(debt / (yoso[uriage] / 12.0), 1000);
-    const Expression value = steps.Work("負債回転期間", shown / (Expression(yoso[uriage]) / 12),
-                                        Expression(months, 3), Rounding::From_499, 3);
-    Within_Limits(steps, 2, value, months);
+        steps.Work("流動負債 ＋ 固定負債",
+                   Expression(elements[e::current_liabilities]) + elements[e::fixed_liabilities], debt);
+    Value_Steps(steps, 2, shown / (Expression(elements[e::sales]) / 12),
+                debt.Count() / (elements[e::sales].Count() / 12.0));
 }
 
 void Capital_Steps(const Check_Figures& f, Steps& steps) {
-    const auto& yoso = f.y.Y_Yoso;
-    auto mean = static_cast<float>((yoso[so_sihon_zenki] + yoso[so_sihon]) / 2.0);
-    Expression capital = Mean(steps, "総資本の平均", yoso[so_sihon_zenki], yoso[so_sihon], mean);
-    if (mean < y_least_capital) {
-        mean = y_least_capital;
-        const Expression least(static_cast<double>(mean), 0);
-        capital = steps.Because("総資本の平均の下限", capital.text + " ＜ " + least.text, least);
+    const auto& elements = f.y.elements;
+    const Thousand_Yen last = elements[e::prior_total_capital];
+    const Thousand_Yen current = elements[e::total_capital];
+    float mean = Mean_Of(last, current);
+    Expression capital = Mean(steps, "総資本の平均", last, current, mean);
+    const auto least = static_cast<float>(y_least_capital.Count());
+    if (mean < least) {
+        mean = least;
+        const Expression shown = y_least_capital;
+        capital = steps.Because("総資本の平均の下限", capital.text + " ＜ " + shown.text, shown);
     }
-    Percent_Steps(steps, 3, "総資本売上総利益率", yoso[uriage_sorieki], yoso[uriage_sorieki], capital,
+    Percent_Steps(steps, 3, elements[e::gross_profit], elements[e::gross_profit].Count(), capital,
                   static_cast<double>(mean));
 }
 
-void Cash_Flow_Steps(const Check_Figures& f, Steps& steps) {
-    const auto& yoso = f.y.Y_Yoso;
-    const auto& w = f.y.Y_Work;
-    const auto flow = [&w](std::int32_t profit, std::int32_t depreciation, std::int32_t tax,
-                           std::size_t year) {
-        const auto change = [&w, year](std::size_t place) {
-            return Expression(w[place + year]) - w[place + year + 1];
-        };
-        return Expression(profit) + depreciation - tax - change(5) + change(8) - change(11) + change(14) -
-               change(17);
+/// The operating cash flow of a year: 0 the prior, 1 the current one.
+Expression Flow_Of(const Y_Flow& flow, std::size_t year) {
+    Expression sum = flow.amounts[0][year];
+    const auto count = [&sum](const Y_Flow_Part& part, const Expression& amount) {
+        sum = part.adds ? sum + amount : sum - amount;
     };
-    steps.Work("算出額（前期）", flow(w[0], w[1], w[3], 0), yoso[cash_flow_zenki]);
-    steps.Work("算出額（当期）", flow(yoso[keijo_rieki], w[2], w[4], 1), yoso[cash_flow]);
-    const auto mean = static_cast<float>((yoso[cash_flow_zenki] + yoso[cash_flow]) / 2.0);
-    const Expression shown = Mean(steps, "二期平均額", yoso[cash_flow_zenki], yoso[cash_flow], mean);
-    Oku_Steps(steps, 7, "営業キャッシュフロー", shown, static_cast<double>(mean));
+    for (std::size_t i = 1; i < y_flow_amounts.size(); ++i) {
+        count(y_flow_amounts[i], flow.amounts[i][year]);
+    }
+    for (std::size_t i = 0; i < y_flow_balances.size(); ++i) {
+        const auto& balance = flow.balances[i];
+        count(y_flow_balances[i], Expression(balance[year]) - balance[year + 1]);
+    }
+    return sum;
+}
+
+void Cash_Flow_Steps(const Check_Figures& f, Steps& steps) {
+    const Thousand_Yen last = f.y.elements[e::prior_cash_flow];
+    const Thousand_Yen current = f.y.elements[e::cash_flow];
+    steps.Work("算出額（前期）", Flow_Of(f.y.flow, 0), last);
+    steps.Work("算出額（当期）", Flow_Of(f.y.flow, 1), current);
+    const float mean = Mean_Of(last, current);
+    const Expression shown = Mean(steps, "二期平均額", last, current, mean);
+    Value_Steps(steps, 7, shown / thousand_yen_of_oku, static_cast<double>(mean) / thousand_yen_of_oku);
+}
+
+void Ratio_Steps(std::size_t x, const Check_Figures& f, Steps& steps, e::Place numerator,
+                 e::Place denominator) {
+    if (!Lacks(steps, x, f, denominator)) {
+        const Thousand_Yen above = f.y.elements[numerator];
+        const Thousand_Yen below = f.y.elements[denominator];
+        Percent_Steps(steps, x, above, above.Count(), below, below.Count());
+    }
+}
+
+void Surplus_Steps(const Check_Figures& f, Steps& steps) {
+    const Thousand_Yen surplus = f.y.elements[e::retained_earnings];
+    Value_Steps(steps, 8, Expression(surplus) / thousand_yen_of_oku,
+                static_cast<double>(surplus.Count()) / thousand_yen_of_oku);
 }
 
 } // namespace
 
 void Steps_Of_Indicator(std::size_t x, const Check_Figures& f, Steps& steps) {
-    const auto& yoso = f.y.Y_Yoso;
     switch (x) {
     case 1:
         Interest_Steps(f, steps);
@@ -132,43 +164,41 @@ void Steps_Of_Indicator(std::size_t x, const Check_Figures& f, Steps& steps) {
     case 3:
         Capital_Steps(f, steps);
         return;
+    case 4:
+        Ratio_Steps(x, f, steps, e::ordinary_profit, e::sales);
+        return;
+    case 5:
+        Ratio_Steps(x, f, steps, e::equity, e::fixed_assets);
+        return;
+    case 6:
+        Ratio_Steps(x, f, steps, e::equity, e::total_capital);
+        return;
     case 7:
         Cash_Flow_Steps(f, steps);
         return;
-    case 8:
-        Oku_Steps(steps, 8, "利益剰余金", yoso[rieki_joyokin], yoso[rieki_joyokin]);
-        return;
     default:
-        break;
+        Surplus_Steps(f, steps);
     }
-    constexpr Percentage ratios[] = {{"売上高経常利益率", keijo_rieki, "売上高", uriage},
-                                     {"自己資本対固定資産比率", jiko_sihon, "固定資産", kotei_sisan},
-                                     {"自己資本比率", jiko_sihon, "総資本（当期）", so_sihon}};
-    const Percentage& ratio = ratios[x - 4];
-    if (yoso[ratio.denominator] == 0) {
-        Without_Denominator(steps, x, ratio.denominator_name);
-        return;
-    }
-    Percent_Steps(steps, x, ratio.name, yoso[ratio.numerator], yoso[ratio.numerator], yoso[ratio.denominator],
-                  yoso[ratio.denominator]);
 }
 
 void Steps_Of_A(const Check_Figures& f, Steps& steps) {
-    const auto x = [&f](std::size_t number) {
-        return Expression(static_cast<double>(f.y.Y_Kekka[number - 1]), 3);
+    const auto weighted = [&f](std::size_t i, double weight) {
+        return Expression(weight, y_weight_decimals) * Expression(static_cast<double>(f.y.indicators[i]), 3);
     };
-    const auto weight = [](double value) { return Expression(value, 4); };
-    steps.Work("経営状況点数",
-               weight(-0.4650) * x(1) - weight(0.0508) * x(2) + weight(0.0264) * x(3) +
-                   weight(0.0277) * x(4) + weight(0.0011) * x(5) + weight(0.0089) * x(6) +
-                   weight(0.0818) * x(7) + weight(0.0172) * x(8) + weight(0.1906),
-               Expression(static_cast<double>(f.y.Y_A_Ten), 2), Rounding::From_499, 2);
+    Expression sum = weighted(0, y_indicators[0].weight);
+    for (std::size_t i = 1; i < y_indicators.size(); ++i) {
+        const double weight = y_indicators[i].weight;
+        sum = weight < 0 ? sum - weighted(i, -weight) : sum + weighted(i, weight);
+    }
+    steps.Work("経営状況点数", sum + Expression(y_points_base, y_weight_decimals),
+               Expression(static_cast<double>(f.y.points), 2), Rounding::From_499, 2);
 }
 
 void Steps_Of_Y(const Check_Figures& f, Steps& steps) {
-    const Expression points(static_cast<double>(f.y.Y_A_Ten), 2);
-    const Expression score = steps.Work("経営状況評点", Expression(167.3, 1) * points + 583,
-                                        std::int32_t{Score_Of_Points(f.y.Y_A_Ten)}, Rounding::From_499);
+    const Expression points(static_cast<double>(f.y.points), 2);
+    const Expression score =
+        steps.Work("経営状況評点", Expression::Decimal(y_score_factor) * points + y_score_base,
+                   Score_Of_Points(f.y.points), Rounding::From_499);
     steps.At_Least(score, 0);
 }
 

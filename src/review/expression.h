@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
+#include "law/quantity.h"
+
 #include <cstdint>
 #include <string>
 #include <utility>
@@ -37,6 +39,8 @@ class Fraction {
 class Expression {
   public:
     Expression(std::int32_t figure); // NOLINT: figures stand in expressions as they are
+    template <class Unit, class Width>
+    Expression(Quantity<Unit, Width> figure) : Expression(std::int32_t{figure.Count()}) {} // NOLINT
     /// A figure with fixed decimals.
     Expression(double figure, int decimals);
     /// A figure with the decimals that it has, at most six digits.

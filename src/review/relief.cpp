@@ -21,15 +21,11 @@ Works Averaged(const Review_Figures& figures, std::int32_t years, Points x2, Poi
 } // namespace
 
 Gekihen_Table Calc_Gekihen(const Review_Figures& figures) {
-    Y_Calc y;
-    y.Calc_Y(figures.statement, figures.firm);
+    const Y_Result y = Calc_Y(figures.statement, figures.firm);
     Gekihen_Table table{};
     for (std::size_t column = 0; column < gekihen_columns.size(); ++column) {
-        X2_Calc x2;
-        x2.JikoS = gekihen_columns[column].basis;
-        x2.Calc_X2(figures, true);
-        const Works works =
-            Averaged(figures, gekihen_columns[column].years, Points(x2.X2_Ten), Points(y.Y_Ten));
+        const X2_Result x2 = Calc_X2(figures, gekihen_columns[column].basis);
+        const Works works = Averaged(figures, gekihen_columns[column].years, x2.score, y.score);
         for (std::size_t i = 0; i < table.size(); ++i) {
             table[i].P[column] = static_cast<std::int16_t>(works.lines[i].P.value);
         }

@@ -43,11 +43,6 @@ bool Has_32_Bits(double value) {
     return value > -2147483648.5 && value < 2147483647.5;
 }
 
-// What has no place in its width is told with its name and value.
-[[noreturn]] void Throw_Overflow(const std::string& what) {
-    throw Run_Time_Error(Run_Time_Error::Kind::Overflow, what + "の計算で桁あふれが発生しました。");
-}
-
 // A period has all lines or, before it is filled, none.
 void Test_Lines(std::span<const Work_Line> works) {
     const auto has_row = [](const Work_Line& line) { return line.row; };
@@ -65,22 +60,22 @@ bool Work_Line::Has_Engineer() const {
     return std::any_of(gijutusya.begin(), gijutusya.end(), [](const Figure& count) { return count.up; });
 }
 
-std::int32_t Statement_Figures::Get_Y_Kamoku(Account account) const {
+Thousand_Yen Statement_Figures::Get_Y_Kamoku(Account account) const {
     const int code = Code(account);
-    const double thousands = std::trunc(amount[static_cast<std::size_t>(code)] / 1000.0);
-    if (!Has_32_Bits(thousands)) {
+    const Yen yen = amount[static_cast<std::size_t>(code)];
+    const auto name_and_amount = [&] {
         const auto name = beyond_32_bits.find(code);
-        Throw_Overflow("財務諸表の「" +
-                       (name == beyond_32_bits.end() ? std::to_string(code) : Shown_Text(name->second)) +
-                       "」（" + Comma_Str(Value(amount[static_cast<std::size_t>(code)])) + "円）");
-    }
-    return static_cast<std::int32_t>(thousands);
+        return "財務諸表の「" +
+               (name == beyond_32_bits.end() ? std::to_string(code) : Shown_Text(name->second)) + "」（" +
+               Comma_Str(Value(yen.Count())) + "円）";
+    };
+    return In_Calculation(name_and_amount, [yen] { return To_Thousand_Yen(yen); });
 }
 
-std::int32_t Statement_Figures::Get_Y_Sum(std::span<const Account> accounts, const char* what) const {
-    std::int32_t sum = 0;
+Thousand_Yen Statement_Figures::Get_Y_Sum(std::span<const Account> accounts) const {
+    Thousand_Yen sum;
     for (const Account account : accounts) {
-        sum = Add32(sum, Get_Y_Kamoku(account), what);
+        sum += Get_Y_Kamoku(account);
     }
     return sum;
 }
@@ -91,8 +86,8 @@ std::int32_t Review_Figures::Yoso(int code, std::int32_t limit) const {
         return 0;
     }
     if (!Has_32_Bits(element.value)) {
-        Throw_Overflow("その他審査項目の「" + Element_Name(code) + "」（" + Number_Text(element.value) +
-                       "）");
+        Throw_Overflow_Of("その他審査項目の「" + Element_Name(code) + "」（" + Number_Text(element.value) +
+                          "）");
     }
     const auto value = Round_Half_Even<std::int32_t>(element.value, "その他審査項目");
     return value > limit ? 0 : value;
@@ -136,7 +131,7 @@ Statement_Figures Read_Statement(const Connection& cn, Side side) {
         const std::int64_t code = rows.Integer_At(0);
         if (code >= 0 && code < static_cast<std::int64_t>(Statement_Figures::code_end)) {
             const double amount = rows.Double_At(2);
-            figures.amount[static_cast<std::size_t>(code)] = amount;
+            figures.amount[static_cast<std::size_t>(code)] = Yen(amount);
             if (!Has_32_Bits(amount / 1000.0)) {
                 figures.beyond_32_bits[static_cast<int>(code)] = rows.Text_At(3);
             }
@@ -196,8 +191,8 @@ void Read_Works(const Connection& cn, Side side, Review_Figures& figures) {
             if (!rows.Is_Null(column)) {
                 const double value = rows.Double_At(column);
                 if (!Has_32_Bits(value)) {
-                    Throw_Overflow("工種" + std::to_string(code) + "の" +
-                                   std::string(Work_Columns()[i].name) + "（" + Number_Text(value) + "）");
+                    Throw_Overflow_Of("工種" + std::to_string(code) + "の" +
+                                      std::string(Work_Columns()[i].name) + "（" + Number_Text(value) + "）");
                 }
                 Work_Columns()[i].place(line) = {Round_Half_Even<std::int32_t>(value, "工種別の入力値"), true,
                                                  false};

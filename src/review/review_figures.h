@@ -87,19 +87,19 @@ struct Element {
     friend bool operator==(const Element& a, const Element& b) { return a.value == b.value && a.up == b.up; }
 };
 
-/// The amounts of a statement in one column, in yen by account code. Null and missing rows are 0.
+/// The amounts of a statement in one column by account code. Null and missing rows are 0.
 struct Statement_Figures {
     static constexpr std::size_t code_end = 1000;
-    std::array<double, code_end> amount{};
+    std::array<Yen, code_end> amount{};
     int form = 0;                              ///< data form of the marker row 99, 0 without one
     bool has_rows = false;                     ///< the period has rows
     std::map<int, std::string> beyond_32_bits; ///< the names of accounts that have no place in 32 bits
 
-    /// The amount of an account in thousand yen, cut toward zero. Raises Run_Time_Error beyond 32 bits.
-    [[nodiscard]] std::int32_t Get_Y_Kamoku(Account account) const;
+    /// The amount of an account, cut. Raises Run_Time_Error (overflow) that names it.
+    [[nodiscard]] Thousand_Yen Get_Y_Kamoku(Account account) const;
 
-    /// The sum of such amounts. An overflow is told as one of `what`.
-    [[nodiscard]] std::int32_t Get_Y_Sum(std::span<const Account> accounts, const char* what) const;
+    /// The sum of such amounts. An overflow of the sum bears no name.
+    [[nodiscard]] Thousand_Yen Get_Y_Sum(std::span<const Account> accounts) const;
 };
 
 /// What the store holds of a side, as far as the review needs it.

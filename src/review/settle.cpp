@@ -79,9 +79,7 @@ void Settle_And_Store(const Connection& cn, Side side, Firm_Kind firm,
         Add_Knowledge_Rows(cn, side.period);
     }
     Review_Figures figures = stored;
-    Y_Calc y;
-    X2_Calc x2;
-    Settle(figures, y, x2, side.scenario);
+    Settle(figures, side.scenario);
     Forget_Unchanged(stored, figures);
     Write_Elements(cn, side, figures);
     Write_Works(cn, side, figures);
@@ -135,17 +133,20 @@ bool Can_Settle(const Connection& cn, Side side, Firm_Kind firm) {
 
 } // namespace
 
-void Settle(Review_Figures& figures, Y_Calc& y, X2_Calc& x2, Scenario scenario) {
+Statement_Scores Calc_Statement(const Review_Figures& figures) {
+    return {Calc_Y(figures.statement, figures.firm), Calc_X2(figures)};
+}
+
+Statement_Scores Settle(Review_Figures& figures, Scenario scenario) {
     const bool current = scenario == Scenario::Genjo;
-    y.Calc_Y(figures.statement, figures.firm);
-    x2.Calc_X2(figures, false);
+    Statement_Scores scores = Calc_Statement(figures);
     for (int round = 0; round < most_rounds; ++round) {
         const auto elements = figures.elements;
-        One_Round(figures, Points(y.Y_Ten), Points(x2.X2_Ten), current);
+        One_Round(figures, scores.y.score, scores.x2.score, current);
         // A round forms the scores of the works from their inputs and the elements alone: once these stay, so
         // do those.
         if (elements == figures.elements) {
-            return;
+            return scores;
         }
     }
     throw std::logic_error("the scores do not settle");
@@ -175,11 +176,8 @@ void Store_W_2012(const Connection& cn, Side side, Firm_Kind firm, const Social_
         Add_Knowledge_Rows(cn, side.period);
     }
     items.Store(figures);
-    X2_Calc x2;
-    Y_Calc y;
-    x2.Calc_X2(figures, false);
-    y.Calc_Y(figures.statement, figures.firm);
-    Recalc_P_All(figures, Points(x2.X2_Ten), Points(y.Y_Ten));
+    const Statement_Scores scores = Calc_Statement(figures);
+    Recalc_P_All(figures, scores.x2.score, scores.y.score);
     Write_Elements(cn, side, figures);
     Write_Works(cn, side, figures);
 }
@@ -264,7 +262,9 @@ Settled_Score Score_Company(const Connection& cn, Edition edition, const Asked_S
         }
     }
     score.x2w_entered = score.figures.elements[element::w1].up;
-    Settle(score.figures, score.y, score.x2, side.scenario);
+    Statement_Scores scores = Settle(score.figures, side.scenario);
+    score.y = scores.y;
+    score.x2 = scores.x2;
     return score;
 }
 

@@ -21,18 +21,27 @@ struct Settled_Score {
     std::string jigyo_name;
     Side side;
     bool x2w_entered = false; ///< the items of X2 and W were stored before (element 100)
-    Y_Calc y;
-    X2_Calc x2;
+    Y_Result y;
+    X2_Result x2;
     Review_Figures figures;                               ///< elements and works as the store would hold them
     std::array<std::string, work_line_count> kosyu_ryaku; ///< 工種略 of the lines
 };
 
-/// Computes Y and X2 and opens and closes the screens of X2 and W, of engineers and of completed work on
-/// `figures`, in this order, until another round changes nothing: the orders of the screens let some
-/// sub-scores reach the total a pass late. At law year 1 the W of the completed-work screen stands, and in
-/// the other scenarios than the current one that of the X2/W screen, which alone stores it there. P always
-/// holds the W beside it. Raises Run_Time_Error on overflow and where W needs a date that is none.
-void Settle(Review_Figures& figures, Y_Calc& y, X2_Calc& x2, Scenario scenario = Scenario::Genjo);
+/// The scores that a work type takes from the statement.
+struct Statement_Scores {
+    Y_Result y;
+    X2_Result x2;
+};
+
+/// Computes Y and X2 of a side. Raises Run_Time_Error on overflow.
+[[nodiscard]] Statement_Scores Calc_Statement(const Review_Figures& figures);
+
+/// Computes Y and X2, which it gives, and opens and closes the screens of X2 and W, of engineers and of
+/// completed work on `figures`, in this order, until another round changes nothing: the orders of the screens
+/// let some sub-scores reach the total a pass late. At law year 1 the W of the completed-work screen stands,
+/// and in the other scenarios than the current one that of the X2/W screen, which alone stores it there. P
+/// always holds the W beside it. Raises Run_Time_Error on overflow and where W needs a date that is none.
+Statement_Scores Settle(Review_Figures& figures, Scenario scenario = Scenario::Genjo);
 
 /// Settles and stores the scores of a side that figures were brought into from outside; nothing where there
 /// are none. The caller holds the transaction. Raises Store_Error, Run_Time_Error.

@@ -2,63 +2,57 @@
 #include "review/x2_calc.h"
 
 #include "law/accounts.h"
-#include "law/checked.h"
 #include "law/elements.h"
 #include "law/total_weights.h"
-#include "review/scores.h"
 
 #include <algorithm>
 #include <cmath>
-#include <string>
 
 namespace morvane {
 
 namespace {
 
-constexpr const char* what_x2 = "自己資本額及び平均利益額の評点（Ｘ２）";
+using Two_Periods = X2_Result::Two_Periods;
 
-std::int32_t Floor_Half(std::int32_t sum) {
-    return static_cast<std::int32_t>(std::floor(sum / 2.0));
+template <class Unit>
+Unit Half(Unit sum) {
+    return Unit::Of(static_cast<std::int64_t>(std::floor(sum.Count() / 2.0)));
+}
+
+Thousand_Yen Mean(const Two_Periods& periods) {
+    return Half(periods[1] + periods[0]);
+}
+
+X2_Result::Part Part_Of(Thousand_Yen amount, Scored (*score)(Thousand_Yen)) {
+    const Thousand_Yen counted = std::max(amount, Thousand_Yen());
+    return {amount, counted, score(counted)};
+}
+
+std::int32_t Basis_Of(const Review_Figures& figures) {
+    const std::int32_t stored = figures.Yoso(element::equity_basis);
+    return stored == 0 ? 1 : stored;
 }
 
 } // namespace
 
-Law_Year_No Get_Simyu_Kubun(const Session& session, int period) {
-    return Get_Simyu_Kubun(Cn_Open(session), period);
-}
-
-Law_Year_No Get_Simyu_Kubun(const Connection& cn, int period) {
-    const Recordset rows = cn.Open("SELECT 現状 FROM W_Yoso WHERE 決算期=? And 要素CD=210", period);
-    const std::int64_t oldest = Law_Number(Oldest_Law_Year().code);
-    return Law_Of(rows.Eof() ? oldest : rows["現状"].As_Integer(oldest)).code;
-}
-
-void X2_Calc::Calc_X2(const Review_Figures& figures, bool keep_basis) {
-    if (!keep_basis) {
-        const std::int32_t stored = figures.Yoso(element::equity_basis);
-        JikoS = stored == 0 ? 1 : stored;
-    }
-    const Statement_Figures& s = figures.statement;
-    Jiko = {s.Get_Y_Kamoku(Account::Prior_Equity), s.Get_Y_Kamoku(Account::Net_Assets)};
-    Eigyo = {s.Get_Y_Kamoku(Account::Prior_Operating_Profit), s.Get_Y_Kamoku(Account::Operating_Profit)};
-    Genka = {s.Get_Y_Sum(prior_depreciation_accounts, what_x2),
-             s.Get_Y_Sum(Depreciation_Accounts(figures.firm.edition), what_x2)};
-    for (std::size_t period = 0; period < Rieki.size(); ++period) {
-        Rieki[period] = Add32(Eigyo[period], Genka[period], what_x2);
-    }
-
-    X2_Jiko = JikoS == 1 ? Jiko[1] : Floor_Half(Add32(Jiko[1], Jiko[0], what_x2));
-    X2_Jiko_Used = X2_Jiko < 0 ? 0 : X2_Jiko;
-    const Scored equity = Calc_X2_1_Ten(Thousand_Yen(X2_Jiko_Used));
-    X2_1_Ten = equity.points.Count();
-    X2_1_Row = equity.row;
-    X2_Rieki = Floor_Half(Add32(Rieki[1], Rieki[0], what_x2));
-    X2_Rieki_Used = X2_Rieki < 0 ? 0 : X2_Rieki;
-    const Scored profit = Calc_X2_2_Ten(Thousand_Yen(X2_Rieki_Used));
-    X2_2_Ten = profit.points.Count();
-    X2_2_Row = profit.row;
-    const auto half = static_cast<std::int16_t>(Floor_Half(Add16(X2_1_Ten, X2_2_Ten, what_x2)));
-    X2_Ten = std::max(half, x2_least);
+X2_Result Calc_X2(const Review_Figures& figures, std::optional<std::int32_t> basis) {
+    return In_Calculation("自己資本額及び平均利益額の評点（Ｘ２）", [&] {
+        const Statement_Figures& s = figures.statement;
+        X2_Result x2;
+        x2.basis = basis ? *basis : Basis_Of(figures);
+        x2.equities = {s.Get_Y_Kamoku(Account::Prior_Equity), s.Get_Y_Kamoku(Account::Net_Assets)};
+        x2.operating = {s.Get_Y_Kamoku(Account::Prior_Operating_Profit),
+                        s.Get_Y_Kamoku(Account::Operating_Profit)};
+        x2.depreciation = {s.Get_Y_Sum(prior_depreciation_accounts),
+                           s.Get_Y_Sum(Depreciation_Accounts(figures.firm.edition))};
+        for (std::size_t period = 0; period < x2.profits.size(); ++period) {
+            x2.profits[period] = x2.operating[period] + x2.depreciation[period];
+        }
+        x2.equity = Part_Of(x2.basis == 1 ? x2.equities[1] : Mean(x2.equities), Calc_X2_1_Ten);
+        x2.profit = Part_Of(Mean(x2.profits), Calc_X2_2_Ten);
+        x2.score = std::max(Half(x2.equity.scored.points + x2.profit.scored.points), Points(x2_least));
+        return x2;
+    });
 }
 
 } // namespace morvane

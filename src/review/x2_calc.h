@@ -2,41 +2,37 @@
 #pragma once
 
 #include "review/review_figures.h"
-#include "session/session.h"
+#include "review/scores.h"
 
 #include <array>
 #include <cstdint>
+#include <optional>
 
 namespace morvane {
 
-/// The law year of a period: 現状 of element 210; the oldest where it is Null or has no row. Raises
-/// Store_Error.
-Law_Year_No Get_Simyu_Kubun(const Session& session, int period);
-Law_Year_No Get_Simyu_Kubun(const Connection& cn, int period);
+/// The equity and profit score (自己資本額及び平均利益額 評点X2) and what led to it.
+struct X2_Result {
+    /// The figures of two periods: of the one before and of the current one.
+    using Two_Periods = std::array<Thousand_Yen, 2>;
 
-/// The equity and profit score X2 and what led to it, thousand yen and points.
-class X2_Calc {
-  public:
-    // What leads to them, by period: 0 the one before, 1 the current one.
-    std::array<std::int32_t, 2> Jiko{};  ///< 自己資本額
-    std::array<std::int32_t, 2> Eigyo{}; ///< 営業利益
-    std::array<std::int32_t, 2> Genka{}; ///< 減価償却実施額
-    std::array<std::int32_t, 2> Rieki{}; ///< 利払前税引前償却前利益, the sum of the two
+    /// One of the two amounts, what of it counts (not below 0), and its score.
+    struct Part {
+        Thousand_Yen amount, counted;
+        Scored scored;
+    };
 
-    std::int32_t JikoS = 1;         ///< basis: 1 base period, else two-period average
-    std::int32_t X2_Jiko = 0;       ///< 自己資本額
-    std::int32_t X2_Jiko_Used = 0;  ///< the same, not below 0
-    std::int32_t X2_Rieki = 0;      ///< 平均利益額 (利払前税引前償却前利益, two periods)
-    std::int32_t X2_Rieki_Used = 0; ///< the same, not below 0
-    std::int16_t X2_1_Ten = 0;
-    std::int16_t X2_2_Ten = 0;
-    std::int16_t X2_Ten = 0; ///< X2, not below its least
-    int X2_1_Row = 0;        ///< rows of the tables that gave the scores
-    int X2_2_Row = 0;
-
-    /// Computes X2 from figures in hand. Without `keep_basis` the basis is element 1 (Null, 0 or missing: 1).
-    /// Raises Run_Time_Error on overflow.
-    void Calc_X2(const Review_Figures& figures, bool keep_basis);
+    std::int32_t basis = 1;     ///< of the equity: 1 the base period, else the average of both
+    Two_Periods equities{};     ///< 自己資本額
+    Two_Periods profits{};      ///< 利払前税引前償却前利益, the sum of the two below
+    Two_Periods operating{};    ///< 営業利益
+    Two_Periods depreciation{}; ///< 減価償却実施額
+    Part equity;                ///< 自己資本額, X2_1
+    Part profit;                ///< 平均利益額, X2_2
+    Points score;               ///< X2, not below its least
 };
+
+/// Computes X2; the basis is that of the figures (element 1; Null, 0 or missing: 1) unless another one is
+/// asked for. Raises Run_Time_Error on overflow.
+[[nodiscard]] X2_Result Calc_X2(const Review_Figures& figures, std::optional<std::int32_t> basis = {});
 
 } // namespace morvane

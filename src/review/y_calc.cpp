@@ -2,212 +2,166 @@
 #include "review/y_calc.h"
 
 #include "law/accounts.h"
-#include "law/checked.h"
 
-#include <array>
+#include <algorithm>
 #include <cmath>
-#include <string>
 
 namespace morvane {
 
 namespace {
 
-using namespace y_yoso;
 using enum Account;
 
-constexpr const char* what_y = "経営状況評点（Ｙ）";
-
-using Elements = std::array<std::int32_t, 14>;
-using Working = std::array<std::int32_t, 20>;
+using Elements = decltype(Y_Result::elements);
 
 Elements Elements_Of(const Statement_Figures& s, Firm_Kind firm) {
-    const std::array hokkaido_sales = {Completed_Work_Sales, Side_Business_Sales_Hokkaido};
-    Elements yoso{};
-    yoso[kotei_sisan] = s.Get_Y_Kamoku(Fixed_Assets);
-    yoso[ryudo_fusai] = s.Get_Y_Kamoku(Current_Liabilities);
-    yoso[kotei_fusai] = s.Get_Y_Kamoku(Fixed_Liabilities);
-    yoso[rieki_joyokin] = s.Get_Y_Kamoku(firm.Is_Corporation() ? Retained_Earnings : Net_Assets);
-    yoso[jiko_sihon] = s.Get_Y_Kamoku(Net_Assets);
-    yoso[so_sihon] = s.Get_Y_Kamoku(Liabilities_And_Net_Assets);
-    yoso[so_sihon_zenki] = s.Get_Y_Kamoku(Prior_Total_Capital);
-    yoso[uriage] = firm.Is_Hokkaido() ? s.Get_Y_Sum(hokkaido_sales, what_y) : s.Get_Y_Kamoku(Sales_National);
-    yoso[uriage_sorieki] = s.Get_Y_Kamoku(Gross_Profit);
-    yoso[uketori_risoku] = s.Get_Y_Kamoku(Interest_And_Dividends);
-    yoso[siharai_risoku] = s.Get_Y_Kamoku(Interest_Paid);
-    yoso[keijo_rieki] = s.Get_Y_Kamoku(Ordinary_Profit);
-    return yoso;
+    namespace e = y_element;
+    constexpr std::array hokkaido_sales = {Completed_Work_Sales, Side_Business_Sales_Hokkaido};
+    Elements elements{};
+    elements[e::fixed_assets] = s.Get_Y_Kamoku(Fixed_Assets);
+    elements[e::current_liabilities] = s.Get_Y_Kamoku(Current_Liabilities);
+    elements[e::fixed_liabilities] = s.Get_Y_Kamoku(Fixed_Liabilities);
+    elements[e::retained_earnings] = s.Get_Y_Kamoku(firm.Is_Corporation() ? Retained_Earnings : Net_Assets);
+    elements[e::equity] = s.Get_Y_Kamoku(Net_Assets);
+    elements[e::total_capital] = s.Get_Y_Kamoku(Liabilities_And_Net_Assets);
+    elements[e::prior_total_capital] = s.Get_Y_Kamoku(Prior_Total_Capital);
+    elements[e::sales] = firm.Is_Hokkaido() ? s.Get_Y_Sum(hokkaido_sales) : s.Get_Y_Kamoku(Sales_National);
+    elements[e::gross_profit] = s.Get_Y_Kamoku(Gross_Profit);
+    elements[e::interest_received] = s.Get_Y_Kamoku(Interest_And_Dividends);
+    elements[e::interest_paid] = s.Get_Y_Kamoku(Interest_Paid);
+    elements[e::ordinary_profit] = s.Get_Y_Kamoku(Ordinary_Profit);
+    return elements;
 }
 
 // The edition decides where depreciation and the loss allowance stand, the data form of the period where the
 // advances received do.
-Working Working_Of(const Statement_Figures& s, Edition edition) {
-    const auto both = [&s](Account first, Account second) {
-        return s.Get_Y_Sum(std::array{first, second}, what_y);
+Y_Flow Flow_Of(const Statement_Figures& s, Edition edition, Thousand_Yen ordinary_profit) {
+    const auto both = [&s](Account first, Account second) { return s.Get_Y_Sum(std::array{first, second}); };
+    return {{{{s.Get_Y_Kamoku(Prior_Ordinary_Profit), ordinary_profit},
+              {s.Get_Y_Sum(prior_depreciation_accounts), s.Get_Y_Sum(Depreciation_Accounts(edition))},
+              {s.Get_Y_Kamoku(Prior_Income_Taxes), s.Get_Y_Kamoku(Income_Taxes)}}},
+            {{{both(Second_Prior_Current_Allowance, Second_Prior_Investment_Allowance),
+               both(Prior_Current_Allowance, Prior_Investment_Allowance),
+               both(Accounts_Of_Edition(edition).current_allowance, Investment_Allowance)},
+              {both(Second_Prior_Notes_Receivable, Second_Prior_Completed_Work_Receivables),
+               both(Prior_Notes_Receivable, Prior_Completed_Work_Receivables),
+               both(Notes_Receivable, Completed_Work_Receivables)},
+              {both(Second_Prior_Notes_Payable, Second_Prior_Work_Payables),
+               both(Prior_Notes_Payable, Prior_Work_Payables), both(Notes_Payable, Work_Payables)},
+              {both(Second_Prior_Uncompleted_Work, Second_Prior_Materials_In_Store),
+               both(Prior_Uncompleted_Work, Prior_Materials_In_Store),
+               both(Uncompleted_Work, Materials_In_Store)},
+              {s.Get_Y_Kamoku(Second_Prior_Advances_Received), s.Get_Y_Kamoku(Prior_Advances_Received),
+               s.Get_Y_Kamoku(s.form == 6 ? Advances_Received_Hokkaido : Advances_Received_National)}}}};
+}
+
+/// The operating cash flow of a year: 0 the prior, 1 the current one.
+Thousand_Yen Cash_Flow(const Y_Flow& flow, std::size_t year) {
+    Thousand_Yen sum;
+    const auto count = [&sum](const Y_Flow_Part& part, Thousand_Yen amount) {
+        sum = part.adds ? sum + amount : sum - amount;
     };
-    return {
-        // 経常利益（前期）; 減価償却実施額（前期・当期）; 法人税等（前期・当期）
-        s.Get_Y_Kamoku(Prior_Ordinary_Profit),
-        s.Get_Y_Sum(prior_depreciation_accounts, what_y),
-        s.Get_Y_Sum(Depreciation_Accounts(edition), what_y),
-        s.Get_Y_Kamoku(Prior_Income_Taxes),
-        s.Get_Y_Kamoku(Income_Taxes),
-        // 貸倒引当金（前々期・前期・当期）
-        both(Second_Prior_Current_Allowance, Second_Prior_Investment_Allowance),
-        both(Prior_Current_Allowance, Prior_Investment_Allowance),
-        both(Accounts_Of_Edition(edition).current_allowance, Investment_Allowance),
-        // 売掛債権（前々期・前期・当期）
-        both(Second_Prior_Notes_Receivable, Second_Prior_Completed_Work_Receivables),
-        both(Prior_Notes_Receivable, Prior_Completed_Work_Receivables),
-        both(Notes_Receivable, Completed_Work_Receivables),
-        // 仕入債務（前々期・前期・当期）
-        both(Second_Prior_Notes_Payable, Second_Prior_Work_Payables),
-        both(Prior_Notes_Payable, Prior_Work_Payables),
-        both(Notes_Payable, Work_Payables),
-        // 棚卸資産（前々期・前期・当期）
-        both(Second_Prior_Uncompleted_Work, Second_Prior_Materials_In_Store),
-        both(Prior_Uncompleted_Work, Prior_Materials_In_Store),
-        both(Uncompleted_Work, Materials_In_Store),
-        // 受入金（前々期・前期・当期）
-        s.Get_Y_Kamoku(Second_Prior_Advances_Received),
-        s.Get_Y_Kamoku(Prior_Advances_Received),
-        s.Get_Y_Kamoku(s.form == 6 ? Advances_Received_Hokkaido : Advances_Received_National),
-    };
-}
-
-std::int32_t Plus(std::int32_t a, std::int32_t b) {
-    return Add32(a, b, what_y);
-}
-std::int32_t Minus(std::int32_t a, std::int32_t b) {
-    return Sub32(a, b, what_y);
-}
-
-/// Profit + depreciation - tax, + rise of the loss allowances, + fall of receivables, + rise of payables, +
-/// fall of inventories, + rise of advances received, each between two year ends: `year` 0 from the
-/// second-prior to the prior one, 1 from there to the current one.
-std::int32_t Cash_Flow(std::int32_t profit, std::int32_t depreciation, std::int32_t tax, const Working& w,
-                       std::size_t year) {
-    std::int32_t flow = Minus(Plus(profit, depreciation), tax);
-    flow = Minus(flow, Minus(w[5 + year], w[6 + year]));
-    flow = Plus(flow, Minus(w[8 + year], w[9 + year]));
-    flow = Minus(flow, Minus(w[11 + year], w[12 + year]));
-    flow = Plus(flow, Minus(w[14 + year], w[15 + year]));
-    return Minus(flow, Minus(w[17 + year], w[18 + year]));
-}
-
-/// A ratio in percent with three decimals.
-float Percent(double num, double den) {
-    return static_cast<float>(Round_501(num / den, 100000) * 100);
-}
-
-// Indicator number `x` held within its limits.
-float Within(float value, std::size_t x) {
-    const auto [lower, upper] = y_limits[x - 1];
-    if (value >= upper) {
-        return upper;
+    for (std::size_t i = 0; i < y_flow_amounts.size(); ++i) {
+        count(y_flow_amounts[i], flow.amounts[i][year]);
     }
-    return value <= lower ? lower : value;
+    for (std::size_t i = 0; i < y_flow_balances.size(); ++i) {
+        count(y_flow_balances[i], flow.balances[i][year] - flow.balances[i][year + 1]);
+    }
+    return sum;
+}
+
+// A value of indicator `x` (1 to 8) held within its limits.
+float Within(std::size_t x, double value) {
+    const Y_Indicator& indicator = y_indicators[x - 1];
+    return std::clamp(static_cast<float>(value), indicator.lower.Single(), indicator.upper.Single());
+}
+
+float Rounded(std::size_t x, double value) {
+    return Within(x, Round_501(value, y_indicators[x - 1].Scale()));
+}
+
+/// An indicator in percent: its ratio, rounded, times a hundred.
+float Percent(std::size_t x, double numerator, double denominator) {
+    const Y_Indicator& indicator = y_indicators[x - 1];
+    return denominator == 0.0 ? indicator.without_denominator.value().Single()
+                              : Within(x, Round_501(numerator / denominator, indicator.Scale()) * 100);
+}
+
+// Means of two periods are single precision.
+float Mean(Thousand_Yen a, Thousand_Yen b) {
+    return static_cast<float>((a + b).Count() / 2.0);
+}
+
+/// X2: the months of sales that the debt is.
+float Debt_Turnover(std::int32_t debt, std::int32_t sales) {
+    return sales == 0 ? y_indicators[1].without_denominator.value().Single()
+                      : Rounded(2, debt / (sales / 12.0));
+}
+
+std::array<float, y_indicators.size()> Indicators_Of(const Elements& elements) {
+    namespace e = y_element;
+    const auto number = [&elements](e::Place place) { return elements[place].Count(); };
+    const Thousand_Yen interest = elements[e::interest_paid] - elements[e::interest_received];
+    const Thousand_Yen debt = elements[e::current_liabilities] + elements[e::fixed_liabilities];
+    const float capital = std::max(Mean(elements[e::prior_total_capital], elements[e::total_capital]),
+                                   static_cast<float>(y_least_capital.Count()));
+    const float flow = Mean(elements[e::prior_cash_flow], elements[e::cash_flow]);
+    constexpr double oku = thousand_yen_of_oku;
+    return {Percent(1, interest.Count(), number(e::sales)),
+            Debt_Turnover(debt.Count(), number(e::sales)),
+            Percent(3, number(e::gross_profit), static_cast<double>(capital)),
+            Percent(4, number(e::ordinary_profit), number(e::sales)),
+            Percent(5, number(e::equity), number(e::fixed_assets)),
+            Percent(6, number(e::equity), number(e::total_capital)),
+            Rounded(7, static_cast<double>(flow) / oku),
+            Rounded(8, number(e::retained_earnings) / oku)};
+}
+
+/// Where a value lies between the worst and the best, percent.
+float Rate(const Y_Indicator& indicator, float value) {
+    const double way = static_cast<double>(value) - indicator.Worst().Double();
+    return static_cast<float>(std::abs(way / (indicator.upper - indicator.lower).Double()) * 100);
+}
+
+void Score(Y_Result& y) {
+    double points = 0.0;
+    for (std::size_t i = 0; i < y_indicators.size(); ++i) {
+        y.rates[i] = Rate(y_indicators[i], y.indicators[i]);
+        points += y_indicators[i].weight * static_cast<double>(y.indicators[i]);
+    }
+    y.points = static_cast<float>(Round_501(points + y_points_base, 100));
+    y.score = std::max(Score_Of_Points(y.points), Points());
 }
 
 } // namespace
 
 double Round_501(double v, double scale) {
-    return std::floor(v * scale + 0.501) / scale;
+    return std::floor(v * scale + y_rounding) / scale;
 }
 
-std::int16_t Score_Of_Points(float points) {
-    return Narrow_Double<std::int16_t>(std::floor(167.3 * points + 583 + 0.501), what_y);
+Points Score_Of_Points(float points) {
+    return Points(Narrow_Double<std::int16_t>(
+        std::floor(y_score_factor * static_cast<double>(points) + y_score_base + y_rounding), ""));
 }
 
-float Y_Calc::Calc_Y_X1(const Elements& yoso) {
-    const std::int32_t interest = Minus(yoso[siharai_risoku], yoso[uketori_risoku]);
-    return yoso[uriage] == 0 ? y_without_denominator[0] : Within(Percent(interest, yoso[uriage]), 1);
-}
-
-float Y_Calc::Calc_Y_X2(const Elements& yoso) {
-    const std::int32_t debt = Plus(yoso[ryudo_fusai], yoso[kotei_fusai]);
-    if (yoso[uriage] == 0) {
-        return y_without_denominator[1];
-    }
-    const double monthly_sales = yoso[uriage] / 12.0;
-    return Within(static_cast<float>(Round_501(debt / monthly_sales, 1000)), 2);
-}
-
-float Y_Calc::Calc_Y_X3(const Elements& yoso) {
-    float average = static_cast<float>(Plus(yoso[so_sihon_zenki], yoso[so_sihon]) / 2.0);
-    if (average <= y_least_capital) {
-        average = y_least_capital;
-    }
-    return Within(Percent(yoso[uriage_sorieki], average), 3);
-}
-
-float Y_Calc::Calc_Y_X4(const Elements& yoso) {
-    return yoso[uriage] == 0 ? y_without_denominator[3] : Within(Percent(yoso[keijo_rieki], yoso[uriage]), 4);
-}
-
-float Y_Calc::Calc_Y_X5(const Elements& yoso) {
-    return yoso[kotei_sisan] == 0 ? y_without_denominator[4]
-                                  : Within(Percent(yoso[jiko_sihon], yoso[kotei_sisan]), 5);
-}
-
-float Y_Calc::Calc_Y_X6(const Elements& yoso) {
-    return yoso[so_sihon] == 0 ? y_without_denominator[5]
-                               : Within(Percent(yoso[jiko_sihon], yoso[so_sihon]), 6);
-}
-
-float Y_Calc::Calc_Y_X7(const Elements& yoso) {
-    const auto average = static_cast<float>(Plus(yoso[cash_flow_zenki], yoso[cash_flow]) / 2.0);
-    return Within(static_cast<float>(Round_501(static_cast<double>(average) / 100000, 1000)), 7);
-}
-
-float Y_Calc::Calc_Y_X8(const Elements& yoso) {
-    return Within(static_cast<float>(Round_501(yoso[rieki_joyokin] / 100000.0, 1000)), 8);
-}
-
-void Y_Calc::Calc_Y(const Session& session, std::uint8_t kbn) {
-    Y_Slot = Y_Slot_Flg ? kbn : Y_Slot;
-    Y_Col = kbn == 1 ? 1 : 2;
-    Side side = {session.Syori_Ki - (Y_Kikan - 1), Y_Col == 1 ? Scenario::Genjo : Scenario::Kaizen};
-    if (Y_Slot_Flg && Y_Slot >= 3) {
-        side.scenario = static_cast<Scenario>(Y_Slot);
-    }
-    Calc_Y(Read_Statement(Cn_Open(session), side), session.Kind());
-}
-
-void Y_Calc::Calc_Y(const Statement_Figures& statement, Firm_Kind firm) {
-    Elements yoso = Y_Yoso;
-    Working work = Y_Work;
-    std::array<float, 8> x = Y_Kekka;
-    if (statement.has_rows) {
-        yoso = Elements_Of(statement, firm);
-        work = Working_Of(statement, firm.edition);
-        yoso[cash_flow_zenki] = Cash_Flow(work[0], work[1], work[3], work, 0);
-        yoso[cash_flow] = Cash_Flow(yoso[keijo_rieki], work[2], work[4], work, 1);
-        x = {Calc_Y_X1(yoso), Calc_Y_X2(yoso), Calc_Y_X3(yoso), Calc_Y_X4(yoso),
-             Calc_Y_X5(yoso), Calc_Y_X6(yoso), Calc_Y_X7(yoso), Calc_Y_X8(yoso)};
-    }
-    const std::array<double, 8> rates = {(x[0] - 5.1) / -5.4,  (x[1] - 18.0) / 17.1,  (x[2] - 6.5) / 57.1,
-                                         (8.5 + x[3]) / 13.6,  (76.5 + x[4]) / 426.5, (68.6 + x[5]) / 137.1,
-                                         (x[6] + 10.0) / 25.0, (x[7] + 3.0) / 103.0};
-    const double points = -0.4650 * x[0] - 0.0508 * x[1] + 0.0264 * x[2] + 0.0277 * x[3] + 0.0011 * x[4] +
-                          0.0089 * x[5] + 0.0818 * x[6] + 0.0172 * x[7] + 0.1906;
-    const auto a = static_cast<float>(Round_501(points, 100));
-    const std::int16_t score = Score_Of_Points(a);
-
-    Y_Yoso = yoso;
-    Y_Work = work;
-    Y_Kekka = x;
-    for (std::size_t i = 0; i < rates.size(); ++i) {
-        Y_Ritu[i] = static_cast<float>(std::abs(rates[i]) * 100);
-    }
-    Y_A_Ten = a;
-    Y_Ten = score < 0 ? std::int16_t{0} : score;
-    has_figures = statement.has_rows;
-    if (has_figures) {
-        has_figures = false;
-        for (const std::int32_t element : Y_Yoso) {
-            has_figures = has_figures || element != 0;
+Y_Result Calc_Y(const Statement_Figures& statement, Firm_Kind firm, const Y_Result& former) {
+    return In_Calculation("経営状況評点（Ｙ）", [&] {
+        Y_Result y = former;
+        if (statement.has_rows) {
+            y.elements = Elements_Of(statement, firm);
+            y.flow = Flow_Of(statement, firm.edition, y.elements[y_element::ordinary_profit]);
+            y.elements[y_element::prior_cash_flow] = Cash_Flow(y.flow, 0);
+            y.elements[y_element::cash_flow] = Cash_Flow(y.flow, 1);
+            y.indicators = Indicators_Of(y.elements);
         }
-    }
+        Score(y);
+        y.has_figures = statement.has_rows && y.elements != Elements{};
+        return y;
+    });
+}
+
+Y_Result Calc_Y(const Session& session, Side side, const Y_Result& former) {
+    return Calc_Y(Read_Statement(Cn_Open(session), side), session.Kind(), former);
 }
 
 } // namespace morvane

@@ -5,22 +5,24 @@
 #include "screens/check_sheet.h"
 #include "session/kyotu_mod.h"
 
+#include <functional>
+
 namespace morvane {
 
 /// One line of a sheet: what stands before the figure, the figure, the control that shows it.
 struct Sheet_Line {
-    const char* caption;
-    std::string (*value)(const Check_Figures&);
+    std::string caption;
+    std::function<std::string(const Check_Figures&)> value;
     const char* name = "";
 };
 
 /// The texts of a sheet, for the law years that share them.
 struct Sheet_Text {
-    const char* mode;
+    std::string mode;
     Law_Range law = {};
     const char* form = nullptr; ///< null: the law year's form of W1, W3, W4 and W6
-    const char* title = "";
-    const char* help_key = "";
+    std::string title = {};
+    std::string help_key = {};
     const char* help_key_b = nullptr; ///< by the tables in force from April 2011, where it differs
     bool amounts = false;
     std::vector<Sheet_Line> inputs = {};
@@ -29,8 +31,8 @@ struct Sheet_Text {
     std::vector<std::string> closing = {};
     const char* table_form = "";
     int Tbl_Disp_No = 0;
-    void (*more)(const Check_Figures&, Check_Sheet&) = nullptr; ///< what depends on the figures
-    void (*steps)(const Check_Figures&, Steps&) = nullptr;      ///< how the score came about
+    std::function<void(const Check_Figures&, Check_Sheet&)> more = {}; ///< what depends on the figures
+    std::function<void(const Check_Figures&, Steps&)> steps = {};      ///< how the score came about
 };
 
 /// The sheets of X2, of W, of the works and of Y.
@@ -40,6 +42,10 @@ const std::vector<Sheet_Text>& XZP_Sheets();
 const std::vector<Sheet_Text>& Y1_Sheets();
 
 inline std::string Number(std::int32_t value) {
+    return Comma_Str(value);
+}
+template <class Unit, class Width>
+std::string Number(Quantity<Unit, Width> value) {
     return Comma_Str(value);
 }
 
@@ -54,12 +60,6 @@ std::string Least_Text(std::int32_t least);
 /// A figure of a work type; blank where it was not entered.
 inline std::string Own(const Figure& figure) {
     return figure.up ? Comma_Str(figure.value) : std::string();
-}
-
-/// The figure at a place in X2_Calc's pairs, for tables of lines.
-template <std::array<std::int32_t, 2> X2_Calc::*Pair, std::size_t Period>
-std::string X2_Pair(const Check_Figures& f) {
-    return Number((f.x2.*Pair)[Period]);
 }
 
 /// One of the items of W.

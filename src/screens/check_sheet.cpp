@@ -45,13 +45,13 @@ Check_Figures Load(const Review_Figures& figures, const Check_Request& request) 
     // A score is formed where it is shown: what is out of the range of one must not close the others.
     const bool with_p = request.mode == "P";
     if (Find(X2_Sheets(), request.mode, law) != nullptr || with_p) {
-        f.x2.Calc_X2(f.figures, false);
+        f.x2 = Calc_X2(f.figures);
     }
     if (Find(W_Sheets(), request.mode, law) != nullptr) {
         f.w5 = W5_Of(f.items, Thousand_Yen(f.items.keiri_kandaka));
     }
     if (Find(Y1_Sheets(), request.mode, law) != nullptr || with_p) {
-        f.y.Calc_Y(f.figures.statement, f.figures.firm);
+        f.y = Calc_Y(f.figures.statement, f.figures.firm);
     }
     return f;
 }
@@ -125,7 +125,7 @@ Check_Sheet Make_Check_Sheet(const Review_Figures& figures, const Check_Request&
     sheet.table_form = text.table_form;
     sheet.Tbl_Disp_No = text.Tbl_Disp_No;
     sheet.law_year = law.code;
-    if (text.more != nullptr) {
+    if (text.more) {
         text.more(f, sheet);
     }
     Add_Steps(text, f, sheet);

@@ -33,6 +33,10 @@ QString Text(const std::string& text) {
     return QString::fromStdString(text);
 }
 
+QString Limit_Text(Tenths limit) {
+    return Text(Fixed_Str(limit.Single(), 1));
+}
+
 QLabel* Muted(const QString& text) {
     auto* label = new QLabel(text);
     theme::Set_Look(label, "muted");
@@ -64,9 +68,8 @@ QFrame* Line() {
 } // namespace
 
 Frm_Keiei::Frm_Keiei(Shell_Port& shell_port)
-    : Form(shell_port, QStringLiteral("Frm_Keiei"), QStringLiteral("経営状況（Ｙ）")) {
-    y.Calc_Y(shell.session, 1);
-    texts = Show_Keiei(y);
+    : Form(shell_port, QStringLiteral("Frm_Keiei"), QStringLiteral("経営状況（Ｙ）")),
+      y(Calc_Y(shell.session, Side_In_Hand(shell.session))), texts(Show_Keiei(y)) {
     Set_Sub_Title(Text(shell.menu.screen.title));
     auto* whole = new QWidget;
     columns = new QBoxLayout(QBoxLayout::LeftToRight, whole);
@@ -95,11 +98,11 @@ void Frm_Keiei::resizeEvent(QResizeEvent* event) {
 }
 
 QWidget* Frm_Keiei::Make_Elements() {
-    std::array<std::string, keiei_elements.size()> names;
-    std::array<Total_Field, keiei_elements.size()> fields;
+    std::array<std::string, y_elements.size()> names;
+    std::array<Total_Field, y_elements.size()> fields;
     for (std::size_t i = 0; i < fields.size(); ++i) {
         names[i] = "Yoso(" + std::to_string(i) + ")";
-        fields[i] = {names[i].c_str(), keiei_elements[i].caption};
+        fields[i] = {names[i].c_str(), y_elements[i].name};
     }
     auto* panel = new Total_Panel(QStringLiteral("８指標計算要素"), fields, 10);
     for (std::size_t i = 0; i < fields.size(); ++i) {
@@ -120,7 +123,7 @@ QWidget* Frm_Keiei::Make_Indicators() {
     grid->setColumnStretch(name_column, 1);
     grid->addWidget(Muted(QStringLiteral("計算結果")), 0, value_column, 1, 2, Qt::AlignRight);
     grid->addWidget(Muted(QStringLiteral("達成率")), 0, rate_column, Qt::AlignRight);
-    for (std::size_t i = 0; i < keiei_indicators.size(); ++i) {
+    for (std::size_t i = 0; i < y_indicators.size(); ++i) {
         Add_Indicator(*grid, i);
     }
     panel->body->addLayout(grid, 1);
@@ -129,10 +132,10 @@ QWidget* Frm_Keiei::Make_Indicators() {
 
 // An indicator takes a line for its figures and one for its bar; two of them make a group.
 void Frm_Keiei::Add_Indicator(QGridLayout& grid, std::size_t index) {
-    const Keiei_Indicator& indicator = keiei_indicators[index];
+    const Y_Indicator& indicator = y_indicators[index];
     const auto number = static_cast<int>(index) + 1;
     const int row = 1 + 5 * static_cast<int>(index); // a line above, room, figures, bar, room
-    const QString caption = QString::fromUtf8(indicator.caption);
+    const QString caption = QString::fromUtf8(indicator.name.name);
     grid.addWidget(Line(), row, indicator.group != nullptr ? group_column : name_column, 1, -1);
     grid.setRowStretch(row + 1, 1);
     grid.setRowStretch(row + 4, 1);
@@ -143,9 +146,9 @@ void Frm_Keiei::Add_Indicator(QGridLayout& grid, std::size_t index) {
     auto* name = new QLabel(QStringLiteral("Ｘ%1　%2").arg(number).arg(caption));
     auto* value =
         Figure_Label(QStringLiteral("kekka%1").arg(number), texts.kekka[index], theme::heading_points);
-    auto* bar = new Rate_Bar(QString::fromUtf8(indicator.lower), QString::fromUtf8(indicator.upper));
+    auto* bar = new Rate_Bar(Limit_Text(indicator.Worst()), Limit_Text(indicator.Best()));
     bar->setObjectName(QStringLiteral("Bou%1").arg(number));
-    bar->Set_Rate(static_cast<double>(y.Y_Ritu[index]));
+    bar->Set_Rate(static_cast<double>(y.rates[index]));
     auto* rate =
         Figure_Label(QStringLiteral("TRitu%1").arg(number), texts.TRitu[index] + " %", theme::heading_points);
     rate->setMinimumWidth(rate->fontMetrics().horizontalAdvance(QStringLiteral("100.0 %")));
@@ -156,7 +159,7 @@ void Frm_Keiei::Add_Indicator(QGridLayout& grid, std::size_t index) {
 
     grid.addWidget(name, row + 2, name_column);
     grid.addWidget(value, row + 2, value_column);
-    grid.addWidget(Muted(QString::fromUtf8(indicator.unit)), row + 2, unit_column);
+    grid.addWidget(Muted(QString::fromUtf8(indicator.unit.name)), row + 2, unit_column);
     grid.addWidget(bar, row + 3, name_column, 1, unit_column - name_column + 1);
     grid.addWidget(rate, row + 2, rate_column, 2, 1);
     grid.addWidget(Make_Check(static_cast<int>(index), caption), row + 2, check_column, 2, 1,
@@ -187,7 +190,7 @@ QWidget* Frm_Keiei::Make_Score() {
     score->setAccessibleName(QStringLiteral("経営状況評点（Y）"));
     grid->addWidget(score, 3, 0, 1, 3);
     auto* gauge = new Rate_Bar(QStringLiteral("0"), Text(Comma_Str(highest_y)));
-    gauge->Set_Rate(100.0 * y.Y_Ten / highest_y);
+    gauge->Set_Rate(100.0 * y.score.Count() / highest_y);
     grid->addWidget(gauge, 4, 0, 1, 3);
     return panel;
 }

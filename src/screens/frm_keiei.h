@@ -36,7 +36,7 @@ class Frm_Keiei : public Form {
     void Make_Buttons();
     void Open_Check(int index);
 
-    Y_Calc y;
+    Y_Result y;
     Keiei_Texts texts;
     Check_Opener checks{*this, shell};
     QBoxLayout* columns = nullptr;

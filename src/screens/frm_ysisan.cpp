@@ -47,13 +47,11 @@ Total_Panel* Make_Panel(const QString& heading, const Numbered& lines,
 
 Frm_YSisan::Frm_YSisan(Shell_Port& shell_port)
     : Form(shell_port, QStringLiteral("Frm_YSisan"), QStringLiteral("建設財務諸表入力時 Ｙ点試算")) {
-    Y_Calc y;
-    y.Calc_Y(shell.session, 1);
-    const Keiei_Texts texts = Show_Keiei(y);
+    const Keiei_Texts texts = Show_Keiei(Calc_Y(shell.session, Side_In_Hand(shell.session)));
 
     Numbered elements;
-    for (const Keiei_Element& element : keiei_elements) {
-        elements.Add("Yoso(" + std::to_string(elements.names.size()) + ")", element.caption);
+    for (const Y_Name& element : y_elements) {
+        elements.Add("Yoso(" + std::to_string(elements.names.size()) + ")", element.name);
     }
     Total_Panel* Yoso = Make_Panel(QStringLiteral("８指標計算要素"), elements, texts.Yoso);
     auto* unit = new QLabel(QStringLiteral("金額単位：千円"));
@@ -61,10 +59,9 @@ Frm_YSisan::Frm_YSisan(Shell_Port& shell_port)
     Yoso->body->insertWidget(0, unit, 0, Qt::AlignRight);
 
     Numbered indicators;
-    for (const Keiei_Indicator& indicator : keiei_indicators) {
-        const std::size_t number = indicators.names.size() + 1;
-        const QString sign = QStringLiteral("（Ｘ%1）").arg(QChar(static_cast<char16_t>(u'０' + number)));
-        indicators.Add("kekka" + std::to_string(number), indicator.caption + sign.toStdString());
+    for (const Y_Indicator& indicator : y_indicators) {
+        indicators.Add("kekka" + std::to_string(indicators.names.size() + 1),
+                       indicator.name.name + ("（" + std::string(indicator.sign) + "）"));
     }
     Total_Panel* kekka = Make_Panel(QStringLiteral("８指標"), indicators, texts.kekka);
 

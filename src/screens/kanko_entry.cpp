@@ -3,7 +3,6 @@
 
 #include "law/checked.h"
 #include "review/settle.h"
-#include "review/x2_calc.h"
 
 #include <stdexcept>
 #include <string>
@@ -36,11 +35,8 @@ Kanko_Entry::Kanko_Entry(const Session& session, const Kanko_Screen& screen_row)
 Kanko_Entry::Held_Side Kanko_Entry::Loaded(const Session& session, const Screen_Side& side) {
     Held_Side loaded = {Load_Review(session, side.Of(session)), {}, {}};
     const Review_Figures& figures = loaded.figures;
-    Y_Calc y;
-    y.Calc_Y(figures.statement, figures.firm);
-    X2_Calc x2;
-    x2.Calc_X2(figures, false);
-    loaded.works = Load_Kanko(figures, Points(x2.X2_Ten), Points(y.Y_Ten));
+    const Statement_Scores scores = Calc_Statement(figures);
+    loaded.works = Load_Kanko(figures, scores.x2.score, scores.y.score);
     return loaded;
 }
 

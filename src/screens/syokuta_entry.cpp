@@ -22,12 +22,12 @@ Syokuta_Entry::Held_Side Syokuta_Entry::Loaded(const Session& session, const Scr
     auto& [figures, kikai_ten_of_load, screen, shown, fault] = loaded;
     figures = Load_Review(session, side.Of(session));
     // Found here, before anything is typed, and not on storing.
-    Y_Calc().Calc_Y(figures.statement, figures.firm);
+    static_cast<void>(Calc_Y(figures.statement, figures.firm));
     screen.items.Load(figures);
     kikai_ten_of_load = screen.items.Kikai_Ten;
     shown = screen;
     try {
-        screen.x2.Calc_X2(figures, false);
+        screen.x2 = Calc_X2(figures);
         shown = screen;
         Calculate(loaded, screen);
         if (!figures.elements[element::w1].up) {
@@ -41,8 +41,7 @@ Syokuta_Entry::Held_Side Syokuta_Entry::Loaded(const Session& session, const Scr
 
 // X2 by the basis that was keyed, then the items; these stay where they cannot be calculated.
 void Syokuta_Entry::Calculate(const Held_Side& side, Syokuta& pass) {
-    pass.x2.JikoS = pass.items.JikoS;
-    pass.x2.Calc_X2(side.figures, true);
+    pass.x2 = Calc_X2(side.figures, pass.items.JikoS);
     pass.items = Calc_W_2012(pass.items, side.kikai_ten_of_load, side.figures);
 }
 

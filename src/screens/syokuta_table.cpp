@@ -19,14 +19,18 @@ std::string Show(const Syokuta& screen) {
     return Comma_Str(screen.items.*Member);
 }
 
-template <auto Member>
 std::string Show_X2(const Syokuta& screen) {
-    return Comma_Str(static_cast<std::int32_t>(screen.x2.*Member));
+    return Comma_Str(screen.x2.score);
 }
 
-template <auto Member, std::size_t Index>
-std::string Show_X2_Of(const Syokuta& screen) {
-    return Comma_Str((screen.x2.*Member)[Index]);
+template <X2_Result::Part X2_Result::*Part>
+std::string Show_Points(const Syokuta& screen) {
+    return Comma_Str((screen.x2.*Part).scored.points);
+}
+
+template <X2_Result::Two_Periods X2_Result::*Figures, std::size_t Period>
+std::string Show_Of(const Syokuta& screen) {
+    return Comma_Str((screen.x2.*Figures)[Period]);
 }
 
 constexpr int amount_digits = 11;
@@ -52,27 +56,29 @@ std::vector<Syokuta_Row> Rows_Of_X2() {
         {.caption = "計算→ 基準：１ 2年平均：２",
          .cells = {{.name = "JikoS(0)", .element = e::equity_basis}}},
         {.caption = "自己資本額",
-         .cells = {{.name = "Js_Ten", .shown = Show_X2<&X2_Calc::X2_1_Ten>, .digits = score_digits}},
+         .cells = {{.name = "Js_Ten", .shown = Show_Points<&X2_Result::equity>, .digits = score_digits}},
          .look = Look::Heading,
          .check = "X2-1"},
         {.cells = {{.name = "JikoS(1)",
-                    .shown = Show_X2_Of<&X2_Calc::Jiko, 0>,
+                    .shown = Show_Of<&X2_Result::equities, 0>,
                     .digits = amount_digits,
                     .before = "前期"},
                    {.name = "JikoS(2)",
-                    .shown = Show_X2_Of<&X2_Calc::Jiko, 1>,
+                    .shown = Show_Of<&X2_Result::equities, 1>,
                     .digits = amount_digits,
                     .before = "当期"}}},
         {.caption = "平均利益額",
-         .cells = {{.name = "HeiRieki_Ten", .shown = Show_X2<&X2_Calc::X2_2_Ten>, .digits = score_digits}},
+         .cells = {{.name = "HeiRieki_Ten",
+                    .shown = Show_Points<&X2_Result::profit>,
+                    .digits = score_digits}},
          .look = Look::Heading,
          .check = "X2-2"},
         {.cells = {{.name = "HeiRieki(1)",
-                    .shown = Show_X2_Of<&X2_Calc::Rieki, 0>,
+                    .shown = Show_Of<&X2_Result::profits, 0>,
                     .digits = amount_digits,
                     .before = "前期"},
                    {.name = "HeiRieki(2)",
-                    .shown = Show_X2_Of<&X2_Calc::Rieki, 1>,
+                    .shown = Show_Of<&X2_Result::profits, 1>,
                     .digits = amount_digits,
                     .before = "当期"}}},
     };
@@ -175,7 +181,7 @@ std::vector<Syokuta_Row> Rows_Of_W5() {
 std::vector<Syokuta_Group> Groups_Of_X2_And_W1() {
     return {
         {.title = "自己資本額及び平均利益額（Ｘ２）",
-         .points = {{.name = "X2", .shown = Show_X2<&X2_Calc::X2_Ten>, .digits = score_digits}},
+         .points = {{.name = "X2", .shown = Show_X2, .digits = score_digits}},
          .check = "X2",
          .rows = Rows_Of_X2()},
         {.title = "労働福祉の状況（Ｗ１）",

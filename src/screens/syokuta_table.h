@@ -12,7 +12,7 @@ namespace morvane {
 /// What the entry screens of X2 and W (Frm_Syokuta, Frm_Syokuta_2011, Frm_Syokuta_2012) show.
 struct Syokuta {
     Social_Items items;
-    X2_Calc x2;
+    X2_Result x2;
 };
 
 /// One field of the entry screen of X2 and W: keyed into an item, or shown.

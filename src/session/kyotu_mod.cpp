@@ -1,6 +1,9 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "session/kyotu_mod.h"
 
+#include "law/elements.h"
+#include "law/law_year.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <charconv>
@@ -94,6 +97,17 @@ Data_Form_No Get_Data_Ver(const Connection& cn, Edition edition, int period) {
         }
     }
     return Data_Form_Of(form);
+}
+
+Law_Year_No Get_Simyu_Kubun(const Session& session, int period) {
+    return Get_Simyu_Kubun(Cn_Open(session), period);
+}
+
+Law_Year_No Get_Simyu_Kubun(const Connection& cn, int period) {
+    const Recordset rows =
+        cn.Open("SELECT 現状 FROM W_Yoso WHERE 決算期=? And 要素CD=?", period, element::law_year);
+    const std::int64_t oldest = Law_Number(Oldest_Law_Year().code);
+    return Law_Of(rows.Eof() ? oldest : rows["現状"].As_Integer(oldest)).code;
 }
 
 bool Url_Open(const std::string& address) {

@@ -3,6 +3,7 @@
 
 #include "data/connection.h"
 #include "law/accounts.h"
+#include "law/quantity.h"
 #include "session/session.h"
 
 #include <cstdint>
@@ -15,6 +16,12 @@ namespace morvane {
 /// text. A whole part of up to three digits comes back without its decimals (999.5 gives 999); longer ones
 /// keep them.
 std::string Comma_Str(const Value& value);
+
+/// A figure of one unit.
+template <class Unit, class Width>
+std::string Comma_Str(Quantity<Unit, Width> figure) {
+    return Comma_Str(Value(figure.Count()));
+}
 
 /// A single-precision figure with fixed decimals: its decimal digits are rounded, a half away from zero.
 std::string Fixed_Str(float figure, int decimals);
@@ -33,6 +40,11 @@ double Yoso_Get(int code, Recordset& rows);
 /// Hokkaido edition 52. There a form 2 without a row 552, and a form 1, read 53.
 Data_Form_No Get_Data_Ver(const Session& session, int period);
 Data_Form_No Get_Data_Ver(const Connection& cn, Edition edition, int period);
+
+/// The law year of a period: 現状 of element 210; the oldest where it is Null or has no row. Raises
+/// Store_Error.
+Law_Year_No Get_Simyu_Kubun(const Session& session, int period);
+Law_Year_No Get_Simyu_Kubun(const Connection& cn, int period);
 
 /// Opens an address with the desktop's default program, without a shell. Only web addresses (http, https) and
 /// local help files (file) are accepted; false where the address is refused or nothing could be started.

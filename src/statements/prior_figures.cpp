@@ -103,9 +103,10 @@ void Save_Equity_Change(const Session& session, const Value& amount) {
         transaction.Commit();
     }
     try {
-        Y_Calc y;
-        y.Calc_Y(session, 1);
-        y.Calc_Y(session, 2);
+        // Neither is stored: whether they can be formed is told here, where an amount was changed.
+        for (const Scenario scenario : {Scenario::Genjo, Scenario::Kaizen}) {
+            static_cast<void>(Calc_Y(session, Side_In_Hand(session, scenario)));
+        }
     } catch (const Run_Time_Error& error) {
         Tell(session, "実行時エラー", error.what());
     }

@@ -129,8 +129,8 @@ class Table_Edit_Test : public Installation {
             EXPECT_EQ(List("SELECT count(*) FROM W_Yoso WHERE 決算期=4 And 要素CD>=235"), "0");
         }
         const Settled_Score now = Score();
-        EXPECT_EQ(now.y.Y_Ten, former.y.Y_Ten);
-        EXPECT_EQ(now.x2.X2_Ten, former.x2.X2_Ten);
+        EXPECT_EQ(now.y.score, former.y.score);
+        EXPECT_EQ(now.x2.score, former.x2.score);
         EXPECT_EQ(now.figures.elements, former.figures.elements);
         EXPECT_EQ(now.figures.works, former.figures.works);
 
@@ -211,9 +211,9 @@ TEST_F(Hokkaido_Table_Edit_Test, Old_Stores_Of_Hokkaido) {
     // The oldest form of this edition is taken in hand, so it is scored, before and after.
     Make_Old_Company(
         {no_ledger, "UPDATE Ks_Zaihyo SET 並び順 = 1 WHERE 建設科目CD=99", no_31_32, other_at_31}, false);
-    const std::int16_t y = Score().y.Y_Ten;
+    const Points y = Score().y.score;
     Company_Reload(session);
-    EXPECT_EQ(Score().y.Y_Ten, y);
+    EXPECT_EQ(Score().y.score, y);
     EXPECT_EQ(session.Data_Ver, Data_Form_No::Old_Hokkaido);
     EXPECT_EQ(List("SELECT Info_No FROM sys_info"), "11");
     EXPECT_EQ(List("SELECT 工種略 FROM Kandaka_Gj WHERE 決算期=5 And 工種CD>=31 ORDER BY 工種CD"),

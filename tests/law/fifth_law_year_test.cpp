@@ -118,9 +118,7 @@ TEST(Fifth_Law_Year, Scores_Generated_Firms_And_Explains_Them_As_The_Fourth) {
         Review_Figures fifth = fourth;
         fifth.law_year = Fifth().code;
         for (Review_Figures* figures : {&fourth, &fifth}) {
-            Y_Calc y;
-            X2_Calc x2;
-            Settle(*figures, y, x2);
+            Settle(*figures);
         }
         EXPECT_NE(fourth.Yoso(element::w), 0);
         EXPECT_EQ(fourth.elements, fifth.elements);

@@ -275,13 +275,14 @@ Kekka_Figures Longest_Figures(int law) {
     items.tishikiGN = {INT32_MIN, INT32_MIN, INT32_MIN};
     items.Kikai = items.Enen = INT32_MAX;
     items.rireki = 5;
-    kekka.y.Y_Yoso.fill(INT32_MIN);
-    kekka.y_zenki.fill(INT32_MIN);
-    kekka.y.Y_Kekka.fill(-99999.999F);
-    kekka.y.Y_Ten = INT16_MIN;
-    kekka.x2.Jiko = kekka.x2.Rieki = {INT32_MIN, INT32_MIN};
-    kekka.x2.X2_Jiko_Used = kekka.x2.X2_Rieki_Used = INT32_MAX;
-    kekka.x2.X2_1_Ten = kekka.x2.X2_2_Ten = kekka.x2.X2_Ten = INT16_MIN;
+    kekka.y.elements.fill(Thousand_Yen(INT32_MIN));
+    kekka.y_zenki.fill(Thousand_Yen(INT32_MIN));
+    kekka.y.indicators.fill(-99999.999F);
+    kekka.y.score = Points(INT16_MIN);
+    kekka.x2.equities.fill(Thousand_Yen(INT32_MIN));
+    kekka.x2.profits.fill(Thousand_Yen(INT32_MIN));
+    kekka.x2.score = Points(INT16_MIN);
+    kekka.x2.equity = kekka.x2.profit = {{}, Thousand_Yen(INT32_MAX), {kekka.x2.score, 0}};
     return kekka;
 }
 

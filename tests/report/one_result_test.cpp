@@ -135,8 +135,8 @@ class One_Result : public Installation, public ::testing::WithParamInterface<con
         const Settled_Score batch = Batch();
         EXPECT_EQ(printed.figures.works, batch.figures.works);
         EXPECT_EQ(printed.figures.elements, batch.figures.elements);
-        EXPECT_EQ(printed.y.Y_Ten, batch.y.Y_Ten);
-        EXPECT_EQ(printed.x2.X2_Ten, batch.x2.X2_Ten);
+        EXPECT_EQ(printed.y.score, batch.y.score);
+        EXPECT_EQ(printed.x2.score, batch.x2.score);
         EXPECT_EQ(printed.x2w_entered, !Field("W_Yoso", "現状", "要素CD=100").Is_Null());
     }
 

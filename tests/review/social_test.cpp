@@ -221,16 +221,9 @@ Review_Figures With_Stale_Scores(Review_Figures figures) {
     return figures;
 }
 
-struct Settled {
-    Review_Figures figures;
-    Y_Calc y;
-    X2_Calc x2;
-};
-
-Settled Settled_Of(const Review_Figures& figures) {
-    Settled settled{figures, {}, {}};
-    Settle(settled.figures, settled.y, settled.x2);
-    return settled;
+Review_Figures Settled(Review_Figures figures) {
+    Settle(figures);
+    return figures;
 }
 
 TEST(Settle, Ends_In_Figures_That_Agree_Whatever_Scores_Were_Stored) {
@@ -238,17 +231,17 @@ TEST(Settle, Ends_In_Figures_That_Agree_Whatever_Scores_Were_Stored) {
     for (int i = 0; i < 40; ++i) {
         const int law = 1 + i % 4;
         const Review_Figures firm = Generated_Firm(Law_Of(law), random);
-        const Settled once = Settled_Of(firm);
-        const Settled again = Settled_Of(once.figures);
-        const Settled stale = Settled_Of(With_Stale_Scores(firm));
+        const Review_Figures once = Settled(firm);
+        const Review_Figures again = Settled(once);
+        const Review_Figures stale = Settled(With_Stale_Scores(firm));
         SCOPED_TRACE(testing::Message() << "firm " << i << " law year " << law);
-        EXPECT_EQ(again.figures.elements, once.figures.elements);
-        EXPECT_EQ(again.figures.works, once.figures.works);
-        EXPECT_EQ(stale.figures.works, once.figures.works);
+        EXPECT_EQ(again.elements, once.elements);
+        EXPECT_EQ(again.works, once.works);
+        EXPECT_EQ(stale.works, once.works);
         for (const int code :
              {100, 110, 120, 130, 140, 150, 200, 202, 203, 213, 216, 224, 227, 233, 240, 241}) {
             const auto at = static_cast<std::size_t>(code);
-            EXPECT_EQ(stale.figures.elements[at], once.figures.elements[at]) << code;
+            EXPECT_EQ(stale.elements[at], once.elements[at]) << code;
         }
     }
 }
@@ -257,13 +250,13 @@ TEST(Settle, Ends_In_Figures_That_Agree_Whatever_Scores_Were_Stored) {
 TEST(Gekihen, Columns_Are_The_Firm_With_Other_Averages) {
     std::mt19937 random(85);
     for (int i = 0; i < 12; ++i) {
-        const Review_Figures firm = Settled_Of(Generated_Firm(Law_Of(2 + i % 3), random)).figures;
+        const Review_Figures firm = Settled(Generated_Firm(Law_Of(2 + i % 3), random));
         const Gekihen_Table table = Calc_Gekihen(firm);
         for (std::size_t column = 0; column < 4; ++column) {
             Review_Figures chosen = firm;
             chosen.Put_Yoso(201, column < 2 ? 2 : 3);
             chosen.Put_Yoso(1, column % 2 == 0 ? 1 : 2);
-            const Review_Figures settled = Settled_Of(chosen).figures;
+            const Review_Figures settled = Settled(chosen);
             for (std::size_t line = 0; line < scored_lines; ++line) {
                 const auto& p = table[line].P;
                 if (settled.works[line].P.up) {
@@ -292,13 +285,13 @@ TEST(Gekihen, Ties_And_Overflow) {
     }
     Review_Figures firm = Of(4, {});
     firm.statement.has_rows = true;
-    firm.statement.amount[319] = 500'000'000;
+    firm.statement.amount[319] = Yen(500'000'000);
     const auto marks = [&firm](std::size_t line) {
         const Gekihen_Line row = Calc_Gekihen(firm)[line];
         return std::vector<bool>(row.best.begin(), row.best.end());
     };
     EXPECT_EQ(marks(0), std::vector({true, false, true, false})) << "equity fell short the year before";
-    firm.statement.amount[829] = 500'000'000;
+    firm.statement.amount[829] = Yen(500'000'000);
     EXPECT_EQ(marks(0), std::vector({true, true, true, true}));
     firm.works[0].Zzki = {90'000, true, false};
     EXPECT_EQ(marks(0), std::vector({false, false, true, true}));

@@ -3,10 +3,16 @@
 
 #include "company/data_set.h"
 #include "law/run_time_error.h"
+#include "screens/keiei.h"
+#include "session/kyotu_mod.h"
 #include "support/installation_fixture.h"
 
 namespace morvane::tests {
 namespace {
+
+namespace e = y_element;
+
+constexpr const char* overflow = "経営状況評点（Ｙ）の計算で桁あふれが発生しました。";
 
 using Yen_1000 = std::vector<std::pair<int, double>>;
 
@@ -16,16 +22,14 @@ Statement_Figures Of(const Yen_1000& amounts, int form = 5) {
     figures.has_rows = true;
     figures.form = form;
     for (const auto& [code, amount] : amounts) {
-        figures.amount[static_cast<std::size_t>(code)] = amount * 1000;
+        figures.amount[static_cast<std::size_t>(code)] = Yen(amount * 1000);
     }
     return figures;
 }
 
-/// A national corporation's results.
-Y_Calc Calculated(const Statement_Figures& statement, Firm_Kind kind = {}) {
-    Y_Calc y;
-    y.Calc_Y(statement, kind);
-    return y;
+/// The results of a national corporation, if nothing else is said.
+Y_Result Y_Of(const Statement_Figures& statement, Firm_Kind kind = {}) {
+    return Calc_Y(statement, kind);
 }
 
 void Expect_Floats(const std::array<float, 8>& found, const std::array<float, 8>& expected) {
@@ -34,7 +38,7 @@ void Expect_Floats(const std::array<float, 8>& found, const std::array<float, 8>
     }
 }
 
-TEST(Y_Calc, Best_Worst_And_All_Zero) {
+TEST(Calc_Y, Best_Worst_And_All_Zero) {
     const struct {
         const char* name;
         Yen_1000 amounts;
@@ -85,20 +89,20 @@ TEST(Y_Calc, Best_Worst_And_All_Zero) {
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
-        const Y_Calc y = Calculated(Of(c.amounts));
-        Expect_Floats(y.Y_Kekka, c.x);
+        const Y_Result y = Y_Of(Of(c.amounts));
+        Expect_Floats(y.indicators, c.x);
         for (std::size_t i = 0; i < c.ritu.size(); ++i) {
-            EXPECT_NEAR(y.Y_Ritu[i], c.ritu[i], 1e-4) << i;
+            EXPECT_NEAR(y.rates[i], c.ritu[i], 1e-4) << i;
         }
-        EXPECT_EQ(y.Y_A_Ten, c.a);
-        EXPECT_EQ(y.Y_Ten, c.y);
+        EXPECT_EQ(y.points, c.a);
+        EXPECT_EQ(y.score.Count(), c.y);
         EXPECT_EQ(y.has_figures, c.has_figures);
     }
 }
 
 // The limits themselves, a step beside them, and the rounding: up from 0.499 of the last place, downward for
 // negative figures.
-TEST(Y_Calc, Indicators) {
+TEST(Calc_Y, Indicators) {
     const struct {
         int x;
         Yen_1000 others;
@@ -145,31 +149,31 @@ TEST(Y_Calc, Indicators) {
         for (const auto& [amount, expected] : c.points) {
             Yen_1000 amounts = c.others;
             amounts.emplace_back(c.code, amount);
-            const Y_Calc y = Calculated(Of(amounts));
-            EXPECT_FLOAT_EQ(y.Y_Kekka[static_cast<std::size_t>(c.x - 1)], expected)
+            const Y_Result y = Y_Of(Of(amounts));
+            EXPECT_FLOAT_EQ(y.indicators[static_cast<std::size_t>(c.x - 1)], expected)
                 << "X" << c.x << " " << c.code << "=" << amount;
         }
     }
 }
 
-TEST(Y_Calc, Accounts_Are_Cut_Before_They_Are_Summed) {
+TEST(Calc_Y, Accounts_Are_Cut_Before_They_Are_Summed) {
     const struct {
         double yen;
         std::int32_t thousands;
     } cases[] = {{999, 0}, {-999, 0}, {1'000, 1}, {1'999, 1}, {-1'999, -1}, {-2'000, -2}};
     for (const auto& c : cases) {
-        const Y_Calc y = Calculated(Of({{179, c.yen / 1000}}));
-        EXPECT_EQ(y.Y_Yoso[0], c.thousands) << c.yen;
+        const Y_Result y = Y_Of(Of({{179, c.yen / 1000}}));
+        EXPECT_EQ(y.elements[e::fixed_assets].Count(), c.thousands) << c.yen;
     }
-    EXPECT_EQ(Calculated(Of({{400, 1.999}, {410, 0.999}}), {Edition::Hokkaido}).Y_Yoso[7], 1);
-    EXPECT_EQ(Calculated(Of({{101, 0.6}, {103, 0.6}})).Y_Work[10], 0);
+    EXPECT_EQ(Y_Of(Of({{400, 1.999}, {410, 0.999}}), {Edition::Hokkaido}).elements[e::sales],
+              Thousand_Yen(1));
+    EXPECT_EQ(Y_Of(Of({{101, 0.6}, {103, 0.6}})).elements[e::cash_flow], Thousand_Yen());
 }
 
 // Each account moved by one step moves the two cash flows (and the other elements) as the statutory text
 // says. The edition decides between 114 and 115, 536 and 552, the data form between 209 and 210.
-TEST(Y_Calc, Every_Account_Moves_Its_Element) {
+TEST(Calc_Y, Every_Account_Moves_Its_Element) {
     constexpr int all = 3, national = 1, hokkaido = 2;
-    constexpr std::size_t flow = 12, prior_flow = 13;
     const struct {
         int edition, flow_step, prior_step;
         std::vector<int> codes;
@@ -184,8 +188,17 @@ TEST(Y_Calc, Every_Account_Moves_Its_Element) {
                  {national, 0, 0, {115, 552, 400, 410, 402}},
                  {hokkaido, 0, 0, {114, 536, 400, 410, 402}},
                  {all, 0, 0, {208, 838, 179, 229, 248, 289, 319, 399, 830, 419, 470, 480}}};
-    const std::map<int, std::size_t> elements = {{179, 0}, {229, 1}, {248, 2}, {289, 3},  {319, 4}, {399, 5},
-                                                 {830, 6}, {419, 8}, {470, 9}, {480, 10}, {489, 11}};
+    const std::map<int, e::Place> elements = {{179, e::fixed_assets},
+                                              {229, e::current_liabilities},
+                                              {248, e::fixed_liabilities},
+                                              {289, e::retained_earnings},
+                                              {319, e::equity},
+                                              {399, e::total_capital},
+                                              {830, e::prior_total_capital},
+                                              {419, e::gross_profit},
+                                              {470, e::interest_received},
+                                              {480, e::interest_paid},
+                                              {489, e::ordinary_profit}};
     for (const bool is_hokkaido : {false, true}) {
         const Firm_Kind kind = {is_hokkaido ? Edition::Hokkaido : Edition::National};
         for (const auto& move : moves) {
@@ -193,28 +206,33 @@ TEST(Y_Calc, Every_Account_Moves_Its_Element) {
                 continue;
             }
             for (const int code : move.codes) {
-                std::array<std::int32_t, 14> expected{};
-                expected[flow] = move.flow_step;
-                expected[prior_flow] = move.prior_step;
+                std::array<Thousand_Yen, e::count> expected{};
+                expected[e::cash_flow] = Thousand_Yen(move.flow_step);
+                expected[e::prior_cash_flow] = Thousand_Yen(move.prior_step);
                 if (elements.contains(code)) {
-                    expected[elements.at(code)] = 1;
+                    expected[elements.at(code)] = Thousand_Yen(1);
                 }
-                expected[7] = is_hokkaido ? (code == 400 || code == 410 ? 1 : 0) : (code == 402 ? 1 : 0);
-                EXPECT_EQ(Calculated(Of({{code, 1}}), kind).Y_Yoso, expected) << is_hokkaido << " " << code;
+                const bool is_sales = is_hokkaido ? code == 400 || code == 410 : code == 402;
+                expected[e::sales] = Thousand_Yen(is_sales ? 1 : 0);
+                EXPECT_EQ(Y_Of(Of({{code, 1}}), kind).elements, expected) << is_hokkaido << " " << code;
             }
         }
         for (const int form : {3, 4, 5, 6}) {
-            EXPECT_EQ(Calculated(Of({{209, 1}}, form), kind).Y_Yoso[flow], form == 6 ? 0 : 1) << form;
-            EXPECT_EQ(Calculated(Of({{210, 1}}, form), kind).Y_Yoso[flow], form == 6 ? 1 : 0) << form;
+            EXPECT_EQ(Y_Of(Of({{209, 1}}, form), kind).elements[e::cash_flow].Count(), form == 6 ? 0 : 1)
+                << form;
+            EXPECT_EQ(Y_Of(Of({{210, 1}}, form), kind).elements[e::cash_flow].Count(), form == 6 ? 1 : 0)
+                << form;
         }
     }
-    EXPECT_EQ(Calculated(Of({{289, 7}, {319, 9}}), {Edition::National, Firm_Type::Individual}).Y_Yoso[3], 9)
+    EXPECT_EQ(Y_Of(Of({{289, 7}, {319, 9}}), {Edition::National, Firm_Type::Individual})
+                  .elements[e::retained_earnings],
+              Thousand_Yen(9))
         << "an individual";
 }
 
 // The statement without figures has A -3.24; from there each indicator moves A by its weight, rounded from
 // 0.499 on.
-TEST(Y_Calc, Points_Are_Rounded_Down_From_Below_Half) {
+TEST(Calc_Y, Points_Are_Rounded_Down_From_Below_Half) {
     const struct {
         double retained; ///< 利益剰余金 of 100,000 thousand yen is 1 in X8, 0.0172 in the points
         float a;
@@ -232,85 +250,111 @@ TEST(Y_Calc, Points_Are_Rounded_Down_From_Below_Half) {
                  // 167.3 × -2.37 + 583 = 186.499
                  {5'077'000, -2.37F, 187}};
     for (const auto& c : cases) {
-        const Y_Calc y = Calculated(Of({{289, c.retained}}));
-        EXPECT_EQ(y.Y_A_Ten, c.a) << c.retained;
-        EXPECT_EQ(y.Y_Ten, c.y) << c.retained;
+        const Y_Result y = Y_Of(Of({{289, c.retained}}));
+        EXPECT_EQ(y.points, c.a) << c.retained;
+        EXPECT_EQ(y.score.Count(), c.y) << c.retained;
     }
 }
 
-TEST(Y_Calc, Overflow_Keeps_The_Former_Results) {
-    const Yen_1000 cases[] = {{{402, 2'147'483'648.0}},
-                              {{402, 1}, {229, 1'500'000'000}, {248, 1'500'000'000}},
-                              {{480, 2'000'000'000}, {470, -2'000'000'000}},
-                              {{399, 2'000'000'000}, {830, 2'000'000'000}},
-                              {{101, 2'000'000'000}, {103, 2'000'000'000}},
-                              {{489, 2'000'000'000}, {436, 2'000'000'000}}};
-    for (const Yen_1000& amounts : cases) {
-        Y_Calc y = Calculated(Of({{402, 100'000}, {489, 5'099}, {319, 7}}));
-        const Y_Calc before = y;
-        EXPECT_THROW(y.Calc_Y(Of(amounts), {}), Run_Time_Error) << amounts.front().first;
-        EXPECT_EQ(y.Y_Kekka, before.Y_Kekka);
-        EXPECT_EQ(y.Y_Yoso, before.Y_Yoso);
-        EXPECT_EQ(y.Y_Work, before.Y_Work);
-        EXPECT_EQ(y.Y_Ritu, before.Y_Ritu);
-        EXPECT_EQ(y.Y_A_Ten, before.Y_A_Ten);
-        EXPECT_EQ(y.Y_Ten, before.Y_Ten);
+TEST(Calc_Y, What_Leaves_32_Bits_Is_Told) {
+    const struct {
+        Yen_1000 amounts;
+        const char* text;
+    } cases[] = {{{{402, 2'147'483'648.0}},
+                  "財務諸表の「402」（2,147,483,648,000円）の計算で桁あふれが発生しました。"},
+                 {{{402, 1}, {229, 1'500'000'000}, {248, 1'500'000'000}}, overflow},
+                 {{{480, 2'000'000'000}, {470, -2'000'000'000}}, overflow},
+                 {{{399, 2'000'000'000}, {830, 2'000'000'000}}, overflow},
+                 {{{101, 2'000'000'000}, {103, 2'000'000'000}}, overflow},
+                 {{{489, 2'000'000'000}, {436, 2'000'000'000}}, overflow}};
+    for (const auto& c : cases) {
+        try {
+            static_cast<void>(Y_Of(Of(c.amounts)));
+            ADD_FAILURE() << c.amounts.front().first;
+        } catch (const Run_Time_Error& error) {
+            EXPECT_STREQ(error.what(), c.text);
+        }
     }
-    EXPECT_EQ(Calculated(Of({{179, 2'147'483'647.0}})).Y_Yoso[0], INT32_MAX);
+    EXPECT_EQ(Y_Of(Of({{179, 2'147'483'647.0}})).elements[e::fixed_assets], Thousand_Yen(INT32_MAX));
+}
+
+TEST(Calc_Y, A_Statement_Without_Rows_Keeps_The_Indicators) {
+    const Y_Result former = Y_Of(Of({{289, 300'000}}));
+    const Y_Result y = Calc_Y(Statement_Figures{}, {}, former);
+    Expect_Floats(y.indicators, {5.1F, 18.0F, 6.5F, -8.5F, -76.5F, 0.0F, 0.0F, 3.0F});
+    EXPECT_NEAR(y.rates[7], 600.0 / 103.0, 1e-4);
+    EXPECT_EQ(y.score.Count(), 49); // 167.3 × -3.19 + 583 = 49.313
+    EXPECT_TRUE(former.has_figures);
+    EXPECT_FALSE(y.has_figures);
+    // Without a former one the indicators are 0: A is its base, 0.19.
+    EXPECT_EQ(Y_Of({}).score.Count(), 615); // 167.3 × 0.19 + 583 = 614.787
 }
 
 class Y_Store : public Installation {};
 
-TEST_F(Y_Store, Columns_Slots_And_Periods) {
+TEST_F(Y_Store, A_Side_Has_Its_Own_Column) {
     Make_Company(1, 1, 5);
     Put_Amounts({{179, 11'000}});
     ASSERT_TRUE(Period_Copy(session, 6, 5, Copy_Mode::After));
-    const struct {
-        const char* column;
-        double fixed_assets;
-    } columns[] = {{"金額", 1'000},
-                   {"改善後残高", 2'000},
-                   {"改善後残高1", 3'000},
-                   {"改善後残高2", 4'000},
-                   {"改善後残高3", 5'000}};
-    for (const auto& c : columns) {
-        Put_Amounts({{179, c.fixed_assets}}, c.column);
+    double amount = 0;
+    for (const Scenario scenario : every_scenario) {
+        Put_Amounts({{179, amount += 1'000}}, std::string(Columns_Of(scenario).zaihyo).c_str());
     }
-    const struct {
-        bool slot;
-        std::uint8_t kikan, kbn;
-        std::int32_t fixed_assets;
-    } cases[] = {{false, 1, 1, 1}, {false, 1, 2, 2}, {false, 1, 7, 2}, {true, 1, 1, 1},  {true, 1, 2, 2},
-                 {true, 1, 3, 3},  {true, 1, 4, 4},  {true, 1, 5, 5},  {false, 2, 1, 11}};
-    for (const auto& c : cases) {
-        Y_Calc y;
-        y.Y_Slot_Flg = c.slot;
-        y.Y_Kikan = c.kikan;
-        y.Calc_Y(session, c.kbn);
-        EXPECT_EQ(y.Y_Yoso[0], c.fixed_assets) << c.slot << int{c.kikan} << int{c.kbn};
-        EXPECT_EQ(y.Y_Col, c.kbn == 1 ? 1 : 2);
+    const auto fixed_assets = [this](Side side) { return Calc_Y(session, side).elements[e::fixed_assets]; };
+    std::int32_t thousands = 0;
+    for (const Scenario scenario : every_scenario) {
+        EXPECT_EQ(fixed_assets({6, scenario}), Thousand_Yen(++thousands));
     }
+    EXPECT_EQ(fixed_assets(Side_In_Hand(session).Before()), Thousand_Yen(11));
 }
 
-TEST_F(Y_Store, A_Period_Without_Rows_Keeps_The_Indicators) {
-    Make_Company(1, 1, 5);
-    Put_Amounts({{289, 300'000'000}});
-    for (const std::uint8_t kikan : {std::uint8_t{2}, std::uint8_t{3}}) {
-        Y_Calc y;
-        y.Calc_Y(session, 1);
-        EXPECT_FLOAT_EQ(y.Y_Kekka[7], 3.0F);
-        EXPECT_TRUE(y.has_figures);
-        const float points = y.Y_A_Ten;
-        y.Y_A_Ten = 0;
-        y.Y_Ten = 7;
-        y.Y_Ritu = {};
-        y.Y_Kikan = kikan;
-        y.Calc_Y(session, 1);
-        Expect_Floats(y.Y_Kekka, {5.1F, 18.0F, 6.5F, -8.5F, -76.5F, 0.0F, 0.0F, 3.0F});
-        EXPECT_NEAR(y.Y_Ritu[7], 600.0 / 103.0, 1e-4);
-        EXPECT_EQ(y.Y_A_Ten, points);
-        EXPECT_EQ(y.Y_Ten, 49); // 167.3 × -3.19 + 583 = 49.313
-        EXPECT_FALSE(y.has_figures);
+TEST(Show_Keiei, Elements_Stand_Under_Their_Captions) {
+    // Each account at the place of its caption.
+    const Keiei_Texts texts = Show_Keiei(Y_Of(Of({{402, 1001},
+                                                  {419, 1002},
+                                                  {470, 3},
+                                                  {480, 4},
+                                                  {489, 1005},
+                                                  {833, 7},
+                                                  {179, 1008},
+                                                  {229, 1009},
+                                                  {248, 1010},
+                                                  {289, 1011},
+                                                  {319, 1012},
+                                                  {399, 1013},
+                                                  {830, -1014}})));
+    const std::pair<const char*, const char*> shown[] = {
+        {"売上高", "1,001"},
+        {"売上総利益", "1,002"},
+        {"受取利息配当金", "3"},
+        {"支払利息", "4"},
+        {"経常（事業主）利益", "1,005"},
+        {"営業ｷｬｯｼｭﾌﾛｰ（当期）", "1,005"},
+        {"営業ｷｬｯｼｭﾌﾛｰ（前期）", "7"},
+        {"固定資産", "1,008"},
+        {"流動負債", "1,009"},
+        {"固定負債", "1,010"},
+        {"利益剰余金", "1,011"},
+        {"自己資本", "1,012"},
+        {"総資本（当期）", "1,013"},
+        {"総資本（前期）", "-1,014"},
+    };
+    for (std::size_t i = 0; i < y_elements.size(); ++i) {
+        EXPECT_STREQ(y_elements[i].name, shown[i].first);
+        EXPECT_EQ(texts.Yoso[i], shown[i].second);
+    }
+    EXPECT_EQ(Show_Keiei(Y_Result{}).Y, "") << "no figure for 0";
+}
+
+TEST(Fixed_Str, Decimals_Round_The_Digits_That_Stand_There) {
+    const struct {
+        float figure;
+        int decimals;
+        const char* text;
+    } cases[] = {{12.35F, 1, "12.4"},  {45.25F, 1, "45.3"}, {-0.25F, 1, "-0.3"}, {-0.04F, 1, "0.0"},
+                 {99.95F, 1, "100.0"}, {5.1F, 3, "5.100"},  {1.005F, 2, "1.01"}, {0.0F, 3, "0.000"}};
+    for (const auto& c : cases) {
+        EXPECT_EQ(Fixed_Str(c.figure, c.decimals), c.text) << c.figure;
     }
 }
 

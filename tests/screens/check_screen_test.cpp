@@ -42,7 +42,7 @@ class Check_Screens : public Ui_Installation {
         session.Simyu_Kubun = Law_Of(law).code;
         const Connection cn = Cn_Open(session);
         Review_Figures figures = Load_Review(session, Side_In_Hand(session));
-        Settle(figures, y, x2);
+        scores = Settle(figures);
         Transaction transaction(cn);
         Write_Elements(cn, Side_In_Hand(session), figures);
         Write_Works(cn, Side_In_Hand(session), figures);
@@ -60,8 +60,7 @@ class Check_Screens : public Ui_Installation {
         return *entry.findChild<Form*>(QString::fromStdString(request.form));
     }
 
-    Y_Calc y;
-    X2_Calc x2;
+    Statement_Scores scores;
     Entry_Screen entry;
 };
 
@@ -120,7 +119,7 @@ TEST_F(Check_Screens, Each_Law_Year_Has_Its_Screen_With_The_Score) {
             const Check_Request request = W2X_Request(Law_Of(law), button.index);
             const auto form = std::min(static_cast<std::size_t>(law - button.since), button.forms.size() - 1);
             EXPECT_EQ(request.form, button.forms[form]) << law << " " << button.index;
-            const std::int32_t score = button.code == 0 ? x2.X2_Ten : settled.Yoso(button.code);
+            const std::int32_t score = button.code == 0 ? scores.x2.score.Count() : settled.Yoso(button.code);
             EXPECT_EQ(Shown(Open(request), button.result), Comma_Str(score)) << law << " " << button.index;
         }
         const Work_Line& line = settled.works[0];
@@ -139,9 +138,9 @@ TEST_F(Check_Screens, Each_Law_Year_Has_Its_Screen_With_The_Score) {
 TEST_F(Check_Screens, Indicators_Of_Y) {
     const Review_Figures settled = Settle_In_Store(4);
     for (int i = 0; i < 10; ++i) {
-        const double score = i < 8    ? static_cast<double>(y.Y_Kekka[static_cast<std::size_t>(i)])
-                             : i == 8 ? static_cast<double>(y.Y_A_Ten)
-                                      : y.Y_Ten;
+        const double score = i < 8    ? static_cast<double>(scores.y.indicators[static_cast<std::size_t>(i)])
+                             : i == 8 ? static_cast<double>(scores.y.points)
+                                      : scores.y.score.Count();
         const QString shown = Child<QLabel>(Open(Y1_Request(i)), "lbl_Kekka")->text().remove(',');
         EXPECT_NEAR(shown.toDouble(), score, 0.0005) << i;
         EXPECT_EQ(shown.section('.', 1).size(), i < 8 ? 3 : i == 8 ? 2 : 0) << i;
@@ -235,9 +234,9 @@ TEST_F(Check_Screens, Tables) {
         {XZP_Request("X", 0), 42, "年間平均完成工事高 別表", "1,000億円以上",
          Ten_Lookup(Ten_X1_B, settled.works[0].Nheikin.value).row},
         {W2X_Request(Law_Of(4), 7), 47, "自己資本額 別表", "3,000億円以上",
-         Ten_Lookup(Ten_X2_1, x2.X2_Jiko_Used).row},
+         Ten_Lookup(Ten_X2_1, scores.x2.equity.counted.Count()).row},
         {W2X_Request(Law_Of(4), 8), 37, "平均利益額 別表", "300億円以上",
-         Ten_Lookup(Ten_X2_2, x2.X2_Rieki_Used).row},
+         Ten_Lookup(Ten_X2_2, scores.x2.profit.counted.Count()).row},
         {XZP_Request("Z2", 0), 42, "年間平均元請完成工事高 別表", "1,000億円以上",
          Ten_Lookup(Ten_Z2_B, settled.works[0].Mnheikin.value).row},
         {XZP_Request("Z1", 0), 30, "技術職員数値 別表", "15,500以上", 0},

@@ -329,7 +329,8 @@ Review_Figures Any_Firm(const Law_Year& law, std::mt19937& random) {
           820, 821, 822, 823, 824, 825, 826, 827, 828, 829, 830, 831, 832, 833, 834, 835, 836, 837}) {
         const double share = std::uniform_real_distribution<>(-0.4, 1.0)(random);
         f.statement.amount[static_cast<std::size_t>(code)] =
-            all_zero || random() % 6 == 0 ? 0.0 : std::trunc(scale * share / One_Of({1, 1, 10, 100}, random));
+            Yen(all_zero || random() % 6 == 0 ? 0.0
+                                              : std::trunc(scale * share / One_Of({1, 1, 10, 100}, random)));
     }
     const std::pair<int, std::initializer_list<int>> numbers[] = {
         {111, {0, 5, 6, 20, 34, 35, 100}},
@@ -410,17 +411,17 @@ void Expect_W_Followed(const Review_Figures& figures) {
     }
 }
 
-void Expect_Y_Followed(const Review_Figures& figures, const Y_Calc& y) {
+void Expect_Y_Followed(const Review_Figures& figures, const Y_Result& y) {
     for (int i = 0; i < 10; ++i) {
         const Check_Request request = Y1_Request(i);
         if (i == 9) {
-            Expect_Followed(figures, request, y.Y_Ten);
+            Expect_Followed(figures, request, y.score.Count());
             continue;
         }
         const Check_Sheet sheet = Make_Check_Sheet(figures, request);
         SCOPED_TRACE(request.mode + "\n" + Steps_Of(sheet));
         const long double result = Sheet_Reader(sheet).Follow();
-        const long double score = i < 8 ? y.Y_Kekka[static_cast<std::size_t>(i)] : y.Y_A_Ten;
+        const long double score = i < 8 ? y.indicators[static_cast<std::size_t>(i)] : y.points;
         EXPECT_LT(std::fabs(result - score), 1e-4L);
         EXPECT_EQ(Reader(sheet.results.back().value.text).Number(), result);
     }
@@ -449,18 +450,17 @@ TEST(Check_Steps, Followed_By_Hand_They_Give_The_Scores) {
         for (int n = 0; n < firms_of_a_law && !::testing::Test::HasFailure(); ++n) {
             SCOPED_TRACE("law " + std::to_string(law) + " firm " + std::to_string(n));
             Review_Figures figures = Any_Firm(Law_Of(law), random);
-            Y_Calc y;
-            X2_Calc x2;
+            Statement_Scores scores;
             try {
-                Settle(figures, y, x2);
+                scores = Settle(figures);
             } catch (const Run_Time_Error&) {
                 ++beyond; // an amount in a hole of a table: there is no score to explain
                 continue;
             }
-            Expect_Y_Followed(figures, y);
-            Expect_Followed(figures, W2X_Request(Law_Of(law), 7), x2.X2_1_Ten);
-            Expect_Followed(figures, W2X_Request(Law_Of(law), 8), x2.X2_2_Ten);
-            Expect_Followed(figures, W2X_Request(Law_Of(law), 9), x2.X2_Ten);
+            Expect_Y_Followed(figures, scores.y);
+            Expect_Followed(figures, W2X_Request(Law_Of(law), 7), scores.x2.equity.scored.points.Count());
+            Expect_Followed(figures, W2X_Request(Law_Of(law), 8), scores.x2.profit.scored.points.Count());
+            Expect_Followed(figures, W2X_Request(Law_Of(law), 9), scores.x2.score.Count());
             Expect_Works_Followed(figures);
             // What the entry screen of X2 and W shows: settled, and with an edit that the total has in part.
             Social_Items items;

@@ -33,8 +33,7 @@ class Keiei_Window : public Ui_Installation {
 };
 
 TEST_F(Keiei_Window, Shows_The_Analysis_Of_The_Period_In_Hand) {
-    Y_Calc y;
-    y.Calc_Y(session, 1);
+    const Y_Result y = Calc_Y(session, Side_In_Hand(session));
     ASSERT_TRUE(y.has_figures);
     const Keiei_Texts texts = Show_Keiei(y);
     Frm_Keiei form(shell);

@@ -79,9 +79,7 @@ TEST_F(Syokuta_Screen, Settles_As_The_Engine) {
         EXPECT_EQ(form.objectName().toStdString(), Law_Of(law).entry_form);
         Key_Everything(form, expected, random);
         EXPECT_FALSE(form.isVisible());
-        Y_Calc y;
-        X2_Calc x2;
-        Settle(expected, y, x2);
+        Settle(expected);
         EXPECT_EQ(Now().works, expected.works);
         for (int code = 0; code < 256; ++code) {
             EXPECT_EQ(Now().Yoso(code), expected.Yoso(code)) << "element " << code;

@@ -113,15 +113,14 @@ TEST_F(Prior_Screen, The_Change_Of_Equity_Is_Stored_And_A_Blank_Is_Zero) {
 TEST_F(Prior_Screen, The_Look_At_Y_Shows_Elements_Indicators_And_Score) {
     Put_Amounts({{100, 3e8}, {139, 4e8}, {200, 1e8}, {250, 5e8}, {400, 2e9}, {530, 1.2e9}});
     Zaimu_Shukei(session, Amount_Column::Current);
-    Y_Calc y;
-    y.Calc_Y(session, 1);
+    const Y_Result y = Calc_Y(session, Side_In_Hand(session));
     Open<Frm_YSisan>();
     EXPECT_EQ(form->windowTitle().toStdString(), "建設財務諸表入力時 Ｙ点試算");
     EXPECT_EQ(Shown(*form, "Yoso(0)"), "2,000,000");
-    EXPECT_EQ(Shown(*form, "Yoso(6)"), Comma_Str(y.Y_Yoso[13]));
+    EXPECT_EQ(Shown(*form, "Yoso(6)"), Comma_Str(y.elements[y_element::prior_cash_flow]));
     EXPECT_EQ(Shown(*form, "Yoso(7)"), "400,000");
-    EXPECT_EQ(Shown(*form, "Y"), Comma_Str(int{y.Y_Ten}));
-    EXPECT_EQ(Child<QLabel>(*form, "kekka5")->text().toFloat(), y.Y_Kekka[4]);
+    EXPECT_EQ(Shown(*form, "Y"), Comma_Str(y.score));
+    EXPECT_EQ(Child<QLabel>(*form, "kekka5")->text().toFloat(), y.indicators[4]);
     EXPECT_EQ(Child<QLabel>(*form, "kekka5")->text().section('.', 1).size(), 3);
     Click(*form, "Tojiru");
     EXPECT_FALSE(form->isVisible());

@@ -41,7 +41,7 @@ Review_Figures Generated_Firm(const Law_Year& law, std::mt19937& random) {
     // Without engineers the scores of the young ones stay as they are stored.
     figures.Put_Yoso(element::engineers, 100);
     for (const int code : {319, 829, 469, 832, 436, 489, 402, 419, 399, 830, 179, 289}) {
-        figures.statement.amount[static_cast<std::size_t>(code)] = up_to(900'000) * 1000.0;
+        figures.statement.amount[static_cast<std::size_t>(code)] = Yen(up_to(900'000) * 1000.0);
     }
     figures.statement.has_rows = true;
     figures.review_date = Review_Date{2023, 8, 13 + up_to(1)};
