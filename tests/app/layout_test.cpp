@@ -11,7 +11,6 @@
 #include "widgets/message_windows.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QHeaderView>
 #include <QLabel>
 #include <QScreen>
@@ -156,27 +155,18 @@ class Look {
     QWidget& window;
 };
 
-/// What the figures of the firm are.
-enum class Fill { Large, Blank };
-
 class Layout_Test : public Installation {
   protected:
     explicit Layout_Test(bool multi = false) : Installation("13", multi) {}
 
-    void Make_Firm(Fill fill) {
+    /// A firm with a long name and figures as wide as they come.
+    void Make_Firm() {
         Import_Case(session, Samples_Folder() / "aoba_kensetsu.json");
-        const Connection cn = Cn_Open(session);
-        cn.Execute("UPDATE Jigyo_mas SET 事業所名='特定非営利活動法人北海道東部広域建設業振興協同組合連合会"
-                   "青葉建設工業' ");
-        if (fill == Fill::Blank) {
-            cn.Execute("UPDATE Ks_Zaihyo SET 金額=Null, 改善後残高=Null");
-        } else {
-            for (const char* column : {"金額", "改善後残高"}) {
-                cn.Execute(std::string("UPDATE Ks_Zaihyo SET ") + column + "=-9876543210");
-            }
-            cn.Execute("UPDATE Kandaka_Gj SET 完工高前期=1987654, 完工高前々期=1987654, "
-                       "完工高基準=1987654, 完工高平均=1987654");
-        }
+        Run({"UPDATE Jigyo_mas SET "
+             "事業所名='特定非営利活動法人北海道東部広域建設業振興協同組合連合会青葉建設工業'",
+             "UPDATE Ks_Zaihyo SET 金額=-9876543210, 改善後残高=-9876543210",
+             "UPDATE Kandaka_Gj SET 完工高前期=1987654, 完工高前々期=1987654, 完工高基準=1987654, "
+             "完工高平均=1987654"});
     }
 
     /// At its first start the frame would be maximized, on the first display.
@@ -207,11 +197,6 @@ class Layout_Test : public Installation {
         EXPECT_TRUE(room.adjusted(-2, -2, 2, 2).contains(window.geometry()))
             << window.x() << "," << window.y() << " " << window.width() << "x" << window.height();
         const Look look(window);
-        if (const QString pictures = qEnvironmentVariable("MORVANE_PICTURES"); !pictures.isEmpty()) {
-            QDir().mkpath(pictures);
-            window.grab().save(
-                pictures + QStringLiteral("/%1_%2.png").arg(room.width()).arg(QString::fromStdString(name)));
-        }
     }
 
     /// Opens a form of the table and looks at it, and at the checks that its buttons open.
@@ -296,7 +281,7 @@ class Layout_Test : public Installation {
 
 TEST_F(Layout_Test, Every_Form_Has_Its_Place_On_Every_Display) {
     ASSERT_EQ(Displays().size(), 5U);
-    Make_Firm(Fill::Large);
+    Make_Firm();
     for (const QScreen* display : Displays()) {
         SCOPED_TRACE(display->name().toStdString());
         Start_On(*display);
@@ -307,17 +292,17 @@ TEST_F(Layout_Test, Every_Form_Has_Its_Place_On_Every_Display) {
 }
 
 TEST_F(Layout_Test, Blank_Figures_Change_Nothing) {
-    Make_Firm(Fill::Blank);
+    Make_Firm();
+    Run({"UPDATE Ks_Zaihyo SET 金額=Null, 改善後残高=Null"});
     Start_On(*Displays().front());
     Look_At_All();
 }
 
 // Why nothing can be computed is a sentence that is longer than a small display is wide.
 TEST_F(Layout_Test, A_Screen_Tells_Of_Figures_That_Cannot_Be_Computed) {
-    Make_Firm(Fill::Large);
+    Make_Firm();
     // Engineers and skilled workers that cancel each other, as only a damaged store has them.
-    Cn_Open(session).Execute("UPDATE W_Yoso SET 現状=5 WHERE 要素CD=229");
-    Cn_Open(session).Execute("UPDATE W_Yoso SET 現状=-5 WHERE 要素CD=231");
+    Run({"UPDATE W_Yoso SET 現状=5 WHERE 要素CD=229", "UPDATE W_Yoso SET 現状=-5 WHERE 要素CD=231"});
     Start_On(*Displays().front());
     Click(*shell->Frame(), "Cmd_Sim1");
     shell->Open_Form(QStringLiteral("Frm_Kanko"));

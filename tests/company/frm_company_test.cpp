@@ -22,13 +22,11 @@ class Frm_Company_Test : public Ui_Installation {
     explicit Frm_Company_Test(bool multi = true) : Ui_Installation("13", multi) {}
 
     void SetUp() override {
-        for (const std::int32_t number : {30, 2, 1}) {
-            Make_Company(number, 1, 5);
-            Cn_Open(session).Execute("UPDATE Jigyo_mas SET 事業所カナ名='ﾐﾎﾝ', 単位=1");
-            Check_In(session);
-        }
         for (const Register_Row& row :
-             {Register_Row{1, "見本1", "ﾐﾎﾝ"}, {2, "見本2", "ﾊﾟｲﾌﾟ"}, {30, "見本30", "ｱｵﾊﾞ"}}) {
+             {Register_Row{30, "見本30", "ｱｵﾊﾞ"}, {2, "見本2", "ﾊﾟｲﾌﾟ"}, {1, "見本1", "ﾐﾎﾝ"}}) {
+            Make_Company(row.number, 1, 5);
+            Run({"UPDATE Jigyo_mas SET 事業所カナ名='ﾐﾎﾝ', 単位=1"});
+            Check_In(session);
             Put_Register_Row(session, row);
         }
         Write_Kidou_Ini(folder.path, {1, "見本1"});
@@ -47,10 +45,6 @@ class Frm_Company_Test : public Ui_Installation {
             text += list->Text_At(row, 0).toStdString() + "=" + list->Text_At(row, 1).toStdString() + " ";
         }
         return text;
-    }
-
-    [[nodiscard]] std::string Last_Title() const {
-        return messages.shown.empty() ? "" : messages.shown.back().title;
     }
 
     [[nodiscard]] std::string Focused() const {
@@ -73,7 +67,7 @@ TEST_F(Frm_Company_Test, The_List_Narrows_By_Initial_And_Takes_A_Company) {
     Open(new Frm_JGSitei(shell));
     EXPECT_EQ(Listed(), "1=見本1 2=見本2 30=見本30 ");
     Click(*opened, "Cmd_Sitei");
-    EXPECT_EQ(Last_Title(), "事業所未指定エラー");
+    EXPECT_EQ(messages.shown.back().title, "事業所未指定エラー");
     Click(*opened, "FgHa");
     EXPECT_EQ(Listed(), "2=見本2 ");
     Click(*opened, "FgNu");
@@ -122,7 +116,7 @@ TEST_F(Frm_Company_Test, The_List_Deletes_And_Registers) {
         session.Kanri_No = register_it ? 7 : 0;
     };
     Click(*opened, "Cmd_New");
-    EXPECT_EQ(Last_Title(), "処理中の事業所保存");
+    EXPECT_EQ(messages.shown.back().title, "処理中の事業所保存");
     EXPECT_EQ(shell.calls, (std::vector<std::string>{"Show_No_Company", "Open_Form Frm_JgNew"}));
     EXPECT_EQ(session.Kanri_No, 0);
     EXPECT_FALSE(session.Jg_New_Flg);
@@ -137,7 +131,7 @@ TEST_F(Frm_Company_Test, A_Company_Of_Old_Data_Keeps_The_List_Open) {
     Open(new Frm_JGSitei(shell));
     Child<Record_List>(*opened, "ListView")->Select_Row(0);
     Click(*opened, "Cmd_Sitei");
-    EXPECT_EQ(Last_Title(), "データ異常エラー");
+    EXPECT_EQ(messages.shown.back().title, "データ異常エラー");
     EXPECT_TRUE(opened->isVisible());
     EXPECT_EQ(shell.calls, std::vector<std::string>{"Show_Company"});
 }
@@ -152,7 +146,7 @@ TEST_F(Frm_Company_Test, A_New_Company_Is_Keyed_In_And_Registered) {
     QTest::keyClick(Child<QLineEdit>(*opened, "JigyoCD"), Qt::Key_Return);
     EXPECT_EQ(Focused(), "SyaMei");
     Click(*opened, "Cmd_Excute");
-    EXPECT_EQ(Last_Title(), "事業所名入力確認");
+    EXPECT_EQ(messages.shown.back().title, "事業所名入力確認");
     EXPECT_EQ(Focused(), "SyaMei");
     for (const auto& [cell, keys] : {std::pair("SyaMei", "新規建設"),
                                      {"SyaKana", "しんき"},
@@ -169,7 +163,7 @@ TEST_F(Frm_Company_Test, A_New_Company_Is_Keyed_In_And_Registered) {
     EXPECT_EQ(Text("SyaKana"), "ｼﾝｷ");
     EXPECT_EQ(Text("HoKo"), "1");
     Click(*opened, "Cmd_Excute");
-    EXPECT_EQ(Last_Title(), "決算期日付エラー");
+    EXPECT_EQ(messages.shown.back().title, "決算期日付エラー");
     EXPECT_EQ(Focused(), "Ksnen_St");
     Type_Into(*opened, "KsHi_St", "1");
 
@@ -177,7 +171,7 @@ TEST_F(Frm_Company_Test, A_New_Company_Is_Keyed_In_And_Registered) {
     namespace fs = std::filesystem;
     fs::rename(folder.path / "morv_set.dat", folder.path / "away.dat");
     Click(*opened, "Cmd_Excute");
-    EXPECT_EQ(Last_Title(), "保存エラー");
+    EXPECT_EQ(messages.shown.back().title, "保存エラー");
     EXPECT_PRED2(Has, messages.shown.back().text, "morv_set.dat");
     EXPECT_EQ(Text("SyaMei"), "新規建設");
     EXPECT_EQ(shell.failure, "");
@@ -195,7 +189,7 @@ TEST_F(Frm_Company_Test, Edits_Are_Given_Up_Only_After_The_Question) {
     EXPECT_EQ(Text("JigyoCD"), "1");
     Type_Into(*opened, "Ks_ki", "8");
     Click(*opened, "Cmd_Excute");
-    EXPECT_EQ(Last_Title(), "決算期変更確認");
+    EXPECT_EQ(messages.shown.back().title, "決算期変更確認");
     EXPECT_EQ(Text("Ks_ki"), "5") << "No puts the stored period back";
     EXPECT_EQ(Focused(), "Ks_ki");
     const auto boxes = messages.shown.size();
@@ -242,7 +236,7 @@ TEST_F(Frm_Jgmas_Test, The_Period_Moves_As_Soon_As_Its_Field_Is_Left) {
     Cn_Open(session).Execute("UPDATE Jigyo_mas SET 単位=Null");
     Open(Make_Frm_Jgmas(shell));
     Click(*opened, "Cmd_Excute");
-    EXPECT_EQ(Last_Title(), "処理単位指定確認");
+    EXPECT_EQ(messages.shown.back().title, "処理単位指定確認");
     EXPECT_EQ(Focused(), "En");
 }
 

@@ -12,12 +12,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-class Register_Test : public Installation {
-  protected:
-    [[nodiscard]] std::string Last_Box() const {
-        return messages.shown.empty() ? "" : messages.shown.back().title + "：" + messages.shown.back().text;
-    }
-};
+class Register_Test : public Installation {};
 
 TEST_F(Register_Test, Each_Initial_Finds_Its_Own_Names) {
     int number = 0;
@@ -41,8 +36,7 @@ TEST_F(Register_Test, Each_Initial_Finds_Its_Own_Names) {
 TEST_F(Register_Test, Taking_A_Company_Refuses_What_It_Must) {
     Make_Company(2, 1, 5);
     Check_In(session);
-    Cn_Open(session).Execute("UPDATE Ks_Zaihyo SET 並び順 = 2 WHERE 建設科目CD=99");
-    Cn_Open(session).Execute("UPDATE Jigyo_mas SET 管理No = 3");
+    Run({"UPDATE Ks_Zaihyo SET 並び順 = 2 WHERE 建設科目CD=99", "UPDATE Jigyo_mas SET 管理No = 3"});
     session.Kanri_No = 3;
     Check_In(session);
     session.Kanri_No = 0;

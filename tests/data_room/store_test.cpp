@@ -27,24 +27,14 @@ class Store_Test : public ::testing::Test {
     void SetUp() override {
         const Connection cn = Connection::Create(file, Delivered_Key());
         cn.Execute("CREATE TABLE T (番号 Integer, 名前 Text, 金額 Double, 印 Boolean)");
-        const Transaction_Of_Rows rows(cn);
+        Transaction transaction(cn);
+        for (int i = 0; i < 800; ++i) {
+            cn.Execute("INSERT INTO T (番号, 名前, 金額) VALUES (?, ?, ?)", i,
+                       std::string(150, static_cast<char>('a' + i % 26)), i / 8.0);
+        }
+        transaction.Commit();
         good = Read_Files(folder.path);
     }
-
-    struct Transaction_Of_Rows {
-        explicit Transaction_Of_Rows(const Connection& cn) {
-            Transaction transaction(cn);
-            Statement insert = cn.Prepare("INSERT INTO T (番号, 名前, 金額) VALUES (?, ?, ?)");
-            for (int i = 0; i < 800; ++i) {
-                insert.Bind(1, i);
-                insert.Bind(2, std::string(150, static_cast<char>('a' + i % 26)));
-                insert.Bind(3, i / 8.0);
-                insert.Step();
-                insert.Reset();
-            }
-            transaction.Commit();
-        }
-    };
 
     /// All rows of a store.
     static std::vector<std::string> Rows(const fs::path& store,
@@ -58,8 +48,8 @@ class Store_Test : public ::testing::Test {
     }
 
     /// Runs `act`, which must raise a Store_Error that names `named` and the reason, and change no file.
-    template <class Act>
-    void Expect_Refusal(const char* what, const fs::path& named, Store_Error::Reason reason, Act act) {
+    void Expect_Refusal(const char* what, const fs::path& named, Store_Error::Reason reason,
+                        const std::function<void()>& act) {
         SCOPED_TRACE(what);
         const File_Contents files = Read_Files(folder.path);
         try {
@@ -74,7 +64,7 @@ class Store_Test : public ::testing::Test {
             const std::string words = text.substr(text.find("」："));
             for (const char* foreign :
                  {"SELECT", "UPDATE", "DELETE", "no such", "error", "malformed", "database"}) {
-                EXPECT_EQ(words.find(foreign), std::string::npos) << text;
+                EXPECT_FALSE(Has(words, foreign)) << text;
             }
         }
         EXPECT_TRUE(Read_Files(folder.path) == files);
@@ -495,20 +485,15 @@ TEST_F(Store_Test, Recordsets_Read_And_Write) {
     rows.Close();
     EXPECT_TRUE(rows.Eof());
 
-    const struct {
-        const char* where;
-        const char* column;
-        Value value;
-    } cases[] = {
-        {"番号=0", "金額", 0.0},     {"番号=0", "名前", "零"},     {"番号=1", "Code", "別"},
-        {"番号=1", "金額", 0.125},   {"番号=2", "code", "x'y"},    {"番号=2", "印", -1},
-        {"番号=2", "金額", Value()}, {"番号=900", "名前", "追加"}, {"番号=900", "Code", Value()},
-    };
-    for (const auto& c : cases) {
-        const Recordset found = cn.Open(std::string("SELECT * FROM T WHERE ") + c.where);
-        ASSERT_EQ(found.Count(), 1U) << c.where;
-        EXPECT_EQ(found[c.column], c.value) << c.where << " " << c.column;
+    std::string read;
+    for (Recordset all =
+             cn.Open("SELECT 番号, 名前, 金額, 印, Code FROM T WHERE 番号<3 Or 番号>799 ORDER BY 番号");
+         !all.Eof(); all.Move_Next()) {
+        const std::string name = all["名前"].As_Text();
+        read += all["番号"].As_Text() + "," + name.substr(0, 6) + "," + all["金額"].As_Text() + "," +
+                all["印"].As_Text() + "," + all["Code"].As_Text() + " ";
     }
+    EXPECT_EQ(read, "0,零,0,, 1,bbbbbb,0.125,,別 2,cccccc,,-1,x'y 900,追加,,, ");
     EXPECT_EQ(cn.Open("SELECT * FROM T").Count(), 801U);
     Recordset few = cn.Open("SELECT 番号, 名前 FROM T WHERE 番号=? And 名前=?", 900, "追加");
     few.Set("名前", "'); DROP TABLE T; --");

@@ -8,8 +8,6 @@
 #include "statements/zaimu_calc.h"
 #include "support/installation_fixture.h"
 
-#include <set>
-
 namespace morvane::tests {
 namespace {
 
@@ -17,14 +15,12 @@ class Data_Conversion : public Installation {
   protected:
     using Installation::Installation;
 
-    std::set<std::int64_t> Codes() const {
-        std::set<std::int64_t> codes;
-        const Connection cn = Cn_Open(session);
-        for (Recordset rows = cn.Open("SELECT * FROM Ks_Zaihyo"); !rows.Eof(); rows.Move_Next()) {
-            codes.insert(rows["建設科目CD"].As_Integer());
-        }
-        return codes;
+    void Expect_Last_Box(const std::string& box) const {
+        EXPECT_PRED2(Has, Last_Box(), box);
+        EXPECT_TRUE(messages.shown.back().beep);
     }
+
+    std::string Codes() const { return List("SELECT 建設科目CD FROM Ks_Zaihyo ORDER BY 建設科目CD"); }
 };
 
 class Hokkaido_Conversion : public Data_Conversion {
@@ -32,15 +28,9 @@ class Hokkaido_Conversion : public Data_Conversion {
     Hokkaido_Conversion() : Data_Conversion("01") {}
 };
 
-void Expect_Box(const Message_Box& box, const std::string& title, const std::string& part) {
-    EXPECT_EQ(box.title, title);
-    EXPECT_PRED2(Has, box.text, part);
-    EXPECT_TRUE(box.beep);
-}
-
 TEST_F(Data_Conversion, The_2010_Form_Has_The_Accounts_Of_A_New_Period) {
     Make_Company(1, 1, 30);
-    const std::set<std::int64_t> new_codes = Codes();
+    const std::string new_codes = Codes();
     Make_Form_2008();
     Put_Amounts({{140, 1000}, {145, 5}, {153, 40}, {204, 700}, {207, 30}, {232, 900}, {237, 9}});
     messages.answers = {Answer::Yes};
@@ -62,12 +52,12 @@ TEST_F(Data_Conversion, The_2010_Form_Has_The_Accounts_Of_A_New_Period) {
     Zaimu_Shukei(session, Amount_Column::Current);
     EXPECT_EQ(Amount(149), 1000 + 600 - 100 + 0);
     EXPECT_EQ(Amount(248), 900 + 9);
-    Expect_Box(messages.shown.back(), "財務データ変換終了", "データ変換が終了しました。");
+    Expect_Last_Box("財務データ変換終了：データ変換が終了しました。");
 }
 
 TEST_F(Hokkaido_Conversion, More_Current_Liabilities_Move) {
     Make_Company(1, 1, 30);
-    const std::set<std::int64_t> new_codes = Codes();
+    const std::string new_codes = Codes();
     Make_Form_2008();
     Put_Amounts({{216, 77}});
     messages.answers = {Answer::Yes};
@@ -84,7 +74,8 @@ TEST_F(Data_Conversion, An_Individuals_Loans_Take_The_Line_Of_The_Payables) {
     messages.answers = {Answer::Yes};
     ASSERT_TRUE(Conv_2008_To_2010(session));
     ASSERT_EQ(messages.shown.size(), 3U);
-    Expect_Box(messages.shown[1], "データ変換メッセージ", "「買掛金」に金額があります。");
+    EXPECT_PRED2(Has, messages.shown[1].title + messages.shown[1].text,
+                 "データ変換メッセージ「流動負債」の「買掛金」に金額があります。");
     EXPECT_EQ(Amount(203), 500);
     EXPECT_TRUE(Field("Ks_Zaihyo", "金額", "建設科目CD=208").Is_Null());
     EXPECT_EQ(Field("Ks_Zaihyo", "個人科目名", "建設科目CD=203"), Value("短期借入金"));
@@ -124,10 +115,7 @@ TEST_F(Data_Conversion, To_2015_Adds_Only_What_Is_Missing_And_Renumbers_Older_La
         Make_Company(1, 1, 30);
         Put_Elements({{103, 1}, {104, 0}, {106, 1}});
         Set_Law_Year(session, 30, Law_Of(law).code);
-        {
-            const Connection cn = Cn_Open(session);
-            cn.Execute("DELETE FROM W_Yoso WHERE 要素CD>=222 And 要素CD<=227");
-        }
+        Run({"DELETE FROM W_Yoso WHERE 要素CD>=222 And 要素CD<=227"});
         Put_Elements({{221, 12}});
         messages.answers = {Answer::Yes};
         ASSERT_TRUE(Mnu_Dt2015(session)) << law;
@@ -156,7 +144,7 @@ TEST_F(Data_Conversion, A_Whole_Store_Comes_In_And_A_Broken_One_Changes_Nothing)
     EXPECT_EQ(Field("Jigyo_mas", "管理No", "法人個人識別=1"), Value(7));
     session.Syori_Ki = 30;
     EXPECT_EQ(Amount(100), 4321);
-    Expect_Box(messages.shown.back(), "データ変換完了", "データの変換が終了しました。");
+    Expect_Last_Box("データ変換完了：データの変換が終了しました。");
 
     {
         const Connection cn(backup / "MORVANE.DAT", session.Db_Key);
@@ -166,7 +154,7 @@ TEST_F(Data_Conversion, A_Whole_Store_Comes_In_And_A_Broken_One_Changes_Nothing)
     EXPECT_THROW(Dt_Conv(session, backup), Store_Error);
     EXPECT_EQ(Dump(session.Work_Store), before);
     EXPECT_FALSE(Dt_Conv(session, ""));
-    Expect_Box(messages.shown.back(), "フォルダ未指定エラー", "フォルダが指定されていません。");
+    Expect_Last_Box("フォルダ未指定エラー：バックアップファイルのフォルダが指定されていません。");
     messages.answers = {Answer::No, Answer::Yes};
     EXPECT_FALSE(Dt_Conv_Cancelled(session));
     EXPECT_TRUE(Dt_Conv_Cancelled(session));
@@ -175,10 +163,7 @@ TEST_F(Data_Conversion, A_Whole_Store_Comes_In_And_A_Broken_One_Changes_Nothing)
 TEST_F(Data_Conversion, Csv_Is_Written_As_The_Fields_Stand) {
     Make_Company(1, 1, 30);
     Put_Amounts({{100, 123456789012345.0}, {101, -5}});
-    {
-        const Connection cn = Cn_Open(session);
-        cn.Execute("UPDATE Jigyo_mas SET 事業所名 = 'あ,い\"う'");
-    }
+    Run({"UPDATE Jigyo_mas SET 事業所名 = 'あ,い\"う'"});
     const std::filesystem::path out = folder.path / "csv";
     std::filesystem::create_directory(out);
     Csv_Out(Connection(session.Work_Store, session.Db_Key, Connection::Mode::Read_Only), out);
