@@ -150,6 +150,7 @@ class Tour {
         Companies();
         Statements();
         Review();
+        Improvement();
         Others();
     }
 
@@ -242,6 +243,15 @@ class Tour {
                        Click(preview, "Tojiru");
                    }});
         Press("Cmd_GB(5)");
+    }
+
+    void Improvement() {
+        Press("Cmd_Sim2");
+        Press("Cmd_UpS(0)");
+        Take_Screen("journal", "Frm_KsZaiUP");
+        While_Open([this] { Click(Screen("Frm_KsZaiUP"), "BLCheck"); },
+                   {Say_Yes, Take_And_Press("upcheck", "Tojiru")});
+        Press("Cmd_UpS(5)");
     }
 
     void Others() {

@@ -16,7 +16,9 @@
 #include "screens/frm_ysisan.h"
 #include "statements/frm_kshendo.h"
 #include "statements/frm_kszaihyo.h"
+#include "statements/frm_kszaiup.h"
 #include "statements/frm_kszenki.h"
+#include "statements/frm_upcheck.h"
 
 #include <array>
 #include <vector>
@@ -61,10 +63,10 @@ constexpr auto screens = std::to_array<Form_Row>({
     {"Frm_KsZenki", Make<Frm_KsZenki>},
     {"Frm_KsZenkiKJ", Make<Frm_KsZenki>, false, "Frm_KsZenki"},
     {"Frm_KsHendo", Make<Frm_KsHendo>},
-    {"Frm_KsZaiUP"},
-    {"Frm_KsZaiUPKJ", nullptr, false, "Frm_KsZaiUP"},
-    {"Frm_UPCheck", nullptr, true},
-    {"Frm_UPCheckKJ", nullptr, true, "Frm_UPCheck"},
+    {"Frm_KsZaiUP", Make<Frm_KsZaiUP>},
+    {"Frm_KsZaiUPKJ", Make<Frm_KsZaiUP>, false, "Frm_KsZaiUP"},
+    {"Frm_UPCheck", Make<Frm_UPCheck>, true},
+    {"Frm_UPCheckKJ", Make<Frm_UPCheck>, true, "Frm_UPCheck"},
     {"Frm_PrKSZaiSti", nullptr, true},
     {"Frm_YSisan", Make<Frm_YSisan>, true},
     // The review.
@@ -84,9 +86,9 @@ constexpr auto screens = std::to_array<Form_Row>({
     {"Frm_SyokutaHKzen_2012", nullptr, false, "Frm_SyokutaHKzen"},
     {"Frm_Kanko", Make_Member<Frm_Kanko>},
     {"Frm_Kanko2", Make_Member<Frm_Kanko>, false, "Frm_Kanko"},
-    {"Frm_KankoKaiz", Make_Member<Frm_Kanko>},
-    {"Frm_KankoKaiz2", Make_Member<Frm_Kanko>, false, "Frm_KankoKaiz"},
-    {"Frm_KankoKaiz3", Make_Member<Frm_Kanko>, false, "Frm_KankoKaiz"},
+    {"Frm_KankoKaiz"},
+    {"Frm_KankoKaiz2", nullptr, false, "Frm_KankoKaiz"},
+    {"Frm_KankoKaiz3", nullptr, false, "Frm_KankoKaiz"},
     {"Frm_KankoKaizzen"},
     {"Frm_KankoKaiz2zen", nullptr, false, "Frm_KankoKaizzen"},
     {"Frm_KankoKaiz3zen", nullptr, false, "Frm_KankoKaizzen"},

@@ -449,8 +449,10 @@ void Frm_Command::Open_Form(const QString& form) {
         Screens_Closed();
         return;
     }
+    // What another screen opens stands over it.
+    const bool modal = row->modal || !area.Forms().isEmpty();
     // A dialog needs no flag: nothing else can be reached under it. The settings ask it of themselves.
-    shell.session.Edit_Flg = shell.session.Edit_Flg || !row->modal;
+    shell.session.Edit_Flg = shell.session.Edit_Flg || !modal;
     std::unique_ptr<Form> screen;
     try {
         screen.reset(row->Make(shell));
@@ -458,7 +460,7 @@ void Frm_Command::Open_Form(const QString& form) {
         Screens_Closed();
         throw;
     }
-    if (!row->modal) {
+    if (!modal) {
         area.Open(screen.release());
         Update_Enabled();
         return;

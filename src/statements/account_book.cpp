@@ -134,6 +134,13 @@ Yen Improved_Balance(Account account, bool debit_normal, Yen amount, Yen debit, 
     return debit_normal ? amount + debit - credit : amount - debit + credit;
 }
 
+Yen Shown_Balance(Account account, bool debit_normal, Yen amount, Yen debit, Yen credit) {
+    constexpr Account first{523};
+    constexpr Account second{524};
+    const bool turns = account == first || account == second;
+    return Improved_Balance(turns ? Drawings : account, debit_normal, amount, debit, credit);
+}
+
 Account_Book::Account_Book(const Connection& cn, int period, const Columns& names, Hidden_Rows hidden_rows)
     : of_period(period), columns(names) {
     Recordset read = Open_Rows(cn, period, names);

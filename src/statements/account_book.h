@@ -187,4 +187,8 @@ class Account_Book {
 /// drawings turn their sign, deliberately, since they lower the capital.
 Yen Improved_Balance(Account account, bool debit_normal, Yen amount, Yen debit, Yen credit);
 
+/// The same as the screen of the journal shows it: there two lines of the oldest appropriation of profit turn
+/// their sign as the drawings do.
+Yen Shown_Balance(Account account, bool debit_normal, Yen amount, Yen debit, Yen credit);
+
 } // namespace morvane

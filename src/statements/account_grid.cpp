@@ -10,6 +10,7 @@ namespace morvane {
 Entry_Grid* Make_Account_Grid(Shell_Port& shell, const Account_Columns& columns, int rows) {
     std::vector<Grid_Column> grid_columns = {{.name = columns.name,
                                               .heading = "勘定科目",
+                                              .use = columns.names_keyed ? Cell_Use::Entry : Cell_Use::Shown,
                                               .kind = Entry_Kind::Text,
                                               .width = 0,
                                               .max_length = static_cast<int>(account_name_length)}};
@@ -17,13 +18,22 @@ Entry_Grid* Make_Account_Grid(Shell_Port& shell, const Account_Columns& columns,
         grid_columns.push_back({.name = "sanka",
                                 .use = Cell_Use::Shown,
                                 .kind = Entry_Kind::Text,
-                                .width = 2,
+                                .width = columns.names_keyed ? 2 : 1,
                                 .align = Qt::AlignCenter,
                                 .in_blocks = false});
     }
-    grid_columns.push_back({.name = columns.amount, .heading = columns.amount_heading, .width = 13});
+    for (const Account_Amount& amount : columns.amounts) {
+        if (amount.name != nullptr) {
+            grid_columns.push_back({.name = amount.name,
+                                    .heading = amount.heading,
+                                    .use = amount.keyed ? Cell_Use::Entry : Cell_Use::Shown,
+                                    .width = amount.width});
+        }
+    }
     auto* grid = new Entry_Grid(std::move(grid_columns), rows);
-    grid->Set_Keys({.wrap = Grid_Wrap::Same_Column, .row_step_at_right = -1});
+    grid->Set_Keys({.wrap = Grid_Wrap::Same_Column,
+                    .enter_along_row = !columns.names_keyed,
+                    .row_step_at_right = columns.names_keyed ? -1 : 1});
     grid->on_refused = [&shell, grid](const std::vector<Paste_Refused>& refused) {
         shell.Guard([&] { Tell(shell.session, "貼り付けエラー", grid->Refusal_Text(refused)); });
     };

@@ -4,23 +4,34 @@
 #include "statements/prior_figures.h"
 #include "widgets/shell_port.h"
 
+#include <array>
+
 namespace morvane {
 
 class Entry_Grid;
 
-/// What a column of amounts is called and headed.
+/// A column of amounts of an account grid.
+struct Account_Amount {
+    const char* name = nullptr; ///< control array
+    const char* heading = "";
+    bool keyed = true; ///< else it is only shown
+    int width = 13;    ///< in half-width characters
+};
+
+/// The columns of an account grid: captions, and amounts up to the first one without a name.
 struct Account_Columns {
-    const char* name;   ///< control array of the captions
-    const char* amount; ///< control array of the amounts
-    const char* amount_heading;
+    const char* name; ///< control array of the captions
+    std::array<Account_Amount, 4> amounts;
     bool signs = false; ///< with the mark of a deduction between them (sanka)
+    bool names_keyed = true;
 };
 
 /// The columns of an account grid.
 enum Account_Column : int { kamk = 0, gaku = 1, gaku_behind_sign = 2 };
 
 /// A grid of accounts: captions and amounts. Enter, Down and Up go round in the column; Ctrl+Right from an
-/// amount goes to the caption of the row before. Refused cells of a paste are told in one box.
+/// amount goes to the caption of the row before. Where captions are not keyed, Enter goes from amount to
+/// amount along the rows. Refused cells of a paste are told in one box.
 Entry_Grid* Make_Account_Grid(Shell_Port& shell, const Account_Columns& columns, int rows);
 
 /// Shows accounts whose captions cannot be keyed, in a grid without signs, with nothing to undo.

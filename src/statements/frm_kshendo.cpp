@@ -15,7 +15,7 @@ namespace morvane {
 Frm_KsHendo::Frm_KsHendo(Shell_Port& shell_port)
     : Saving_Form(shell_port, QStringLiteral("Frm_KsHendo"), QStringLiteral("建設財務諸表"),
                   "前期建設財務諸表"),
-      grid(Make_Account_Grid(shell_port, {"Kamk", "Gaku", "当期変動額合計"}, 1)) {
+      grid(Make_Account_Grid(shell_port, {"Kamk", {{{"Gaku", "当期変動額合計"}}}}, 1)) {
     Set_Sub_Title(QString::fromStdString(shell.menu.screen.title));
     Add_Unit_Line(QStringLiteral("単位：円"), {});
     grid->setMaximumWidth(460);

@@ -13,8 +13,9 @@
 
 namespace morvane {
 
-Saving_Form::Saving_Form(Shell_Port& shell_port, const QString& name, const QString& title, std::string work)
-    : Form(shell_port, name, title), edited_work(std::move(work)) {
+Saving_Form::Saving_Form(Shell_Port& shell_port, const QString& name, const QString& title, std::string work,
+                         On_Cancel what_canseru_does)
+    : Form(shell_port, name, title), edited_work(std::move(work)), on_cancel(what_canseru_does) {
     if (auto* sub_title = findChild<QLabel*>(QStringLiteral("Lbl_SubTitle"))) {
         theme::Set_Look(sub_title, "heading");
     }
@@ -28,12 +29,14 @@ void Saving_Form::Add_Closing_Buttons() {
     QPushButton* cancel = Add_Button(QStringLiteral("Canseru"), QStringLiteral("ｷｬﾝｾﾙ"));
     QPushButton* close = Add_Button(QStringLiteral("Tojiru"), QStringLiteral("閉じる"), "primary");
     close->setToolTip(QStringLiteral("入力した内容を保存して閉じます。"));
-    cancel->setToolTip(QStringLiteral("入力した内容を保存しないで閉じます。"));
+    cancel->setToolTip(on_cancel == On_Cancel::Throw_Away
+                           ? QStringLiteral("入力した内容を保存しないで閉じます。")
+                           : QStringLiteral("確認してから閉じます。入力した仕訳は保存されます。"));
     Wire(cancel, &QPushButton::clicked, [this] { Cancel(); });
     connect(close, &QPushButton::clicked, this, &Saving_Form::reject);
 }
 
-void Saving_Form::Add_Unit_Line(const QString& unit, const QString& note) {
+QHBoxLayout* Saving_Form::Add_Unit_Line(const QString& unit, const QString& note) {
     auto* line = new QHBoxLayout;
     line->setSpacing(theme::panel_gap);
     auto* Tani = new QLabel(unit);
@@ -43,6 +46,7 @@ void Saving_Form::Add_Unit_Line(const QString& unit, const QString& note) {
     line->addWidget(Tani, 0, Qt::AlignTop);
     line->addWidget(note_label, 1, Qt::AlignTop);
     body->addLayout(line);
+    return line;
 }
 
 void Saving_Form::Cancel() {
@@ -53,7 +57,7 @@ void Saving_Form::Cancel() {
                            "を保存せずに終了します。\n編集内容は保存されません。よろしいですか？");
     });
     if (gives_up) {
-        saving = false;
+        saving = on_cancel == On_Cancel::Store_All_The_Same;
         reject();
         saving = true;
     }

@@ -73,14 +73,25 @@ constexpr auto lines = std::to_array<Statement_Line>({
 
 } // namespace
 
-std::vector<Statement_Line> Statement_Lines(unsigned form) {
+std::vector<Statement_Line> Lines_Of(std::span<const Statement_Line> table, unsigned form) {
     std::vector<Statement_Line> seen;
-    for (const Statement_Line& line : lines) {
+    for (const Statement_Line& line : table) {
         if (Applies(line.when, form)) {
             seen.push_back(line);
         }
     }
     return seen;
+}
+
+std::vector<Statement_Line> Statement_Lines(unsigned form) {
+    return Lines_Of(lines, form);
+}
+
+const char* Check_Text_Of(bool holds, bool corporation) {
+    if (holds) {
+        return "チェック ⇒ ＯＫ！";
+    }
+    return corporation ? "チェック ⇒ Ｎｏ！" : "チェック ⇒ Ｎｏ？";
 }
 
 Amounts Statement_Panel::Shown(const Statement_Line& line) const {
@@ -94,10 +105,7 @@ bool Statement_Panel::Check() const {
 }
 
 const char* Statement_Panel::Check_Text() const {
-    if (Check()) {
-        return "チェック ⇒ ＯＫ！";
-    }
-    return Is_Corporation() ? "チェック ⇒ Ｎｏ！" : "チェック ⇒ Ｎｏ？";
+    return Check_Text_Of(Check(), Is_Corporation());
 }
 
 bool Statement_Panel::Is_Complete() const {

@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 namespace morvane {
@@ -22,13 +23,21 @@ struct Statement_Line {
     bool is_sum = false; ///< closes the lines above it
 };
 
-/// The lines that a firm of that form sees, in order.
+/// The lines of a table that a firm of that form sees, in order.
+std::vector<Statement_Line> Lines_Of(std::span<const Statement_Line> table, unsigned form);
+
+/// Those of the panel.
 std::vector<Statement_Line> Statement_Lines(unsigned form);
+
+/// What the label of a check says.
+const char* Check_Text_Of(bool holds, bool corporation);
 
 /// The totals of a whole period beside the section that is keyed: a look at its book, which must outlive it.
 class Statement_Panel {
   public:
-    Statement_Panel(unsigned firm_form, const Account_Book& the_book) : form(firm_form), book(the_book) {}
+    /// The check reads one column of the book.
+    Statement_Panel(unsigned firm_form, const Account_Book& the_book, std::size_t checked_column = 0)
+        : form(firm_form), book(the_book), column(checked_column) {}
 
     /// A line in all columns of the book.
     [[nodiscard]] Amounts Shown(const Statement_Line& line) const;
@@ -50,11 +59,11 @@ class Statement_Panel {
   private:
     [[nodiscard]] bool Is_Corporation() const { return (form & statement_form::corporation) != 0; }
 
-    /// In the first column.
-    [[nodiscard]] Yen Figure(Account account) const { return book[account][0]; }
+    [[nodiscard]] Yen Figure(Account account) const { return book[account][column]; }
 
     unsigned form;
     const Account_Book& book;
+    std::size_t column;
 };
 
 } // namespace morvane

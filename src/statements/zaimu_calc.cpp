@@ -18,6 +18,10 @@ Account_Book Read_Book(const Connection& cn, const Session& session, Amount_Colu
     return {cn, session.Syori_Ki, Column_Of(column), Hidden_Rows::Left_Out};
 }
 
+Account_Book Read_Journal(const Connection& cn, const Session& session) {
+    return {cn, session.Syori_Ki, Account_Book::journal, Hidden_Rows::Counted};
+}
+
 void Zaimu_Shukei(const Connection& cn, const Session& session, Amount_Column column) {
     Account_Book book = Read_Book(cn, session, column);
     book.Form_Totals(Statement_Form_Of(session.Kind()));
@@ -38,7 +42,7 @@ void Zaimu_Shukei(const Session& session, Amount_Column column) {
 }
 
 void Zaimu_Shukei_KK(const Connection& cn, const Session& session) {
-    Account_Book book(cn, session.Syori_Ki, Account_Book::journal, Hidden_Rows::Counted);
+    Account_Book book = Read_Journal(cn, session);
     book.Form_Balances();
     book.Form_Totals(Statement_Form_Of(session.Kind()));
     book.Store(cn);

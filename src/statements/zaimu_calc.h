@@ -20,6 +20,10 @@ enum class Amount_Column : std::uint8_t {
 /// Raises Store_Error.
 Account_Book Read_Book(const Connection& cn, const Session& session, Amount_Column column);
 
+/// Reads the rows of the period in hand with 借方, 貸方 and 改善後残高; rows that are not shown are counted.
+/// Raises Store_Error.
+Account_Book Read_Journal(const Connection& cn, const Session& session);
+
 /// Sums one amount column of the period in hand into its classes and writes subtotals and totals back into
 /// their own rows, in yen. Rows that are not shown stay out of the sums. Where no row enters a sum the period
 /// is left untouched. Within the transaction of the caller. Raises Store_Error.

@@ -47,8 +47,7 @@ QIcon Note_Icon(bool lit) {
 } // namespace
 
 Note_Button::Note_Button(Shell_Port& shell_port, QWidget* parent)
-    : QPushButton(QStringLiteral("メモ"), parent), shell(shell_port),
-      screen_no(shell_port.menu.screen.number) {
+    : QPushButton(QStringLiteral("メモ"), parent), shell(shell_port) {
     setObjectName(QStringLiteral("Cmd_QandA"));
     setAccessibleName(QStringLiteral("メモ"));
     setAutoDefault(false);
@@ -63,7 +62,7 @@ Note_Button::Note_Button(Shell_Port& shell_port, QWidget* parent)
 }
 
 void Note_Button::Refresh() {
-    lit = QandA_Flag(shell.session, screen_no);
+    lit = QandA_Flag(shell.session, shell.menu.screen.number);
     setIcon(Note_Icon(lit));
     const QString state =
         lit ? QStringLiteral("この画面のメモがあります。") : QStringLiteral("この画面のメモはありません。");

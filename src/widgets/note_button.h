@@ -15,14 +15,13 @@ class Note_Button : public QPushButton {
     /// Raises Store_Error.
     explicit Note_Button(Shell_Port& shell_port, QWidget* parent = nullptr);
 
-    /// Looks again whether the screen has a note. Raises Store_Error.
+    /// Looks again whether the screen that is open has a note. Raises Store_Error.
     void Refresh();
 
     [[nodiscard]] bool Is_Lit() const { return lit; }
 
   private:
     Shell_Port& shell;
-    const int screen_no;
     bool lit = false;
 };
 

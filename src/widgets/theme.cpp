@@ -66,6 +66,10 @@ QPushButton[look="menu"][open="true"]:disabled { background: %open; border-color
 QPushButton[look="check_button"] { padding: 1px 8px; min-height: 20px; }
 QPushButton[look="check_button"]:focus { padding: 0 7px; }
 QPushButton[look="choice"] { min-width: 180px; min-height: 44px; font-size: 14pt; font-weight: bold; }
+QPushButton[look="chooser"] { background: %rest; border-color: #C4C4C4; padding: 1px 4px; min-height: 22px; }
+QPushButton[look="chooser"]:hover { border-color: %accent; }
+QPushButton[look="chooser"]:checked { background: %open; border-color: %accent; }
+QPushButton[look="chooser"]:focus { border: 2px solid %accent; padding: 0 3px; }
 QPushButton[look="kana"] { padding: 0; min-width: 26px; min-height: 24px; }
 QPushButton[look="kana"]:focus { padding: 0; border: 2px solid %accent; }
 QPushButton[look="kana"]:checked { background: %accent; color: white; border-color: %accent; }

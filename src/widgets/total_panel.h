@@ -7,6 +7,7 @@
 #include <map>
 #include <span>
 #include <string>
+#include <vector>
 
 class QGridLayout;
 class QLabel;
@@ -22,10 +23,20 @@ struct Total_Field {
         Check    ///< a mark over the whole width: yes on yellow, no on red
     };
 
-    const char* name = ""; ///< objectName of what shows the figure or the mark; none for a heading
+    const char* name = ""; ///< of what shows the figure or the mark; none for a heading
     const char* caption = "";
     Line line = Line::Figure;
 };
+
+/// Several columns of figures: their headings, and the objectName of a figure by the name of its field and
+/// its column. With one column it is the field's name.
+struct Total_Columns {
+    std::vector<const char*> headings = {};
+    std::string (*control)(const std::string& field, std::size_t column) = nullptr;
+};
+
+/// Shows a mark: yes on yellow, no on red.
+void Show_Check(QLabel& mark, bool holds, const QString& text);
 
 /// Figures beside an entry screen, from a table: captions at the left, figures at the right in tabular
 /// digits.
@@ -37,12 +48,17 @@ class Total_Panel : public Section_Box {
   public:
     /// `characters` is the width of the figures in half-width characters.
     Total_Panel(const QString& heading, std::span<const Total_Field> fields, int characters = 16,
-                QWidget* parent = nullptr);
+                const Total_Columns& columns = {}, QWidget* parent = nullptr);
 
     /// Shows a figure with commas; Null is blank. The routines that take a name raise std::out_of_range for
     /// one that the table does not have.
-    void Set_Value(const std::string& name, const Value& value);
-    [[nodiscard]] const Value& Get_Value(const std::string& name) const { return lines.at(name).value; }
+    void Set_Value(const std::string& name, const Value& value, std::size_t column = 0);
+    [[nodiscard]] const Value& Get_Value(const std::string& name) const {
+        return lines.at(name).front().value;
+    }
+
+    /// Shows the last columns alone, from this one on.
+    void Show_From(std::size_t column);
 
     /// Shows a text in the place of a figure.
     void Set_Text(const std::string& name, const QString& text);
@@ -52,16 +68,21 @@ class Total_Panel : public Section_Box {
     void Set_Check(const std::string& name, bool holds, const QString& text);
 
   private:
-    struct Shown {
-        QLabel* figure = nullptr;
+    struct Figure {
+        QLabel* label = nullptr;
         Value value;
-        bool holds = false;
     };
 
+    void Add_Headings();
     void Add_Line(const Total_Field& field, int characters);
+    void Add_Mark(const Total_Field& field, int row);
+    QLabel* Make_Figure(const Total_Field& field, std::size_t column) const;
+    [[nodiscard]] int Column_Count() const { return static_cast<int>(headings.size()); }
 
     QGridLayout* grid;
-    std::map<std::string, Shown> lines;
+    std::vector<const char*> headings;
+    std::string (*control)(const std::string& field, std::size_t column);
+    std::map<std::string, std::vector<Figure>> lines; ///< the figures of each
 };
 
 } // namespace morvane

@@ -56,7 +56,8 @@ std::string Name_Of(const QObject& object) {
 bool Gets_Letter(const QPushButton& button) {
     const QString look = button.property("look").toString();
     return look != QLatin1String("check_button") && look != QLatin1String("kana") &&
-           look != QLatin1String("menu") && !button.text().contains(QLatin1Char('&'));
+           look != QLatin1String("menu") && look != QLatin1String("chooser") &&
+           !button.text().contains(QLatin1Char('&'));
 }
 
 QString Mark(char letter) {

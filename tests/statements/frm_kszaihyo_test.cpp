@@ -2,47 +2,21 @@
 #include "statements/frm_kszaihyo.h"
 
 #include "session/kyotu_mod.h"
+#include "support/account_screen.h"
 #include "support/failing_writes.h"
-#include "support/keyboard.h"
-#include "widgets/entry_grid.h"
-
-#include <QClipboard>
 
 namespace morvane::tests {
 namespace {
 
-/// A statement screen of a corporation with its keyboard.
-class Statement_Screen : public Ui_Installation {
+/// A statement screen of a corporation.
+class Statement_Screen : public Account_Screen {
   protected:
     Statement_Screen() { Make_Company(1, 1, 10); }
 
     void Open(std::uint8_t screen_no) {
         shell.menu.screen.number = screen_no;
-        form = std::make_unique<Frm_KsZaihyo>(shell);
-        form->resize(1004, 700);
-        Show(*form);
-        form->setFocus();
-        grid = form->findChild<Entry_Grid*>();
+        Open_Screen<Frm_KsZaihyo>();
     }
-
-    static void Paste(const char* text) {
-        QApplication::clipboard()->setText(QString::fromUtf8(text));
-        Key(Qt::Key_V, Qt::ControlModifier);
-    }
-    [[nodiscard]] std::string Cell(const std::string& name) const {
-        return grid->Cell_Text(name).toStdString();
-    }
-    /// Rows of a column joined by |.
-    [[nodiscard]] std::string Cells(const std::string& column, int first, int last) const {
-        std::string texts;
-        for (int row = first; row <= last; ++row) {
-            texts += Cell(column + "(" + std::to_string(row) + ")") + "|";
-        }
-        return texts;
-    }
-
-    std::unique_ptr<Frm_KsZaihyo> form;
-    Entry_Grid* grid = nullptr;
 };
 
 TEST_F(Statement_Screen, Keys_Go_Round_In_The_Column_And_Across_The_Rows) {
@@ -51,24 +25,20 @@ TEST_F(Statement_Screen, Keys_Go_Round_In_The_Column_And_Across_The_Rows) {
     constexpr auto control = Qt::ControlModifier;
     Open(41);
     EXPECT_EQ(Place(), "Gaku(0)");
-    const struct {
-        const char* from;
-        Qt::Key key;
-        Qt::KeyboardModifier modifier;
-        const char* to;
-    } moves[] = {
-        {"Gaku(0)", Key_Return, plain, "Gaku(1)"},  {"Gaku(12)", Key_Down, plain, "Gaku(13)"},
-        {"Gaku(13)", Key_Return, plain, "Gaku(0)"}, {"Gaku(0)", Key_Up, plain, "Gaku(13)"},
-        {"Kamk(13)", Key_Down, plain, "Kamk(0)"},   {"Kamk(0)", Key_Up, plain, "Kamk(13)"},
-        {"Kamk(4)", Key_Right, control, "Gaku(4)"}, {"Kamk(4)", Key_Left, control, "Gaku(3)"},
-        {"Kamk(0)", Key_Left, control, "Gaku(13)"}, {"Gaku(4)", Key_Left, control, "Kamk(4)"},
-        {"Gaku(4)", Key_Right, control, "Kamk(3)"}, {"Gaku(0)", Key_Right, control, "Kamk(13)"},
-    };
-    for (const auto& move : moves) {
-        ASSERT_TRUE(grid->Focus_Cell(move.from));
-        Key(move.key, move.modifier);
-        EXPECT_EQ(Place(), move.to) << move.from;
-    }
+    Expect_Moves({
+        {"Gaku(0)", Key_Return, plain, "Gaku(1)"},
+        {"Gaku(12)", Key_Down, plain, "Gaku(13)"},
+        {"Gaku(13)", Key_Return, plain, "Gaku(0)"},
+        {"Gaku(0)", Key_Up, plain, "Gaku(13)"},
+        {"Kamk(13)", Key_Down, plain, "Kamk(0)"},
+        {"Kamk(0)", Key_Up, plain, "Kamk(13)"},
+        {"Kamk(4)", Key_Right, control, "Gaku(4)"},
+        {"Kamk(4)", Key_Left, control, "Gaku(3)"},
+        {"Kamk(0)", Key_Left, control, "Gaku(13)"},
+        {"Gaku(4)", Key_Left, control, "Kamk(4)"},
+        {"Gaku(4)", Key_Right, control, "Kamk(3)"},
+        {"Gaku(0)", Key_Right, control, "Kamk(13)"},
+    });
 }
 
 TEST_F(Statement_Screen, What_Is_No_Figure_Changes_Nothing) {
