@@ -20,6 +20,8 @@
 namespace {
 
 using namespace morvane;
+
+constexpr int block = 16; // firms imported by one call
 namespace fs = std::filesystem;
 
 struct Table {
@@ -132,15 +134,23 @@ int main(int argc, char** argv) {
         nlohmann::ordered_json::parse(Read_Text_File(fs::path(MORVANE_SAMPLES) / "aoba_kensetsu.json"));
     const fs::path case_file = folder / "case.json";
     const fs::path bare = folder / "data" / "bare";
+    std::vector<double> alone;
     std::vector<double> imports;
     std::vector<double> inserts;
     std::size_t rows = 0;
     for (int round = 1; round <= rounds; ++round) {
         record["Jigyo_mas"]["管理No"] = round;
         Write_Text_File(case_file, record.dump());
-        std::int32_t number = 0;
-        imports.push_back(Milliseconds([&] { number = Import_Case(session, case_file).number; }));
-        const std::string digits = std::to_string(1'000'000 + number).substr(1);
+        alone.push_back(Milliseconds([&] { Import_Case(session, case_file); }));
+        std::vector<fs::path> files;
+        for (int i = 0; i < block; ++i) {
+            record["Jigyo_mas"]["管理No"] = rounds + round * block + i;
+            files.push_back(folder / ("case" + std::to_string(i) + ".json"));
+            Write_Text_File(files.back(), record.dump());
+        }
+        imports.push_back(Milliseconds([&] { Import_Cases(session, files, [](const Import_End&) {}); }) /
+                          block);
+        const std::string digits = std::to_string(1'000'000 + round).substr(1);
         const std::vector<Table> tables = Read_Tables(folder / "data" / (digits + ".dat"), session.Db_Key);
         rows = 0;
         for (const Table& table : tables) {
@@ -150,7 +160,8 @@ int main(int argc, char** argv) {
             [&] { Insert_Bare(folder / "morv_set.dat", bare, session.Db_Key.Literal(), tables); }));
         fs::remove(bare);
     }
-    Print("import", imports);
+    Print("import of one firm", alone);
+    Print("import, a firm of many", imports);
     Print("bare rows, one flush", inserts);
     std::printf("%zu rows; ratio of best %.2f, of medians %.2f (aim 3)\n", rows,
                 imports.front() / inserts.front(), imports[imports.size() / 2] / inserts[inserts.size() / 2]);

@@ -17,8 +17,10 @@
 #include "statements/z_zzen_get.h"
 #include "statements/zaimu_calc.h"
 
+#include <algorithm>
 #include <array>
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace morvane {
@@ -66,10 +68,13 @@ class Case_Builder {
   private:
     void Form_Statements() {
         const Firm_Kind kind = session.Kind();
-        const Connection master = Cn_Open_Org(session);
+        const Recordset blank = Blank_Statement(Cn_Open_Org(session), kind, 0);
+        Test_Template(blank.Count() > 0);
         for (const Case_Period& period : source.periods) {
-            Recordset& rows = statements.emplace_back(Blank_Statement(master, kind, period.number));
-            Test_Template(rows.Count() > 0);
+            Recordset& rows = statements.emplace_back(blank);
+            for (rows.Move_First(); !rows.Eof(); rows.Move_Next()) {
+                rows.Set("決算期", static_cast<int>(period.number));
+            }
             source.Put_Table(rows, period, Case_Table::Ks_Zaihyo);
             Form_Book_Values(rows);
             Zaimu_Shukei(rows, kind, Amount_Column::Current);
@@ -157,6 +162,15 @@ std::string Text_Of(const Case_Record& record, const char* column) {
     return found == record.firm.end() ? std::string() : found->second.As_Text();
 }
 
+std::int32_t Number_Of_Case(const Case_Record& record) {
+    return static_cast<std::int32_t>(record.firm.at("管理No").As_Integer());
+}
+
+/// Where the company of a case is put.
+fs::path Target_Of(const Session& session, const Case_Record& record) {
+    return session.Is_Multi() ? Company_Store(session, Number_Of_Case(record)) : session.Work_Store;
+}
+
 // A company must not take the place of another one, neither its number nor its file.
 void Test_Number(const Session& session, const fs::path& file, std::int32_t number) {
     const auto refuse = [&file](const std::string& reason) {
@@ -184,6 +198,105 @@ void Test_Number(const Session& session, const fs::path& file, std::int32_t numb
     }
 }
 
+/// A company of a case beside its place.
+struct Built_Case {
+    Imported imported;
+    Registered_Store store;
+};
+
+Built_Case Build_Case(const Session& session, const Case_Record& record) {
+    if (record.edition != session.Tiiki_CD) {
+        throw Case_Error(record.file, "Tiiki_CD",
+                         "地域CD「" + Code_Of(record.edition) + "」はこのデータフォルダの「" +
+                             Code_Of(session.Tiiki_CD) + "」と違います。");
+    }
+    const std::int32_t number = Number_Of_Case(record);
+    if (session.Is_Multi()) {
+        Test_Number(session, record.file, number);
+    }
+    const fs::path target = Target_Of(session, record);
+    Imported imported{number, Text_Of(record, "事業所名"), session.Is_Multi() && Is_There(target), {}};
+    File_Replacement replacement =
+        File_Replacement::With_Draft(Find_File(session.App_Path, "morv_set.dat"), target, session.Db_Key);
+    replacement.Change(session.Db_Key, [&](const Connection& cn) {
+        Case_Builder builder(cn, session, record);
+        builder.Build();
+        imported.unsettled = std::move(builder.unsettled);
+        return true;
+    });
+    Keep_Backup(target, session.Db_Key);
+    return {imported, {{number, imported.name, Text_Of(record, "事業所カナ名")}, std::move(replacement)}};
+}
+
+/// Cases whose companies are put in place together.
+class Import_Block {
+  public:
+    Import_Block(const Session& of, const std::function<void(const Import_End&)>& to)
+        : session(of), tell(to) {}
+
+    void Take(const fs::path& file) {
+        try {
+            const Case_Record record = Read_Case(file);
+            const fs::path target = Target_Of(session, record);
+            // One for a company of this block finds that in its place.
+            if (files.size() == most || std::find(targets.begin(), targets.end(), target) != targets.end()) {
+                Put_In_Place();
+            }
+            Built_Case built = Build_Case(session, record);
+            stores.push_back(std::move(built.store));
+            targets.push_back(target);
+            files.push_back(file);
+            ends.push_back({std::move(built.imported), {}});
+        } catch (const std::exception&) {
+            Put_In_Place();
+            tell({{}, std::current_exception()});
+        }
+        if (!session.Is_Multi()) {
+            Put_In_Place();
+        }
+    }
+
+    void Put_In_Place() {
+        if (files.empty()) {
+            return;
+        }
+        try {
+            if (session.Is_Multi()) {
+                Put_Registered_Stores(session, stores);
+            } else {
+                stores.front().store.Commit();
+            }
+        } catch (const std::exception&) {
+            for (std::size_t i = 0; i < files.size(); ++i) {
+                ends[i] = Import_Alone(files[i]);
+            }
+        }
+        const std::vector<Import_End> told = std::exchange(ends, {});
+        stores.clear();
+        targets.clear();
+        files.clear();
+        std::for_each(told.begin(), told.end(), tell);
+    }
+
+  private:
+    static constexpr std::size_t most = 16;
+
+    [[nodiscard]] Import_End Import_Alone(const fs::path& file) const {
+        try {
+            return {Import_Case(session, file), {}};
+        } catch (const std::exception&) {
+            return {{}, std::current_exception()};
+        }
+    }
+
+    const Session& session;
+    const std::function<void(const Import_End&)>& tell;
+    std::vector<fs::path> files;
+    std::vector<fs::path> targets;
+    std::vector<Registered_Store> stores;
+    std::vector<Import_End> ends;
+};
+
 } // namespace
 
 Case_Error::Case_Error(const fs::path& file, const std::string& path, const std::string& reason)
@@ -195,33 +308,22 @@ Edition Edition_Of_Case(const fs::path& file) {
 }
 
 Imported Import_Case(const Session& session, const fs::path& file) {
-    const Case_Record record = Read_Case(file);
-    if (record.edition != session.Tiiki_CD) {
-        throw Case_Error(file, "Tiiki_CD",
-                         "地域CD「" + Code_Of(record.edition) + "」はこのデータフォルダの「" +
-                             Code_Of(session.Tiiki_CD) + "」と違います。");
-    }
-    const auto number = static_cast<std::int32_t>(record.firm.at("管理No").As_Integer());
+    Built_Case built = Build_Case(session, Read_Case(file));
     if (session.Is_Multi()) {
-        Test_Number(session, file, number);
-    }
-    const fs::path target = session.Is_Multi() ? Company_Store(session, number) : session.Work_Store;
-    Imported imported{number, Text_Of(record, "事業所名"), session.Is_Multi() && Is_There(target), {}};
-    File_Replacement replacement =
-        File_Replacement::With_Draft(Find_File(session.App_Path, "morv_set.dat"), target, session.Db_Key);
-    replacement.Change(session.Db_Key, [&](const Connection& cn) {
-        Case_Builder builder(cn, session, record);
-        builder.Build();
-        imported.unsettled = std::move(builder.unsettled);
-        return true;
-    });
-    Keep_Backup(target, session.Db_Key);
-    if (session.Is_Multi()) {
-        Put_Registered_Store(session, {number, imported.name, Text_Of(record, "事業所カナ名")}, replacement);
+        Put_Registered_Stores(session, {&built.store, 1});
     } else {
-        replacement.Commit();
+        built.store.store.Commit();
     }
-    return imported;
+    return std::move(built.imported);
+}
+
+void Import_Cases(const Session& session, std::span<const fs::path> files,
+                  const std::function<void(const Import_End&)>& tell) {
+    Import_Block block(session, tell);
+    for (const fs::path& file : files) {
+        block.Take(file);
+    }
+    block.Put_In_Place();
 }
 
 } // namespace morvane

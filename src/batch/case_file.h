@@ -5,7 +5,11 @@
 #include "session/session.h"
 
 #include <cstdint>
+#include <exception>
 #include <filesystem>
+#include <functional>
+#include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -34,6 +38,18 @@ Edition Edition_Of_Case(const std::filesystem::path& file);
 /// scenario that the case fills. A store that is replaced is kept beside it with the ending .bak (a second
 /// time on one day .bak2). Raises Case_Error, Store_Error.
 Imported Import_Case(const Session& session, const std::filesystem::path& file);
+
+/// The end of one import of many: what it reports, or why it failed.
+struct Import_End {
+    std::optional<Imported> imported;
+    std::exception_ptr failure;
+};
+
+/// Imports files one after the other as Import_Case does and tells the end of each in their order. The
+/// companies of some files are put in place together, with one change of the register; where that fails each
+/// of them is imported alone, so that the failure is told of the file that it belongs to.
+void Import_Cases(const Session& session, std::span<const std::filesystem::path> files,
+                  const std::function<void(const Import_End&)>& tell);
 
 /// A company as a case file; importing it gives the same company. Raises Store_Error.
 Json Export_Case(const Session& session, const std::filesystem::path& store);

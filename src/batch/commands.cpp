@@ -47,28 +47,38 @@ struct Init_Arguments {
     bool edition_given = false;
 };
 
+void Tell_Imported(const Imported& imported) {
+    const std::string name = std::to_string(imported.number) + " " + Shown_Text(imported.name);
+    std::cout << name << (imported.replaced ? "：置き換えました。" : "：取り込みました。") << "\n";
+    for (const std::string& reason : imported.unsettled) {
+        std::cerr << name << "：" << Shown_Text(reason) << "\n";
+    }
+}
+
+std::string Text_Of_Failure(const std::exception_ptr& failure) {
+    try {
+        std::rethrow_exception(failure);
+    } catch (const std::exception& error) {
+        return Failure_Text(error);
+    }
+}
+
 /// Imports the files one after the other; a file that fails is one line, the others go on.
 int Import_All(const Session& session, const std::vector<fs::path>& files) {
     int status = status_done;
     const bool progress = ::isatty(STDERR_FILENO) == 1 && ::isatty(STDOUT_FILENO) == 0 && files.size() > 1;
     std::size_t done = 0;
-    for (const fs::path& file : files) {
-        try {
-            const Imported imported = Import_Case(session, file);
-            std::cout << imported.number << " " << Shown_Text(imported.name)
-                      << (imported.replaced ? "：置き換えました。" : "：取り込みました。") << "\n";
-            for (const std::string& reason : imported.unsettled) {
-                std::cerr << imported.number << " " << Shown_Text(imported.name) << "：" << Shown_Text(reason)
-                          << "\n";
-            }
-        } catch (const std::exception& error) {
-            std::cerr << Failure_Text(error) << "\n";
+    Import_Cases(session, files, [&](const Import_End& end) {
+        if (end.imported) {
+            Tell_Imported(*end.imported);
+        } else {
+            std::cerr << Text_Of_Failure(end.failure) << "\n";
             status = status_failed;
         }
         if (progress) {
             Show_Progress(std::cerr, ++done, files.size());
         }
-    }
+    });
     return status;
 }
 

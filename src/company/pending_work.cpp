@@ -21,17 +21,33 @@ namespace {
 
 constexpr const char* kind_names[] = {"登録", "変更", "削除"};
 
+constexpr const char* further_rows = "同時に登録する事業所";
+
 fs::path Intent_File(const Session& session) {
     return session.App_Path / "pending.json";
+}
+
+void Put_Row(Json& record, const Register_Row& row) {
+    record["事業所CD"] = row.number;
+    record["事業所名"] = row.name;
+    record["事業所カナ名"] = row.kana;
+}
+
+Register_Row Row_Of(const Json& record) {
+    return {Narrow_Double<std::int32_t>(record["事業所CD"].As_Double(), ""), record["事業所名"].As_Text(),
+            record["事業所カナ名"].As_Text()};
 }
 
 std::string Intent_Text(const Work_Intent& intent) {
     Json record;
     record["処理"] = kind_names[static_cast<std::size_t>(intent.kind)];
-    record["事業所CD"] = intent.row.number;
-    record["事業所名"] = intent.row.name;
-    record["事業所カナ名"] = intent.row.kana;
+    Put_Row(record, intent.row);
     record["変更前CD"] = intent.former;
+    Json further = Json::Array();
+    for (const Register_Row& row : intent.further) {
+        Put_Row(further.Add(Json()), row);
+    }
+    record[further_rows] = std::move(further);
     // A name of a foreign register may be no valid text; it is then only not found again.
     return record.Text(true) + "\n";
 }
@@ -45,10 +61,15 @@ std::optional<Work_Intent> Read_Intent(const fs::path& file) {
         if (kind == std::end(kind_names)) {
             return std::nullopt;
         }
-        return Work_Intent{.kind = static_cast<Work_Intent::Kind>(kind - std::begin(kind_names)),
-                           .row = {Narrow_Double<std::int32_t>(record["事業所CD"].As_Double(), ""),
-                                   record["事業所名"].As_Text(), record["事業所カナ名"].As_Text()},
+        Work_Intent intent{.kind = static_cast<Work_Intent::Kind>(kind - std::begin(kind_names)),
+                           .row = Row_Of(record),
                            .former = Narrow_Double<std::int32_t>(record["変更前CD"].As_Double(), "")};
+        if (const Json* further = record.Find(further_rows)) { // older intents have none
+            for (const Json& row : further->Array_Elements()) {
+                intent.further.push_back(Row_Of(row));
+            }
+        }
+        return intent;
     } catch (const std::exception&) {
         return std::nullopt;
     }
@@ -76,11 +97,10 @@ bool Is_Store_Of(const Session& session, const fs::path& store, const Register_R
 }
 
 // The data file stands whole or not at all, and only of a whole one the row is missing or is the former one.
-void Finish_Registration(const Session& session, const Work_Intent& intent) {
-    const fs::path store = Company_Store(session, intent.row.number);
-    if (Is_Store_Of(session, store, intent.row) &&
-        Find_Register_Row(session, intent.row.number) != intent.row) {
-        Put_Register_Row(session, intent.row);
+void Finish_Registration(const Session& session, const Register_Row& row) {
+    if (Is_Store_Of(session, Company_Store(session, row.number), row) &&
+        Find_Register_Row(session, row.number) != row) {
+        Put_Register_Row(session, row);
     }
 }
 
@@ -167,16 +187,25 @@ void Pending_Work::Do(const std::function<void()>& step, std::function<void()> b
     }
 }
 
-void Put_Registered_Store(const Session& session, const Register_Row& row, File_Replacement& store) {
-    const std::optional<Register_Row> former = Find_Register_Row(session, row.number);
-    Pending_Work pending(session, {.kind = Work_Intent::Kind::Registration, .row = row});
-    pending.Do([&] { store.Commit(); }, [&] { store.Undo(); });
-    pending.Do([&] { former == row ? void() : Put_Register_Row(session, row); },
+void Put_Registered_Stores(const Session& session, std::span<Registered_Store> stores) {
+    std::vector<Register_Row> rows;
+    std::vector<std::int32_t> numbers;
+    for (const Registered_Store& put : stores) {
+        rows.push_back(put.row);
+        numbers.push_back(put.row.number);
+    }
+    const std::vector<Register_Row> former = Standing_Rows(session, rows);
+    Pending_Work pending(session, {.kind = Work_Intent::Kind::Registration,
+                                   .row = rows.front(),
+                                   .further = {rows.begin() + 1, rows.end()}});
+    for (Registered_Store& put : stores) {
+        pending.Do([&] { put.store.Commit(); }, [&] { put.store.Undo(); });
+    }
+    pending.Do([&] { former == rows ? void() : Change_Register(session, rows); },
                [&] {
-                   if (Find_Register_Row(session, row.number) == former) {
-                       return;
+                   if (Standing_Rows(session, rows) != former) {
+                       Change_Register(session, former, numbers);
                    }
-                   former ? Put_Register_Row(session, *former) : Remove_Register_Row(session, row.number);
                });
 }
 
@@ -210,7 +239,10 @@ void Finish_Pending_Work(const Session& session) {
                           "事業所一覧とデータファイルが一致していません");
     }
     if (intent && intent->kind == Work_Intent::Kind::Registration) {
-        Finish_Registration(session, *intent);
+        Finish_Registration(session, intent->row);
+        for (const Register_Row& row : intent->further) {
+            Finish_Registration(session, row);
+        }
     } else if (intent && intent->kind == Work_Intent::Kind::Change) {
         Finish_Change(session, *intent);
     } else if (intent) {

@@ -18,8 +18,9 @@ struct Work_Intent {
         Deletion      ///< data file, row
     };
     Kind kind = Kind::Registration;
-    Register_Row row{};      ///< the company as it is to be; in a deletion the one that goes
-    std::int32_t former = 0; ///< its number before a change
+    Register_Row row{};                  ///< the company as it is to be; in a deletion the one that goes
+    std::int32_t former = 0;             ///< its number before a change
+    std::vector<Register_Row> further{}; ///< companies registered together with it
 
     friend bool operator==(const Work_Intent&, const Work_Intent&) = default;
 };
@@ -54,9 +55,15 @@ class Pending_Work {
     bool left = false;
 };
 
-/// Puts the data file of a registered or new company in place, and its row, both or none: one that is killed
-/// between them is finished by the next start. Raises Store_Error.
-void Put_Registered_Store(const Session& session, const Register_Row& row, File_Replacement& store);
+/// A new content of the data file of a registered or new company, with its row.
+struct Registered_Store {
+    Register_Row row;
+    File_Replacement store;
+};
+
+/// Puts data files of different companies in place, and their rows in one step, all or none: what a killed
+/// process leaves between them is finished by the next start. Raises Store_Error.
+void Put_Registered_Stores(const Session& session, std::span<Registered_Store> stores);
 
 /// Moves the data file of company `former` to the place of its new number, which the file then bears. Raises
 /// Store_Error, also where a file stands there already or the file is another company's.

@@ -149,26 +149,42 @@ void Put_Register_Row(const Session& session, const Register_Row& row) {
 }
 
 void Put_Register_Row(const Session& session, const Register_Row& row, std::int32_t former) {
-    const Connection cn = Cn_Open_Jgmas(session);
-    Transaction transaction(cn);
-    if (former != row.number) {
-        Delete_Row(cn, former);
-    }
-    Recordset rows = cn.Open("SELECT * FROM jgmas WHERE 事業所CD=?", row.number);
-    if (rows.Eof()) {
-        rows.Add_New();
-        rows.Set("事業所CD", row.number);
-    }
-    rows.Set("事業所名", row.name);
-    rows.Set("事業所カナ名", row.kana);
-    rows.Update();
-    transaction.Commit();
+    Change_Register(session, {&row, 1}, {&former, former == row.number ? 0U : 1U});
 }
 
 void Remove_Register_Row(const Session& session, std::int32_t number) {
+    Change_Register(session, {}, {&number, 1});
+}
+
+std::vector<Register_Row> Standing_Rows(const Session& session, std::span<const Register_Row> rows) {
+    const Connection cn = Open_Register(session);
+    std::vector<Register_Row> standing;
+    for (const Register_Row& row : rows) {
+        for (Register_Row& found :
+             Rows_Of(cn.Prepare(select_rows + std::string("WHERE 事業所CD=?"), row.number))) {
+            standing.push_back(std::move(found));
+        }
+    }
+    return standing;
+}
+
+void Change_Register(const Session& session, std::span<const Register_Row> rows,
+                     std::span<const std::int32_t> gone) {
     const Connection cn = Cn_Open_Jgmas(session);
     Transaction transaction(cn);
-    Delete_Row(cn, number);
+    for (const std::int32_t number : gone) {
+        Delete_Row(cn, number);
+    }
+    for (const Register_Row& row : rows) {
+        Recordset stored = cn.Open("SELECT * FROM jgmas WHERE 事業所CD=?", row.number);
+        if (stored.Eof()) {
+            stored.Add_New();
+            stored.Set("事業所CD", row.number);
+        }
+        stored.Set("事業所名", row.name);
+        stored.Set("事業所カナ名", row.kana);
+        stored.Update();
+    }
     transaction.Commit();
 }
 

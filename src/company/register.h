@@ -39,6 +39,14 @@ std::vector<Register_Row> Read_Register(const Session& session, std::string_view
 /// The company of that number. Raises Store_Error.
 std::optional<Register_Row> Find_Register_Row(const Session& session, std::int32_t number);
 
+/// The rows that the register has under the numbers of `rows`, in their order. Raises Store_Error.
+std::vector<Register_Row> Standing_Rows(const Session& session, std::span<const Register_Row> rows);
+
+/// Takes the companies `gone` off the register and adds `rows` or changes their names, in one transaction.
+/// Raises Store_Error.
+void Change_Register(const Session& session, std::span<const Register_Row> rows,
+                     std::span<const std::int32_t> gone = {});
+
 /// Adds a company to the register or changes its names; it takes the place of the row `former` where another
 /// number is given. Raises Store_Error.
 void Put_Register_Row(const Session& session, const Register_Row& row);

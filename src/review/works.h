@@ -56,6 +56,12 @@ struct Works {
 /// year, so that at law year 1 theirs stands; the relief comparison goes by the law year.
 enum class W_Form { Of_Eight, By_Law_Year };
 
+/// The form of a scenario. Of another one than the current figures the screen of X2 and W alone stores W,
+/// which it forms by the law year.
+constexpr W_Form W_Form_Of(Scenario scenario) {
+    return scenario == Scenario::Genjo ? W_Form::Of_Eight : W_Form::By_Law_Year;
+}
+
 /// Takes lines and elements of a scenario; `x2` and `y` are the scores computed beforehand. Raises
 /// Run_Time_Error.
 [[nodiscard]] Works Load_Kanko(const Review_Figures& figures, Points x2, Points y);

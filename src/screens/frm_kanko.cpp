@@ -3,11 +3,13 @@
 
 #include "law/law_year.h"
 #include "law/work_types.h"
+#include "screens/gain_line.h"
 #include "session/boxes.h"
 #include "session/kyotu_mod.h"
 #include "session/save_or_stay.h"
 #include "widgets/elided_label.h"
 #include "widgets/entry_cell.h"
+#include "widgets/gain_strip.h"
 #include "widgets/note_button.h"
 #include "widgets/result_strip.h"
 #include "widgets/theme.h"
@@ -15,38 +17,54 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <algorithm>
 
 namespace morvane {
 
 namespace {
 
-Grid_Column Column_Of(const Kanko_Column& column) {
+const char* Group_Of(const Kanko_Column& column, const Screen_Sides& sides) {
+    const Screen_Side& side = column.before && sides.before ? *sides.before : sides.after;
+    return column.group != nullptr ? column.group : side.caption;
+}
+
+// A figure is whole and not negative.
+void Make_Entry(Grid_Column& shown, Kanko_Use use, bool read_only) {
+    shown.use = Cell_Use::Entry;
+    shown.kind = Entry_Kind::Digits;
+    shown.max_length = use == Kanko_Use::Amount ? 10 : 5;
+    shown.align = Qt::AlignRight;
+    shown.format = [](const Value& value) { return QString::fromStdString(Comma_Str(value)); };
+    // Engineers belong to work types; the line of other works has none.
+    shown.locked = [use, read_only](int row) {
+        return read_only || (use == Kanko_Use::Count && Line_Of_Row(row) >= scored_lines);
+    };
+}
+
+Grid_Column Column_Of(const Kanko_Column& column, const Screen_Sides& sides) {
     Grid_Column shown{.name = column.name,
                       .heading = column.heading,
-                      .group = column.group,
+                      .group = Group_Of(column, sides),
                       .use = Cell_Use::Shown,
                       .width = column.width};
     switch (column.use) {
     case Kanko_Use::Amount:
     case Kanko_Use::Count:
-        // A figure is whole and not negative.
-        shown.use = Cell_Use::Entry;
-        shown.kind = Entry_Kind::Digits;
-        shown.max_length = column.use == Kanko_Use::Amount ? 10 : 5;
-        shown.align = Qt::AlignRight;
-        shown.format = [](const Value& value) { return QString::fromStdString(Comma_Str(value)); };
+        Make_Entry(shown, column.use, sides.read_only);
+        break;
+    case Kanko_Use::Gain:
+        shown.format = [](const Value& value) {
+            return QString::fromStdString(Gain_Str(static_cast<std::int32_t>(value.As_Integer())));
+        };
         break;
     case Kanko_Use::Check:
         shown.button = "計算";
         shown.use = Cell_Use::Button;
         break;
+    case Kanko_Use::Kept:
     case Kanko_Use::Result:
     case Kanko_Use::Score:
         break;
-    }
-    if (column.use == Kanko_Use::Count) {
-        // Engineers belong to work types; the line of other works has none.
-        shown.locked = [](int row) { return Line_Of_Row(row) >= scored_lines; };
     }
     return shown;
 }
@@ -54,9 +72,15 @@ Grid_Column Column_Of(const Kanko_Column& column) {
 std::vector<Grid_Column> Columns_Of(const Kanko_Screen& screen) {
     std::vector<Grid_Column> columns;
     for (const Kanko_Column& column : screen.columns) {
-        columns.push_back(Column_Of(column));
+        columns.push_back(Column_Of(column, screen.sides));
     }
     return columns;
+}
+
+// What an entry may change; the side before stays as it was.
+bool Is_Calculated(const Kanko_Column& column) {
+    return !column.before && (column.use == Kanko_Use::Result || column.use == Kanko_Use::Score ||
+                              column.use == Kanko_Use::Gain);
 }
 
 // A line that is part of the one above it stands in from it.
@@ -68,6 +92,29 @@ std::vector<std::vector<std::string>> Captions_Of_Rows() {
         rows.push_back({std::string(type.label), (Is_Sub_Line(line) ? "　" : "") + std::string(type.name)});
     }
     return rows;
+}
+
+// The column in which the keying begins.
+int First_Keyed(const Kanko_Screen& screen) {
+    const auto first = std::find_if(screen.columns.begin(), screen.columns.end(),
+                                    [](const Kanko_Column& column) { return Is_Keyed(column.use); });
+    return static_cast<int>(first - screen.columns.begin());
+}
+
+constexpr const char* basis_tip = "総合評点（Ｐ）の計算に使う、ほかの画面の評点です。";
+
+QString Basis_Text(const Works::Scores& scores) {
+    return QStringLiteral("Ｙ %1　Ｘ２ %2　Ｗ %3")
+        .arg(scores.Y.Count())
+        .arg(scores.X2.Count())
+        .arg(scores.W.Count());
+}
+
+std::string Fault_Text(const Kanko_Entry& entry) {
+    if (entry.Fault()) {
+        return entry.Fault()->what();
+    }
+    return entry.Fault_Before() ? std::string("比較する数値：") + entry.Fault_Before()->what() : "";
 }
 
 Value Shown_Value(std::optional<std::int32_t> number) {
@@ -103,7 +150,12 @@ QWidget* Frm_Kanko::Make_Head() {
     auto* head = new QHBoxLayout(line);
     head->setContentsMargins(0, 0, 0, 0);
     head->setSpacing(8);
-    if (!entry.screen.gijutu) {
+    if (*entry.screen.subject != 0) {
+        auto* subject = new QLabel(QString::fromUtf8(entry.screen.subject));
+        subject->setObjectName(QStringLiteral("Lbl_Subject"));
+        head->addWidget(subject);
+    }
+    if (entry.screen.Has_Years()) {
         Kanko_Avg = new Entry_Cell(Entry_Kind::Choice);
         Kanko_Avg->setObjectName(QStringLiteral("Kanko_Avg"));
         Kanko_Avg->setAccessibleName(QStringLiteral("完成工事高の平均年数"));
@@ -111,18 +163,19 @@ QWidget* Frm_Kanko::Make_Head() {
         Kanko_Avg->setMaxLength(1);
         Kanko_Avg->Set_Width(2);
         Wire(Kanko_Avg, &Entry_Cell::Left, [this] { Take_Avg(); });
-        connect(Kanko_Avg, &Entry_Cell::Next_Field, grid, [this] { grid->Focus_Cell(0, 0); });
+        connect(Kanko_Avg, &Entry_Cell::Next_Field, grid,
+                [this] { grid->Focus_Cell(0, First_Keyed(entry.screen)); });
         auto* hint = new Elided_Label;
         hint->setText(QStringLiteral("年平均（２年平均：2　３年平均：3）"));
         theme::Set_Look(hint, "muted");
         hint->setFont(theme::Gothic(9));
-        head->addWidget(new QLabel(QStringLiteral("完成工事高の採用")));
+        Kanko_Avg->Set_Locked(entry.screen.sides.read_only);
         head->addWidget(Kanko_Avg);
         head->addWidget(hint);
     }
     head->addStretch(1);
     basis->setObjectName(QStringLiteral("Lbl_Basis"));
-    basis->setToolTip(QStringLiteral("総合評点（Ｐ）の計算に使う、ほかの画面の評点です。"));
+    basis->setToolTip(QString::fromUtf8(basis_tip));
     head->addWidget(basis);
     fault->setObjectName(QStringLiteral("Lbl_Fault"));
     theme::Set_Look(fault, "fault");
@@ -139,6 +192,14 @@ QWidget* Frm_Kanko::Make_Head() {
 
 // The columns of the scores may be scrolled out of view while figures are keyed at the left.
 QWidget* Frm_Kanko::Make_Strip() {
+    connect(grid, &Entry_Grid::Cell_Entered, this, [this] { Show_Row_In_Hand(); });
+    QWidget* line = entry.screen.sides.before ? gain_strip = new Gain_Strip : Make_Result_Strip();
+    line->setMaximumWidth(grid->maximumWidth());
+    Show_Row_In_Hand();
+    return line;
+}
+
+QWidget* Frm_Kanko::Make_Result_Strip() {
     std::vector<Result_Figure> figures;
     for (const Kanko_Column& column : entry.screen.columns) {
         if (column.use == Kanko_Use::Score) {
@@ -148,15 +209,14 @@ QWidget* Frm_Kanko::Make_Strip() {
                                .strong = is_p});
         }
     }
-    strip = new Result_Strip(figures);
-    strip->setMaximumWidth(grid->maximumWidth());
-    connect(grid, &Entry_Grid::Cell_Entered, this, [this] { Show_Row_In_Hand(); });
-    Show_Row_In_Hand();
-    return strip;
+    return strip = new Result_Strip(figures);
 }
 
 void Frm_Kanko::Show_Row_In_Hand() {
     const int row = grid->Current().row;
+    if (gain_strip != nullptr && row >= 0) {
+        Show_Gain(*gain_strip, entry.Gain(), Line_Of_Row(row));
+    }
     if (strip == nullptr || row < 0) {
         return;
     }
@@ -173,7 +233,9 @@ void Frm_Kanko::Show_Row_In_Hand() {
 void Frm_Kanko::Make_Grid() {
     grid->setObjectName(QStringLiteral("grid"));
     grid->Set_Captions({{"工種", 4}, {"工種名", 14}}, Captions_Of_Rows());
-    grid->Set_Totals({{entry.screen.total_caption, "_Kei"}});
+    if (entry.screen.total_caption != nullptr) {
+        grid->Set_Totals({{entry.screen.total_caption, "_Kei"}});
+    }
     grid->Set_Keys({.wrap = Grid_Wrap::Stop, .enter_along_row = true, .arrows_leave = true});
     grid->on_left = [this](int row, int column) { return Take({{row, column}}); };
     grid->on_block = [this](const std::vector<Cell_At>& cells) { return Take(cells); };
@@ -189,29 +251,37 @@ void Frm_Kanko::Make_Buttons() {
     Add_Help_Button();
     Add_Menu_Button();
     buttons->insertWidget(2, new Note_Button(shell));
-    const Kanko_Screen& screen = entry.screen;
-    auto* sister =
-        Add_Button(QString::fromUtf8(screen.sister_button), QString::fromUtf8(screen.sister_caption));
-    auto* print = Add_Button(QStringLiteral("Prt"), QStringLiteral("計算結果印刷"));
+    for (const Kanko_Button& sister : entry.screen.sisters) {
+        auto* button = Add_Button(QString::fromUtf8(sister.name), QString::fromUtf8(sister.caption));
+        Wire(button, &QPushButton::clicked,
+             [this, &sister] { shell.Replace_Form(this, QString::fromUtf8(sister.form)); });
+    }
+    for (const Kanko_Button& report : entry.screen.reports) {
+        auto* button = Add_Button(QString::fromUtf8(report.name), QString::fromUtf8(report.caption));
+        Wire(button, &QPushButton::clicked, [this, &report] { Print(report); });
+    }
     auto* close = Add_Button(QStringLiteral("Tojiru"), QStringLiteral("閉じる"), "primary");
-    Wire(sister, &QPushButton::clicked,
-         [this] { shell.Replace_Form(this, QString::fromUtf8(entry.screen.sister)); });
-    Wire(print, &QPushButton::clicked, [this] {
-        if (Finish_Entry() && Save_First()) {
-            Focus_Field(); // where the keying goes on after the report
-            shell.Open_Form(QString::fromUtf8(Law_Of(shell.session.Simyu_Kubun).result_report));
-        }
-    });
     connect(close, &QPushButton::clicked, this, &Frm_Kanko::reject);
+}
+
+void Frm_Kanko::Print(const Kanko_Button& report) {
+    if (Finish_Entry() && Save_First()) {
+        Focus_Field(); // where the keying goes on after the report
+        shell.Open_Form(QString::fromUtf8(
+            report.form != nullptr ? report.form : Law_Of(shell.session.Simyu_Kubun).result_report));
+    }
 }
 
 // ---- entries and results
 
 bool Frm_Kanko::Take(const std::vector<Cell_At>& cells) {
+    if (entry.screen.sides.read_only) {
+        return true; // a locked cell was left
+    }
     return shell.Guard([&] {
         std::vector<Kanko_Entered> entered;
         for (const Cell_At at : cells) {
-            if (entry.screen.columns[static_cast<std::size_t>(at.column)].figure == nullptr) {
+            if (!Is_Keyed(entry.screen.columns[static_cast<std::size_t>(at.column)].use)) {
                 continue;
             }
             const Value value = grid->Get_Value(at.row, at.column);
@@ -225,6 +295,9 @@ bool Frm_Kanko::Take(const std::vector<Cell_At>& cells) {
 }
 
 void Frm_Kanko::Take_Avg() {
+    if (entry.screen.sides.read_only) {
+        return;
+    }
     const Value years = Kanko_Avg->Entry();
     try {
         entry.Take_Kanko_Avg(years.Is_Null() ? 2 : static_cast<std::int32_t>(years.As_Integer()));
@@ -237,51 +310,60 @@ void Frm_Kanko::Take_Avg() {
     Set_Cmd_Enable();
 }
 
+// What no calculation changes: what is keyed, and the side before.
 void Frm_Kanko::Show_Entries() {
     for (int column = 0; column < grid->Column_Count(); ++column) {
-        const Kanko_Use use = entry.screen.columns[static_cast<std::size_t>(column)].use;
-        if (use != Kanko_Use::Amount && use != Kanko_Use::Count) {
-            continue;
+        const Kanko_Column& shown = entry.screen.columns[static_cast<std::size_t>(column)];
+        if (Is_Keyed(shown.use) || shown.before) {
+            Show_Column(column);
         }
-        for (int row = 0; row < kanko_rows; ++row) {
-            grid->Set_Value(row, column, Shown_Value(entry.Shown(row, column)));
+        if (shown.before) {
+            Show_Total(column);
         }
     }
 }
 
+void Frm_Kanko::Show_Column(int column) {
+    for (int row = 0; row < kanko_rows; ++row) {
+        grid->Set_Value(row, column, Shown_Value(entry.Shown(row, column)));
+    }
+}
+
+void Frm_Kanko::Show_Total(int column) {
+    if (entry.screen.total_caption != nullptr) {
+        grid->Set_Total(0, column, Shown_Value(entry.Shown_Total(column)));
+    }
+}
+
 void Frm_Kanko::Show_Years() {
-    const std::string years = std::to_string(entry.Kanko_Avg());
     for (int column = 0; column < grid->Column_Count(); ++column) {
         const Kanko_Column& shown = entry.screen.columns[static_cast<std::size_t>(column)];
-        if (shown.name == std::string_view("Nheikin")) {
-            grid->Set_Heading(column, years + shown.heading);
+        if (std::string_view(shown.name).ends_with("Nheikin")) {
+            grid->Set_Heading(column, std::to_string(entry.Kanko_Avg(shown)) + shown.heading);
         }
     }
     if (Kanko_Avg != nullptr) {
-        Kanko_Avg->Set_Value(years);
+        Kanko_Avg->Set_Value(std::to_string(entry.Kanko_Avg()));
     }
 }
 
 void Frm_Kanko::Show_Kanko() {
     for (int column = 0; column < grid->Column_Count(); ++column) {
-        const Kanko_Use use = entry.screen.columns[static_cast<std::size_t>(column)].use;
-        if (use == Kanko_Use::Result || use == Kanko_Use::Score) {
-            for (int row = 0; row < kanko_rows; ++row) {
-                grid->Set_Value(row, column, Shown_Value(entry.Shown(row, column)));
-            }
+        const Kanko_Column& shown = entry.screen.columns[static_cast<std::size_t>(column)];
+        if (Is_Calculated(shown)) {
+            Show_Column(column);
         }
-        grid->Set_Total(0, column, Shown_Value(entry.Shown_Total(column)));
+        if (!shown.before) {
+            Show_Total(column);
+        }
     }
     Show_Row_In_Hand();
-    const Works::Scores& scores = entry.Scores();
-    const bool computed = !entry.Fault();
-    basis->setText(computed ? QStringLiteral("Ｙ %1　Ｘ２ %2　Ｗ %3")
-                                  .arg(scores.Y.Count())
-                                  .arg(scores.X2.Count())
-                                  .arg(scores.W.Count())
-                            : QString());
-    fault->setText(computed ? QString() : QString::fromUtf8(entry.Fault()->what()));
-    fault->setHidden(computed);
+    basis->setText(entry.Fault() ? QString() : Basis_Text(entry.Scores()));
+    if (const Works::Scores* before = entry.Scores_Before()) {
+        basis->setToolTip(QString::fromUtf8(basis_tip) + QStringLiteral("\n改善前：") + Basis_Text(*before));
+    }
+    fault->setText(QString::fromStdString(Fault_Text(entry)));
+    fault->setHidden(fault->text().isEmpty());
 }
 
 void Frm_Kanko::Set_Cmd_Enable() {

@@ -11,11 +11,13 @@ class QLabel;
 namespace morvane {
 
 class Entry_Cell;
+class Gain_Strip;
 class Result_Strip;
 
 /// The screens of the work types: completed work with X1 and P (Frm_Kanko), engineers and prime-contract work
-/// with Z (Frm_Kanko2). Leaving any field runs the whole calculation; closing stores. Where storing fails the
-/// screen stays with everything that was keyed.
+/// with Z (Frm_Kanko2), and the same with another side before them to compare with (Frm_KankoKaiz,
+/// Frm_KankoKaiz2, Frm_KankoKaiz3), where what is keyed is in three screens. Leaving any field runs the whole
+/// calculation; closing stores. Where storing fails the screen stays with everything that was keyed.
 class Frm_Kanko : public Form {
     Q_OBJECT
 
@@ -29,12 +31,16 @@ class Frm_Kanko : public Form {
   private:
     void Make_Grid();
     [[nodiscard]] QWidget* Make_Strip();
+    [[nodiscard]] QWidget* Make_Result_Strip();
     [[nodiscard]] QWidget* Make_Head();
     void Make_Buttons();
+    void Print(const Kanko_Button& report);
 
     bool Take(const std::vector<Cell_At>& cells);
     void Take_Avg();
     void Show_Entries();
+    void Show_Column(int column);
+    void Show_Total(int column);
     void Show_Years();
     void Show_Kanko();
     void Show_Row_In_Hand();
@@ -46,10 +52,11 @@ class Frm_Kanko : public Form {
     Kanko_Entry entry;
     Check_Opener checks{*this, shell};
     Entry_Grid* grid;
-    Entry_Cell* Kanko_Avg = nullptr; ///< on the screen of completed work
-    Result_Strip* strip = nullptr;   ///< the scores of the work type in hand
-    QLabel* basis;                   ///< the scores that P takes besides
-    QLabel* fault;                   ///< why nothing can be computed
+    Entry_Cell* Kanko_Avg = nullptr;  ///< on the screen of completed work
+    Result_Strip* strip = nullptr;    ///< the scores of the work type in hand
+    Gain_Strip* gain_strip = nullptr; ///< in its place where two sides are compared: what P gains
+    QLabel* basis;                    ///< the scores that P takes besides
+    QLabel* fault;                    ///< why nothing can be computed
 };
 
 } // namespace morvane

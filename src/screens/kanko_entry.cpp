@@ -21,22 +21,39 @@ std::int32_t Within_Column(Kanko_Use use, std::int64_t number) {
                                    : Narrow<std::int32_t>(number, "完成工事高");
 }
 
+// The lines of a side with the scores that P takes besides.
+Works Loaded_Works(const Review_Figures& figures) {
+    const Statement_Scores scores = Calc_Statement(figures);
+    return Load_Kanko(figures, scores.x2.score, scores.y.score);
+}
+
 } // namespace
 
-Kanko_Entry::Kanko_Entry(const Session& session, const Kanko_Screen& screen_row)
-    : screen(screen_row), after(Loaded(session, screen.sides.after)) {
+Kanko_Entry::Kanko_Entry(const Session& session, const Kanko_Screen& screen_row) : screen(screen_row) {
+    Start_Sides(session, screen.sides);
+    after = Loaded(session, screen.sides.after);
     Calculate_Or_Tell(after);
     if (screen.sides.before) {
-        before = Loaded(session, *screen.sides.before);
-        Calculate_Or_Tell(*before);
+        before = Loaded_Before(session, *screen.sides.before);
     }
 }
 
 Kanko_Entry::Held_Side Kanko_Entry::Loaded(const Session& session, const Screen_Side& side) {
-    Held_Side loaded = {Load_Review(session, side.Of(session)), {}, {}};
-    const Review_Figures& figures = loaded.figures;
-    const Statement_Scores scores = Calc_Statement(figures);
-    loaded.works = Load_Kanko(figures, scores.x2.score, scores.y.score);
+    Held_Side loaded = {Load_Review(session, side.Of(session)), {}, side.scenario, {}};
+    loaded.works = Loaded_Works(loaded.figures);
+    return loaded;
+}
+
+// What is only shown keeps no screen from opening.
+Kanko_Entry::Held_Side Kanko_Entry::Loaded_Before(const Session& session, const Screen_Side& side) const {
+    Held_Side loaded = {Load_Review(session, side.Of(session)), {}, side.scenario, {}};
+    loaded.works.lines = loaded.figures.works;
+    try {
+        loaded.works = Loaded_Works(loaded.figures);
+        Calculate(loaded);
+    } catch (const Run_Time_Error& error) {
+        loaded.fault = error;
+    }
     return loaded;
 }
 
@@ -44,7 +61,7 @@ void Kanko_Entry::Reload(const Session& session) {
     auto keyed = after.works.lines;
     after = Loaded(session, screen.sides.after);
     for (const Kanko_Column& column : screen.columns) {
-        if (column.use != Kanko_Use::Amount && column.use != Kanko_Use::Count) {
+        if (!Is_Keyed(column.use)) {
             continue;
         }
         for (std::size_t i = 0; i < keyed.size(); ++i) {
@@ -64,8 +81,12 @@ void Kanko_Entry::Calculate_Or_Tell(Held_Side& side) const {
 }
 
 void Kanko_Entry::Calculate(Held_Side& side) const {
-    side.works =
-        screen.gijutu ? Calc_Gijutu_All(side.works, side.figures) : Calc_Kanko_All(side.works, side.figures);
+    if (screen.part != Kanko_Part::Completed) {
+        side.works = Calc_Gijutu_All(side.works, side.figures);
+    }
+    if (screen.part != Kanko_Part::Technical) {
+        side.works = Calc_Kanko_All(side.works, side.figures, W_Form_Of(side.scenario));
+    }
 }
 
 template <class Held>
@@ -105,9 +126,13 @@ void Kanko_Entry::Take_Kanko_Avg(std::int32_t years) {
     Change(after.works.Kanko_Avg, years);
 }
 
-std::optional<std::int32_t> Kanko_Entry::Shown(const Held_Side& side, int row, int column) const {
+std::optional<std::int32_t> Kanko_Entry::Shown(int row, int column) const {
     const Kanko_Column& shown = Column(screen, column);
     const std::size_t index = Line_Of_Row(row);
+    if (shown.use == Kanko_Use::Gain) {
+        return Change_Of(index).Difference();
+    }
+    const Held_Side& side = Side_Of(shown);
     Work_Line line = side.works.lines[index];
     const Figure& figure = shown.figure(line);
     bool is_seen = figure.up;
@@ -118,27 +143,39 @@ std::optional<std::int32_t> Kanko_Entry::Shown(const Held_Side& side, int row, i
     return is_seen ? std::optional(figure.value) : std::nullopt;
 }
 
-std::optional<std::int32_t> Kanko_Entry::Shown(int row, int column) const {
-    return Shown(after, row, column);
+P_Change Kanko_Entry::Change_Of(std::size_t line) const {
+    const auto p_of = [line](const Held_Side& side) {
+        const Work_Line& of = side.works.lines[line];
+        const bool is_seen = !side.fault && line < scored_lines && Shows(of, Kanko_Shows::With_Work);
+        return is_seen ? std::optional(of.P.value) : std::nullopt;
+    };
+    return before ? P_Change{p_of(*before), p_of(after)} : P_Change{};
 }
 
-std::optional<std::int32_t> Kanko_Entry::Shown_Before(int row, int column) const {
-    return before ? Shown(*before, row, column) : std::nullopt;
+P_Gain Kanko_Entry::Gain() const {
+    P_Changes lines;
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        lines[i] = Change_Of(i);
+    }
+    return P_Gain_Of(lines);
 }
 
 std::optional<std::int32_t> Kanko_Entry::Shown_Total(int column) const {
-    const auto total = Column(screen, column).total;
-    if (total == nullptr || after.fault) {
+    const Kanko_Column& shown = Column(screen, column);
+    const Held_Side& side = Side_Of(shown);
+    if (shown.total == nullptr || side.fault) {
         return std::nullopt;
     }
-    const Works& works = after.works;
-    return total(screen.gijutu ? works.motouke : works.totals, works.Kanko_Avg).Count();
+    const bool completed = screen.part == Kanko_Part::Completed;
+    const Works& works = side.works;
+    return shown.total(completed ? works.totals : works.motouke, works.Kanko_Avg).Count();
 }
 
 bool Kanko_Entry::Can_Check(int row) const {
     const std::size_t index = Line_Of_Row(row);
-    const Work_Line& line = after.works.lines[index];
-    const bool has_text = Shows(line, screen.gijutu ? Kanko_Shows::With_Any : Kanko_Shows::With_Work);
+    const bool completed = screen.part == Kanko_Part::Completed;
+    const bool has_text =
+        Shows(after.works.lines[index], completed ? Kanko_Shows::With_Work : Kanko_Shows::With_Any);
     return !after.fault && has_text && index < scored_lines;
 }
 
@@ -151,7 +188,7 @@ void Kanko_Entry::Save(const Session& session) const {
         if (after.fault) {
             throw Run_Time_Error(*after.fault);
         }
-        Store_Works(cn, side, after.works, screen.gijutu);
+        Store_Works(cn, side, after.works, screen.part == Kanko_Part::Technical);
     });
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "law/run_time_error.h"
+#include "review/p_gain.h"
 #include "review/y_calc.h"
 #include "screens/kanko_table.h"
 
@@ -21,13 +22,19 @@ struct Kanko_Entered {
 /// indexes, columns those of the screen's table.
 class Kanko_Entry {
   public:
-    /// Reads the sides of the screen and calculates, as it does when it opens: Y, X2, then the lines. Raises
-    /// Store_Error, and Run_Time_Error where Y or X2 cannot be computed.
+    /// Reads the sides of the screen and calculates, as it does when it opens: Y, X2, then the lines. An
+    /// improvement is started by its first visit. Raises Store_Error, and Run_Time_Error where Y or X2 of
+    /// what is edited cannot be computed.
     Kanko_Entry(const Session& session, const Kanko_Screen& screen_row);
 
     /// Why the lines as they are stored cannot be calculated; empty where they can. Then there are no
     /// results, and the screen is there to correct the figures.
     [[nodiscard]] const std::optional<Run_Time_Error>& Fault() const { return after.fault; }
+
+    /// Why the side before has no results; empty where it has, and where there is none.
+    [[nodiscard]] std::optional<Run_Time_Error> Fault_Before() const {
+        return before ? before->fault : std::nullopt;
+    }
 
     /// Takes entries and runs the whole calculation over all lines. Raises Run_Time_Error where a figure or a
     /// score leaves its width; nothing has changed then. While there is a fault it takes what it is given and
@@ -37,11 +44,11 @@ class Kanko_Entry {
     /// Takes the years of the average, 2 or 3, in the same way.
     void Take_Kanko_Avg(std::int32_t years);
 
-    /// The number that a cell shows; empty where it shows nothing.
+    /// The number that a cell shows, of the side that its column belongs to; empty where it shows nothing.
     [[nodiscard]] std::optional<std::int32_t> Shown(int row, int column) const;
 
-    /// The same of the side before; empty also where the screen has none.
-    [[nodiscard]] std::optional<std::int32_t> Shown_Before(int row, int column) const;
+    /// What the side before has become; no line of a screen with one side has a difference.
+    [[nodiscard]] P_Gain Gain() const;
 
     /// The total of a column; empty where it has none.
     [[nodiscard]] std::optional<std::int32_t> Shown_Total(int column) const;
@@ -49,8 +56,15 @@ class Kanko_Entry {
     /// Whether the calculation checks of a line can be opened: it shows scores.
     [[nodiscard]] bool Can_Check(int row) const;
 
+    /// The years of the average of the side that a column belongs to.
+    [[nodiscard]] std::int32_t Kanko_Avg(const Kanko_Column& column) const {
+        return Side_Of(column).works.Kanko_Avg;
+    }
     [[nodiscard]] std::int32_t Kanko_Avg() const { return after.works.Kanko_Avg; }
     [[nodiscard]] const Works::Scores& Scores() const { return after.works.scores; }
+    [[nodiscard]] const Works::Scores* Scores_Before() const {
+        return before && !before->fault ? &before->works.scores : nullptr;
+    }
 
     /// Stores what the screen holds and settles the scores of its side (Store_And_Settle) in one transaction;
     /// nothing where it is read only. Raises Store_Error, and Run_Time_Error while there is a fault or where
@@ -69,13 +83,18 @@ class Kanko_Entry {
     struct Held_Side {
         Review_Figures figures;
         Works works;
+        Scenario scenario = Scenario::Genjo;
         std::optional<Run_Time_Error> fault;
     };
 
     [[nodiscard]] static Held_Side Loaded(const Session& session, const Screen_Side& side);
+    [[nodiscard]] Held_Side Loaded_Before(const Session& session, const Screen_Side& side) const;
     void Calculate(Held_Side& side) const;
     void Calculate_Or_Tell(Held_Side& side) const;
-    [[nodiscard]] std::optional<std::int32_t> Shown(const Held_Side& side, int row, int column) const;
+    [[nodiscard]] const Held_Side& Side_Of(const Kanko_Column& column) const {
+        return column.before && before ? *before : after;
+    }
+    [[nodiscard]] P_Change Change_Of(std::size_t line) const;
     template <class Held>
     void Change(Held& held, const Held& next);
 

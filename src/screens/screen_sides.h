@@ -29,4 +29,13 @@ struct Screen_Sides {
 /// The current figures of the period in hand alone.
 inline constexpr Screen_Sides current_figures = {};
 
+/// The improvement of the period in hand beside its current figures.
+inline constexpr Screen_Sides improved_figures = {
+    .after = {.scenario = Scenario::Kaizen, .caption = "改 善 シ ミ ュ レ ー シ ョ ン 後"},
+    .before = Screen_Side{.caption = "改 善 シ ミ ュ レ ー シ ョ ン 前"}};
+
+/// What a screen does before it reads its sides: an improvement that is edited is started by its first visit.
+/// Raises Store_Error, Run_Time_Error.
+void Start_Sides(const Session& session, const Screen_Sides& sides);
+
 } // namespace morvane

@@ -45,6 +45,11 @@ std::string Comma_Str(const Value& value) {
     return sign + grouped + decimals;
 }
 
+std::string Gain_Str(std::int32_t difference) {
+    const std::string number = Comma_Str(std::int64_t{difference});
+    return difference > 0 ? "↑ +" + number : difference < 0 ? "↓ " + number : "±" + number;
+}
+
 std::string Fixed_Str(float figure, int decimals) {
     // 12.35 as a float lies below 12.35: the half is that of the digits it stands for.
     std::array<char, 64> digits{};

@@ -23,6 +23,10 @@ std::string Comma_Str(Quantity<Unit, Width> figure) {
     return Comma_Str(Value(figure.Count()));
 }
 
+/// A difference of scores with an arrow and its sign, so that it is read without a colour: "↑ +12", "↓ -3",
+/// "±0". The triangles that mark a rise elsewhere mark a negative amount in Japanese statements.
+std::string Gain_Str(std::int32_t difference);
+
 /// A single-precision figure with fixed decimals: its decimal digits are rounded, a half away from zero.
 std::string Fixed_Str(float figure, int decimals);
 

@@ -52,4 +52,11 @@ void Result_Strip::Set_Text(const std::string& name, const QString& text) {
     by_name.at(name)->setText(text);
 }
 
+void Result_Strip::Set_Colour(const std::string& name, QRgb colour) {
+    QLabel* shown = by_name.at(name);
+    QPalette palette = shown->palette();
+    palette.setColor(QPalette::WindowText, QColor(colour));
+    shown->setPalette(palette);
+}
+
 } // namespace morvane

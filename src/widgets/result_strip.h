@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
+#include <QColor>
 #include <QFrame>
 #include <map>
 #include <span>
@@ -13,7 +14,7 @@ namespace morvane {
 /// One figure of a Result_Strip.
 struct Result_Figure {
     std::string name; ///< objectName of what shows it
-    std::string caption;
+    std::string caption = {};
     bool strong = false; ///< the score that the screen is for
 };
 
@@ -33,6 +34,9 @@ class Result_Strip : public QFrame {
 
     /// Shows a figure as text. Raises std::out_of_range for a name that the strip does not have.
     void Set_Text(const std::string& name, const QString& text);
+
+    /// Shows a figure in a colour. Raises std::out_of_range in the same way.
+    void Set_Colour(const std::string& name, QRgb colour);
 
   private:
     QLabel* subject_label;

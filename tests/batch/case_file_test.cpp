@@ -424,9 +424,15 @@ TEST_F(Case_Test, Refusals_Name_The_Place_And_Write_Nothing) {
     EXPECT_THROW(Import_Case(session, folder.path / "none.json"), Store_Error);
 }
 
-// File and row come together, whatever fails or kills between them.
+// File and row come together, whatever fails or kills between them, also of companies put in place together.
 TEST_F(Case_Test, No_Failing_Write_Separates_An_Import_From_Its_Row) {
     Import(Firm(7));
+    json other = Firm(9);
+    other["Jigyo_mas"]["事業所名"] = "同時";
+    Write_Text_File(case_file, other.dump());
+    Import_Case(session, case_file);
+    fs::rename(Store(9), beside.path / "second.dat");
+    Remove_Register_Row(session, 9);
     json renamed = Firm(7);
     renamed["Jigyo_mas"]["事業所名"] = "改名";
     for (const json& record : {Firm(8), renamed}) {
@@ -443,13 +449,20 @@ TEST_F(Case_Test, No_Failing_Write_Separates_An_Import_From_Its_Row) {
         Write_Files(folder.path, files);
         Fail_Every_Write([&] { Write_Files(folder.path, files); },
                          [&] {
-                             File_Replacement replacement =
-                                 File_Replacement::With_Store(built, store, session.Db_Key);
-                             Put_Registered_Store(session, {number, name, "ﾐﾎﾝ"}, replacement);
+                             const auto put = [&](std::int32_t to, const fs::path& content) {
+                                 return Registered_Store{
+                                     {to, to == number ? name : "同時", "ﾐﾎﾝ"},
+                                     File_Replacement::With_Store(content, Store(to), session.Db_Key)};
+                             };
+                             std::vector<Registered_Store> stores;
+                             stores.push_back(put(number, built));
+                             stores.push_back(put(9, beside.path / "second.dat"));
+                             Put_Registered_Stores(session, stores);
                          },
                          [&](Outcome outcome) {
                              Sweep_Drafts(folder.path);
                              Finish_Pending_Work(session);
+                             EXPECT_EQ(fs::exists(Store(9)), Find_Register_Row(session, 9).has_value());
                              const auto now = Find_Register_Row(session, number);
                              if (!fs::exists(store)) {
                                  EXPECT_FALSE(now.has_value());
@@ -464,6 +477,29 @@ TEST_F(Case_Test, No_Failing_Write_Separates_An_Import_From_Its_Row) {
                          });
         Write_Files(folder.path, files);
     }
+}
+
+// Each file has its end, in their order: among those put in place together a company given twice, a case
+// that is none, and a place that refuses the whole block.
+TEST_F(Case_Test, Many_Imports_Fail_One_By_One) {
+    std::vector<fs::path> files;
+    for (const int number : {7, 8, 7, 0, 9, 10}) {
+        files.push_back(beside.path / (std::to_string(files.size()) + ".json"));
+        Write_Text_File(files.back(), Firm(number).dump());
+    }
+    const auto ends = [&] {
+        std::string told;
+        Import_Cases(session, files, [&](const Import_End& end) {
+            told += !end.imported ? "-" : end.imported->replaced ? "r" : "n";
+        });
+        return told;
+    };
+    EXPECT_EQ(ends(), "nnr-nn");
+    EXPECT_EQ(Read_Register(session).size(), 4U);
+    // Company 9 fails in the end: a journal that cannot be removed stands in its way.
+    fs::create_directories(Store(9).string() + "-journal/x");
+    EXPECT_EQ(ends(), "rrr--r");
+    EXPECT_EQ(Read_Register(session).size(), 4U);
 }
 
 TEST_F(Case_Test, A_Company_Left_In_Hand_Is_Not_Replaced) {

@@ -103,7 +103,7 @@ class One_Result : public Installation, public ::testing::WithParamInterface<con
                 entry.Take({&keyed, 1});
             }
         }
-        if (!entry.screen.gijutu && random() % 3 == 0) {
+        if (entry.screen.Has_Years() && random() % 3 == 0) {
             entry.Take_Kanko_Avg(2 + Up_To(1));
         }
         Leave(entry, &Kanko_Entry::Save, entry.Fault());

@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "screens/gain_line.h"
+
+#include "widgets/gain_strip.h"
+
+#include <algorithm>
+
+namespace morvane {
+
+namespace {
+
+// "上昇 3　下降 1"; a work type with P on one side alone has no difference and is told besides.
+QString Counts_Of(const P_Gain& gain) {
+    const bool has_p = std::any_of(gain.lines.begin(), gain.lines.end(),
+                                   [](const P_Change& line) { return line.before || line.after; });
+    if (!has_p) {
+        return {};
+    }
+    QString counts = QStringLiteral("上昇 %1　下降 %2").arg(gain.risen).arg(gain.fallen);
+    for (const auto& [word, count] :
+         {std::pair{QStringLiteral("　新規 %1"), gain.added}, {QStringLiteral("　なし %1"), gain.dropped}}) {
+        counts += count > 0 ? word.arg(count) : QString();
+    }
+    return counts;
+}
+
+} // namespace
+
+void Show_Gain(Gain_Strip& strip, const P_Gain& gain, std::optional<std::size_t> line) {
+    const std::string_view subject = line ? work_types[*line].name : std::string_view();
+    const P_Change change = line && *line < gain.lines.size() ? gain.lines[*line] : P_Change{};
+    strip.Show_Score(QString::fromUtf8(subject.data(), static_cast<qsizetype>(subject.size())), change.before,
+                     change.after);
+    strip.Show_Sum(gain.sum, Counts_Of(gain));
+}
+
+} // namespace morvane
