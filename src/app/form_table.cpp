@@ -14,6 +14,7 @@
 #include "screens/frm_qanda.h"
 #include "screens/frm_syokuta.h"
 #include "screens/frm_ysisan.h"
+#include "sim/frm_kzcopy.h"
 #include "statements/frm_kshendo.h"
 #include "statements/frm_kszaihyo.h"
 #include "statements/frm_kszaiup.h"
@@ -93,7 +94,7 @@ constexpr auto screens = std::to_array<Form_Row>({
     {"Frm_KankoKaiz2zen", nullptr, false, "Frm_KankoKaizzen"},
     {"Frm_KankoKaiz3zen", nullptr, false, "Frm_KankoKaizzen"},
     {"Frm_Gekihen"},
-    {"Frm_KzCopy", nullptr, true},
+    {"Frm_KzCopy", Make<Frm_KzCopy>, true},
     // How a score came about: opened beside the screens that show the scores.
     {"Frm_X2_Calc_Check", nullptr, false, "Calc_Check"},
     {"Frm_W1_Calc_Check", nullptr, false, "Calc_Check"},

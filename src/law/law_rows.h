@@ -25,7 +25,8 @@ inline constexpr Law_Year of_2008 = {.code = Law_Year_No{1},
                                      .improved_form = "Frm_Syokutakaiz",
                                      .comparison_form = "Frm_SyokutaHKzen",
                                      .welfare_check = "Frm_W1_Calc_Check",
-                                     .result_report = "Rpt_Kekka"};
+                                     .result_report = "Rpt_Kekka",
+                                     .improvement_report = "Rpt_KaizenHK"};
 
 /// As revised in 2010 for reviews from April 2011.
 inline constexpr Law_Year of_2011 = [](Law_Year law) {
@@ -41,6 +42,7 @@ inline constexpr Law_Year of_2011 = [](Law_Year law) {
     law.improved_form = "Frm_Syokutakaiz_2011";
     law.comparison_form = "Frm_SyokutaHKzen_2011";
     law.result_report = "Rpt_Kekka_2011";
+    law.improvement_report = "Rpt_KaizenHK_2011";
     return law;
 }(of_2008);
 
@@ -58,6 +60,7 @@ inline constexpr Law_Year of_2012 = [](Law_Year law) {
     law.comparison_form = "Frm_SyokutaHKzen_2012";
     law.welfare_check = "Frm_W1_Calc_Check2012";
     law.result_report = "Rpt_Kekka_2012";
+    law.improvement_report = "Rpt_KaizenHK_2012";
     return law;
 }(of_2011);
 

@@ -16,8 +16,6 @@ namespace morvane {
 
 namespace {
 
-constexpr std::size_t copied_columns = 20; // all but the sixth engineer class
-
 std::string Select_Works(std::string_view prefix, bool with_engineer_6) {
     std::string sql = "SELECT 工種CD";
     for (const Work_Column& column : Work_Columns()) {
@@ -108,7 +106,7 @@ bool Review_Figures::Is_Started(Scenario scenario) const {
         if (scenario != Scenario::Kaizen) {
             return line.P.up;
         }
-        return std::any_of(Work_Columns().begin(), Work_Columns().begin() + copied_columns,
+        return std::any_of(Copied_Work_Columns().begin(), Copied_Work_Columns().end(),
                            [&line](const Work_Column& column) { return column.place(line).up; });
     });
 }
@@ -320,9 +318,9 @@ bool Post_Current(const Connection& cn, int period, Review_Figures& improved) {
     Test_Lines(current.works);
     for (std::size_t code = 0; code < scored_lines; ++code) {
         Work_Line from = current.works[code];
-        for (std::size_t i = 0; i < copied_columns; ++i) {
-            const Figure& figure = Work_Columns()[i].place(from);
-            Work_Columns()[i].place(improved.works[code]) = {figure.value, figure.up, true};
+        for (const Work_Column& column : Copied_Work_Columns()) {
+            const Figure& figure = column.place(from);
+            column.place(improved.works[code]) = {figure.value, figure.up, true};
         }
     }
     for (std::size_t code = 0; code < improved.elements.size(); ++code) {

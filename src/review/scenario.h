@@ -21,15 +21,17 @@ struct Side_Columns {
     std::string_view name;   ///< as the batch tool names it
     std::string_view yoso;   ///< its column of W_Yoso
     std::string_view zaihyo; ///< its balance in Ks_Zaihyo
+    std::string_view debit;  ///< the journal that led there; the current amounts have none
+    std::string_view credit;
     std::string_view prefix; ///< before its columns of Kandaka_Gj
 };
 
 inline constexpr std::array<Side_Columns, every_scenario.size()> side_columns = {{
-    {"genjo", "現状", "金額", ""},
-    {"kaizen", "改善後0", "改善後残高", "改0"},
-    {"1", "改善後1", "改善後残高1", "改1"},
-    {"2", "改善後2", "改善後残高2", "改2"},
-    {"3", "改善後3", "改善後残高3", "改3"},
+    {"genjo", "現状", "金額", "", "", ""},
+    {"kaizen", "改善後0", "改善後残高", "借方", "貸方", "改0"},
+    {"1", "改善後1", "改善後残高1", "借方1", "貸方1", "改1"},
+    {"2", "改善後2", "改善後残高2", "借方2", "貸方2", "改2"},
+    {"3", "改善後3", "改善後残高3", "借方3", "貸方3", "改3"},
 }};
 
 constexpr const Side_Columns& Columns_Of(Scenario scenario) {

@@ -213,7 +213,7 @@ void Settle_Computable(const Connection& cn, Side side, Firm_Kind firm) {
 
 void Settle_Again(const Session& session) {
     const Connection cn = Cn_Open(session);
-    for (const Scenario scenario : {Scenario::Genjo, Scenario::Kaizen}) {
+    for (const Scenario scenario : every_scenario) {
         Transaction transaction(cn);
         Settle_Computable(cn, Side_In_Hand(session, scenario), session.Kind());
         transaction.Commit();

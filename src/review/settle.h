@@ -68,8 +68,8 @@ void Store_And_Settle(const Session& session, Side side, const std::function<voi
 /// holds the transaction. Raises Store_Error.
 void Settle_Computable(const Connection& cn, Side side, Firm_Kind firm);
 
-/// The same for current and improved figures of the period in hand, after a statement, the closing date or
-/// the law year may have changed. Raises Store_Error.
+/// The same for every scenario of the period in hand, after a statement, the closing date or the law year may
+/// have changed. Raises Store_Error.
 void Settle_Again(const Session& session);
 
 /// The first visit of the working scenario of the period in hand, which each improved screen makes before it

@@ -51,6 +51,10 @@ std::span<const Work_Column> Work_Columns() {
     return work_columns;
 }
 
+std::span<const Work_Column> Copied_Work_Columns() {
+    return Work_Columns().first(std::size(work_columns) - 1);
+}
+
 Entry_Limit Limit_Of(Work_Figure figure) {
     switch (figure) {
     case Amount:

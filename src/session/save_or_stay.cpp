@@ -32,7 +32,7 @@ Answer Tell_Failure(const Session& session, const std::string& failure, Buttons 
     if (buttons == Buttons::Retry_Discard_Back) {
         text += std::string("\n破棄して閉じる：") + words.discard;
     }
-    text += "\n戻る：画面に戻ります。入力した内容は画面に残っています。";
+    text += std::string("\n戻る：") + words.back;
     return Show_Message(session, {.title = words.title,
                                   .text = text,
                                   .icon = Icon::Warning,

@@ -24,6 +24,7 @@ struct Save_Words {
     const char* title = "保存エラー";
     const char* failed = "を保存できませんでした。"; ///< behind `what`
     const char* again = "もう一度保存します。";      ///< what another attempt does
+    const char* back = "画面に戻ります。入力した内容は画面に残っています。";
 };
 
 /// Runs `save`, the one way in which a screen stores what it holds when it closes. A failing store

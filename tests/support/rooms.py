@@ -21,9 +21,10 @@ BELOW = {
     "company": ["statements", "review", "widgets", *GROUND],
     "report": ["widgets", *FIRM],
     "screens": ["widgets", *FIRM],
+    "sim": ["widgets", *FIRM],
     "maint": FIRM,
     "batch": ["report", "maint", *FIRM],
-    "app": ["screens", "report", "maint", "widgets", *FIRM],
+    "app": ["screens", "sim", "report", "maint", "widgets", *FIRM],
 }
 ROOMS = list(BELOW)
 assert all(set(below) < {room, *ROOMS[: ROOMS.index(room)]} for room, below in BELOW.items()), "the table has a circle"

@@ -1,0 +1,121 @@
+// SPDX-FileCopyrightText: The Morvane developers
+#include "sim/frm_kzcopy.h"
+
+#include "law/law_year.h"
+#include "sim/kz_copy.h"
+#include "support/ui_fixture.h"
+
+#include <QLabel>
+#include <QPushButton>
+
+namespace morvane::tests {
+namespace {
+
+class Kz_Copy_Screen : public Ui_Installation {
+  protected:
+    Kz_Copy_Screen() {
+        Make_Company(1, 1, 10);
+        Put_Work(0, {{"総合評点P", 700}, {"改0総合評点P", 712}, {"改1総合評点P", 0}});
+        Put_Work(2, {{"改0総合評点P", 805}});
+    }
+
+    std::string Beside(Form& form, const std::string& button) {
+        const std::string text = Child<QLabel>(form, ("Naiyo_" + button).c_str())->text().toStdString();
+        EXPECT_TRUE(
+            Child<QPushButton>(form, button.c_str())->accessibleName().toStdString().ends_with("、" + text));
+        return text;
+    }
+};
+
+TEST_F(Kz_Copy_Screen, Each_Button_Asks_Copies_And_Says_So) {
+    const std::string save = "現在の「改善後」数値を「保存値2」に保存します。\n既に「保存値2」に保存データが"
+                             "ある場合は上書きされます。\n\nよろしいですか？";
+    const struct {
+        const char* button;
+        const char* title;
+        std::string question;
+        const char* done_title;
+        const char* done;
+        const char* beside; ///< afterwards
+    } cases[] = {
+        {"Cmd_Save(2)", "改善後数値保存確認", save, "保存終了", "改善後数値の保存が終了しました。",
+         "最高 P 805（建築一式）、2工種"},
+        {"Cmd_Load(1)", "改善後数値呼出確認",
+         "「保存値1」の「改善後」数値を現在の「改善後」呼び出します。\n現在の改善後データは上書きされます。"
+         "\n\nよろしいですか？",
+         "呼出終了", "改善後数値の呼出が終了しました。", "最高 P 0（土木一式）、1工種"},
+        {"Cmd_MaeGCopy", "改善後数値書き換え確認",
+         "「改善前」の完工高、Ｘ２、Ｗ関連数値を、「改善後」数値にコピーします。\n（財務数値はコピーしません"
+         "。"
+         "必要な場合は財務改善の[貸方・借方ｸﾘｱ]を行ってください。）\n\n改善後の数値を変更した場合は、"
+         "改善前数値に戻されます。\n\nよろしいですか？",
+         "コピー終了", "改善前数値を改善後にコピーしました。", "改善後：最高 P 700（土木一式）、1工種"},
+        {"Cmd_GoMCopy", "改善前数値書き換え確認",
+         "「改善後」の財務データ、完工高、Ｘ２，Ｗ関連数値を、「改善前」数値にコピーします。\n改善前の数値は"
+         "改善後の数値に置き換わります。ご注意下さい。\n\nよろしいですか？",
+         "コピー終了", "改善後数値を改善前にコピーしました。", "改善前：最高 P 700（土木一式）、1工種"},
+    };
+    Frm_KzCopy form(shell);
+    form.show();
+    EXPECT_EQ(Beside(form, "Cmd_Save(3)"), "データなし");
+    EXPECT_EQ(Beside(form, "Cmd_MaeGCopy"), "改善後：最高 P 805（建築一式）、2工種");
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.button);
+        const std::string before = Dump(session.Work_Store);
+        messages.shown.clear();
+        Click(form, c.button); // answered by the default
+        ASSERT_EQ(messages.shown.size(), 1U);
+        const Message_Box& question = messages.shown[0];
+        EXPECT_EQ(question.title, c.title);
+        EXPECT_EQ(question.text, c.question);
+        EXPECT_TRUE(question.beep && question.icon == Icon::Warning && question.buttons == Buttons::Yes_No &&
+                    question.default_answer == Answer::No);
+        EXPECT_EQ(Dump(session.Work_Store), before);
+
+        messages.answers = {Answer::Yes};
+        Click(form, c.button);
+        ASSERT_EQ(messages.shown.size(), 3U);
+        EXPECT_EQ(messages.shown[2].title, c.done_title);
+        EXPECT_EQ(messages.shown[2].text, c.done);
+        EXPECT_TRUE(messages.shown[2].beep && messages.shown[2].icon == Icon::Information);
+        EXPECT_EQ(Beside(form, c.button), c.beside);
+    }
+}
+
+TEST_F(Kz_Copy_Screen, Refuses_What_Is_Not_There) {
+    Frm_KzCopy form(shell);
+    form.show();
+    const auto refusal = [&](const char* button) {
+        messages.shown.clear();
+        Click(form, button);
+        EXPECT_EQ(messages.shown.size(), 1U) << button;
+        return messages.shown.empty() ? "" : messages.shown[0].title + ": " + messages.shown[0].text;
+    };
+    EXPECT_EQ(refusal("Cmd_Load(3)"),
+              "保存データ無しエラー: 「保存値3」に保存された改善後数値データはありません。");
+    EXPECT_EQ(refusal("Cmd_Prt"), "改善未処理エラー: 改善後のＸ２、Ｗ、Ｘ１、Ｚの処理が行われていません。"
+                                  "改善シミュレーションより行ってください。");
+    EXPECT_TRUE(shell.calls.empty());
+    Put_Elements({{100, 15}}, "改善後0");
+    const char* reports[] = {"Rpt_KaizenHK", "Rpt_KaizenHK_2011", "Rpt_KaizenHK_2012", "Rpt_KaizenHK_2012"};
+    for (int law = 1; law <= 4; ++law) {
+        session.Simyu_Kubun = Law_Of(law).code;
+        Click(form, "Cmd_Prt");
+        EXPECT_EQ(shell.calls.back(), std::string("Open_Form ") + reports[law - 1]);
+    }
+}
+
+TEST_F(Kz_Copy_Screen, A_Copy_That_Fails_Says_So_And_Leaves_The_Screen) {
+    Frm_KzCopy form(shell);
+    form.show();
+    std::filesystem::rename(session.Work_Store, session.Work_Store.string() + "-");
+    messages.answers = {Answer::Yes, Answer::Back};
+    Click(form, "Cmd_Save(1)");
+    ASSERT_EQ(messages.shown.size(), 2U);
+    EXPECT_EQ(messages.shown[1].title, "保存エラー");
+    EXPECT_NE(messages.shown[1].text.find("数値は元のまま変わっていません。"), std::string::npos);
+    EXPECT_TRUE(shell.failure.empty() && form.isVisible());
+}
+
+} // namespace
+} // namespace morvane::tests
