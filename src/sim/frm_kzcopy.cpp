@@ -103,6 +103,16 @@ Frm_KzCopy::Frm_KzCopy(Shell_Port& shell_port)
                    slot, {}, [this, slot] { Load(slot); });
     }
 
+    if (Has_Sixth_Engineers(shell.session)) {
+        auto* note =
+            new QLabel(QStringLiteral("管理補佐（監理技術者補佐）の人数は、コピー・保存・呼出の対象に"
+                                      "なりません。\n保存値の評点は、管理補佐を除いて計算されます。"));
+        note->setObjectName(QStringLiteral("Lbl_Hosa"));
+        theme::Set_Look(note, "muted");
+        body->addWidget(note);
+    }
+    body->addStretch(1);
+
     Add_Help_Button();
     Wire(Add_Button(QStringLiteral("Cmd_Prt"), QStringLiteral("改善後一覧印刷")), &QPushButton::clicked,
          [this] { Print(); });

@@ -165,6 +165,14 @@ Scenario_Result Result_Of(const Session& session, Scenario scenario) {
     return result;
 }
 
+bool Has_Sixth_Engineers(const Session& session) {
+    const Connection cn = Cn_Open(session);
+    return cn
+        .Prepare("SELECT 1 FROM Kandaka_Gj WHERE 決算期=? And (技術者6<>0 Or 改0技術者6<>0)",
+                 session.Syori_Ki)
+        .Step();
+}
+
 bool Has_Improved_X2W(const Session& session) {
     const Connection cn = Cn_Open(session);
     Statement row =

@@ -42,6 +42,10 @@ struct Scenario_Result {
 /// Reads it of a scenario of the period in hand. Raises Store_Error.
 Scenario_Result Result_Of(const Session& session, Scenario scenario);
 
+/// Whether the current or the improved figures have engineers of the sixth class, which no copy takes along.
+/// Raises Store_Error.
+bool Has_Sixth_Engineers(const Session& session);
+
 /// Whether X2 and W of the improvement were stored, without which there is nothing to compare in print.
 /// Raises Store_Error.
 bool Has_Improved_X2W(const Session& session);
