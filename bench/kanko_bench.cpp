@@ -45,7 +45,7 @@ void Report(const char* what, std::vector<double> milliseconds) {
     const auto at = [&](double part) {
         return milliseconds[static_cast<std::size_t>(part * static_cast<double>(milliseconds.size() - 1))];
     };
-    std::printf("%-28s median %7.2f ms  p95 %7.2f ms  max %7.2f ms  (%zu)\n", what, at(0.5), at(0.95),
+    std::printf("%-33s median %7.2f ms  p95 %7.2f ms  max %7.2f ms  (%zu)\n", what, at(0.5), at(0.95),
                 milliseconds.back(), milliseconds.size());
 }
 
@@ -83,7 +83,7 @@ void Measure_Leaving(const char* what, const Make& make, int fields) {
     std::vector<double> opening;
     Form* form = Open(make, opening);
     auto* grid = form->findChild<Entry_Grid*>(QStringLiteral("grid"));
-    grid->Focus_Cell(0, 0);
+    grid->Focus_Cell(grid->Current().row, grid->Current().column);
     std::vector<double> times;
     for (int field = 0; field < fields; ++field) {
         QWidget* cell = QApplication::focusWidget();
@@ -111,13 +111,16 @@ void Measure(const std::filesystem::path& folder) {
     Check_Out(session, firm.number, firm.name);
     Bench_Shell shell(session);
     const auto keiei = [&] { return new Frm_Keiei(shell); };
-    const auto kanko = [&] { return new Frm_Kanko(shell, "Frm_Kanko"); };
-    const auto kanko2 = [&] { return new Frm_Kanko(shell, "Frm_Kanko2"); };
     Measure_Opening("open Frm_Keiei", keiei);
-    Measure_Opening("open Frm_Kanko", kanko);
-    Measure_Opening("open Frm_Kanko2", kanko2);
-    Measure_Leaving("leave a field of Frm_Kanko", kanko, 33 * 3);
-    Measure_Leaving("leave a field of Frm_Kanko2", kanko2, 33 * 9);
+    for (const auto& [screen, keyed] : {std::pair{"Frm_Kanko", 3},
+                                        {"Frm_Kanko2", 9},
+                                        {"Frm_KankoKaiz", 3},
+                                        {"Frm_KankoKaiz2", 6},
+                                        {"Frm_KankoKaiz3", 3}}) {
+        const auto make = [&, name = screen] { return new Frm_Kanko(shell, name); };
+        Measure_Opening((std::string("open ") + screen).c_str(), make);
+        Measure_Leaving((std::string("leave a field of ") + screen).c_str(), make, 33 * keyed);
+    }
 }
 
 } // namespace

@@ -251,6 +251,10 @@ class Tour {
         Take_Screen("journal", "Frm_KsZaiUP");
         While_Open([this] { Click(Screen("Frm_KsZaiUP"), "BLCheck"); },
                    {Say_Yes, Take_And_Press("upcheck", "Tojiru")});
+        Press("Cmd_UpS(3)");
+        Take_Screen("kankokaiz", "Frm_KankoKaiz");
+        Click(Screen("Frm_KankoKaiz"), "edit_z1");
+        Take_Screen("kankokaiz2", "Frm_KankoKaiz2");
         Press("Cmd_UpS(5)");
     }
 

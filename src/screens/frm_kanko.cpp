@@ -232,7 +232,7 @@ void Frm_Kanko::Show_Row_In_Hand() {
 
 void Frm_Kanko::Make_Grid() {
     grid->setObjectName(QStringLiteral("grid"));
-    grid->Set_Captions({{"工種", 4}, {"工種名", 14}}, Captions_Of_Rows());
+    grid->Set_Captions({{"工種", 4}, {"工種名", 13}}, Captions_Of_Rows());
     if (entry.screen.total_caption != nullptr) {
         grid->Set_Totals({{entry.screen.total_caption, "_Kei"}});
     }

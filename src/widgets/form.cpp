@@ -15,6 +15,7 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QStyle>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <optional>
@@ -183,7 +184,8 @@ class Header : public QFrame {
     QBoxLayout* row;
 };
 
-/// The row of buttons at the foot. Where it is narrow they move together.
+/// The row of buttons at the foot. Where it is narrow they move together, where it is still narrower they
+/// give of the room around their captions; no caption is cut.
 class Foot : public QWidget {
   public:
     explicit Foot(QHBoxLayout* buttons) : row(buttons) {
@@ -198,23 +200,73 @@ class Foot : public QWidget {
   protected:
     void resizeEvent(QResizeEvent* event) override {
         QWidget::resizeEvent(event);
-        Spread(true);
-        if (row->minimumSize().width() > width()) {
-            Spread(false);
+        Fit();
+    }
+    bool event(QEvent* event) override {
+        if (event->type() == QEvent::LayoutRequest) {
+            Fit(); // a caption has changed
         }
+        return QWidget::event(event);
     }
 
   private:
+    void Fit() {
+        const bool wide = Needed(true) <= width();
+        Set_Tight(!wide && Needed(false) > width());
+        Spread(wide);
+    }
+
+    // Of what is shown, without a look of less room.
+    [[nodiscard]] int Needed(bool wide) const {
+        int needed = 2 * Margin(wide) - Spacing(wide);
+        for (int i = 0; i < row->count(); ++i) {
+            const QLayoutItem& item = *row->itemAt(i);
+            if (item.isEmpty()) {
+                continue;
+            }
+            const auto* button = qobject_cast<QPushButton*>(row->itemAt(i)->widget());
+            needed += Spacing(wide) + (button == nullptr
+                                           ? item.minimumSize().width()
+                                           : Least_Width(*button, wide) + (tight ? theme::tight_gain : 0));
+        }
+        return needed;
+    }
+
+    // Nothing is told of what stays as it is: the layout would ask again.
     void Spread(bool wide) {
-        row->setContentsMargins(wide ? 16 : 8, 0, wide ? 16 : 8, wide ? 12 : 8);
-        row->setSpacing(wide ? 8 : 4);
-        for (QPushButton* button : findChildren<QPushButton*>()) {
-            const bool is_picture = button->text().isEmpty();
-            button->setMinimumWidth(wide && !is_picture ? button_width : 0);
+        row->setContentsMargins(Margin(wide), 0, Margin(wide), wide ? 12 : 8);
+        if (row->spacing() != Spacing(wide)) {
+            row->setSpacing(Spacing(wide));
+        }
+        for (QPushButton* button : Buttons()) {
+            button->setMinimumWidth(Least_Width(*button, wide));
         }
     }
 
+    static int Margin(bool wide) { return wide ? 16 : 8; }
+    static int Spacing(bool wide) { return wide ? 8 : 4; }
+    static int Least_Width(const QPushButton& button, bool wide) {
+        const int hint = button.sizeHint().width();
+        return wide && !button.text().isEmpty() ? std::max(button_width, hint) : hint;
+    }
+
+    void Set_Tight(bool set) {
+        if (set == tight) {
+            return;
+        }
+        tight = set;
+        theme::Set_Look(this, tight ? "tight" : "");
+        for (QPushButton* button : Buttons()) {
+            button->style()->unpolish(button);
+            button->style()->polish(button);
+            button->updateGeometry();
+        }
+    }
+
+    [[nodiscard]] QList<QPushButton*> Buttons() const { return findChildren<QPushButton*>(); }
+
     QHBoxLayout* row;
+    bool tight = false;
 };
 
 } // namespace

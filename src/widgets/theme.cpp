@@ -57,6 +57,9 @@ QPushButton[look="primary"] { background: %accent; border-color: %accent; color:
 QPushButton[look="primary"]:hover { background: #2A70BF; }
 QPushButton[look="primary"]:focus { background: #123A66; border: 3px solid #FFC21A; padding: 1px 12px; }
 QPushButton[look="primary"]:disabled { background: #B9C6D6; border-color: #B9C6D6; }
+QWidget[look="tight"] QPushButton { padding: 3px 6px; }
+QWidget[look="tight"] QPushButton:focus { padding: 2px 5px; }
+QWidget[look="tight"] QPushButton[look="primary"]:focus { padding: 1px 4px; }
 QPushButton[look="menu"] { background: %rest; border: 1px solid #C4C4C4; padding: 4px 8px; text-align: center; }
 QPushButton[look="menu"]:hover { border-color: %accent; }
 QPushButton[look="menu"]:focus { border: 2px solid %accent; padding: 3px 7px; }

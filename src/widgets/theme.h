@@ -41,6 +41,7 @@ inline constexpr int grid = 4;
 inline constexpr int cell_height = 24;
 inline constexpr int panel_gap = 12;
 inline constexpr int command_width = 180;
+inline constexpr int tight_gain = 16; ///< what a button of the look "tight" is narrower
 
 inline constexpr double body_points = 10.5;
 inline constexpr double heading_points = 12;

@@ -5,12 +5,14 @@
 #include "company/datacheck.h"
 #include "company/register.h"
 #include "data/store_file.h"
+#include "report/report_window.h"
 #include "review/settle.h"
 #include "screens/kanko_entry.h"
 #include "screens/syokuta_entry.h"
 #include "session/install_info.h"
 #include "session/kidou_ini.h"
 #include "support/failing_writes.h"
+#include "support/sheet_texts.h"
 #include "support/ui_fixture.h"
 
 #include <QApplication>
@@ -339,6 +341,35 @@ TEST_F(Shell_Test, Sister_Screens_Are_One_Screen_For_The_Menu) {
     EXPECT_FALSE(shell->session.Edit_Flg);
     EXPECT_TRUE(frame.command->isVisible()) << "the menu comes back with the last screen";
     EXPECT_FALSE(Child<QWidget>(frame, "Cmd_GB(2)")->property("open").toBool());
+}
+
+TEST_F(Shell_Test, Improved_Sisters_Keep_Their_Button_And_Print_The_Improvement) {
+    ASSERT_TRUE(Start().running);
+    Take(12, "青葉建設");
+    Cn_Open(shell->session).Execute("UPDATE W_Yoso SET 現状=0 WHERE 要素CD=200");
+    Press("Cmd_Sim2");
+    Press("Cmd_UpS(3)");
+    EXPECT_EQ(messages.shown.back().text, "改善後のＸ２，Ｗ点の計算が未処理です。");
+    Cn_Open(shell->session).Execute("UPDATE W_Yoso SET 改善後0=0 WHERE 要素CD=200");
+    Press("Cmd_UpS(3)");
+    Frm_Main& frame = *shell->Frame();
+    for (const char* to : {"edit_z1", "edit_z2", "edit_x1", "edit_z2", "edit_z1"}) {
+        Press(to);
+        EXPECT_EQ(frame.area->Forms().size(), 1);
+        EXPECT_TRUE(shell->session.Edit_Flg);
+        EXPECT_TRUE(Child<QWidget>(frame, "Cmd_UpS(3)")->property("open").toBool());
+    }
+    EXPECT_EQ(frame.area->Top()->objectName().toStdString(), "Frm_KankoKaiz2");
+    With_Dialog([&] { Press("Cmd_Kekka"); },
+                [](QDialog& report) {
+                    const auto sheet = Texts_Of(dynamic_cast<Report_Window&>(report).Preview());
+                    EXPECT_NE(Box_Of(sheet, "経営事項審査 シミュレーション結果（改善後）").size, 0);
+                    report.reject();
+                });
+    Press("Cmd_Hikaku");
+    EXPECT_EQ(messages.shown.back().text, "この画面は準備中です。\n今後のバージョンで使えるようになります。");
+    Press("Tojiru");
+    EXPECT_FALSE(shell->session.Edit_Flg);
 }
 
 TEST_F(Shell_Test, The_Menu_Closes_A_Check_Screen_With_Its_Family) {
