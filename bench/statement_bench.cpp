@@ -69,8 +69,8 @@ bool Report(const char* what, std::vector<double> samples, double limit) {
 }
 
 template <class Screen>
-std::unique_ptr<Screen> Open(Bare_Shell& shell, std::uint8_t screen_no = 41) {
-    shell.menu.screen.number = screen_no;
+std::unique_ptr<Screen> Open(Bare_Shell& shell, int screen_no = 41) {
+    shell.menu.screen.number = static_cast<std::uint8_t>(screen_no);
     auto screen = std::make_unique<Screen>(shell);
     screen->resize(1004, 740);
     screen->show();
@@ -127,7 +127,7 @@ int main(int argc, char** argv) {
     std::vector<double> opening_journal;
     std::vector<double> changing;
     for (int round = 0; round < 10; ++round) {
-        for (const std::uint8_t screen_no : {41, 42, 43, 44, 45, 46, 47, 48, 49, 50, 51}) {
+        for (const int screen_no : {41, 42, 43, 44, 45, 46, 47, 48, 49, 50, 51}) {
             opening.push_back(Milliseconds([&] { Open<Frm_KsZaihyo>(shell, screen_no); }));
         }
         std::unique_ptr<Frm_KsZaiUP> journal;

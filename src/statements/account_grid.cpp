@@ -27,7 +27,7 @@ Entry_Grid* Make_Account_Grid(Shell_Port& shell, const Account_Columns& columns,
             grid_columns.push_back({.name = amount.name,
                                     .heading = amount.heading,
                                     .use = amount.keyed ? Cell_Use::Entry : Cell_Use::Shown,
-                                    .width = amount.width});
+                                    .width = account_amount_width});
         }
     }
     auto* grid = new Entry_Grid(std::move(grid_columns), rows);

@@ -10,12 +10,14 @@ namespace morvane {
 
 class Entry_Grid;
 
+/// The width of amounts in half-width characters, where there is room.
+inline constexpr int account_amount_width = 13;
+
 /// A column of amounts of an account grid.
 struct Account_Amount {
     const char* name = nullptr; ///< control array
     const char* heading = "";
     bool keyed = true; ///< else it is only shown
-    int width = 13;    ///< in half-width characters
 };
 
 /// The columns of an account grid: captions, and amounts up to the first one without a name.

@@ -22,28 +22,29 @@ namespace morvane {
 
 namespace {
 
-// The figures of the panel become smaller before they give up columns: of the balances nothing is left out.
+// In a narrower window the figures become smaller before the panel gives up columns: the captions of the
+// accounts keep their room.
 constexpr const char* compact =
     "QLabel { font-size: 9pt; }"
     "QLabel[look=\"panel_figure\"], QLabel[look=\"panel_sum\"] { padding: 0 4px; }"
     "QLabel[look=\"panel_heading\"] { padding: 0 4px; }";
 constexpr auto layouts = std::to_array<Panel_Layout>({
-    {2, 440, 600},
-    {2, 372, 600, compact},
-    {1, 440, 600},
-    {1, 372, 496, compact},
-    {1, 220, 360, compact, 2},
+    {2, 440, 640, "", 11},
+    {2, 372, 640, compact, 11},
+    {1, 440, 640, "", 11},
+    {1, 372, 560, compact, 10},
+    {1, 372, 496, compact, 8},
+    {1, 220, 360, compact, 8, 2},
 });
 
 constexpr std::array<const char*, 3> panel_headings = {"借方", "貸方", "改善後"};
 
-constexpr int figure_width = 10; ///< longer amounts are squeezed
 constexpr Statement_Look journal_look = {
     .columns = {.name = "Kamk",
-                .amounts = {{{"Gaku", "現状 残高", false, figure_width},
-                             {"Kari", "借方", true, figure_width},
-                             {"Kasi", "貸方", true, figure_width},
-                             {"Zan", "改善後 残高", false, figure_width}}},
+                .amounts = {{{"Gaku", "現状 残高", false},
+                             {"Kari", "借方", true},
+                             {"Kasi", "貸方", true},
+                             {"Zan", "改善後 残高", false}}},
                 .signs = true,
                 .names_keyed = false},
     .amounts = {&Statement_Row::amount, &Statement_Row::debit, &Statement_Row::credit,

@@ -213,6 +213,9 @@ void Statement_Form::Fit_Panels() {
     static_cast<QBoxLayout*>(panel_scroll->widget()->layout())
         ->setDirection(at.stacks > 1 ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
     panel_scroll->widget()->setStyleSheet(QString::fromLatin1(at.sheet));
+    for (std::size_t i = 0; i < Amount_Count(); ++i) {
+        grid->Set_Width(First_Amount() + static_cast<int>(i), at.amount_width);
+    }
     for (const auto& [group, panel] : panels) {
         panel->Show_From(at.shown_of);
         panel->setFixedWidth(at.width);

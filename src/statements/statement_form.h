@@ -18,11 +18,12 @@ struct Cell_At;
 
 /// A way in which the totals stand beside the grid.
 struct Panel_Layout {
-    int stacks;               ///< of panels beside each other
-    int width;                ///< of a stack
-    int least_grid;           ///< the width that the grid has left
-    const char* sheet = "";   ///< style of what the panels show
-    std::size_t shown_of = 0; ///< the first column of figures that is shown
+    int stacks;                              ///< of panels beside each other
+    int width;                               ///< of a stack
+    int least_grid;                          ///< the width that the grid has left
+    const char* sheet = "";                  ///< style of what the panels show
+    int amount_width = account_amount_width; ///< of the amounts in the grid; longer ones are squeezed
+    std::size_t shown_of = 0;                ///< the first column of figures that the panels show
 };
 
 /// What a screen over a section of the statements shows.

@@ -80,6 +80,11 @@ void Entry_Grid::Set_Heading(int column, const std::string& heading) {
     view->header->viewport()->update();
 }
 
+void Entry_Grid::Set_Width(int column, int characters) {
+    view->Set_Width(column, characters);
+    updateGeometry();
+}
+
 void Entry_Grid::Set_Locked(int row, int column, bool locked) {
     data->Set_Locked({row, column}, locked);
     if (Cell_At{row, column} == current) {

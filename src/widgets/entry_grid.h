@@ -64,6 +64,9 @@ class Entry_Grid : public QFrame {
     void Set_Keys(const Grid_Keys& grid_keys) { keys = grid_keys; }
     void Set_Heading(int column, const std::string& heading);
 
+    /// Gives a column another width, in half-width characters.
+    void Set_Width(int column, int characters);
+
     /// Asked whenever the focus leaves a cell, with the entry already in place and whether or not it has
     /// changed: here the screen calculates. False takes a changed entry back, with a beep, and keeps the
     /// focus; an unchanged one is left all the same. Must not throw.

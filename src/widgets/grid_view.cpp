@@ -128,14 +128,17 @@ Grid_View::Grid_View(Grid_Data& grid_data, QWidget* parent)
     setFrameShape(NoFrame);
     setHorizontalScrollMode(ScrollPerPixel);
     ensurePolished();
-    const int character = fontMetrics().horizontalAdvance(QLatin1Char('0'));
     for (int column = 0; column < grid_data.columnCount(); ++column) {
-        const int width = grid_data.Column(column).width;
-        if (width == 0) {
-            header->setSectionResizeMode(column, QHeaderView::Stretch);
-        } else {
-            setColumnWidth(column, character * width + 2 * grid_padding + 3);
-        }
+        Set_Width(column, grid_data.Column(column).width);
+    }
+}
+
+void Grid_View::Set_Width(int column, int characters) {
+    if (characters == 0) {
+        header->setSectionResizeMode(column, QHeaderView::Stretch);
+    } else {
+        const int character = fontMetrics().horizontalAdvance(QLatin1Char('0'));
+        setColumnWidth(column, character * characters + 2 * grid_padding + 3);
     }
 }
 

@@ -72,6 +72,9 @@ class Grid_View : public QTableView {
     [[nodiscard]] QRect Cell_Rect(Cell_At at) const { return visualRect(model()->index(at.row, at.column)); }
     [[nodiscard]] Cell_At Cell_Under(const QPoint& position) const;
 
+    /// The width of a column in half-width characters; 0 takes the room that is left.
+    void Set_Width(int column, int characters);
+
     bool is_totals = false; ///< bold on a soft ground
     Grid_Header* header;
     Grid_Captions* captions;
