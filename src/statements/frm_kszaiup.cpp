@@ -160,7 +160,8 @@ bool Frm_KsZaiUP::Open_After(const std::function<void()>& store, std::size_t pla
         Show_Section(std::move(*opened));
     }
     Name_Section();
-    grid->setFocus(Qt::OtherFocusReason);
+    QWidget* keyed = section.Rows().empty() ? static_cast<QWidget*>(Cmd_Upz[in_hand]) : grid;
+    keyed->setFocus(Qt::OtherFocusReason);
     return done;
 }
 

@@ -226,7 +226,9 @@ void Entry_Grid::Show_Editor() {
 void Entry_Grid::Editor_Left() {
     view->Set_Block({});
     editor->hide();
-    editor->Load(current);
+    if (current.row >= 0) { // the rows may just have gone
+        editor->Load(current);
+    }
     Mark_Current();
 }
 

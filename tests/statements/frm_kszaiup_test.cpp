@@ -65,8 +65,15 @@ TEST_F(Corporation_Journal, Keys_Go_From_Debit_To_Credit_And_On) {
     EXPECT_EQ(Cell("Kari(13)"), "0") << "a total is locked";
     Enter("Kari(0)", "7a.");
     EXPECT_EQ(Cell("Kari(0)"), "7");
-    Key(Key_PageDown, control);
-    EXPECT_EQ(shell.menu.screen.number, 61);
+    // From section to section, over the one without accounts.
+    for (const auto& [key, section, place] : {std::tuple(Key_PageDown, 61, "Kari(0)"),
+                                              {Key_PageUp, 60, "Kari(0)"},
+                                              {Key_PageUp, 71, "Cmd_Upz(11)"},
+                                              {Key_PageDown, 60, "Kari(0)"}}) {
+        Key(key, control);
+        EXPECT_EQ(shell.menu.screen.number, section);
+        EXPECT_EQ(Place(), place);
+    }
 }
 
 TEST_F(Corporation_Journal, Sections_Have_Their_Titles_And_Ranges) {
