@@ -1,7 +1,9 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "batch/case_file.h"
 #include "batch/installation.h"
+#include "company/data_set.h"
 #include "review/settle.h"
+#include "sim/kz_copy.h"
 #include "statements/zaimu_calc.h"
 
 #include <benchmark/benchmark.h>
@@ -86,6 +88,38 @@ void Import_A_Firm(benchmark::State& state) {
     }
 }
 BENCHMARK(Import_A_Firm)->Unit(benchmark::kMillisecond);
+
+/// The copies of scenarios in a store of ten periods, to the last flush; and the settling behind each screen.
+template <class Operation>
+void In_Ten_Periods(benchmark::State& state, Operation operation) {
+    const fs::path folder = fs::temp_directory_path() / "morvane-slot-bench";
+    fs::remove_all(folder);
+    Init_Installation(folder, {Edition::National, false});
+    Stderr_Messages messages;
+    Session session = Make_Session(folder, messages);
+    Import_Case(session, fs::path(MORVANE_SAMPLES) / "sakura_setsubi.json");
+    session.Syori_Ki = 28;
+    for (std::int16_t period = 29; period <= 36; ++period) {
+        Period_Copy(session, period, session.Syori_Ki, Copy_Mode::After);
+    }
+    session.Syori_Ki = 28;
+    session.Simyu_Kubun = Newest_Law_Year().code;
+    for (auto _ : state) {
+        operation(session);
+    }
+    fs::remove_all(folder);
+}
+BENCHMARK_CAPTURE(In_Ten_Periods, Slot_Save, [](const Session& session) {
+    KzCopy_SlotSave(session, Scenario::Slot_2);
+})->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(In_Ten_Periods, Slot_Load, [](const Session& session) {
+    static bool turn = false; // so that each changes what the other brought
+    turn = !turn;
+    KzCopy_SlotLoad(session, turn ? Scenario::Slot_1 : Scenario::Slot_3);
+})->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(In_Ten_Periods, Mae_To_Go, KzCopy_MaeToGo)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(In_Ten_Periods, Go_To_Mae, KzCopy_GoToMae)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(In_Ten_Periods, Settle_Again, Settle_Again)->Unit(benchmark::kMillisecond);
 
 } // namespace
 

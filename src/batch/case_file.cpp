@@ -85,9 +85,21 @@ class Case_Builder {
             source.Put_Prior_Figures(statements[i], period);
             // As leaving the statement screens does; a balance that the case gives itself then stands.
             Zaimu_Shukei_KK(statements[i], kind);
-            if (source.Gives_Balances(period)) {
+            if (source.Gives_Amounts(period, Columns_Of(Scenario::Kaizen).zaihyo)) {
                 source.Put_Balances(statements[i], period);
                 Zaimu_Shukei(statements[i], kind, Amount_Column::Improved);
+            }
+            Form_Saved_Balances(statements[i], period);
+        }
+    }
+
+    /// A saved journal leads to its balances where the case does not give these, too.
+    void Form_Saved_Balances(Recordset& rows, const Case_Period& period) const {
+        for (const Scenario slot : {Scenario::Slot_1, Scenario::Slot_2, Scenario::Slot_3}) {
+            const Side_Columns& names = Columns_Of(slot);
+            const auto gives = [&](std::string_view column) { return source.Gives_Amounts(period, column); };
+            if ((gives(names.debit) || gives(names.credit)) && !gives(names.zaihyo)) {
+                Zaimu_Shukei_KK(rows, session.Kind(), {names.debit, names.credit, names.zaihyo});
             }
         }
     }

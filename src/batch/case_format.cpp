@@ -405,13 +405,13 @@ void Case_Record::Put_Prior_Figures(Recordset& rows, const Case_Period& period) 
     }
 }
 
-bool Case_Record::Gives_Balances(const Case_Period& period) const {
+bool Case_Record::Gives_Amounts(const Case_Period& period, std::string_view column) const {
     if (!period.tables.Has("Ks_Zaihyo")) {
         return false;
     }
     const Json::Members& rows = period.tables["Ks_Zaihyo"].Items();
     return std::any_of(rows.begin(), rows.end(),
-                       [](const Json::Member& row) { return row.second.Has("改善後残高"); });
+                       [column](const Json::Member& row) { return row.second.Has(column); });
 }
 
 void Case_Record::Put_Balances(Recordset& rows, const Case_Period& period) const {

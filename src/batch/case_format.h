@@ -41,8 +41,10 @@ struct Case_Record {
     /// a null stands for a line left blank.
     void Put_Prior_Figures(Recordset& rows, const Case_Period& period) const;
 
-    /// Whether the case gives balances after improvement itself, and putting them.
-    [[nodiscard]] bool Gives_Balances(const Case_Period& period) const;
+    /// Whether the case gives amounts of the statement in a column itself.
+    [[nodiscard]] bool Gives_Amounts(const Case_Period& period, std::string_view column) const;
+
+    /// Puts the balances after improvement that the case gives.
     void Put_Balances(Recordset& rows, const Case_Period& period) const;
 
     /// Whether the case gives an item of the review or a figure of a work type in a scenario.

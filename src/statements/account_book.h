@@ -115,7 +115,7 @@ class Account_Book {
     /// Columns of Ks_Zaihyo, the first ones of Amounts; empty ones stay 0.
     using Columns = std::array<std::string_view, Amounts::most>;
 
-    /// The columns that the journal moves.
+    /// The columns that the journal moves; those of a saved scenario have its number behind their names.
     static constexpr Columns journal = {"借方", "貸方", "改善後残高"};
 
     Account_Book() = default;
@@ -173,7 +173,7 @@ class Account_Book {
     void Read(Recordset& from, Hidden_Rows hidden_rows);
     [[nodiscard]] const Row* Find(int code) const;
     void Sum_Classes();
-    [[nodiscard]] bool Is_Journal() const { return columns == journal; }
+    [[nodiscard]] bool Is_Journal() const { return columns.front().starts_with(journal.front()); }
 
     int of_period = 0;
     Columns columns;

@@ -48,8 +48,8 @@ void Zaimu_Shukei_KK(const Connection& cn, const Session& session) {
     book.Store(cn);
 }
 
-void Zaimu_Shukei_KK(Recordset& rows, Firm_Kind kind) {
-    Account_Book book(rows, Account_Book::journal, Hidden_Rows::Counted);
+void Zaimu_Shukei_KK(Recordset& rows, Firm_Kind kind, const Account_Book::Columns& journal) {
+    Account_Book book(rows, journal, Hidden_Rows::Counted);
     book.Form_Balances();
     book.Form_Totals(Statement_Form_Of(kind));
     book.Store(rows);

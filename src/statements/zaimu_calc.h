@@ -40,8 +40,9 @@ void Zaimu_Shukei(const Session& session, Amount_Column column);
 /// Raises Store_Error.
 void Zaimu_Shukei_KK(const Connection& cn, const Session& session);
 
-/// The same with the rows of a period in memory.
-void Zaimu_Shukei_KK(Recordset& rows, Firm_Kind kind);
+/// The same with the rows of a period in memory, for the journal of the working scenario or of a saved one.
+void Zaimu_Shukei_KK(Recordset& rows, Firm_Kind kind,
+                     const Account_Book::Columns& journal = Account_Book::journal);
 
 /// The same in a transaction of its own.
 void Zaimu_Shukei_KK(const Session& session);
