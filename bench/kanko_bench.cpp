@@ -119,7 +119,7 @@ void Measure(const std::filesystem::path& folder) {
                                         {"Frm_KankoKaiz3", 3}}) {
         const auto make = [&, name = screen] { return new Frm_Kanko(shell, name); };
         Measure_Opening((std::string("open ") + screen).c_str(), make);
-        Measure_Leaving((std::string("leave a field of ") + screen).c_str(), make, 33 * keyed);
+        Measure_Leaving((std::string("leave a field of ") + screen).c_str(), make, 32 * keyed);
     }
 }
 

@@ -152,6 +152,7 @@ class Tour {
         Review();
         Improvement();
         Others();
+        Improved_Works();
     }
 
   private:
@@ -173,17 +174,36 @@ class Tour {
 
     void Take_Screen(const char* picture, const char* form) { Take_Part(picture, Screen(form)); }
 
-    void Companies() {
-        While_Open([this] { Choose("Mnu_JgSitei"); }, {[](QDialog& dialog) {
+    // Takes a company in hand, and a picture of the register where one is asked for.
+    void Take_In_Hand(const char* company, const char* picture = nullptr) {
+        While_Open([this] { Choose("Mnu_JgSitei"); }, {[company, picture](QDialog& dialog) {
                        auto* list = Child<Record_List>(dialog, "ListView");
                        for (int row = 0; row < list->Row_Count(); ++row) {
-                           if (list->Text_At(row, 1) == QString::fromUtf8(firm)) {
+                           if (list->Text_At(row, 1) == QString::fromUtf8(company)) {
                                list->Select_Row(row);
                            }
                        }
-                       Take_Window("register", dialog);
+                       if (picture != nullptr) {
+                           Take_Window(picture, dialog);
+                       }
                        Click(dialog, "Cmd_Sitei");
                    }});
+    }
+
+    // A firm with an improvement in work.
+    void Improved_Works() {
+        Take_In_Hand("さくら見本設備株式会社");
+        Press("Cmd_Sim2");
+        Press("Cmd_UpS(3)");
+        Take_Screen("kankokaiz", "Frm_KankoKaiz");
+        Click(Screen("Frm_KankoKaiz"), "edit_z1");
+        Take_Screen("kankokaiz2", "Frm_KankoKaiz2");
+        Press("Cmd_UpS(5)");
+        Take_In_Hand(firm);
+    }
+
+    void Companies() {
+        Take_In_Hand(firm, "register");
         Press("Cmd_Sim1");
         Take_Window("frame", frame);
         QWidget& menu = *frame.command;
@@ -251,10 +271,6 @@ class Tour {
         Take_Screen("journal", "Frm_KsZaiUP");
         While_Open([this] { Click(Screen("Frm_KsZaiUP"), "BLCheck"); },
                    {Say_Yes, Take_And_Press("upcheck", "Tojiru")});
-        Press("Cmd_UpS(3)");
-        Take_Screen("kankokaiz", "Frm_KankoKaiz");
-        Click(Screen("Frm_KankoKaiz"), "edit_z1");
-        Take_Screen("kankokaiz2", "Frm_KankoKaiz2");
         Press("Cmd_UpS(5)");
     }
 

@@ -1,7 +1,9 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "review/works.h"
 
+#include "review/p_gain.h"
 #include "review/settle.h"
+#include "session/kyotu_mod.h"
 #include "support/installation_fixture.h"
 
 namespace morvane::tests {
@@ -51,6 +53,23 @@ TEST_F(Works_Store, The_Improved_Side_Is_Left_In_Its_Own_Columns) {
     EXPECT_EQ(List("SELECT count(*) FROM Kandaka_Gj WHERE 評点X1 Is Not Null Or 評点Z1 Is Not Null Or "
                    "技術者6 Is Not Null"),
               "0");
+}
+
+TEST(P_Gain_Test, Counts_What_Has_P_On_Both_Sides) {
+    Review_Figures before;
+    Review_Figures after;
+    const std::array<std::array<int, 2>, 6> lines = {
+        {{700, 712}, {800, 760}, {650, 650}, {0, 600}, {500, 0}, {900, 940}}};
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        before.works[i].P = {lines[i][0], lines[i][0] != 0, false};
+        after.works[i].P = {lines[i][1], lines[i][1] != 0, false};
+    }
+    const P_Gain gain = P_Gain_Of(before, after);
+    EXPECT_EQ(gain.sum, 12 - 40 + 40);
+    EXPECT_EQ((std::array{gain.risen, gain.fallen, gain.added, gain.dropped}), (std::array{2, 1, 1, 1}));
+    EXPECT_EQ(gain.most_changed, std::optional<std::size_t>(1)) << "the first of two";
+    EXPECT_EQ(P_Gain_Of(before, before).most_changed, std::nullopt);
+    EXPECT_EQ(Gain_Str(gain.sum) + Gain_Str(-1234) + Gain_Str(0), "↑ +12↓ -1,234±0");
 }
 
 } // namespace
