@@ -28,7 +28,8 @@ struct Work_Column {
 /// The columns of a scenario. The sixth engineer class, which came last, stands behind the others.
 [[nodiscard]] std::span<const Work_Column> Work_Columns();
 
-/// Those that go with a scenario when it is copied: all but the sixth engineer class, which stays where it is.
+/// Those that go with a scenario when it is copied: all but the sixth engineer class, which stays where it
+/// is.
 [[nodiscard]] std::span<const Work_Column> Copied_Work_Columns();
 
 /// What a figure of a work type takes: persons and amounts are not negative, results have the width of their

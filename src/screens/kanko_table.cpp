@@ -241,8 +241,8 @@ constexpr auto screens = std::to_array<Kanko_Screen>({
      beside_kaiz, print_improved},
     {"Frm_KankoKaiz2", comparison, "技術職員数（Ｚ１）", Technical, improved_figures, kaiz2_columns, nullptr,
      beside_kaiz2, print_improved},
-    {"Frm_KankoKaiz3", comparison, "元請完工高（Ｚ２）", Prime, improved_figures, kaiz3_columns,
-     prime_total, beside_kaiz3, print_improved},
+    {"Frm_KankoKaiz3", comparison, "元請完工高（Ｚ２）", Prime, improved_figures, kaiz3_columns, prime_total,
+     beside_kaiz3, print_improved},
 });
 
 } // namespace
