@@ -29,7 +29,7 @@ constexpr const char* compact =
     "QLabel[look=\"panel_figure\"], QLabel[look=\"panel_sum\"] { padding: 0 4px; }"
     "QLabel[look=\"panel_heading\"] { padding: 0 4px; }";
 constexpr auto layouts = std::to_array<Panel_Layout>({
-    {2, 440, 640, "", 11},
+    {2, 440, 600, "", 10},
     {2, 372, 640, compact, 11},
     {1, 440, 640, "", 11},
     {1, 372, 560, compact, 10},
@@ -134,8 +134,8 @@ void Frm_KsZaiUP::resizeEvent(QResizeEvent* event) {
     Statement_Form::resizeEvent(event);
 }
 
-void Frm_KsZaiUP::Checked(bool holds, const QString& text) {
-    Show_Check(*check, holds, text);
+void Frm_KsZaiUP::Checked(bool holds, const char* text) {
+    Show_Check(*check, holds, QString::fromUtf8(text));
 }
 
 void Frm_KsZaiUP::Name_Section() {

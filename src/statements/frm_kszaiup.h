@@ -27,7 +27,7 @@ class Frm_KsZaiUP : public Statement_Form {
   protected:
     void Store(bool) override { section.Save_Rows(); }
     void resizeEvent(QResizeEvent* event) override;
-    void Checked(bool holds, const QString& text) override;
+    void Checked(bool holds, const char* text) override;
 
   private:
     QWidget* Make_Chooser();

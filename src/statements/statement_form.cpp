@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "statements/statement_form.h"
 
+#include "statements/line_panels.h"
 #include "widgets/entry_grid.h"
 #include "widgets/theme.h"
-#include "widgets/total_panel.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -15,19 +15,6 @@
 namespace morvane {
 
 namespace {
-
-/// The groups of the panel, in two columns.
-struct Group {
-    Panel_Group group;
-    const char* heading;
-    int column;
-};
-constexpr std::array<Group, 4> groups = {{
-    {Panel_Group::Assets, "資産", 0},
-    {Panel_Group::Liabilities, "負債・純資産", 0},
-    {Panel_Group::Profit, "損益", 1},
-    {Panel_Group::Check, "チェック", 1},
-}};
 
 constexpr int margins = 2 * 16; ///< of the form
 
@@ -135,50 +122,19 @@ void Statement_Form::Name_Rows() {
     grid->Set_Captions({}, names);
 }
 
-Total_Panel* Statement_Form::Make_Panel(Panel_Group group, const char* heading) const {
-    std::vector<Total_Field> fields;
-    for (const Statement_Line& line : section.Lines()) {
-        if (line.group == group) {
-            fields.push_back({line.control, line.caption,
-                              line.is_sum ? Total_Field::Line::Sum : Total_Field::Line::Figure});
-        }
-    }
-    if (group == Panel_Group::Check) {
-        fields.push_back({"Check", "", Total_Field::Line::Check});
-    }
+QWidget* Statement_Form::Make_Panels() {
     Total_Columns columns;
     columns.headings.assign(look.headings.begin(), look.headings.end());
     columns.control = look.headings.empty() ? nullptr : Numbered;
-    return new Total_Panel(QString::fromUtf8(heading), fields, look.characters, columns);
-}
-
-QWidget* Statement_Form::Make_Panels() {
-    auto* field = new QWidget;
-    auto* both = new QBoxLayout(QBoxLayout::LeftToRight, field);
-    both->setContentsMargins(0, 0, 0, 0);
-    both->setSpacing(theme::panel_gap);
-    std::array<QVBoxLayout*, 2> stacks{};
-    for (QVBoxLayout*& stack : stacks) {
-        stack = new QVBoxLayout;
-        stack->setSpacing(theme::grid * 2);
-        both->addLayout(stack);
-    }
-    for (const Group& group : groups) {
-        Total_Panel* panel = Make_Panel(group.group, group.heading);
-        panels[group.group] = panel;
-        stacks[static_cast<std::size_t>(group.column)]->addWidget(panel);
-    }
-    for (QVBoxLayout* stack : stacks) {
-        stack->addStretch(1);
-    }
+    panels = new Line_Panels(section.Lines(), look.characters, columns);
     panel_scroll = new QScrollArea;
-    panel_scroll->setWidget(field);
+    panel_scroll->setWidget(panels);
     panel_scroll->setWidgetResizable(true);
     panel_scroll->setFocusPolicy(Qt::NoFocus);
-    panel_scroll->setMinimumWidth(
+    const auto narrowest =
         std::min_element(look.layouts.begin(), look.layouts.end(),
-                         [](const Panel_Layout& a, const Panel_Layout& b) { return a.width < b.width; })
-            ->width);
+                         [](const Panel_Layout& a, const Panel_Layout& b) { return a.width < b.width; });
+    panel_scroll->setMinimumWidth(narrowest->width);
     connect(panel_scroll->verticalScrollBar(), &QScrollBar::rangeChanged, this, [this] { Fit_Panels(); });
     return panel_scroll;
 }
@@ -210,15 +166,10 @@ void Statement_Form::Fit_Panels() {
         return;
     }
     layout_in_hand = &at;
-    static_cast<QBoxLayout*>(panel_scroll->widget()->layout())
-        ->setDirection(at.stacks > 1 ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
-    panel_scroll->widget()->setStyleSheet(QString::fromLatin1(at.sheet));
+    panels->setStyleSheet(QString::fromLatin1(at.sheet));
+    panels->Lay(at.stacks, at.width, at.shown_of);
     for (std::size_t i = 0; i < Amount_Count(); ++i) {
         grid->Set_Width(First_Amount() + static_cast<int>(i), at.amount_width);
-    }
-    for (const auto& [group, panel] : panels) {
-        panel->Show_From(at.shown_of);
-        panel->setFixedWidth(at.width);
     }
 }
 
@@ -257,16 +208,11 @@ void Statement_Form::Show_Computed() {
 
 void Statement_Form::Panel_Show() {
     const Statement_Panel panel = section.Panel();
-    const std::size_t columns = std::max<std::size_t>(look.headings.size(), 1);
     for (const Statement_Line& line : section.Lines()) {
-        const Amounts amounts = panel.Shown(line);
-        for (std::size_t column = 0; column < columns; ++column) {
-            panels.at(line.group)->Set_Value(line.control, amounts[column].Count(), column);
-        }
+        panels->Show_Line(line, panel.Shown(line));
     }
-    const QString text = QString::fromUtf8(panel.Check_Text());
-    panels.at(Panel_Group::Check)->Set_Check("Check", panel.Check(), text);
-    Checked(panel.Check(), text);
+    panels->Set_Check(panel.Check(), panel.Check_Text());
+    Checked(panel.Check(), panel.Check_Text());
 }
 
 } // namespace morvane

@@ -5,7 +5,6 @@
 #include "statements/saving_form.h"
 #include "statements/statement_section.h"
 
-#include <map>
 #include <span>
 
 class QLabel;
@@ -13,7 +12,7 @@ class QScrollArea;
 
 namespace morvane {
 
-class Total_Panel;
+class Line_Panels;
 struct Cell_At;
 
 /// A way in which the totals stand beside the grid.
@@ -54,7 +53,7 @@ class Statement_Form : public Saving_Form {
     void Show_Section(Statement_Section another);
 
     /// Told what the check of the panel says, whenever it was formed.
-    virtual void Checked(bool /*holds*/, const QString& /*text*/) {}
+    virtual void Checked(bool /*holds*/, const char* /*text*/) {}
 
     void resizeEvent(QResizeEvent* event) override;
 
@@ -64,7 +63,6 @@ class Statement_Form : public Saving_Form {
   private:
     QWidget* Make_Grid();
     QWidget* Make_Panels();
-    Total_Panel* Make_Panel(Panel_Group group, const char* heading) const;
     void Fill_Grid();
     void Name_Rows();
     void Take_Cells(const std::vector<Cell_At>& cells);
@@ -81,7 +79,7 @@ class Statement_Form : public Saving_Form {
     QLabel* empty = nullptr;
     QScrollArea* panel_scroll = nullptr;
     const Panel_Layout* layout_in_hand = nullptr;
-    std::map<Panel_Group, Total_Panel*> panels;
+    Line_Panels* panels = nullptr;
 };
 
 } // namespace morvane

@@ -25,20 +25,18 @@ TEST_F(Statement_Screen, Keys_Go_Round_In_The_Column_And_Across_The_Rows) {
     constexpr auto control = Qt::ControlModifier;
     Open(41);
     EXPECT_EQ(Place(), "Gaku(0)");
-    Expect_Moves({
-        {"Gaku(0)", Key_Return, plain, "Gaku(1)"},
-        {"Gaku(12)", Key_Down, plain, "Gaku(13)"},
-        {"Gaku(13)", Key_Return, plain, "Gaku(0)"},
-        {"Gaku(0)", Key_Up, plain, "Gaku(13)"},
-        {"Kamk(13)", Key_Down, plain, "Kamk(0)"},
-        {"Kamk(0)", Key_Up, plain, "Kamk(13)"},
-        {"Kamk(4)", Key_Right, control, "Gaku(4)"},
-        {"Kamk(4)", Key_Left, control, "Gaku(3)"},
-        {"Kamk(0)", Key_Left, control, "Gaku(13)"},
-        {"Gaku(4)", Key_Left, control, "Kamk(4)"},
-        {"Gaku(4)", Key_Right, control, "Kamk(3)"},
-        {"Gaku(0)", Key_Right, control, "Kamk(13)"},
-    });
+    Expect_Moves({{"Gaku(0)", Key_Return, plain, "Gaku(1)"},
+                  {"Gaku(12)", Key_Down, plain, "Gaku(13)"},
+                  {"Gaku(13)", Key_Return, plain, "Gaku(0)"},
+                  {"Gaku(0)", Key_Up, plain, "Gaku(13)"},
+                  {"Kamk(13)", Key_Down, plain, "Kamk(0)"},
+                  {"Kamk(0)", Key_Up, plain, "Kamk(13)"},
+                  {"Kamk(4)", Key_Right, control, "Gaku(4)"},
+                  {"Kamk(4)", Key_Left, control, "Gaku(3)"},
+                  {"Kamk(0)", Key_Left, control, "Gaku(13)"},
+                  {"Gaku(4)", Key_Left, control, "Kamk(4)"},
+                  {"Gaku(4)", Key_Right, control, "Kamk(3)"},
+                  {"Gaku(0)", Key_Right, control, "Kamk(13)"}});
 }
 
 TEST_F(Statement_Screen, What_Is_No_Figure_Changes_Nothing) {

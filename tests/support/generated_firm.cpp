@@ -2,6 +2,8 @@
 #include "support/generated_firm.h"
 
 #include "law/elements.h"
+#include "review/settle.h"
+#include "review/work_columns.h"
 
 namespace morvane::tests {
 
@@ -61,6 +63,20 @@ Review_Figures Generated_Firm(const Law_Year& law, std::mt19937& random) {
         }
     }
     return figures;
+}
+
+void Store_Firm(const Session& session, Side side, Review_Figures figures) {
+    for (Work_Line& line : figures.works) {
+        for (const Work_Column& column : Work_Columns()) {
+            column.place(line).dirty = true;
+        }
+    }
+    const Connection cn = Cn_Open(session);
+    Transaction transaction(cn);
+    Write_Elements(cn, side, figures);
+    Write_Works(cn, side, figures);
+    Settle_Filled(cn, side, session.Kind());
+    transaction.Commit();
 }
 
 } // namespace morvane::tests
