@@ -170,14 +170,26 @@ void Store_Works(const Connection& cn, Side side, const Works& works, bool gijut
     Write_Works(cn, side, figures);
 }
 
+void Put_W_2012(Review_Figures& figures, const Social_Items& items) {
+    items.Store(figures);
+    const Statement_Scores scores = Calc_Statement(figures);
+    Recalc_P_All(figures, scores.x2.score, scores.y.score);
+}
+
+Review_Figures With_Items(Review_Figures figures, const Social_Items& items, Scenario scenario) {
+    Put_W_2012(figures, items);
+    if (Is_Entered(figures, scenario)) {
+        Settle(figures, scenario);
+    }
+    return figures;
+}
+
 void Store_W_2012(const Connection& cn, Side side, Firm_Kind firm, const Social_Items& items) {
     Review_Figures figures = Load_Review(cn, side, firm);
     if (Law_Of(figures.law_year).has_additions) {
         Add_Knowledge_Rows(cn, side.period);
     }
-    items.Store(figures);
-    const Statement_Scores scores = Calc_Statement(figures);
-    Recalc_P_All(figures, scores.x2.score, scores.y.score);
+    Put_W_2012(figures, items);
     Write_Elements(cn, side, figures);
     Write_Works(cn, side, figures);
 }

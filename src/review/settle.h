@@ -51,6 +51,13 @@ void Settle_Filled(const Connection& cn, Side side, Firm_Kind firm);
 /// holds the transaction. Raises Store_Error, Run_Time_Error.
 void Store_Works(const Connection& cn, Side side, const Works& works, bool gijutu);
 
+/// Puts items of X2 and W into a side and forms P anew. Raises Run_Time_Error.
+void Put_W_2012(Review_Figures& figures, const Social_Items& items);
+
+/// What storing items of X2 and W leaves on a side, by Store_And_Settle and Store_W_2012. Raises
+/// Run_Time_Error.
+[[nodiscard]] Review_Figures With_Items(Review_Figures figures, const Social_Items& items, Scenario scenario);
+
 /// Stores the items of a side and forms P anew, as closing the screen of X2 and W does; the rows of knowledge
 /// and skill are added where its law year has them and they are missing. The caller holds the transaction.
 /// Raises Store_Error, Run_Time_Error.

@@ -5,7 +5,8 @@
 
 namespace morvane {
 
-void Check_Opener::Open(const Check_Request& request, Side side, const std::function<bool()>& store) {
+void Check_Opener::Open(const Check_Request& request, Side side, const std::function<bool()>& store,
+                        const char* whose) {
     const Session& session = shell.session;
     if (!Calc_Open_Flg()) {
         Tell(session, "オープンエラー", "開いている計算チェックの画面を閉じてから別画面を開いてください。");
@@ -14,8 +15,11 @@ void Check_Opener::Open(const Check_Request& request, Side side, const std::func
     if (!store()) {
         return;
     }
-    open = Check_Screen::Show_Beside(owner, shell, QString::fromStdString(request.form),
-                                     Make_Check_Sheet(session, side, request));
+    Check_Sheet sheet = Make_Check_Sheet(session, side, request);
+    if (*whose != '\0') {
+        sheet.sub_title = whose;
+    }
+    open = Check_Screen::Show_Beside(owner, shell, QString::fromStdString(request.form), std::move(sheet));
     // A closed window stays for the events behind it: the flag does not wait for them.
     QObject::connect(open, &QDialog::finished, &owner, [this] { open = nullptr; });
 }

@@ -23,9 +23,11 @@ class Check_Opener {
     [[nodiscard]] bool Calc_Open_Flg() const { return open == nullptr; }
 
     /// Opens a check screen of a side; refuses with a box while one is open. The screen reads the store, so
-    /// `store` saves the entry screen before; where it returns false (it has told why) nothing opens. Raises
-    /// Store_Error, Run_Time_Error.
-    void Open(const Check_Request& request, Side side, const std::function<bool()>& store);
+    /// `store` saves the entry screen before; where it returns false (it has told why) nothing opens. `whose`
+    /// stands beside the title where the figures are not those of the screen. Raises Store_Error,
+    /// Run_Time_Error.
+    void Open(const Check_Request& request, Side side, const std::function<bool()>& store,
+              const char* whose = "");
 
     /// Whether the entry screen may close: refuses with a box while a check screen is open. The menu closes
     /// that one first, without the box.

@@ -10,10 +10,13 @@
 
 namespace morvane {
 
-Syokuta_Entry::Syokuta_Entry(const Session& session, const Screen_Sides& screen_sides)
-    : sides(screen_sides), after(Loaded(session, sides.after)) {
+Syokuta_Entry::Syokuta_Entry(const Session& session, const Screen_Sides& screen_sides) : sides(screen_sides) {
+    Start_Sides(session, sides);
+    after = Loaded(session, sides.after);
+    // Found here, before anything is typed, and not on storing.
+    static_cast<void>(Calc_Y(after.figures.statement, after.figures.firm));
     if (sides.before) {
-        before = Loaded(session, *sides.before);
+        before = Loaded_Before(session, *sides.before);
     }
 }
 
@@ -21,8 +24,6 @@ Syokuta_Entry::Held_Side Syokuta_Entry::Loaded(const Session& session, const Scr
     Held_Side loaded;
     auto& [figures, kikai_ten_of_load, screen, shown, fault] = loaded;
     figures = Load_Review(session, side.Of(session));
-    // Found here, before anything is typed, and not on storing.
-    static_cast<void>(Calc_Y(figures.statement, figures.firm));
     screen.items.Load(figures);
     kikai_ten_of_load = screen.items.Kikai_Ten;
     shown = screen;
@@ -37,6 +38,17 @@ Syokuta_Entry::Held_Side Syokuta_Entry::Loaded(const Session& session, const Scr
         fault = error;
     }
     return loaded;
+}
+
+// What is only shown keeps no screen from opening.
+Syokuta_Entry::Held_Side Syokuta_Entry::Loaded_Before(const Session& session, const Screen_Side& side) {
+    try {
+        return Loaded(session, side);
+    } catch (const Run_Time_Error& error) {
+        Held_Side nothing;
+        nothing.fault = error;
+        return nothing;
+    }
 }
 
 // X2 by the basis that was keyed, then the items; these stay where they cannot be calculated.
@@ -68,6 +80,19 @@ void Syokuta_Entry::Take(int element, std::int32_t value) {
         after.shown = next;
     }
     after.screen = next;
+}
+
+std::optional<P_Gain> Syokuta_Entry::Gain() const {
+    if (!before || before->fault || after.fault) {
+        return std::nullopt;
+    }
+    try {
+        return P_Gain_Of(before->figures, sides.read_only ? after.figures
+                                                          : With_Items(after.figures, after.screen.items,
+                                                                       sides.after.scenario));
+    } catch (const Run_Time_Error&) {
+        return std::nullopt; // storing tells it
+    }
 }
 
 void Syokuta_Entry::Store(const Session& session) const {

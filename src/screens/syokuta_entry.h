@@ -2,6 +2,7 @@
 #pragma once
 
 #include "law/run_time_error.h"
+#include "review/p_gain.h"
 #include "screens/screen_sides.h"
 #include "screens/syokuta_table.h"
 
@@ -15,8 +16,8 @@ namespace morvane {
 /// show the first pass, the second one is what is stored, so that late sub-scores are in it.
 class Syokuta_Entry {
   public:
-    /// Reads the sides of the screen; the fields show what is stored. Raises Store_Error, and Run_Time_Error
-    /// where Y, which storing needs, cannot be computed.
+    /// Reads the sides of the screen, an improvement after its first visit; the fields show what is stored.
+    /// Raises Store_Error, and Run_Time_Error where Y, which storing needs, cannot be computed.
     explicit Syokuta_Entry(const Session& session, const Screen_Sides& screen_sides = current_figures);
 
     /// Why the items as they are stored cannot be calculated; empty where they can. Then there are no scores,
@@ -34,8 +35,19 @@ class Syokuta_Entry {
     /// What the fields show.
     [[nodiscard]] const Syokuta& Shown() const { return after.shown; }
 
-    /// The same of the side before; null where the screen has none.
-    [[nodiscard]] const Syokuta* Shown_Before() const { return before ? &before->shown : nullptr; }
+    /// The same of the side before; null where the screen has none or its scores cannot be computed.
+    [[nodiscard]] const Syokuta* Shown_Before() const {
+        return before && !before->fault ? &before->shown : nullptr;
+    }
+
+    /// Why the side before cannot be shown; empty where it can, and where there is none.
+    [[nodiscard]] std::optional<Run_Time_Error> Fault_Before() const {
+        return before ? before->fault : std::nullopt;
+    }
+
+    /// What the items bring to P against the side before, by what Store would leave in the store; empty where
+    /// there is no such side or P cannot be computed.
+    [[nodiscard]] std::optional<P_Gain> Gain() const;
 
     [[nodiscard]] const Law_Year& Law() const { return Law_Of(after.figures.law_year); }
 
@@ -55,6 +67,7 @@ class Syokuta_Entry {
     };
 
     [[nodiscard]] static Held_Side Loaded(const Session& session, const Screen_Side& side);
+    [[nodiscard]] static Held_Side Loaded_Before(const Session& session, const Screen_Side& side);
     static void Calculate(const Held_Side& side, Syokuta& pass);
 
     Screen_Sides sides;

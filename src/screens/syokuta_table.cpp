@@ -4,6 +4,10 @@
 #include "law/elements.h"
 #include "session/kyotu_mod.h"
 
+#include <algorithm>
+#include <array>
+#include <stdexcept>
+
 namespace morvane {
 
 namespace {
@@ -285,6 +289,11 @@ std::vector<Syokuta_Group> Groups_From_W5() {
     };
 }
 
+constexpr std::array screens = {
+    Syokuta_Screen{&Law_Year::entry_form, current_figures},
+    Syokuta_Screen{&Law_Year::improved_form, improved_figures, &Law_Year::improvement_report},
+};
+
 } // namespace
 
 const std::vector<Syokuta_Group>& Syokuta_Groups() {
@@ -296,6 +305,26 @@ const std::vector<Syokuta_Group>& Syokuta_Groups() {
         return all;
     }();
     return groups;
+}
+
+// The names grew with the screens.
+std::string Name_Before(std::string_view name) {
+    std::string named(name);
+    if (name.starts_with("Jyakunen")) {
+        named.front() = 'j';
+    }
+    const bool joined = name.starts_with("tishiki") || name == "W10_ten";
+    return (joined ? "Mae" : "Mae_") + named;
+}
+
+const Syokuta_Screen& Syokuta_Screen_Of(std::string_view form) {
+    for (const Syokuta_Screen& screen : screens) {
+        const auto has = [&](const Law_Year& law) { return law.*screen.form == form; };
+        if (std::any_of(Law_Years().begin(), Law_Years().end(), has)) {
+            return screen;
+        }
+    }
+    throw std::out_of_range("no screen of X2 and W is " + std::string(form));
 }
 
 } // namespace morvane

@@ -3,8 +3,10 @@
 
 #include "review/social_items.h"
 #include "review/x2_calc.h"
+#include "screens/screen_sides.h"
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace morvane {
@@ -55,5 +57,22 @@ struct Syokuta_Group {
 
 /// The groups in the order of entry.
 const std::vector<Syokuta_Group>& Syokuta_Groups();
+
+/// The control that shows the same field of the side before: "Mae_Rf1(0)" beside "Rf1(0)".
+std::string Name_Before(std::string_view name);
+
+/// A screen of X2 and W, of which every law year has its member: the same groups for its sides.
+struct Syokuta_Screen {
+    const char* Law_Year::*form;
+    Screen_Sides sides;
+    const char* Law_Year::*report = nullptr; ///< behind Prt; null: it has none
+
+    /// Whether its calculation checks explain other figures than those that are keyed: they explain the
+    /// current ones.
+    [[nodiscard]] bool Checks_Others() const { return sides.after.scenario != Scenario::Genjo; }
+};
+
+/// The screen that has a form of that name; std::out_of_range for another name.
+const Syokuta_Screen& Syokuta_Screen_Of(std::string_view form);
 
 } // namespace morvane

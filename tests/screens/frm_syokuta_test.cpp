@@ -1,13 +1,18 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "screens/frm_syokuta.h"
 
+#include "app/gates.h"
 #include "batch/case_file.h"
 #include "law/elements.h"
 #include "law/run_time_error.h"
+#include "review/p_gain.h"
 #include "review/settle.h"
+#include "review/work_columns.h"
 #include "screens/frm_kanko.h"
+#include "screens/syokuta_edit.h"
 #include "session/kyotu_mod.h"
 #include "support/failing_writes.h"
+#include "support/generated_firm.h"
 #include "support/keyboard.h"
 #include "widgets/entry_cell.h"
 
@@ -65,6 +70,18 @@ void Key_Everything(Frm_Syokuta& form, Review_Figures& figures, std::mt19937& ra
         }
     }
     QTest::keyClick(form.focusWidget(), Qt::Key_Escape);
+}
+
+/// The check window that is open; closes it.
+std::string Checked() {
+    std::string title;
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (window->isVisible() && window->objectName().contains(QStringLiteral("_Calc_Check"))) {
+            title = Shown(*window, "Lbl_SubTitle");
+            qobject_cast<QDialog*>(window)->reject();
+        }
+    }
+    return title;
 }
 
 // What is keyed and stored by closing the screen is what the engine settles on.
@@ -262,13 +279,6 @@ TEST_F(Syokuta_Screen, What_Is_Stored_And_Cannot_Be_Computed_Can_Be_Corrected) {
 // what is stored.
 TEST_F(Syokuta_Screen, What_Stays_Open_Shows_The_Settled_Scores) {
     const auto settled = [this] { return Score_Company(Cn_Open(session), session.Kind().edition).figures; };
-    const auto close_check = [] {
-        for (QWidget* window : QApplication::topLevelWidgets()) {
-            if (window->isVisible() && window->objectName().contains(QStringLiteral("_Calc_Check"))) {
-                qobject_cast<QDialog*>(window)->reject();
-            }
-        }
-    };
     for (const char* way : {"Prt", "Cmd_P(13)"}) {
         SCOPED_TRACE(way);
         Take_Sample("aoba_kensetsu.json", 4);
@@ -297,7 +307,7 @@ TEST_F(Syokuta_Screen, What_Stays_Open_Shows_The_Settled_Scores) {
         }
         EXPECT_EQ(Shown(form, "Strip_P"),
                   grid->Cell_Text(grid->Current().row == 13 ? "P(13)" : "P(0)").toStdString());
-        close_check();
+        Checked();
     }
     Take_Sample("aoba_kensetsu.json", 4);
     Frm_Syokuta form(shell);
@@ -308,7 +318,7 @@ TEST_F(Syokuta_Screen, What_Stays_Open_Shows_The_Settled_Scores) {
         Click(form, "Cmd_W2X(1)");
         EXPECT_EQ(Now().elements, settled().elements);
         EXPECT_EQ(Shown(form, "W"), Comma_Str(Now().Yoso(200)));
-        close_check();
+        Checked();
     }
 }
 
@@ -334,6 +344,136 @@ TEST_F(Syokuta_Screen, A_Failing_Store_Keeps_The_Screen) {
     Click(form, "Tojiru");
     EXPECT_FALSE(form.isVisible());
     EXPECT_EQ(Now().Yoso(111), 12);
+}
+
+// ---- the improvement beside the current items
+
+class Improved_Firms : public Ui_Installation,
+                       public ::testing::WithParamInterface<std::tuple<const char*, std::int16_t, int>> {
+  protected:
+    Improved_Firms() : Ui_Installation(std::get<0>(GetParam()), false) {
+        Make_Company(1, std::get<1>(GetParam()), 10);
+        Put_Elements({{element::law_year, Law_Number(Law().code)}});
+        session.Simyu_Kubun = Law().code;
+    }
+
+    [[nodiscard]] static const Law_Year& Law() { return Law_Of(std::get<2>(GetParam())); }
+
+    [[nodiscard]] Review_Figures Stored(Scenario scenario) const {
+        return Load_Review(session, Side_In_Hand(session, scenario));
+    }
+
+    /// Stores a generated firm, and another one's statement as what the journal made of its own.
+    void Make_Firm() {
+        Review_Figures firm = Generated_Firm(Law(), random);
+        for (const char* column : {"金額", "改善後残高"}) {
+            std::map<int, double> amounts;
+            for (std::size_t code = 0; code < firm.statement.amount.size(); ++code) {
+                amounts[static_cast<int>(code)] = firm.statement.amount[code].Count();
+            }
+            Put_Amounts(amounts, column);
+            firm.statement = Generated_Firm(Law(), random).statement;
+        }
+        for (Work_Line& line : firm.works) {
+            for (const Work_Column& column : Work_Columns()) {
+                column.place(line).dirty = true;
+            }
+        }
+        const Connection cn = Cn_Open(session);
+        Transaction transaction(cn);
+        Write_Elements(cn, Side_In_Hand(session), firm);
+        Write_Works(cn, Side_In_Hand(session), firm);
+        Settle_Filled(cn, Side_In_Hand(session), session.Kind());
+        transaction.Commit();
+    }
+
+    /// Every field of the side before against that of the screen, or against stored items.
+    static void Expect_Before(Frm_Syokuta& form, const Review_Figures* current) {
+        for (QLineEdit* edit : form.findChildren<QLineEdit*>()) {
+            const auto* cell = dynamic_cast<Syokuta_Edit*>(edit);
+            const std::string before = Shown(form, Name_Before(cell->cell.name).c_str());
+            const std::string expected = current == nullptr
+                                             ? edit->text().toStdString()
+                                             : std::to_string(current->Yoso(cell->cell.element));
+            EXPECT_EQ(QString::fromStdString(before).remove(QLatin1Char(',')).toStdString(),
+                      QString::fromStdString(expected).remove(QLatin1Char(',')).toStdString())
+                << cell->cell.name;
+        }
+    }
+
+    std::mt19937 random{20260701};
+};
+
+TEST_P(Improved_Firms, What_Is_Keyed_Is_Stored_As_It_Is_Scored) {
+    Make_Firm();
+    const Review_Figures current = Stored(Scenario::Genjo);
+    ASSERT_FALSE(Gate_Is_Open(session, Gate::Improved_X2W));
+    {
+        Frm_Syokuta form(shell, Law().improved_form);
+        EXPECT_EQ(form.objectName().toStdString(), Law().improved_form);
+        Expect_Before(form, nullptr);
+        EXPECT_EQ(Shown(form, "Strip_Mae_X2"), Shown(form, "Mae_X2"));
+    }
+    EXPECT_TRUE(Stored(Scenario::Kaizen).Is_Started(Scenario::Kaizen));
+    Frm_Syokuta form(shell, Law().improved_form);
+    Show(form);
+    Review_Figures keyed = Stored(Scenario::Kaizen);
+    Key_Everything(form, keyed, random);
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_TRUE(Gate_Is_Open(session, Gate::Improved_X2W));
+    const Review_Figures stored = Stored(Scenario::Kaizen);
+    for (QLineEdit* edit : form.findChildren<QLineEdit*>()) {
+        const int code = dynamic_cast<Syokuta_Edit*>(edit)->cell.element;
+        EXPECT_EQ(stored.Yoso(code), keyed.Yoso(code)) << "element " << code;
+    }
+    const Asked_Side improved = {{}, Scenario::Kaizen};
+    const Review_Figures scored = Score_Company(Cn_Open(session), session.Kind().edition, improved).figures;
+    EXPECT_EQ(stored.works, scored.works);
+    EXPECT_EQ(stored.elements, scored.elements);
+    // The line told before what the store has now, and what was there before is as it was.
+    EXPECT_EQ(Shown(form, "Strip_Sa_Kei"), Gain_Str(P_Gain_Of(current, stored).sum));
+    EXPECT_EQ(Stored(Scenario::Genjo).works, current.works);
+    EXPECT_EQ(Stored(Scenario::Genjo).elements, current.elements);
+    Expect_Before(form, &current);
+    EXPECT_EQ(Titles(), "");
+}
+
+INSTANTIATE_TEST_SUITE_P(All, Improved_Firms,
+                         ::testing::Combine(::testing::Values("13", "01"),
+                                            ::testing::Values(std::int16_t{1}, std::int16_t{2}),
+                                            ::testing::Range(1, 5)));
+
+TEST_F(Syokuta_Screen, Beside_The_Improvement_Checks_Are_Of_The_Current_Figures) {
+    Take_Sample("aoba_kensetsu.json", 4);
+    Frm_Syokuta form(shell, "Frm_Syokutakaiz_2012");
+    Show(form);
+    const std::string current = List("SELECT 要素CD, 現状 FROM W_Yoso ORDER BY 決算期, 要素CD");
+    Enter(form, "Enen", "7");
+    EXPECT_NE(Shown(form, "Enen_Ten"), Shown(form, "Mae_Enen_Ten"));
+    Click(form, "Cmd_W2X(1)");
+    EXPECT_EQ(Checked(), "改善前（現状）の数値による計算です。");
+    const char* years = "SELECT 改善後0 FROM W_Yoso WHERE 要素CD=111 And 決算期=35";
+    EXPECT_EQ(List(years), "7");
+    Enter(form, "Enen", "8");
+    Click(form, "Prt");
+    EXPECT_EQ(shell.calls.back(), "Open_Form Rpt_KaizenHK_2012");
+    EXPECT_EQ(List(years), "8");
+    EXPECT_EQ(List("SELECT 要素CD, 現状 FROM W_Yoso ORDER BY 決算期, 要素CD"), current);
+}
+
+// Current items that cannot be computed keep nobody from the improvement.
+TEST_F(Syokuta_Screen, A_Side_Before_Without_Scores_Is_Told) {
+    Take_Sample("aoba_kensetsu.json", 4);
+    Put_Amounts({{319, 1'000'000.0}, {829, 70'000'000'000.0}});
+    Put_Elements({{1, 2}});
+    Put_Elements({{1, 1}}, "改善後0");
+    Put_Work(2, {{"改0完工高基準", 40'000}});
+    Frm_Syokuta form(shell, "Frm_Syokutakaiz_2012");
+    Show(form);
+    EXPECT_NE(Shown(form, "W"), "");
+    EXPECT_EQ(Shown(form, "Mae_W") + Shown(form, "Strip_Mae_W") + Shown(form, "Strip_Sa_Kei"), "");
+    EXPECT_TRUE(Has(Shown(form, "Lbl_Fault"), "比較する数値："));
+    EXPECT_EQ(Titles(), "");
 }
 
 } // namespace
