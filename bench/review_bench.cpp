@@ -20,7 +20,7 @@
 namespace morvane {
 namespace {
 
-constexpr double aim_open = 150;
+constexpr double aim_open = 100;
 constexpr double aim_field = 8;
 constexpr int period = 35;
 
@@ -79,11 +79,13 @@ void Measure(const std::filesystem::path& folder) {
     Import_Case(session, std::filesystem::path(MORVANE_SAMPLES) / "aoba_kensetsu.json");
     shell.Sub_Main();
     shell.session.Syori_Ki = period;
-    for (const auto& [law, name] :
-         {std::pair{1, "Frm_Syokuta"}, std::pair{2, "Frm_Syokuta_2011"}, std::pair{4, "Frm_Syokuta_2012"}}) {
+    for (const int law : {1, 2, 4}) {
         Set_Law_Year(shell.session, law);
-        Measure_Screen(shell, name);
+        Measure_Screen(shell, Law_Of(law).entry_form);
+        Measure_Screen(shell, Law_Of(law).improved_form);
     }
+    shell.menu.mode = Sim_Mode::Improvement;
+    Measure_Screen(shell, "Frm_KeieiKz");
     const std::unique_ptr<Form> owner = Open(shell, "Frm_Syokuta_2012");
     for (const int index : {0, 1, 4, 6, 7, 13}) {
         Measure_Check(shell, *owner, W2X_Request(Law_Of(4), index));

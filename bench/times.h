@@ -37,6 +37,9 @@ class Times {
     void Add(double milliseconds) { values.push_back(milliseconds); }
 
     void Print(const char* name, double aim) {
+        if (values.empty()) {
+            return; // nothing of it is there
+        }
         std::sort(values.begin(), values.end());
         const auto at = [&](double part) {
             return values[static_cast<std::size_t>(part * static_cast<double>(values.size() - 1))];

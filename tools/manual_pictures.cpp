@@ -152,7 +152,7 @@ class Tour {
         Review();
         Improvement();
         Others();
-        Improved_Works();
+        Improved();
     }
 
   private:
@@ -191,9 +191,13 @@ class Tour {
     }
 
     // A firm with an improvement in work.
-    void Improved_Works() {
+    void Improved() {
         Take_In_Hand("さくら見本設備株式会社");
         Press("Cmd_Sim2");
+        Press("Cmd_UpS(1)");
+        Take_Screen("keieikz", "Frm_KeieiKz");
+        Press("Cmd_UpS(2)");
+        Take_Screen("syokutakaiz", "Frm_Syokutakaiz_2012");
         Press("Cmd_UpS(3)");
         Take_Screen("kankokaiz", "Frm_KankoKaiz");
         Click(Screen("Frm_KankoKaiz"), "edit_z1");

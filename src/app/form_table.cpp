@@ -71,8 +71,8 @@ constexpr auto screens = std::to_array<Form_Row>({
     {"Frm_PrKSZaiSti", nullptr, true},
     {"Frm_YSisan", Make<Frm_YSisan>, true},
     // The review.
-    {"Frm_Keiei", Make<Frm_Keiei>},
-    {"Frm_KeieiKz"},
+    {"Frm_Keiei", Make_Member<Frm_Keiei>},
+    {"Frm_KeieiKz", Make_Member<Frm_Keiei>},
     {"Frm_Y1_Calc_Check", nullptr, false, "Calc_Check"},
     {"Frm_Ychart"},
     {"Frm_Advice"},

@@ -6,7 +6,7 @@
 namespace morvane {
 
 void Check_Opener::Open(const Check_Request& request, Side side, const std::function<bool()>& store,
-                        const char* whose) {
+                        const std::string& whose) {
     const Session& session = shell.session;
     if (!Calc_Open_Flg()) {
         Tell(session, "オープンエラー", "開いている計算チェックの画面を閉じてから別画面を開いてください。");
@@ -16,7 +16,7 @@ void Check_Opener::Open(const Check_Request& request, Side side, const std::func
         return;
     }
     Check_Sheet sheet = Make_Check_Sheet(session, side, request);
-    if (*whose != '\0') {
+    if (!whose.empty()) {
         sheet.sub_title = whose;
     }
     open = Check_Screen::Show_Beside(owner, shell, QString::fromStdString(request.form), std::move(sheet));

@@ -27,7 +27,7 @@ class Check_Opener {
     /// stands beside the title where the figures are not those of the screen. Raises Store_Error,
     /// Run_Time_Error.
     void Open(const Check_Request& request, Side side, const std::function<bool()>& store,
-              const char* whose = "");
+              const std::string& whose = {});
 
     /// Whether the entry screen may close: refuses with a box while a check screen is open. The menu closes
     /// that one first, without the box.

@@ -13,6 +13,7 @@
 #include <QPushButton>
 #include <QScrollArea>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace morvane {
 
@@ -21,16 +22,24 @@ namespace {
 constexpr int check_of_points = 8;
 constexpr int check_of_score = 9;
 
-// The columns of the indicators.
+// The columns of the indicators. Beside each other they have their bars between caption and value.
 constexpr int group_column = 0;
 constexpr int name_column = 1;
-constexpr int value_column = 2;
-constexpr int unit_column = 3;
-constexpr int rate_column = 4;
-constexpr int check_column = 5;
+constexpr int bar_column = 2;
+constexpr int value_column = 3;
+constexpr int unit_column = 4;
+constexpr int rate_column = 5;
+constexpr int check_column = 6;
+constexpr int rows_of_indicator = 6; // a line above, room, two or three lines, room
+
+constexpr const char* cannot_compute = "計算できません";
 
 QString Text(const std::string& text) {
     return QString::fromStdString(text);
+}
+
+QString Text(const char* text) {
+    return QString::fromUtf8(text);
 }
 
 QString Limit_Text(Tenths limit) {
@@ -58,6 +67,21 @@ QLabel* Group_Label(const QString& text) {
     return label;
 }
 
+/// "Ｘ１　純支払利息比率".
+QString Caption_Of(std::size_t index) {
+    return QStringLiteral("Ｘ%1　%2").arg(index + 1).arg(Text(y_indicators[index].name.name));
+}
+
+/// "改善後 純支払利息比率": a figure of one of two sides says of which.
+QString Spoken(const Keiei_Column& column, const QString& what) {
+    return (Text(column.side.caption) + QLatin1Char(' ') + what).trimmed();
+}
+
+/// A figure of the second column of elements, by that of the first.
+std::string In_Column(const std::string& field, std::size_t column) {
+    return column == 0 ? field : std::string("YosoGo") + field.substr(field.find('('));
+}
+
 QFrame* Line() {
     auto* line = new QFrame;
     line->setFixedHeight(1);
@@ -67,46 +91,65 @@ QFrame* Line() {
 
 } // namespace
 
-Frm_Keiei::Frm_Keiei(Shell_Port& shell_port)
-    : Form(shell_port, QStringLiteral("Frm_Keiei"), QStringLiteral("経営状況（Ｙ）")),
-      y(Calc_Y(shell.session, Side_In_Hand(shell.session))), texts(Show_Keiei(y)) {
+Frm_Keiei::Frm_Keiei(Shell_Port& shell_port, const char* name)
+    : Form(shell_port, Text(name), QStringLiteral("経営状況（Ｙ）")),
+      screen(Keiei_Screen_Of(name, shell_port.menu.mode)),
+      columns(Keiei_Columns(shell_port.session, screen)) {
     Set_Sub_Title(Text(shell.menu.screen.title));
     auto* whole = new QWidget;
-    columns = new QBoxLayout(QBoxLayout::LeftToRight, whole);
-    columns->setContentsMargins(0, 0, 0, 0);
-    columns->setSpacing(theme::panel_gap);
+    halves = new QBoxLayout(QBoxLayout::LeftToRight, whole);
+    halves->setContentsMargins(0, 0, 0, 0);
+    halves->setSpacing(theme::panel_gap);
     auto* left = new QVBoxLayout;
     left->setSpacing(theme::panel_gap);
     left->addWidget(Make_Elements(), 1);
     left->addWidget(Make_Score());
-    columns->addLayout(left);
-    columns->addWidget(Make_Indicators(), 1);
+    halves->addLayout(left);
+    halves->addWidget(Make_Indicators(), 1);
     auto* area = new QScrollArea;
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);
     area->setFocusPolicy(Qt::NoFocus);
     area->setWidget(whole);
     body->addWidget(area, 1);
+    constexpr int beside_halves = 2 * 16 + 14; // margins and scroll bar
+    room_beside = std::max(900, whole->minimumSizeHint().width() + beside_halves);
     Make_Buttons();
 }
 
 // In a narrow window the indicators stand under the figures they come from.
 void Frm_Keiei::resizeEvent(QResizeEvent* event) {
     Form::resizeEvent(event);
-    constexpr int beside = 900;
-    columns->setDirection(width() < beside ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+    halves->setDirection(width() < room_beside ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+}
+
+// Over another screen there is no menu to hide.
+void Frm_Keiei::showEvent(QShowEvent* event) {
+    Form::showEvent(event);
+    if (menu_button != nullptr) {
+        menu_button->setHidden(isModal());
+    }
 }
 
 QWidget* Frm_Keiei::Make_Elements() {
     std::array<std::string, y_elements.size()> names;
     std::array<Total_Field, y_elements.size()> fields;
     for (std::size_t i = 0; i < fields.size(); ++i) {
-        names[i] = "Yoso(" + std::to_string(i) + ")";
+        names[i] = columns[0].names.Yoso + ("(" + std::to_string(i) + ")");
         fields[i] = {names[i].c_str(), y_elements[i].name};
     }
-    auto* panel = new Total_Panel(QStringLiteral("８指標計算要素"), fields, 10);
-    for (std::size_t i = 0; i < fields.size(); ++i) {
-        panel->Set_Text(names[i], Text(texts.Yoso[i]));
+    Total_Columns shown;
+    if (Compares()) {
+        shown.control = In_Column;
+        for (const Keiei_Column& column : columns) {
+            shown.headings.push_back(column.side.caption);
+        }
+    }
+    auto* panel = new Total_Panel(QStringLiteral("８指標計算要素"), fields, 10, shown);
+    for (std::size_t side = 0; side < columns.size(); ++side) {
+        for (std::size_t i = 0; i < fields.size() && columns[side].y; ++i) {
+            panel->Set_Value(names[i], Value(columns[side].y->elements[i].Count()), side);
+        }
     }
     QLabel* unit = Muted(QStringLiteral("金額単位：千円"));
     unit->setContentsMargins(0, 0, 8, 0);
@@ -117,10 +160,13 @@ QWidget* Frm_Keiei::Make_Elements() {
 QWidget* Frm_Keiei::Make_Indicators() {
     auto* panel = new Section_Box(QStringLiteral("経営状況分析　８指標"));
     panel->body->setContentsMargins(12, 6, 12, 6);
+    if (Compares()) {
+        panel->body->addWidget(Make_Legend());
+    }
     auto* grid = new QGridLayout;
     grid->setHorizontalSpacing(8);
     grid->setVerticalSpacing(0);
-    grid->setColumnStretch(name_column, 1);
+    grid->setColumnStretch(Compares() ? bar_column : name_column, 1);
     grid->addWidget(Muted(QStringLiteral("計算結果")), 0, value_column, 1, 2, Qt::AlignRight);
     grid->addWidget(Muted(QStringLiteral("達成率")), 0, rate_column, Qt::AlignRight);
     for (std::size_t i = 0; i < y_indicators.size(); ++i) {
@@ -130,69 +176,176 @@ QWidget* Frm_Keiei::Make_Indicators() {
     return panel;
 }
 
-// An indicator takes a line for its figures and one for its bar; two of them make a group.
+// What the bars are, and why a side has none.
+QWidget* Frm_Keiei::Make_Legend() {
+    auto* legend = new QWidget;
+    auto* lines = new QVBoxLayout(legend);
+    lines->setContentsMargins(0, 0, 0, 2);
+    lines->setSpacing(2);
+    auto* line = new QHBoxLayout;
+    line->setSpacing(2);
+    lines->addLayout(line);
+    const std::array<std::pair<const char*, const char*>, 2> places = {
+        {{"Ex_Mes", "上段"}, {"GEx_Mes", "下段"}}};
+    for (std::size_t side = 0; side < columns.size(); ++side) {
+        const Keiei_Column& column = columns[side];
+        const auto& [name, place] = places[side];
+        auto* sample = new Rate_Bar;
+        sample->Set_Hatched(side == 0);
+        sample->Set_Rate(100.0);
+        sample->setFixedWidth(40);
+        auto* text = new QLabel(QStringLiteral("：%1(%2)").arg(Text(column.side.caption), Text(place)));
+        text->setObjectName(Text(name));
+        line->addWidget(sample);
+        line->addWidget(text);
+        line->addSpacing(16);
+        if (!column.y) {
+            auto* fault = new QLabel(Text(column.side.caption) + QStringLiteral("：") + Text(column.fault));
+            fault->setObjectName(QStringLiteral("Lbl_Fault(%1)").arg(side));
+            fault->setWordWrap(true);
+            theme::Set_Look(fault, "fault");
+            lines->addWidget(fault);
+        }
+    }
+    line->addStretch(1);
+    return legend;
+}
+
+// Two indicators make a group.
 void Frm_Keiei::Add_Indicator(QGridLayout& grid, std::size_t index) {
     const Y_Indicator& indicator = y_indicators[index];
-    const auto number = static_cast<int>(index) + 1;
-    const int row = 1 + 5 * static_cast<int>(index); // a line above, room, figures, bar, room
-    const QString caption = QString::fromUtf8(indicator.name.name);
+    const int row = 1 + rows_of_indicator * static_cast<int>(index);
     grid.addWidget(Line(), row, indicator.group != nullptr ? group_column : name_column, 1, -1);
     grid.setRowStretch(row + 1, 1);
-    grid.setRowStretch(row + 4, 1);
+    grid.setRowStretch(row + rows_of_indicator - 1, 1);
     if (indicator.group != nullptr) {
-        grid.addWidget(Group_Label(QString::fromUtf8(indicator.group)), row + 1, group_column, 9, 1);
+        grid.addWidget(Group_Label(Text(indicator.group)), row + 1, group_column, 2 * rows_of_indicator - 1,
+                       1);
     }
+    Compares() ? Add_Compared(grid, row + 2, index) : Add_Single(grid, row + 2, index);
+    grid.addWidget(Make_Check(static_cast<int>(index), Text(indicator.name.name)), row + 2, check_column, 3,
+                   1, Qt::AlignVCenter);
+}
 
-    auto* name = new QLabel(QStringLiteral("Ｘ%1　%2").arg(number).arg(caption));
-    auto* value =
-        Figure_Label(QStringLiteral("kekka%1").arg(number), texts.kekka[index], theme::heading_points);
-    auto* bar = new Rate_Bar(Limit_Text(indicator.Worst()), Limit_Text(indicator.Best()));
-    bar->setObjectName(QStringLiteral("Bou%1").arg(number));
-    bar->Set_Rate(static_cast<double>(y.rates[index]));
-    auto* rate =
-        Figure_Label(QStringLiteral("TRitu%1").arg(number), texts.TRitu[index] + " %", theme::heading_points);
+// A line for the figures and one for the bar.
+void Frm_Keiei::Add_Single(QGridLayout& grid, int row, std::size_t index) {
+    const Y_Indicator& indicator = y_indicators[index];
+    const auto [value, bar, rate] = Make_Figures(columns[0], index);
+    bar->Set_Ends(Limit_Text(indicator.Worst()), Limit_Text(indicator.Best()));
+    grid.addWidget(new QLabel(Caption_Of(index)), row, name_column, 1, 2);
+    grid.addWidget(value, row, value_column);
+    grid.addWidget(Muted(Text(indicator.unit.name)), row, unit_column);
+    grid.addWidget(bar, row + 1, name_column, 1, unit_column - name_column + 1);
+    grid.addWidget(rate, row, rate_column, 2, 1);
+}
+
+// A line for the caption and one for each side.
+void Frm_Keiei::Add_Compared(QGridLayout& grid, int row, std::size_t index) {
+    const Y_Indicator& indicator = y_indicators[index];
+    QLabel* limits =
+        Muted(Limit_Text(indicator.Worst()) + QStringLiteral(" ～ ") + Limit_Text(indicator.Best()));
+    limits->setFont(theme::Gothic(9));
+    grid.addWidget(new QLabel(Caption_Of(index)), row, name_column, 1, bar_column - name_column + 1);
+    grid.addWidget(limits, row, value_column, 1, rate_column - value_column + 1, Qt::AlignRight);
+    for (const Keiei_Column& column : columns) {
+        const auto [value, bar, rate] = Make_Figures(column, index);
+        bar->Set_Hatched(&column == &columns.front());
+        ++row;
+        grid.addWidget(Muted(Text(column.side.caption)), row, name_column);
+        grid.addWidget(bar, row, bar_column, Qt::AlignVCenter);
+        grid.addWidget(value, row, value_column);
+        grid.addWidget(Muted(Text(indicator.unit.name)), row, unit_column);
+        grid.addWidget(rate, row, rate_column);
+    }
+}
+
+Frm_Keiei::Figures Frm_Keiei::Make_Figures(const Keiei_Column& column, std::size_t index) const {
+    const QString number = QString::number(index + 1);
+    const double size = Compares() ? theme::body_points : theme::heading_points;
+    auto* value = Figure_Label(Text(column.names.kekka) + number, column.texts.kekka[index], size);
+    auto* rate = Figure_Label(Text(column.names.TRitu) + number,
+                              column.y ? column.texts.TRitu[index] + " %" : std::string(), size);
     rate->setMinimumWidth(rate->fontMetrics().horizontalAdvance(QStringLiteral("100.0 %")));
+    auto* bar = new Rate_Bar;
+    bar->setObjectName(Text(column.names.Bou) + number);
+    bar->Set_Rate(column.y ? static_cast<double>(column.y->rates[index]) : 0.0);
     for (QWidget* shown : std::initializer_list<QWidget*>{value, bar, rate}) {
-        shown->setAccessibleName(caption);
+        shown->setAccessibleName(Spoken(column, Text(y_indicators[index].name.name)));
     }
     bar->setAccessibleDescription(QStringLiteral("達成率 ") + rate->text());
-
-    grid.addWidget(name, row + 2, name_column);
-    grid.addWidget(value, row + 2, value_column);
-    grid.addWidget(Muted(QString::fromUtf8(indicator.unit.name)), row + 2, unit_column);
-    grid.addWidget(bar, row + 3, name_column, 1, unit_column - name_column + 1);
-    grid.addWidget(rate, row + 2, rate_column, 2, 1);
-    grid.addWidget(Make_Check(static_cast<int>(index), caption), row + 2, check_column, 2, 1,
-                   Qt::AlignVCenter);
+    return {value, bar, rate};
 }
 
 QWidget* Frm_Keiei::Make_Score() {
     auto* panel = new QFrame;
     theme::Set_Look(panel, "section");
-    auto* grid = new QGridLayout(panel);
-    grid->setContentsMargins(12, 8, 12, 8);
-    grid->setVerticalSpacing(4);
-    grid->setHorizontalSpacing(8);
-    grid->setColumnStretch(0, 1);
-    grid->addWidget(new QLabel(QStringLiteral(" 経営状況点数")), 0, 0);
-    grid->addWidget(Figure_Label(QStringLiteral("YTen"), texts.YTen, theme::title_points), 0, 1);
-    grid->addWidget(Make_Check(check_of_points, QStringLiteral("経営状況点数")), 0, 2);
-    grid->addWidget(Line(), 1, 0, 1, 3);
+    auto* lines = new QVBoxLayout(panel);
+    lines->setContentsMargins(12, 8, 12, 8);
+    lines->setSpacing(4);
+    const Keiei_Gain gain = Gain_Of(columns);
+
+    auto* points = new QHBoxLayout;
+    points->addWidget(new QLabel(QStringLiteral(" 経営状況点数")), 1);
+    lines->addLayout(points);
+    QBoxLayout& of_points = Compares() ? static_cast<QBoxLayout&>(*lines) : *points;
+    Add_Scores(of_points, &Keiei_Texts::YTen, &Keiei_Names::YTen, gain.YTen, theme::title_points);
+    points->addWidget(Make_Check(check_of_points, QStringLiteral("経営状況点数")));
+    lines->addWidget(Line());
+
     auto* caption = new QLabel(QStringLiteral(" 経営状況評点（Y）"));
     theme::Set_Look(caption, "heading");
-    grid->addWidget(caption, 2, 0, 1, 2);
-    grid->addWidget(Make_Check(check_of_score, QStringLiteral("経営状況評点（Y）")), 2, 2);
-    auto* score = Figure_Label(QStringLiteral("Y"), texts.Y, 32);
-    QPalette palette = score->palette();
-    palette.setColor(QPalette::WindowText, QColor(theme::accent));
-    score->setPalette(palette);
-    score->setAlignment(Qt::AlignCenter);
-    score->setAccessibleName(QStringLiteral("経営状況評点（Y）"));
-    grid->addWidget(score, 3, 0, 1, 3);
-    auto* gauge = new Rate_Bar(QStringLiteral("0"), Text(Comma_Str(highest_y)));
-    gauge->Set_Rate(100.0 * y.score.Count() / highest_y);
-    grid->addWidget(gauge, 4, 0, 1, 3);
+    auto* score = new QHBoxLayout;
+    score->addWidget(caption, 1);
+    score->addWidget(Make_Check(check_of_score, caption->text().trimmed()));
+    lines->addLayout(score);
+    Add_Scores(*lines, &Keiei_Texts::Y, &Keiei_Names::Y, gain.Y, Compares() ? 22 : 32);
+    Add_Gauges(*lines);
     return panel;
+}
+
+// The score of each side and, of two, by how much the second one rises.
+void Frm_Keiei::Add_Scores(QBoxLayout& lines, std::string Keiei_Texts::*text, const char* Keiei_Names::*name,
+                           const std::string& gain, double points) const {
+    const bool is_score = name == &Keiei_Names::Y;
+    auto* line = new QHBoxLayout;
+    line->setSpacing(6);
+    for (const Keiei_Column& column : columns) {
+        QLabel* shown = column.y ? Figure_Label(Text(column.names.*name), column.texts.*text, points)
+                                 : Figure_Label(Text(column.names.*name), cannot_compute, theme::body_points);
+        shown->setAccessibleName(
+            Spoken(column, is_score ? QStringLiteral("経営状況評点（Y）") : QStringLiteral("経営状況点数")));
+        if (is_score && column.y) {
+            QPalette palette = shown->palette();
+            palette.setColor(QPalette::WindowText, QColor(theme::accent));
+            shown->setPalette(palette);
+        }
+        if (Compares()) {
+            line->addWidget(Muted(Text(column.side.caption)));
+        } else if (is_score) {
+            shown->setAlignment(Qt::AlignCenter);
+        }
+        line->addWidget(shown, Compares() || is_score ? 1 : 0);
+    }
+    if (Compares()) {
+        QLabel* difference = Figure_Label(Text(columns.back().names.*name) + QStringLiteral("_Sa"), gain,
+                                          theme::heading_points);
+        difference->setAccessibleName(QStringLiteral("差"));
+        difference->setMinimumWidth(difference->fontMetrics().horizontalAdvance(QStringLiteral("↑ +0.00")));
+        line->addWidget(difference);
+    }
+    lines.addLayout(line);
+}
+
+void Frm_Keiei::Add_Gauges(QBoxLayout& lines) const {
+    for (const Keiei_Column& column : columns) {
+        auto* gauge = new Rate_Bar;
+        gauge->Set_Hatched(&column != &columns.back());
+        gauge->Set_Rate(column.y ? 100.0 * column.y->score.Count() / highest_y : 0.0);
+        if (&column == &columns.back()) {
+            gauge->Set_Ends(QStringLiteral("0"), Text(Comma_Str(highest_y)));
+        }
+        lines.addWidget(gauge);
+    }
 }
 
 QPushButton* Frm_Keiei::Make_Check(int index, const QString& of_what) {
@@ -207,16 +360,27 @@ QPushButton* Frm_Keiei::Make_Check(int index, const QString& of_what) {
 
 void Frm_Keiei::Make_Buttons() {
     Add_Help_Button();
-    buttons->insertWidget(1, new Note_Button(shell));
+    if (Compares()) {
+        menu_button = Add_Menu_Button();
+    }
+    buttons->insertWidget(Compares() ? 2 : 1, new Note_Button(shell));
+    if (Compares()) {
+        auto* chart = Add_Button(QStringLiteral("Ychart_Dsp"), QStringLiteral("グラフ表示"));
+        Wire(chart, &QPushButton::clicked, [this] { shell.Open_Form(QStringLiteral("Frm_Ychart")); });
+    }
     auto* print = Add_Button(QStringLiteral("Prt"), QStringLiteral("計算結果印刷"));
     auto* close = Add_Button(QStringLiteral("Tojiru"), QStringLiteral("閉じる"), "primary");
-    Wire(print, &QPushButton::clicked, [this] { shell.Open_Form(QStringLiteral("Rpt_Keiei")); });
+    Wire(print, &QPushButton::clicked, [this] { shell.Open_Form(Text(screen.report)); });
     connect(close, &QPushButton::clicked, this, &Frm_Keiei::reject);
     setFocusProxy(close);
 }
 
+// Of two sides the second one is explained: it is the one that a change brings.
 void Frm_Keiei::Open_Check(int index) {
-    checks.Open(Y1_Request(index), Side_In_Hand(shell.session), [] { return true; });
+    const Screen_Side& side = columns.back().side;
+    checks.Open(
+        Y1_Request(index), side.Of(shell.session), [] { return true; },
+        Compares() ? side.caption + std::string("の数値による計算です。") : "");
 }
 
 } // namespace morvane

@@ -12,34 +12,53 @@ class QLabel;
 namespace morvane {
 
 class Rate_Bar;
-class Total_Panel;
 
-/// The analysis of the management status of the period in hand: the fourteen elements, the eight indicators
-/// with their rates, the points A and the score Y. It stores nothing.
+/// The analysis of the management status: the fourteen elements, the eight indicators with their rates, the
+/// points A and the score Y, of the period in hand (Frm_Keiei) or of two sides beside each other
+/// (Frm_KeieiKz). It stores nothing.
 class Frm_Keiei : public Form {
     Q_OBJECT
 
   public:
-    /// Raises Store_Error, Run_Time_Error.
-    explicit Frm_Keiei(Shell_Port& shell_port);
+    /// `name` is the form's; what is compared goes by the mode of the menu. Raises Store_Error, and
+    /// Run_Time_Error where a single side cannot be computed.
+    explicit Frm_Keiei(Shell_Port& shell_port, const char* name = "Frm_Keiei");
 
   protected:
     bool May_Close() override { return checks.May_Close(); }
     void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
   private:
+    /// The figures of an indicator on a side.
+    struct Figures {
+        QLabel* value;
+        Rate_Bar* bar;
+        QLabel* rate;
+    };
+
+    [[nodiscard]] bool Compares() const { return columns.size() > 1; }
     [[nodiscard]] QWidget* Make_Elements();
     [[nodiscard]] QWidget* Make_Indicators();
+    [[nodiscard]] QWidget* Make_Legend();
     [[nodiscard]] QWidget* Make_Score();
     void Add_Indicator(QGridLayout& grid, std::size_t index);
+    void Add_Single(QGridLayout& grid, int row, std::size_t index);
+    void Add_Compared(QGridLayout& grid, int row, std::size_t index);
+    [[nodiscard]] Figures Make_Figures(const Keiei_Column& column, std::size_t index) const;
+    void Add_Scores(QBoxLayout& lines, std::string Keiei_Texts::*text, const char* Keiei_Names::*name,
+                    const std::string& gain, double points) const;
+    void Add_Gauges(QBoxLayout& lines) const;
     QPushButton* Make_Check(int index, const QString& of_what);
     void Make_Buttons();
     void Open_Check(int index);
 
-    Y_Result y;
-    Keiei_Texts texts;
+    const Keiei_Screen& screen;
+    std::vector<Keiei_Column> columns;
     Check_Opener checks{*this, shell};
-    QBoxLayout* columns = nullptr;
+    QBoxLayout* halves = nullptr;
+    int room_beside = 0;                ///< width of the screen that both halves need, pixels
+    QPushButton* menu_button = nullptr; ///< where there are two sides
 };
 
 } // namespace morvane

@@ -2,9 +2,14 @@
 #pragma once
 
 #include "review/y_calc.h"
+#include "screens/screen_sides.h"
+#include "session/menu_state.h"
 
 #include <array>
+#include <optional>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace morvane {
 
@@ -18,5 +23,48 @@ struct Keiei_Texts {
 };
 
 Keiei_Texts Show_Keiei(const Y_Result& y);
+
+/// A screen of the analysis: one side, or two to compare. What a screen compares goes by the menu.
+struct Keiei_Screen {
+    const char* form;
+    Sim_Mode mode;
+    Screen_Sides sides;
+    const char* report;
+};
+
+/// The screen of a form in a mode of the menu, without one of that mode the form's first; std::out_of_range
+/// for another form.
+const Keiei_Screen& Keiei_Screen_Of(std::string_view form, Sim_Mode mode);
+
+/// The controls of a side by their names; those of elements and indicators are numbered.
+struct Keiei_Names {
+    const char* Yoso;
+    const char* kekka;
+    const char* TRitu;
+    const char* Bou;
+    const char* YTen;
+    const char* Y;
+};
+
+/// A side as a screen shows it.
+struct Keiei_Column {
+    Screen_Side side;
+    Keiei_Names names;
+    std::optional<Y_Result> y; ///< none where it cannot be computed
+    Keiei_Texts texts;         ///< blank then
+    std::string fault;         ///< and this says why
+};
+
+/// The sides of a screen in their order. One of two that cannot be computed leaves the other one as it is.
+/// Raises Store_Error, and of a single side Run_Time_Error.
+std::vector<Keiei_Column> Keiei_Columns(const Session& session, const Keiei_Screen& screen);
+
+/// By how much points A and score Y rise from the first to the second side: "↑ +0.12". Blank where there are
+/// not both.
+struct Keiei_Gain {
+    std::string YTen;
+    std::string Y;
+};
+Keiei_Gain Gain_Of(const std::vector<Keiei_Column>& columns);
 
 } // namespace morvane

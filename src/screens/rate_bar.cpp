@@ -16,9 +16,19 @@ constexpr double text_points = 8.5;
 
 } // namespace
 
-Rate_Bar::Rate_Bar(const QString& from, const QString& to, QWidget* parent)
-    : QWidget(parent), lower(from), upper(to) {
+Rate_Bar::Rate_Bar(QWidget* parent) : QWidget(parent) {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+}
+
+void Rate_Bar::Set_Ends(const QString& from, const QString& to) {
+    lower = from;
+    upper = to;
+    updateGeometry();
+}
+
+void Rate_Bar::Set_Hatched(bool is_hatched) {
+    hatched = is_hatched;
+    update();
 }
 
 void Rate_Bar::Set_Rate(double percent) {
@@ -43,16 +53,18 @@ void Rate_Bar::paintEvent(QPaintEvent* /*event*/) {
     painter.drawRoundedRect(track, 3, 3);
     const double filled = track.width() * std::clamp(rate, 0.0, 100.0) / 100.0;
     if (filled > 0.0) {
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(QColor(theme::accent));
-        painter.drawRoundedRect(QRectF(track.left(), track.top(), std::max(filled, 2.0), track.height()), 3,
-                                3);
+        const QRectF reached(track.left(), track.top(), std::max(filled, 2.0), track.height());
+        painter.setPen(hatched ? QPen(QColor(theme::muted)) : QPen(Qt::NoPen));
+        painter.setBrush(hatched ? QBrush(QColor(theme::muted), Qt::BDiagPattern)
+                                 : QBrush(QColor(theme::accent)));
+        painter.drawRoundedRect(reached, 3, 3);
     }
     painter.setRenderHint(QPainter::Antialiasing, false);
     for (const int quarter : {1, 2, 3}) {
         const int x = width() * quarter / 4;
-        QColor tick(x < filled ? QColor(Qt::white) : QColor(theme::line));
-        tick.setAlphaF(x < filled ? 0.45F : 1.0F);
+        const bool on_colour = x < filled && !hatched;
+        QColor tick(on_colour ? QColor(Qt::white) : QColor(theme::line));
+        tick.setAlphaF(on_colour ? 0.45F : 1.0F);
         painter.setPen(tick);
         painter.drawLine(x, 3, x, bar_height - 4);
     }

@@ -9,8 +9,13 @@ namespace morvane {
 /// rate below 0 shows no bar, one above 100 a full one.
 class Rate_Bar : public QWidget {
   public:
+    explicit Rate_Bar(QWidget* parent = nullptr);
+
     /// `from` and `to` stand below the ends; empty ones leave no room for texts.
-    explicit Rate_Bar(const QString& from = {}, const QString& to = {}, QWidget* parent = nullptr);
+    void Set_Ends(const QString& from, const QString& to);
+
+    /// Fills with stripes, for the bar of what was before beside that of what is.
+    void Set_Hatched(bool is_hatched);
 
     /// `percent` of the whole width.
     void Set_Rate(double percent);
@@ -28,6 +33,7 @@ class Rate_Bar : public QWidget {
     QString lower;
     QString upper;
     double rate = 0.0;
+    bool hatched = false;
 };
 
 } // namespace morvane

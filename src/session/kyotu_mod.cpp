@@ -22,6 +22,14 @@ extern char** environ;
 
 namespace morvane {
 
+namespace {
+
+std::string With_Arrow(double difference, const std::string& number) {
+    return difference > 0 ? "↑ +" + number : difference < 0 ? "↓ " + number : "±" + number;
+}
+
+} // namespace
+
 std::string Comma_Str(const Value& value) {
     std::string text = value.As_Text();
     if (text.empty()) {
@@ -46,8 +54,12 @@ std::string Comma_Str(const Value& value) {
 }
 
 std::string Gain_Str(std::int32_t difference) {
-    const std::string number = Comma_Str(std::int64_t{difference});
-    return difference > 0 ? "↑ +" + number : difference < 0 ? "↓ " + number : "±" + number;
+    return With_Arrow(difference, Comma_Str(std::int64_t{difference}));
+}
+
+std::string Gain_Str(float difference, int decimals) {
+    const std::string number = Fixed_Str(difference, decimals);
+    return With_Arrow(std::stod(number), number); // what is shown as 0 is none
 }
 
 std::string Fixed_Str(float figure, int decimals) {

@@ -27,6 +27,9 @@ std::string Comma_Str(Quantity<Unit, Width> figure) {
 /// "±0". The triangles that mark a rise elsewhere mark a negative amount in Japanese statements.
 std::string Gain_Str(std::int32_t difference);
 
+/// The same of single-precision figures with fixed decimals.
+std::string Gain_Str(float difference, int decimals);
+
 /// A single-precision figure with fixed decimals: its decimal digits are rounded, a half away from zero.
 std::string Fixed_Str(float figure, int decimals);
 

@@ -136,8 +136,9 @@ def unbuilt_forms(sources):
     asked |= set(re.findall(r'_form = "(Frm_\w+)"', (sources / "law/law_rows.h").read_text(encoding="utf-8")))
     for file in sources.rglob("*.cpp"):
         asked |= set(re.findall(r'Open_Form\(QStringLiteral\("(\w+)"\)', file.read_text(encoding="utf-8")))
-    # Reports that the tables of the screens name.
-    for file in sources.glob("screens/*_table.cpp"):
+    # Reports that law years and screens name.
+    asked |= set(re.findall(r'_report = "(Rpt_\w+)"', (sources / "law/law_rows.h").read_text(encoding="utf-8")))
+    for file in sources.glob("screens/*.cpp"):
         asked |= set(re.findall(r'"(Rpt_\w+)"', file.read_text(encoding="utf-8")))
     built |= set(re.findall(r'\{"(Rpt_\w+)"', (sources / "report/report_table.cpp").read_text(encoding="utf-8")))
     return asked - built - {"Frm_Main", "Frm_Command"}

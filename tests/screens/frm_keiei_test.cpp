@@ -2,6 +2,7 @@
 #include "screens/frm_keiei.h"
 
 #include "screens/rate_bar.h"
+#include "session/kyotu_mod.h"
 #include "support/ui_fixture.h"
 
 #include <QApplication>
@@ -96,6 +97,104 @@ TEST_F(Keiei_Window, Every_Check_Opens_And_Keeps_The_Screen_Open) {
     EXPECT_EQ(shell.calls.back(), "Open_Form Rpt_Keiei");
     Click(form, "Tojiru");
     EXPECT_FALSE(form.isVisible());
+}
+
+// ---- two sides
+
+class Keiei_Compared : public Keiei_Window {
+  protected:
+    Keiei_Compared() {
+        Run({"UPDATE Ks_Zaihyo SET 改善後残高=金額"});
+        Put_Amounts({{319, 6.4e8}, {229, 3.1e8}}, "改善後残高");
+        shell.menu.mode = Sim_Mode::Improvement;
+    }
+
+    /// What the screen shows of a side, by its control names, beside what it should.
+    static void Expect_Side(Frm_Keiei& form, const Keiei_Names& names, const Keiei_Texts& texts) {
+        for (std::size_t i = 0; i < texts.Yoso.size(); ++i) {
+            EXPECT_EQ(Text(form, names.Yoso + ("(" + std::to_string(i) + ")")), texts.Yoso[i]);
+        }
+        for (std::size_t i = 0; i < texts.kekka.size(); ++i) {
+            const std::string number = std::to_string(i + 1);
+            EXPECT_EQ(Text(form, names.kekka + number), texts.kekka[i]);
+            EXPECT_EQ(Text(form, names.TRitu + number), texts.TRitu[i] + " %");
+            EXPECT_EQ(
+                Fixed_Str(static_cast<float>(Child<Rate_Bar>(form, (names.Bou + number).c_str())->Rate()), 1),
+                texts.TRitu[i]);
+        }
+        EXPECT_EQ(Text(form, names.YTen), texts.YTen);
+        EXPECT_EQ(Text(form, names.Y), texts.Y);
+    }
+};
+
+TEST_F(Keiei_Compared, Shows_Two_Sides_And_What_The_Second_Brings) {
+    const struct {
+        Sim_Mode mode;
+        Side before;
+        Side after;
+        const char* marks;
+    } modes[] = {
+        {Sim_Mode::Improvement,
+         {10, Scenario::Genjo},
+         {10, Scenario::Kaizen},
+         "：改善前(上段)：改善後(下段)"},
+        {Sim_Mode::Prior_Period, {9, Scenario::Genjo}, {10, Scenario::Genjo}, "：前期(上段)：当期(下段)"},
+    };
+    for (const auto& mode : modes) {
+        SCOPED_TRACE(mode.marks);
+        shell.menu.mode = mode.mode;
+        Frm_Keiei form(shell, "Frm_KeieiKz");
+        const Y_Result before = Calc_Y(session, mode.before);
+        const Y_Result after = Calc_Y(session, mode.after);
+        Expect_Side(form, {"Yoso", "Kzkekka", "TRitu", "BouKz", "YTen", "Y"}, Show_Keiei(before));
+        Expect_Side(form, {"YosoGo", "Gekekka", "GeTRitu", "Bou", "GeYTen", "GeY"}, Show_Keiei(after));
+        EXPECT_NE(before.score, after.score);
+        EXPECT_EQ(Text(form, "GeY_Sa"), Gain_Str(std::int32_t{after.score.Count()} - before.score.Count()));
+        EXPECT_EQ(Text(form, "GeYTen_Sa"), Gain_Str(after.points - before.points, 2));
+        EXPECT_EQ(Text(form, "Ex_Mes") + Text(form, "GEx_Mes"), mode.marks);
+    }
+}
+
+TEST_F(Keiei_Compared, A_Side_That_Cannot_Be_Computed_Leaves_The_Other_One) {
+    for (const auto& [column, names, others] :
+         {std::tuple{"金額", "Y Yoso(0) Kzkekka1 TRitu1", "GeY"},
+          std::tuple{"改善後残高", "GeY YosoGo(0) Gekekka1 GeTRitu1", "Y"}}) {
+        SCOPED_TRACE(column);
+        const double sales = Amount(402, column);
+        Put_Amounts({{229, 2e15}, {248, 2e15}}, column);
+        Frm_Keiei form(shell, "Frm_KeieiKz");
+        std::string shown;
+        for (const QString& name : QString::fromUtf8(names).split(QLatin1Char(' '))) {
+            shown += Text(form, name.toStdString());
+        }
+        EXPECT_EQ(shown, "計算できません");
+        EXPECT_GT(std::stoi(Text(form, others)), 0);
+        EXPECT_EQ(Text(form, "GeY_Sa"), "");
+        const bool second = std::string_view(column) == "改善後残高";
+        EXPECT_TRUE(Has(Text(form, second ? "Lbl_Fault(1)" : "Lbl_Fault(0)"), "桁あふれ"));
+        Put_Amounts({{229, 5.5e8}, {248, 0.0}}, column);
+        EXPECT_EQ(Amount(402, column), sales);
+    }
+}
+
+TEST_F(Keiei_Compared, Opens_What_Belongs_To_The_Second_Side_And_Stands_Over_Another_Screen) {
+    Frm_Keiei form(shell, "Frm_KeieiKz");
+    const auto look = [&](QDialog&) {
+        EXPECT_FALSE(Child<QPushButton>(form, "Cmd_Mnu")->isVisible());
+        for (const auto& [button, opened] :
+             {std::pair{"Prt", "Open_Form Rpt_KeieiHK"}, std::pair{"Ychart_Dsp", "Open_Form Frm_Ychart"}}) {
+            Click(form, button);
+            EXPECT_EQ(shell.calls.back(), opened);
+        }
+        Click(form, "Cmd_X(7)");
+        auto* check = form.findChild<Form*>(QStringLiteral("Frm_Y1_Calc_Check"));
+        ASSERT_NE(check, nullptr);
+        EXPECT_EQ(Child<QLabel>(*check, "Lbl_SubTitle")->text(),
+                  QStringLiteral("改善後の数値による計算です。"));
+        check->reject();
+        Click(form, "Tojiru");
+    };
+    With_Dialog([&] { form.exec(); }, look);
 }
 
 } // namespace
