@@ -56,18 +56,7 @@ class Kz_Copy : public Installation {
 
     /// Other works and items into a scenario, settled as their screens leave them.
     void Put_Figures(Scenario scenario, const Law_Year& law) {
-        Review_Figures figures = Generated_Firm(law, random);
-        for (Work_Line& line : figures.works) {
-            for (const Work_Column& column : Work_Columns()) {
-                column.place(line).dirty = true;
-            }
-        }
-        const Connection cn = Cn_Open(session);
-        Transaction transaction(cn);
-        Write_Elements(cn, {10, scenario}, figures);
-        Write_Works(cn, {10, scenario}, figures);
-        Settle_Filled(cn, {10, scenario}, session.Kind());
-        transaction.Commit();
+        Store_Firm(session, {10, scenario}, Generated_Firm(law, random));
     }
 
     std::int32_t Up_To(std::uint32_t most) { return static_cast<std::int32_t>(random() % (most + 1)); }
