@@ -203,7 +203,21 @@ class Tour {
         Click(Screen("Frm_KankoKaiz"), "edit_z1");
         Take_Screen("kankokaiz2", "Frm_KankoKaiz2");
         Press("Cmd_UpS(5)");
+        Saved_Scenarios();
         Take_In_Hand(firm);
+    }
+
+    // Of the company that has saved scenarios.
+    void Saved_Scenarios() {
+        Press("Cmd_Sim2");
+        While_Open([this] { Press("Cmd_UpS(4)"); }, {[](QDialog& copies) {
+                       Take_Window("kzcopy", copies);
+                       While_Open([&copies] { Click(copies, "Cmd_Load(1)"); }, {Say_Yes, Say_Yes});
+                       Click(copies, "Cmd_Close");
+                   }});
+        Press("Cmd_UpS(3)");
+        Take_Screen("improvement_p", "Frm_KankoKaiz");
+        Press("Cmd_UpS(5)");
     }
 
     void Companies() {

@@ -5,6 +5,7 @@
 #include "session/boxes.h"
 #include "session/save_or_stay.h"
 #include "sim/kz_copy.h"
+#include "widgets/elided_label.h"
 #include "widgets/section_box.h"
 #include "widgets/theme.h"
 
@@ -128,10 +129,12 @@ void Frm_KzCopy::Add_Action(QGridLayout& place, const QString& name, const QStri
     auto* button = new QPushButton(caption);
     button->setObjectName(name);
     button->setAutoDefault(false);
-    auto* result = new QLabel;
+    auto* result = new Elided_Label;
     result->setObjectName(QStringLiteral("Naiyo_") + name);
-    result->setTextFormat(Qt::PlainText);
     theme::Set_Look(result, "muted");
+    const Scenario_Result usual = {.works = 9, .best_p = 1000, .best_work = "土木一式"};
+    result->setMinimumWidth(
+        result->fontMetrics().horizontalAdvance(of + QString::fromStdString(usual.In_Words())));
     const int row = place.rowCount();
     place.addWidget(button, row, 0);
     place.addWidget(result, row, 1);

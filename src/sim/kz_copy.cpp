@@ -7,6 +7,7 @@
 #include "review/settle.h"
 #include "review/side.h"
 #include "review/work_columns.h"
+#include "session/kyotu_mod.h"
 #include "statements/zaimu_calc.h"
 
 #include <initializer_list>
@@ -146,7 +147,7 @@ std::string Scenario_Result::In_Words() const {
     if (works == 0) {
         return "データなし";
     }
-    return "最高 P " + std::to_string(best_p) + "（" + best_work + "）、" + std::to_string(works) + "工種";
+    return "最高 P " + Comma_Str(Value(best_p)) + "（" + best_work + "）、" + std::to_string(works) + "工種";
 }
 
 Scenario_Result Result_Of(const Session& session, Scenario scenario) {

@@ -16,7 +16,7 @@ class Kz_Copy_Screen : public Ui_Installation {
     Kz_Copy_Screen() {
         Make_Company(1, 1, 10);
         Put_Work(0, {{"総合評点P", 700}, {"改0総合評点P", 712}, {"改1総合評点P", 0}});
-        Put_Work(2, {{"改0総合評点P", 805}});
+        Put_Work(2, {{"改0総合評点P", 1805}});
     }
 
     std::string Beside(Form& form, const std::string& button) {
@@ -39,7 +39,7 @@ TEST_F(Kz_Copy_Screen, Each_Button_Asks_Copies_And_Says_So) {
         const char* beside; ///< afterwards
     } cases[] = {
         {"Cmd_Save(2)", "改善後数値保存確認", save, "保存終了", "改善後数値の保存が終了しました。",
-         "最高 P 805（建築一式）、2工種"},
+         "最高 P 1,805（建築一式）、2工種"},
         {"Cmd_Load(1)", "改善後数値呼出確認",
          "「保存値1」の「改善後」数値を現在の「改善後」呼び出します。\n現在の改善後データは上書きされます。"
          "\n\nよろしいですか？",
@@ -58,7 +58,7 @@ TEST_F(Kz_Copy_Screen, Each_Button_Asks_Copies_And_Says_So) {
     Frm_KzCopy form(shell);
     form.show();
     EXPECT_EQ(Beside(form, "Cmd_Save(3)"), "データなし");
-    EXPECT_EQ(Beside(form, "Cmd_MaeGCopy"), "改善後：最高 P 805（建築一式）、2工種");
+    EXPECT_EQ(Beside(form, "Cmd_MaeGCopy"), "改善後：最高 P 1,805（建築一式）、2工種");
     for (const auto& c : cases) {
         SCOPED_TRACE(c.button);
         const std::string before = Dump(session.Work_Store);
