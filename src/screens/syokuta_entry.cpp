@@ -17,6 +17,11 @@ Syokuta_Entry::Syokuta_Entry(const Session& session, const Screen_Sides& screen_
     static_cast<void>(Calc_Y(after.figures.statement, after.figures.firm));
     if (sides.before) {
         before = Loaded_Before(session, *sides.before);
+        // A first visit brings scores of the current figures, which are formed in another way at some law
+        // years.
+        if (!sides.read_only && !after.fault) {
+            after.shown = after.screen;
+        }
     }
 }
 

@@ -16,8 +16,9 @@ namespace morvane {
 /// show the first pass, the second one is what is stored, so that late sub-scores are in it.
 class Syokuta_Entry {
   public:
-    /// Reads the sides of the screen, an improvement after its first visit; the fields show what is stored.
-    /// Raises Store_Error, and Run_Time_Error where Y, which storing needs, cannot be computed.
+    /// Reads the sides of the screen, an improvement after its first visit; the fields show what is stored,
+    /// of an improvement what comes of it. Raises Store_Error, and Run_Time_Error where Y, which storing
+    /// needs, cannot be computed.
     explicit Syokuta_Entry(const Session& session, const Screen_Sides& screen_sides = current_figures);
 
     /// Why the items as they are stored cannot be calculated; empty where they can. Then there are no scores,

@@ -461,6 +461,18 @@ TEST_F(Syokuta_Screen, Beside_The_Improvement_Checks_Are_Of_The_Current_Figures)
     EXPECT_EQ(List("SELECT 要素CD, 現状 FROM W_Yoso ORDER BY 決算期, 要素CD"), current);
 }
 
+// At law year 1 the current W is that of the completed work.
+TEST_F(Syokuta_Screen, An_Improvement_Opens_With_Its_Own_Scores) {
+    Take_Sample("aoba_kensetsu.json", 1);
+    Settle_Again(session);
+    Frm_Syokuta form(shell, "Frm_Syokutakaiz");
+    Show(form);
+    const std::string opened = Shown(form, "W") + Shown(form, "Strip_Sa_Kei");
+    EXPECT_NE(Shown(form, "W"), Shown(form, "Mae_W"));
+    Enter(form, "Enen", Shown(form, "Enen").c_str());
+    EXPECT_EQ(Shown(form, "W") + Shown(form, "Strip_Sa_Kei"), opened);
+}
+
 // Current items that cannot be computed keep nobody from the improvement.
 TEST_F(Syokuta_Screen, A_Side_Before_Without_Scores_Is_Told) {
     Take_Sample("aoba_kensetsu.json", 4);
