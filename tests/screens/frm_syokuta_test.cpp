@@ -7,7 +7,6 @@
 #include "law/run_time_error.h"
 #include "review/p_gain.h"
 #include "review/settle.h"
-#include "review/work_columns.h"
 #include "screens/frm_kanko.h"
 #include "screens/syokuta_edit.h"
 #include "session/kyotu_mod.h"
@@ -374,17 +373,7 @@ class Improved_Firms : public Ui_Installation,
             Put_Amounts(amounts, column);
             firm.statement = Generated_Firm(Law(), random).statement;
         }
-        for (Work_Line& line : firm.works) {
-            for (const Work_Column& column : Work_Columns()) {
-                column.place(line).dirty = true;
-            }
-        }
-        const Connection cn = Cn_Open(session);
-        Transaction transaction(cn);
-        Write_Elements(cn, Side_In_Hand(session), firm);
-        Write_Works(cn, Side_In_Hand(session), firm);
-        Settle_Filled(cn, Side_In_Hand(session), session.Kind());
-        transaction.Commit();
+        Store_Firm(session, Side_In_Hand(session), std::move(firm));
     }
 
     /// Every field of the side before against that of the screen, or against stored items.
