@@ -275,10 +275,10 @@ class Firm:
         if self.chance(0.3):
             rows[901] = self.yen(self.rng.randrange(-1000, 1000))
 
-    def journal(self, rows, codes):
-        """Entries of the improvement journal, balanced or one-sided."""
+    def journal(self, rows, codes, slot=""):
+        """Entries of the improvement journal or that of a saved scenario, balanced or one-sided."""
         out = {str(c): v for c, v in rows.items()}
-        if not self.chance(0.35):
+        if not self.chance(0.7 if slot else 0.35):
             return out
         for _ in range(self.rng.randrange(1, 7)):
             code = self.rng.choice(codes)
@@ -289,7 +289,7 @@ class Firm:
             if self.chance(0.03):
                 amount = -amount
             for side in self.pick(("借方",), ("貸方",), ("借方", "貸方")):
-                entry[side] = amount if self.chance(0.8) else amount // 2
+                entry[side + slot] = amount if self.chance(0.8) else amount // 2
             out[key] = entry
         return out
 
@@ -490,11 +490,14 @@ class Firm:
                 if any(n != "改0技術者6" for line in added.values() for n in line):
                     for index, line in added.items():
                         lines.setdefault(index, {}).update(line)
+        rows = self.journal(dict(sorted(rows.items())), codes)
         if self.chance(0.05):
-            slot = "改%d" % self.pick(1, 2, 3)
+            number = self.pick(1, 1, 2, 3)
+            slot = "改%d" % number
             for index, line in self.lines(law, 2, slot).items():
                 line.pop(slot + "技術者6", None)
                 lines.setdefault(index, {}).update(line)
+            rows = self.journal(rows, codes, str(number))
 
         w = {}
         for code in sorted(set(elements) | set(improved_elements)):
@@ -507,7 +510,7 @@ class Firm:
             else:
                 w[str(code)] = elements[code]
         return {"決算期": k, "Simyu_Kubun": law,
-                "Ks_Zaihyo": self.journal(dict(sorted(rows.items())), codes),
+                "Ks_Zaihyo": rows,
                 "Kandaka_Gj": {str(i): lines[i] for i in sorted(lines)},
                 "W_Yoso": w}
 

@@ -172,24 +172,27 @@ class Statement:
         self.debit = dict.fromkeys(self.chart)
         self.credit = dict.fromkeys(self.chart)
         self.balance = dict.fromkeys(self.chart)
+        self.saved = {}      # balances of the saved scenarios that have a journal, by number
 
     def totals(self):
         """Totals of the current amounts; lines the firm type does not have stay out."""
         self._cascade(self.amount, shown_only=True)
 
-    def totals_after_journal(self):
-        """Balances after the improvement journal, then their totals; every line counts."""
+    def after_journal(self, debit, credit):
+        """Balances after an improvement journal with their totals; every line counts."""
+        balance = {}
         for code, account in self.chart.items():
             g = self.amount[code] or 0
-            k = self.debit[code] or 0
-            s = self.credit[code] or 0
+            k = debit.get(code) or 0
+            s = credit.get(code) or 0
             if code == 273:
-                self.balance[code] = -g + k - s
+                balance[code] = -g + k - s
             elif account.debit:
-                self.balance[code] = g + k - s
+                balance[code] = g + k - s
             else:
-                self.balance[code] = g - k + s
-        self._cascade(self.balance, shown_only=False)
+                balance[code] = g - k + s
+        self._cascade(balance, shown_only=False)
+        return balance
 
     def _class_sums(self, column, shown_only):
         sums = {}
@@ -258,7 +261,8 @@ class Statement:
             if code not in given:
                 v = earlier.amount.get(source) or 0
                 self.amount[code] = v
-                self.balance[code] = v
+                for balance in (self.balance, *self.saved.values()):
+                    balance[code] = v
 
 
 # ---------------------------------------------------------------- Y
@@ -722,6 +726,7 @@ class Company:
     def _statement(self, k, period):
         s = Statement(self.edition, self.corporation)
         given = set()
+        saved = {slot: ({}, {}) for slot in "123"}
         for key, v in period.get("Ks_Zaihyo", {}).items():
             code = int(key)
             assert s.chart[code].entered, "period %s: account %s takes no amount" % (k, key)
@@ -729,10 +734,14 @@ class Company:
             s.amount[code] = entry.get("金額")
             s.debit[code] = entry.get("借方")
             s.credit[code] = entry.get("貸方")
+            for slot, (debit, credit) in saved.items():
+                debit.update({code: entry[n] for n in ("借方" + slot,) if n in entry})
+                credit.update({code: entry[n] for n in ("貸方" + slot,) if n in entry})
             if s.amount[code] is not None:
                 given.add(code)
         s.totals()
-        s.totals_after_journal()
+        s.balance = s.after_journal(s.debit, s.credit)
+        s.saved = {slot: s.after_journal(*sides) for slot, sides in saved.items() if any(sides)}
         for back in (1, 2):
             if k - back in self.statements:
                 s.take_prior(self.statements[k - back], back, given)
@@ -787,7 +796,7 @@ class Company:
         elif scenario == "kaizen":
             column = statement.balance
         else:
-            column = {}      # a case file brings no balances of a saved slot
+            column = statement.saved.get(scenario, {})
         y = points_y(column, self.edition, self.corporation)
         desk = Desk(self.edition, period["Simyu_Kubun"], column, y["Y"], stored_elements,
                     stored_lines, self.end_date(k), scenario == "genjo")
