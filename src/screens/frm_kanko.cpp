@@ -103,11 +103,16 @@ int First_Keyed(const Kanko_Screen& screen) {
 
 constexpr const char* basis_tip = "総合評点（Ｐ）の計算に使う、ほかの画面の評点です。";
 
-QString Basis_Text(const Works::Scores& scores) {
-    return QStringLiteral("Ｙ %1　Ｘ２ %2　Ｗ %3")
-        .arg(scores.Y.Count())
-        .arg(scores.X2.Count())
-        .arg(scores.W.Count());
+// The scores that P takes from other screens, with those of the side before where it is given.
+QString Basis_Text(const Works::Scores& scores, const Works::Scores* before = nullptr) {
+    QStringList texts;
+    for (const auto& [name, score] :
+         {std::pair{"Ｙ", &Works::Scores::Y}, {"Ｘ２", &Works::Scores::X2}, {"Ｗ", &Works::Scores::W}}) {
+        const QString former =
+            before != nullptr ? QStringLiteral("%1 → ").arg((before->*score).Count()) : QString();
+        texts << QString::fromUtf8(name) + u' ' + former + QString::number((scores.*score).Count());
+    }
+    return texts.join(QStringLiteral("　"));
 }
 
 std::string Fault_Text(const Kanko_Entry& entry) {
@@ -147,6 +152,7 @@ Frm_Kanko::Frm_Kanko(Shell_Port& shell_port, const char* form)
 QWidget* Frm_Kanko::Make_Head() {
     auto* line = new QWidget;
     line->setMaximumWidth(grid->maximumWidth());
+    line->installEventFilter(this);
     auto* head = new QHBoxLayout(line);
     head->setContentsMargins(0, 0, 0, 0);
     head->setSpacing(8);
@@ -358,12 +364,31 @@ void Frm_Kanko::Show_Kanko() {
         }
     }
     Show_Row_In_Hand();
-    basis->setText(entry.Fault() ? QString() : Basis_Text(entry.Scores()));
-    if (const Works::Scores* before = entry.Scores_Before()) {
-        basis->setToolTip(QString::fromUtf8(basis_tip) + QStringLiteral("\n改善前：") + Basis_Text(*before));
-    }
+    Show_Basis();
     fault->setText(QString::fromStdString(Fault_Text(entry)));
     fault->setHidden(fault->text().isEmpty());
+}
+
+// Both sides where the line has the room, else the side before in the tip.
+void Frm_Kanko::Show_Basis() {
+    const Works::Scores* before = entry.Scores_Before();
+    basis->setText(entry.Fault() ? QString() : Basis_Text(entry.Scores(), before));
+    if (before == nullptr || entry.Fault()) {
+        return;
+    }
+    basis->setToolTip(QString::fromUtf8(basis_tip) + QStringLiteral("\n比較する数値：") +
+                      Basis_Text(*before));
+    const QWidget* line = basis->parentWidget();
+    if (line->layout()->sizeHint().width() > line->width()) {
+        basis->setText(Basis_Text(entry.Scores()));
+    }
+}
+
+bool Frm_Kanko::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Resize && watched == basis->parentWidget()) {
+        Show_Basis();
+    }
+    return Form::eventFilter(watched, event);
 }
 
 void Frm_Kanko::Set_Cmd_Enable() {

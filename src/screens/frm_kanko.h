@@ -27,6 +27,7 @@ class Frm_Kanko : public Form {
 
   protected:
     bool May_Close() override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     void Make_Grid();
@@ -43,6 +44,7 @@ class Frm_Kanko : public Form {
     void Show_Total(int column);
     void Show_Years();
     void Show_Kanko();
+    void Show_Basis();
     void Show_Row_In_Hand();
     void Set_Cmd_Enable();
     void Open_Check(int row, int column);
