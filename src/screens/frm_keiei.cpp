@@ -145,7 +145,7 @@ QWidget* Frm_Keiei::Make_Elements() {
             shown.headings.push_back(column.side.caption);
         }
     }
-    auto* panel = new Total_Panel(QStringLiteral("８指標計算要素"), fields, 10, shown);
+    auto* panel = new Total_Panel(QStringLiteral("８指標計算要素"), fields, Compares() ? 8 : 10, shown);
     for (std::size_t side = 0; side < columns.size(); ++side) {
         for (std::size_t i = 0; i < fields.size() && columns[side].y; ++i) {
             panel->Set_Value(names[i], Value(columns[side].y->elements[i].Count()), side);
@@ -245,8 +245,8 @@ void Frm_Keiei::Add_Compared(QGridLayout& grid, int row, std::size_t index) {
     QLabel* limits =
         Muted(Limit_Text(indicator.Worst()) + QStringLiteral(" ～ ") + Limit_Text(indicator.Best()));
     limits->setFont(theme::Gothic(9));
-    grid.addWidget(new QLabel(Caption_Of(index)), row, name_column, 1, bar_column - name_column + 1);
-    grid.addWidget(limits, row, value_column, 1, rate_column - value_column + 1, Qt::AlignRight);
+    grid.addWidget(new QLabel(Caption_Of(index)), row, name_column, 1, value_column - name_column + 1);
+    grid.addWidget(limits, row, unit_column, 1, rate_column - unit_column + 1, Qt::AlignRight);
     for (const Keiei_Column& column : columns) {
         const auto [value, bar, rate] = Make_Figures(column, index);
         bar->Set_Hatched(&column == &columns.front());

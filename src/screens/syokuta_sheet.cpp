@@ -23,6 +23,7 @@ namespace {
 constexpr int beside_sheet = 12 + 14; // margins and scroll bar
 constexpr int beside_figure = 18;     // of a shown figure, so that it is as wide as an entry
 constexpr int longest_in_line = 21;   // characters of a caption
+constexpr int longest_beside = 13;    // of one with figures of two sides beside it
 constexpr int row_height = 26;
 constexpr int figure_height = 22;
 constexpr int side = 10; // at the left and right inside a group
@@ -33,9 +34,10 @@ QString Text(const char* text) {
 
 /// A caption that does not break inside a short end, such as 点数 behind its （Ｗ１）: kanji break anywhere.
 QString Keep_End_Whole(QString caption) {
-    constexpr int short_end = 8;
+    constexpr int short_end = 11;
     constexpr QChar word_joiner(0x2060);
-    const auto begin = std::max(caption.lastIndexOf(QChar(u'（')), qsizetype{0});
+    const auto begin =
+        std::max({caption.lastIndexOf(QChar(u'（')), caption.lastIndexOf(QLatin1Char('(')), qsizetype{0}});
     if (caption.size() - begin <= short_end) {
         for (qsizetype at = caption.size() - 1; at > begin; --at) {
             if (!caption[at].isSpace() && !caption[at - 1].isSpace()) {
@@ -145,13 +147,14 @@ QWidget* Syokuta_Sheet::Make_Band(const Syokuta_Group& group) {
     auto* line = new QHBoxLayout(band);
     line->setContentsMargins(side, 2, side, 2);
     line->setSpacing(6);
-    auto* title = new QLabel(Text(group.title));
+    auto* title = new QLabel(sides.before ? Keep_End_Whole(Text(group.title)) : Text(group.title));
     title->setFont(theme::Gothic(theme::body_points, true));
+    title->setWordWrap(sides.before.has_value());
     palette.setColor(QPalette::WindowText, QColor(theme::accent));
     title->setPalette(palette);
     line->addWidget(title, 1);
     for (const Syokuta_Cell& cell : group.points) {
-        Add_Score(*line, cell, title->text());
+        Add_Score(*line, cell, Text(group.title));
     }
     if (group.check != nullptr) {
         Add_Check(*line, group.check);
@@ -168,7 +171,7 @@ QWidget* Syokuta_Sheet::Make_Row(const Syokuta_Row& row) {
         widget->setMinimumHeight(row_height);
     }
     const QString text = Text(row.caption).trimmed();
-    const bool wraps = text.size() > longest_in_line;
+    const bool wraps = text.size() > (sides.before ? longest_beside : longest_in_line);
     auto* caption = new QLabel(wraps ? Keep_End_Whole(text) : text);
     caption->setTextFormat(Qt::PlainText);
     caption->setWordWrap(wraps);
