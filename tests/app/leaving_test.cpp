@@ -38,6 +38,7 @@ const std::vector<Leaving> leavings = {
     {"Frm_QandA", "Cmd_Cancel",
      [](QWidget& form) { Child<QPlainTextEdit>(form, "Advice")->setPlainText(QStringLiteral("答")); }},
     {"Frm_Settei", "Cmd_Excute", [](QWidget& form) { Type_Into(form, "Net_Check_Host", "localhost:80"); }},
+    {"Frm_KsZaiUP", "Tojiru"},
     {"Frm_Jgmas", "Cmd_Excute", [](QWidget& form) { Type_Into(form, "SyaMei", "新青葉"); }},
     {"Frm_Syokutakaiz_2012", "Tojiru"},
 };
