@@ -60,6 +60,12 @@ QLabel* Figure_Label(const QString& name, const std::string& text, double points
     return label;
 }
 
+void Set_Colour(QLabel& label, QRgb colour) {
+    QPalette palette = label.palette();
+    palette.setColor(QPalette::WindowText, QColor(colour));
+    label.setPalette(palette);
+}
+
 QLabel* Group_Label(const QString& text) {
     auto* label = new QLabel(text);
     theme::Set_Look(label, "group");
@@ -315,9 +321,7 @@ void Frm_Keiei::Add_Scores(QBoxLayout& lines, std::string Keiei_Texts::*text, co
         shown->setAccessibleName(
             Spoken(column, is_score ? QStringLiteral("経営状況評点（Y）") : QStringLiteral("経営状況点数")));
         if (is_score && column.y) {
-            QPalette palette = shown->palette();
-            palette.setColor(QPalette::WindowText, QColor(theme::accent));
-            shown->setPalette(palette);
+            Set_Colour(*shown, theme::accent);
         }
         if (Compares()) {
             line->addWidget(Muted(Text(column.side.caption)));
@@ -330,6 +334,9 @@ void Frm_Keiei::Add_Scores(QBoxLayout& lines, std::string Keiei_Texts::*text, co
         QLabel* difference = Figure_Label(Text(columns.back().names.*name) + QStringLiteral("_Sa"), gain,
                                           theme::heading_points);
         difference->setAccessibleName(QStringLiteral("差"));
+        Set_Colour(*difference, gain.starts_with("↑")   ? theme::rise
+                                : gain.starts_with("↓") ? theme::fall
+                                                        : theme::text);
         difference->setMinimumWidth(difference->fontMetrics().horizontalAdvance(QStringLiteral("↑ +0.00")));
         line->addWidget(difference);
     }
