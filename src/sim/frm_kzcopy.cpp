@@ -5,13 +5,13 @@
 #include "session/boxes.h"
 #include "session/save_or_stay.h"
 #include "sim/kz_copy.h"
-#include "widgets/elided_label.h"
 #include "widgets/section_box.h"
 #include "widgets/theme.h"
 
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
 #include <array>
 
 namespace morvane {
@@ -129,15 +129,14 @@ void Frm_KzCopy::Add_Action(QGridLayout& place, const QString& name, const QStri
     auto* button = new QPushButton(caption);
     button->setObjectName(name);
     button->setAutoDefault(false);
-    auto* result = new Elided_Label;
+    auto* result = new QLabel;
     result->setObjectName(QStringLiteral("Naiyo_") + name);
     theme::Set_Look(result, "muted");
-    const Scenario_Result usual = {.works = 9, .best_p = 1000, .best_work = "土木一式"};
-    result->setMinimumWidth(
-        result->fontMetrics().horizontalAdvance(of + QString::fromStdString(usual.In_Words())));
     const int row = place.rowCount();
     place.addWidget(button, row, 0);
-    place.addWidget(result, row, 1);
+    // Two groups of long captions stand beside each other on narrow displays, too.
+    const bool below = of.isEmpty();
+    place.addWidget(result, below ? row + 1 : row, below ? 0 : 1);
     Wire(button, &QPushButton::clicked, work);
     actions.push_back({button, result, caption, of, shown});
 }
@@ -157,6 +156,7 @@ void Frm_KzCopy::Ask_And_Copy(const Copy_Boxes& boxes, const std::function<void(
                               .back = "画面に戻ります。数値は元のまま変わっていません。"};
     if (Ask(shell.session, boxes.title, boxes.question) && Save_Or_Back(shell.session, copy, words)) {
         Show_Results();
+        resize(size().expandedTo(sizeHint()).boundedTo(screen()->availableSize())); // for longer words
         Tell(shell.session, boxes.done_title, boxes.done);
     }
 }
