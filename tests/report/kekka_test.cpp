@@ -124,6 +124,7 @@ TEST_F(Kekka_Hokkaido_Test, Totals_Count_No_Line_Twice) {
     EXPECT_EQ(Joined(Line_Of(texts, "合　　計")), "合　　計|984,730|957,230|966,396|673,701|675,188|674,693");
     EXPECT_EQ(Joined(Line_Of(texts, "利益額", 0, 110)), "利益額|48,844|41,781|(平均)|45,312|688");
     EXPECT_EQ(Joined(Line_Of(texts, "固定資産", 0, 110)), "固定資産|246,172|243,552");
+    EXPECT_EQ(Joined(Line_Of(texts, "経常利益", 0, 110)), "経常利益|27,930|19,423");
 }
 
 TEST_F(Kekka_Test, An_Untouched_Scenario_Prints_The_Current_Figures) {
