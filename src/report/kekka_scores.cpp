@@ -18,6 +18,9 @@ constexpr Type head_type = {font_p_mincho, 7.0F, Align::Center, 0.0F};
 constexpr Type label_type = {font_p_mincho, 7.0F, Align::Left};
 constexpr Type figure_type = {font_p_mincho, 7.0F, Align::Right, 1.2F, Overflow::Figure};
 constexpr Type score_type = {font_p_gothic, 7.5F, Align::Right, 1.2F, Overflow::Figure};
+// In the narrow column of W four digits find room.
+constexpr Type points_type = {font_p_mincho, 7.0F, Align::Right, 0.8F, Overflow::Figure};
+constexpr Type part_score_type = {font_p_gothic, 7.5F, Align::Right, 0.8F, Overflow::Figure};
 
 /// A part of the sheet: its heading, a table, its score at the foot, all in a frame.
 void Draw_Part(Page_Layout& page, const Area& area, const char* heading, Cell_Table& table,
@@ -97,7 +100,8 @@ std::vector<Table_Row> Rows_Of_W(const Kekka_Figures& kekka, Kekka_Form form) {
             item.is_score ? Rule::Thin : Rule::Pale};
         if (covered == 0) {
             const std::size_t of_rows = item.rows_of_points;
-            row.cells.push_back({std::move(item.points), item.is_score ? &score_type : nullptr, 1, of_rows});
+            row.cells.push_back(
+                {std::move(item.points), item.is_score ? &part_score_type : nullptr, 1, of_rows});
             covered = of_rows;
         }
         --covered;
@@ -148,7 +152,7 @@ void Draw_W(Page_Layout& page, const Kekka_Figures& kekka, Kekka_Form form, cons
     Cell_Table table(page, area.Width(),
                      {{55.6F, {font_p_mincho, 7.0F, Align::Left, 0.6F}, {"審査項目"}},
                       {24.6F, {font_p_mincho, 7.0F, Align::Center, 0.3F}, {"内容"}},
-                      {0.0F, {font_p_mincho, 7.0F, Align::Right, 1.0F, Overflow::Figure}, {"評点"}}},
+                      {0.0F, points_type, {"評点"}}},
                      Rows_Of_W(kekka, form), 0);
     Draw_Part(page, area, "その他の審査項目（社会性等）", table, "（Ｗ）", Score_Text(kekka, 200));
 }
