@@ -141,7 +141,7 @@ QWidget* Frm_Keiei::Make_Elements() {
     std::array<std::string, y_elements.size()> names;
     std::array<Total_Field, y_elements.size()> fields;
     for (std::size_t i = 0; i < fields.size(); ++i) {
-        names[i] = columns[0].names.Yoso + ("(" + std::to_string(i) + ")");
+        names[i] = std::string(columns[0].names.Yoso) + "(" + std::to_string(i) + ")";
         fields[i] = {names[i].c_str(), y_elements[i].name};
     }
     Total_Columns shown;

@@ -112,7 +112,7 @@ class Keiei_Compared : public Keiei_Window {
     /// What the screen shows of a side, by its control names, beside what it should.
     static void Expect_Side(Frm_Keiei& form, const Keiei_Names& names, const Keiei_Texts& texts) {
         for (std::size_t i = 0; i < texts.Yoso.size(); ++i) {
-            EXPECT_EQ(Text(form, names.Yoso + ("(" + std::to_string(i) + ")")), texts.Yoso[i]);
+            EXPECT_EQ(Text(form, std::string(names.Yoso) + "(" + std::to_string(i) + ")"), texts.Yoso[i]);
         }
         for (std::size_t i = 0; i < texts.kekka.size(); ++i) {
             const std::string number = std::to_string(i + 1);
