@@ -78,7 +78,7 @@ void Menu_Button::keyPressEvent(QKeyEvent* event) {
         break;
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        animateClick();
+        click();
         break;
     default:
         QPushButton::keyPressEvent(event);

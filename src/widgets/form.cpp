@@ -324,7 +324,7 @@ void Form::reject() {
 void Form::keyPressEvent(QKeyEvent* event) {
     const bool is_enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (auto* button = qobject_cast<QPushButton*>(focusWidget()); button != nullptr && is_enter) {
-        button->animateClick();
+        button->click();
         return;
     }
     if (qobject_cast<QAbstractButton*>(focusWidget()) != nullptr && is_enter) {

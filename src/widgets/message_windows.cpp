@@ -213,7 +213,7 @@ void Message_Window::keyPressEvent(QKeyEvent* event) {
     if (letter.size() == 1 && letter.at(0).isLetter()) {
         for (QPushButton* button : findChildren<QPushButton*>()) {
             if (button->text().contains(QLatin1Char('&') + letter)) {
-                button->animateClick();
+                button->click();
                 return;
             }
         }

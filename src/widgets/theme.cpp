@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "widgets/theme.h"
 
+#include "widgets/window_keys.h"
+
 #include <QApplication>
 #include <QIcon>
 #include <QLibraryInfo>
@@ -209,6 +211,7 @@ void Apply(QApplication& application) {
     QApplication::setPalette(Palette());
     QApplication::setFont(Gothic());
     application.setStyleSheet(Style_Sheet());
+    Press_Buttons_At_Once(application);
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/morvane.svg")));
 }
 

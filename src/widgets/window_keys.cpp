@@ -11,6 +11,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QShortcut>
+#include <QShortcutEvent>
 #include <algorithm>
 #include <array>
 #include <cctype>
@@ -83,7 +84,26 @@ bool Is_Primary(const QWidget& widget) {
     return widget.property("look").toString() == QLatin1String("primary");
 }
 
+class Button_Letters : public QObject {
+  public:
+    using QObject::QObject;
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        auto* button = event->type() == QEvent::Shortcut ? qobject_cast<QAbstractButton*>(watched) : nullptr;
+        if (button == nullptr || static_cast<QShortcutEvent*>(event)->isAmbiguous()) {
+            return QObject::eventFilter(watched, event);
+        }
+        button->click();
+        return true;
+    }
+};
+
 } // namespace
+
+void Press_Buttons_At_Once(QObject& application) {
+    application.installEventFilter(new Button_Letters(&application));
+}
 
 Window_Keys::Window_Keys(QWidget& the_form, QBoxLayout& the_foot)
     : QObject(&the_form), form(the_form), foot(the_foot) {

@@ -67,4 +67,8 @@ class Window_Keys : public QObject {
     QHash<const QObject*, QPointer<QWidget>> last_focus; ///< where a part was left
 };
 
+/// Lets a button's own letter press it at once. The toolkit shows it pressed for a tenth of a second first,
+/// and whatever else is pressed in that time would still be carried out under the question that it opens.
+void Press_Buttons_At_Once(QObject& application);
+
 } // namespace morvane

@@ -128,5 +128,19 @@ TEST_F(Window_Keys_Test, A_Form_Of_Buttons_Opens_On_Its_Action) {
     EXPECT_EQ(Focus(), "Tojiru");
 }
 
+/// A button pressed a moment after another would be carried out under the question that the other one asks.
+TEST_F(Window_Keys_Test, A_Button_Is_Pressed_At_Once) {
+    Open(false);
+    auto* save = form->findChild<QPushButton*>("Cmd_Save");
+    auto* labelled = new QPushButton(QStringLiteral("実行(&Q)"), form.get());
+    labelled->show();
+    QObject::connect(labelled, &QPushButton::clicked, [this] { form->pressed += "Q "; });
+    save->setFocus();
+    QTest::keyClick(save, Qt::Key_Return);
+    EXPECT_EQ(form->pressed, "Cmd_Save ");
+    QTest::keyClick(form.get(), Qt::Key_Q, Qt::AltModifier);
+    EXPECT_EQ(form->pressed, "Cmd_Save Q ");
+}
+
 } // namespace
 } // namespace morvane::tests
