@@ -44,7 +44,7 @@ class Times {
         const auto at = [&](double part) {
             return values[static_cast<std::size_t>(part * static_cast<double>(values.size() - 1))];
         };
-        std::printf("%-32s median %7.1f ms  p95 %7.1f ms  (aim %.0f ms, %zu runs)\n", name, at(0.5), at(0.95),
+        std::printf("%-36s median %7.1f ms  p95 %7.1f ms  (aim %.0f ms, %zu runs)\n", name, at(0.5), at(0.95),
                     aim, values.size());
     }
 
