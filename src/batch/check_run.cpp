@@ -4,6 +4,7 @@
 #include "batch/installation.h"
 #include "company/company_identity.h"
 #include "company/datacheck.h"
+#include "company/pending_work.h"
 #include "company/templates.h"
 #include "data/store_file.h"
 #include "data/table_catalogue.h"
@@ -208,8 +209,13 @@ std::size_t Check_Run(const Session& session, std::ostream& out) {
     }
     if (session.Is_Multi()) {
         try {
+            const bool is_half_way = Has_Pending_Work(session);
             for (const fs::path& stray : Strays(session, companies)) {
-                report(stray, {"事業所一覧にないファイルです。"});
+                report(
+                    stray,
+                    {is_half_way
+                         ? "途中で止まった処理のファイルです。次の起動か取り込みで登録されるか、消されます。"
+                         : "事業所一覧にないファイルです。"});
             }
         } catch (const Store_Error& error) {
             report(error.file, {error.what()});

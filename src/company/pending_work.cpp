@@ -253,4 +253,8 @@ void Finish_Pending_Work(const Session& session) {
     }
 }
 
+bool Has_Pending_Work(const Session& session) {
+    return session.Is_Multi() && Is_There(Intent_File(session));
+}
+
 } // namespace morvane

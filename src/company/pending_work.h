@@ -75,4 +75,7 @@ void Move_Company_Store(const Session& session, std::int32_t former, std::int32_
 /// register and data files disagree.
 void Finish_Pending_Work(const Session& session);
 
+/// Whether a killed process left an operation that Finish_Pending_Work has not seen yet.
+bool Has_Pending_Work(const Session& session);
+
 } // namespace morvane

@@ -185,7 +185,10 @@ QWidget* Frm_Kanko::Make_Head() {
     head->addWidget(basis);
     fault->setObjectName(QStringLiteral("Lbl_Fault"));
     theme::Set_Look(fault, "fault");
-    auto* unit = new QLabel(QStringLiteral("金額単位：千円"));
+    const bool has_amounts =
+        std::any_of(entry.screen.columns.begin(), entry.screen.columns.end(),
+                    [](const Kanko_Column& column) { return column.use == Kanko_Use::Amount; });
+    auto* unit = new QLabel(has_amounts ? QStringLiteral("金額単位：千円") : QStringLiteral("単位：人"));
     theme::Set_Look(unit, "muted");
     unit->setFont(theme::Gothic(9));
     head->addSpacing(8);

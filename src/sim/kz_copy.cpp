@@ -83,6 +83,13 @@ class Copying {
         }
     }
 
+    /// Whether the journal has an entry. Without one the balances after it are the current amounts, but for
+    /// an individual's drawings, whose sign they turn: then there is nothing to take over.
+    [[nodiscard]] bool Has_Entries() const {
+        return cn.Prepare("SELECT 1 FROM Ks_Zaihyo WHERE 決算期=? And (借方<>0 Or 貸方<>0) LIMIT 1", period)
+            .Step();
+    }
+
     void Sum_Statements() const { Zaimu_Shukei(cn, session, Amount_Column::Current); }
 
     /// Settles what was changed and keeps it.
@@ -113,10 +120,12 @@ void KzCopy_GoToMae(const Session& session) {
     // The law year is the period's, whatever a scenario brought from elsewhere has in its place.
     const std::string but_the_law_year = " And 要素CD<>" + std::to_string(element::law_year);
     Copying copying(session);
-    copying.Seed(Balances_Of);
+    if (copying.Has_Entries()) {
+        copying.Seed(Balances_Of);
+        copying.Copy(Balances_Of, Scenario::Kaizen, Scenario::Genjo);
+    }
     copying.Seed(Works_Of);
     copying.Seed(Elements_Of);
-    copying.Copy(Balances_Of, Scenario::Kaizen, Scenario::Genjo);
     copying.Copy(Works_Of, Scenario::Kaizen, Scenario::Genjo);
     copying.Copy(Elements_Of, Scenario::Kaizen, Scenario::Genjo, but_the_law_year);
     copying.Sum_Statements();

@@ -53,8 +53,8 @@ QFont Gothic(double points = body_points, bool bold = false);
 /// Gives a widget one of the looks that the style sheet knows (primary, menu, section, band, ...).
 void Set_Look(QWidget* widget, const char* look);
 
-/// Gives the application its style, palette, fonts, keys of buttons, Japanese texts and icon. Once, before the
-/// first window.
+/// Gives the application its style, palette, fonts, keys of buttons, Japanese texts and icon. Once, before
+/// the first window.
 void Apply(QApplication& application);
 
 } // namespace morvane::theme

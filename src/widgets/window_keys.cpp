@@ -29,24 +29,10 @@ struct Known_Letter {
     char letter;
 };
 constexpr auto known_letters = std::to_array<Known_Letter>({
-    {"Tojiru", 'C'},
-    {"Cmd_Cancel", 'C'},
-    {"Canseru", 'N'},
-    {"Cmd_help", 'H'},
-    {"Cmd_Mnu", 'M'},
-    {"Cmd_QandA", 'O'},
-    {"Prt", 'P'},
-    {"Prt_Exe", 'P'},
-    {"Pdf_Save", 'F'},
-    {"Pg_Set", 'G'},
-    {"Cmd_Excute", 'S'},
-    {"Cmd_Sitei", 'S'},
-    {"Cmd_Sousin", 'S'},
-    {"Cmd_New", 'W'},
-    {"Cmd_Del", 'D'},
-    {"Y_Disp", 'Y'},
-    {"edit_z", 'Z'},
-    {"edit_x1", 'X'},
+    {"Tojiru", 'C'},     {"Cmd_Cancel", 'C'}, {"Canseru", 'N'},    {"Cmd_help", 'H'}, {"Cmd_Mnu", 'M'},
+    {"Cmd_QandA", 'O'},  {"Prt", 'P'},        {"Prt_Exe", 'P'},    {"Pdf_Save", 'F'}, {"Pg_Set", 'G'},
+    {"Cmd_Excute", 'S'}, {"Cmd_Sitei", 'S'},  {"Cmd_Sousin", 'S'}, {"Cmd_New", 'W'},  {"Cmd_Del", 'D'},
+    {"Y_Disp", 'Y'},     {"edit_z", 'Z'},     {"edit_z1", 'Z'},    {"edit_z2", 'R'},  {"edit_x1", 'X'},
 });
 
 std::string Name_Of(const QObject& object) {

@@ -189,6 +189,8 @@ TEST_F(Kz_Copy_Columns, Each_Operation_Copies_Its_Families_And_No_Other) {
         {{"UPDATE Ks_Zaihyo SET 改善後残高=Null", "UPDATE W_Yoso SET 改善後0=Null"},
          KzCopy_GoToMae,
          "11345 2345 22345 12345 11345"},
+        // Without an entry in the journal the statements stay.
+        {{"UPDATE Ks_Zaihyo SET 借方=Null, 貸方=Null"}, KzCopy_GoToMae, "12345 -345 22345 12345 22345"},
     };
     for (const auto& c : cases) {
         Write_Files(folder.path, files);
