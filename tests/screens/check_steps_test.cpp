@@ -332,7 +332,7 @@ Review_Figures Any_Firm(const Law_Year& law, std::mt19937& random) {
             Yen(all_zero || random() % 6 == 0 ? 0.0
                                               : std::trunc(scale * share / One_Of({1, 1, 10, 100}, random)));
     }
-    const std::pair<int, std::initializer_list<int>> numbers[] = {
+    const std::pair<int, std::vector<int>> numbers[] = {
         {111, {0, 5, 6, 20, 34, 35, 100}},
         {142, {0, 1, 2, 5, 14}},
         {143, {0, 1, 2, 3, 30}},
@@ -349,7 +349,7 @@ Review_Figures Any_Firm(const Law_Year& law, std::mt19937& random) {
         {231, {0, 1, 10, 16, 200}},
         {232, {0, 1, 2, 3, 10, 16}}};
     for (const auto& [code, values] : numbers) {
-        f.Put_Yoso(code, One_Of(values, random));
+        f.Put_Yoso(code, values[random() % values.size()]);
     }
     for (Work_Line& line : std::span(f.works).first<followed_lines>()) {
         const int size = One_Of({1, 1, 10, 100}, random);
