@@ -18,6 +18,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <algorithm>
+#include <array>
 
 namespace morvane {
 
@@ -122,6 +123,10 @@ std::string Fault_Text(const Kanko_Entry& entry) {
     return entry.Fault_Before() ? std::string("比較する数値：") + entry.Fault_Before()->what() : "";
 }
 
+Kanko_Entered Entered(int row, int column, const Value& value) {
+    return {row, column, value.Is_Null() ? std::nullopt : std::optional(value.As_Integer())};
+}
+
 Value Shown_Value(std::optional<std::int32_t> number) {
     return number ? Value(std::int64_t{*number}) : Value();
 }
@@ -203,6 +208,9 @@ QWidget* Frm_Kanko::Make_Head() {
 QWidget* Frm_Kanko::Make_Strip() {
     connect(grid, &Entry_Grid::Cell_Entered, this, [this] { Show_Row_In_Hand(); });
     QWidget* line = entry.screen.sides.before ? gain_strip = new Gain_Strip : Make_Result_Strip();
+    if (gain_strip != nullptr && !entry.screen.sides.read_only) {
+        connect(grid, &Entry_Grid::Entry_Typed, this, &Frm_Kanko::Try);
+    }
     line->setMaximumWidth(grid->maximumWidth());
     Show_Row_In_Hand();
     return line;
@@ -283,24 +291,40 @@ void Frm_Kanko::Print(const Kanko_Button& report) {
 
 // ---- entries and results
 
+// The gain follows the keys: what the entry in hand would bring. One that cannot be taken is told of when it
+// is left.
+void Frm_Kanko::Try(int row, int column, const Value& value) {
+    if (!Is_Keyed(entry.screen.columns[static_cast<std::size_t>(column)].use)) {
+        return;
+    }
+    Kanko_Entry trial = entry;
+    try {
+        trial.Take(std::array{Entered(row, column, value)});
+        Show_Gain(*gain_strip, trial.Gain(), Line_Of_Row(row));
+    } catch (const Run_Time_Error&) {
+        Show_Row_In_Hand();
+    }
+}
+
 bool Frm_Kanko::Take(const std::vector<Cell_At>& cells) {
     if (entry.screen.sides.read_only) {
         return true; // a locked cell was left
     }
-    return shell.Guard([&] {
+    const bool is_taken = shell.Guard([&] {
         std::vector<Kanko_Entered> entered;
         for (const Cell_At at : cells) {
-            if (!Is_Keyed(entry.screen.columns[static_cast<std::size_t>(at.column)].use)) {
-                continue;
+            if (Is_Keyed(entry.screen.columns[static_cast<std::size_t>(at.column)].use)) {
+                entered.push_back(Entered(at.row, at.column, grid->Get_Value(at.row, at.column)));
             }
-            const Value value = grid->Get_Value(at.row, at.column);
-            entered.push_back(
-                {at.row, at.column, value.Is_Null() ? std::nullopt : std::optional(value.As_Integer())});
         }
         entry.Take(entered);
         Show_Kanko();
         Set_Cmd_Enable();
     });
+    if (!is_taken) {
+        Show_Row_In_Hand();
+    }
+    return is_taken;
 }
 
 void Frm_Kanko::Take_Avg() {

@@ -37,6 +37,7 @@ class Frm_Kanko : public Form {
     void Make_Buttons();
     void Print(const Kanko_Button& report);
 
+    void Try(int row, int column, const Value& value);
     bool Take(const std::vector<Cell_At>& cells);
     void Take_Avg();
     void Show_Entries();

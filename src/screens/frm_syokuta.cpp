@@ -85,6 +85,9 @@ void Frm_Syokuta::Make_Sheet() {
             }
         };
         edit->on_step = [this](bool back) { Step_Entry(back); };
+        if (screen.sides.before && !screen.sides.read_only) {
+            connect(edit, &QLineEdit::textEdited, this, [this, edit] { Try(*edit); });
+        }
         connect(edit, &Entry_Cell::Entered, this, [this, edit] {
             strip->Set_Subject(edit->hint);
             scroll->ensureWidgetVisible(edit, 0, edit->height());
@@ -149,10 +152,28 @@ void Frm_Syokuta::Show_W_2012() {
     sheet->Show_Figures(shown, computed);
     strip->Set_Text("Strip_X2", computed ? Score_Text(shown.x2.score.Count()) : QString());
     strip->Set_Text("Strip_W", computed ? Score_Text(shown.items.W) : QString());
+    Show_Gain_Of(entry);
+}
+
+void Frm_Syokuta::Show_Gain_Of(const Syokuta_Entry& shown) {
     if (gain_strip != nullptr) {
-        const P_Gain gain = entry.Gain().value_or(P_Gain{});
+        const P_Gain gain = shown.Gain().value_or(P_Gain{});
         Show_Gain(*gain_strip, gain, gain.most_changed);
     }
+}
+
+// The gain follows the keys: what the entry in hand would bring. One that cannot be taken is told of when it
+// is left.
+void Frm_Syokuta::Try(const Syokuta_Edit& edit) {
+    Syokuta_Entry trial = entry;
+    try {
+        if (Syokuta_Entry::Refusal(edit.cell.element, edit.Number()).empty()) {
+            trial.Take(edit.cell.element, edit.Number());
+        }
+    } catch (const Run_Time_Error&) {
+        trial = entry;
+    }
+    Show_Gain_Of(trial);
 }
 
 // What no entry changes.
@@ -196,6 +217,7 @@ bool Frm_Syokuta::Take_Entry(Syokuta_Edit& edit) {
     if (!Put(edit, edit.Number())) {
         edit.Set_Value(former);
         edit.selectAll();
+        Show_Gain_Of(entry);
         return false;
     }
     if (Item(edit) != former) {

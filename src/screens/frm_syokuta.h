@@ -42,6 +42,8 @@ class Frm_Syokuta : public Form {
     void Show_Before();
     [[nodiscard]] std::int32_t Item(const Syokuta_Edit& edit) const;
     bool Put(const Syokuta_Edit& edit, std::int32_t value);
+    void Show_Gain_Of(const Syokuta_Entry& shown);
+    void Try(const Syokuta_Edit& edit);
     bool Take_Entry(Syokuta_Edit& edit);
     void Step_Entry(bool back);
     bool Take_Focused();

@@ -137,9 +137,10 @@ class Entry_Grid : public QFrame {
 
   Q_SIGNALS:
     void Cell_Entered(int row, int column);
-    void Cell_Left(int row, int column); ///< the entry holds
-    void Values_Changed();               ///< the user has changed one or more cells, and they hold
-    void Values_Restored();              ///< a change was taken back: what was calculated from it is stale
+    void Cell_Left(int row, int column);                       ///< the entry holds
+    void Entry_Typed(int row, int column, const Value& value); ///< a key: what the entry would be by now
+    void Values_Changed();  ///< the user has changed one or more cells, and they hold
+    void Values_Restored(); ///< a change was taken back: what was calculated from it is stale
     void Button_Pressed(int row, int column);
 
   protected:

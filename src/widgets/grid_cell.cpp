@@ -19,6 +19,10 @@ Grid_Cell::Grid_Cell(Entry_Grid& entry_grid, QWidget* parent)
     setFocusPolicy(Qt::ClickFocus);
     setContextMenuPolicy(Qt::DefaultContextMenu);
     connect(this, &QLineEdit::textChanged, this, &Grid_Cell::Fit_Figure);
+    connect(this, &QLineEdit::textEdited, this, [this] {
+        const Cell_At at = grid.Current();
+        Q_EMIT grid.Entry_Typed(at.row, at.column, Entry());
+    });
     hide();
 }
 

@@ -204,11 +204,21 @@ TEST_F(Kaiz_Lines, The_Gain_Follows_What_Is_Keyed) {
         EXPECT_EQ(Text("Sa" + row), step.difference);
         EXPECT_EQ(Gain(), step.gain);
     }
+    // It follows each key before the entry is left, and Esc.
+    ASSERT_TRUE(grid->Focus_Cell("Kijun(3)"));
+    const std::string taken = Gain();
+    Type("40000");
+    const std::string typed = Shown(*form, "Strip_Sa");
+    EXPECT_NE(Gain(), taken);
+    Key(Qt::Key_Escape);
+    EXPECT_EQ(Gain(), taken);
+    Key_Into("Kijun(3)", "40000");
+    EXPECT_EQ(Text("Sa(3)"), typed);
     Press("Tojiru");
     EXPECT_EQ(
         List("SELECT 工種CD, 改0完工高基準, 改0総合評点P Is Null, 総合評点P Is Null FROM Kandaka_Gj WHERE "
              "完工高基準 Is Not Null Or 改0完工高前期 Is Not Null"),
-        "2=-=1=0 3=0=0=0 9=0=0=1")
+        "2=-=1=0 3=40000=0=0 9=0=0=1")
         << "an emptied line drops out of the improvement alone";
 }
 
