@@ -14,6 +14,7 @@
 #include "widgets/result_strip.h"
 #include "widgets/theme.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>

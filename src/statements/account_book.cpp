@@ -99,9 +99,9 @@ constexpr auto cascade = std::to_array<Total>({
     {Profit_Of_Corporation, corporation, {Profit_Before_Taxes, -SesT}},
 });
 
-constexpr std::size_t debit = 0;
-constexpr std::size_t credit = 1;
-constexpr std::size_t balance = 2;
+constexpr std::size_t debit_column = 0;
+constexpr std::size_t credit_column = 1;
+constexpr std::size_t balance_column = 2;
 
 Recordset Open_Rows(const Connection& cn, int period, const Account_Book::Columns& names) {
     std::string sql = "SELECT 建設科目CD, 科目分類識別, 集計識別, 内部処理正負, 非表示識別, 貸借正負, 金額";
@@ -215,8 +215,9 @@ void Account_Book::Put(int code, std::size_t column, Yen amount) {
 
 void Account_Book::Form_Balances() {
     for (Row& row : rows) {
-        row.Put(balance, Improved_Balance(static_cast<Account>(row.code), row.debit_normal, row.current,
-                                          row.amounts[debit], row.amounts[credit]));
+        row.Put(balance_column,
+                Improved_Balance(static_cast<Account>(row.code), row.debit_normal, row.current,
+                                 row.amounts[debit_column], row.amounts[credit_column]));
     }
 }
 

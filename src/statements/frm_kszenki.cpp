@@ -25,7 +25,7 @@ struct Block_Texts {
 };
 constexpr Block_Texts prior_texts = {{"Kamk", {{{"Gaku", "前期残高"}}}}, "前期", "Zen_Copy", "前期ﾃﾞｰﾀｺﾋﾟｰ"};
 constexpr Block_Texts second_prior_texts = {
-    {"ZKamk", "ZGaku", "前々期残高"}, "前々期", "ZZen_copy", "前々期ﾃﾞｰﾀｺﾋﾟｰ"};
+    {"ZKamk", {{{"ZGaku", "前々期残高"}}}}, "前々期", "ZZen_copy", "前々期ﾃﾞｰﾀｺﾋﾟｰ"};
 
 constexpr const char* prior_work = "前期建設財務諸表";
 constexpr int block_width = 460;

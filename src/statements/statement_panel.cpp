@@ -87,11 +87,11 @@ std::vector<Statement_Line> Statement_Lines(unsigned form) {
     return Lines_Of(lines, form);
 }
 
-const char* Check_Text_Of(bool holds, bool corporation) {
+const char* Check_Text_Of(bool holds, bool of_corporation) {
     if (holds) {
         return "チェック ⇒ ＯＫ！";
     }
-    return corporation ? "チェック ⇒ Ｎｏ！" : "チェック ⇒ Ｎｏ？";
+    return of_corporation ? "チェック ⇒ Ｎｏ！" : "チェック ⇒ Ｎｏ？";
 }
 
 Amounts Statement_Panel::Shown(const Statement_Line& line) const {

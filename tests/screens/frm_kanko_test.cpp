@@ -93,7 +93,8 @@ TEST_F(Kanko_Window, Every_Field_Is_Keyed_Along_Its_Rows_Into_Its_Column) {
         Key(Qt::Key_Escape);
         EXPECT_FALSE(form->isVisible());
         for (const auto& [cell, heading, stored] : columns) {
-            EXPECT_TRUE(std::ranges::any_of(Kanko_Screen_Of(name).columns, [&](const Kanko_Column& known) {
+            EXPECT_TRUE(std::ranges::any_of(Kanko_Screen_Of(name).columns, [&cell = cell, &heading = heading](
+                                                                               const Kanko_Column& known) {
                 return std::string_view(known.name) == cell && std::string_view(known.heading) == heading;
             })) << heading;
             for (std::size_t line = 0; line < work_line_count; ++line) {
