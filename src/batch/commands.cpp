@@ -168,6 +168,7 @@ struct Score_Arguments {
     std::optional<int> period;
     std::string scenario = "genjo";
     std::string format = "table";
+    std::vector<std::string> with;
     unsigned jobs = 0;
 };
 
@@ -182,6 +183,11 @@ int Run_Score(const Score_Arguments& arguments) {
     options.format = arguments.format == "json"  ? Score_Format::Json
                      : arguments.format == "csv" ? Score_Format::Csv
                                                  : Score_Format::Table;
+    const auto with = [&arguments](const char* what) {
+        return std::find(arguments.with.begin(), arguments.with.end(), what) != arguments.with.end();
+    };
+    options.with_relief = with("relief");
+    options.with_twelve = with("twelve");
     options.jobs = arguments.jobs;
     options.progress = ::isatty(STDERR_FILENO) == 1 && ::isatty(STDOUT_FILENO) == 0;
     options.companies = Chosen_Companies(session, arguments.companies);
@@ -387,8 +393,18 @@ class Command_Line {
                             "morvane-batch score ~/morvane --company 1 --period 35 --format json");
         Add_Choice(sub);
         One_Of(sub->add_option("--format", score.format, "出力形式"), {"table", "csv", "json"});
+        One_Of(sub->add_option("--with", score.with,
+                               "JSON に加える内容（コンマ区切り）。relief 激変緩和措置の比較、twelve 12指標")
+                   ->delimiter(',')
+                   ->allow_extra_args(false),
+               {"relief", "twelve"});
         sub->callback([this] {
             Take_Choice();
+            if (!score.with.empty() && score.format != "json") {
+                throw Usage_Error(std::string("表とCSVには --with の内容を出力できません。--format json "
+                                              "を併せて指定してください。\n") +
+                                  usage_hint);
+            }
             command = [this] { return Run_Score(score); };
         });
     }

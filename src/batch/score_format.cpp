@@ -85,7 +85,33 @@ std::int32_t W_Of(const Settled_Score& score, int element) {
     return has ? score.figures.Yoso(element) : 0;
 }
 
-std::string Json_Text(const Settled_Score& score) {
+/// P of a line under the four ways of averaging, and the letters of the best ones; null where it has no P.
+Json Relief_Of(const Gekihen_Table& relief, std::size_t line, const Work_Line& work) {
+    if (line >= relief.size() || !work.P.up) {
+        return nullptr;
+    }
+    Json entry;
+    Json best = Json::Array();
+    for (std::size_t column = 0; column < gekihen_columns.size(); ++column) {
+        const std::string letter(1, static_cast<char>('a' + column));
+        entry[letter] = relief[line].P[column];
+        if (relief[line].best[column]) {
+            best.Add(letter);
+        }
+    }
+    entry["best"] = std::move(best);
+    return entry;
+}
+
+Json Elements_Of(const Twelve_Result& twelve) {
+    Json entry;
+    for (std::size_t i = 0; i < twelve.values.size(); ++i) {
+        entry[std::to_string(first_twelve_element + static_cast<int>(i))] = twelve.values[i];
+    }
+    return entry;
+}
+
+std::string Json_Text(const Settled_Score& score, const Score_Extras& extras) {
     Json record;
     record["管理No"] = score.kanri_no;
     record["事業所名"] = score.jigyo_name;
@@ -120,9 +146,15 @@ std::string Json_Text(const Settled_Score& score) {
         for (const Line_Column& column : line_columns) {
             entry[column.name] = Or_Null(column.figure(line));
         }
+        if (extras.relief) {
+            entry["relief"] = Relief_Of(*extras.relief, i, line);
+        }
         lines.Add(std::move(entry));
     }
     record["Kandaka_Gj"] = std::move(lines);
+    if (extras.twelve) {
+        record["XW_Yoso"] = Elements_Of(*extras.twelve);
+    }
     return record.Text();
 }
 
@@ -241,10 +273,10 @@ std::string Score_Separator(Score_Format format) {
     return format == Score_Format::Json ? ",\n" : format == Score_Format::Table ? "\n" : "";
 }
 
-std::string Score_Text(Score_Format format, const Settled_Score& score) {
+std::string Score_Text(Score_Format format, const Settled_Score& score, const Score_Extras& extras) {
     switch (format) {
     case Score_Format::Json:
-        return Json_Text(score);
+        return Json_Text(score, extras);
     case Score_Format::Csv:
         return Csv_Lines(score);
     case Score_Format::Table:

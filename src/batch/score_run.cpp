@@ -17,7 +17,14 @@ std::size_t Score_Run(const Session& session, const Score_Options& options, std:
         const Connection cn = Open_Company(session, company);
         Settled_Score score = Score_Company(cn, session.Kind().edition, options.side);
         score.kanri_no = company.number;
-        return Score_Text(options.format, score);
+        Score_Extras extras;
+        if (options.with_relief) {
+            extras.relief = Calc_Gekihen(score.figures);
+        }
+        if (options.with_twelve) {
+            extras.twelve = Calc_Twelve(score.figures.statement, score.figures.firm, score.y);
+        }
+        return Score_Text(options.format, score, extras);
     };
     const auto write_one = [&](const Company& company, const Company_Outcome& outcome) {
         if (!outcome.failure.empty()) {

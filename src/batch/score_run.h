@@ -13,8 +13,10 @@ struct Score_Options {
     std::vector<Company> companies;
     Asked_Side side;
     Score_Format format = Score_Format::Table;
-    unsigned jobs = 0;     ///< threads; 0 all cores
-    bool progress = false; ///< a bar on the error stream
+    bool with_relief = false; ///< JSON alone: P under the four ways of averaging
+    bool with_twelve = false; ///< JSON alone: the twelve indicators
+    unsigned jobs = 0;        ///< threads; 0 all cores
+    bool progress = false;    ///< a bar on the error stream
 };
 
 /// Scores the companies in their order, each from its own file, and writes the results. A company that fails

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
+#include "law/data_form.h"
 #include "law/firm_kind.h"
 
 #include <array>
@@ -76,6 +77,8 @@ enum class Account : int {
     Advances_Received_Hokkaido = 210,           ///< 未成工事受入金, from 2010 on
     Last_Current_Liability_2008_Hokkaido = 216, ///< the last line that the lease debt moves
     Current_Liabilities = 229,                  ///< 流動負債計
+    Bonds = 230,                                ///< 社債
+    Long_Term_Loans = 231,                      ///< 長期借入金
     Fixed_Lease_Debt = 232,          ///< リース債務（固定負債）, from 2010 on, of a corporation
     Last_Fixed_Liability_2008 = 237, ///< the last line before the total in data before 2010
     Retirement_Allowance = 234,      ///< 退職給付引当金; of an individual ○○引当金
@@ -135,6 +138,8 @@ enum class Account : int {
 
     // ---- cost of completed work (完成工事原価報告書)
     Material_Cost = 530,                 ///< 材料費
+    Labour_Subcontracts = 532,           ///< （うち労務外注費）, within the wages
+    Subcontracts = 533,                  ///< 外注費
     Work_Expenses = 534,                 ///< 経費; in the Hokkaido chart the sum of its breakdown
     Depreciation_In_Cost_National = 536, ///< 経費のうち減価償却費
     Completed_Work_Cost = 539,           ///< 完成工事原価
@@ -221,6 +226,12 @@ constexpr Edition_Accounts Accounts_Of_Edition(Edition edition) {
                : Edition_Accounts{Current_Allowance_National,     Completed_Work_Cost_National,
                                   Completed_Work_Profit_National, Side_Business_Sales_National,
                                   Side_Business_Cost_National,    Depreciation_In_Cost_National};
+}
+
+/// 未成工事受入金: in the chart of Hokkaido the lines of leases have moved it.
+constexpr Account Advances_Received(Data_Form_No form) {
+    return form == Data_Form_No::Hokkaido ? Account::Advances_Received_Hokkaido
+                                          : Account::Advances_Received_National;
 }
 
 /// 減価償却実施額: what is written off of assets in a period, wherever it is entered.

@@ -66,8 +66,10 @@ struct Y_Flow_Part {
 /// The figures of the year, and the balances, of which that counts by which they fell during the year.
 inline constexpr std::array<Y_Flow_Part, 3> y_flow_amounts = {
     {{"経常利益", true}, {"減価償却実施額", true}, {"法人税等", false}}};
+inline constexpr std::size_t y_flow_depreciation = 1;
 inline constexpr std::array<Y_Flow_Part, 5> y_flow_balances = {
     {{"貸倒引当金", false}, {"売掛債権", true}, {"仕入債務", false}, {"棚卸資産", true}, {"受入金", false}}};
+inline constexpr std::size_t y_flow_allowance = 0;
 
 /// The scale of X7 and X8: a hundred million yen (億円) in thousand yen.
 inline constexpr std::int32_t thousand_yen_of_oku = 100'000;

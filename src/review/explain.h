@@ -4,6 +4,7 @@
 #include "review/expression.h"
 #include "review/scores.h"
 #include "review/social_items.h"
+#include "review/twelve.h"
 #include "review/x2_calc.h"
 #include "review/y_calc.h"
 
@@ -22,6 +23,7 @@ struct Check_Figures {
     W5_Score w5;
     X2_Result x2;
     Y_Result y;
+    Twelve_Result twelve;
     std::size_t Kosyu_Sel = 0;  ///< the work type, by its place
     std::int32_t Kanko_Avg = 2; ///< years of the completed-work average
 
@@ -128,6 +130,8 @@ void Steps_Of_Z(const Check_Figures& f, Steps& steps);
 void Steps_Of_P(const Check_Figures& f, Steps& steps);
 /// Of the indicator `x` of Y, 1 to 8, of the points A and of the score Y.
 void Steps_Of_Indicator(std::size_t x, const Check_Figures& f, Steps& steps);
+/// Of the place `i` of the twelve indicators.
+void Steps_Of_Twelve(std::size_t i, const Check_Figures& f, Steps& steps);
 void Steps_Of_A(const Check_Figures& f, Steps& steps);
 void Steps_Of_Y(const Check_Figures& f, Steps& steps);
 

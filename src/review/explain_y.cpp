@@ -59,14 +59,8 @@ bool Lacks(Steps& steps, std::size_t x, const Check_Figures& f, e::Place denomin
     return true;
 }
 
-// A mean of two is held in single precision: its half is kept as far as that has digits.
-Expression Mean(Steps& steps, const char* name, Thousand_Yen a, Thousand_Yen b, float mean) {
-    const bool whole = std::floor(mean) == mean;
-    return steps.Work(name, (Expression(a) + b) / 2, Expression(static_cast<double>(mean), whole ? 0 : 1));
-}
-
-float Mean_Of(Thousand_Yen a, Thousand_Yen b) {
-    return static_cast<float>((a + b).Count() / 2.0);
+Expression Mean(Steps& steps, const char* name, Thousand_Yen a, Thousand_Yen b) {
+    return steps.Work(name, (Expression(a) + b) / 2, Expression::Mean(Mean_Of(a, b)));
 }
 
 void Interest_Steps(const Check_Figures& f, Steps& steps) {
@@ -99,7 +93,7 @@ void Capital_Steps(const Check_Figures& f, Steps& steps) {
     const Thousand_Yen last = elements[e::prior_total_capital];
     const Thousand_Yen current = elements[e::total_capital];
     float mean = Mean_Of(last, current);
-    Expression capital = Mean(steps, "総資本の平均", last, current, mean);
+    Expression capital = Mean(steps, "総資本の平均", last, current);
     const auto least = static_cast<float>(y_least_capital.Count());
     if (mean < least) {
         mean = least;
@@ -132,7 +126,7 @@ void Cash_Flow_Steps(const Check_Figures& f, Steps& steps) {
     steps.Work("算出額（前期）", Flow_Of(f.y.flow, 0), last);
     steps.Work("算出額（当期）", Flow_Of(f.y.flow, 1), current);
     const float mean = Mean_Of(last, current);
-    const Expression shown = Mean(steps, "二期平均額", last, current, mean);
+    const Expression shown = Mean(steps, "二期平均額", last, current);
     Value_Steps(steps, 7, shown / thousand_yen_of_oku, static_cast<double>(mean) / thousand_yen_of_oku);
 }
 

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdio>
 
 namespace morvane {
@@ -112,6 +113,10 @@ Expression Expression::Decimal(double figure) {
     const std::string text = digits.data();
     const std::size_t point = text.find('.');
     return {figure, point == std::string::npos ? 0 : static_cast<int>(text.size() - point - 1)};
+}
+
+Expression Expression::Mean(float figure) {
+    return {static_cast<double>(figure), std::floor(figure) == figure ? 0 : 1};
 }
 
 std::string Expression::Left_Of(Rank least) const {

@@ -38,13 +38,15 @@ class Fraction {
 /// A figure, or an expression of figures, as it is printed, with the value of what is printed.
 class Expression {
   public:
-    Expression(std::int32_t figure); // NOLINT: figures stand in expressions as they are
+    Expression(std::int32_t figure = 0); // NOLINT: figures stand in expressions as they are
     template <class Unit, class Width>
     Expression(Quantity<Unit, Width> figure) : Expression(std::int32_t{figure.Count()}) {} // NOLINT
     /// A figure with fixed decimals.
     Expression(double figure, int decimals);
     /// A figure with the decimals that it has, at most six digits.
     static Expression Decimal(double figure);
+    /// A mean of two whole figures in single precision: its half is kept as far as that has digits.
+    static Expression Mean(float figure);
 
     std::string text;
     Fraction value;

@@ -52,7 +52,7 @@ Y_Flow Flow_Of(const Statement_Figures& s, Edition edition, Thousand_Yen ordinar
                both(Prior_Uncompleted_Work, Prior_Materials_In_Store),
                both(Uncompleted_Work, Materials_In_Store)},
               {s.Get_Y_Kamoku(Second_Prior_Advances_Received), s.Get_Y_Kamoku(Prior_Advances_Received),
-               s.Get_Y_Kamoku(s.form == 6 ? Advances_Received_Hokkaido : Advances_Received_National)}}}};
+               s.Get_Y_Kamoku(Advances_Received(Data_Form_Of(s.form)))}}}};
 }
 
 /// The operating cash flow of a year: 0 the prior, 1 the current one.
@@ -87,11 +87,6 @@ float Percent(std::size_t x, double numerator, double denominator) {
                               : Within(x, Round_501(numerator / denominator, indicator.Scale()) * 100);
 }
 
-// Means of two periods are single precision.
-float Mean(Thousand_Yen a, Thousand_Yen b) {
-    return static_cast<float>((a + b).Count() / 2.0);
-}
-
 /// X2: the months of sales that the debt is.
 float Debt_Turnover(std::int32_t debt, std::int32_t sales) {
     return sales == 0 ? y_indicators[1].without_denominator.value().Single()
@@ -103,9 +98,9 @@ std::array<float, y_indicators.size()> Indicators_Of(const Elements& elements) {
     const auto number = [&elements](e::Place place) { return elements[place].Count(); };
     const Thousand_Yen interest = elements[e::interest_paid] - elements[e::interest_received];
     const Thousand_Yen debt = elements[e::current_liabilities] + elements[e::fixed_liabilities];
-    const float capital = std::max(Mean(elements[e::prior_total_capital], elements[e::total_capital]),
+    const float capital = std::max(Mean_Of(elements[e::prior_total_capital], elements[e::total_capital]),
                                    static_cast<float>(y_least_capital.Count()));
-    const float flow = Mean(elements[e::prior_cash_flow], elements[e::cash_flow]);
+    const float flow = Mean_Of(elements[e::prior_cash_flow], elements[e::cash_flow]);
     constexpr double oku = thousand_yen_of_oku;
     return {Percent(1, interest.Count(), number(e::sales)),
             Debt_Turnover(debt.Count(), number(e::sales)),
@@ -134,6 +129,10 @@ void Score(Y_Result& y) {
 }
 
 } // namespace
+
+float Mean_Of(Thousand_Yen a, Thousand_Yen b) {
+    return static_cast<float>((a + b).Count() / 2.0);
+}
 
 double Round_501(double v, double scale) {
     return std::floor(v * scale + y_rounding) / scale;

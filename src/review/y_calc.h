@@ -37,6 +37,9 @@ struct Y_Result {
 /// The same of a side in the working store. Raises Store_Error besides.
 [[nodiscard]] Y_Result Calc_Y(const Session& session, Side side, const Y_Result& former = {});
 
+/// The mean of two periods; the analysis holds it in single precision.
+[[nodiscard]] float Mean_Of(Thousand_Yen a, Thousand_Yen b);
+
 /// floor(v × scale + 0.501) ÷ scale: the rounding of the analysis.
 [[nodiscard]] double Round_501(double v, double scale);
 

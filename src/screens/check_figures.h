@@ -35,11 +35,12 @@ struct Sheet_Text {
     std::function<void(const Check_Figures&, Steps&)> steps = {};      ///< how the score came about
 };
 
-/// The sheets of X2, of W, of the works and of Y.
+/// The sheets of X2, of W, of the works, of Y and of the twelve indicators.
 const std::vector<Sheet_Text>& X2_Sheets();
 const std::vector<Sheet_Text>& W_Sheets();
 const std::vector<Sheet_Text>& XZP_Sheets();
 const std::vector<Sheet_Text>& Y1_Sheets();
+const std::vector<Sheet_Text>& Twelve_Sheets();
 
 inline std::string Number(std::int32_t value) {
     return Comma_Str(value);

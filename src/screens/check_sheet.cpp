@@ -21,7 +21,7 @@ const Sheet_Text* Find(const std::vector<Sheet_Text>& sheets, const std::string&
 }
 
 const Sheet_Text& Find(const std::string& mode, const Law_Year& law) {
-    for (const auto* sheets : {&X2_Sheets(), &W_Sheets(), &XZP_Sheets(), &Y1_Sheets()}) {
+    for (const auto* sheets : {&X2_Sheets(), &W_Sheets(), &XZP_Sheets(), &Y1_Sheets(), &Twelve_Sheets()}) {
         if (const Sheet_Text* sheet = Find(*sheets, mode, law)) {
             return *sheet;
         }
@@ -50,8 +50,12 @@ Check_Figures Load(const Review_Figures& figures, const Check_Request& request) 
     if (Find(W_Sheets(), request.mode, law) != nullptr) {
         f.w5 = W5_Of(f.items, Thousand_Yen(f.items.keiri_kandaka));
     }
-    if (Find(Y1_Sheets(), request.mode, law) != nullptr || with_p) {
+    const bool of_twelve = Find(Twelve_Sheets(), request.mode, law) != nullptr;
+    if (Find(Y1_Sheets(), request.mode, law) != nullptr || of_twelve || with_p) {
         f.y = Calc_Y(f.figures.statement, f.figures.firm);
+    }
+    if (of_twelve) {
+        f.twelve = Calc_Twelve(f.figures.statement, f.figures.firm, f.y);
     }
     return f;
 }
@@ -104,6 +108,10 @@ Check_Request Y1_Request(int index) {
         throw std::out_of_range("no detail of Y for " + std::to_string(index));
     }
     return Request(Y1_Sheets()[static_cast<std::size_t>(index)].mode, Newest_Law_Year(), 0);
+}
+
+Check_Request Twelve_Request(std::size_t place) {
+    return Request(Twelve_Sheets().at(place).mode, Newest_Law_Year(), 0);
 }
 
 Check_Sheet Make_Check_Sheet(const Session& session, Side side, const Check_Request& request) {

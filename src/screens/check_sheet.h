@@ -34,6 +34,9 @@ Check_Request XZP_Request(const std::string& mode, std::size_t Kosyu_Sel);
 /// Y.
 Check_Request Y1_Request(int index);
 
+/// The request of one of the twelve indicators by its place.
+Check_Request Twelve_Request(std::size_t place);
+
 /// The row of the table of Z1 that its check marks: no score sets the number.
 inline constexpr int Tbl_No_Z1 = 0;
 

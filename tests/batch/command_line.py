@@ -132,6 +132,7 @@ def score(top):
     expect([error["管理No"] for error in root["errors"]] == [77], "the unknown company")
     company = json.loads(run("score", folder, "--company", 4, "--period", 20, "--format", "json")[0])["companies"][0]
     expect((company["決算期"], company["Simyu_Kubun"], company["scenario"]) == (20, 2, "genjo"), "an earlier period")
+    expect_in("--format json", run("score", folder, "--with", "twelve", status=2)[1], "figures without a place")
     expect_in("第19期", run("score", folder, "--company", 4, "--period", 19, status=1)[1], "no such period")
     expect_in("保存値3", run("score", folder, "--company", 1, "--scenario", 3, status=1)[1], "an empty slot")
     improved = json.loads(run("score", folder, "--company", 5, "--scenario", "kaizen", "--format", "json")[0])

@@ -6,9 +6,11 @@ It shares no code with the engine and is built for legibility: the score of a
 firm is found by replaying what the screens do until nothing changes any more.
 """
 
-import csv
 import calendar
+import copy
+import csv
 import datetime
+import fractions
 import json
 import math
 import pathlib
@@ -242,6 +244,9 @@ class Statement:
             column[402] = (column[400] or 0) + (column[401] or 0)
         column[469] = column[419] - c("Ipk")
         column[489] = column[469] + c("Egs") - c("Egh")
+        column[519] = column[489] + c("Tbr") - c("Tbs") - c("SesT")
+        column[529] = column[489]
+        column[411 if north else 413] = side
 
     def take_prior(self, earlier, years_back, given):
         """Fill the prior-period lines that were not given from an earlier period.
@@ -334,6 +339,31 @@ def points_y(column, edition, corporation):
     a = f32(math.floor(s * 100 + 0.501) / 100)
     y = max(0, i16(math.floor(167.3 * a + 583 + 0.501)))
     return {"X": x, "ritu": [f32(r) for r in rates], "A": a, "Y": y}
+
+
+def twelve(column, edition, corporation):
+    """The adviser's twelve indicators, percent or months, in thousandths rounded half up."""
+
+    def k(*codes):
+        return sum(-thousands(column.get(-code)) if code < 0 else thousands(column.get(code)) for code in codes)
+
+    north = edition == "01"
+    sales = k(400, 410) if north else k(402)
+    advances = 210 if north else 209
+    mean_assets = fractions.Fraction(f32((k(830) + k(399)) / 2))
+    depreciation = (436, 552 if north else 536, 724, 729)
+    allowance = (115 if north else 114, 177, -824, -825)
+    percent, months = 100, 12
+    rows = ((k(469), sales, percent), (k(489), mean_assets, percent),
+            (k(519 if corporation else 529, *depreciation, *allowance), sales, percent),
+            (k(101, 103, 106, -200, -201, -advances), sales, months),
+            (k(101, 103, 106, -advances), k(400, 106), percent), (k(101, 103), k(400), months),
+            (k(319), k(399), percent), (k(203, 230, 231), sales, months), (k(480, -470), sales, percent),
+            (k(319), k(179), percent), (k(319, 248), k(179), percent),
+            (sales - k(530, 532, 533, 411 if north else 413), k(179), percent))
+    half_up = fractions.Fraction(1, 2)
+    return {str(21 + i): math.floor(fractions.Fraction(above) / below * factor * 1000 + half_up) / 1000
+            if below else 0.0 for i, (above, below, factor) in enumerate(rows)}
 
 
 # ---------------------------------------------------------------- X2
@@ -707,6 +737,24 @@ class Desk:
                 "Kandaka_Gj": [line(i) for i in range(LINES)]}
 
 
+def add_relief(desk, lines):
+    """P of each line had the firm chosen other averages, and which of them are best."""
+    chosen = {}
+    for letter, (years, basis) in zip("abcd", ((2, 1), (2, 2), (3, 1), (3, 2))):
+        other = copy.deepcopy(desk)
+        other.elements.update({201: years, 1: basis})
+        other.settle()
+        if other.law == 1:    # the comparison keeps the closing sum of that law year
+            other.elements[200] = total_w_2008([other.element(code) for code in range(100, 151, 10)])
+            other.form_p_anew()
+        chosen[letter] = [line.get("総合評点P") for line in other.lines]
+    for i, line in enumerate(lines):
+        p = {letter: scores[i] for letter, scores in chosen.items()}
+        line["relief"] = None
+        if line["総合評点P"] is not None:
+            line["relief"] = {**p, "best": [letter for letter in p if p[letter] == max(p.values())]}
+
+
 # ---------------------------------------------------------------- cases
 
 class Company:
@@ -810,8 +858,11 @@ class Company:
         try:
             desk, y = self.desk(k, scenario)
             desk.settle()
+            lines = desk.result()
+            if scenario == "genjo":
+                add_relief(desk, lines["Kandaka_Gj"])
         except (ZeroDivisionError, ValueError, OverflowError) as error:
             raise ScoreError(str(error)) from None
         return {"管理No": self.office["管理No"], "事業所名": self.office["事業所名"], "決算期": k,
                 "Simyu_Kubun": self.periods[k]["Simyu_Kubun"], "scenario": scenario, "Y": y,
-                **desk.result()}
+                "XW_Yoso": twelve(desk.column, self.edition, self.corporation), **lines}

@@ -40,7 +40,8 @@ def same(place, a, b):
 
 def of_the_program(program, installation, scenario, period):
     """Of each number its figures, or that it failed."""
-    chosen = ["--scenario", scenario] + (["--period", str(period)] if period else [])
+    extras = "relief,twelve" if scenario == "genjo" else "twelve"
+    chosen = ["--with", extras, "--scenario", scenario] + (["--period", str(period)] if period else [])
     done = subprocess.run([program, "score", installation, "--format", "json", *chosen], capture_output=True)
     assert done.returncode in (0, 1), done.stderr  # 1: some of the firms overflow, on purpose
     scores = json.loads(done.stdout)

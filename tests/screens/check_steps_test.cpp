@@ -411,19 +411,25 @@ void Expect_W_Followed(const Review_Figures& figures) {
     }
 }
 
+/// The same of an indicator, which is no whole number.
+void Expect_Followed(const Review_Figures& figures, const Check_Request& request, double value,
+                     long double within) {
+    const Check_Sheet sheet = Make_Check_Sheet(figures, request);
+    SCOPED_TRACE(request.mode + "\n" + Steps_Of(sheet));
+    const long double result = Sheet_Reader(sheet).Follow();
+    EXPECT_LT(std::fabs(result - static_cast<long double>(value)), within);
+    EXPECT_EQ(Reader(sheet.results.back().value.text).Number(), result);
+}
+
 void Expect_Y_Followed(const Review_Figures& figures, const Y_Result& y) {
-    for (int i = 0; i < 10; ++i) {
-        const Check_Request request = Y1_Request(i);
-        if (i == 9) {
-            Expect_Followed(figures, request, y.score.Count());
-            continue;
-        }
-        const Check_Sheet sheet = Make_Check_Sheet(figures, request);
-        SCOPED_TRACE(request.mode + "\n" + Steps_Of(sheet));
-        const long double result = Sheet_Reader(sheet).Follow();
-        const long double score = i < 8 ? y.indicators[static_cast<std::size_t>(i)] : y.points;
-        EXPECT_LT(std::fabs(result - score), 1e-4L);
-        EXPECT_EQ(Reader(sheet.results.back().value.text).Number(), result);
+    for (int i = 0; i < 9; ++i) {
+        const float value = i < 8 ? y.indicators[static_cast<std::size_t>(i)] : y.points;
+        Expect_Followed(figures, Y1_Request(i), static_cast<double>(value), 1e-4L);
+    }
+    Expect_Followed(figures, Y1_Request(9), y.score.Count());
+    const Twelve_Result twelve = Calc_Twelve(figures.statement, figures.firm, y);
+    for (std::size_t i = 0; i < twelve.values.size(); ++i) {
+        Expect_Followed(figures, Twelve_Request(i), twelve.values[i], 1e-6L);
     }
 }
 
