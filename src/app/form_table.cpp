@@ -13,6 +13,7 @@
 #include "screens/frm_keiei.h"
 #include "screens/frm_qanda.h"
 #include "screens/frm_syokuta.h"
+#include "screens/frm_ychart.h"
 #include "screens/frm_ysisan.h"
 #include "sim/frm_kzcopy.h"
 #include "statements/frm_kshendo.h"
@@ -74,7 +75,7 @@ constexpr auto screens = std::to_array<Form_Row>({
     {"Frm_Keiei", Make_Member<Frm_Keiei>},
     {"Frm_KeieiKz", Make_Member<Frm_Keiei>},
     {"Frm_Y1_Calc_Check", nullptr, false, "Calc_Check"},
-    {"Frm_Ychart"},
+    {"Frm_Ychart", Make<Frm_Ychart>},
     {"Frm_Advice"},
     {"Frm_Syokuta", Make_Member<Frm_Syokuta>},
     {"Frm_Syokuta_2011", Make_Member<Frm_Syokuta>, false, "Frm_Syokuta"},

@@ -147,10 +147,11 @@ void Page_Layout::Fill(const Area& area, std::uint32_t color) {
     prt.Prt_Fill(corners, color);
 }
 
-void Page_Layout::Polyline(std::span<const Point> points, std::int16_t width, int style) {
+void Page_Layout::Polyline(std::span<const Point> points, std::int16_t width, int style,
+                           std::uint32_t color) {
     for (std::size_t i = 1; i < points.size(); ++i) {
         std::int16_t dots = width;
-        prt.Prt_Line(points[i - 1].x, points[i - 1].y, points[i].x, points[i].y, dots, style);
+        prt.Prt_Line_Color2(points[i - 1].x, points[i - 1].y, points[i].x, points[i].y, dots, style, color);
     }
 }
 

@@ -76,8 +76,8 @@ class Page_Layout {
     void Fill(const Area& area, std::uint32_t color);
     void Fill(std::span<const Point> corners, std::uint32_t color) { prt.Prt_Fill(corners, color); }
 
-    /// A line through points, in a style of the platform (0 solid, 1 dashes, 2 dots).
-    void Polyline(std::span<const Point> points, std::int16_t width, int style);
+    /// A line through points, in a style of the platform (0 solid, 1 dashes, 2 dots); colour 0xBBGGRR.
+    void Polyline(std::span<const Point> points, std::int16_t width, int style, std::uint32_t color);
     void Circle(Point middle, float radius) { prt.Prt_Circle(middle.x, middle.y, radius); }
 
     /// Names a place of the page in the list of contents of the document.

@@ -55,17 +55,19 @@ void Painter_Target::Text(const std::string& text, double x, double y, Report_Fa
 
 void Painter_Target::Take_Pen(const Report_Pen& pen) {
     const Qt::PenStyle style = pen.style == 0 ? Qt::SolidLine : pen.style == 1 ? Qt::DashLine : Qt::DotLine;
-    painter.setPen(
-        QPen(Color_Of(pen.color), std::max<int>(pen.width, 1), style, Qt::SquareCap, Qt::MiterJoin));
+    // Square ends would fill the gaps between dashes.
+    const Qt::PenCapStyle ends = pen.style == 0 ? Qt::SquareCap : Qt::FlatCap;
+    painter.setPen(QPen(Color_Of(pen.color), std::max<int>(pen.width, 1), style, ends, Qt::MiterJoin));
     painter.setBrush(Qt::NoBrush);
 }
 
 // Straight rules stand on whole dots, so that they are sharp and equally wide.
 void Painter_Target::Line(double x1, double y1, double x2, double y2, const Report_Pen& pen) {
     Take_Pen(pen);
-    painter.setRenderHint(QPainter::Antialiasing, x1 != x2 && y1 != y2);
-    painter.drawLine(QPointF(std::round(x1 * scale), std::round(y1 * scale)),
-                     QPointF(std::round(x2 * scale), std::round(y2 * scale)));
+    const bool straight = x1 == x2 || y1 == y2;
+    const auto place = [&](double at) { return straight ? std::round(at * scale) : at * scale; };
+    painter.setRenderHint(QPainter::Antialiasing, !straight);
+    painter.drawLine(QPointF(place(x1), place(y1)), QPointF(place(x2), place(y2)));
 }
 
 void Painter_Target::Box(double x1, double y1, double x2, double y2, const Report_Pen& pen) {

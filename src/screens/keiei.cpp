@@ -21,6 +21,9 @@ constexpr std::array screens = {
     Keiei_Screen{"Frm_Keiei", Sim_Mode::Current, current_figures, "Rpt_Keiei"},
     Keiei_Screen{"Frm_KeieiKz", Sim_Mode::Improvement, improvement, "Rpt_KeieiHK"},
     Keiei_Screen{"Frm_KeieiKz", Sim_Mode::Prior_Period, two_periods, "Rpt_KeieiHK"},
+    Keiei_Screen{"Frm_Ychart", Sim_Mode::Current, current_figures, "Rpt_Ychart"},
+    Keiei_Screen{"Frm_Ychart", Sim_Mode::Improvement, improvement, "Rpt_YchartHK"},
+    Keiei_Screen{"Frm_Ychart", Sim_Mode::Prior_Period, two_periods, "Rpt_YchartHK"},
 };
 
 constexpr Keiei_Names alone = {"Yoso", "kekka", "TRitu", "Bou", "YTen", "Y"};

@@ -2,7 +2,6 @@
 #include "report/line_break.h"
 #include "report/page_flow.h"
 #include "report/pdf_target.h"
-#include "report/radar_chart.h"
 #include "support/sheet_texts.h"
 
 #include <cmath>
@@ -245,47 +244,6 @@ TEST(Page_Flow_Test, A_Pdf_Lists_Its_Sections) {
     EXPECT_NE(bytes.find("/Lang (ja-JP)"), std::string::npos);
     const std::size_t place = std::stoul(bytes.substr(bytes.rfind("startxref") + 10));
     EXPECT_EQ(bytes.substr(place, 5), "xref\n");
-}
-
-// ---- charts
-
-TEST(Radar_Chart_Test, Series_Are_Told_Apart_Without_Colour) {
-    Engine engine;
-    const Area area = {12, 40, 198, 190};
-    const std::vector<std::string> axes = {
-        "純支払利息比率(X1)",         "負債回転期間(X2)", "総資本売上総利益率(X3)",   "売上高経常利益率(X4)",
-        "自己資本対固定資産比率(X5)", "自己資本比率(X6)", "営業キャッシュフロー(X7)", "利益剰余金(X8)"};
-    Draw_Radar(engine.page, area,
-               {axes,
-                {{0.25F, "25"}, {0.5F, "50"}, {0.75F, "75"}, {1.0F, "100％"}},
-                {{"改善前", {0.1F, 0.2F, 0.3F, 0.4F, 0.5F, 0.6F, 0.7F, 1.5F}},
-                 {"改善後", {1, 1, 1, -1, 1, 1, 1, 1}}}});
-    engine.page.End_Page();
-    std::set<std::pair<int, int>> lines; // width and style
-    std::set<std::size_t> markers;       // corners
-    for (const Drawn& drawn : engine.sheet.Pages().front()) {
-        if (const auto* line = std::get_if<Drawn_Line>(&drawn)) {
-            if (line->pen.color == 0) {
-                lines.insert({line->pen.width, line->pen.style});
-            }
-            for (const auto& [x, y] : {std::pair{line->x1, line->y1}, {line->x2, line->y2}}) {
-                EXPECT_TRUE(x >= 12 && x <= 198 && y >= 40 && y <= 190) << x << " " << y;
-            }
-        } else if (const auto* fill = std::get_if<Drawn_Fill>(&drawn)) {
-            markers.insert(fill->corners.size());
-        }
-    }
-    EXPECT_EQ(lines.size(), 2U);
-    EXPECT_EQ(markers.size(), 2U);
-    const auto texts = Texts_Of(engine.sheet);
-    EXPECT_EQ(Astray(texts), "");
-    for (const std::string& axis : axes) {
-        EXPECT_EQ(Box_Of(texts, axis).size, 8) << axis;
-    }
-    // The first axis points upwards, the third one to the right.
-    EXPECT_LT(Box_Of(texts, axes[0]).bottom, Box_Of(texts, "100％").top + 0.01);
-    EXPECT_NEAR(Box_Of(texts, axes[2]).top, Box_Of(texts, axes[6]).top, 0.01);
-    EXPECT_GT(Box_Of(texts, axes[2]).left, Box_Of(texts, axes[6]).right);
 }
 
 } // namespace

@@ -20,7 +20,7 @@ BELOW = {
     "statements": ["review", "widgets", *GROUND],
     "company": ["statements", "review", "widgets", *GROUND],
     "report": ["widgets", *FIRM],
-    "screens": ["widgets", *FIRM],
+    "screens": ["report", "widgets", *FIRM],
     "sim": ["widgets", *FIRM],
     "maint": FIRM,
     "batch": ["report", "maint", *FIRM],
