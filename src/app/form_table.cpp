@@ -9,6 +9,7 @@
 #include "company/frm_jgsitei.h"
 #include "company/frm_kssitei.h"
 #include "report/report_window.h"
+#include "screens/frm_gekihen.h"
 #include "screens/frm_kanko.h"
 #include "screens/frm_keiei.h"
 #include "screens/frm_qanda.h"
@@ -94,7 +95,7 @@ constexpr auto screens = std::to_array<Form_Row>({
     {"Frm_KankoKaizzen"},
     {"Frm_KankoKaiz2zen", nullptr, false, "Frm_KankoKaizzen"},
     {"Frm_KankoKaiz3zen", nullptr, false, "Frm_KankoKaizzen"},
-    {"Frm_Gekihen"},
+    {"Frm_Gekihen", Make<Frm_Gekihen>},
     {"Frm_KzCopy", Make<Frm_KzCopy>, true},
     // How a score came about: opened beside the screens that show the scores.
     {"Frm_X2_Calc_Check", nullptr, false, "Calc_Check"},

@@ -87,14 +87,14 @@ std::int32_t W_Of(const Settled_Score& score, int element) {
 
 /// P of a line under the four ways of averaging, and the letters of the best ones; null where it has no P.
 Json Relief_Of(const Gekihen_Table& relief, std::size_t line, const Work_Line& work) {
-    if (line >= relief.size() || !work.P.up) {
+    if (line >= relief.lines.size() || !work.P.up) {
         return nullptr;
     }
     Json entry;
     Json best = Json::Array();
     for (std::size_t column = 0; column < gekihen_columns.size(); ++column) {
         const std::string letter(1, static_cast<char>('a' + column));
-        entry[letter] = relief[line].P[column];
+        entry[letter] = relief[line].P[column].Count();
         if (relief[line].best[column]) {
             best.Add(letter);
         }

@@ -99,6 +99,10 @@ class Entry_Grid : public QFrame {
     /// Shows a row in bold: one that is computed from others.
     void Set_Strong(int row, bool strong) { data->Set_Strong(row, strong); }
 
+    /// Tints a cell as the best of those that it is compared with.
+    void Set_Best(int row, int column, bool best) { data->Set_Best({row, column}, best); }
+    [[nodiscard]] bool Is_Best(int row, int column) const { return data->Is_Best({row, column}); }
+
     [[nodiscard]] int Row_Count() const { return data->rowCount(); }
     [[nodiscard]] int Column_Count() const { return data->columnCount(); }
 

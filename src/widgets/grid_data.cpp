@@ -59,6 +59,11 @@ void Grid_Data::Set_Strong(int row, bool strong) {
     }
 }
 
+void Grid_Data::Set_Best(Cell_At at, bool best) {
+    cells[Index(at)].best = best;
+    Tell(at);
+}
+
 void Grid_Data::Set_Heading(int column, const std::string& heading) {
     columns[static_cast<std::size_t>(column)].heading = heading;
     Q_EMIT headerDataChanged(Qt::Horizontal, column, column);
@@ -91,6 +96,8 @@ QVariant Grid_Data::data(const QModelIndex& index, int role) const {
     case Qt::DisplayRole:
         return Column(at.column).use == Cell_Use::Button ? QString::fromStdString(Column(at.column).button)
                                                          : Text_At(at);
+    case Qt::AccessibleDescriptionRole:
+        return Is_Best(at) ? QStringLiteral("最良") : QString();
     case Qt::TextAlignmentRole:
         return static_cast<int>(Alignment_Of(Column(at.column)));
     default:

@@ -59,11 +59,13 @@ class Grid_Data : public QAbstractTableModel {
     [[nodiscard]] const QString& Text_At(Cell_At at) const { return cells[Index(at)].text; }
     [[nodiscard]] bool Is_Locked(Cell_At at) const { return cells[Index(at)].locked; }
     [[nodiscard]] bool Is_Strong(Cell_At at) const { return cells[Index(at)].strong; }
+    [[nodiscard]] bool Is_Best(Cell_At at) const { return cells[Index(at)].best; }
     [[nodiscard]] bool Has(Cell_At at) const;
 
     void Set_Value(Cell_At at, const Value& value);
     void Set_Locked(Cell_At at, bool locked);
     void Set_Strong(int row, bool strong);
+    void Set_Best(Cell_At at, bool best);
     void Set_Heading(int column, const std::string& heading);
 
     /// The cell of a control name ("Zzki(3)").
@@ -84,6 +86,7 @@ class Grid_Data : public QAbstractTableModel {
         QString text;
         bool locked = false;
         bool strong = false;
+        bool best = false;
     };
 
     [[nodiscard]] std::size_t Index(Cell_At at) const {

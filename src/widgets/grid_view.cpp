@@ -40,12 +40,14 @@ class Grid_View::Painter : public QAbstractItemDelegate {
             QFont font = view.font();
             font.setBold(view.is_totals || data.Is_Strong(at));
             painter->setFont(font);
+            const QRect room = option.rect.adjusted(grid_padding, 0, -grid_padding, 0);
             if (column.kind == Entry_Kind::Text) {
-                const QRect room = option.rect.adjusted(grid_padding, 0, -grid_padding, 0);
                 Paint_Name(*painter, room, data.Text_At(at), Alignment_Of(column));
             } else {
-                Paint_Figure(*painter, option.rect.adjusted(grid_padding, 0, -grid_padding, 0),
-                             data.Text_At(at), Alignment_Of(column));
+                Paint_Figure(*painter, room, data.Text_At(at), Alignment_Of(column));
+            }
+            if (data.Is_Best(at)) { // the tint alone is not seen by everyone
+                painter->drawText(room, Qt::AlignLeft | Qt::AlignVCenter, QStringLiteral("◎"));
             }
         }
         if (view.block.contains(at.column, at.row)) {
@@ -67,6 +69,9 @@ class Grid_View::Painter : public QAbstractItemDelegate {
     [[nodiscard]] QRgb Ground(Cell_At at) const {
         if (view.is_totals) {
             return theme::accent_soft;
+        }
+        if (data.Is_Best(at)) {
+            return theme::best;
         }
         const bool odd = at.row % 2 == 1;
         if (data.Column(at.column).use != Cell_Use::Entry) {

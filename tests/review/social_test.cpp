@@ -252,6 +252,12 @@ TEST(Gekihen, Columns_Are_The_Firm_With_Other_Averages) {
     for (int i = 0; i < 12; ++i) {
         const Review_Figures firm = Settled(Generated_Firm(Law_Of(2 + i % 3), random));
         const Gekihen_Table table = Calc_Gekihen(firm);
+        std::int32_t own = 0;
+        for (std::size_t line = 0; line < scored_lines; ++line) {
+            own += Is_Sub_Line(line) ? 0 : firm.works[line].P.value;
+            EXPECT_EQ(table[line].entered, firm.works[line].P.up);
+        }
+        EXPECT_EQ(table.Of_All(table.chosen).P, own) << "the firm's own choice is among the four";
         for (std::size_t column = 0; column < 4; ++column) {
             Review_Figures chosen = firm;
             chosen.Put_Yoso(201, column < 2 ? 2 : 3);
@@ -260,7 +266,7 @@ TEST(Gekihen, Columns_Are_The_Firm_With_Other_Averages) {
             for (std::size_t line = 0; line < scored_lines; ++line) {
                 const auto& p = table[line].P;
                 if (settled.works[line].P.up) {
-                    EXPECT_EQ(p[column], settled.works[line].P.value)
+                    EXPECT_EQ(p[column].Count(), settled.works[line].P.value)
                         << "firm " << i << " " << line << " " << column;
                 }
                 EXPECT_EQ(table[line].best[column], p[column] == *std::max_element(p.begin(), p.end()));
