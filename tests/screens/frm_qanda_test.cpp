@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "screens/frm_qanda.h"
 
-#include "support/failing_writes.h"
 #include "support/ui_fixture.h"
 #include "widgets/note_button.h"
 
@@ -60,25 +59,6 @@ TEST_F(Note_Screen, A_Missing_Row_Is_Made_For_A_Text_Only) {
     EXPECT_EQ(List("SELECT count(*) FROM QandA"), "0");
     Write("Advice", "答");
     EXPECT_EQ(Stored(), "現状分析－経営状況（Ｙ）=-=答");
-}
-
-TEST_F(Note_Screen, A_Failing_Store_Keeps_The_Screen_And_The_Text) {
-    Frm_QandA form(shell);
-    form.show();
-    auto* advice = Child<QPlainTextEdit>(form, "Advice");
-    advice->setPlainText(QStringLiteral("長い答"));
-    {
-        const Failing_Writes full(1, Failing_Writes::Manner::From_Then_On, ENOSPC);
-        QTest::keyClick(&form, Qt::Key_Escape);
-    }
-    EXPECT_TRUE(form.isVisible());
-    EXPECT_EQ(shell.failure, "");
-    ASSERT_EQ(messages.shown.size(), 1U);
-    EXPECT_NE(messages.shown[0].text.find("Morvane.dat"), std::string::npos);
-    EXPECT_EQ(advice->toPlainText().toStdString(), "長い答");
-    Click(form, "Cmd_Cancel");
-    EXPECT_FALSE(form.isVisible());
-    EXPECT_EQ(Field("QandA", "アドバイス", "QNo=53"), Value("長い答"));
 }
 
 } // namespace

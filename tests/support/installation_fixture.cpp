@@ -116,6 +116,12 @@ std::string Installation::Titles() const {
     return titles;
 }
 
+std::string Installation::Told() {
+    const std::string titles = Titles();
+    messages.shown.clear();
+    return titles;
+}
+
 std::string Installation::Last_Box() const {
     return messages.shown.empty() ? "" : messages.shown.back().title + "：" + messages.shown.back().text;
 }

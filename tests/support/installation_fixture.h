@@ -76,6 +76,9 @@ class Installation : public ::testing::Test {
     /// The titles of the boxes that were shown, joined by blanks.
     [[nodiscard]] std::string Titles() const;
 
+    /// The same; the boxes are forgotten.
+    std::string Told();
+
     /// Title and text of the last box.
     [[nodiscard]] std::string Last_Box() const;
 

@@ -6,21 +6,35 @@
 #include "widgets/form.h"
 
 #include <QClipboard>
+#include <initializer_list>
+#include <memory>
 
 namespace morvane::tests {
 
-/// A screen around a grid of accounts, with its keyboard.
-class Account_Screen : public Ui_Installation {
+/// A screen around a grid, with its keyboard.
+class Grid_Screen : public Ui_Installation {
   protected:
     using Ui_Installation::Ui_Installation;
 
-    template <class Screen>
-    void Open_Screen() {
-        form = std::make_unique<Screen>(shell);
-        form->resize(1004, 700);
+    void Open_Screen(std::unique_ptr<Form> screen) {
+        form = std::move(screen);
+        form->resize(1180, 700);
         Show(*form);
         form->setFocus();
-        grid = form->template findChild<Entry_Grid*>();
+        grid = form->findChild<Entry_Grid*>();
+    }
+
+    /// Clicks a button that closes the screen.
+    void Press(const char* button) {
+        Click(*form, button);
+        EXPECT_FALSE(form->isVisible());
+    }
+
+    /// Types into a cell, or empties it, and goes on downwards.
+    void Enter(const std::string& cell, const std::string& keys) const {
+        ASSERT_TRUE(grid->Focus_Cell(cell)) << cell;
+        keys.empty() ? Key(Qt::Key_Delete) : Type(keys);
+        Key(Qt::Key_Down);
     }
 
     static void Paste(const char* text) {
@@ -43,8 +57,8 @@ class Account_Screen : public Ui_Installation {
     struct Move {
         const char* from;
         Qt::Key key;
-        Qt::KeyboardModifier modifier;
         const char* to;
+        Qt::KeyboardModifier modifier = Qt::NoModifier;
     };
     void Expect_Moves(std::initializer_list<Move> moves) const {
         for (const Move& move : moves) {
