@@ -12,12 +12,12 @@ namespace {
 
 using enum Account;
 
-using Elements = decltype(Y_Result::elements);
+constexpr const char* name_of_y = "経営状況評点（Ｙ）";
 
-Elements Elements_Of(const Statement_Figures& s, Firm_Kind firm) {
+Y_Elements Elements_Of(const Statement_Figures& s, Firm_Kind firm) {
     namespace e = y_element;
     constexpr std::array hokkaido_sales = {Completed_Work_Sales, Side_Business_Sales_Hokkaido};
-    Elements elements{};
+    Y_Elements elements{};
     elements[e::fixed_assets] = s.Get_Y_Kamoku(Fixed_Assets);
     elements[e::current_liabilities] = s.Get_Y_Kamoku(Current_Liabilities);
     elements[e::fixed_liabilities] = s.Get_Y_Kamoku(Fixed_Liabilities);
@@ -93,7 +93,7 @@ float Debt_Turnover(std::int32_t debt, std::int32_t sales) {
                       : Rounded(2, debt / (sales / 12.0));
 }
 
-std::array<float, y_indicators.size()> Indicators_Of(const Elements& elements) {
+std::array<float, y_indicators.size()> Indicators_Of(const Y_Elements& elements) {
     namespace e = y_element;
     const auto number = [&elements](e::Place place) { return elements[place].Count(); };
     const Thousand_Yen interest = elements[e::interest_paid] - elements[e::interest_received];
@@ -144,7 +144,7 @@ Points Score_Of_Points(float points) {
 }
 
 Y_Result Calc_Y(const Statement_Figures& statement, Firm_Kind firm, const Y_Result& former) {
-    return In_Calculation("経営状況評点（Ｙ）", [&] {
+    return In_Calculation(name_of_y, [&] {
         Y_Result y = former;
         if (statement.has_rows) {
             y.elements = Elements_Of(statement, firm);
@@ -154,7 +154,18 @@ Y_Result Calc_Y(const Statement_Figures& statement, Firm_Kind firm, const Y_Resu
             y.indicators = Indicators_Of(y.elements);
         }
         Score(y);
-        y.has_figures = statement.has_rows && y.elements != Elements{};
+        y.has_figures = statement.has_rows && y.elements != Y_Elements{};
+        return y;
+    });
+}
+
+Y_Result Calc_Y(const Y_Elements& elements) {
+    return In_Calculation(name_of_y, [&] {
+        Y_Result y;
+        y.elements = elements;
+        y.indicators = Indicators_Of(elements);
+        Score(y);
+        y.has_figures = elements != Y_Elements{};
         return y;
     });
 }

@@ -17,10 +17,12 @@ struct Y_Flow {
     std::array<std::array<Thousand_Yen, 3>, y_flow_balances.size()> balances{};
 };
 
+using Y_Elements = std::array<Thousand_Yen, y_element::count>; ///< by y_element::Place
+
 /// The management-status score (経営状況 評点Y) and what led to it. The indicators, their rates and the
 /// points A are single precision and stay so.
 struct Y_Result {
-    std::array<Thousand_Yen, y_element::count> elements{}; ///< by y_element::Place
+    Y_Elements elements{};
     Y_Flow flow;
     std::array<float, y_indicators.size()> indicators{}; ///< X1 to X8
     std::array<float, y_indicators.size()> rates{};      ///< achievement rates, percent
@@ -39,6 +41,9 @@ struct Y_Result {
 
 /// The mean of two periods; the analysis holds it in single precision.
 [[nodiscard]] float Mean_Of(Thousand_Yen a, Thousand_Yen b);
+
+/// The same of a firm of which the elements alone are known. Raises Run_Time_Error on overflow.
+[[nodiscard]] Y_Result Calc_Y(const Y_Elements& elements);
 
 /// floor(v × scale + 0.501) ÷ scale: the rounding of the analysis.
 [[nodiscard]] double Round_501(double v, double scale);

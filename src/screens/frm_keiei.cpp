@@ -1,8 +1,10 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "screens/frm_keiei.h"
 
+#include "screens/other_firm_entry.h"
 #include "screens/rate_bar.h"
 #include "session/kyotu_mod.h"
+#include "widgets/entry_cell.h"
 #include "widgets/note_button.h"
 #include "widgets/section_box.h"
 #include "widgets/theme.h"
@@ -52,8 +54,8 @@ QLabel* Muted(const QString& text) {
     return label;
 }
 
-QLabel* Figure_Label(const QString& name, const std::string& text, double points) {
-    auto* label = new QLabel(Text(text));
+QLabel* Figure_Label(const QString& name, double points) {
+    auto* label = new QLabel;
     label->setObjectName(name);
     label->setFont(theme::Gothic(points, true));
     label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
@@ -99,8 +101,8 @@ QFrame* Line() {
 
 Frm_Keiei::Frm_Keiei(Shell_Port& shell_port, const char* name)
     : Form(shell_port, Text(name), QStringLiteral("経営状況（Ｙ）")),
-      screen(Keiei_Screen_Of(name, shell_port.menu.mode)),
-      columns(Keiei_Columns(shell_port.session, screen)) {
+      screen(Keiei_Screen_Of(name, shell_port.menu.mode)), columns(Keiei_Columns(shell_port.session, screen)),
+      shown(columns.size()) {
     Set_Sub_Title(Text(shell.menu.screen.title));
     auto* whole = new QWidget;
     halves = new QBoxLayout(QBoxLayout::LeftToRight, whole);
@@ -121,6 +123,10 @@ Frm_Keiei::Frm_Keiei(Shell_Port& shell_port, const char* name)
     constexpr int beside_halves = 2 * 16 + 14; // margins and scroll bar
     room_beside = std::max(900, whole->minimumSizeHint().width() + beside_halves);
     Make_Buttons();
+    for (std::size_t side = 0; side < columns.size(); ++side) {
+        Show_Column(side);
+    }
+    Show_Gain();
 }
 
 // In a narrow window the indicators stand under the figures they come from.
@@ -144,18 +150,26 @@ QWidget* Frm_Keiei::Make_Elements() {
         names[i] = std::string(columns[0].names.Yoso) + "(" + std::to_string(i) + ")";
         fields[i] = {names[i].c_str(), y_elements[i].name};
     }
-    Total_Columns shown;
+    Total_Columns of_sides;
     if (Compares()) {
-        shown.control = In_Column;
+        of_sides.control = In_Column;
         for (const Keiei_Column& column : columns) {
-            shown.headings.push_back(column.side.caption);
+            of_sides.headings.push_back(column.side.caption);
         }
     }
-    auto* panel = new Total_Panel(QStringLiteral("８指標計算要素"), fields, Compares() ? 8 : 10, shown);
+    auto* panel = new Total_Panel(QStringLiteral("８指標計算要素"), fields, Compares() ? 8 : 10, of_sides);
     for (std::size_t side = 0; side < columns.size(); ++side) {
         for (std::size_t i = 0; i < fields.size() && columns[side].y; ++i) {
             panel->Set_Value(names[i], Value(columns[side].y->elements[i].Count()), side);
         }
+    }
+    if (screen.other_firm) {
+        const auto show = [this](const Y_Elements& elements) {
+            columns.back() = Column_Of_Other_Firm(screen, elements);
+            Show_Column(columns.size() - 1);
+            Show_Gain();
+        };
+        other_firm = new Other_Firm_Entry(shell, *panel, columns[0].names, columns[1].names, show);
     }
     QLabel* unit = Muted(QStringLiteral("金額単位：千円"));
     unit->setContentsMargins(0, 0, 8, 0);
@@ -205,7 +219,7 @@ QWidget* Frm_Keiei::Make_Legend() {
         line->addWidget(sample);
         line->addWidget(text);
         line->addSpacing(16);
-        if (!column.y) {
+        if (!column.fault.empty()) {
             auto* fault = new QLabel(Text(column.side.caption) + QStringLiteral("：") + Text(column.fault));
             fault->setObjectName(QStringLiteral("Lbl_Fault(%1)").arg(side));
             fault->setWordWrap(true);
@@ -236,7 +250,7 @@ void Frm_Keiei::Add_Indicator(QGridLayout& grid, std::size_t index) {
 // A line for the figures and one for the bar.
 void Frm_Keiei::Add_Single(QGridLayout& grid, int row, std::size_t index) {
     const Y_Indicator& indicator = y_indicators[index];
-    const auto [value, bar, rate] = Make_Figures(columns[0], index);
+    const auto& [value, bar, rate] = Make_Figures(0, index);
     bar->Set_Ends(Limit_Text(indicator.Worst()), Limit_Text(indicator.Best()));
     grid.addWidget(new QLabel(Caption_Of(index)), row, name_column, 1, 2);
     grid.addWidget(value, row, value_column);
@@ -253,11 +267,11 @@ void Frm_Keiei::Add_Compared(QGridLayout& grid, int row, std::size_t index) {
     limits->setFont(theme::Gothic(9));
     grid.addWidget(new QLabel(Caption_Of(index)), row, name_column, 1, value_column - name_column + 1);
     grid.addWidget(limits, row, unit_column, 1, rate_column - unit_column + 1, Qt::AlignRight);
-    for (const Keiei_Column& column : columns) {
-        const auto [value, bar, rate] = Make_Figures(column, index);
-        bar->Set_Hatched(&column == &columns.front());
+    for (std::size_t side = 0; side < columns.size(); ++side) {
+        const auto& [value, bar, rate] = Make_Figures(side, index);
+        bar->Set_Hatched(side == 0);
         ++row;
-        grid.addWidget(Muted(Text(column.side.caption)), row, name_column);
+        grid.addWidget(Muted(Text(columns[side].side.caption)), row, name_column);
         grid.addWidget(bar, row, bar_column, Qt::AlignVCenter);
         grid.addWidget(value, row, value_column);
         grid.addWidget(Muted(Text(indicator.unit.name)), row, unit_column);
@@ -265,21 +279,20 @@ void Frm_Keiei::Add_Compared(QGridLayout& grid, int row, std::size_t index) {
     }
 }
 
-Frm_Keiei::Figures Frm_Keiei::Make_Figures(const Keiei_Column& column, std::size_t index) const {
+const Frm_Keiei::Figures& Frm_Keiei::Make_Figures(std::size_t side, std::size_t index) {
+    const Keiei_Column& column = columns[side];
     const QString number = QString::number(index + 1);
     const double size = Compares() ? theme::body_points : theme::heading_points;
-    auto* value = Figure_Label(Text(column.names.kekka) + number, column.texts.kekka[index], size);
-    auto* rate = Figure_Label(Text(column.names.TRitu) + number,
-                              column.y ? column.texts.TRitu[index] + " %" : std::string(), size);
-    rate->setMinimumWidth(rate->fontMetrics().horizontalAdvance(QStringLiteral("100.0 %")));
-    auto* bar = new Rate_Bar;
-    bar->setObjectName(Text(column.names.Bou) + number);
-    bar->Set_Rate(column.y ? static_cast<double>(column.y->rates[index]) : 0.0);
-    for (QWidget* shown : std::initializer_list<QWidget*>{value, bar, rate}) {
-        shown->setAccessibleName(Spoken(column, Text(y_indicators[index].name.name)));
+    Figures& figures = shown[side].indicators[index];
+    figures.value = Figure_Label(Text(column.names.kekka) + number, size);
+    figures.rate = Figure_Label(Text(column.names.TRitu) + number, size);
+    figures.rate->setMinimumWidth(figures.rate->fontMetrics().horizontalAdvance(QStringLiteral("100.0 %")));
+    figures.bar = new Rate_Bar;
+    figures.bar->setObjectName(Text(column.names.Bou) + number);
+    for (QWidget* widget : std::initializer_list<QWidget*>{figures.value, figures.bar, figures.rate}) {
+        widget->setAccessibleName(Spoken(column, Text(y_indicators[index].name.name)));
     }
-    bar->setAccessibleDescription(QStringLiteral("達成率 ") + rate->text());
-    return {value, bar, rate};
+    return figures;
 }
 
 QWidget* Frm_Keiei::Make_Score() {
@@ -288,13 +301,12 @@ QWidget* Frm_Keiei::Make_Score() {
     auto* lines = new QVBoxLayout(panel);
     lines->setContentsMargins(12, 8, 12, 8);
     lines->setSpacing(4);
-    const Keiei_Gain gain = Gain_Of(columns);
 
     auto* points = new QHBoxLayout;
     points->addWidget(new QLabel(QStringLiteral(" 経営状況点数")), 1);
     lines->addLayout(points);
     QBoxLayout& of_points = Compares() ? static_cast<QBoxLayout&>(*lines) : *points;
-    Add_Scores(of_points, &Keiei_Texts::YTen, &Keiei_Names::YTen, gain.YTen, theme::title_points);
+    points_gain = Add_Scores(of_points, &Shown::points, &Keiei_Names::YTen, theme::title_points);
     points->addWidget(Make_Check(check_of_points, QStringLiteral("経営状況点数")));
     lines->addWidget(Line());
 
@@ -304,54 +316,82 @@ QWidget* Frm_Keiei::Make_Score() {
     score->addWidget(caption, 1);
     score->addWidget(Make_Check(check_of_score, caption->text().trimmed()));
     lines->addLayout(score);
-    Add_Scores(*lines, &Keiei_Texts::Y, &Keiei_Names::Y, gain.Y, Compares() ? 22 : 32);
+    score_gain = Add_Scores(*lines, &Shown::score, &Keiei_Names::Y, Compares() ? 22 : 32);
     Add_Gauges(*lines);
     return panel;
 }
 
-// The score of each side and, of two, by how much the second one rises.
-void Frm_Keiei::Add_Scores(QBoxLayout& lines, std::string Keiei_Texts::*text, const char* Keiei_Names::*name,
-                           const std::string& gain, double points) const {
-    const bool is_score = name == &Keiei_Names::Y;
+// The score of each side and, of two, by how much the second one rises: what shows that is given back.
+QLabel* Frm_Keiei::Add_Scores(QBoxLayout& lines, QLabel* Shown::*place, const char* Keiei_Names::*name,
+                              double points) {
+    const bool is_score = place == &Shown::score;
     auto* line = new QHBoxLayout;
     line->setSpacing(6);
-    for (const Keiei_Column& column : columns) {
-        QLabel* shown = column.y ? Figure_Label(Text(column.names.*name), column.texts.*text, points)
-                                 : Figure_Label(Text(column.names.*name), cannot_compute, theme::body_points);
-        shown->setAccessibleName(
+    lines.addLayout(line);
+    for (std::size_t side = 0; side < columns.size(); ++side) {
+        const Keiei_Column& column = columns[side];
+        QLabel* score =
+            Figure_Label(Text(column.names.*name), column.fault.empty() ? points : theme::body_points);
+        score->setAccessibleName(
             Spoken(column, is_score ? QStringLiteral("経営状況評点（Y）") : QStringLiteral("経営状況点数")));
-        if (is_score && column.y) {
-            Set_Colour(*shown, theme::accent);
+        if (is_score && column.fault.empty()) {
+            Set_Colour(*score, theme::accent);
         }
         if (Compares()) {
             line->addWidget(Muted(Text(column.side.caption)));
         } else if (is_score) {
-            shown->setAlignment(Qt::AlignCenter);
+            score->setAlignment(Qt::AlignCenter);
         }
-        line->addWidget(shown, Compares() || is_score ? 1 : 0);
+        line->addWidget(score, Compares() || is_score ? 1 : 0);
+        shown[side].*place = score;
     }
-    if (Compares()) {
-        QLabel* difference = Figure_Label(Text(columns.back().names.*name) + QStringLiteral("_Sa"), gain,
-                                          theme::heading_points);
-        difference->setAccessibleName(QStringLiteral("差"));
-        Set_Colour(*difference, gain.starts_with("↑")   ? theme::rise
-                                : gain.starts_with("↓") ? theme::fall
-                                                        : theme::text);
-        difference->setMinimumWidth(difference->fontMetrics().horizontalAdvance(QStringLiteral("↑ +0.00")));
-        line->addWidget(difference);
+    if (!Compares()) {
+        return nullptr;
     }
-    lines.addLayout(line);
+    QLabel* gain =
+        Figure_Label(Text(columns.back().names.*name) + QStringLiteral("_Sa"), theme::heading_points);
+    gain->setAccessibleName(QStringLiteral("差"));
+    gain->setMinimumWidth(gain->fontMetrics().horizontalAdvance(QStringLiteral("↑ +0.00")));
+    line->addWidget(gain);
+    return gain;
 }
 
-void Frm_Keiei::Add_Gauges(QBoxLayout& lines) const {
-    for (const Keiei_Column& column : columns) {
-        auto* gauge = new Rate_Bar;
-        gauge->Set_Hatched(&column != &columns.back());
-        gauge->Set_Rate(column.y ? 100.0 * column.y->score.Count() / highest_y : 0.0);
-        if (&column == &columns.back()) {
-            gauge->Set_Ends(QStringLiteral("0"), Text(Comma_Str(highest_y)));
+void Frm_Keiei::Add_Gauges(QBoxLayout& lines) {
+    for (Shown& side : shown) {
+        const bool is_last = &side == &shown.back();
+        side.gauge = new Rate_Bar;
+        side.gauge->Set_Hatched(!is_last);
+        if (is_last) {
+            side.gauge->Set_Ends(QStringLiteral("0"), Text(Comma_Str(highest_y)));
         }
-        lines.addWidget(gauge);
+        lines.addWidget(side.gauge);
+    }
+}
+
+void Frm_Keiei::Show_Column(std::size_t side) {
+    const Keiei_Column& column = columns[side];
+    const Keiei_Texts& texts = column.texts;
+    for (std::size_t i = 0; i < y_indicators.size(); ++i) {
+        const auto& [value, bar, rate] = shown[side].indicators[i];
+        value->setText(Text(texts.kekka[i]));
+        rate->setText(column.y ? Text(texts.TRitu[i]) + QStringLiteral(" %") : QString());
+        bar->Set_Rate(column.y ? static_cast<double>(column.y->rates[i]) : 0.0);
+        bar->setAccessibleDescription(QStringLiteral("達成率 ") + rate->text());
+    }
+    shown[side].points->setText(column.fault.empty() ? Text(texts.YTen) : Text(cannot_compute));
+    shown[side].score->setText(column.fault.empty() ? Text(texts.Y) : Text(cannot_compute));
+    shown[side].gauge->Set_Rate(column.y ? 100.0 * column.y->score.Count() / highest_y : 0.0);
+}
+
+void Frm_Keiei::Show_Gain() {
+    const Keiei_Gain gain = Gain_Of(columns);
+    for (const auto& [label, text] : {std::pair{points_gain, &gain.YTen}, {score_gain, &gain.Y}}) {
+        if (label != nullptr) {
+            label->setText(Text(*text));
+            Set_Colour(*label, text->starts_with("↑")   ? theme::rise
+                               : text->starts_with("↓") ? theme::fall
+                                                        : theme::text);
+        }
     }
 }
 
@@ -379,12 +419,13 @@ void Frm_Keiei::Make_Buttons() {
     auto* close = Add_Button(QStringLiteral("Tojiru"), QStringLiteral("閉じる"), "primary");
     Wire(print, &QPushButton::clicked, [this] { shell.Open_Form(Text(screen.report)); });
     connect(close, &QPushButton::clicked, this, &Frm_Keiei::reject);
-    setFocusProxy(close);
+    setFocusProxy(other_firm == nullptr ? static_cast<QWidget*>(close) : other_firm->First());
 }
 
-// Of two sides the second one is explained: it is the one that a change brings.
+// Of two sides the second one is explained: it is the one that a change brings. Of another firm nothing is
+// known but the elements.
 void Frm_Keiei::Open_Check(int index) {
-    const Screen_Side& side = columns.back().side;
+    const Screen_Side& side = (screen.other_firm ? columns.front() : columns.back()).side;
     checks.Open(
         Y1_Request(index), side.Of(shell.session), [] { return true; },
         Compares() ? side.caption + std::string("の数値による計算です。") : "");

@@ -11,11 +11,13 @@ class QLabel;
 
 namespace morvane {
 
+class Other_Firm_Entry;
 class Rate_Bar;
 
 /// The analysis of the management status: the fourteen elements, the eight indicators with their rates, the
 /// points A and the score Y, of the period in hand (Frm_Keiei) or of two sides beside each other
-/// (Frm_KeieiKz). It stores nothing.
+/// (Frm_KeieiKz). It stores nothing. Of another firm beside the own one the elements are keyed; its figures
+/// follow every key.
 class Frm_Keiei : public Form {
     Q_OBJECT
 
@@ -32,9 +34,17 @@ class Frm_Keiei : public Form {
   private:
     /// The figures of an indicator on a side.
     struct Figures {
-        QLabel* value;
-        Rate_Bar* bar;
-        QLabel* rate;
+        QLabel* value = nullptr;
+        Rate_Bar* bar = nullptr;
+        QLabel* rate = nullptr;
+    };
+
+    /// What shows a side.
+    struct Shown {
+        std::array<Figures, y_indicators.size()> indicators;
+        QLabel* points = nullptr;
+        QLabel* score = nullptr;
+        Rate_Bar* gauge = nullptr;
     };
 
     [[nodiscard]] bool Compares() const { return columns.size() > 1; }
@@ -45,16 +55,22 @@ class Frm_Keiei : public Form {
     void Add_Indicator(QGridLayout& grid, std::size_t index);
     void Add_Single(QGridLayout& grid, int row, std::size_t index);
     void Add_Compared(QGridLayout& grid, int row, std::size_t index);
-    [[nodiscard]] Figures Make_Figures(const Keiei_Column& column, std::size_t index) const;
-    void Add_Scores(QBoxLayout& lines, std::string Keiei_Texts::*text, const char* Keiei_Names::*name,
-                    const std::string& gain, double points) const;
-    void Add_Gauges(QBoxLayout& lines) const;
+    const Figures& Make_Figures(std::size_t side, std::size_t index);
+    QLabel* Add_Scores(QBoxLayout& lines, QLabel* Shown::*place, const char* Keiei_Names::*name,
+                       double points);
+    void Add_Gauges(QBoxLayout& lines);
+    void Show_Column(std::size_t side);
+    void Show_Gain();
     QPushButton* Make_Check(int index, const QString& of_what);
     void Make_Buttons();
     void Open_Check(int index);
 
     const Keiei_Screen& screen;
     std::vector<Keiei_Column> columns;
+    std::vector<Shown> shown; ///< by column
+    QLabel* points_gain = nullptr;
+    QLabel* score_gain = nullptr;
+    Other_Firm_Entry* other_firm = nullptr; ///< where it is compared with one
     Check_Opener checks{*this, shell};
     QBoxLayout* halves = nullptr;
     int room_beside = 0;                ///< width of the screen that both halves need, pixels

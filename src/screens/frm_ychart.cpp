@@ -63,7 +63,7 @@ QWidget* Frm_Ychart::Make_Chart() {
     std::vector<Y_Chart_Side> sides;
     for (const Keiei_Column& column : columns) {
         sides.push_back({column.side.caption, column.y ? &*column.y : nullptr});
-        if (!column.y) {
+        if (!column.fault.empty()) {
             auto* fault = new QLabel(QString::fromUtf8(column.side.caption) + QStringLiteral("：") +
                                      Text(column.fault));
             fault->setObjectName(QStringLiteral("Lbl_Fault"));

@@ -16,14 +16,18 @@ constexpr Screen_Sides improvement = {.after = {.scenario = Scenario::Kaizen, .c
 constexpr Screen_Sides two_periods = {.after = {.caption = "当期"},
                                       .before = Screen_Side{.periods_back = 1, .caption = "前期"},
                                       .read_only = true};
+constexpr Screen_Sides two_firms = {
+    .after = {.caption = "他社"}, .before = Screen_Side{.caption = "自社"}, .read_only = true};
 
 constexpr std::array screens = {
     Keiei_Screen{"Frm_Keiei", Sim_Mode::Current, current_figures, "Rpt_Keiei"},
     Keiei_Screen{"Frm_KeieiKz", Sim_Mode::Improvement, improvement, "Rpt_KeieiHK"},
     Keiei_Screen{"Frm_KeieiKz", Sim_Mode::Prior_Period, two_periods, "Rpt_KeieiHK"},
+    Keiei_Screen{"Frm_KeieiKz", Sim_Mode::Other_Firm, two_firms, "Rpt_KeieiHK", true},
     Keiei_Screen{"Frm_Ychart", Sim_Mode::Current, current_figures, "Rpt_Ychart"},
     Keiei_Screen{"Frm_Ychart", Sim_Mode::Improvement, improvement, "Rpt_YchartHK"},
     Keiei_Screen{"Frm_Ychart", Sim_Mode::Prior_Period, two_periods, "Rpt_YchartHK"},
+    Keiei_Screen{"Frm_Ychart", Sim_Mode::Other_Firm, two_firms, "Rpt_YchartHK", true},
 };
 
 constexpr Keiei_Names alone = {"Yoso", "kekka", "TRitu", "Bou", "YTen", "Y"};
@@ -78,7 +82,18 @@ std::vector<Keiei_Column> Keiei_Columns(const Session& session, const Keiei_Scre
     if (!sides.before) {
         return {Computed(session, sides.after, alone)};
     }
-    return {Computed_Or_Told(session, *sides.before, first), Computed_Or_Told(session, sides.after, second)};
+    return {Computed_Or_Told(session, *sides.before, first),
+            screen.other_firm ? Column_Of_Other_Firm(screen, {})
+                              : Computed_Or_Told(session, sides.after, second)};
+}
+
+Keiei_Column Column_Of_Other_Firm(const Keiei_Screen& screen, const Y_Elements& elements) {
+    Keiei_Column column = {screen.sides.after, second, {}, {}, {}};
+    if (elements != Y_Elements{}) {
+        column.y = Calc_Y(elements);
+        column.texts = Show_Keiei(*column.y);
+    }
+    return column;
 }
 
 Keiei_Gain Gain_Of(const std::vector<Keiei_Column>& columns) {

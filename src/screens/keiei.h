@@ -30,6 +30,7 @@ struct Keiei_Screen {
     Sim_Mode mode;
     Screen_Sides sides;
     const char* report;
+    bool other_firm = false; ///< the second side is another firm, of which the store knows nothing
 };
 
 /// The screen of a form in a mode of the menu, without one of that mode the form's first; std::out_of_range
@@ -52,12 +53,16 @@ struct Keiei_Column {
     Keiei_Names names;
     std::optional<Y_Result> y; ///< none where it cannot be computed
     Keiei_Texts texts;         ///< blank then
-    std::string fault;         ///< and this says why
+    std::string fault;         ///< and this says why; blank where there is nothing to compute from
 };
 
 /// The sides of a screen in their order. One of two that cannot be computed leaves the other one as it is.
 /// Raises Store_Error, and of a single side Run_Time_Error.
 std::vector<Keiei_Column> Keiei_Columns(const Session& session, const Keiei_Screen& screen);
+
+/// Another firm beside the own one, by its elements; nothing of it while all are 0. Raises Run_Time_Error on
+/// overflow.
+Keiei_Column Column_Of_Other_Firm(const Keiei_Screen& screen, const Y_Elements& elements);
 
 /// By how much points A and score Y rise from the first to the second side: "↑ +0.12". Blank where there are
 /// not both.

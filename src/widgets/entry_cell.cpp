@@ -286,7 +286,7 @@ bool Entry_Cell::Finish_Entry() {
         return false;
     }
     held = Entry_Value(kind, bare);
-    accepted = bare;
+    accepted = kind == Entry_Kind::Rounded ? QString::fromStdString(held.As_Text()) : bare;
     return true;
 }
 

@@ -2,6 +2,7 @@
 #include "widgets/entry_text.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace morvane {
 
@@ -41,8 +42,9 @@ bool Is_Entry(Entry_Kind kind, const QString& choices, const QString& bare) {
     case Entry_Kind::Figure:
         return Is_Number(bare) && Is_Digit(bare.front());
     case Entry_Kind::Decimal:
+    case Entry_Kind::Rounded:
         return bare.count(QLatin1Char('.')) <= 1 && Is_Number(QString(bare).remove(QLatin1Char('.'))) &&
-               bare.front() != QLatin1Char('-');
+               (kind == Entry_Kind::Rounded || bare.front() != QLatin1Char('-'));
     case Entry_Kind::Choice:
         break;
     }
@@ -96,6 +98,9 @@ QString Filtered_Text(Entry_Kind kind, const QString& choices, const QString& in
         case Entry_Kind::Amount:
             takes = is_digit || c == QLatin1Char('-');
             break;
+        case Entry_Kind::Rounded:
+            takes = is_digit || c == QLatin1Char('-') || c == QLatin1Char('.');
+            break;
         case Entry_Kind::Choice:
             takes = choices.contains(c);
             break;
@@ -112,6 +117,9 @@ QString Filtered_Text(Entry_Kind kind, const QString& choices, const QString& in
 Value Entry_Value(Entry_Kind kind, const QString& bare) {
     if (bare.isEmpty()) {
         return {};
+    }
+    if (kind == Entry_Kind::Rounded && Is_Entry(kind, {}, bare)) {
+        return Value(std::nearbyint(bare.toDouble()) + 0.0); // no zero has a sign
     }
     if (!Is_Whole(kind) || !Is_Number(bare)) {
         return bare.toStdString();

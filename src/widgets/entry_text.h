@@ -14,12 +14,13 @@ enum class Entry_Kind {
     Decimal, ///< digits and "."
     Amount,  ///< digits and "-"; shown with commas while it has no focus
     Figure,  ///< digits; shown with commas while it has no focus
+    Rounded, ///< digits, "-" and "."; becomes a whole number, a half the even one, shown as an amount
     Choice   ///< one of a few keys
 };
 
 /// Whether a kind is shown with commas, at the right.
 constexpr bool Has_Commas(Entry_Kind kind) {
-    return kind == Entry_Kind::Amount || kind == Entry_Kind::Figure;
+    return kind == Entry_Kind::Amount || kind == Entry_Kind::Figure || kind == Entry_Kind::Rounded;
 }
 
 /// Whether a kind is a whole number.

@@ -108,6 +108,15 @@ void Total_Panel::Show_From(std::size_t column) {
     }
 }
 
+void Total_Panel::Put_Entry(const std::string& name, std::size_t column, QWidget* entry) {
+    QLabel* figure = lines.at(name).at(column).label;
+    figure->setObjectName({});
+    figure->setVisible(false);
+    entry->setMinimumWidth(figure->minimumWidth());
+    entry->setAccessibleName(figure->accessibleName());
+    grid->replaceWidget(figure, entry);
+}
+
 void Total_Panel::Set_Text(const std::string& name, const QString& text) {
     Figure& figure = lines.at(name).front();
     figure.value = text.toStdString();

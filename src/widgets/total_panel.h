@@ -60,6 +60,9 @@ class Total_Panel : public Section_Box {
     /// Shows the last columns alone, from this one on.
     void Show_From(std::size_t column);
 
+    /// Puts a field of entry in the place of a figure, which is shown no more.
+    void Put_Entry(const std::string& name, std::size_t column, QWidget* entry);
+
     /// Shows a text in the place of a figure.
     void Set_Text(const std::string& name, const QString& text);
     [[nodiscard]] QString Text(const std::string& name) const;

@@ -4,6 +4,7 @@
 #include "screens/rate_bar.h"
 #include "session/kyotu_mod.h"
 #include "support/ui_fixture.h"
+#include "widgets/entry_cell.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -175,6 +176,69 @@ TEST_F(Keiei_Compared, A_Side_That_Cannot_Be_Computed_Leaves_The_Other_One) {
         Put_Amounts({{229, 5.5e8}, {248, 0.0}}, column);
         EXPECT_EQ(Amount(402, column), sales);
     }
+}
+
+// ---- another firm
+
+TEST_F(Keiei_Compared, Figures_Of_Another_Firm_Follow_The_Keys) {
+    shell.menu.mode = Sim_Mode::Other_Firm;
+    Frm_Keiei form(shell, "Frm_KeieiKz");
+    form.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    EXPECT_EQ(Text(form, "Ex_Mes") + Text(form, "GEx_Mes"), "：自社(上段)：他社(下段)");
+    Expect_Side(form, {"Yoso", "Kzkekka", "TRitu", "BouKz", "YTen", "Y"},
+                Show_Keiei(Calc_Y(session, {10, Scenario::Genjo})));
+    EXPECT_EQ(Text(form, "GeY") + Text(form, "Gekekka1") + Text(form, "GeY_Sa"), "")
+        << "nothing is keyed yet";
+
+    const auto other = Calc_Y(session, {10, Scenario::Kaizen});
+    Y_Elements elements{};
+    for (std::size_t i = 0; i < elements.size(); ++i) {
+        elements[i] = other.elements[i];
+        const std::string name = "YosoGo(" + std::to_string(i) + ")";
+        Type_Into(form, name.c_str(), std::to_string(elements[i].Count()).c_str());
+        EXPECT_EQ(Text(form, "GeY"), Show_Keiei(Calc_Y(elements)).Y) << "before the cell is left";
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        EXPECT_EQ(Child<Entry_Cell>(form, name.c_str())->text().toStdString(), Comma_Str(elements[i]));
+    }
+    const Keiei_Texts texts = Show_Keiei(other);
+    EXPECT_EQ(Text(form, "GeY"), texts.Y);
+    EXPECT_EQ(Text(form, "Gekekka7") + Text(form, "GeTRitu5"), texts.kekka[6] + texts.TRitu[4] + " %");
+    EXPECT_EQ(Text(form, "YTen"), Show_Keiei(Calc_Y(session, {10, Scenario::Genjo})).YTen)
+        << "the own firm stays";
+}
+
+TEST_F(Keiei_Compared, What_Is_Keyed_Of_Another_Firm_Is_Rounded_Half_To_Even) {
+    shell.menu.mode = Sim_Mode::Other_Firm;
+    Frm_Keiei form(shell, "Frm_KeieiKz");
+    form.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    auto* sales = Child<Entry_Cell>(form, "YosoGo(0)");
+    const struct {
+        const char* keys;
+        const char* shown;
+        const char* box;
+    } rows[] = {{"1234.5", "1,234", ""},
+                {"1235.5", "1,236", ""},
+                {"-1234.5", "-1,234", ""},
+                {"0.5", "0", ""},
+                {"2147483647.4", "2,147,483,647", ""},
+                {"2147483648", "2,147,483,647", "売上高の計算で桁あふれ"},
+                {"12-3", "2147483647", ""}};
+    for (const auto& row : rows) {
+        Type_Into(form, "YosoGo(0)", row.keys);
+        messages.shown.clear();
+        Child<Entry_Cell>(form, "Syamei")->setFocus();
+        QCoreApplication::processEvents();
+        EXPECT_EQ(sales->text().toStdString(), row.shown) << row.keys;
+        EXPECT_EQ(messages.shown.size(), *row.box == 0 ? 0U : 1U) << row.keys;
+        EXPECT_TRUE(Has(messages.shown.empty() ? "" : messages.shown[0].text, row.box)) << row.keys;
+    }
+    Click(form, "Cmd_X(0)");
+    auto* check = form.findChild<Form*>(QStringLiteral("Frm_Y1_Calc_Check"));
+    ASSERT_NE(check, nullptr);
+    EXPECT_EQ(Child<QLabel>(*check, "Lbl_SubTitle")->text(), QStringLiteral("自社の数値による計算です。"));
+    check->reject();
 }
 
 TEST_F(Keiei_Compared, Opens_What_Belongs_To_The_Second_Side_And_Stands_Over_Another_Screen) {
