@@ -84,8 +84,13 @@ void Measure(const std::filesystem::path& folder) {
         Measure_Screen(shell, Law_Of(law).entry_form);
         Measure_Screen(shell, Law_Of(law).improved_form);
     }
-    shell.menu.mode = Sim_Mode::Improvement;
-    Measure_Screen(shell, "Frm_KeieiKz");
+    for (const Sim_Mode mode : {Sim_Mode::Improvement, Sim_Mode::Other_Firm}) {
+        shell.menu.mode = mode;
+        Measure_Screen(shell, "Frm_KeieiKz");
+    }
+    shell.menu.mode = Sim_Mode::Current;
+    Measure_Screen(shell, "Frm_Ychart");
+    Measure_Screen(shell, "Frm_Advice");
     const std::unique_ptr<Form> owner = Open(shell, "Frm_Syokuta_2012");
     for (const int index : {0, 1, 4, 6, 7, 13}) {
         Measure_Check(shell, *owner, W2X_Request(Law_Of(4), index));

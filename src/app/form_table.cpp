@@ -9,6 +9,7 @@
 #include "company/frm_jgsitei.h"
 #include "company/frm_kssitei.h"
 #include "report/report_window.h"
+#include "screens/frm_advice.h"
 #include "screens/frm_gekihen.h"
 #include "screens/frm_kanko.h"
 #include "screens/frm_keiei.h"
@@ -77,7 +78,7 @@ constexpr auto screens = std::to_array<Form_Row>({
     {"Frm_KeieiKz", Make_Member<Frm_Keiei>},
     {"Frm_Y1_Calc_Check", nullptr, false, "Calc_Check"},
     {"Frm_Ychart", Make<Frm_Ychart>},
-    {"Frm_Advice"},
+    {"Frm_Advice", Make<Frm_Advice>, true},
     {"Frm_Syokuta", Make_Member<Frm_Syokuta>},
     {"Frm_Syokuta_2011", Make_Member<Frm_Syokuta>, false, "Frm_Syokuta"},
     {"Frm_Syokuta_2012", Make_Member<Frm_Syokuta>, false, "Frm_Syokuta"},

@@ -61,6 +61,22 @@ class Body_Scroll : public QScrollArea {
                                           : least;
     }
 
+    /// Scrolls by a key that nothing in here took; false for another key.
+    bool Page(int key) {
+        const std::pair<int, QAbstractSlider::SliderAction> actions[] = {
+            {Qt::Key_PageDown, QAbstractSlider::SliderPageStepAdd},
+            {Qt::Key_PageUp, QAbstractSlider::SliderPageStepSub},
+            {Qt::Key_End, QAbstractSlider::SliderToMaximum},
+            {Qt::Key_Home, QAbstractSlider::SliderToMinimum}};
+        for (const auto& [of, action] : actions) {
+            if (key == of) {
+                verticalScrollBar()->triggerAction(action);
+                return true;
+            }
+        }
+        return false;
+    }
+
     /// What takes the keys in the place where the focus was last; null where it never was in here.
     [[nodiscard]] QWidget* Last_Field() const {
         for (QWidget* at = last; at != nullptr && at != widget(); at = at->parentWidget()) {
@@ -335,7 +351,9 @@ void Form::keyPressEvent(QKeyEvent* event) {
         Cancel();
         return;
     }
-    QDialog::keyPressEvent(event);
+    if (!scroll->Page(event->key())) {
+        QDialog::keyPressEvent(event);
+    }
 }
 
 void Form::Focus_Field() {

@@ -39,7 +39,7 @@ class Form : public QDialog {
     void reject() override;
 
   protected:
-    /// Enter presses the button that has the focus; Esc cancels.
+    /// Enter presses the button that has the focus; Esc cancels; the paging keys scroll.
     void keyPressEvent(QKeyEvent* event) override;
 
     /// Asked before the form closes by its cancel path; false keeps it open.
