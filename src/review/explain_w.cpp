@@ -244,12 +244,18 @@ void Steps_Of_W10(const Check_Figures& f, Steps& steps) {
 
 void Steps_Of_W(const Check_Figures& f, Steps& steps) {
     const S& s = f.items;
+    const std::int32_t share = W_Share(f.figures.review_date);
     if (!f.Law().has_w7_w8) {
         const std::int32_t tenfold = (Sum_But_Machines(s) - s.Iso_Ten) * w_times;
+        const std::int32_t of_eight = Sum_But_Machines(s) * w_times * share / w_share_whole;
+        if (s.W != std::max(tenfold, 0) && s.W == of_eight) {
+            steps.Remark("完工高の画面が８項目の算式で計算して保存した点数です。");
+            steps.Work("その他審査項目", Sum_Of_W(s, 0, true) * w_times * share / w_share_whole, s.W);
+            return;
+        }
         steps.At_Least(steps.Work("その他審査項目", Sum_Of_W(s, 0, false) * w_times, tenfold), 0);
         return;
     }
-    const std::int32_t share = W_Share(f.figures.review_date);
     const std::int32_t machines = Machines_In_Total(f, share);
     if (machines != s.Kikai_Ten) {
         steps.Take("Ｗ７（入力画面を開いたときの点数）", machines);

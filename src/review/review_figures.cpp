@@ -324,8 +324,11 @@ bool Post_Current(const Connection& cn, int period, Review_Figures& improved) {
         }
     }
     for (std::size_t code = 0; code < improved.elements.size(); ++code) {
+        // An item that was keyed or brought from elsewhere before there was any work stays.
         const Element& element = current.elements[code];
-        improved.elements[code] = {element.value, element.up, element.row, element.row};
+        if (!improved.elements[code].up) {
+            improved.elements[code] = {element.value, element.up, element.row, element.row};
+        }
     }
     return true;
 }

@@ -244,6 +244,7 @@ bool Kaizen_Tenki(const Session& session) {
     }
     Write_Elements(cn, side, figures);
     Write_Works(cn, side, figures);
+    Settle_Computable(cn, side, session.Kind());
     transaction.Commit();
     return true;
 }

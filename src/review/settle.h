@@ -80,8 +80,8 @@ void Settle_Computable(const Connection& cn, Side side, Firm_Kind firm);
 void Settle_Again(const Session& session);
 
 /// The first visit of the working scenario of the period in hand, which each improved screen makes before it
-/// reads: posts the current figures with their scores into it, all or nothing. A scenario that was started
-/// before, be it from outside, stays. Whether this visit was the first. Raises Store_Error,
+/// reads: posts the current figures into it and settles its scores, all or nothing. A scenario that was
+/// started before, be it from outside, stays, and so does any item that has a value of its own. Whether this visit was the first. Raises Store_Error,
 /// Run_Time_Error.
 bool Kaizen_Tenki(const Session& session);
 

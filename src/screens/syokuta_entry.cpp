@@ -13,6 +13,9 @@ namespace morvane {
 Syokuta_Entry::Syokuta_Entry(const Session& session, const Screen_Sides& screen_sides) : sides(screen_sides) {
     Start_Sides(session, sides);
     after = Loaded(session, sides.after);
+    if (!after.fault && !after.figures.elements[element::w1].up) {
+        after.shown = after.screen; // nothing is stored yet that could be shown
+    }
     // Found here, before anything is typed, and not on storing.
     static_cast<void>(Calc_Y(after.figures.statement, after.figures.firm));
     if (sides.before) {
@@ -36,9 +39,6 @@ Syokuta_Entry::Held_Side Syokuta_Entry::Loaded(const Session& session, const Scr
         screen.x2 = Calc_X2(figures);
         shown = screen;
         Calculate(loaded, screen);
-        if (!figures.elements[element::w1].up) {
-            shown = screen; // nothing is stored yet that could be shown
-        }
     } catch (const Run_Time_Error& error) {
         fault = error;
     }

@@ -3,6 +3,7 @@
 
 #include "data/connection.h"
 #include "data/work_columns.h"
+#include "law/accounts.h"
 #include "law/elements.h"
 #include "review/settle.h"
 #include "review/side.h"
@@ -83,14 +84,24 @@ class Copying {
         }
     }
 
-    /// Whether the journal has an entry. Without one the balances after it are the current amounts, but for
-    /// an individual's drawings, whose sign they turn: then there is nothing to take over.
-    [[nodiscard]] bool Has_Entries() const {
-        return cn.Prepare("SELECT 1 FROM Ks_Zaihyo WHERE 決算期=? And (借方<>0 Or 貸方<>0) LIMIT 1", period)
+    /// Whether the improved statement is another than the current one: by an entry of the journal, or because
+    /// it was recalled and the current one was changed since. Else the two differ in an individual's drawings
+    /// alone, whose sign the balances turn, and there is nothing to take over.
+    [[nodiscard]] bool Has_Improved_Statement() const {
+        return cn
+            .Prepare("SELECT 1 FROM Ks_Zaihyo WHERE 決算期=? And (借方<>0 Or 貸方<>0 Or (金額編集識別<>0 And "
+                     "建設科目CD<>? And 改善後残高<>ifnull(金額, 0))) LIMIT 1",
+                     period, Code(Account::Drawings))
             .Step();
     }
 
-    void Sum_Statements() const { Zaimu_Shukei(cn, session, Amount_Column::Current); }
+    /// Book values and totals of the current amounts: the journal shows the former in its own way.
+    void Sum_Statements() const {
+        Account_Book book = Read_Book(cn, session, Amount_Column::Current);
+        book.Form_Book_Values(Number_Of(Get_Data_Ver(cn, session.Kind().edition, period)));
+        book.Form_Totals(Statement_Form_Of(session.Kind()));
+        book.Store(cn);
+    }
 
     /// Settles what was changed and keeps it.
     void Finish(std::initializer_list<Scenario> changed) {
@@ -120,7 +131,7 @@ void KzCopy_GoToMae(const Session& session) {
     // The law year is the period's, whatever a scenario brought from elsewhere has in its place.
     const std::string but_the_law_year = " And 要素CD<>" + std::to_string(element::law_year);
     Copying copying(session);
-    if (copying.Has_Entries()) {
+    if (copying.Has_Improved_Statement()) {
         copying.Seed(Balances_Of);
         copying.Copy(Balances_Of, Scenario::Kaizen, Scenario::Genjo);
     }

@@ -243,6 +243,17 @@ void Account_Book::Sum_Classes() {
     }
 }
 
+void Account_Book::Form_Book_Values(int data_form) {
+    for (const Book_Value_Lines& line : Book_Values_Of(data_form)) {
+        const Row* const book_value = Find(Code(line.book_value));
+        for (std::size_t i = 0; book_value != nullptr && i < column_count; ++i) {
+            if (book_value->cells[i].is_number) {
+                Put(Code(line.book_value), i, (*this)[line.cost][i] - (*this)[line.depreciation][i]);
+            }
+        }
+    }
+}
+
 void Account_Book::Form_Totals(unsigned form) {
     totals.clear();
     if (std::none_of(rows.begin(), rows.end(), [](const Row& row) { return row.summed; })) {

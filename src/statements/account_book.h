@@ -138,6 +138,9 @@ class Account_Book {
     /// Forms 改善後残高 of each row of a journal book from 金額, 借方 and 貸方.
     void Form_Balances();
 
+    /// Forms the book values that have an amount from cost and depreciation, by the data form of the period.
+    void Form_Book_Values(int data_form);
+
     /// Forms all subtotals and totals and puts them into their rows. Where no row enters a sum everything
     /// stays. The balance sheet (様式第15号, 個人様式第18号) balances because row 281 is the remainder.
     void Form_Totals(unsigned form);

@@ -32,6 +32,10 @@ Statement_Section::Statement_Section(Session& the_session, const Account_Section
     book = Is_Journal() ? Read_Journal(cn, *session) : Read_Book(cn, *session, Amount_Column::Current);
     Form_Totals();
     book.Store(cn);
+    if (Is_Journal()) {
+        // The balances follow the current amounts: what is scored from them may have changed.
+        Settle_Computable(cn, Side_In_Hand(*session, Scenario::Kaizen), session->Kind());
+    }
     Load_Rows(cn);
     transaction.Commit();
     for (const std::size_t cost : cost_rows) {

@@ -42,7 +42,8 @@ constexpr auto table = std::to_array<Statement_Line>({
     {"BsIp_FSSKei", "負債資本合計", debts, individual, {Liabilities_And_Net_Assets}, true},
 
     {"PLIp_Kkg", "完成工事総利益", profit, national, {Completed_Work_Profit_National}},
-    {"PLIp_Kkg", "完成工事総利益", profit, hokkaido, {Completed_Work_Profit_Hokkaido}},
+    // The journal does not move the row of this profit in the Hokkaido chart.
+    {"PLIp_Kkg", "完成工事総利益", profit, hokkaido, {Gross_Profit, -Side_Business_Profit}},
     {"PLIp_Kng", "兼業事業総利益", profit, any, {Side_Business_Profit}},
     {"PLIp_Kug", "売上総利益", profit, any, {Gross_Profit}, true},
     {"PLIp_Ipk", "販売・一般管理費計", profit, any, {General_Expenses}},

@@ -837,7 +837,8 @@ class Company:
                 for i in range(SCORED):
                     for n in FAMILY:
                         stored_lines[i][n] = current[i][n]
-                stored_elements = elements("現状")
+                stored_elements = {code: stored_elements.get(code) if stored_elements.get(code) is not None else v
+                                   for code, v in elements("現状").items()}
 
         if scenario == "genjo":
             column = statement.amount
