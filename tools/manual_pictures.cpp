@@ -196,6 +196,8 @@ class Tour {
         Press("Cmd_Sim2");
         Press("Cmd_UpS(1)");
         Take_Screen("keieikz", "Frm_KeieiKz");
+        While_Open([this] { Click(Screen("Frm_KeieiKz"), "Ychart_Dsp"); },
+                   {Take_And_Press("ychart_two", "Tojiru")});
         Press("Cmd_UpS(2)");
         Take_Screen("syokutakaiz", "Frm_Syokutakaiz_2012");
         Press("Cmd_UpS(3)");
@@ -280,7 +282,19 @@ class Tour {
                                   {Take_And_Press("prtset", "Cmd_Can")});
                        Click(preview, "Tojiru");
                    }});
+        Consultation();
         Press("Cmd_GB(5)");
+    }
+
+    void Consultation() {
+        Press("Cmd_GB(4)");
+        Take_Screen("ychart", "Frm_Ychart");
+        While_Open([this] { Click(Screen("Frm_Ychart"), "Cmd_Advice"); }, {[](QDialog& advice) {
+                       Take_Window("advice", advice);
+                       Click(advice, "Cmd_12com");
+                       Take_Window("advice_12com", advice);
+                       Click(advice, "Tojiru");
+                   }});
     }
 
     void Improvement() {

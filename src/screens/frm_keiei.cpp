@@ -114,6 +114,10 @@ Frm_Keiei::Frm_Keiei(Shell_Port& shell_port, const char* name)
     left->addWidget(Make_Score());
     halves->addLayout(left);
     halves->addWidget(Make_Indicators(), 1);
+    for (std::size_t side = 0; side < columns.size(); ++side) {
+        Show_Column(side);
+    }
+    Show_Gain();
     auto* area = new QScrollArea;
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);
@@ -123,10 +127,6 @@ Frm_Keiei::Frm_Keiei(Shell_Port& shell_port, const char* name)
     constexpr int beside_halves = 2 * 16 + 14; // margins and scroll bar
     room_beside = std::max(900, whole->minimumSizeHint().width() + beside_halves);
     Make_Buttons();
-    for (std::size_t side = 0; side < columns.size(); ++side) {
-        Show_Column(side);
-    }
-    Show_Gain();
 }
 
 // In a narrow window the indicators stand under the figures they come from.

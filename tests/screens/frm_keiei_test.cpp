@@ -5,6 +5,7 @@
 #include "session/kyotu_mod.h"
 #include "support/ui_fixture.h"
 #include "widgets/entry_cell.h"
+#include "widgets/theme.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -152,6 +153,10 @@ TEST_F(Keiei_Compared, Shows_Two_Sides_And_What_The_Second_Brings) {
         EXPECT_NE(before.score, after.score);
         EXPECT_EQ(Text(form, "GeY_Sa"), Gain_Str(std::int32_t{after.score.Count()} - before.score.Count()));
         EXPECT_EQ(Text(form, "GeYTen_Sa"), Gain_Str(after.points - before.points, 2));
+        form.show();
+        const bool rises = before.score < after.score;
+        EXPECT_EQ(Child<QLabel>(form, "GeY_Sa")->palette().color(QPalette::WindowText),
+                  QColor(rises ? theme::rise : theme::fall));
         EXPECT_EQ(Text(form, "Ex_Mes") + Text(form, "GEx_Mes"), mode.marks);
     }
 }
