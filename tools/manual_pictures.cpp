@@ -282,6 +282,8 @@ class Tour {
                                   {Take_And_Press("prtset", "Cmd_Can")});
                        Click(preview, "Tojiru");
                    }});
+        Press("Cmd_GB(3)");
+        Take_Screen("gekihen", "Frm_Gekihen");
         Consultation();
         Press("Cmd_GB(5)");
     }

@@ -12,8 +12,14 @@ namespace morvane {
 
 enum class Panel_Group : std::uint8_t { Assets, Liabilities, Profit, Check };
 
-/// A line of the panel beside a statement screen: figures added and subtracted, under the name of its
-/// control.
+/// Where a line of totals stands: in the panel beside a statement screen, in the balance check of the
+/// journal.
+namespace line_view {
+inline constexpr unsigned panel = 1;
+inline constexpr unsigned balance_check = 2;
+} // namespace line_view
+
+/// A line of totals: figures added and subtracted, under the name of its control.
 struct Statement_Line {
     const char* control;
     const char* caption;
@@ -21,13 +27,12 @@ struct Statement_Line {
     unsigned when;
     std::array<Book_Term, 4> figures;
     bool is_sum = false; ///< closes the lines above it
+    unsigned views = line_view::panel | line_view::balance_check;
+    const char* in_check = nullptr; ///< the control of the balance check, where its name is another
 };
 
-/// The lines of a table that a firm of that form sees, in order.
-std::vector<Statement_Line> Lines_Of(std::span<const Statement_Line> table, unsigned form);
-
-/// Those of the panel.
-std::vector<Statement_Line> Statement_Lines(unsigned form);
+/// The lines of a view that a firm of that form sees, in order.
+std::vector<Statement_Line> Statement_Lines(unsigned form, unsigned view = line_view::panel);
 
 /// What the label of a check says.
 const char* Check_Text_Of(bool holds, bool corporation);
