@@ -116,7 +116,10 @@ void Measure(const std::filesystem::path& folder) {
                                         {"Frm_Kanko2", 9},
                                         {"Frm_KankoKaiz", 3},
                                         {"Frm_KankoKaiz2", 6},
-                                        {"Frm_KankoKaiz3", 3}}) {
+                                        {"Frm_KankoKaiz3", 3},
+                                        {"Frm_KankoKaizzen", 3},
+                                        {"Frm_KankoKaiz2zen", 6},
+                                        {"Frm_KankoKaiz3zen", 3}}) {
         const auto make = [&, name = screen] { return new Frm_Kanko(shell, name); };
         Measure_Opening((std::string("open ") + screen).c_str(), make);
         Measure_Leaving((std::string("leave a field of ") + screen).c_str(), make, 32 * keyed);

@@ -83,8 +83,9 @@ void Measure(const std::filesystem::path& folder) {
         Set_Law_Year(shell.session, law);
         Measure_Screen(shell, Law_Of(law).entry_form);
         Measure_Screen(shell, Law_Of(law).improved_form);
+        Measure_Screen(shell, Law_Of(law).comparison_form);
     }
-    for (const Sim_Mode mode : {Sim_Mode::Improvement, Sim_Mode::Other_Firm}) {
+    for (const Sim_Mode mode : {Sim_Mode::Improvement, Sim_Mode::Other_Firm, Sim_Mode::Prior_Period}) {
         shell.menu.mode = mode;
         Measure_Screen(shell, "Frm_KeieiKz");
     }

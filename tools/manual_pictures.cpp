@@ -151,6 +151,7 @@ class Tour {
         Statements();
         Review();
         Improvement();
+        Prior_Period();
         Others();
         Improved();
     }
@@ -207,6 +208,16 @@ class Tour {
         Press("Cmd_UpS(5)");
         Saved_Scenarios();
         Take_In_Hand(firm);
+    }
+
+    // A firm with both periods.
+    void Prior_Period() {
+        Press("Cmd_Sim3");
+        Press("Cmd_ZkH(1)");
+        Take_Screen("syokutahkzen", "Frm_SyokutaHKzen_2012");
+        Press("Cmd_ZkH(2)");
+        Take_Screen("kankokaizzen", "Frm_KankoKaizzen");
+        Press("Cmd_ZkH(3)");
     }
 
     // Of the company that has saved scenarios.

@@ -47,6 +47,9 @@ Form* Make_Member(Shell_Port& shell, const char* name) {
     return new Screen(shell, name);
 }
 
+// The comparison with the prior period is one page for its screens.
+constexpr const char* comparison_page = "prior_period";
+
 constexpr auto screens = std::to_array<Form_Row>({
     // The shell.
     {"Frm_Main", nullptr, false, "Frm_Command"},
@@ -85,17 +88,17 @@ constexpr auto screens = std::to_array<Form_Row>({
     {"Frm_Syokutakaiz", Make_Member<Frm_Syokuta>},
     {"Frm_Syokutakaiz_2011", Make_Member<Frm_Syokuta>, false, "Frm_Syokutakaiz"},
     {"Frm_Syokutakaiz_2012", Make_Member<Frm_Syokuta>, false, "Frm_Syokutakaiz"},
-    {"Frm_SyokutaHKzen"},
-    {"Frm_SyokutaHKzen_2011", nullptr, false, "Frm_SyokutaHKzen"},
-    {"Frm_SyokutaHKzen_2012", nullptr, false, "Frm_SyokutaHKzen"},
+    {"Frm_SyokutaHKzen", Make_Member<Frm_Syokuta>, false, comparison_page},
+    {"Frm_SyokutaHKzen_2011", Make_Member<Frm_Syokuta>, false, comparison_page},
+    {"Frm_SyokutaHKzen_2012", Make_Member<Frm_Syokuta>, false, comparison_page},
     {"Frm_Kanko", Make_Member<Frm_Kanko>},
     {"Frm_Kanko2", Make_Member<Frm_Kanko>, false, "Frm_Kanko"},
     {"Frm_KankoKaiz", Make_Member<Frm_Kanko>},
     {"Frm_KankoKaiz2", Make_Member<Frm_Kanko>, false, "Frm_KankoKaiz"},
     {"Frm_KankoKaiz3", Make_Member<Frm_Kanko>, false, "Frm_KankoKaiz"},
-    {"Frm_KankoKaizzen"},
-    {"Frm_KankoKaiz2zen", nullptr, false, "Frm_KankoKaizzen"},
-    {"Frm_KankoKaiz3zen", nullptr, false, "Frm_KankoKaizzen"},
+    {"Frm_KankoKaizzen", Make_Member<Frm_Kanko>, false, comparison_page},
+    {"Frm_KankoKaiz2zen", Make_Member<Frm_Kanko>, false, comparison_page},
+    {"Frm_KankoKaiz3zen", Make_Member<Frm_Kanko>, false, comparison_page},
     {"Frm_Gekihen", Make<Frm_Gekihen>},
     {"Frm_KzCopy", Make<Frm_KzCopy>, true},
     // How a score came about: opened beside the screens that show the scores.

@@ -26,7 +26,9 @@ inline constexpr Law_Year of_2008 = {.code = Law_Year_No{1},
                                      .comparison_form = "Frm_SyokutaHKzen",
                                      .welfare_check = "Frm_W1_Calc_Check",
                                      .result_report = "Rpt_Kekka",
-                                     .improvement_report = "Rpt_KaizenHK"};
+                                     .improvement_report = "Rpt_KaizenHK",
+                                     .comparison_report = "Rpt_KaizenHKzen",
+                                     .comparison_starts_improvement = true};
 
 /// As revised in 2010 for reviews from April 2011.
 inline constexpr Law_Year of_2011 = [](Law_Year law) {
@@ -43,6 +45,7 @@ inline constexpr Law_Year of_2011 = [](Law_Year law) {
     law.comparison_form = "Frm_SyokutaHKzen_2011";
     law.result_report = "Rpt_Kekka_2011";
     law.improvement_report = "Rpt_KaizenHK_2011";
+    law.comparison_report = "Rpt_KaizenzenHK_2011";
     return law;
 }(of_2008);
 
@@ -61,6 +64,8 @@ inline constexpr Law_Year of_2012 = [](Law_Year law) {
     law.welfare_check = "Frm_W1_Calc_Check2012";
     law.result_report = "Rpt_Kekka_2012";
     law.improvement_report = "Rpt_KaizenHK_2012";
+    law.comparison_report = "Rpt_KaizenzenHK_2012";
+    law.comparison_starts_improvement = false;
     return law;
 }(of_2011);
 

@@ -31,7 +31,9 @@ struct Law_Year {
     const char* comparison_form; ///< its counterpart of the prior-period comparison
     const char* welfare_check;   ///< calculation check of W1, W3, W4 and W6
     const char* result_report;   ///< result report
-    const char* improvement_report; ///< comparison before and after the improvement, with what was saved
+    const char* improvement_report;     ///< comparison before and after the improvement, with what was saved
+    const char* comparison_report;      ///< that of the prior period with the period in hand
+    bool comparison_starts_improvement; ///< opening comparison_form is a first visit of the improvement too
 
     /// W1: public insurances, elements from 101 on, and the private schemes behind them.
     [[nodiscard]] constexpr int Insurances() const { return has_pension ? 3 : 2; }

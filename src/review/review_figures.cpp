@@ -78,6 +78,14 @@ Thousand_Yen Statement_Figures::Get_Y_Sum(std::span<const Account> accounts) con
     return sum;
 }
 
+// Its entry screen adds the rows of knowledge and skill itself.
+void Review_Figures::Take_Law_Year(Law_Year_No code) {
+    law_year = code;
+    for (int item = element::cpd_units; item <= element::w10 && Law_Of(code).has_additions; ++item) {
+        elements[static_cast<std::size_t>(item)].row = true;
+    }
+}
+
 std::int32_t Review_Figures::Yoso(int code, std::int32_t limit) const {
     const Element& element = elements[static_cast<std::size_t>(code)];
     if (!element.up) {
@@ -160,12 +168,7 @@ void Read_Elements(const Connection& cn, Side side, Review_Figures& figures) {
     for (int code = element::women; code <= element::work_history_points; ++code) {
         figures.elements[static_cast<std::size_t>(code)].row = true;
     }
-    // Its entry screen adds the rows of knowledge and skill itself.
-    if (Law_Of(figures.law_year).has_additions) {
-        for (int code = element::cpd_units; code <= element::w10; ++code) {
-            figures.elements[static_cast<std::size_t>(code)].row = true;
-        }
-    }
+    figures.Take_Law_Year(figures.law_year);
 }
 
 void Read_Works(const Connection& cn, Side side, Review_Figures& figures) {

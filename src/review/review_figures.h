@@ -112,6 +112,9 @@ struct Review_Figures {
     std::string date_error;                 ///< why Jigyo_mas has no such day; empty where it has
     Firm_Kind firm;
 
+    /// Reads what the figures hold by a law year, with the rows of its items counted as present.
+    void Take_Law_Year(Law_Year_No code);
+
     /// Element `code`; Null, a missing row and a value above `limit` read as 0. Rounded half to even into 32
     /// bits.
     [[nodiscard]] std::int32_t Yoso(int code, std::int32_t limit = INT32_MAX) const;

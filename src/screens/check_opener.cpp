@@ -7,21 +7,53 @@ namespace morvane {
 
 void Check_Opener::Open(const Check_Request& request, Side side, const std::function<bool()>& store,
                         const std::string& whose) {
-    const Session& session = shell.session;
-    if (!Calc_Open_Flg()) {
-        Tell(session, "オープンエラー", "開いている計算チェックの画面を閉じてから別画面を開いてください。");
+    if (!May_Open() || !store()) {
         return;
     }
-    if (!store()) {
-        return;
-    }
-    Check_Sheet sheet = Make_Check_Sheet(session, side, request);
+    Check_Sheet sheet = Make_Check_Sheet(shell.session, side, request);
     if (!whose.empty()) {
         sheet.sub_title = whose;
     }
-    open = Check_Screen::Show_Beside(owner, shell, QString::fromStdString(request.form), std::move(sheet));
+    Show(request, std::move(sheet));
+}
+
+bool Check_Opener::May_Open() const {
+    if (!Calc_Open_Flg()) {
+        Tell(shell.session, "オープンエラー",
+             "開いている計算チェックの画面を閉じてから別画面を開いてください。");
+    }
+    return Calc_Open_Flg();
+}
+
+void Check_Opener::Show(const Check_Request& request, Check_Sheet sheet, const Other_Side& other) {
+    Form* shown = Check_Screen::Show_Beside(owner, shell, QString::fromStdString(request.form),
+                                            std::move(sheet), other);
+    open = shown;
     // A closed window stays for the events behind it: the flag does not wait for them.
-    QObject::connect(open, &QDialog::finished, &owner, [this] { open = nullptr; });
+    QObject::connect(shown, &QDialog::finished, &owner, [this, shown] {
+        if (open == shown) {
+            open = nullptr;
+        }
+    });
+}
+
+void Check_Opener::Open_Either(const Check_Request& request, const Checked_Sides& sides, std::size_t first) {
+    if (May_Open()) {
+        Show_Side(request, sides, first);
+    }
+}
+
+// The window of the other side takes the place of the one before. Where it has no scores that one stays.
+void Check_Opener::Show_Side(const Check_Request& request, const Checked_Sides& sides, std::size_t which) {
+    Check_Sheet sheet = Make_Check_Sheet(sides[which].read(), request);
+    sheet.sub_title = sides[which].name.toStdString() + "の数値による計算です。";
+    if (open != nullptr && !open->close()) {
+        return;
+    }
+    const std::size_t other = 1 - which;
+    Show(request, std::move(sheet),
+         {sides[other].name + QStringLiteral("の計算(&A)"),
+          [this, request, sides, other] { Show_Side(request, sides, other); }});
 }
 
 bool Check_Opener::May_Close() const {

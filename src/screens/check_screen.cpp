@@ -64,7 +64,7 @@ void Break_Long_Line(QLabel& label, int width) {
 } // namespace
 
 Check_Screen* Check_Screen::Show_Beside(Form& owner, Shell_Port& shell, const QString& form,
-                                        Check_Sheet sheet) {
+                                        Check_Sheet sheet, const Other_Side& other) {
     if (!sheet.notice.empty()) {
         Show_Message(shell.session, {.title = "", .text = sheet.notice});
     }
@@ -72,6 +72,9 @@ Check_Screen* Check_Screen::Show_Beside(Form& owner, Shell_Port& shell, const QS
     screen->setParent(&owner,
                       Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
     connect(screen, &QDialog::finished, screen, &QObject::deleteLater);
+    if (other.show) {
+        screen->Add_Other_Side(other);
+    }
     screen->show();
     return screen;
 }
@@ -252,6 +255,12 @@ void Check_Screen::Add_Buttons() {
             button->installEventFilter(this); // its arrow keys would go to the next button
         }
     }
+}
+
+void Check_Screen::Add_Other_Side(const Other_Side& other) {
+    QPushButton* button = Add_Button(QStringLiteral("Cmd_Other"), other.caption, nullptr, true);
+    button->installEventFilter(this);
+    Wire(button, &QPushButton::clicked, [show = other.show] { show(); });
 }
 
 bool Check_Screen::eventFilter(QObject* watched, QEvent* event) {

@@ -5,12 +5,19 @@
 #include "widgets/form.h"
 
 #include <QPointer>
+#include <functional>
 
 class QPushButton;
 class QScrollArea;
 class QVBoxLayout;
 
 namespace morvane {
+
+/// The way from a check to that of the other of two sides.
+struct Other_Side {
+    QString caption = {}; ///< of its button
+    std::function<void()> show = {};
+};
 
 /// A window that shows how a score came about, or a table of the law behind it: whatever its sheet says. It
 /// is modeless, belongs to the screen that opened it and goes with it.
@@ -19,7 +26,8 @@ class Check_Screen : public Form {
 
   public:
     /// Makes a window of `owner` by the form's name and shows it. A notice of the sheet comes up before.
-    static Check_Screen* Show_Beside(Form& owner, Shell_Port& shell, const QString& form, Check_Sheet sheet);
+    static Check_Screen* Show_Beside(Form& owner, Shell_Port& shell, const QString& form, Check_Sheet sheet,
+                                     const Other_Side& other = {});
 
     /// Closes the check screens of a screen with what they opened, as the menu does: without the refusals,
     /// which belong to their own buttons.
@@ -39,6 +47,7 @@ class Check_Screen : public Form {
     void Add_Steps();
     void Add_Results();
     void Add_Buttons();
+    void Add_Other_Side(const Other_Side& other);
     void Open_Table();
     void Explain();
     bool Scroll_By_Key(int key);

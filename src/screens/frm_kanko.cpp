@@ -3,7 +3,7 @@
 
 #include "law/law_year.h"
 #include "law/work_types.h"
-#include "screens/gain_line.h"
+#include "screens/two_sides.h"
 #include "session/boxes.h"
 #include "session/kyotu_mod.h"
 #include "session/save_or_stay.h"
@@ -33,7 +33,7 @@ const char* Group_Of(const Kanko_Column& column, const Screen_Sides& sides) {
 // A figure is whole and not negative.
 void Make_Entry(Grid_Column& shown, Kanko_Use use, bool read_only) {
     shown.use = Cell_Use::Entry;
-    shown.kind = Entry_Kind::Digits;
+    shown.kind = read_only ? Entry_Kind::Figure : Entry_Kind::Digits;
     shown.max_length = use == Kanko_Use::Amount ? 10 : 5;
     shown.align = Qt::AlignRight;
     shown.format = [](const Value& value) { return QString::fromStdString(Comma_Str(value)); };
@@ -118,10 +118,16 @@ QString Basis_Text(const Works::Scores& scores, const Works::Scores* before = nu
 }
 
 std::string Fault_Text(const Kanko_Entry& entry) {
-    if (entry.Fault()) {
-        return entry.Fault()->what();
+    const Screen_Sides& sides = entry.screen.sides;
+    const std::string of_before = entry.Fault_Before()
+                                      ? (sides.read_only ? sides.before->name : "比較する数値") +
+                                            std::string("：") + entry.Fault_Before()->what()
+                                      : "";
+    if (!entry.Fault()) {
+        return of_before;
     }
-    return entry.Fault_Before() ? std::string("比較する数値：") + entry.Fault_Before()->what() : "";
+    return sides.read_only ? sides.after.name + std::string("：") + entry.Fault()->what() + of_before
+                           : entry.Fault()->what();
 }
 
 Kanko_Entered Entered(int row, int column, const Value& value) {
@@ -141,6 +147,9 @@ Frm_Kanko::Frm_Kanko(Shell_Port& shell_port, const char* form)
     Set_Sub_Title(QString::fromStdString(shell.menu.screen.title));
     Make_Grid();
     body->addWidget(fault);
+    if (!entry.Notice().empty()) {
+        body->addWidget(Make_Notice(entry.Notice()));
+    }
     body->insertWidget(0, Make_Head());
     body->addWidget(grid, 1);
     body->addWidget(Make_Strip());
@@ -149,7 +158,7 @@ Frm_Kanko::Frm_Kanko(Shell_Port& shell_port, const char* form)
     if (Kanko_Avg != nullptr) {
         setTabOrder(Kanko_Avg, grid);
     }
-    if (entry.Fault()) {
+    if (entry.Fault() && !entry.screen.sides.read_only) {
         Tell(shell.session, "実行時エラー",
              entry.Fault()->what() + std::string("\n保存されている数値を確認し、修正してください。"));
     }
@@ -208,7 +217,8 @@ QWidget* Frm_Kanko::Make_Head() {
 // The columns of the scores may be scrolled out of view while figures are keyed at the left.
 QWidget* Frm_Kanko::Make_Strip() {
     connect(grid, &Entry_Grid::Cell_Entered, this, [this] { Show_Row_In_Hand(); });
-    QWidget* line = entry.screen.sides.before ? gain_strip = new Gain_Strip : Make_Result_Strip();
+    QWidget* line =
+        entry.screen.sides.before ? gain_strip = Make_Gain_Strip(entry.screen.sides) : Make_Result_Strip();
     if (gain_strip != nullptr && !entry.screen.sides.read_only) {
         connect(grid, &Entry_Grid::Entry_Typed, this, &Frm_Kanko::Try);
     }
@@ -434,6 +444,13 @@ void Frm_Kanko::Set_Cmd_Enable() {
 
 void Frm_Kanko::Open_Check(int row, int column) {
     const char* mode = entry.screen.columns[static_cast<std::size_t>(column)].mode;
+    if (entry.screen.sides.read_only) {
+        checks.Open_Either(XZP_Request(mode, Line_Of_Row(row)),
+                           Sides_To_Check(entry.screen.sides, [this](bool of_before) {
+                               return entry.Checked_Figures(of_before);
+                           }));
+        return;
+    }
     checks.Open(XZP_Request(mode, Line_Of_Row(row)), entry.screen.sides.after.Of(shell.session),
                 [this] { return Save_First(); });
 }

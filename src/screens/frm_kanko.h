@@ -16,8 +16,10 @@ class Result_Strip;
 
 /// The screens of the work types: completed work with X1 and P (Frm_Kanko), engineers and prime-contract work
 /// with Z (Frm_Kanko2), and the same with another side before them to compare with (Frm_KankoKaiz,
-/// Frm_KankoKaiz2, Frm_KankoKaiz3), where what is keyed is in three screens. Leaving any field runs the whole
-/// calculation; closing stores. Where storing fails the screen stays with everything that was keyed.
+/// Frm_KankoKaiz2, Frm_KankoKaiz3), where what is keyed is in three screens; these also show two periods
+/// without taking entries (Frm_KankoKaizzen, Frm_KankoKaiz2zen, Frm_KankoKaiz3zen). Leaving any field runs
+/// the whole calculation; closing stores. Where storing fails the screen stays with everything that was
+/// keyed.
 class Frm_Kanko : public Form {
     Q_OBJECT
 

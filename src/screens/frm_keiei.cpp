@@ -422,13 +422,22 @@ void Frm_Keiei::Make_Buttons() {
     setFocusProxy(other_firm == nullptr ? static_cast<QWidget*>(close) : other_firm->First());
 }
 
-// Of two sides the second one is explained: it is the one that a change brings. Of another firm nothing is
-// known but the elements.
+// Of two sides the second one is explained first: it is the one that a change brings. Of another firm nothing
+// is known but the elements.
 void Frm_Keiei::Open_Check(int index) {
-    const Screen_Side& side = (screen.other_firm ? columns.front() : columns.back()).side;
+    if (Compares() && !screen.other_firm) {
+        checks.Open_Either(Y1_Request(index), {Checked(columns.front().side), Checked(columns.back().side)});
+        return;
+    }
+    const Screen_Side& side = columns.front().side;
     checks.Open(
         Y1_Request(index), side.Of(shell.session), [] { return true; },
         Compares() ? side.caption + std::string("の数値による計算です。") : "");
+}
+
+Checked_Side Frm_Keiei::Checked(const Screen_Side& side) const {
+    return {Text(side.caption),
+            [&session = shell.session, &side] { return Load_Review(session, side.Of(session)); }};
 }
 
 } // namespace morvane

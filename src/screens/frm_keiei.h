@@ -64,6 +64,7 @@ class Frm_Keiei : public Form {
     QPushButton* Make_Check(int index, const QString& of_what);
     void Make_Buttons();
     void Open_Check(int index);
+    [[nodiscard]] Checked_Side Checked(const Screen_Side& side) const;
 
     const Keiei_Screen& screen;
     std::vector<Keiei_Column> columns;

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "screens/frm_syokuta.h"
 
-#include "screens/gain_line.h"
 #include "screens/syokuta_sheet.h"
+#include "screens/two_sides.h"
 #include "session/boxes.h"
 #include "session/kyotu_mod.h"
 #include "session/save_or_stay.h"
@@ -50,19 +50,23 @@ void Add_To_Legend(QHBoxLayout& line, const char* name, const char* caption, QRg
 
 Frm_Syokuta::Frm_Syokuta(Shell_Port& shell_port, const char* name)
     : Form(shell_port, {}, QStringLiteral("自己資本額・利益額・従業職員数・その他（Ｘ２，Ｗ）")),
-      screen(Syokuta_Screen_Of(name)), entry(shell_port.session, screen.sides), checks(*this, shell_port),
-      sheet(new Syokuta_Sheet(entry.Law(), screen.sides)), scroll(new QScrollArea) {
+      screen(Syokuta_Screen_Of(name)), entry(Open_Syokuta(shell_port.session, screen)),
+      checks(*this, shell_port), sheet(new Syokuta_Sheet(entry.Law(), screen.sides)),
+      scroll(new QScrollArea) {
     setObjectName(Text(entry.Law().*screen.form));
     Set_Sub_Title(QString::fromStdString(shell.menu.screen.title));
     body->setContentsMargins(6, 8, 6, 8);
     if (screen.sides.before) {
         body->setSpacing(6);
         body->addWidget(Make_Legend());
+        if (!entry.Notice().empty()) {
+            body->addWidget(Make_Notice(entry.Notice()));
+        }
     }
     Make_Sheet();
     Make_Strips();
     Make_Buttons();
-    if (entry.Fault()) {
+    if (entry.Fault() && !screen.sides.read_only) {
         Tell(shell.session, "実行時エラー",
              entry.Fault()->what() + std::string("\n保存されている数値を確認し、修正してください。"));
     }
@@ -103,7 +107,8 @@ QWidget* Frm_Syokuta::Make_Legend() {
     line->setContentsMargins(4, 0, 4, 0);
     line->setSpacing(6);
     Add_To_Legend(*line, "Lbl_Mae", screen.sides.before->caption, theme::shown_zebra);
-    Add_To_Legend(*line, "Lbl_Go", screen.sides.after.caption, theme::surface);
+    Add_To_Legend(*line, "Lbl_Go", screen.sides.after.caption,
+                  screen.sides.read_only ? theme::locked : theme::surface);
     line->addStretch(1);
     fault_before = new QLabel;
     fault_before->setObjectName(QStringLiteral("Lbl_Fault"));
@@ -123,7 +128,7 @@ void Frm_Syokuta::Make_Strips() {
     strip = new Result_Strip(screen.sides.before ? beside : alone, Result_Strip::Subject::Hint);
     body->addWidget(strip);
     if (screen.sides.before) {
-        body->addWidget(gain_strip = new Gain_Strip);
+        body->addWidget(gain_strip = Make_Gain_Strip(screen.sides));
     }
 }
 
@@ -132,7 +137,7 @@ void Frm_Syokuta::Make_Buttons() {
     Add_Menu_Button();
     buttons->insertWidget(2, new Note_Button(shell));
     if (screen.report != nullptr) {
-        auto* print = Add_Button(QStringLiteral("Prt"), QStringLiteral("改善後一覧印刷"));
+        auto* print = Add_Button(QStringLiteral("Prt"), Text(screen.print_caption));
         Wire(print, &QPushButton::clicked, [this] { Prt(); });
     }
     auto* Tojiru = Add_Button(QStringLiteral("Tojiru"), QStringLiteral("閉じる"), "primary");
@@ -185,8 +190,15 @@ void Frm_Syokuta::Show_Before() {
     sheet->Show_Before(before);
     strip->Set_Text("Strip_Mae_X2", before != nullptr ? Score_Text(before->x2.score.Count()) : QString());
     strip->Set_Text("Strip_Mae_W", before != nullptr ? Score_Text(before->items.W) : QString());
-    const std::optional<Run_Time_Error> fault = entry.Fault_Before();
-    fault_before->setText(fault ? QStringLiteral("比較する数値：") + Text(fault->what()) : QString());
+    QStringList faults;
+    if (const std::optional<Run_Time_Error> fault = entry.Fault_Before()) {
+        faults << Text(screen.sides.read_only ? screen.sides.before->name : "比較する数値") + u'：' +
+                      Text(fault->what());
+    }
+    if (screen.sides.read_only && entry.Fault()) {
+        faults << Text(screen.sides.after.name) + u'：' + Text(entry.Fault()->what());
+    }
+    fault_before->setText(faults.join(u'　'));
 }
 
 std::int32_t Frm_Syokuta::Item(const Syokuta_Edit& edit) const {
@@ -262,6 +274,13 @@ bool Frm_Syokuta::May_Close() {
 
 // The checks explain the current figures, beside whichever screen they are opened.
 void Frm_Syokuta::Cmd_W2X(int index) {
+    if (screen.sides.read_only) {
+        checks.Open_Either(W2X_Request(entry.Law(), index),
+                           Sides_To_Check(screen.sides, [this](bool of_before) {
+                               return entry.Checked_Figures(of_before);
+                           }));
+        return;
+    }
     checks.Open(
         W2X_Request(entry.Law(), index), Side_In_Hand(shell.session), [this] { return Save_First(); },
         screen.Checks_Others() ? of_current : "");

@@ -19,7 +19,8 @@ class Syokuta_Sheet;
 
 /// "自己資本額・利益額・従業職員数・その他（Ｘ２，Ｗ）": the entry of the items of X2 and W in the version of
 /// the period's law year (Frm_Syokuta, Frm_Syokuta_2011, Frm_Syokuta_2012), and of the improvement beside the
-/// current items (Frm_Syokutakaiz, ...). Leaving a field calculates, closing the screen stores.
+/// current items (Frm_Syokutakaiz, ...); two periods without entries (Frm_SyokutaHKzen, ...). Leaving a field
+/// calculates, closing the screen stores.
 class Frm_Syokuta : public Form {
     Q_OBJECT
 

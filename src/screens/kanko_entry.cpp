@@ -3,7 +3,9 @@
 
 #include "law/checked.h"
 #include "review/settle.h"
+#include "session/kyotu_mod.h"
 
+#include <algorithm>
 #include <stdexcept>
 #include <string>
 
@@ -31,11 +33,56 @@ Works Loaded_Works(const Review_Figures& figures) {
 
 Kanko_Entry::Kanko_Entry(const Session& session, const Kanko_Screen& screen_row) : screen(screen_row) {
     Start_Sides(session, screen.sides);
+    if (screen.sides.read_only) {
+        View(session);
+        return;
+    }
     after = Loaded(session, screen.sides.after);
     Calculate_Or_Tell(after);
     if (screen.sides.before) {
         before = Loaded_Before(session, *screen.sides.before);
     }
+}
+
+void Kanko_Entry::View(const Session& session) {
+    before = Viewed(session, *screen.sides.before);
+    after = Viewed(session, screen.sides.after);
+    improved = after.works.lines;
+    const auto of_improvement = std::find_if(screen.columns.begin(), screen.columns.end(),
+                                             [](const Kanko_Column& column) { return column.improved; });
+    if (of_improvement != screen.columns.end()) {
+        View_Improvement(session, *of_improvement);
+    }
+}
+
+// Until the improvement has figures of that class those of the period stand there.
+void Kanko_Entry::View_Improvement(const Session& session, const Kanko_Column& column) {
+    Review_Figures figures;
+    Read_Works(Cn_Open(session), {screen.sides.after.Of(session).period, Scenario::Kaizen}, figures);
+    const auto figure = [&column](Work_Line& line) { return column.figure(line); };
+    if (std::none_of(figures.works.begin(), figures.works.end(),
+                     [&](Work_Line& line) { return figure(line).up; })) {
+        return;
+    }
+    improved = figures.works;
+    if (!std::equal(improved.begin(), improved.begin() + scored_lines, after.works.lines.begin(),
+                    [&](Work_Line& a, Work_Line& b) { return figure(a) == figure(b); })) {
+        notice +=
+            screen.sides.after.name +
+            std::string("の管理補佐の欄は改善シミュレーションの人数です。評点は現状の人数で計算しています。");
+    }
+}
+
+Kanko_Entry::Held_Side Kanko_Entry::Viewed(const Session& session, const Screen_Side& side) {
+    const Viewed_Side view = View_Side(session, side);
+    notice += view.notice;
+    Held_Side viewed = {view.figures, {}, side.scenario, view.fault};
+    viewed.works.lines = view.figures.works;
+    if (!view.fault) {
+        viewed.works = Load_Kanko(view.figures, view.scores.x2.score, view.scores.y.score);
+        Calculate_Or_Tell(viewed);
+    }
+    return viewed;
 }
 
 Kanko_Entry::Held_Side Kanko_Entry::Loaded(const Session& session, const Screen_Side& side) {
@@ -57,7 +104,18 @@ Kanko_Entry::Held_Side Kanko_Entry::Loaded_Before(const Session& session, const 
     return loaded;
 }
 
+const Review_Figures& Kanko_Entry::Checked_Figures(bool of_before) const {
+    const Held_Side& side = of_before && before ? *before : after;
+    if (side.fault) {
+        throw Run_Time_Error(*side.fault);
+    }
+    return side.figures;
+}
+
 void Kanko_Entry::Reload(const Session& session) {
+    if (screen.sides.read_only) {
+        return;
+    }
     auto keyed = after.works.lines;
     after = Loaded(session, screen.sides.after);
     for (const Kanko_Column& column : screen.columns) {
@@ -133,7 +191,7 @@ std::optional<std::int32_t> Kanko_Entry::Shown(int row, int column) const {
         return Change_Of(index).Difference();
     }
     const Held_Side& side = Side_Of(shown);
-    Work_Line line = side.works.lines[index];
+    Work_Line line = shown.improved ? improved[index] : side.works.lines[index];
     const Figure& figure = shown.figure(line);
     bool is_seen = figure.up;
     if (shown.use == Kanko_Use::Result || shown.use == Kanko_Use::Score) {
@@ -174,9 +232,12 @@ std::optional<std::int32_t> Kanko_Entry::Shown_Total(int column) const {
 bool Kanko_Entry::Can_Check(int row) const {
     const std::size_t index = Line_Of_Row(row);
     const bool completed = screen.part == Kanko_Part::Completed;
-    const bool has_text =
-        Shows(after.works.lines[index], completed ? Kanko_Shows::With_Work : Kanko_Shows::With_Any);
-    return !after.fault && has_text && index < scored_lines;
+    const auto has_text = [&](const Held_Side& side) {
+        return !side.fault &&
+               Shows(side.works.lines[index], completed ? Kanko_Shows::With_Work : Kanko_Shows::With_Any);
+    };
+    const bool of_both = screen.sides.read_only && before;
+    return index < scored_lines && (has_text(after) || (of_both && has_text(*before)));
 }
 
 void Kanko_Entry::Save(const Session& session) const {

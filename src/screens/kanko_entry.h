@@ -31,6 +31,12 @@ class Kanko_Entry {
     /// results, and the screen is there to correct the figures.
     [[nodiscard]] const std::optional<Run_Time_Error>& Fault() const { return after.fault; }
 
+    /// What a reader of the scores of a screen without entries has to know; mostly empty.
+    [[nodiscard]] const std::string& Notice() const { return notice; }
+
+    /// The figures that a check of the side explains. Raises its fault.
+    [[nodiscard]] const Review_Figures& Checked_Figures(bool of_before) const;
+
     /// Why the side before has no results; empty where it has, and where there is none.
     [[nodiscard]] std::optional<Run_Time_Error> Fault_Before() const {
         return before ? before->fault : std::nullopt;
@@ -73,7 +79,7 @@ class Kanko_Entry {
 
     /// Calculates anew from what is stored, so that a screen that stays open after Save has the settled
     /// scores. What was keyed stays as it was keyed, an emptied cell empty. Raises as the constructor does;
-    /// nothing has changed then.
+    /// nothing has changed then. Where nothing is keyed nothing was stored.
     void Reload(const Session& session);
 
     const Kanko_Screen& screen;
@@ -87,6 +93,9 @@ class Kanko_Entry {
         std::optional<Run_Time_Error> fault;
     };
 
+    void View(const Session& session);
+    void View_Improvement(const Session& session, const Kanko_Column& column);
+    [[nodiscard]] Held_Side Viewed(const Session& session, const Screen_Side& side);
     [[nodiscard]] static Held_Side Loaded(const Session& session, const Screen_Side& side);
     [[nodiscard]] Held_Side Loaded_Before(const Session& session, const Screen_Side& side) const;
     void Calculate(Held_Side& side) const;
@@ -100,6 +109,8 @@ class Kanko_Entry {
 
     Held_Side after;
     std::optional<Held_Side> before;
+    std::array<Work_Line, work_line_count> improved{}; ///< where a column shows them
+    std::string notice;
 };
 
 } // namespace morvane

@@ -211,6 +211,53 @@ constexpr std::array kaiz3_columns = {
     Check_Of("Cmd_Z", "Ｚ", "Z"),
 };
 
+// Two periods to look at: on both sides averages and scores beside each other, the amounts behind them.
+constexpr std::array kaizzen_columns = {
+    Before("Mae_Zheikin", zheikin),
+    Before("Mae_Nheikin", nheikin),
+    Before("Mae_X1", x1),
+    Before("Mae_Z", z),
+    Before("Mae_P", p),
+    After(zheikin),
+    After(nheikin),
+    After(x1),
+    After(z),
+    After(p),
+    gain,
+    After(zzki),
+    After(zki),
+    After(kijun),
+    Check_Of("Cmd_X", "Ｘ１", "X"),
+    Check_Of("Cmd_P", "Ｐ", "P"),
+};
+
+constexpr std::array kaiz3zen_columns = {
+    Before("Mae_Zheikin", prime_zheikin),
+    Before("Mae_Nheikin", prime_nheikin),
+    Before("Mae_X1", x1),
+    Before("Mae_Z", z_of_any),
+    Before("Mae_P", p),
+    After(prime_zheikin),
+    After(prime_nheikin),
+    After(z_of_any),
+    After(p),
+    gain,
+    After(prime_zzki),
+    After(prime_zki),
+    After(prime_kijun),
+    Check_Of("Cmd_Z2", "Ｚ２", "Z2"),
+    Check_Of("Cmd_Z", "Ｚ", "Z"),
+};
+
+// The class that came last is shown as the improvement of the period has it.
+constexpr auto kaiz2zen_columns = [] {
+    auto columns = kaiz2_columns;
+    for (Kanko_Column& column : columns) {
+        column.improved = column.figure == z22.figure && !column.before;
+    }
+    return columns;
+}();
+
 // ---- the screens
 
 constexpr std::array print_result = {Kanko_Button{"Prt", "計算結果印刷"}};
@@ -227,9 +274,21 @@ constexpr std::array beside_kaiz = {edit_z1, edit_z2};
 constexpr std::array beside_kaiz2 = {edit_x1, edit_z2};
 constexpr std::array beside_kaiz3 = {edit_x1, edit_z1};
 
+constexpr std::array print_comparison = {print_improved[0]};
+constexpr Kanko_Button zen_x1 = {edit_x1.name, edit_x1.caption, "Frm_KankoKaizzen"};
+constexpr Kanko_Button zen_z1 = {edit_z1.name, edit_z1.caption, "Frm_KankoKaiz2zen"};
+constexpr Kanko_Button zen_z2 = {edit_z2.name, edit_z2.caption, "Frm_KankoKaiz3zen"};
+constexpr std::array beside_kaizzen = {zen_z1, zen_z2};
+constexpr std::array beside_kaiz2zen = {zen_x1, zen_z2};
+constexpr std::array beside_kaiz3zen = {zen_x1, zen_z1};
+
 constexpr const char* work_total = "完成工事高合計";
 constexpr const char* prime_total = "元請完成工事高合計";
 constexpr const char* comparison = "改善比較";
+constexpr const char* comparison_of_periods = "前期比較";
+constexpr const char* of_work = "完成工事高（Ｘ１）";
+constexpr const char* of_engineers = "技術職員数（Ｚ１）";
+constexpr const char* of_prime = "元請完工高（Ｚ２）";
 
 using enum Kanko_Part;
 constexpr auto screens = std::to_array<Kanko_Screen>({
@@ -237,12 +296,18 @@ constexpr auto screens = std::to_array<Kanko_Screen>({
      kanko_columns, work_total, to_engineers, print_result},
     {"Frm_Kanko2", "技術職員数・元請完工高（Ｚ）", "", Technical, current_figures, gijutu_columns,
      prime_total, to_completed_work, print_result},
-    {"Frm_KankoKaiz", comparison, "完成工事高（Ｘ１）", Completed, improved_figures, kaiz_columns, work_total,
-     beside_kaiz, print_improved},
-    {"Frm_KankoKaiz2", comparison, "技術職員数（Ｚ１）", Technical, improved_figures, kaiz2_columns, nullptr,
+    {"Frm_KankoKaiz", comparison, of_work, Completed, improved_figures, kaiz_columns, work_total, beside_kaiz,
+     print_improved},
+    {"Frm_KankoKaiz2", comparison, of_engineers, Technical, improved_figures, kaiz2_columns, nullptr,
      beside_kaiz2, print_improved},
-    {"Frm_KankoKaiz3", comparison, "元請完工高（Ｚ２）", Prime, improved_figures, kaiz3_columns, prime_total,
+    {"Frm_KankoKaiz3", comparison, of_prime, Prime, improved_figures, kaiz3_columns, prime_total,
      beside_kaiz3, print_improved},
+    {"Frm_KankoKaizzen", comparison_of_periods, of_work, Completed, compared_periods, kaizzen_columns,
+     work_total, beside_kaizzen, print_comparison},
+    {"Frm_KankoKaiz2zen", comparison_of_periods, of_engineers, Technical, compared_periods, kaiz2zen_columns,
+     nullptr, beside_kaiz2zen, print_comparison},
+    {"Frm_KankoKaiz3zen", comparison_of_periods, of_prime, Prime, compared_periods, kaiz3zen_columns,
+     prime_total, beside_kaiz3zen, print_comparison},
 });
 
 } // namespace

@@ -42,6 +42,7 @@ struct Kanko_Column {
     Thousand_Yen (*total)(const Kanko_Totals&, std::int32_t kanko_avg) = nullptr; ///< none: no total
     const char* mode = ""; ///< of a Check: the score it explains
     bool before = false;   ///< of the side before instead of the one that is edited
+    bool improved = false; ///< of the improvement of that period, beside the scores of the side
 };
 
 /// What the lines of a screen are keyed and calculated for.

@@ -1,9 +1,11 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
-#include "review/side.h"
+#include "law/run_time_error.h"
+#include "review/settle.h"
 
 #include <optional>
+#include <string>
 
 namespace morvane {
 
@@ -12,6 +14,7 @@ struct Screen_Side {
     int periods_back = 0;
     Scenario scenario = Scenario::Genjo;
     const char* caption = ""; ///< over its figures where two sides are shown
+    const char* name = "";    ///< in a line of text ("前期")
 
     [[nodiscard]] Side Of(const Session& session) const {
         return {session.Syori_Ki - periods_back, scenario};
@@ -33,6 +36,24 @@ inline constexpr Screen_Sides current_figures = {};
 inline constexpr Screen_Sides improved_figures = {
     .after = {.scenario = Scenario::Kaizen, .caption = "改 善 シ ミ ュ レ ー シ ョ ン 後"},
     .before = Screen_Side{.caption = "改 善 シ ミ ュ レ ー シ ョ ン 前"}};
+
+/// The period before beside the period in hand.
+inline constexpr Screen_Sides compared_periods = {
+    .after = {.caption = "当期シミュレーション", .name = "当期"},
+    .before = Screen_Side{.periods_back = 1, .caption = "前期シミュレーション", .name = "前期"},
+    .read_only = true};
+
+/// A side as a screen without entries shows it: with the scores that its figures settle on, whatever is
+/// stored, by the law year of the period in hand.
+struct Viewed_Side {
+    Review_Figures figures; ///< settled unless there is a fault
+    Statement_Scores scores;
+    std::optional<Run_Time_Error> fault; ///< why there are no scores
+    std::string notice;                  ///< what a reader of the scores has to know; mostly empty
+};
+
+/// Reads and settles a side; nothing is stored. Raises Store_Error.
+[[nodiscard]] Viewed_Side View_Side(const Session& session, const Screen_Side& side);
 
 /// What a screen does before it reads its sides: an improvement that is edited is started by its first visit.
 /// Raises Store_Error, Run_Time_Error.

@@ -12,6 +12,11 @@ namespace morvane {
 
 Syokuta_Entry::Syokuta_Entry(const Session& session, const Screen_Sides& screen_sides) : sides(screen_sides) {
     Start_Sides(session, sides);
+    if (sides.read_only) {
+        before = Viewed(session, *sides.before);
+        after = Viewed(session, sides.after);
+        return;
+    }
     after = Loaded(session, sides.after);
     if (!after.fault && !after.figures.elements[element::w1].up) {
         after.shown = after.screen; // nothing is stored yet that could be shown
@@ -22,7 +27,7 @@ Syokuta_Entry::Syokuta_Entry(const Session& session, const Screen_Sides& screen_
         before = Loaded_Before(session, *sides.before);
         // A first visit brings scores of the current figures, which are formed in another way at some law
         // years.
-        if (!sides.read_only && !after.fault) {
+        if (!after.fault) {
             after.shown = after.screen;
         }
     }
@@ -54,6 +59,28 @@ Syokuta_Entry::Held_Side Syokuta_Entry::Loaded_Before(const Session& session, co
         nothing.fault = error;
         return nothing;
     }
+}
+
+Syokuta_Entry::Held_Side Syokuta_Entry::Viewed(const Session& session, const Screen_Side& side) {
+    const Viewed_Side view = View_Side(session, side);
+    notice += view.notice;
+    Held_Side viewed;
+    viewed.figures = view.figures;
+    viewed.fault = view.fault;
+    if (!view.fault) {
+        viewed.screen.items.Load(view.figures);
+        viewed.screen.x2 = view.scores.x2;
+        viewed.shown = viewed.screen;
+    }
+    return viewed;
+}
+
+const Review_Figures& Syokuta_Entry::Checked_Figures(bool of_before) const {
+    const Held_Side& side = of_before && before ? *before : after;
+    if (side.fault) {
+        throw Run_Time_Error(*side.fault);
+    }
+    return side.figures;
 }
 
 // X2 by the basis that was keyed, then the items; these stay where they cannot be calculated.
@@ -111,6 +138,17 @@ void Syokuta_Entry::Store(const Session& session) const {
         }
         Store_W_2012(cn, side, after.figures.firm, after.screen.items);
     });
+}
+
+Syokuta_Entry Open_Syokuta(const Session& session, const Syokuta_Screen& screen) {
+    if (screen.starts != nullptr && Law_Of(session.Simyu_Kubun).*screen.starts) {
+        try {
+            Kaizen_Tenki(session);
+        } catch (const Run_Time_Error&) {
+            // A period that cannot be improved can be compared; the improved screens tell why it cannot.
+        }
+    }
+    return Syokuta_Entry(session, screen.sides);
 }
 
 std::string Syokuta_Entry::Refusal(int element, std::int32_t value) {

@@ -25,6 +25,12 @@ class Syokuta_Entry {
     /// and the screen is there to correct the items.
     [[nodiscard]] const std::optional<Run_Time_Error>& Fault() const { return after.fault; }
 
+    /// What a reader of the scores of a screen without entries has to know; mostly empty.
+    [[nodiscard]] const std::string& Notice() const { return notice; }
+
+    /// The figures that a check of the side explains. Raises its fault.
+    [[nodiscard]] const Review_Figures& Checked_Figures(bool of_before) const;
+
     /// Takes the entry of an element into its item and calculates. Raises Run_Time_Error on overflow; nothing
     /// has changed then. While there is a fault it takes what it is given. A screen that is read only takes
     /// nothing (std::logic_error).
@@ -69,11 +75,19 @@ class Syokuta_Entry {
 
     [[nodiscard]] static Held_Side Loaded(const Session& session, const Screen_Side& side);
     [[nodiscard]] static Held_Side Loaded_Before(const Session& session, const Screen_Side& side);
+    [[nodiscard]] Held_Side Viewed(const Session& session, const Screen_Side& side);
     static void Calculate(const Held_Side& side, Syokuta& pass);
 
     Screen_Sides sides;
     Held_Side after;
     std::optional<Held_Side> before;
+    std::string notice;
 };
+
+struct Syokuta_Screen;
+
+/// What a screen of the family does when it opens: the first visit of the improvement, where it makes one,
+/// then reads. Raises as the entry does.
+[[nodiscard]] Syokuta_Entry Open_Syokuta(const Session& session, const Syokuta_Screen& screen);
 
 } // namespace morvane

@@ -291,7 +291,10 @@ std::vector<Syokuta_Group> Groups_From_W5() {
 
 constexpr std::array screens = {
     Syokuta_Screen{&Law_Year::entry_form, current_figures},
-    Syokuta_Screen{&Law_Year::improved_form, improved_figures, &Law_Year::improvement_report},
+    Syokuta_Screen{&Law_Year::improved_form, improved_figures, &Law_Year::improvement_report,
+                   "改善後一覧印刷"},
+    Syokuta_Screen{&Law_Year::comparison_form, compared_periods, &Law_Year::comparison_report, "比較一覧印刷",
+                   &Law_Year::comparison_starts_improvement},
 };
 
 } // namespace

@@ -66,6 +66,8 @@ struct Syokuta_Screen {
     const char* Law_Year::*form;
     Screen_Sides sides;
     const char* Law_Year::*report = nullptr; ///< behind Prt; null: it has none
+    const char* print_caption = "";          ///< of Prt
+    bool Law_Year::*starts = nullptr;        ///< law years at which opening it starts the improvement besides
 
     /// Whether its calculation checks explain other figures than those that are keyed: they explain the
     /// current ones.

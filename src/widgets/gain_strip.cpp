@@ -17,9 +17,9 @@ constexpr const char* difference_name = "Strip_Sa";
 constexpr const char* sum_name = "Strip_Sa_Kei";
 constexpr const char* counts_name = "Strip_Kensu";
 
-std::array<Result_Figure, 5> Figures() {
-    return {{{.name = before_name, .caption = "Ｐ"},
-             {.name = after_name, .caption = "→", .strong = true},
+std::array<Result_Figure, 5> Figures(const std::string& before, const std::string& after) {
+    return {{{.name = before_name, .caption = before},
+             {.name = after_name, .caption = after, .strong = true},
              {.name = difference_name, .caption = "差"},
              {.name = sum_name, .caption = "全工種の差"},
              {.name = counts_name}}};
@@ -31,7 +31,8 @@ std::string Score_Text(std::optional<std::int32_t> score) {
 
 } // namespace
 
-Gain_Strip::Gain_Strip() : Result_Strip(Figures()) {
+Gain_Strip::Gain_Strip(const std::string& before, const std::string& after)
+    : Result_Strip(Figures(before, after)) {
     setObjectName(QStringLiteral("Gain_Strip"));
     for (const auto& [name, spoken] :
          {std::pair{after_name, "Ｐ　変更後"}, {counts_name, "Ｐが上がる工種と下がる工種の数"}}) {

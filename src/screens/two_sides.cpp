@@ -1,7 +1,9 @@
 // SPDX-FileCopyrightText: The Morvane developers
-#include "screens/gain_line.h"
+#include "screens/two_sides.h"
 
+#include "widgets/elided_label.h"
 #include "widgets/gain_strip.h"
+#include "widgets/theme.h"
 
 #include <algorithm>
 
@@ -26,12 +28,31 @@ QString Counts_Of(const P_Gain& gain) {
 
 } // namespace
 
+Gain_Strip* Make_Gain_Strip(const Screen_Sides& sides) {
+    return sides.read_only ? new Gain_Strip(std::string("Ｐ　") + sides.before->name, sides.after.name)
+                           : new Gain_Strip;
+}
+
 void Show_Gain(Gain_Strip& strip, const P_Gain& gain, std::optional<std::size_t> line) {
     const std::string_view subject = line ? work_types[*line].name : std::string_view();
     const P_Change change = line && *line < gain.lines.size() ? gain.lines[*line] : P_Change{};
     strip.Show_Score(QString::fromUtf8(subject.data(), static_cast<qsizetype>(subject.size())), change.before,
                      change.after);
     strip.Show_Sum(gain.sum, Counts_Of(gain));
+}
+
+QWidget* Make_Notice(const std::string& notice) {
+    auto* label = new Elided_Label(2);
+    label->setObjectName(QStringLiteral("Lbl_Notice"));
+    label->setText(QString::fromStdString(notice));
+    theme::Set_Look(label, "muted");
+    return label;
+}
+
+Checked_Sides Sides_To_Check(const Screen_Sides& sides,
+                             const std::function<Review_Figures(bool of_before)>& figures) {
+    return {{{QString::fromUtf8(sides.before->name), [figures] { return figures(true); }},
+             {QString::fromUtf8(sides.after.name), [figures] { return figures(false); }}}};
 }
 
 } // namespace morvane
