@@ -3,9 +3,8 @@
 
     generate.py SEED COUNT OUTDIR [13|01]
 
-管理No runs from 1 to COUNT, the files are OUTDIR/NNNNNN.json. The same seed
-gives the same firms; a firm does not depend on COUNT. Only entered rows of the
-chart get amounts.
+管理No runs from 1 to COUNT, the files are OUTDIR/NNNNNN.json. The same seed gives the same firms; a firm does not depend
+on COUNT. Only entered rows of the chart get amounts.
 """
 
 import calendar
@@ -24,11 +23,9 @@ SCORE_COLUMNS = ("評点X1", "評点Z1", "評点Z2", "評点Z", "総合評点P",
 PRIOR = tuple(range(820, 839))
 SECOND_PRIOR = tuple(range(800, 809))
 
-# Limits of the eight indicators: X1, X3, X4, X5, X6 in percent, X2 in months.
-RATIO_LIMITS = {1: (5.1, -0.3), 2: (18.0, 0.9), 3: (63.6, 6.5), 4: (5.1, -8.5),
-                5: (350.0, -76.5), 6: (68.5, -68.6)}
-FLOW_LIMITS = (1500000, -1000000)       # X7 in thousand yen
-RETAINED_LIMITS = (10000000, -300000)   # X8 in thousand yen
+# Limits of the eight indicators: X1, X3, X4, X5, X6 in percent, X2 in months, X7 and X8 in thousand yen.
+LIMITS = {1: (5.1, -0.3), 2: (18.0, 0.9), 3: (63.6, 6.5), 4: (5.1, -8.5), 5: (350.0, -76.5), 6: (68.5, -68.6),
+          7: (1500000, -1000000), 8: (10000000, -300000)}
 
 STAFF_SIZES = (0, 99999, 100000, 999999, 1000000, 3999999, 4000000, 14999999, 15000000)
 RESEARCH = (50000, 100000, 200000, 1900000, 2000000, 3000000, 5000000, 7500000, 10000000)
@@ -53,11 +50,6 @@ def load_edges():
 EDGES, HOLES = load_edges()
 
 
-def entry_codes(edition, corporation, hidden):
-    return [account.code for account in CHARTS[edition].values()
-            if account.entered and account.code < 800 and (hidden or not account.hidden[corporation])]
-
-
 def in_hole(table, value):
     return any(low <= value <= high for low, high in HOLES[table])
 
@@ -71,8 +63,6 @@ class Firm:
         self.risky = self.chance(0.08)      # may run into the 32-bit limits
         self.scale = int(10 ** self.rng.uniform(3.5, 6.7))   # yearly sales, thousand yen
 
-    # ------------------------------------------------------------ small tools
-
     def chance(self, p):
         return self.rng.random() < p
 
@@ -84,8 +74,7 @@ class Firm:
 
     def edge(self, table):
         """An amount at a band bound of the table, or at the end of what it can compute."""
-        choices = list(EDGES[table])
-        choices += [low for low, _ in HOLES[table]] + [high for _, high in HOLES[table]]
+        choices = EDGES[table] + [low for low, _ in HOLES[table]] + [high for _, high in HOLES[table]]
         for _ in range(40):
             v = self.near(self.rng.choice(choices))
             if self.risky or not in_hole(table, v):
@@ -94,12 +83,8 @@ class Firm:
 
     def yen(self, thousand):
         """Thousand yen as yen; a part below a thousand is cut off by the scores."""
-        if self.chance(0.5):
-            return thousand * 1000
-        rest = self.pick(1, 499, 500, 999, self.rng.randrange(1000))
-        return thousand * 1000 + (rest if thousand > 0 or (thousand == 0 and self.chance(0.5)) else -rest)
-
-    # ------------------------------------------------------------ statements
+        rest = 0 if self.chance(0.5) else self.pick(1, 499, 500, 999, self.rng.randrange(1000))
+        return thousand * 1000 + (rest if thousand > 0 or (rest and thousand == 0 and self.chance(0.5)) else -rest)
 
     def statement(self, edition_codes):
         kind = self.rng.choices(("plausible", "aimed", "sparse", "wild", "overflow", "empty"),
@@ -110,11 +95,9 @@ class Firm:
         return {}
 
     def statement_sparse(self, codes):
-        out = {}
-        for code in self.rng.sample(codes, self.rng.randrange(1, 8)):
-            out[code] = self.pick(0, 999, -999, 1000, -1000, 1999, -1999, 29999999, 30000000,
-                                  self.rng.randrange(-10**9, 10**10))
-        return out
+        return {code: self.pick(0, 999, -999, 1000, -1000, 1999, -1999, 29999999, 30000000,
+                                self.rng.randrange(-10**9, 10**10))
+                for code in self.rng.sample(codes, self.rng.randrange(1, 8))}
 
     def statement_wild(self, codes):
         out = {}
@@ -199,23 +182,23 @@ class Firm:
             targets = [n for n in targets if n not in (5, 6)]
         for target in targets:
             if target == 1:
-                paid = received + aim(self.pick(*RATIO_LIMITS[1]), sales)
+                paid = received + aim(self.pick(*LIMITS[1]), sales)
             elif target == 3:
                 mean = max(30000, (assets + before) // 2)
-                gross = aim(self.pick(*RATIO_LIMITS[3]), mean)
+                gross = aim(self.pick(*LIMITS[3]), mean)
             elif target == 4:
-                ordinary = aim(self.pick(*RATIO_LIMITS[4]), sales)
+                ordinary = aim(self.pick(*LIMITS[4]), sales)
             elif target == 5:
-                equity = aim(self.pick(*RATIO_LIMITS[5]), fixed)
+                equity = aim(self.pick(*LIMITS[5]), fixed)
             elif target == 6:
-                equity = aim(self.pick(*RATIO_LIMITS[6]), assets)
+                equity = aim(self.pick(*LIMITS[6]), assets)
             elif target == 2:
                 # liabilities = assets - equity, in months of sales
-                equity = assets - round(self.pick(*RATIO_LIMITS[2]) * sales / 12) + self.pick(-1, 0, 0, 1)
+                equity = assets - round(self.pick(*LIMITS[2]) * sales / 12) + self.pick(-1, 0, 0, 1)
             elif target == 7:
-                flow = self.pick(*FLOW_LIMITS, 0) + self.pick(-51, -50, -49, -1, 0, 1, 49, 50, 51)
+                flow = self.pick(*LIMITS[7], 0) + self.pick(-51, -50, -49, -1, 0, 1, 49, 50, 51)
             elif target == 8:
-                retained = self.pick(*RETAINED_LIMITS, 0) + self.pick(-51, -50, -49, -1, 0, 1, 49, 50, 51)
+                retained = self.pick(*LIMITS[8], 0) + self.pick(-51, -50, -49, -1, 0, 1, 49, 50, 51)
             elif target == 9:
                 equity = self.edge("X2_1")
                 assets = max(assets, equity + r.randrange(0, 1000))
@@ -283,8 +266,8 @@ class Firm:
         for _ in range(self.rng.randrange(1, 7)):
             code = self.rng.choice(codes)
             key = str(code)
-            entry = out.get(key)
-            entry = entry if isinstance(entry, dict) else ({} if entry is None else {"金額": entry})
+            entry = out.get(key, {})
+            entry = entry if isinstance(entry, dict) else {"金額": entry}
             amount = self.yen(self.rng.randrange(0, max(2, self.scale // 3)))
             if self.chance(0.03):
                 amount = -amount
@@ -292,8 +275,6 @@ class Firm:
                 entry[side + slot] = amount if self.chance(0.8) else amount // 2
             out[key] = entry
         return out
-
-    # ------------------------------------------------------------ work types
 
     def three(self, years, average):
         """Figures of three periods whose adopted average is the given one, or nearly."""
@@ -323,14 +304,12 @@ class Firm:
 
     def line(self, law, years, prefix, average=None, other=False):
         r, out = self.rng, {}
-        x1 = "X1A" if law < 2 else "X1B"
-        z2 = "Z2A" if law < 2 else "Z2B"
 
         def plain():
             return int(10 ** r.uniform(0, 7))
 
         if average is None:
-            average = plain() if self.chance(0.5) else max(0, self.edge(x1))
+            average = plain() if self.chance(0.5) else max(0, self.edge("X1A" if law < 2 else "X1B"))
         figures = self.three(years, average)
         if self.risky and self.chance(0.04):
             figures = self.pick([0, 0, MAX32], [0, 1, MAX32], [MAX32, 0, 0], [0, MAX32, 0])
@@ -342,7 +321,7 @@ class Firm:
                 continue
             out[prefix + name] = 0 if shape > 0.97 else v
         if self.chance(0.6):
-            prime = plain() if self.chance(0.4) else max(0, self.edge(z2))
+            prime = plain() if self.chance(0.4) else max(0, self.edge("Z2A" if law < 2 else "Z2B"))
             for name, v in zip(PRIME, self.three(years, prime)):
                 if not self.chance(0.1):
                     out[prefix + name] = v
@@ -367,21 +346,15 @@ class Firm:
             chosen.append(33)
         if count == 1 and self.chance(0.2):
             chosen = [self.pick(1, 6, 13)]
-        size = None
-        if count == 1 and self.chance(0.5):
-            size = max(0, self.near(r.choice(STAFF_SIZES)))
+        size = max(0, self.near(r.choice(STAFF_SIZES))) if count == 1 and self.chance(0.5) else None
         out = {}
         for index in sorted(chosen):
             average = size
             if index == 33:
                 # its points are computed too, though never kept
                 average = 50000000 if self.risky and self.chance(0.15) else int(10 ** r.uniform(2, 6))
-            line = self.line(law, years, prefix, average, index == 33)
-            if line:
-                out[index] = line
-        return out
-
-    # ------------------------------------------------------------ elements
+            out[index] = self.line(law, years, prefix, average, index == 33)
+        return {index: line for index, line in out.items() if line}
 
     def elements(self, law, years):
         r, e = self.rng, {}
@@ -390,17 +363,15 @@ class Firm:
             if self.chance(p):
                 e[code] = value
 
-        basis = self.pick(1, 2, 1, 2, 0)
-        put(1, basis, 0.8)
-        put(101, self.pick(0, 1, 1, 2))
-        put(102, self.pick(0, 1, 1, 2))
-        put(103, self.pick(0, 1, 2) if law >= 3 else self.pick(0, 1))
-        for code in (104, 105) + ((106,) if law >= 3 else ()):
-            put(code, self.pick(0, 1))
+        def put_any(answers, p=0.9):
+            for code, values in answers.items():
+                put(code, self.pick(*values), p)
+
+        put_any({1: (1, 2, 1, 2, 0)}, 0.8)
+        put_any({101: (0, 1, 1, 2), 102: (0, 1, 1, 2), 103: (0, 1, 2) if law >= 3 else (0, 1), 104: (0, 1), 105: (0, 1)})
+        put_any({106: (0, 1)} if law >= 3 else {})
         put(111, self.pick(0, 5, 6, 7, 34, 35, 36, 100, 199, 200, r.randrange(60)))
-        put(121, self.pick(0, 1, 1))
-        put(131, self.pick(0, 0, 1, 2))
-        put(141, self.pick(0, 1, 2, 3, 3))
+        put_any({121: (0, 1, 1), 131: (0, 0, 1, 2), 141: (0, 1, 2, 3, 3)})
         put(142, self.pick(0, r.randrange(15)))
         put(143, self.pick(0, 1, 2, 3, 4, r.randrange(40)))
         cost = self.near(r.choice(RESEARCH)) if self.chance(0.7) else r.randrange(0, 2200000)
@@ -411,20 +382,17 @@ class Firm:
         if years == 2 and self.chance(0.2):
             e[201] = 0
         if self.chance(0.2):
-            e[202] = r.randrange(10**7)                   # totals of an earlier calculation
-            e[203] = r.randrange(10**7)
-            e[140] = r.randrange(30)
+            # totals of an earlier calculation
+            e[202], e[203], e[140] = r.randrange(10**7), r.randrange(10**7), r.randrange(30)
         # Items of later law years must not count in an earlier one.
         if law >= 2 or self.chance(0.1):
-            put(211, self.pick(0, 0, 1))
-            put(212, self.pick(0, 1, 7, 8, 9, 10, 11, 12, 13, 14, 15, 100))
-            put(214, self.pick(0, 1))
-            put(215, self.pick(0, 1))
+            put_any({211: (0, 0, 1), 212: (0, 1, 7, 8, 9, 10, 11, 12, 13, 14, 15, 100), 214: (0, 1), 215: (0, 1)})
         if law >= 2 and self.chance(0.1):
-            e[213] = self.pick(0, 15, 7)
-            e[216] = self.pick(0, 10)
+            e[213], e[216] = self.pick(0, 15, 7), self.pick(0, 10)
         if law >= 4 or self.chance(0.1):
             self.late_elements(put, e, law)
+            put_any({235: range(6), 236: range(5), 237: range(3), 238: range(7)}, 0.7)
+            put_any({239: (0, 1)}, 0.8)
         return e
 
     def late_elements(self, put, e, law):
@@ -453,24 +421,17 @@ class Firm:
             deducted = 3 * n * times
             skilled = deducted + 200 * times + self.pick(-1, 0, 0, 1)
         elif self.chance(0.15):
-            engineers = 1
             e[228], e[229], e[230] = 30, 1, 1
             skilled, deducted = self.pick((22, 11), (6, 3), (48, 24))
         put(231, skilled)
         put(232, deducted)
-        put(235, self.pick(0, 1, 2, 3, 4, 5), 0.7)
-        put(236, self.pick(0, 1, 2, 3, 4), 0.7)
-        put(237, self.pick(0, 1, 2), 0.7)
-        put(238, self.pick(0, 1, 2, 3, 4, 5, 6), 0.7)
-        put(239, self.pick(0, 1), 0.8)
-
-    # ------------------------------------------------------------ the case
 
     def period(self, k, first):
         law = self.pick(1, 2, 3, 4, 4)
         years = self.pick(2, 2, 3)
         hidden = self.chance(0.07)        # amounts on lines that this firm type does not show
-        codes = entry_codes(self.edition, self.corporation, hidden)
+        codes = [account.code for account in CHARTS[self.edition].values()
+                 if account.entered and account.code < 800 and (hidden or not account.hidden[self.corporation])]
         rows = self.statement(codes)
         allowed = set(codes) | set(PRIOR) | set(SECOND_PRIOR) | {901}
         rows = {c: v for c, v in rows.items() if c in allowed}
@@ -501,18 +462,12 @@ class Firm:
 
         w = {}
         for code in sorted(set(elements) | set(improved_elements)):
-            if code in improved_elements:
-                w[str(code)] = {"現状": elements.get(code), "改善後0": improved_elements[code]}
-                if elements.get(code) is None:
-                    del w[str(code)]["現状"]
-            elif self.chance(0.05):
-                w[str(code)] = {"現状": elements[code]}
-            else:
+            columns = [("現状", elements), ("改善後0", improved_elements)]
+            w[str(code)] = {name: column[code] for name, column in columns if code in column}
+            if code not in improved_elements and not self.chance(0.05):
                 w[str(code)] = elements[code]
-        return {"決算期": k, "Simyu_Kubun": law,
-                "Ks_Zaihyo": rows,
-                "Kandaka_Gj": {str(i): lines[i] for i in sorted(lines)},
-                "W_Yoso": w}
+        return {"決算期": k, "Simyu_Kubun": law, "Ks_Zaihyo": rows,
+                "Kandaka_Gj": {str(i): lines[i] for i in sorted(lines)}, "W_Yoso": w}
 
     def case(self):
         r = self.rng

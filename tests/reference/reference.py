@@ -11,6 +11,7 @@ import copy
 import csv
 import datetime
 import fractions
+import functools
 import json
 import math
 import pathlib
@@ -25,20 +26,16 @@ COMBINED = 32        # と・解: never holds a figure
 OTHER = 33           # その他: amounts and averages, no scores
 SUB_LINES = (1, 6, 13)   # parts of 010, 050 and 110, left out of the totals
 
-# The twenty columns of a scenario. 技術者6 came later and is in no copy.
-FAMILY = (
-    "完工高前々期", "完工高前期", "完工高前平均", "完工高基準", "完工高平均", "評点X1",
-    "技術者1", "技術者2", "技術者3", "技術者4", "技術者5", "評点Z1",
-    "元請完工高前々期", "元請完工高前期", "元請完工高前平均", "元請完工高基準", "元請完工高平均",
-    "評点Z2", "評点Z", "総合評点P")
-SIXTH = "技術者6"
-
 OWN = ("完工高前々期", "完工高前期", "完工高基準")
 OWN_STORED = ("完工高前々期", "完工高前期", "完工高前平均", "完工高基準", "完工高平均")
 PRIME = tuple("元請" + c for c in OWN)
 PRIME_STORED = tuple("元請" + c for c in OWN_STORED)
 AVERAGES = ("完工高平均", "元請完工高平均")
 SCORES = ("評点X1", "評点Z1", "評点Z2", "評点Z", "総合評点P")
+# The twenty columns of a scenario. 技術者6 came later and is in no copy.
+FAMILY = OWN_STORED + PRIME_STORED + SCORES + tuple("技術者%d" % kind for kind in range(1, 6))
+SIXTH = "技術者6"
+NONE = (None,) * 5   # of the columns that a line without an entry keeps empty
 
 PREFIX = {"genjo": "", "kaizen": "改0", "1": "改1", "2": "改2", "3": "改3"}
 ELEMENT_COLUMN = {"genjo": "現状", "kaizen": "改善後0"}
@@ -58,30 +55,20 @@ def f32(x):
         raise ScoreError("単精度の桁あふれ") from None
 
 
-def i32(n):
-    if not -2**31 <= n < 2**31:
-        raise ScoreError("32ビット整数の桁あふれ: %s" % n)
+def within(bits, n):
+    if not -2**(bits - 1) <= n < 2**(bits - 1):
+        raise ScoreError("%dビット整数の桁あふれ: %s" % (bits, n))
     return n
 
 
-def i16(n):
-    if not -2**15 <= n < 2**15:
-        raise ScoreError("16ビット整数の桁あふれ: %s" % n)
-    return n
-
-
-def add32(*terms):
+def add(bits, *terms):
     total = 0
     for t in terms:
-        total = i32(total + i32(t))
+        total = within(bits, total + within(bits, t))
     return total
 
 
-def add16(*terms):
-    total = 0
-    for t in terms:
-        total = i16(total + i16(t))
-    return total
+i16, i32, add16, add32 = (functools.partial(f, bits) for f in (within, add) for bits in (16, 32))
 
 
 def to_int(v):
@@ -128,37 +115,26 @@ def load_chart(edition):
     return {account.code: account for account in rows}
 
 
-class Table:
-    """A statutory score table: linear bands over integers, constant at the top."""
-
-    def __init__(self):
-        self.bands = []
-        self.top = None
-
-    def points(self, value):
-        if value < 0:
-            return 0
-        if value >= self.top[0]:
-            return self.top[1]
-        for low, mul, div, add in reversed(self.bands):
-            if value >= low:
-                return i16(i32(value * mul) // div + add)
-        raise AssertionError("table does not start at 0")
-
-
 def load_tables():
     tables = {}
     for row in read_rows(HERE / "tables.csv"):
-        table = tables.setdefault(row["table"], Table())
-        if row["to"]:
-            table.bands.append(tuple(int(row[k]) for k in ("from", "mul", "div", "add")))
-        else:
-            table.top = (int(row["from"]), int(row["add"]))
+        band = tuple(int(row[k]) for k in ("from", "mul", "div", "add"))
+        tables.setdefault(row["table"], []).insert(0, band)     # the highest first
     return tables
 
 
 CHARTS = {edition: load_chart(edition) for edition in ("13", "01")}
 TABLES = load_tables()
+
+
+def table_points(table, value):
+    """Points by a statutory score table: linear bands over integers from 0 on, constant at the top."""
+    return next((i16(i32(value * mul) // div + plus) for low, mul, div, plus in TABLES[table] if value >= low), 0)
+
+
+def step(value, steps, otherwise=0):
+    """What stands beside the first of the falling bounds that a value reaches."""
+    return next((points for bound, points in steps if value >= bound), otherwise)
 
 
 # ---------------------------------------------------------------- statements
@@ -167,47 +143,29 @@ class Statement:
     """The account rows of one period, one mapping per amount column."""
 
     def __init__(self, edition, corporation):
-        self.edition = edition
-        self.corporation = corporation
+        self.edition, self.corporation = edition, corporation
         self.chart = CHARTS[edition]
-        self.amount = dict.fromkeys(self.chart)
-        self.debit = dict.fromkeys(self.chart)
-        self.credit = dict.fromkeys(self.chart)
-        self.balance = dict.fromkeys(self.chart)
+        self.amount, self.debit, self.credit, self.balance = (dict.fromkeys(self.chart) for _ in range(4))
         self.saved = {}      # balances of the saved scenarios that have a journal, by number
-
-    def totals(self):
-        """Totals of the current amounts; lines the firm type does not have stay out."""
-        self._cascade(self.amount, shown_only=True)
 
     def after_journal(self, debit, credit):
         """Balances after an improvement journal with their totals; every line counts."""
         balance = {}
         for code, account in self.chart.items():
-            g = self.amount[code] or 0
-            k = debit.get(code) or 0
-            s = credit.get(code) or 0
-            if code == 273:
-                balance[code] = -g + k - s
-            elif account.debit:
-                balance[code] = g + k - s
-            else:
-                balance[code] = g - k + s
-        self._cascade(balance, shown_only=False)
+            amount, entries = self.amount[code] or 0, (debit.get(code) or 0) - (credit.get(code) or 0)
+            balance[code] = entries - amount if code == 273 else amount + (entries if account.debit else -entries)
+        self.form_totals(balance, shown_only=False)
         return balance
 
     def _class_sums(self, column, shown_only):
         sums = {}
         for code, account in self.chart.items():
-            if not account.summed or (shown_only and account.hidden[self.corporation]):
-                continue
-            v = column[code]
-            if v is None:
-                continue
-            sums[account.klass] = sums.get(account.klass, 0) + (-v if account.minus else v)
+            v = column[code] or 0
+            if account.summed and not (shown_only and account.hidden[self.corporation]):
+                sums[account.klass] = sums.get(account.klass, 0) + (-v if account.minus else v)
         return sums
 
-    def _cascade(self, column, shown_only):
+    def form_totals(self, column, shown_only):
         """The totals that a score or a later period reads."""
         north = self.edition == "01"
 
@@ -224,23 +182,16 @@ class Statement:
             return sum(sums.get(klass, 0) for klass in classes)
 
         # Balance sheet: equity and retained earnings are the remainders that make it balance.
-        column[179] = c("Yks", "Mks", "Tst")
-        column[229] = c("Rdf")
-        column[248] = c("Ktf")
-        assets = c("Rds") + column[179]
-        if self.corporation:
-            assets += c("Kns")
-        column[399] = assets
-        column[319] = assets - column[229] - column[248]
+        column.update({179: c("Yks", "Mks", "Tst"), 229: c("Rdf"), 248: c("Ktf")})
+        column[399] = column[179] + (c("Rds", "Kns") if self.corporation else c("Rds"))
+        column[319] = column[399] - column[229] - column[248]
         if self.corporation:
             column[289] = column[319] - c("Hjk", "Jsg", "Hks", "Skabu")
 
         # Income statement.
-        side = c("KugG", "KugT")
-        if north:
-            column[419] = c("Kku") - c("Kkg") + c("Knu") - side
-        else:
-            column[419] = c("Kku_u") - c("Kkg") + c("Knu_u") - side
+        sales = ("Kku", "Knu") if north else ("Kku_u", "Knu_u")
+        column[419] = c(*sales) - c("Kkg", "KugG", "KugT")
+        if not north:
             column[402] = (column[400] or 0) + (column[401] or 0)
         column[469] = column[419] - c("Ipk")
         column[489] = column[469] + c("Egs") - c("Egh")
@@ -255,14 +206,8 @@ class Statement:
         both editions; a Hokkaido firm keys these in by hand.
         """
         shared = (101, 103, 106, 107, 114, 177, 200, 201, 210 if earlier.edition == "01" else 209)
-        if years_back == 1:
-            sources = shared + (319, 399, 436, 469, 489, 511, 536, 724, 729)
-            first = 820
-        else:
-            sources = shared
-            first = 800
-        for i, source in enumerate(sources):
-            code = first + i
+        own = (319, 399, 436, 469, 489, 511, 536, 724, 729) if years_back == 1 else ()
+        for code, source in enumerate(shared + own, 820 if years_back == 1 else 800):
             if code not in given:
                 v = earlier.amount.get(source) or 0
                 self.amount[code] = v
@@ -272,73 +217,56 @@ class Statement:
 
 # ---------------------------------------------------------------- Y
 
+def account_sums(column):
+    """The reader of a column: accounts cut to thousand yen and added."""
+    return lambda *codes: add32(*(thousands(column.get(code)) for code in codes))
+
+
+# The eight indicators: worst, best, weight in the points.
+INDICATORS = ((5.1, -0.3, -0.4650), (18.0, 0.9, -0.0508), (6.5, 63.6, 0.0264), (-8.5, 5.1, 0.0277), (-76.5, 350.0, 0.0011),
+              (-68.6, 68.5, 0.0089), (-10.0, 15.0, 0.0818), (-3.0, 100.0, 0.0172))
+
+
 def points_y(column, edition, corporation):
     """Y (経営状況評点) with its eight indicators, rates and points A."""
-
-    def k(*codes):
-        return add32(*(thousands(column.get(code)) for code in codes))
-
-    north = edition == "01"
-    fixed, current_debt, fixed_debt = k(179), k(229), k(248)
-    retained = k(289) if corporation else k(319)
-    equity, assets, assets_before = k(319), k(399), k(830)
+    k, north = account_sums(column), edition == "01"
+    equity, assets = k(319), k(399)
     sales = k(400, 410) if north else k(402)
-    gross, received, paid, ordinary = k(419), k(470), k(480), k(489)
+    ordinary = k(489)
 
-    w = [k(833), k(831, 835, 836, 837), k(436, 552 if north else 536, 724, 729), k(834), k(511),
-         k(804, 805), k(824, 825), k(115 if north else 114, 177),
-         k(800, 801), k(820, 821), k(101, 103),
-         k(806, 807), k(826, 827), k(200, 201),
-         k(802, 803), k(822, 823), k(106, 107),
-         k(808), k(828), k(210 if north else 209)]
+    # Allowances, notes and receivables, payables, work and materials, advances: the period before last, the last
+    # one, this one.
+    levels = [(k(804, 805), k(824, 825), k(115 if north else 114, 177)), (k(800, 801), k(820, 821), k(101, 103)),
+              (k(806, 807), k(826, 827), k(200, 201)), (k(802, 803), k(822, 823), k(106, 107)),
+              (k(808), k(828), k(210 if north else 209))]
 
-    def flow(profit, depreciation, tax, i):
-        # i: index of the earlier of the two allowance figures; the other pairs follow at +3
-        return add32(profit, depreciation, -tax,
-                     -add32(w[i], -w[i + 1]), add32(w[i + 3], -w[i + 4]),
-                     -add32(w[i + 6], -w[i + 7]), add32(w[i + 9], -w[i + 10]),
-                     -add32(w[i + 12], -w[i + 13]))
+    def flow(profit, depreciation, tax, year):
+        moves = [add32(level[year], -level[year + 1]) for level in levels]
+        return add32(profit, depreciation, -tax, -moves[0], moves[1], -moves[2], moves[3], -moves[4])
 
-    flow_before = flow(w[0], w[1], w[3], 5)
-    flow_now = flow(ordinary, w[2], w[4], 6)
+    flows = add32(flow(k(833), k(831, 835, 836, 837), k(834), 0),
+                  flow(ordinary, k(436, 552 if north else 536, 724, 729), k(511), 1))
 
-    def percent(num, den):
-        return f32(math.floor(num / den * 100000 + 0.501) / 100000 * 100)
+    def percent(num, den, without):
+        return f32(math.floor(num / den * 100000 + 0.501) / 100000 * 100) if den else without
 
     def thousandths(v):
         return f32(math.floor(v * 1000 + 0.501) / 1000)
 
-    def limit(v, low, high):
-        low, high = f32(low), f32(high)
-        return high if v >= high else low if v <= low else v
-
-    interest = add32(paid, -received)
-    x1 = limit(percent(interest, sales) if sales else f32(5.1), -0.3, 5.1)
-    debt = add32(current_debt, fixed_debt)
-    month = sales / 12.0
-    x2 = limit(thousandths(debt / month) if sales else f32(18.0), 0.9, 18.0)
-    mean_assets = f32(add32(assets_before, assets) / 2)
-    if mean_assets <= 30000:
-        mean_assets = 30000.0
-    x3 = limit(percent(gross, mean_assets), 6.5, 63.6)
-    x4 = limit(percent(ordinary, sales) if sales else f32(-8.5), -8.5, 5.1)
-    x5 = limit(percent(equity, fixed) if fixed else f32(-76.5), -76.5, 350.0)
-    # Without capital the equity ratio is 0, not its lower limit.
-    x6 = limit(percent(equity, assets) if assets else 0.0, -68.6, 68.5)
-    x7 = limit(thousandths(f32(add32(flow_before, flow_now) / 2) / 100000), -10.0, 15.0)
-    x8 = limit(thousandths(retained / 100000), -3.0, 100.0)
-    x = [x1, x2, x3, x4, x5, x6, x7, x8]
-
-    rates = [abs((x1 - 5.1) / -5.4) * 100, abs((x2 - 18.0) / 17.1) * 100,
-             abs((x3 - 6.5) / 57.1) * 100, abs((8.5 + x4) / 13.6) * 100,
-             abs((76.5 + x5) / 426.5) * 100, abs((68.6 + x6) / 137.1) * 100,
-             abs((x7 + 10.0) / 25.0) * 100, abs((x8 + 3.0) / 103.0) * 100]
-
-    s = (-0.4650 * x1 - 0.0508 * x2 + 0.0264 * x3 + 0.0277 * x4 + 0.0011 * x5
-         + 0.0089 * x6 + 0.0818 * x7 + 0.0172 * x8 + 0.1906)
+    debt = add32(k(229), k(248))
+    formed = [percent(add32(k(480), -k(470)), sales, 5.1),
+              thousandths(debt / (sales / 12.0)) if sales else 18.0,
+              percent(k(419), max(30000.0, f32(add32(k(830), assets) / 2)), None),
+              percent(ordinary, sales, -8.5),
+              percent(equity, k(179), -76.5),
+              percent(equity, assets, 0.0),     # without capital 0, not the lower limit
+              thousandths(f32(flows / 2) / 100000),
+              thousandths((k(289) if corporation else equity) / 100000)]
+    x = [max(f32(min(bounds)), min(f32(max(bounds)), v)) for v, (*bounds, _) in zip(formed, INDICATORS)]
+    rates = [f32(abs((v - worst) / (best - worst)) * 100) for v, (worst, best, _) in zip(x, INDICATORS)]
+    s = sum(weight * v for v, (_, _, weight) in zip(x, INDICATORS)) + 0.1906
     a = f32(math.floor(s * 100 + 0.501) / 100)
-    y = max(0, i16(math.floor(167.3 * a + 583 + 0.501)))
-    return {"X": x, "ritu": [f32(r) for r in rates], "A": a, "Y": y}
+    return {"X": list(map(f32, x)), "ritu": rates, "A": a, "Y": max(0, i16(math.floor(167.3 * a + 583 + 0.501)))}
 
 
 def twelve(column, edition, corporation):
@@ -370,17 +298,14 @@ def twelve(column, edition, corporation):
 
 def points_x2(column, edition, basis):
     """X2 from equity and the mean profit before interest, tax and depreciation."""
-
-    def k(*codes):
-        return add32(*(thousands(column.get(code)) for code in codes))
-
+    k = account_sums(column)
     equity, equity_before = k(319), k(829)
     profit = add32(k(469), k(436, 724, 729, 552 if edition == "01" else 536))
     profit_before = add32(k(832), k(831, 835, 836, 837))
     jiko = equity if basis == 1 else half(equity, equity_before)
     rieki = half(profit, profit_before)
-    x2_1 = TABLES["X2_1"].points(max(0, jiko))
-    x2_2 = TABLES["X2_2"].points(max(0, rieki))
+    x2_1 = table_points("X2_1", max(0, jiko))
+    x2_2 = table_points("X2_2", max(0, rieki))
     return {"Jiko": jiko, "Jiko_Used": max(0, jiko), "Rieki": rieki, "Rieki_Used": max(0, rieki),
             "X2_1": x2_1, "X2_2": x2_2, "X2": max(454, add16(x2_1, x2_2) // 2)}
 
@@ -388,32 +313,20 @@ def points_x2(column, edition, basis):
 # ---------------------------------------------------------------- W
 
 def points_w2(years, saisei):
-    if 0 <= years <= 5:
-        points = 0
-    elif 6 <= years <= 34:
-        points = (years - 5) * 2
-    else:
-        points = 60
-    return points - 60 if saisei == 1 else points
+    return (60 if years < 0 else min(60, max(0, years - 5) * 2)) - (60 if saisei == 1 else 0)
+
+
+# From which completed work on how many accountants are needed for 10, 8, 6, 4 and 2 points.
+ACCOUNTANTS = ((60000000, (13.6, 10.8, 7.2, 5.2, 2.8)), (15000000, (8.8, 6.8, 4.8, 2.8, 1.6)),
+               (4000000, (4.4, 3.2, 2.4, 1.2, 0.8)), (1000000, (2.4, 1.6, 1.2, 0.8, 0.4)),
+               (100000, (1.2, 0.8, 0.4)), (0, (0.4,)))
 
 
 def points_w5(audit, work, first_class, second_class):
     """Accounting: audit points and staff points by the size of the completed work."""
     staff = f32(math.floor((second_class * 0.4 + first_class) * 1000 + 0.09) / 1000)
-    if 0 <= work <= 99999:
-        steps = ((0.4, 10),)
-    elif 100000 <= work <= 999999:
-        steps = ((1.2, 10), (0.8, 8), (0.4, 6))
-    elif 1000000 <= work <= 3999999:
-        steps = ((2.4, 10), (1.6, 8), (1.2, 6), (0.8, 4), (0.4, 2))
-    elif 4000000 <= work <= 14999999:
-        steps = ((4.4, 10), (3.2, 8), (2.4, 6), (1.2, 4), (0.8, 2))
-    elif 15000000 <= work <= 59999999:
-        steps = ((8.8, 10), (6.8, 8), (4.8, 6), (2.8, 4), (1.6, 2))
-    else:
-        steps = ((13.6, 10), (10.8, 8), (7.2, 6), (5.2, 4), (2.8, 2))
-    points = next((p for need, p in steps if staff >= f32(need)), 0)
-    return {1: 2, 2: 10, 3: 20}.get(audit, 0) + points
+    needed = step(work, ACCOUNTANTS, ACCOUNTANTS[0][1])
+    return {1: 2, 2: 10, 3: 20}.get(audit, 0) + step(staff, zip(map(f32, needed), range(10, 0, -2)))
 
 
 def points_w6(audit, cost_one, cost_two):
@@ -421,20 +334,12 @@ def points_w6(audit, cost_one, cost_two):
     if audit != 3:
         return 0
     a = half(cost_one, cost_two)
-    for need, points in ((10000000, 25), (7500000, 24), (5000000, 23), (3000000, 22), (2000000, 21)):
-        if a >= need:
-            return points
-    if a >= 100000:
-        return a // 100000 + 1
-    return 1 if a >= 50000 else 0
+    return step(a, ((10000000, 25), (7500000, 24), (5000000, 23), (3000000, 22), (2000000, 21),
+                    (100000, a // 100000 + 1), (50000, 1)))
 
 
 def points_w7(machines):
-    if machines <= 0:
-        return 0
-    if machines <= 7:
-        return machines + 4
-    return 12 if machines <= 9 else 13 if machines <= 11 else 14 if machines <= 13 else 15
+    return step(machines, ((14, 15), (12, 14), (10, 13), (8, 12), (1, machines + 4)))
 
 
 def points_w8(eco, iso9001, iso14001):
@@ -455,19 +360,14 @@ def points_w10(cpd, engineers, raised, skilled, deducted):
         weight_one = f32(engineers / add32(engineers, skilled))
         c = f32(cpd / engineers)
         # Exactly 30 units per head is the full mark; above it the table has no row.
-        if c < 30:
-            cpd_points = max(0, math.floor(c / 3))
-        elif c == 30:
-            cpd_points = 10
+        cpd_points = max(0, math.floor(c / 3)) if c <= 30 else 0
     if skilled != 0 and raised != 0:
         weight_two = f32(skilled / add32(engineers, skilled))
         rest = add32(skilled, -deducted)
         r = f32(deducted / rest) if rest else 0.0
         skill_points = sum(1 for n in range(1, 11) if r >= f32(n * 15 / 1000))
     v = f32(cpd_points * weight_one + skill_points * weight_two)
-    if v == 10:
-        return 10
-    return math.floor(v) if 0 <= v < 10 else 0
+    return math.floor(v) if 0 <= v <= 10 else 0
 
 
 def points_wlb(jyosei, jisedai, youth):
@@ -501,12 +401,9 @@ def averages(years, a, b, c, both):
     def mean(x, y):
         return (add32(x, y) + 1) // 2
 
-    two = three = prev = None
-    if both or years == 2:
-        two = mean(c, b)
-    if both or years != 2:
-        prev = mean(b, a)
-        three = (2 * add32(c, i32(2 * prev)) + 3) // 6
+    two = mean(c, b) if both or years == 2 else 0
+    prev = mean(b, a) if both or years != 2 else 0
+    three = (2 * add32(c, i32(2 * prev)) + 3) // 6
     return (two, b, two, three) if years == 2 else (three, prev, two, three)
 
 
@@ -529,13 +426,9 @@ class Desk:
 
     def __init__(self, edition, law, column, y, elements, lines, end_date, current):
         self.current = current       # the current figures, not a scenario
-        self.edition = edition
-        self.law = law
-        self.column = column
-        self.y = y
+        self.edition, self.law, self.column, self.y, self.end_date = edition, law, column, y, end_date
         self.elements = elements     # 要素CD -> figure of this scenario's column
         self.lines = lines           # per 工種CD: unprefixed column -> figure
-        self.end_date = end_date
         self.x2 = None
 
     # Readers. A figure above its limit is taken as not entered.
@@ -561,7 +454,7 @@ class Desk:
             self.engineer_screen()
             self.work_screen()
             if not self.current:
-                self.form_p_anew()
+                self.form_p_anew(self.score(200))
             if before == (self.elements, self.lines):
                 return
         raise ScoreError("計算が収束しません")
@@ -575,12 +468,12 @@ class Desk:
         self.compute_x2()
         e[1] = self.basis()
 
-        insured = (101, 102) if law < 3 else (101, 102, 103)
         private = (103, 104, 105) if law < 3 else (104, 105, 106)
-        for code in insured + private + (111, 121, 131, 141, 142, 143, 151, 152):
+        insured = range(101, private[0])
+        for code in (*insured, *private, 111, 121, 131, 141, 142, 143, 151, 152):
             e[code] = read(code)
-        missing = sum(1 for code in insured if read(code) == 0)
-        joined = sum(1 for code in private if read(code) == 1)
+        missing = sum(e[code] == 0 for code in insured)
+        joined = sum(e[code] == 1 for code in private)
         w1 = joined * 15 - missing * (30 if law < 3 else 40)
 
         if law >= 4:
@@ -604,12 +497,9 @@ class Desk:
 
         if law >= 4:
             e[233] = points_w10(read(228), read(229), read(230), read(231), read(232))
-            staff = read(221)
-            if staff != 0:
-                e[223] = math.floor(read(222) / staff * 100)
-                e[224] = 1 if e[223] >= 15 else 0
-                e[226] = math.floor(read(225) / staff * 100)
-                e[227] = 1 if e[226] >= 1 else 0
+            for young, needed in ((222, 15), (225, 1)) if read(221) != 0 else ():
+                e[young + 1] = math.floor(read(young) / read(221) * 100)
+                e[young + 2] = 1 if e[young + 1] >= needed else 0
 
         w3 = 20 if read(121) == 1 else 0
         w4 = {1: -15, 2: -30}.get(read(131), 0)
@@ -624,71 +514,48 @@ class Desk:
             w = total_w_2011((w1, w2, w3, w4, w5, w6, w7, w8), self.end_date)
         e.update({100: w1, 110: w2, 120: w3, 130: w4, 140: w5, 150: w6, 200: w})
 
-        # The overall scores that stand follow the new X2 and W.
-        for line in self.lines[:SCORED]:
-            if line.get("総合評点P") is not None:
-                line["総合評点P"] = points_p(to_int(line.get("評点X1")), self.x2["X2"], self.y,
-                                           to_int(line.get("評点Z")), w)
+        self.form_p_anew(w)
 
-    def amounts(self, line, names):
-        return [i32(to_int(line.get(n))) for n in names], any(line.get(n) is not None for n in names)
-
-    def store_amounts(self, line, names, stored, entered, average, previous):
-        """The five amount columns of a line, all empty when nothing was entered."""
-        if entered:
+    def averaged(self, names, both=False):
+        """The amounts of each line with the previous and the adopted one, and the totals of all that are no part."""
+        found, sums = [], [0] * 6
+        for index, line in enumerate(self.lines):
             a, b, c = (i32(to_int(line.get(n))) for n in names)
-            values = (a, b, previous, c, average)
-        else:
-            values = (None,) * 5
-        line.update(zip(stored, values))
+            average, previous, two, three = averages(self.years(), a, b, c, both)
+            if index not in SUB_LINES:
+                sums = [add32(s, v) for s, v in zip(sums, (a, b, c, previous, two, three))]
+            found.append((a, b, previous, c, average))
+        return found, sums
+
+    def p(self, x1, z, w):
+        return points_p(to_int(x1), self.x2["X2"], self.y, to_int(z), w)
+
+    @staticmethod
+    def has(line, names):
+        return any(line.get(n) is not None for n in names)
 
     def engineer_screen(self):
         """Opening and closing the screen of engineers and prime-contract work."""
-        z2_table = TABLES["Z2A" if self.law < 2 else "Z2B"]
         self.compute_x2()
-        x2, years, w = self.x2["X2"], self.years(), self.score(200)
-        sums = [0] * 5
-        for index, line in enumerate(self.lines):
-            value = sum(to_int(line.get("技術者%d" % n)) * weight
-                        for n, weight in ((1, 6), (2, 5), (3, 3), (4, 2), (5, 1), (6, 4)))
-            z1 = TABLES["Z1"].points(i32(value))
-            (a, b, c), entered = self.amounts(line, PRIME)
-            average, previous, _, _ = averages(years, a, b, c, both=False)
-            if index not in SUB_LINES:
-                sums = [add32(s, v) for s, v in zip(sums, (a, b, previous, c, average))]
-            z2 = z2_table.points(average)
+        w = self.score(200)
+        for index, (line, prime) in enumerate(zip(self.lines, self.averaged(PRIME)[0])):
+            z1 = table_points("Z1", i32(sum(to_int(line.get("技術者%d" % n)) * weight
+                                            for n, weight in ((1, 6), (2, 5), (3, 3), (4, 2), (5, 1), (6, 4)))))
+            z2 = table_points("Z2A" if self.law < 2 else "Z2B", prime[-1])
             z = points_z(z1, z2)
-            p = points_p(to_int(line.get("評点X1")), x2, self.y, z, w)
-            if index == COMBINED:
-                continue
-            self.store_amounts(line, PRIME, PRIME_STORED, entered, average, previous)
+            p = self.p(line.get("評点X1"), z, w)
+            if index != COMBINED:
+                line.update(zip(PRIME_STORED, prime if self.has(line, PRIME) else NONE))
             if index < SCORED:
                 line.update({"評点Z1": z1, "評点Z2": z2, "評点Z": z, "総合評点P": p})
 
     def work_screen(self):
         """Opening and closing the screen of completed work."""
         law, e = self.law, self.elements
-        x1_table = TABLES["X1A" if law < 2 else "X1B"]
-        z2_table = TABLES["Z2A" if law < 2 else "Z2B"]
         self.compute_x2()
-        x2, years = self.x2["X2"], self.years()
-        sums = [0] * 6
-        found = []
-        for index, line in enumerate(self.lines):
-            (a, b, c), own = self.amounts(line, OWN)
-            average, previous, two, three = averages(years, a, b, c, both=True)
-            x1 = x1_table.points(average)
-            if index not in SUB_LINES:
-                sums = [add32(s, v) for s, v in zip(sums, (a, b, previous, two, three, c))]
-            (a, b, c), prime = self.amounts(line, PRIME)
-            prime_average, prime_previous, _, _ = averages(years, a, b, c, both=False)
-            z2 = z2_table.points(prime_average)
-            z1 = to_int(line.get("評点Z1"))
-            found.append((own, average, previous, prime, prime_average, prime_previous,
-                          x1, z1, z2, points_z(z1, z2)))
-
-        work = sums[3] if years == 2 else sums[4]
-        w5 = points_w5(self.element(141), work, self.element(142), self.element(143))
+        years = self.years()
+        works, (*_, two, three) = self.averaged(OWN, both=True)
+        w5 = points_w5(self.element(141), two if years == 2 else three, self.element(142), self.element(143))
         if law == 1:
             w2, w7, w8 = self.score(110), 0, 0
         else:
@@ -700,25 +567,26 @@ class Desk:
         # The closing sum of this screen is the one of the later law years, at every law year.
         w = total_w_2011(parts + (w7, w8), self.end_date)
 
-        for index, (line, f) in enumerate(zip(self.lines, found)):
-            own, average, previous, prime, prime_average, prime_previous, x1, z1, z2, z = f
-            p = points_p(x1, x2, self.y, z, w)
-            if index == COMBINED:
-                continue
-            self.store_amounts(line, OWN, OWN_STORED, own, average, previous)
-            self.store_amounts(line, PRIME, PRIME_STORED, prime, prime_average, prime_previous)
+        for index, (line, own, prime) in enumerate(zip(self.lines, works, self.averaged(PRIME)[0])):
+            x1 = table_points("X1A" if law < 2 else "X1B", own[-1])
+            z1, z2 = to_int(line.get("評点Z1")), table_points("Z2A" if law < 2 else "Z2B", prime[-1])
+            z = points_z(z1, z2)
+            scores = (x1, z1, z2, z, self.p(x1, z, w))
+            has_own = self.has(line, OWN)
+            if index != COMBINED:
+                line.update(zip(OWN_STORED, own if has_own else NONE))
+                line.update(zip(PRIME_STORED, prime if self.has(line, PRIME) else NONE))
             if index < SCORED:
-                line.update(zip(SCORES, (x1, z1, z2, z, p) if own else (None,) * 5))
-        e.update({201: years, 202: sums[3], 203: sums[4], 140: w5})
+                line.update(zip(SCORES, scores if has_own else NONE))
+        e.update({201: years, 202: two, 203: three, 140: w5})
         if self.current:     # the improved screen leaves W to the X2/W screen
             e[200] = w
 
-    def form_p_anew(self):
-        """P with the W that is stored, as closing the X2/W screen forms it."""
+    def form_p_anew(self, w):
+        """The overall scores that stand follow X2 and W, as closing the X2/W screen forms them."""
         for line in self.lines[:SCORED]:
             if line.get("総合評点P") is not None:
-                line["総合評点P"] = points_p(to_int(line.get("評点X1")), self.x2["X2"], self.y,
-                                          to_int(line.get("評点Z")), self.score(200))
+                line["総合評点P"] = self.p(line.get("評点X1"), line.get("評点Z"), w)
 
     def result(self):
         e = self.elements
@@ -729,11 +597,9 @@ class Desk:
             return {"工種CD": index, **{name: self.lines[index].get(name) if name in shown else None
                                       for name in SCORES + AVERAGES}}
 
-        late = self.law >= 2
-        return {"X2": self.x2,
-                "W": {"W1": e[100], "W2": e[110], "W3": e[120], "W4": e[130], "W5": e[140],
-                      "W6": e[150], "W7": e[213] if late else 0, "W8": e[216] if late else 0,
-                      "W": e[200]},
+        parts = [e[code] for code in (100, 110, 120, 130, 140, 150)]
+        parts += [e[213], e[216]] if self.law >= 2 else [0, 0]
+        return {"X2": self.x2, "W": {**{"W%d" % n: part for n, part in enumerate(parts, 1)}, "W": e[200]},
                 "Kandaka_Gj": [line(i) for i in range(LINES)]}
 
 
@@ -767,7 +633,7 @@ class Company:
         self.corporation = self.office["法人個人識別"] == 1
         self.periods = {period["決算期"]: period for period in case["periods"]}
         assert list(self.periods) == sorted(self.periods), path
-        self.statements = {}
+        self.statements = {}     # in their order: one takes from those before it
         for k, period in self.periods.items():
             self.statements[k] = self._statement(k, period)
 
@@ -779,15 +645,13 @@ class Company:
             code = int(key)
             assert s.chart[code].entered, "period %s: account %s takes no amount" % (k, key)
             entry = v if isinstance(v, dict) else {"金額": v}
-            s.amount[code] = entry.get("金額")
-            s.debit[code] = entry.get("借方")
-            s.credit[code] = entry.get("貸方")
-            for slot, (debit, credit) in saved.items():
-                debit.update({code: entry[n] for n in ("借方" + slot,) if n in entry})
-                credit.update({code: entry[n] for n in ("貸方" + slot,) if n in entry})
+            s.amount[code], s.debit[code], s.credit[code] = map(entry.get, ("金額", "借方", "貸方"))
+            for slot, sides in saved.items():
+                for name, side in zip(("借方", "貸方"), sides):
+                    side.update({code: entry[n] for n in (name + slot,) if n in entry})
             if s.amount[code] is not None:
                 given.add(code)
-        s.totals()
+        s.form_totals(s.amount, shown_only=True)     # lines that the firm type does not have stay out
         s.balance = s.after_journal(s.debit, s.credit)
         s.saved = {slot: s.after_journal(*sides) for slot, sides in saved.items() if any(sides)}
         for back in (1, 2):
@@ -818,42 +682,27 @@ class Company:
                     for i in range(LINES)]
 
         def elements(column):
-            out = {}
-            for code, v in given_elements.items():
-                if isinstance(v, dict):
-                    out[code] = v.get(column)
-                else:
-                    out[code] = v if column == "現状" else None
-            return out
+            return {code: v.get(column) if isinstance(v, dict) else v if column == "現状" else None
+                    for code, v in given_elements.items()}
 
         stored_lines = lines(PREFIX[scenario])
         stored_elements = elements(ELEMENT_COLUMN.get(scenario, "改善後" + scenario))
-        if scenario != "genjo":
-            if scenario != "kaizen":
-                if not any(line[n] is not None for line in stored_lines[:SCORED] for n in OWN):
-                    raise ScoreError("保存値%s はありません" % scenario)
-            elif all(line[n] is None for line in stored_lines for n in FAMILY):
-                current = lines("")
-                for i in range(SCORED):
-                    for n in FAMILY:
-                        stored_lines[i][n] = current[i][n]
-                stored_elements = {code: stored_elements.get(code) if stored_elements.get(code) is not None else v
-                                   for code, v in elements("現状").items()}
-
-        if scenario == "genjo":
-            column = statement.amount
-        elif scenario == "kaizen":
-            column = statement.balance
-        else:
-            column = statement.saved.get(scenario, {})
+        if scenario in "123" and not any(Desk.has(line, OWN) for line in stored_lines[:SCORED]):
+            raise ScoreError("保存値%s はありません" % scenario)
+        if scenario == "kaizen" and not any(Desk.has(line, FAMILY) for line in stored_lines):
+            for line, current in zip(stored_lines[:SCORED], lines("")):
+                line.update({n: current[n] for n in FAMILY})
+            # Of the items only what is blank is filled.
+            current = elements("現状")
+            stored_elements.update({code: current[code] for code, v in stored_elements.items() if v is None})
+        column = {"genjo": statement.amount, "kaizen": statement.balance, **statement.saved}.get(scenario, {})
         y = points_y(column, self.edition, self.corporation)
         desk = Desk(self.edition, period["Simyu_Kubun"], column, y["Y"], stored_elements,
                     stored_lines, self.end_date(k), scenario == "genjo")
         return desk, y
 
     def score(self, k, scenario):
-        if k is None:
-            k = self.office["処理決算期"]
+        k = k or self.office["処理決算期"]
         if k not in self.periods:
             raise ScoreError("決算期 %s のデータがありません" % k)
         try:
