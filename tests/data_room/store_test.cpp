@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <source_location>
 #include <sqlcipher/sqlite3.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -25,7 +26,7 @@ using enum Store_Error::Reason;
 class Store_Test : public ::testing::Test {
   protected:
     void SetUp() override {
-        const Connection cn = Connection::Create(file, Delivered_Key());
+        const Connection cn = Connection::Create(file, key);
         cn.Execute("CREATE TABLE T (番号 Integer, 名前 Text, 金額 Double, 印 Boolean)");
         Transaction transaction(cn);
         for (int i = 0; i < 800; ++i) {
@@ -39,7 +40,7 @@ class Store_Test : public ::testing::Test {
     /// All rows of a store.
     static std::vector<std::string> Rows(const fs::path& store,
                                          Connection::Mode mode = Connection::Mode::Read_Only) {
-        const Connection cn(store, Delivered_Key(), mode);
+        const Connection cn(store, key, mode);
         std::vector<std::string> rows;
         for (Recordset rs = cn.Open("SELECT * FROM T ORDER BY 番号"); !rs.Eof(); rs.Move_Next()) {
             rows.push_back(rs["番号"].As_Text() + rs["名前"].As_Text() + rs["金額"].As_Text());
@@ -48,9 +49,9 @@ class Store_Test : public ::testing::Test {
     }
 
     /// Runs `act`, which must raise a Store_Error that names `named` and the reason, and change no file.
-    void Expect_Refusal(const char* what, const fs::path& named, Store_Error::Reason reason,
-                        const std::function<void()>& act) {
-        SCOPED_TRACE(what);
+    void Expect_Refusal(const fs::path& named, Store_Error::Reason reason, const std::function<void()>& act,
+                        const std::source_location& at = std::source_location::current()) {
+        SCOPED_TRACE(at.line());
         const File_Contents files = Read_Files(folder.path);
         try {
             act();
@@ -74,7 +75,7 @@ class Store_Test : public ::testing::Test {
     void Kill_A_Writer() {
         const pid_t child = ::fork();
         if (child == 0) {
-            const Connection cn(file, Delivered_Key());
+            const Connection cn(file, key);
             cn.Execute("PRAGMA cache_size = 2");
             cn.Execute("BEGIN");
             cn.Execute("UPDATE T SET 名前 = 'lost', 番号 = 番号 + 5000");
@@ -85,6 +86,8 @@ class Store_Test : public ::testing::Test {
         ASSERT_TRUE(fs::exists(journal));
         ASSERT_NE(Read_Files(folder.path)["s.dat"], good["s.dat"]);
     }
+
+    static inline const Store_Key& key = Delivered_Key();
 
     Temporary_Folder folder;
     fs::path file = folder.path / "s.dat";
@@ -126,10 +129,11 @@ TEST_F(Store_Test, Files_That_Are_No_Store_Are_Refused_Unchanged) {
     Make_Plain_Store(plain);
     const std::string foreign = Read_Files(folder.path)["plain.dat"];
     ASSERT_EQ(foreign.size() % 4096, 0U);
-    std::string flipped_salt = content;
-    flipped_salt[3] = static_cast<char>(flipped_salt[3] ^ 4);
-    std::string flipped_header = content;
-    flipped_header[100] = static_cast<char>(flipped_header[100] ^ 1);
+    const auto flipped = [&](std::size_t at, int bit) {
+        std::string damaged = content;
+        damaged[at] = static_cast<char>(damaged[at] ^ bit);
+        return damaged;
+    };
     const struct {
         const char* what;
         std::string content;
@@ -140,45 +144,41 @@ TEST_F(Store_Test, Files_That_Are_No_Store_Are_Refused_Unchanged) {
         {"cut in a later page", content.substr(0, content.size() - 4000), Not_A_Store},
         {"cut at a page", content.substr(0, content.size() - 3 * 4096), Damaged},
         {"only the first page", content.substr(0, 4096), Damaged},
-        {"a bit of the salt", flipped_salt, Not_A_Store},
-        {"a bit of the first page", flipped_header, Not_A_Store},
+        {"a bit of the salt", flipped(3, 4), Not_A_Store},
+        {"a bit of the first page", flipped(100, 1), Not_A_Store},
         {"unencrypted", foreign, Not_A_Store},
         {"a text", "管理No,事業所名\n", Not_A_Store},
         {"a text as long as a page", std::string(4096, '\n'), Not_A_Store},
     };
     for (const auto& c : cases) {
+        SCOPED_TRACE(c.what);
         Write_Files(folder.path, {{"s.dat", c.content}});
-        Expect_Refusal(c.what, file, c.reason, [&] { Verify_Store(file, Delivered_Key()); });
-        Expect_Refusal(c.what, file, c.reason, [&] { Copy_Store(file, other, Delivered_Key()); });
+        Expect_Refusal(file, c.reason, [&] { Verify_Store(file, key); });
+        Expect_Refusal(file, c.reason, [&] { Copy_Store(file, other, key); });
     }
     Write_Files(folder.path, good);
     const Store_Key wrong = Store_Key::Derive("vrdqn53");
     for (const auto mode : {Connection::Mode::Read_Only, Connection::Mode::Read_Write}) {
-        Expect_Refusal("another password", file, Not_A_Store, [&] { Connection(file, wrong, mode).Close(); });
-        Expect_Refusal("missing", other, Missing, [&] { Connection(other, Delivered_Key(), mode).Close(); });
-        Expect_Refusal("a folder", folder.path, Not_A_Store,
-                       [&] { Connection(folder.path, Delivered_Key(), mode).Close(); });
+        Expect_Refusal(file, Not_A_Store, [&] { Connection(file, wrong, mode).Close(); });
+        Expect_Refusal(other, Missing, [&] { Connection(other, key, mode).Close(); });
+        Expect_Refusal(folder.path, Not_A_Store, [&] { Connection(folder.path, key, mode).Close(); });
     }
     ASSERT_EQ(::mkfifo(other.c_str(), 0600), 0);
-    Expect_Refusal("a pipe", other, Not_A_Store, [&] { Copy_Store(other, file, Delivered_Key()); });
-    Expect_Refusal("over a pipe", other, Failed, [&] { Copy_Store(file, other, Delivered_Key()); });
-    Expect_Refusal("a pipe", other, Bad_Content, [&] { static_cast<void>(Read_Text_File(other)); });
-    Expect_Refusal("over a pipe", other, Failed, [&] { Write_Text_File(other, "text"); });
+    Expect_Refusal(other, Not_A_Store, [&] { Copy_Store(other, file, key); });
+    Expect_Refusal(other, Failed, [&] { Copy_Store(file, other, key); });
+    Expect_Refusal(other, Bad_Content, [&] { static_cast<void>(Read_Text_File(other)); });
+    Expect_Refusal(other, Failed, [&] { Write_Text_File(other, "text"); });
     fs::remove(other);
     fs::create_symlink("/dev/zero", other);
-    Expect_Refusal("an endless device", other, Not_A_Store,
-                   [&] { Copy_Store(other, file, Delivered_Key()); });
-    Expect_Refusal("an endless device", other, Bad_Content,
-                   [&] { static_cast<void>(Read_Text_File(other)); });
+    Expect_Refusal(other, Not_A_Store, [&] { Copy_Store(other, file, key); });
+    Expect_Refusal(other, Bad_Content, [&] { static_cast<void>(Read_Text_File(other)); });
     fs::remove(other);
-    Expect_Refusal("too long", file, Bad_Content, [&] { static_cast<void>(Read_Text_File(file, 1000)); });
-    Expect_Refusal("no folder", folder.path / "none", Missing,
-                   [&] { Copy_Store(file, folder.path / "none/s.dat", Delivered_Key()); });
-    Expect_Refusal("the target is there", file, Failed,
-                   [&] { Connection::Create(file, Delivered_Key()).Close(); });
-    Expect_Refusal("missing source", other, Missing, [&] { Copy_Store(other, file, Delivered_Key()); });
-    Expect_Refusal("missing", other, Missing, [&] { Remove_Store(other); });
-    Expect_Refusal("missing", other, Missing, [&] { static_cast<void>(Read_Text_File(other)); });
+    Expect_Refusal(file, Bad_Content, [&] { static_cast<void>(Read_Text_File(file, 1000)); });
+    Expect_Refusal(folder.path / "none", Missing, [&] { Copy_Store(file, folder.path / "none/s.dat", key); });
+    Expect_Refusal(file, Failed, [&] { Connection::Create(file, key).Close(); });
+    Expect_Refusal(other, Missing, [&] { Copy_Store(other, file, key); });
+    Expect_Refusal(other, Missing, [&] { Remove_Store(other); });
+    Expect_Refusal(other, Missing, [&] { static_cast<void>(Read_Text_File(other)); });
 }
 
 TEST_F(Store_Test, A_Flipped_Bit_Never_Gives_Another_Row) {
@@ -196,8 +196,8 @@ TEST_F(Store_Test, A_Flipped_Bit_Never_Gives_Another_Row) {
         } catch (const Store_Error& error) {
             ++refused;
             EXPECT_TRUE(error.reason == Damaged || error.reason == Not_A_Store) << error.what();
-            EXPECT_THROW(Verify_Store(file, Delivered_Key()), Store_Error);
-            EXPECT_THROW(Copy_Store(file, other, Delivered_Key()), Store_Error);
+            EXPECT_THROW(Verify_Store(file, key), Store_Error);
+            EXPECT_THROW(Copy_Store(file, other, key), Store_Error);
             EXPECT_FALSE(fs::exists(other));
         }
     }
@@ -215,20 +215,18 @@ TEST_F(Store_Test, Files_Without_Permission) {
     fs::permissions(file, fs::perms(0444));
     {
         const Common_User user;
-        Expect_Refusal("file", file, Read_Only, [&] { Connection(file, Delivered_Key()).Close(); });
+        Expect_Refusal(file, Read_Only, [&] { Connection(file, key).Close(); });
         EXPECT_EQ(Rows(file).size(), 800U);
     }
     fs::permissions(file, fs::perms(0666));
     fs::permissions(folder.path, fs::perms(0555));
     const Common_User user;
     EXPECT_EQ(Rows(file, Connection::Mode::Read_Write).size(), 800U);
-    Expect_Refusal("write", file, Read_Only,
-                   [&] { Connection(file, Delivered_Key()).Execute("UPDATE T SET 金額 = 0"); });
-    Expect_Refusal("copy", other, Read_Only, [&] { Copy_Store(file, other, Delivered_Key()); });
-    Expect_Refusal("text", folder.path / "t.txt", Read_Only,
-                   [&] { Write_Text_File(folder.path / "t.txt", "new"); });
-    Expect_Refusal("rename", other, Read_Only, [&] { Rename_Store(file, other, Delivered_Key()); });
-    Expect_Refusal("remove", file, Read_Only, [&] { Remove_Store(file); });
+    Expect_Refusal(file, Read_Only, [&] { Connection(file, key).Execute("UPDATE T SET 金額 = 0"); });
+    Expect_Refusal(other, Read_Only, [&] { Copy_Store(file, other, key); });
+    Expect_Refusal(folder.path / "t.txt", Read_Only, [&] { Write_Text_File(folder.path / "t.txt", "new"); });
+    Expect_Refusal(other, Read_Only, [&] { Rename_Store(file, other, key); });
+    Expect_Refusal(file, Read_Only, [&] { Remove_Store(file); });
 }
 
 TEST_F(Store_Test, Stores_Are_Their_Owners_And_Texts_Follow_The_Umask) {
@@ -239,10 +237,10 @@ TEST_F(Store_Test, Stores_Are_Their_Owners_And_Texts_Follow_The_Umask) {
     const fs::path text = folder.path / "t.txt";
     EXPECT_EQ(mode_of(file), 0600U) << "a store that was made";
     fs::permissions(file, fs::perms(0644));
-    Copy_Store(file, other, Delivered_Key());
+    Copy_Store(file, other, key);
     EXPECT_EQ(mode_of(other), 0600U) << "a copy, whatever the source";
     fs::permissions(other, fs::perms(0664));
-    Copy_Store(file, other, Delivered_Key());
+    Copy_Store(file, other, key);
     EXPECT_EQ(mode_of(other), 0660U) << "shared with the group on purpose";
     Write_Text_File(text, "text");
     EXPECT_EQ(mode_of(text), 0664U);
@@ -260,9 +258,7 @@ TEST_F(Store_Test, What_Is_Set_Aside_Or_Kept_Overwrites_Nothing) {
     for (const bool hard_links : {true, false}) {
         Write_Files(folder.path, killed);
         Failing_Writes writes;
-        if (!hard_links) {
-            writes.Refuse_Links();
-        }
+        writes.Allow_Links(hard_links);
         const fs::path first = Set_Aside(file);
         const fs::path second = Set_Aside(file);
         EXPECT_NE(first, second);
@@ -279,15 +275,15 @@ TEST_F(Store_Test, What_Is_Set_Aside_Or_Kept_Overwrites_Nothing) {
     EXPECT_TRUE(fs::is_directory(Set_Aside(other)));
     EXPECT_FALSE(fs::exists(other));
 
-    Keep_Backup(other, Delivered_Key());
+    Keep_Backup(other, key);
     EXPECT_FALSE(fs::exists(folder.path / "other.dat.bak")) << "there was nothing";
-    Keep_Backup(file, Delivered_Key());
-    Connection(file, Delivered_Key()).Execute("DELETE FROM T WHERE 番号>0");
-    Keep_Backup(file, Delivered_Key());
+    Keep_Backup(file, key);
+    Connection(file, key).Execute("DELETE FROM T WHERE 番号>0");
+    Keep_Backup(file, key);
     EXPECT_EQ(Rows(folder.path / "s.dat.bak").size(), 800U);
     EXPECT_EQ(Rows(folder.path / "s.dat.bak2").size(), 1U);
     fs::last_write_time(folder.path / "s.dat.bak", fs::file_time_type::clock::now() - std::chrono::hours(25));
-    Keep_Backup(file, Delivered_Key());
+    Keep_Backup(file, key);
     EXPECT_EQ(Rows(folder.path / "s.dat.bak").size(), 1U) << "that was yesterday's";
 }
 
@@ -303,7 +299,7 @@ TEST_F(Store_Test, Drafts_Follow_No_Link) {
     const auto after = drafts();
     EXPECT_EQ(std::find(before.begin(), before.end(), after[0]), before.end()) << "no name comes again";
     fs::create_symlink(file, other);
-    EXPECT_THROW(Connection::Create(other, Delivered_Key()), Store_Error);
+    EXPECT_THROW(Connection::Create(other, key), Store_Error);
     EXPECT_EQ(Rows(file).size(), 800U);
 }
 
@@ -313,18 +309,15 @@ TEST_F(Store_Test, A_Full_Disk) {
         act();
     };
     for (int at = 2; at < 6; ++at) {
-        try {
+        const std::string refusal = Refusal_Of([&] {
             const Failing_Writes writes(at, Failing_Writes::Manner::From_Then_On, ENOSPC);
-            Connection(file, Delivered_Key()).Execute("UPDATE T SET 金額 = 0");
-            ADD_FAILURE() << "no error";
-        } catch (const Store_Error& error) {
-            EXPECT_EQ(error.reason, Disk_Full) << error.what();
-        }
+            Connection(file, key).Execute("UPDATE T SET 金額 = 0");
+        });
+        EXPECT_PRED2(Has, refusal, Reason_Text(Disk_Full));
         EXPECT_EQ(Rows(file)[9].substr(0, 3), "9jj");
     }
-    Expect_Refusal("copy", other, Disk_Full,
-                   [&] { full([&] { Copy_Store(file, other, Delivered_Key()); }); });
-    Expect_Refusal("text", other, Disk_Full, [&] { full([&] { Write_Text_File(other, "text"); }); });
+    Expect_Refusal(other, Disk_Full, [&] { full([&] { Copy_Store(file, other, key); }); });
+    Expect_Refusal(other, Disk_Full, [&] { full([&] { Write_Text_File(other, "text"); }); });
     EXPECT_FALSE(fs::exists(other));
     for (const auto& [name, content] : Read_Files(folder.path)) {
         EXPECT_TRUE(name.string().starts_with("s.dat")) << "a draft is left: " << name;
@@ -332,27 +325,26 @@ TEST_F(Store_Test, A_Full_Disk) {
 }
 
 TEST_F(Store_Test, Missing_Tables_And_Columns) {
-    const Connection cn(file, Delivered_Key());
-    Expect_Refusal("table", file, Missing_Table, [&] { static_cast<void>(cn.Open("SELECT * FROM Ks_ki")); });
-    Expect_Refusal("table", file, Missing_Table, [&] { cn.Execute("DELETE FROM Ks_ki;"); });
-    Expect_Refusal("column", file, Missing_Column, [&] { static_cast<void>(cn.Open("SELECT 備考 FROM T")); });
-    Expect_Refusal("column", file, Missing_Column, [&] { cn.Execute("UPDATE T SET 備考 = 1"); });
-    Expect_Refusal("column", file, Missing_Column, [&] { cn.Execute("INSERT INTO T (備考) VALUES (1)"); });
+    const Connection cn(file, key);
+    Expect_Refusal(file, Missing_Table, [&] { static_cast<void>(cn.Open("SELECT * FROM Ks_ki")); });
+    Expect_Refusal(file, Missing_Table, [&] { cn.Execute("DELETE FROM Ks_ki;"); });
+    Expect_Refusal(file, Missing_Column, [&] { static_cast<void>(cn.Open("SELECT 備考 FROM T")); });
+    Expect_Refusal(file, Missing_Column, [&] { cn.Execute("UPDATE T SET 備考 = 1"); });
+    Expect_Refusal(file, Missing_Column, [&] { cn.Execute("INSERT INTO T (備考) VALUES (1)"); });
     Recordset rows = cn.Open("SELECT * FROM T");
-    Expect_Refusal("column", file, Missing_Column, [&] { static_cast<void>(rows["備考"]); });
-    Expect_Refusal("column", file, Missing_Column, [&] { rows.Set("備考", 1); });
-    Expect_Refusal("SQL", file, Failed, [&] { cn.Execute("UPDATE T WITH x"); });
+    Expect_Refusal(file, Missing_Column, [&] { static_cast<void>(rows["備考"]); });
+    Expect_Refusal(file, Missing_Column, [&] { rows.Set("備考", 1); });
+    Expect_Refusal(file, Failed, [&] { cn.Execute("UPDATE T WITH x"); });
 
-    const Connection company = Connection::Create(other, Delivered_Key());
+    const Connection company = Connection::Create(other, key);
     Create_Tables(company, Store_Kind::Company);
     EXPECT_EQ(Missing_In_Store(company, Store_Kind::Company, true).size(), 0U);
     company.Execute("DROP TABLE QandA");
     company.Execute("ALTER TABLE KmkBunrui RENAME TO former");
     company.Execute("CREATE TABLE KmkBunrui (科目分類識別 Text)");
-    const auto missing = Missing_In_Store(company, Store_Kind::Company, true);
-    ASSERT_EQ(missing.size(), 2U);
-    EXPECT_EQ(missing[0], "表 QandA がありません。");
-    EXPECT_EQ(missing[1], "表 KmkBunrui に項目 分類名 がありません。");
+    EXPECT_EQ(
+        Missing_In_Store(company, Store_Kind::Company, true),
+        std::vector<std::string>({"表 QandA がありません。", "表 KmkBunrui に項目 分類名 がありません。"}));
 }
 
 TEST_F(Store_Test, What_A_Killed_Writer_Left_Is_Rolled_Back) {
@@ -365,21 +357,19 @@ TEST_F(Store_Test, What_A_Killed_Writer_Left_Is_Rolled_Back) {
         EXPECT_EQ(Rows(file, mode), rows);
         EXPECT_FALSE(fs::exists(journal));
     }
+    for (const bool verified : {true, false}) {
+        again();
+        if (verified) {
+            Verify_Store(file, key);
+        }
+        Copy_Store(file, other, key);
+        EXPECT_EQ(Rows(other), rows);
+        EXPECT_EQ(Rows(file), rows);
+    }
     again();
-    Verify_Store(file, Delivered_Key());
-    Copy_Store(file, other, Delivered_Key());
-    EXPECT_EQ(Rows(other), rows);
-
-    again();
-    Copy_Store(file, other, Delivered_Key());
-    EXPECT_EQ(Rows(other), rows);
-    EXPECT_EQ(Rows(file), rows);
-
-    again();
-    Rename_Store(file, other, Delivered_Key());
+    Rename_Store(file, other, key);
     EXPECT_EQ(Rows(other), rows);
     EXPECT_EQ(Read_Files(folder.path).size(), 1U);
-
     again();
     Remove_Store(file);
     EXPECT_EQ(Read_Files(folder.path).size(), 0U);
@@ -392,8 +382,8 @@ TEST_F(Store_Test, What_A_Killed_Writer_Left_Is_Rolled_Back) {
 }
 
 TEST_F(Store_Test, A_Journal_Never_Meets_Another_File) {
-    Copy_Store(file, other, Delivered_Key());
-    Connection(other, Delivered_Key()).Execute("UPDATE T SET 名前 = 'new'");
+    Copy_Store(file, other, key);
+    Connection(other, key).Execute("UPDATE T SET 名前 = 'new'");
     const std::vector<std::string> rows = Rows(file);
     const std::vector<std::string> new_rows = Rows(other);
     Kill_A_Writer();
@@ -402,18 +392,13 @@ TEST_F(Store_Test, A_Journal_Never_Meets_Another_File) {
         const std::vector<std::string> now = Rows(file);
         EXPECT_TRUE(now == new_rows || (now == rows && outcome != Outcome::Finished));
     };
-    Fail_Every_Write([&] { Write_Files(folder.path, killed); },
-                     [&] { Copy_Store(other, file, Delivered_Key()); }, check);
+    Fail_Every_Write([&] { Write_Files(folder.path, killed); }, [&] { Copy_Store(other, file, key); }, check);
 
     // The store is gone, its journal is not.
-    for (const bool copied : {true, false}) {
+    for (const auto put : {Copy_Store, Rename_Store}) {
         Write_Files(folder.path, killed);
         fs::remove(file);
-        if (copied) {
-            Copy_Store(other, file, Delivered_Key());
-        } else {
-            Rename_Store(other, file, Delivered_Key());
-        }
+        put(other, file, key);
         EXPECT_EQ(Rows(file), new_rows);
         EXPECT_FALSE(fs::exists(journal));
     }
@@ -422,15 +407,13 @@ TEST_F(Store_Test, A_Journal_Never_Meets_Another_File) {
 TEST_F(Store_Test, A_Replacement_Can_Be_Taken_Back) {
     for (const bool hard_links : {true, false}) {
         Failing_Writes writes;
-        if (!hard_links) {
-            writes.Refuse_Links();
-        }
-        Copy_Store(file, other, Delivered_Key());
+        writes.Allow_Links(hard_links);
+        Copy_Store(file, other, key);
         const File_Contents files = Read_Files(folder.path);
         {
             File_Replacement text = File_Replacement::With_Text("first", folder.path / "t.txt");
-            File_Replacement store = File_Replacement::With_Store(other, file, Delivered_Key());
-            Connection(store.Draft(), Delivered_Key()).Execute("DELETE FROM T");
+            File_Replacement store = File_Replacement::With_Store(other, file, key);
+            Connection(store.Draft(), key).Execute("DELETE FROM T");
             EXPECT_EQ(Rows(file).size(), 800U);
             text.Undo();
             text.Commit();
@@ -446,7 +429,7 @@ TEST_F(Store_Test, A_Replacement_Can_Be_Taken_Back) {
 }
 
 TEST_F(Store_Test, Recordsets_Read_And_Write) {
-    const Connection cn(file, Delivered_Key());
+    const Connection cn(file, key);
     cn.Execute("ALTER TABLE T ADD COLUMN Code Text");
     Recordset rows = cn.Open("SELECT * FROM T WHERE 番号<3 ORDER BY 番号");
     ASSERT_EQ(rows.Count(), 3U);
@@ -511,7 +494,7 @@ TEST_F(Store_Test, Recordsets_Read_And_Write) {
 }
 
 TEST_F(Store_Test, What_Was_Prepared_Serves_Again) {
-    const Connection cn(file, Delivered_Key());
+    const Connection cn(file, key);
     const auto columns = [&cn] { return cn.Open("SELECT * FROM T WHERE 番号=?", 1).Columns().size(); };
     const std::size_t before = columns();
     cn.Execute("ALTER TABLE T ADD COLUMN 後 Text");
@@ -528,7 +511,7 @@ TEST_F(Store_Test, What_Was_Prepared_Serves_Again) {
 }
 
 TEST_F(Store_Test, Transactions_Are_Whole) {
-    const Connection cn(file, Delivered_Key());
+    const Connection cn(file, key);
     {
         const Transaction transaction(cn);
         cn.Execute("DELETE FROM T WHERE 番号<400");
@@ -539,8 +522,7 @@ TEST_F(Store_Test, Transactions_Are_Whole) {
         Transaction transaction(cn);
         cn.Execute("DELETE FROM T WHERE 番号<400");
         EXPECT_EQ(Rows(file).size(), 800U) << "another reader";
-        Expect_Refusal("another writer", file, Busy,
-                       [&] { Connection(file, Delivered_Key()).Execute("DELETE FROM T"); });
+        Expect_Refusal(file, Busy, [&] { Connection(file, key).Execute("DELETE FROM T"); });
         transaction.Commit();
     }
     EXPECT_EQ(Rows(file).size(), 400U);

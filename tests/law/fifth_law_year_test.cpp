@@ -7,13 +7,13 @@
 #include "data/store_file.h"
 #include "law/elements.h"
 #include "maint/data_conv.h"
-#include "report/recorded_sheet.h"
 #include "report/report_table.h"
 #include "review/settle.h"
 #include "screens/check_sheet.h"
 #include "screens/frm_syokuta.h"
 #include "session/kyotu_mod.h"
 #include "support/generated_firm.h"
+#include "support/sheet_texts.h"
 #include "support/ui_fixture.h"
 #include "widgets/theme.h"
 
@@ -63,25 +63,21 @@ void Expect_Same(const std::string& fourth, const std::string& fifth) {
 
 std::string Texts_Of(const Check_Sheet& sheet) {
     std::string text = sheet.title + "\n" + sheet.sub_title + "\n" + sheet.help_key + sheet.table_form + "\n";
+    const auto add = [&text](const std::string& line) { text += line + "\n"; };
     for (const auto* lines : {&sheet.inputs, &sheet.results}) {
-        for (const Check_Line& line : *lines) {
-            text += line.caption + line.value.text + "\n";
-        }
+        std::for_each(lines->begin(), lines->end(),
+                      [&](const Check_Line& line) { add(line.caption + line.value.text); });
     }
     for (const auto* lines : {&sheet.formula, &sheet.closing}) {
-        for (const std::string& line : *lines) {
-            text += line + "\n";
-        }
+        std::for_each(lines->begin(), lines->end(), add);
     }
     for (const Check_Step& step : sheet.steps) {
-        text += step.name + step.text + "\n";
+        add(step.name + step.text);
     }
     for (const Check_Table& table : sheet.tables) {
-        text += table.heading + std::to_string(table.mark) + "\n";
+        add(table.heading + std::to_string(table.mark));
         for (const auto& row : table.rows) {
-            for (const Named_Text& cell : row) {
-                text += cell.text + "|";
-            }
+            std::for_each(row.begin(), row.end(), [&](const Named_Text& cell) { add(cell.text); });
         }
     }
     return text;
@@ -89,23 +85,20 @@ std::string Texts_Of(const Check_Sheet& sheet) {
 
 /// Every calculation check that the screens of a firm open, with the tables behind them.
 std::string Checks_Of(const Review_Figures& figures) {
-    std::vector<Check_Request> requests;
+    std::string text;
+    const auto add = [&](const Check_Request& request) {
+        const Check_Sheet sheet = Make_Check_Sheet(figures, request);
+        text += "# " + request.form + " " + Texts_Of(sheet) +
+                (sheet.table_form.empty() ? "" : Texts_Of(Make_Table_Sheet(sheet)));
+    };
     for (int i = 0; i < static_cast<int>(std::size(w2x_buttons)); ++i) {
-        requests.push_back(W2X_Request(Law_Of(figures.law_year), i));
+        add(W2X_Request(Law_Of(figures.law_year), i));
     }
     for (int i = 0; i < 10; ++i) {
-        requests.push_back(Y1_Request(i));
+        add(Y1_Request(i));
     }
     for (const char* mode : {"X", "P", "Z", "Z1", "Z2"}) {
-        requests.push_back(XZP_Request(mode, 0));
-    }
-    std::string text;
-    for (const Check_Request& request : requests) {
-        const Check_Sheet sheet = Make_Check_Sheet(figures, request);
-        text += "# " + request.form + " " + Texts_Of(sheet);
-        if (!sheet.table_form.empty()) {
-            text += Texts_Of(Make_Table_Sheet(sheet));
-        }
+        add(XZP_Request(mode, 0));
     }
     return text;
 }
@@ -176,17 +169,7 @@ std::string Report_Of(const Session& session) {
     const Report_Row& report = *Find_Report(Law_Of(session.Simyu_Kubun).result_report);
     const Rpt_Draw drawn =
         report.read(Cn_Open(session), session, Request_In_Hand(session, Scenario::Genjo, report));
-    Recorded_Sheet sheet;
-    Print_State state;
-    Prt_ModSet prt(state, sheet);
-    drawn.draw(prt);
-    std::string text;
-    for (const Drawn& operation : sheet.Pages().front()) {
-        if (const auto* printed = std::get_if<Drawn_Text>(&operation)) {
-            text += printed->text + "\n";
-        }
-    }
-    return text;
+    return Joined(Texts_Drawn_By(drawn.draw), "\n");
 }
 
 TEST_F(Fifth_Law_Year_Test, Shows_And_Prints_The_Samples_As_The_Fourth) {

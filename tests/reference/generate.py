@@ -212,8 +212,7 @@ class Firm:
         t = {100: assets - fixed, 139: fixed, 203: current, 231: debts - current,
              250: equity - retained if self.corporation else equity - r.randrange(0, 1000),
              400: sales, 530: sales - gross, 436: depreciation,
-             421: gross - operating - depreciation, 470: received, 480: paid,
-             830: before}
+             421: gross - operating - depreciation, 470: received, 480: paid, 830: before}
         if not self.corporation and self.chance(0.3):
             t[273] = r.randrange(0, 100000)
             t[250] += t[273]
@@ -486,10 +485,8 @@ class Firm:
             begin += datetime.timedelta(days=1)
         return {"format": "morvane-case", "version": 1, "Tiiki_CD": self.edition,
                 "Jigyo_mas": {"管理No": self.number, "事業所名": "照合建設第%d号" % self.number,
-                              "事業所カナ名": "ｼ", "法人個人識別": 1 if self.corporation else 2,
-                              "処理決算期": in_hand,
-                              "決算期開始年": begin.year - 1 - 2018, "決算期開始月": begin.month,
-                              "決算期開始日": begin.day,
+                              "事業所カナ名": "ｼ", "法人個人識別": 1 if self.corporation else 2, "処理決算期": in_hand,
+                              "決算期開始年": begin.year - 1 - 2018, "決算期開始月": begin.month, "決算期開始日": begin.day,
                               "決算期終了年": year, "決算期終了月": month, "決算期終了日": day},
                 "periods": [self.period(k, k == start) for k in numbers]}
 

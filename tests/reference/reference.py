@@ -16,6 +16,7 @@ import json
 import math
 import pathlib
 import struct
+import types
 
 HERE = pathlib.Path(__file__).resolve().parent
 STORES = HERE.parent.parent / "stores"
@@ -72,17 +73,12 @@ i16, i32, add16, add32 = (functools.partial(f, bits) for f in (within, add) for 
 
 
 def to_int(v):
-    """A stored figure as an integer; the store keeps whole numbers in doubles."""
-    return 0 if v is None else int(math.floor(v + 0.5)) if isinstance(v, float) else v
+    return v or 0
 
 
 def thousands(yen):
     """Yen to thousand yen, cut toward zero: 999 and -999 yen are both 0."""
-    if yen is None:
-        return 0
-    if isinstance(yen, float):
-        return i32(int(yen / 1000))
-    return i32(-(-yen // 1000) if yen < 0 else yen // 1000)
+    return 0 if yen is None else i32(-(-yen // 1000) if yen < 0 else yen // 1000)
 
 
 def half(a, b):
@@ -97,22 +93,13 @@ def read_rows(path, delimiter=","):
         return list(csv.DictReader((line for line in f if not line.startswith("#")), delimiter=delimiter))
 
 
-class Account:
-    """A line of the delivered chart; -1 is true there."""
-
-    def __init__(self, row):
-        self.code = int(row["建設科目CD"])
-        self.klass = row["科目分類識別"]
-        self.summed = row["集計識別"] == "-1"
-        self.minus = row["内部処理正負"] == "1"
-        self.debit = row["貸借正負"] == "1"
-        self.entered = row["金額編集識別"] == "-1"
-        self.hidden = {True: row["法人非表示識別"] == "-1", False: row["個人非表示識別"] == "-1"}
-
-
 def load_chart(edition):
-    rows = map(Account, read_rows(STORES / ("chart_%s.tsv" % edition), "\t"))
-    return {account.code: account for account in rows}
+    """The lines of the delivered chart by code; -1 is true there."""
+    return {int(row["建設科目CD"]): types.SimpleNamespace(
+                code=int(row["建設科目CD"]), klass=row["科目分類識別"], summed=row["集計識別"] == "-1",
+                minus=row["内部処理正負"] == "1", debit=row["貸借正負"] == "1", entered=row["金額編集識別"] == "-1",
+                hidden={True: row["法人非表示識別"] == "-1", False: row["個人非表示識別"] == "-1"})
+            for row in read_rows(STORES / ("chart_%s.tsv" % edition), "\t")}
 
 
 def load_tables():
@@ -190,14 +177,14 @@ class Statement:
 
         # Income statement.
         sales = ("Kku", "Knu") if north else ("Kku_u", "Knu_u")
-        column[419] = c(*sales) - c("Kkg", "KugG", "KugT")
+        column[411 if north else 413] = side = c("KugG", "KugT")
+        column[419] = c(*sales) - c("Kkg") - side
         if not north:
             column[402] = (column[400] or 0) + (column[401] or 0)
         column[469] = column[419] - c("Ipk")
         column[489] = column[469] + c("Egs") - c("Egh")
         column[519] = column[489] + c("Tbr") - c("Tbs") - c("SesT")
         column[529] = column[489]
-        column[411 if north else 413] = side
 
     def take_prior(self, earlier, years_back, given):
         """Fill the prior-period lines that were not given from an earlier period.
@@ -371,8 +358,7 @@ def points_w10(cpd, engineers, raised, skilled, deducted):
 
 
 def points_wlb(jyosei, jisedai, youth):
-    return max({1: 5, 2: 4, 3: 3, 4: 2}.get(jyosei, 0), {1: 5, 2: 3, 3: 3}.get(jisedai, 0),
-               {1: 4}.get(youth, 0))
+    return max({1: 5, 2: 4, 3: 3, 4: 2}.get(jyosei, 0), {1: 5, 2: 3, 3: 3}.get(jisedai, 0), {1: 4}.get(youth, 0))
 
 
 def points_rireki(kind):
@@ -392,19 +378,17 @@ def total_w_2011(parts, end_date):
 
 # ---------------------------------------------------------------- X1, Z, P
 
-def averages(years, a, b, c, both):
-    """Adopted average and adopted previous figure.
+def averages(years, a, b, c):
+    """Adopted average, adopted previous figure, two- and three-year average.
 
-    a, b, c: period before last, last period, base period. With `both` the
-    two- and the three-year average are formed whichever is adopted.
+    a, b, c: period before last, last period, base period.
     """
     def mean(x, y):
         return (add32(x, y) + 1) // 2
 
-    two = mean(c, b) if both or years == 2 else 0
-    prev = mean(b, a) if both or years != 2 else 0
-    three = (2 * add32(c, i32(2 * prev)) + 3) // 6
-    return (two, b, two, three) if years == 2 else (three, prev, two, three)
+    two, previous = mean(c, b), mean(b, a)
+    three = (2 * add32(c, i32(2 * previous)) + 3) // 6
+    return (two, b, two, three) if years == 2 else (three, previous, two, three)
 
 
 # Factors held in single precision, so that a whole result is not lost to rounding.
@@ -516,12 +500,12 @@ class Desk:
 
         self.form_p_anew(w)
 
-    def averaged(self, names, both=False):
+    def averaged(self, names):
         """The amounts of each line with the previous and the adopted one, and the totals of all that are no part."""
         found, sums = [], [0] * 6
         for index, line in enumerate(self.lines):
             a, b, c = (i32(to_int(line.get(n))) for n in names)
-            average, previous, two, three = averages(self.years(), a, b, c, both)
+            average, previous, two, three = averages(self.years(), a, b, c)
             if index not in SUB_LINES:
                 sums = [add32(s, v) for s, v in zip(sums, (a, b, c, previous, two, three))]
             found.append((a, b, previous, c, average))
@@ -554,7 +538,7 @@ class Desk:
         law, e = self.law, self.elements
         self.compute_x2()
         years = self.years()
-        works, (*_, two, three) = self.averaged(OWN, both=True)
+        works, (*_, two, three) = self.averaged(OWN)
         w5 = points_w5(self.element(141), two if years == 2 else three, self.element(142), self.element(143))
         if law == 1:
             w2, w7, w8 = self.score(110), 0, 0
@@ -594,8 +578,8 @@ class Desk:
         def line(index):
             """Scores of the lines that have some, averages of all but the combined one."""
             shown = SCORES + AVERAGES if index < SCORED else AVERAGES if index != COMBINED else ()
-            return {"工種CD": index, **{name: self.lines[index].get(name) if name in shown else None
-                                      for name in SCORES + AVERAGES}}
+            figures = self.lines[index]
+            return {"工種CD": index, **{n: figures.get(n) if n in shown else None for n in SCORES + AVERAGES}}
 
         parts = [e[code] for code in (100, 110, 120, 130, 140, 150)]
         parts += [e[213], e[216]] if self.law >= 2 else [0, 0]
@@ -612,7 +596,7 @@ def add_relief(desk, lines):
         other.settle()
         if other.law == 1:    # the comparison keeps the closing sum of that law year
             other.elements[200] = total_w_2008([other.element(code) for code in range(100, 151, 10)])
-            other.form_p_anew()
+            other.form_p_anew(other.element(200))
         chosen[letter] = [line.get("総合評点P") for line in other.lines]
     for i, line in enumerate(lines):
         p = {letter: scores[i] for letter, scores in chosen.items()}
@@ -678,8 +662,7 @@ class Company:
         given_elements = {int(i): v for i, v in period.get("W_Yoso", {}).items()}
 
         def lines(prefix):
-            return [{n: given_lines.get(i, {}).get(prefix + n) for n in FAMILY + (SIXTH,)}
-                    for i in range(LINES)]
+            return [{n: given_lines.get(i, {}).get(prefix + n) for n in FAMILY + (SIXTH,)} for i in range(LINES)]
 
         def elements(column):
             return {code: v.get(column) if isinstance(v, dict) else v if column == "現状" else None

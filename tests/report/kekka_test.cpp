@@ -5,6 +5,7 @@
 #include "company/datacheck.h"
 #include "report/recorded_sheet.h"
 #include "report/report_table.h"
+#include "review/work_columns.h"
 #include "session/kyotu_mod.h"
 #include "support/failing_writes.h"
 #include "support/installation_fixture.h"
@@ -12,7 +13,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numeric>
 #include <set>
 
 namespace morvane::tests {
@@ -21,12 +21,7 @@ namespace {
 namespace fs = std::filesystem;
 
 std::vector<Box_Of_Text> Texts_Of(const Kekka_Figures& kekka, Kekka_Form form) {
-    const Print_State state = {.Prt_Doing = true};
-    Recorded_Sheet sheet;
-    Prt_ModSet prt(state, sheet);
-    Draw_Kekka(prt, kekka, form);
-    EXPECT_EQ(sheet.Pages().size(), 1U);
-    return tests::Texts_Of(sheet);
+    return Texts_Drawn_By([&](Prt_ModSet& prt) { Draw_Kekka(prt, kekka, form); });
 }
 
 /// The texts in the line of a text, from left to right; between `from` and `to` millimetres.
@@ -46,14 +41,6 @@ std::vector<Box_Of_Text> Line_Of(const std::vector<Box_Of_Text>& texts, const st
     });
     std::sort(line.begin(), line.end(), [](const auto& a, const auto& b) { return a.left < b.left; });
     return line;
-}
-
-std::string Joined(const std::vector<Box_Of_Text>& line) {
-    std::string joined;
-    for (const Box_Of_Text& text : line) {
-        joined += (joined.empty() ? "" : "|") + text.text;
-    }
-    return joined;
 }
 
 class Kekka_Test : public Installation {
@@ -90,20 +77,19 @@ class Kekka_Hokkaido_Test : public Kekka_Test {
 
 /// What the sheet has in common with all reports, and the column widths that firms of every day need.
 TEST_F(Kekka_Test, Samples_Are_Set_In_Full_Size) {
-    struct Row {
+    const struct {
         const char* sample;
         int number, period;
         Scenario scenario;
         Kekka_Form form;
         const char* title;
-    };
-    const Row rows[] = {
+    } rows[] = {
         {"aoba_kensetsu.json", 1, 35, Scenario::Genjo, Kekka_Form::Rpt_Kekka_2012, "（改善前）"},
         {"midori_denki.json", 4, 20, Scenario::Genjo, Kekka_Form::Rpt_Kekka_2011, "（改善前）"},
         {"sakura_setsubi.json", 5, 28, Scenario::Kaizen, Kekka_Form::Rpt_Kekka_2012, "（改善後）"},
     };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(std::string(row.sample) + " " + std::to_string(row.period));
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.sample);
         const Settled_Score score = Take_In_Hand(row.sample, row.number, row.period, row.scenario);
         const auto texts = Texts_Of(Read(), row.form);
         std::set<double> sizes;
@@ -127,29 +113,6 @@ TEST_F(Kekka_Hokkaido_Test, Totals_Count_No_Line_Twice) {
     EXPECT_EQ(Joined(Line_Of(texts, "経常利益", 0, 110)), "経常利益|27,930|19,423");
 }
 
-TEST_F(Kekka_Test, An_Untouched_Scenario_Prints_The_Current_Figures) {
-    Take_In_Hand("aoba_kensetsu.json", 1, 35, Scenario::Genjo);
-    // What the first visit does not post.
-    Cn_Open(session).Execute("UPDATE Kandaka_Gj SET 技術者6=Null");
-    Cn_Open(session).Execute(
-        "UPDATE Kandaka_Gj SET 完工高前々期=Null, 完工高前期=Null, 完工高基準=Null, "
-        "元請完工高前々期=Null, 元請完工高前期=Null, 元請完工高基準=Null WHERE 工種CD=33");
-    std::array<std::vector<Box_Of_Text>, 2> sheets;
-    for (const Scenario scenario : {Scenario::Genjo, Scenario::Kaizen}) {
-        in_hand = scenario;
-        sheets[static_cast<std::size_t>(scenario) - 1U] = Texts_Of(Read(), Kekka_Form::Rpt_Kekka_2012);
-    }
-    ASSERT_EQ(sheets[0].size(), sheets[1].size());
-    int differences = 0;
-    for (std::size_t i = 0; i < sheets[0].size(); ++i) {
-        if (sheets[0][i].text != sheets[1][i].text) {
-            ++differences;
-            EXPECT_EQ(sheets[1][i].text, "経営事項審査 シミュレーション結果（改善後）");
-        }
-    }
-    EXPECT_EQ(differences, 1);
-}
-
 // ---- the request
 
 TEST_F(Kekka_Test, A_Report_Shows_The_Side_It_Is_Asked_For) {
@@ -164,21 +127,14 @@ TEST_F(Kekka_Test, A_Report_Shows_The_Side_It_Is_Asked_For) {
 
 TEST(Report_Request_Test, Sides_Beside_Each_Other) {
     const Side in_hand = {35, Scenario::Kaizen};
-    struct Row {
-        Report_Sides sides;
-        std::vector<Side> expected;
-    };
-    for (const Row& row : {Row{Report_Sides::One, {in_hand}},
-                           {Report_Sides::Improvement, {{35, Scenario::Genjo}, {35, Scenario::Kaizen}}},
-                           {Report_Sides::Prior, {{34, Scenario::Kaizen}, in_hand}},
-                           {Report_Sides::All_Scenarios,
-                            {{35, Scenario::Genjo},
-                             {35, Scenario::Kaizen},
-                             {35, Scenario::Slot_1},
-                             {35, Scenario::Slot_2},
-                             {35, Scenario::Slot_3}}}}) {
-        EXPECT_EQ(Sides_Of(row.sides, in_hand), row.expected);
-    }
+    const Side current = {35, Scenario::Genjo};
+    using Sides = std::vector<Side>;
+    EXPECT_EQ(Sides_Of(Report_Sides::One, in_hand), Sides({in_hand}));
+    EXPECT_EQ(Sides_Of(Report_Sides::Improvement, in_hand), Sides({current, in_hand}));
+    EXPECT_EQ(Sides_Of(Report_Sides::Prior, in_hand), Sides({{34, Scenario::Kaizen}, in_hand}));
+    EXPECT_EQ(
+        Sides_Of(Report_Sides::All_Scenarios, in_hand),
+        Sides({current, in_hand, {35, Scenario::Slot_1}, {35, Scenario::Slot_2}, {35, Scenario::Slot_3}}));
 }
 
 // ---- the forms and the law years
@@ -256,10 +212,8 @@ Kekka_Figures Longest_Figures(int law) {
     }
     kekka.heading = {name, 999, "改善前", "2026/12/31", name};
     for (Work_Line& line : kekka.figures.works) {
-        for (Figure* figure : std::initializer_list<Figure*>{
-                 &line.Kijun, &line.Zheikin, &line.Nheikin, &line.Mkijun, &line.Mzheikin, &line.Mnheikin,
-                 &line.P, &line.X1, &line.Zi, &line.Zro, &line.Z}) {
-            figure->Set(INT32_MIN);
+        for (const Work_Column& column : Work_Columns()) {
+            column.place(line).Set(INT32_MIN);
         }
         for (Figure& figure : line.gijutusya) {
             figure.Set(99'999);

@@ -6,31 +6,38 @@
 #include "report/report_font.h"
 #include "report/report_heading.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
+#include <tuple>
 
 namespace morvane::tests {
 namespace {
 
-const Drawn_Text& Text_At(const Recorded_Sheet& sheet, std::size_t index) {
-    return std::get<Drawn_Text>(sheet.Pages().front().at(index));
-}
+/// The operations on a sheet that keeps what was drawn.
+struct Sheet {
+    explicit Sheet(const Print_State& of = {}) : state(of) {}
+
+    Print_State state;
+    Recorded_Sheet recorded;
+    Prt_ModSet prt{state, recorded};
+
+    template <class What>
+    [[nodiscard]] const What& At(std::size_t index) const {
+        return std::get<What>(recorded.Pages().front().at(index));
+    }
+};
 
 TEST(Prt_ModSet_Test, Points_Are_Scaled_And_Margins_Are_Not) {
-    const Print_State state{.Prt_Scale = 0.5F, .Prt_Left = 3, .Prt_Top = 5};
-    Recorded_Sheet sheet;
-    Prt_ModSet prt(state, sheet);
-    prt.Prt_Text("評点", 20, 40, font_p_mincho, 8);
+    Sheet sheet({.Prt_Scale = 0.5F, .Prt_Left = 3, .Prt_Top = 5});
+    sheet.prt.Prt_Text("評点", 20, 40, font_p_mincho, 8);
     std::int16_t width = 1;
-    prt.Prt_Box(10, 20, 30, 40, width, 0);
-    prt.Prt_Circle(10, 20, 4);
-    EXPECT_EQ(Text_At(sheet, 0).x, 13);
-    EXPECT_EQ(Text_At(sheet, 0).y, 25);
-    EXPECT_EQ(Text_At(sheet, 0).size, 4);
-    EXPECT_EQ(Text_At(sheet, 0).face, Report_Face::Mincho);
-    const auto& box = std::get<Drawn_Box>(sheet.Pages().front()[1]);
-    EXPECT_EQ(box.x1, 8);
-    EXPECT_EQ(box.y2, 25);
-    EXPECT_EQ(std::get<Drawn_Circle>(sheet.Pages().front()[2]).radius, 2);
+    sheet.prt.Prt_Box(10, 20, 30, 40, width, 0);
+    sheet.prt.Prt_Circle(10, 20, 4);
+    const auto& text = sheet.At<Drawn_Text>(0);
+    EXPECT_EQ(text.face, Report_Face::Mincho);
+    EXPECT_EQ(std::tuple(text.x, text.y, text.size), std::tuple(13, 25, 4));
+    EXPECT_EQ(std::pair(sheet.At<Drawn_Box>(1).x1, sheet.At<Drawn_Box>(1).y2), std::pair(8.0, 25.0));
+    EXPECT_EQ(sheet.At<Drawn_Circle>(2).radius, 2);
 }
 
 TEST(Prt_ModSet_Test, Widths_On_The_Preview) {
@@ -38,18 +45,16 @@ TEST(Prt_ModSet_Test, Widths_On_The_Preview) {
     for (std::int16_t width = 1; width <= 5; ++width) {
         for (const bool doing : {false, true}) {
             const std::int16_t expected = doing ? width : shown[width - 1];
-            const Print_State state{.Prt_Doing = doing};
-            Recorded_Sheet sheet;
-            Prt_ModSet prt(state, sheet);
+            Sheet sheet({.Prt_Doing = doing});
             std::array<std::int16_t, 4> widths{};
             widths.fill(width);
-            prt.Prt_Line(0, 0, 1, 1, widths[0], 0);
-            prt.Prt_Line_Color(0, 0, 1, 1, widths[1], 1, 0x0000FF);
-            prt.Prt_Line_Color2(0, 0, 1, 1, widths[2], 0, 0x0000FF);
-            prt.Prt_Box(0, 0, 1, 1, widths[3], 0);
+            sheet.prt.Prt_Line(0, 0, 1, 1, widths[0], 0);
+            sheet.prt.Prt_Line_Color(0, 0, 1, 1, widths[1], 1, 0x0000FF);
+            sheet.prt.Prt_Line_Color2(0, 0, 1, 1, widths[2], 0, 0x0000FF);
+            sheet.prt.Prt_Box(0, 0, 1, 1, widths[3], 0);
             const Report_Pen pens[] = {{expected, 0, 0}, {expected, 1, 0x0000FF}, {expected, 0, 0x0000FF}};
             for (std::size_t i = 0; i < std::size(pens); ++i) {
-                EXPECT_EQ(std::get<Drawn_Line>(sheet.Pages().front()[i]).pen, pens[i]) << width;
+                EXPECT_EQ(sheet.At<Drawn_Line>(i).pen, pens[i]) << width;
             }
             EXPECT_EQ(widths, (std::array{expected, expected, expected, expected})) << "the caller's width";
         }
@@ -57,48 +62,41 @@ TEST(Prt_ModSet_Test, Widths_On_The_Preview) {
 }
 
 TEST(Prt_ModSet_Test, Texts_Change_The_Callers_X) {
-    const Print_State state{.Prt_Scale = 0.75F};
-    Recorded_Sheet sheet;
-    Prt_ModSet prt(state, sheet);
+    Sheet sheet({.Prt_Scale = 0.75F});
     // Four full-width characters of 10 points.
-    const auto width = static_cast<float>(4 * 10 * Print_Target::mm_per_point);
+    const double width = 4 * 10 * Print_Target::mm_per_point;
     float center = 100;
     float right = 100;
-    prt.Prt_Text_Center("総合評点", center, 0, font_gothic, 10);
-    prt.Prt_Text_Right("総合評点", right, 0, font_gothic, 10);
-    EXPECT_NEAR(center, 100 - width / 2, 1e-4);
-    EXPECT_NEAR(right, 100 - width, 1e-4);
-    EXPECT_NEAR(Text_At(sheet, 1).x, 0.75 * static_cast<double>(right), 1e-4);
-
-    prt.Prt_Text_Wide("改善前", 10, 40, 0, font_gothic, 10);
-    EXPECT_EQ(Text_At(sheet, 2).text, "改");
-    EXPECT_NEAR(Text_At(sheet, 3).x, 0.75 * 25, 1e-4);
-    EXPECT_NEAR(Text_At(sheet, 4).x, 0.75 * 40, 1e-4);
-    prt.Prt_Text_Wide("前", 10, 40, 0, font_gothic, 10);
-    EXPECT_NEAR(Text_At(sheet, 5).x, 0.75 * (25 - static_cast<double>(width) / 8), 1e-4);
-    prt.Prt_Text_Wide("", 10, 40, 0, font_gothic, 10);
-    EXPECT_EQ(sheet.Pages().front().size(), 6U);
+    sheet.prt.Prt_Text_Center("総合評点", center, 0, font_gothic, 10);
+    sheet.prt.Prt_Text_Right("総合評点", right, 0, font_gothic, 10);
+    EXPECT_NEAR(static_cast<double>(center), 100 - width / 2, 1e-4);
+    EXPECT_NEAR(static_cast<double>(right), 100 - width, 1e-4);
+    for (const char* text : {"改善前", "前", ""}) {
+        sheet.prt.Prt_Text_Wide(text, 10, 40, 0, font_gothic, 10);
+    }
+    const double places[] = {100 - width / 2, 100 - width, 10, 25, 40, 25 - width / 8};
+    for (std::size_t i = 0; i < std::size(places); ++i) {
+        EXPECT_NEAR(sheet.At<Drawn_Text>(i).x, 0.75 * places[i], 1e-4) << i;
+    }
+    EXPECT_EQ(sheet.At<Drawn_Text>(2).text, "改");
+    EXPECT_EQ(sheet.recorded.Pages().front().size(), std::size(places));
 }
 
 // What a store may hold must not cost the page.
 TEST(Prt_ModSet_Test, Texts_That_Are_None) {
-    struct Row {
-        std::string text, drawn;
-    };
-    for (const Row& row : {Row{"青葉\xE5\x8F", "青葉 "},
-                           {"\xFF"
-                            "a",
-                            " a"},
-                           {"a\nb\tc\x7F", "a b c "},
-                           {"\xC0\x80", " "},
-                           {"\xED\xA0\x80", " "},
-                           {"𠮷野", "𠮷野"},
-                           {"葛\U000E0100\U000E0101城", "葛\U000E0100城"},
-                           {"\U000E0100青\u200B\u202E葉\uFEFF", "青葉"},
-                           {"か\u3099ハ\u309Aア\u3099", "がパア\u3099"}}) {
-        EXPECT_EQ(Drawable(row.text), row.drawn);
-        Pdf_Target pdf({row.text, row.text});
-        pdf.Text(Drawable(row.text), 10, 10, Report_Face::Gothic, 10);
+    const std::pair<std::string, const char*> rows[] = {{"青葉\xE5\x8F", "青葉 "},
+                                                        {"\xFF青", " 青"},
+                                                        {"a\nb\tc\x7F", "a b c "},
+                                                        {"\xC0\x80", " "},
+                                                        {"\xED\xA0\x80", " "},
+                                                        {"𠮷野", "𠮷野"},
+                                                        {"葛\U000E0100\U000E0101城", "葛\U000E0100城"},
+                                                        {"\U000E0100青\u200B\u202E葉\uFEFF", "青葉"},
+                                                        {"か\u3099ハ\u309Aア\u3099", "がパア\u3099"}};
+    for (const auto& [text, drawn] : rows) {
+        EXPECT_EQ(Drawable(text), drawn);
+        Pdf_Target pdf({text, text});
+        pdf.Text(Drawable(text), 10, 10, Report_Face::Gothic, 10);
         EXPECT_TRUE(pdf.Finish().starts_with("%PDF-"));
     }
 }
@@ -126,9 +124,9 @@ TEST(Prt_ModSet_Test, Letters_Find_Their_Font) {
             said += run.text;
             drawn += run.drawn;
             width += run.width;
-            for (const Run_Glyph& glyph : run.glyphs) {
-                EXPECT_NE(glyph.index, 0U) << "an empty box";
-            }
+            EXPECT_TRUE(std::none_of(run.glyphs.begin(), run.glyphs.end(), [](const Run_Glyph& glyph) {
+                return glyph.index == 0;
+            })) << "an empty box";
         }
         EXPECT_EQ(said, row.text);
         EXPECT_EQ(drawn, row.drawn);
@@ -138,11 +136,9 @@ TEST(Prt_ModSet_Test, Letters_Find_Their_Font) {
         }
         EXPECT_DOUBLE_EQ(width, measured);
     }
-    const Print_State state;
-    Recorded_Sheet sheet;
-    Prt_ModSet prt(state, sheet);
-    prt.Prt_Text("𠮷" + nowhere + nowhere, 0, 0, font_mincho, 10);
-    EXPECT_EQ(Missing_Notice(prt.Missing()),
+    Sheet sheet;
+    sheet.prt.Prt_Text("𠮷" + nowhere + nowhere, 0, 0, font_mincho, 10);
+    EXPECT_EQ(Missing_Notice(sheet.prt.Missing()),
               "この装置のどのフォントにもない文字（U+F1234）を「〓」で印刷します。");
 }
 

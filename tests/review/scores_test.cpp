@@ -40,10 +40,9 @@ TEST(Scores, W5_Accountants_At_Every_Limit) {
                     for (int i = 0; i < 5 && expected == 0; ++i) {
                         expected = 10 * ikkyu + 4 * nikyu >= 4 * band.needed[i] ? 10 - 2 * i : 0;
                     }
-                    EXPECT_EQ(Calc_W5_Ten(0, Thousand_Yen(kanko), Head_Count(ikkyu), Head_Count(nikyu))
-                                  .total.Count(),
-                              expected)
-                        << kanko << " " << ikkyu << " " << nikyu;
+                    const W5_Score w5 =
+                        Calc_W5_Ten(0, Thousand_Yen(kanko), Head_Count(ikkyu), Head_Count(nikyu));
+                    EXPECT_EQ(w5.total.Count(), expected) << kanko << " " << ikkyu << " " << nikyu;
                 }
             }
         }
@@ -90,54 +89,8 @@ TEST(Scores, W10_Each_Part_At_Its_Limits) {
     }
 }
 
-TEST(Scores, W10_Full_Points_Stay_Ten_Whatever_The_Weights) {
-    for (int engineers = 1; engineers <= 100; ++engineers) {
-        for (int skilled = 1; skilled <= 100; ++skilled) { // 1 and 22 among them
-            EXPECT_EQ(W10(30 * engineers, engineers, 1, 2 * skilled, skilled), 10)
-                << engineers << " " << skilled;
-        }
-    }
-}
-
-TEST(Young_Engineers, Rates_And_Points) {
-    const struct {
-        std::int32_t young, all;
-        double rate;
-        std::int16_t keizoku, sinki;
-    } cases[] = {
-        {0, 7, 0, 0, 0},   {1, 101, 0, 0, 0},   {1, 100, 1, 0, 1},   {14, 100, 14, 0, 1},
-        {3, 20, 15, 1, 1}, {2, 14, 14, 0, 1},   {15, 100, 15, 1, 1}, {149, 1'000, 14, 0, 1},
-        {5, 5, 100, 1, 1}, {29, 100, 28, 1, 1},
-    };
-    for (const auto& c : cases) {
-        const double rate = Young_Rate(Head_Count(c.young), Head_Count(c.all));
-        EXPECT_EQ(rate, c.rate) << c.young << "/" << c.all;
-        EXPECT_EQ(Young_Keizoku_Ten(rate).Count(), c.keizoku);
-        EXPECT_EQ(Young_Sinki_Ten(rate).Count(), c.sinki);
-    }
-}
-
-TEST(Scores, Averages_Round_Halves_Up_And_Three_Years_Use_The_Rounded_Pair) {
-    const struct {
-        std::int32_t a, b, c;
-        std::int32_t two, three, pair; ///< two-year, three-year average; average of the two earlier periods
-    } cases[] = {
-        {0, 1, 2, 2, 1, 1},     {0, 0, 1, 1, 0, 0},
-        {0, 1, 0, 1, 1, 1},     {0, 0, 2, 1, 1, 0},
-        {0, -1, -2, -1, -1, 0}, {100, 200, 301, 251, 200, 150},
-        {-3, 0, 0, 0, -1, -1},  {0, 0, int32_max, 1'073'741'824, 715'827'882, 0},
-    };
-    for (const auto& c : cases) {
-        for (const int years : {0, 2, 3}) { // any other number than 2 takes three
-            SCOPED_TRACE(testing::Message() << c.a << " " << c.b << " " << c.c << ", years " << years);
-            const Averages averages =
-                Averages_Of(years, Thousand_Yen(c.a), Thousand_Yen(c.b), Thousand_Yen(c.c));
-            EXPECT_EQ(averages.two_year.Count(), c.two);
-            EXPECT_EQ(averages.three_year.Count(), c.three);
-            EXPECT_EQ(averages.adopted.Count(), years == 2 ? c.two : c.three);
-            EXPECT_EQ(averages.previous.Count(), years == 2 ? c.b : c.pair);
-        }
-    }
+Averages Average(std::int32_t years, std::int32_t a, std::int32_t b, std::int32_t c) {
+    return Averages_Of(years, Thousand_Yen(a), Thousand_Yen(b), Thousand_Yen(c));
 }
 
 TEST(Scores, Figures_That_Are_No_Choice) {
@@ -159,6 +112,10 @@ TEST(Scores, Figures_That_Are_No_Choice) {
         {"W10, negative weight", W10(-30, -1, 0, 5, 0), 0},
         {"W10, nothing counts", W10(0, 5, 0, -5, 0), 0},
         {"W10, units just above 30", W10(3'001, 100, 0, 0, 0), 0},
+        {"average of a loss", Average(3, -3, 0, 0).three_year.Count(), -1},
+        {"two years of a loss", Average(3, 0, -1, -2).two_year.Count(), -1},
+        {"any other number of years takes three", Average(0, 0, 0, 2).adopted.Count(), 1},
+        {"the period before counts alone", Average(2, 9, 3, 4).previous.Count(), 3},
         {"W without a date", Calc_W_2011({Points(8)}, {}).Count(), 76},
     };
     for (const auto& c : cases) {
@@ -168,8 +125,8 @@ TEST(Scores, Figures_That_Are_No_Choice) {
 
 TEST(Scores, What_Leaves_Its_Width_Is_Told) {
     using enum Run_Time_Error::Kind;
-    const auto average = [](std::int32_t a, std::int32_t b, std::int32_t c) {
-        return Averages_Of(3, Thousand_Yen(a), Thousand_Yen(b), Thousand_Yen(c)).adopted.Count();
+    const auto adopted = [](std::int32_t a, std::int32_t b, std::int32_t c) {
+        return Average(3, a, b, c).adopted.Count();
     };
     const struct {
         const char* name;
@@ -192,9 +149,9 @@ TEST(Scores, What_Leaves_Its_Width_Is_Told) {
          [] {
              return Calc_W_2011({Points(3'276), {}, {}, {}, {}, {}, {}, Points(1)}, {}).Count();
          }},
-        {"average of two", Overflow, [&] { return average(0, int32_max, 1); }},
-        {"twice the average of two", Overflow, [&] { return average(2, 0, int32_max); }},
-        {"average of the periods before", Overflow, [&] { return average(int32_max, 0, -9); }},
+        {"average of two", Overflow, [&] { return adopted(0, int32_max, 1); }},
+        {"twice the average of two", Overflow, [&] { return adopted(2, 0, int32_max); }},
+        {"average of the periods before", Overflow, [&] { return adopted(int32_max, 0, -9); }},
     };
     for (const auto& c : cases) {
         try {

@@ -53,6 +53,12 @@ TEST_F(Works_Store, The_Improved_Side_Is_Left_In_Its_Own_Columns) {
     EXPECT_EQ(List("SELECT count(*) FROM Kandaka_Gj WHERE 評点X1 Is Not Null Or 評点Z1 Is Not Null Or "
                    "技術者6 Is Not Null"),
               "0");
+
+    works.Kanko_Avg = 3;
+    works.lines[7].Mzzki.Set(Thousand_Yen(100));
+    works.lines[7].Mzki.Set(Thousand_Yen(300));
+    Save_Kanko(Calc_Kanko_All(works, figures), figures, false);
+    EXPECT_EQ(figures.works[7].Mzheikin.value, 200) << "the mean of the periods before";
 }
 
 TEST(P_Gain_Test, Counts_What_Has_P_On_Both_Sides) {

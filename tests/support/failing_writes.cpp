@@ -156,9 +156,7 @@ void Write_Files(const fs::path& folder, const File_Contents& files) {
 void Fail_Every_Write(const std::function<void()>& prepare, const std::function<void()>& act,
                       const std::function<void(Outcome)>& check, bool hard_links) {
     const auto attempt = [&](Failing_Writes& writes) {
-        if (!hard_links) {
-            writes.Refuse_Links();
-        }
+        writes.Allow_Links(hard_links);
         try {
             act();
             return Outcome::Finished;

@@ -26,8 +26,8 @@ class Failing_Writes {
     Failing_Writes& operator=(const Failing_Writes&) = delete;
     ~Failing_Writes();
 
-    /// A file system that knows no hard links.
-    void Refuse_Links() { links = false; }
+    /// A file system may know no hard links.
+    void Allow_Links(bool allowed) { links = allowed; }
 
     [[nodiscard]] int Count() const { return count; }
     [[nodiscard]] bool Has_Failed() const { return failed; }

@@ -1,9 +1,11 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
+#include "report/prt_modset.h"
 #include "report/recorded_sheet.h"
 
 #include <algorithm>
+#include <gtest/gtest.h>
 #include <string>
 #include <vector>
 
@@ -26,6 +28,26 @@ inline std::vector<Box_Of_Text> Texts_Of(const Recorded_Sheet& sheet, std::size_
         }
     }
     return boxes;
+}
+
+/// What an operation draws on a sheet of its own.
+template <class Draw>
+std::vector<Box_Of_Text> Texts_Drawn_By(const Draw& draw) {
+    const Print_State state = {.Prt_Doing = true};
+    Recorded_Sheet sheet;
+    Prt_ModSet operations(state, sheet);
+    draw(operations);
+    EXPECT_EQ(sheet.Pages().size(), 1U);
+    return Texts_Of(sheet);
+}
+
+/// Texts one behind the other.
+inline std::string Joined(const std::vector<Box_Of_Text>& boxes, const char* between = "|") {
+    std::string joined;
+    for (const Box_Of_Text& box : boxes) {
+        joined += (joined.empty() ? "" : between) + box.text;
+    }
+    return joined;
 }
 
 /// The first box with a text; at the place 0 where there is none.

@@ -13,8 +13,7 @@ project = pathlib.Path(sys.argv[1])
 with tempfile.TemporaryDirectory() as folder:
     tree = pathlib.Path(folder) / "tree"
     tree.mkdir()
-    for name in ("CMakeLists.txt",):
-        shutil.copy(project / name, tree / name)
+    shutil.copy(project / "CMakeLists.txt", tree)
     for name in ("cmake", "src", "stores"):
         shutil.copytree(project / name, tree / name)
 
