@@ -9,7 +9,6 @@
 #include "support/generated_firm.h"
 #include "support/installation_fixture.h"
 
-#include <algorithm>
 #include <random>
 #include <set>
 
@@ -242,44 +241,7 @@ TEST(Settle, Ends_In_Figures_That_Agree_Whatever_Scores_Were_Stored) {
     }
 }
 
-// A column of the comparison is what the firm would have with that choice of averages.
-TEST(Gekihen, Columns_Are_The_Firm_With_Other_Averages) {
-    std::mt19937 random(85);
-    for (int i = 0; i < 12; ++i) {
-        const Review_Figures firm = Settled(Generated_Firm(Law_Of(2 + i % 3), random));
-        const Gekihen_Table table = Calc_Gekihen(firm);
-        std::int32_t own = 0;
-        for (std::size_t line = 0; line < scored_lines; ++line) {
-            own += Is_Sub_Line(line) ? 0 : firm.works[line].P.value;
-            EXPECT_EQ(table[line].entered, firm.works[line].P.up);
-        }
-        EXPECT_EQ(table.Of_All(table.chosen).P, own) << "the firm's own choice is among the four";
-        for (std::size_t column = 0; column < 4; ++column) {
-            Review_Figures chosen = firm;
-            chosen.Put_Yoso(201, column < 2 ? 2 : 3);
-            chosen.Put_Yoso(1, column % 2 == 0 ? 1 : 2);
-            const Review_Figures settled = Settled(chosen);
-            for (std::size_t line = 0; line < scored_lines; ++line) {
-                const auto& p = table[line].P;
-                if (settled.works[line].P.up) {
-                    EXPECT_EQ(p[column].Count(), settled.works[line].P.value)
-                        << "firm " << i << " " << line << " " << column;
-                }
-                EXPECT_EQ(table[line].best[column], p[column] == *std::max_element(p.begin(), p.end()));
-            }
-        }
-    }
-}
-
-// The comparison takes W in the form of the law year: that of 2008 is never below 0.
-TEST(Gekihen, W_Of_The_Law_Year) {
-    const auto p_with_suspension = [](int law, double points) {
-        return Calc_Gekihen(Of(law, {{element::w4, points}}))[0].P;
-    };
-    EXPECT_EQ(p_with_suspension(1, -30), p_with_suspension(1, 0));
-    EXPECT_NE(p_with_suspension(2, -30), p_with_suspension(2, 0));
-}
-
+// The columns are held against the firm with other averages by tests/reference.
 TEST(Gekihen, Ties_And_Overflow) {
     for (const Gekihen_Column& column : gekihen_columns) {
         EXPECT_EQ(column.kanko, std::to_string(column.years) + "年平均");
