@@ -266,19 +266,6 @@ TEST_F(Case_Test, Elements_Bear_The_Codes_Of_Their_Law_Year) {
     }
 }
 
-TEST_F(Case_Test, The_Replaced_Store_Is_Kept) {
-    EXPECT_FALSE(Import(Firm()).replaced);
-    const std::string former = Dump(Store(7));
-    json firm = Firm(7, "新見本組");
-    firm["periods"].erase(1);
-    firm["Jigyo_mas"]["処理決算期"] = 1;
-    const Imported imported = Import(firm);
-    EXPECT_TRUE(imported.replaced);
-    EXPECT_EQ(imported.name, "新見本組");
-    EXPECT_EQ(Dump(Store(7).string() + ".bak"), former);
-    EXPECT_TRUE(Read_Register(session) == std::vector({Register_Row{7, "新見本組", "ﾐﾎﾝ"}}));
-}
-
 // ---- refusals
 
 TEST_F(Case_Test, Refusals_Name_The_Place_And_Write_Nothing) {

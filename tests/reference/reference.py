@@ -46,8 +46,6 @@ class ScoreError(Exception):
     """The score of this company cannot be formed."""
 
 
-# ---------------------------------------------------------------- numbers
-
 def f32(x):
     """Store a value in single precision."""
     try:
@@ -72,10 +70,6 @@ def add(bits, *terms):
 i16, i32, add16, add32 = (functools.partial(f, bits) for f in (within, add) for bits in (16, 32))
 
 
-def to_int(v):
-    return v or 0
-
-
 def thousands(yen):
     """Yen to thousand yen, cut toward zero: 999 and -999 yen are both 0."""
     return 0 if yen is None else i32(-(-yen // 1000) if yen < 0 else yen // 1000)
@@ -85,8 +79,6 @@ def half(a, b):
     """Floor of the mean."""
     return add32(a, b) // 2
 
-
-# ---------------------------------------------------------------- data
 
 def read_rows(path, delimiter=","):
     with open(path, encoding="utf-8", newline="") as f:
@@ -123,8 +115,6 @@ def step(value, steps, otherwise=0):
     """What stands beside the first of the falling bounds that a value reaches."""
     return next((points for bound, points in steps if value >= bound), otherwise)
 
-
-# ---------------------------------------------------------------- statements
 
 class Statement:
     """The account rows of one period, one mapping per amount column."""
@@ -187,10 +177,8 @@ class Statement:
         column[529] = column[489]
 
     def take_prior(self, earlier, years_back, given):
-        """Fill the prior-period lines that were not given from an earlier period.
-
-        Allowance and depreciation come from the lines of the national form on
-        both editions; a Hokkaido firm keys these in by hand.
+        """Fill the prior-period lines that were not given from an earlier period. Allowance and depreciation come from
+        the lines of the national form on both editions; a Hokkaido firm keys these in by hand.
         """
         shared = (101, 103, 106, 107, 114, 177, 200, 201, 210 if earlier.edition == "01" else 209)
         own = (319, 399, 436, 469, 489, 511, 536, 724, 729) if years_back == 1 else ()
@@ -201,8 +189,6 @@ class Statement:
                 for balance in (self.balance, *self.saved.values()):
                     balance[code] = v
 
-
-# ---------------------------------------------------------------- Y
 
 def account_sums(column):
     """The reader of a column: accounts cut to thousand yen and added."""
@@ -281,8 +267,6 @@ def twelve(column, edition, corporation):
             if below else 0.0 for i, (above, below, factor) in enumerate(rows)}
 
 
-# ---------------------------------------------------------------- X2
-
 def points_x2(column, edition, basis):
     """X2 from equity and the mean profit before interest, tax and depreciation."""
     k = account_sums(column)
@@ -296,8 +280,6 @@ def points_x2(column, edition, basis):
     return {"Jiko": jiko, "Jiko_Used": max(0, jiko), "Rieki": rieki, "Rieki_Used": max(0, rieki),
             "X2_1": x2_1, "X2_2": x2_2, "X2": max(454, add16(x2_1, x2_2) // 2)}
 
-
-# ---------------------------------------------------------------- W
 
 def points_w2(years, saisei):
     return (60 if years < 0 else min(60, max(0, years - 5) * 2)) - (60 if saisei == 1 else 0)
@@ -330,13 +312,9 @@ def points_w7(machines):
 
 
 def points_w8(eco, iso9001, iso14001):
-    if iso14001 == 1:
-        return 10 if iso9001 == 1 else 5
-    if iso14001 != 0:
+    if iso14001 not in (0, 1):
         return 0
-    if eco == 1 and iso9001 == 1:
-        return 8
-    return 5 if iso9001 == 1 else 3 if eco == 1 else 0
+    return (5 if iso9001 == 1 else 0) + (5 if iso14001 == 1 else 3 if eco == 1 else 0)
 
 
 def points_w10(cpd, engineers, raised, skilled, deducted):
@@ -376,13 +354,8 @@ def total_w_2011(parts, end_date):
     return i16(-w if t < 0 else w)
 
 
-# ---------------------------------------------------------------- X1, Z, P
-
 def averages(years, a, b, c):
-    """Adopted average, adopted previous figure, two- and three-year average.
-
-    a, b, c: period before last, last period, base period.
-    """
+    """Of the period before last, the last and the base one the adopted average and previous figure, and both averages."""
     def mean(x, y):
         return (add32(x, y) + 1) // 2
 
@@ -403,8 +376,6 @@ def points_p(x1, x2, y, z, w):
     return i16(math.floor(x1 * 0.25 + x2 * F015 + y * F02 + w * F015 + z * 0.25 + 0.501))
 
 
-# ---------------------------------------------------------------- the screens
-
 class Desk:
     """One scenario of one period: what is stored, and the screens that rework it."""
 
@@ -419,7 +390,7 @@ class Desk:
     LIMITS = {101: 2, 102: 2, 103: 2, 104: 2, 105: 2, 106: 2, 111: 200, 121: 1, 131: 2}
 
     def element(self, code):
-        v = i32(to_int(self.elements.get(code)))
+        v = i32(self.elements.get(code) or 0)
         return 0 if v > self.LIMITS.get(code, v) else v
 
     def score(self, code):
@@ -504,7 +475,7 @@ class Desk:
         """The amounts of each line with the previous and the adopted one, and the totals of all that are no part."""
         found, sums = [], [0] * 6
         for index, line in enumerate(self.lines):
-            a, b, c = (i32(to_int(line.get(n))) for n in names)
+            a, b, c = (i32(line.get(n) or 0) for n in names)
             average, previous, two, three = averages(self.years(), a, b, c)
             if index not in SUB_LINES:
                 sums = [add32(s, v) for s, v in zip(sums, (a, b, c, previous, two, three))]
@@ -512,7 +483,7 @@ class Desk:
         return found, sums
 
     def p(self, x1, z, w):
-        return points_p(to_int(x1), self.x2["X2"], self.y, to_int(z), w)
+        return points_p(x1 or 0, self.x2["X2"], self.y, z or 0, w)
 
     @staticmethod
     def has(line, names):
@@ -523,7 +494,7 @@ class Desk:
         self.compute_x2()
         w = self.score(200)
         for index, (line, prime) in enumerate(zip(self.lines, self.averaged(PRIME)[0])):
-            z1 = table_points("Z1", i32(sum(to_int(line.get("技術者%d" % n)) * weight
+            z1 = table_points("Z1", i32(sum((line.get("技術者%d" % n) or 0) * weight
                                             for n, weight in ((1, 6), (2, 5), (3, 3), (4, 2), (5, 1), (6, 4)))))
             z2 = table_points("Z2A" if self.law < 2 else "Z2B", prime[-1])
             z = points_z(z1, z2)
@@ -553,7 +524,7 @@ class Desk:
 
         for index, (line, own, prime) in enumerate(zip(self.lines, works, self.averaged(PRIME)[0])):
             x1 = table_points("X1A" if law < 2 else "X1B", own[-1])
-            z1, z2 = to_int(line.get("評点Z1")), table_points("Z2A" if law < 2 else "Z2B", prime[-1])
+            z1, z2 = line.get("評点Z1") or 0, table_points("Z2A" if law < 2 else "Z2B", prime[-1])
             z = points_z(z1, z2)
             scores = (x1, z1, z2, z, self.p(x1, z, w))
             has_own = self.has(line, OWN)
@@ -604,8 +575,6 @@ def add_relief(desk, lines):
         if line["総合評点P"] is not None:
             line["relief"] = {**p, "best": [letter for letter in p if p[letter] == max(p.values())]}
 
-
-# ---------------------------------------------------------------- cases
 
 class Company:
     def __init__(self, path):
@@ -658,15 +627,14 @@ class Company:
 
     def desk(self, k, scenario):
         period, statement = self.periods[k], self.statements[k]
-        given_lines = {int(i): line for i, line in period.get("Kandaka_Gj", {}).items()}
-        given_elements = {int(i): v for i, v in period.get("W_Yoso", {}).items()}
+        given = period.get("Kandaka_Gj", {})
 
         def lines(prefix):
-            return [{n: given_lines.get(i, {}).get(prefix + n) for n in FAMILY + (SIXTH,)} for i in range(LINES)]
+            return [{n: given.get(str(i), {}).get(prefix + n) for n in FAMILY + (SIXTH,)} for i in range(LINES)]
 
         def elements(column):
-            return {code: v.get(column) if isinstance(v, dict) else v if column == "現状" else None
-                    for code, v in given_elements.items()}
+            return {int(code): v.get(column) if isinstance(v, dict) else v if column == "現状" else None
+                    for code, v in period.get("W_Yoso", {}).items()}
 
         stored_lines = lines(PREFIX[scenario])
         stored_elements = elements(ELEMENT_COLUMN.get(scenario, "改善後" + scenario))
