@@ -219,6 +219,11 @@ QWidget* Frm_Keiei::Make_Legend() {
         line->addWidget(sample);
         line->addWidget(text);
         line->addSpacing(16);
+        if (column.y && !column.y->has_figures && !screen.other_firm) {
+            QLabel* notice = Muted(Text(column.side.caption) + QStringLiteral("：財務諸表が未入力です。"));
+            notice->setObjectName(QStringLiteral("Lbl_Notice"));
+            lines->addWidget(notice);
+        }
         if (!column.fault.empty()) {
             auto* fault = new QLabel(Text(column.side.caption) + QStringLiteral("：") + Text(column.fault));
             fault->setObjectName(QStringLiteral("Lbl_Fault(%1)").arg(side));

@@ -29,7 +29,7 @@ QString Counts_Of(const P_Gain& gain) {
 } // namespace
 
 Gain_Strip* Make_Gain_Strip(const Screen_Sides& sides) {
-    return sides.read_only ? new Gain_Strip(std::string("Ｐ　") + sides.before->name, sides.after.name)
+    return sides.read_only ? new Gain_Strip(std::string("Ｐ") + sides.before->name, sides.after.name)
                            : new Gain_Strip;
 }
 

@@ -188,7 +188,6 @@ class Zen_Periods : public Zen_Window {
 };
 
 TEST_F(Zen_Periods, What_A_Side_Lacks_Is_Told_And_Leaves_The_Other_One) {
-    const std::string none = "Ｘ２・Ｗの項目が未入力です。";
     const struct {
         const char* change;
         const char* told; ///< by the notice or, of a score that cannot be computed, as the fault
@@ -225,6 +224,10 @@ TEST_F(Zen_Periods, What_A_Side_Lacks_Is_Told_And_Leaves_The_Other_One) {
                 EXPECT_EQ(grid->Cell_Text("P" + at).toStdString(), p);
             }
         }
+        const auto analysis = Open("Frm_KeieiKz");
+        EXPECT_EQ(Has(Notice(*analysis), "前期：財務諸表が未入力です。"),
+                  std::string_view(c.told).starts_with("前期：財務諸表") &&
+                      std::string_view(c.told).find("「") == std::string_view::npos);
         EXPECT_EQ(Titles(), "");
         std::ofstream(session.Work_Store, std::ios::binary) << whole;
     }
