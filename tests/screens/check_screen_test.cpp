@@ -68,26 +68,22 @@ TEST_F(Check_Screens, Keys_Scroll_What_Is_Taller_Than_The_Window) {
     Form& form = Open(W2X_Request(Law_Of(4), 5));
     form.resize(form.width(), 240);
     QApplication::processEvents();
-    const QWidget* at = Child<QLabel>(form, "lbl_San");
-    while (qobject_cast<const QScrollArea*>(at) == nullptr) {
-        at = at->parentWidget();
-    }
-    const QScrollBar& bar = *qobject_cast<const QScrollArea*>(at)->verticalScrollBar();
+    const QScrollBar& bar = *form.findChildren<QScrollArea*>().last()->verticalScrollBar();
     ASSERT_GT(bar.maximum(), bar.pageStep());
-    const struct {
-        Qt::Key key;
-        int place;
-    } steps[] = {
-        {Qt::Key_Down, bar.singleStep()}, {Qt::Key_Up, 0},   {Qt::Key_PageDown, bar.pageStep()},
-        {Qt::Key_End, bar.maximum()},     {Qt::Key_Home, 0},
-    };
-    for (const auto& step : steps) {
-        QTest::keyClick(Child<QPushButton>(form, "Tojiru"), step.key);
-        EXPECT_EQ(bar.value(), step.place) << step.key;
+    const std::pair<Qt::Key, int> steps[] = {{Qt::Key_Down, bar.singleStep()},
+                                             {Qt::Key_Up, 0},
+                                             {Qt::Key_PageDown, bar.pageStep()},
+                                             {Qt::Key_End, bar.maximum()},
+                                             {Qt::Key_Home, 0}};
+    for (const auto& [key, place] : steps) {
+        QTest::keyClick(Child<QPushButton>(form, "Tojiru"), key);
+        EXPECT_EQ(bar.value(), place) << key;
     }
 }
 
 TEST_F(Check_Screens, Each_Law_Year_Has_Its_Screen_With_The_Score) {
+    const std::vector<const char*> of_w1 = {"Frm_W1_Calc_Check", "Frm_W1_Calc_Check",
+                                            "Frm_W1_Calc_Check2012"};
     const struct {
         int index;
         int code;                       ///< element of the score, 0: X2
@@ -95,11 +91,11 @@ TEST_F(Check_Screens, Each_Law_Year_Has_Its_Screen_With_The_Score) {
         std::vector<const char*> forms; ///< from that law year on, the last one in force
         const char* result = "lbl_Kekka";
     } buttons[] = {
-        {0, 100, 1, {"Frm_W1_Calc_Check", "Frm_W1_Calc_Check", "Frm_W1_Calc_Check2012"}},
+        {0, 100, 1, of_w1},
         {1, 110, 1, {"Frm_W1_Calc_Check", "Frm_W2_Calc_Check_2011"}},
-        {2, 120, 1, {"Frm_W1_Calc_Check", "Frm_W1_Calc_Check", "Frm_W1_Calc_Check2012"}},
-        {3, 130, 1, {"Frm_W1_Calc_Check", "Frm_W1_Calc_Check", "Frm_W1_Calc_Check2012"}},
-        {4, 150, 1, {"Frm_W1_Calc_Check", "Frm_W1_Calc_Check", "Frm_W1_Calc_Check2012"}},
+        {2, 120, 1, of_w1},
+        {3, 130, 1, of_w1},
+        {4, 150, 1, of_w1},
         {5, 200, 1, {"Frm_W1_Calc_Check", "Frm_W_Calc_Check_2011"}},
         {6, 140, 1, {"Frm_W2_Calc_Check"}},
         {9, 0, 1, {"Frm_X2_Calc_Check"}},
@@ -123,29 +119,24 @@ TEST_F(Check_Screens, Each_Law_Year_Has_Its_Screen_With_The_Score) {
             EXPECT_EQ(Shown(Open(request), button.result), Comma_Str(score)) << law << " " << button.index;
         }
         const Work_Line& line = settled.works[0];
-        const std::pair<const char*, std::int32_t> of_works[] = {{"X", line.X1.value},
-                                                                 {"P", line.P.value},
-                                                                 {"Z", line.Z.value},
-                                                                 {"Z1", line.Zi.value},
-                                                                 {"Z2", line.Zro.value}};
-        for (const auto& [mode, score] : of_works) {
-            EXPECT_EQ(Shown(Open(XZP_Request(mode, 0)), "lbl_Kekka"), Comma_Str(score)) << law << " " << mode;
+        for (const auto& [mode, score] : {std::pair<const char*, const Figure&>{"X", line.X1},
+                                          {"P", line.P},
+                                          {"Z", line.Z},
+                                          {"Z1", line.Zi},
+                                          {"Z2", line.Zro}}) {
+            EXPECT_EQ(Shown(Open(XZP_Request(mode, 0)), "lbl_Kekka"), Comma_Str(score.value))
+                << law << " " << mode;
         }
     }
-    EXPECT_EQ(messages.shown.size(), 0U);
+    EXPECT_EQ(Titles(), "");
 }
 
 TEST_F(Check_Screens, Indicators_Of_Y) {
     const Review_Figures settled = Settle_In_Store(4);
-    for (int i = 0; i < 10; ++i) {
-        const double score = i < 8    ? static_cast<double>(scores.y.indicators[static_cast<std::size_t>(i)])
-                             : i == 8 ? static_cast<double>(scores.y.points)
-                                      : scores.y.score.Count();
-        const QString shown = Child<QLabel>(Open(Y1_Request(i)), "lbl_Kekka")->text().remove(',');
-        EXPECT_NEAR(shown.toDouble(), score, 0.0005) << i;
-        EXPECT_EQ(shown.section('.', 1).size(), i < 8 ? 3 : i == 8 ? 2 : 0) << i;
-    }
+    EXPECT_EQ(Shown(Open(Y1_Request(8)), "lbl_Kekka"), Fixed_Str(scores.y.points, 2));
+    EXPECT_EQ(Shown(Open(Y1_Request(9)), "lbl_Kekka"), Comma_Str(scores.y.score));
     Form& cash_flow = Open(Y1_Request(6));
+    EXPECT_EQ(Shown(cash_flow, "lbl_Kekka"), Fixed_Str(scores.y.indicators[6], 3));
     EXPECT_EQ(Shown(cash_flow, "要素２１"), "受入金（当期）");
     EXPECT_EQ(Shown(cash_flow, "要素値２"),
               Comma_Str(settled.statement.Get_Y_Kamoku(Account::Ordinary_Profit)));
@@ -171,17 +162,15 @@ TEST_F(Check_Screens, Texts_That_Follow_The_Figures) {
                               .size()),
               "2,335");
     // A change of the machines that the total does not have yet.
-    const auto late = [this] {
-        for (const QLabel* label : Open(W2X_Request(Law_Of(4), 5)).findChildren<QLabel*>()) {
-            if (label->text().contains(QStringLiteral("開き直したとき"))) {
-                return true;
-            }
-        }
-        return false;
-    };
-    EXPECT_FALSE(late());
-    Put_Elements({{213, 0}});
-    EXPECT_TRUE(late());
+    for (const bool late : {false, true}) {
+        const auto labels = Open(W2X_Request(Law_Of(4), 5)).findChildren<QLabel*>();
+        EXPECT_EQ(std::ranges::any_of(labels,
+                                      [](const QLabel* label) {
+                                          return label->text().contains(QStringLiteral("開き直したとき"));
+                                      }),
+                  late);
+        Put_Elements({{213, 0}});
+    }
 }
 
 TEST_F(Check_Screens, Steps_Stand_In_The_Window_As_In_The_Sheet) {
@@ -216,21 +205,15 @@ TEST_F(Check_Screens, The_Network_Is_Asked_Beside_The_Window) {
     messages.shown.clear();
     messages.answers = {Answer::Ok};
     Click(check, "Cmd_Kaisetu");
-    EXPECT_EQ(messages.shown.size(), 1U) << "the answer of the network comes later";
-    ASSERT_TRUE(QTest::qWaitFor([&] { return messages.shown.size() == 2; }));
-    EXPECT_TRUE(messages.shown[1].text.starts_with("ネット接続ができません。"));
+    EXPECT_EQ(Titles(), "確認メッセージ") << "the answer of the network comes later";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Has(Last_Box(), "：ネット接続ができません。"); }));
 }
 
 TEST_F(Check_Screens, Tables) {
     Put_Elements({{201, 2}});
     const Review_Figures settled = Settle_In_Store(4);
-    const struct {
-        Check_Request request;
-        int rows;
-        const char* title;
-        const char* top; ///< lbl_Gak(1)
-        int row_in_force;
-    } cases[] = {
+    // top: lbl_Gak(1)
+    const std::tuple<Check_Request, int, const char*, const char*, int> cases[] = {
         {XZP_Request("X", 0), 42, "年間平均完成工事高 別表", "1,000億円以上",
          Ten_Lookup(Ten_X1_B, settled.works[0].Nheikin.value).row},
         {W2X_Request(Law_Of(4), 7), 47, "自己資本額 別表", "3,000億円以上",
@@ -241,33 +224,33 @@ TEST_F(Check_Screens, Tables) {
          Ten_Lookup(Ten_Z2_B, settled.works[0].Mnheikin.value).row},
         {XZP_Request("Z1", 0), 30, "技術職員数値 別表", "15,500以上", 0},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.title);
-        Form& check = Open(c.request);
+    for (const auto& [request, rows, title, top, row_in_force] : cases) {
+        SCOPED_TRACE(title);
+        Form& check = Open(request);
         messages.shown.clear();
         Click(check, "Cmd_Tbl");
-        ASSERT_EQ(messages.shown.size(), 1U);
-        EXPECT_EQ(messages.shown[0].title + "|" + messages.shown[0].text, "|0");
+        EXPECT_EQ(Last_Box(), "：0");
         auto* table = Child<Form>(check, "Frm_Calc_Tbl");
-        EXPECT_EQ(table->windowTitle().toStdString(), c.title);
-        EXPECT_EQ(Shown(*table, "lbl_Gak(0)"), "");
-        EXPECT_EQ(Shown(*table, "lbl_Gak(1)"), c.top);
-        EXPECT_EQ(Shown(*table, ("lbl_Gak(" + std::to_string(2 * c.rows - 1) + ")").c_str()), "");
-        EXPECT_EQ(
-            Shown(*table, "lbl_Gak(2)"),
-            QString::fromUtf8(c.top).replace(QStringLiteral("以上"), QStringLiteral("未満")).toStdString());
-        EXPECT_EQ(table->findChild<QLabel*>(QStringLiteral("lbl_HyouTen(%1)").arg(c.rows)), nullptr);
-        for (int row = 0; row < c.rows; ++row) {
-            const QString name = QStringLiteral("lbl_HyouTen(%1)").arg(row);
-            const QColor ground = table->findChild<QLabel*>(name)->palette().color(QPalette::Window);
-            EXPECT_EQ(ground == QColor(0xFF, 0xC0, 0xC0), row == c.row_in_force) << row;
+        EXPECT_EQ(table->windowTitle().toStdString(), title);
+        EXPECT_EQ(Shown(*table, "lbl_Gak(1)"), top);
+        EXPECT_EQ(table->findChild<QLabel*>(QStringLiteral("lbl_HyouTen(%1)").arg(rows)), nullptr);
+        QString limit; // of the row above; the last row has none below it
+        for (int row = 0; row < rows; ++row) {
+            const auto label = [&](const char* name, int index) {
+                return table->findChild<QLabel*>(
+                    QStringLiteral("%1(%2)").arg(QLatin1String(name)).arg(index));
+            };
+            const QColor ground = label("lbl_HyouTen", row)->palette().color(QPalette::Window);
+            EXPECT_EQ(ground == QColor(0xFF, 0xC0, 0xC0), row == row_in_force) << row;
+            EXPECT_EQ(label("lbl_Gak", 2 * row)->text(),
+                      limit.replace(QStringLiteral("以上"), QStringLiteral("未満")));
+            limit = label("lbl_Gak", 2 * row + 1)->text();
         }
+        EXPECT_EQ(limit, QString());
         // While the table is open the check screen stays.
         check.reject();
         EXPECT_TRUE(check.isVisible());
-        ASSERT_EQ(messages.shown.size(), 2U);
-        EXPECT_EQ(messages.shown[1].title, "クローズエラー");
-        EXPECT_EQ(messages.shown[1].text, "開いている別表の画面を閉じてから画面を閉じてください。");
+        EXPECT_EQ(Last_Box(), "クローズエラー：開いている別表の画面を閉じてから画面を閉じてください。");
         Click(*table, "Tojiru");
         Click(check, "Tojiru");
         EXPECT_FALSE(check.isVisible());
@@ -276,31 +259,28 @@ TEST_F(Check_Screens, Tables) {
     messages.shown.clear();
     Click(w5, "Cmd_Tbl");
     EXPECT_NE(w5.findChild<Form*>(QStringLiteral("Frm_W2_Calc_Table")), nullptr);
-    w5.findChild<Form*>()->reject();
-    EXPECT_EQ(messages.shown.size(), 0U);
+    EXPECT_EQ(Titles(), "");
 }
 
 TEST_F(Check_Screens, One_At_A_Time) {
     Settle_In_Store(4);
     int stored = 0;
-    const auto store = [&stored] { return ++stored != 2; };
-    entry.checks.Open(W2X_Request(Law_Of(4), 0), Side_In_Hand(session), store);
-    EXPECT_FALSE(entry.checks.Calc_Open_Flg());
-    entry.checks.Open(W2X_Request(Law_Of(4), 1), Side_In_Hand(session), store);
+    const auto open_check = [&] {
+        entry.checks.Open(W2X_Request(Law_Of(4), 1), Side_In_Hand(session), [&] { return ++stored != 2; });
+        return !entry.checks.Calc_Open_Flg();
+    };
+    EXPECT_TRUE(open_check());
+    EXPECT_TRUE(open_check());
     entry.reject();
     EXPECT_TRUE(entry.isVisible());
     EXPECT_EQ(stored, 1) << "a refusal stores nothing";
-    ASSERT_EQ(messages.shown.size(), 2U);
-    EXPECT_EQ(messages.shown[0].title, "オープンエラー");
-    EXPECT_EQ(messages.shown[0].text, "開いている計算チェックの画面を閉じてから別画面を開いてください。");
-    EXPECT_EQ(messages.shown[1].title, "クローズエラー");
-    EXPECT_EQ(messages.shown[1].text, "開いている計算チェックの画面を閉じてから画面を閉じてください。");
+    EXPECT_EQ(messages.shown.at(0).text, "開いている計算チェックの画面を閉じてから別画面を開いてください。");
+    EXPECT_EQ(Last_Box(), "クローズエラー：開いている計算チェックの画面を閉じてから画面を閉じてください。");
+    EXPECT_EQ(Titles(), "オープンエラー クローズエラー");
     QTest::keyClick(entry.findChild<Form*>(), Qt::Key_Escape);
     EXPECT_TRUE(entry.checks.Calc_Open_Flg());
-    entry.checks.Open(W2X_Request(Law_Of(4), 1), Side_In_Hand(session), store);
-    EXPECT_TRUE(entry.checks.Calc_Open_Flg()) << "what could not be stored is not explained";
-    entry.checks.Open(W2X_Request(Law_Of(4), 1), Side_In_Hand(session), store);
-    EXPECT_FALSE(entry.checks.Calc_Open_Flg());
+    EXPECT_FALSE(open_check()) << "what could not be stored is not explained";
+    EXPECT_TRUE(open_check());
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     entry.findChild<Form*>()->close();
     entry.reject();

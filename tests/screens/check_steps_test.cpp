@@ -68,13 +68,11 @@ class Reader {
     long double Sum() {
         long double sum = Product();
         while (true) {
-            if (Take("＋")) {
-                sum += Product();
-            } else if (Take("－")) {
-                sum -= Product();
-            } else {
+            const bool adds = Take("＋");
+            if (!adds && !Take("－")) {
                 return sum;
             }
+            sum += adds ? Product() : -Product();
         }
     }
 
@@ -82,13 +80,11 @@ class Reader {
     long double Product() {
         long double product = Factor();
         while (true) {
-            if (Take("×")) {
-                product *= Factor();
-            } else if (Take("／")) {
-                product /= Factor();
-            } else {
+            const bool multiplies = Take("×");
+            if (!multiplies && !Take("／")) {
                 return product;
             }
+            product = multiplies ? product * Factor() : product / Factor();
         }
     }
 
@@ -117,23 +113,15 @@ bool Rounds_To(long double exact, long double shown, std::string_view how) {
         scale = std::pow(10.0L, static_cast<long double>(how[places - 1] - '0'));
     }
     const long double value = exact * scale;
-    const auto is = [&](long double result) { return Same(result, shown * scale); };
-    if (how.ends_with("切り捨て）")) {
-        return is(std::trunc(value));
-    }
-    if (how.ends_with("切り下げ）")) {
-        return is(std::floor(value));
-    }
-    if (how.ends_with("四捨五入）")) {
-        return is(std::round(value)) || is(std::round(value * (1 + 1e-15L)));
-    }
-    if (how.ends_with("0.5以上を切り上げ）")) {
-        return is(std::floor(value + 0.5L));
-    }
-    if (how.ends_with("0.499以上を切り上げ）")) {
-        return is(std::floor(value + 0.501L + near));
-    }
-    return false;
+    const std::pair<const char*, long double> ways[] = {
+        {"切り捨て）", std::trunc(value)},
+        {"切り下げ）", std::floor(value)},
+        {"四捨五入）", std::round(value)},
+        {"四捨五入）", std::round(value * (1 + 1e-15L))},
+        {"0.5以上を切り上げ）", std::floor(value + 0.5L)},
+        {"0.499以上を切り上げ）", std::floor(value + 0.501L + near)}};
+    return std::ranges::any_of(
+        ways, [&](const auto& way) { return how.ends_with(way.first) && Same(way.second, shown * scale); });
 }
 
 bool Compares(long double a, std::string_view sign, long double b) {
@@ -147,16 +135,12 @@ bool Compares(long double a, std::string_view sign, long double b) {
 
 /// Whether the row of a table that the sheet marks is the one for the figure.
 bool Row_Holds(const std::string& row, const std::string& input) {
-    const bool named = input.find("：") != std::string::npos; // "1：有"
     if (row.find("ISO") != std::string::npos || row.find("21") != std::string::npos ||
         row == "登録・認証なし") {
         return true; // combinations: tested by the score
     }
-    const auto number = static_cast<std::int64_t>(Reader(row).Number());
-    const auto figure = static_cast<std::int64_t>(Reader(input).Number());
-    if (named || row.find("：") != std::string::npos) {
-        return number == figure;
-    }
+    const long double number = Reader(row).Number();
+    const long double figure = Reader(input).Number();
     if (row.ends_with("以上")) {
         return figure >= number || figure < 0;
     }
@@ -166,22 +150,17 @@ bool Row_Holds(const std::string& row, const std::string& input) {
 class Sheet_Reader {
   public:
     explicit Sheet_Reader(const Check_Sheet& the_sheet) : sheet(the_sheet) {
-        for (const Check_Line& line : sheet.inputs) {
-            known.insert(line.value.text.empty() ? 0.0L : Reader(line.value.text).Number());
-        }
-        for (std::size_t i = 0; i + 1 < sheet.results.size(); ++i) {
-            Take_Numbers(sheet.results[i].value.text);
-        }
-        for (const std::string& line : sheet.formula) {
-            Take_Numbers(line);
-        }
-        for (const auto& line : sheet.filled) {
-            for (const Named_Text& part : line) {
-                Take_Numbers(part.text);
+        for (const auto& lines :
+             {std::span(sheet.inputs), std::span(sheet.results).first(sheet.results.size() - 1)}) {
+            for (const Check_Line& line : lines) {
+                Take_Numbers(line.value.text);
             }
         }
-        for (const std::string& line : sheet.closing) {
-            Take_Numbers(line);
+        for (const auto* lines : {&sheet.formula, &sheet.closing}) {
+            std::ranges::for_each(*lines, [this](const std::string& line) { Take_Numbers(line); });
+        }
+        for (const auto& line : sheet.filled) {
+            std::ranges::for_each(line, [this](const Named_Text& part) { Take_Numbers(part.text); });
         }
         known.insert({0.0L, 0.015L}); // what is blank, and 1.5 percent
     }
@@ -279,16 +258,12 @@ class Sheet_Reader {
         if (condition.starts_with("「")) {
             const std::string row = condition.substr(3, condition.size() - 6);
             const Check_Table& table = sheet.tables.at(0);
-            const auto& marked = table.rows.at(static_cast<std::size_t>(table.mark));
-            EXPECT_EQ(marked.front().text, row);
-            const bool average = !sheet.steps.empty() && sheet.steps.front().name == "平均研究開発費";
-            if (!average) {
-                EXPECT_TRUE(Row_Holds(row, sheet.inputs.at(0).value.text));
-            } else {
-                const std::string& text = sheet.steps.front().text;
-                const auto average_at = text.find(" ＝ ") + std::string(" ＝ ").size();
-                EXPECT_TRUE(Row_Holds(row, text.substr(average_at)));
-            }
+            EXPECT_EQ(table.rows.at(static_cast<std::size_t>(table.mark)).front().text, row);
+            const Check_Step& first = sheet.steps.front();
+            const bool average = first.name == "平均研究開発費";
+            EXPECT_TRUE(
+                Row_Holds(row, average ? first.text.substr(first.text.find("＝ ") + std::string("＝ ").size())
+                                       : sheet.inputs.at(0).value.text));
             return;
         }
         Reader reader(std::string_view(condition).substr(0, condition.find_last_not_of(' ') + 1));

@@ -98,13 +98,8 @@ TEST_F(Kanko_Window, Every_Field_Is_Keyed_Along_Its_Rows_Into_Its_Column) {
 
 TEST_F(Kanko_Window, A_Line_Shows_By_What_Is_Entered) {
     Open("Frm_Kanko");
-    const struct {
-        const char* cell;
-        const char* keys;
-        int row;
-        const char* texts;
-        const char* totals; ///< base period, adopted average
-    } steps[] = {
+    // totals: base period, adopted average
+    const std::tuple<const char*, const char*, int, const char*, const char*> steps[] = {
         {"Zzki(3)", "1200", 3, "1,200|||0|0|397|450|288|", "0|0"},
         {"Kijun(3)", "50001", 3, "1,200||50,001|0|25,001|589|450|336|", "50,001|25,001"},
         {"Kijun(1)", "7", 1, "||7|0|4|397|450|288|", "50,001|25,001"}, // part of another line
@@ -113,16 +108,18 @@ TEST_F(Kanko_Window, A_Line_Shows_By_What_Is_Entered) {
         {"Kijun(3)", "", 3, "||||||||", "9|5"},
         {"Zki(5)", "1-2.3a４", 5, "|1,234||1,234|617|405|450|290|", "9|622"}, // other keys are refused
     };
-    for (const auto& step : steps) {
-        SCOPED_TRACE(step.cell);
-        Enter(step.cell, step.keys);
-        EXPECT_EQ(Texts(step.row, shown), step.texts);
-        EXPECT_EQ(Cell("Kijun_Kei") + "|" + Cell("Nheikin_Kei"), step.totals);
+    for (const auto& [cell, keys, row, texts, totals] : steps) {
+        SCOPED_TRACE(cell);
+        Enter(cell, keys);
+        EXPECT_EQ(Texts(row, shown), texts);
+        EXPECT_EQ(Cell("Kijun_Kei") + "|" + Cell("Nheikin_Kei"), totals);
     }
-    Press("Tojiru");
+    grid->Focus_Cell("Kijun(6)");
+    Type("2");
+    form->close(); // takes the entry in hand
     EXPECT_EQ(List("SELECT 工種CD, 完工高前々期, 完工高前期, 完工高基準, 完工高平均, 評点X1, 総合評点P FROM "
                    "Kandaka_Gj WHERE 完工高平均 Is Not Null ORDER BY 工種CD"),
-              "1=0=0=7=4=397=288 5=0=1234=0=617=405=290 33=0=0=9=5=-=-");
+              "1=0=0=7=4=397=288 5=0=1234=0=617=405=290 6=0=0=2=1=397=288 33=0=0=9=5=-=-");
 }
 
 TEST_F(Kanko_Window, Keys_Move_As_In_A_Form) {
@@ -144,49 +141,43 @@ TEST_F(Kanko_Window, Keys_Move_As_In_A_Form) {
 TEST_F(Kanko_Window, Years_Of_The_Average) {
     Put_Work(2, {{"完工高前々期", 900}, {"完工高前期", 600}, {"完工高基準", 300}});
     Open("Frm_Kanko");
-    const struct {
-        const char* keys;
-        const char* text;
-        const char* line;
-    } steps[] = {
+    const std::tuple<const char*, const char*, const char*> steps[] = {
         {"4", "2", "450|"}, {"3", "3", "600|"}, {"34", "3", "600|"}, {"2", "2", "450|"}, {"", "2", "450|"}};
-    for (const auto& step : steps) {
-        SCOPED_TRACE(step.keys);
-        Type_Into(*form, "Kanko_Avg", step.keys);
+    for (const auto& [keys, text, line] : steps) {
+        SCOPED_TRACE(keys);
+        Type_Into(*form, "Kanko_Avg", keys);
         Key(Qt::Key_Return);
         EXPECT_EQ(Place(), "Zzki(0)");
-        EXPECT_EQ(Shown(*form, "Kanko_Avg"), step.text);
-        EXPECT_EQ(Texts(2, {"Nheikin"}), step.line);
+        EXPECT_EQ(Shown(*form, "Kanko_Avg"), text);
+        EXPECT_EQ(Texts(2, {"Nheikin"}), line);
     }
-    Press("Tojiru");
+    Type_Into(*form, "Kanko_Avg", "3");
+    form->close(); // takes the entry in hand
     EXPECT_EQ(List("SELECT 要素CD, 現状 FROM W_Yoso WHERE 要素CD>=201 And 要素CD<=203 ORDER BY 要素CD"),
-              "201=2 202=450 203=600");
+              "201=3 202=450 203=600");
 }
 
 TEST_F(Kanko_Window, An_Overflow_Puts_The_Entry_Back) {
-    const struct {
-        const char* form;
-        const char* cell;
-        const char* keys;
-    } cases[] = {{"Frm_Kanko", "Kijun(0)", "99000000"},    // X1 out of reach of its table
-                 {"Frm_Kanko", "Kijun(32)", "2147483648"}, // no amount
-                 {"Frm_Kanko2", "Kijun(4)", "48000000"},   // Z2
-                 {"Frm_Kanko2", "Z1(4)", "32768"}};        // no number of persons
+    const std::tuple<const char*, const char*, const char*> cases[] = {
+        {"Frm_Kanko", "Kijun(0)", "99000000"},    // X1 out of reach of its table
+        {"Frm_Kanko", "Kijun(32)", "2147483648"}, // no amount
+        {"Frm_Kanko2", "Kijun(4)", "48000000"},   // Z2
+        {"Frm_Kanko2", "Z1(4)", "32768"}};        // no number of persons
     Put_Work(0, {{"完工高基準", 1000}});
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.cell);
-        Open(c.form);
+    for (const auto& [screen, cell, keys] : cases) {
+        SCOPED_TRACE(cell);
+        Open(screen);
         Press("Tojiru");
         const auto before = State();
-        Open(c.form);
-        const std::string text = Cell(c.cell);
+        Open(screen);
+        const std::string text = Cell(cell);
         messages.shown.clear();
-        Enter(c.cell, c.keys);
+        Enter(cell, keys);
         EXPECT_EQ(Titles(), "実行時エラー");
         EXPECT_PRED2(Has, Last_Box(), "桁あふれ");
-        EXPECT_EQ(Place(), c.cell);
+        EXPECT_EQ(Place(), cell);
         grid->Focus_Cell(20, 0);
-        EXPECT_EQ(Cell(c.cell), text);
+        EXPECT_EQ(Cell(cell), text);
         Press("Tojiru");
         EXPECT_EQ(State(), before);
     }
@@ -247,24 +238,20 @@ TEST_F(Kanko_Window, Engineers_Of_No_Work_Type_Are_Not_Taken) {
 }
 
 TEST_F(Kanko_Window, Checks_Open_Where_A_Line_Has_Scores) {
-    const struct {
-        const char* form;
-        const char* cell;
-        std::string button;
-        const char* check;
-    } cases[] = {{"Frm_Kanko", "Kijun(4)", "Cmd_X", "Frm_XZP_Calc_Check"},
-                 {"Frm_Kanko", "Kijun(4)", "Cmd_P", "Frm_XZP_Calc_Check"},
-                 {"Frm_Kanko2", "Z4(4)", "Cmd_Z", "Frm_XZP_Calc_Check"},
-                 {"Frm_Kanko2", "Z4(4)", "Cmd_Z2", "Frm_XZP_Calc_Check"},
-                 {"Frm_Kanko2", "Z4(4)", "Cmd_Z1", "Frm_Zイ_Calc_Check"}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.button);
-        Open(c.form);
-        Enter(c.cell, "3");
+    const std::tuple<const char*, const char*, std::string, const char*> cases[] = {
+        {"Frm_Kanko", "Kijun(4)", "Cmd_X", "Frm_XZP_Calc_Check"},
+        {"Frm_Kanko", "Kijun(4)", "Cmd_P", "Frm_XZP_Calc_Check"},
+        {"Frm_Kanko2", "Z4(4)", "Cmd_Z", "Frm_XZP_Calc_Check"},
+        {"Frm_Kanko2", "Z4(4)", "Cmd_Z2", "Frm_XZP_Calc_Check"},
+        {"Frm_Kanko2", "Z4(4)", "Cmd_Z1", "Frm_Zイ_Calc_Check"}};
+    for (const auto& [screen, cell, button, check] : cases) {
+        SCOPED_TRACE(button);
+        Open(screen);
+        Enter(cell, "3");
         for (const auto& [row, opens] : {std::pair{"(32)", false}, {"(4)", true}}) {
-            EXPECT_TRUE(grid->Focus_Cell(c.button + row));
+            EXPECT_TRUE(grid->Focus_Cell(button + row));
             Key(Qt::Key_Space);
-            EXPECT_EQ(Close_Check(c.check), opens) << "no score, no check";
+            EXPECT_EQ(Close_Check(check), opens) << "no score, no check";
         }
         Press("Tojiru");
     }

@@ -104,12 +104,9 @@ TEST_F(Kaiz_Lines, The_Gain_Follows_What_Is_Keyed) {
     Put_Work(2, {{"技術者1", 2}, {"技術者6", 0}});
     Settle_Again(session);
     Open_Screen(Screen(shell, "Frm_KankoKaiz"));
-    const struct {
-        const char* cell;
-        const char* keys;
-        const char* difference; ///< of the line
-        const char* gain;       ///< of the line below, which the key goes on to
-    } steps[] = {
+    // difference: of the line
+    // gain: of the line below, which the key goes on to
+    const std::tuple<const char*, const char*, const char*, const char*> steps[] = {
         {"Kijun(2)", "40000", "±0", "大工|291|291|±0|±0|上昇 0　下降 0"},
         {"Kijun(2)", "400000", "↑ +54", "大工|291|291|±0|↑ +54|上昇 1　下降 0"},
         {"Kijun(3)", "0", "↓ -57", "左官||||↓ -3|上昇 1　下降 1"},
@@ -118,12 +115,11 @@ TEST_F(Kaiz_Lines, The_Gain_Follows_What_Is_Keyed) {
         {"Zki(2)", "", "↑ +54", "大工|291|234|↓ -57|↓ -3|上昇 1　下降 1　新規 1"},
         {"Kijun(2)", "", "", "大工|291|234|↓ -57|↓ -57|上昇 0　下降 1　新規 1　なし 1"},
     };
-    for (const auto& step : steps) {
-        SCOPED_TRACE(step.keys);
-        Enter(step.cell, step.keys);
-        EXPECT_EQ(Cell("Sa" + std::string(step.cell).substr(std::string(step.cell).find('('))),
-                  step.difference);
-        EXPECT_EQ(Gain(), step.gain);
+    for (const auto& [cell, keys, difference, gain] : steps) {
+        SCOPED_TRACE(keys);
+        Enter(cell, keys);
+        EXPECT_EQ(Cell("Sa" + std::string(cell).substr(std::string(cell).find('('))), difference);
+        EXPECT_EQ(Gain(), gain);
     }
     // It follows each key before the entry is left, and Esc.
     ASSERT_TRUE(grid->Focus_Cell("Kijun(3)"));

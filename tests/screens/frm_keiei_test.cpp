@@ -3,12 +3,10 @@
 
 #include "screens/rate_bar.h"
 #include "session/kyotu_mod.h"
-#include "support/ui_fixture.h"
+#include "support/keyboard.h"
 #include "widgets/entry_cell.h"
 #include "widgets/theme.h"
 
-#include <QApplication>
-#include <QLabel>
 #include <QPushButton>
 
 namespace morvane::tests {
@@ -18,82 +16,69 @@ class Keiei_Window : public Ui_Installation {
   protected:
     Keiei_Window() {
         Make_Company(1, 1, 10);
-        Put_Amounts({{402, 1.8e9},
-                     {419, 2.6e8},
-                     {480, 3.6e6},
-                     {489, -6.8e7},
-                     {319, 3.2e8},
-                     {179, 4.2e8},
-                     {229, 5.5e8},
-                     {399, 1.0e9},
-                     {830, 9.0e8},
-                     {289, 2.8e8}});
+        const std::map<int, double> amounts = {{402, 1.8e9}, {419, 2.6e8}, {480, 3.6e6}, {489, -6.8e7},
+                                               {319, 3.2e8}, {179, 4.2e8}, {229, 5.5e8}, {399, 1.0e9},
+                                               {830, 9.0e8}, {289, 2.8e8}};
+        Put_Amounts(amounts);
     }
 
-    static std::string Text(Frm_Keiei& form, const std::string& name) {
-        return Child<QLabel>(form, name.c_str())->text().toStdString();
+    /// What the screen shows of a side, by its control names, beside what it should.
+    static void Expect_Side(Frm_Keiei& form, const Keiei_Names& names, const Keiei_Texts& texts) {
+        for (std::size_t i = 0; i < texts.Yoso.size(); ++i) {
+            EXPECT_EQ(Shown(form, (names.Yoso + ("(" + std::to_string(i) + ")")).c_str()), texts.Yoso[i]);
+        }
+        for (std::size_t i = 0; i < texts.kekka.size(); ++i) {
+            const std::string number = std::to_string(i + 1);
+            EXPECT_EQ(Shown(form, (names.kekka + number).c_str()), texts.kekka[i]);
+            EXPECT_EQ(Shown(form, (names.TRitu + number).c_str()), texts.TRitu[i] + " %");
+            const double rate = Child<Rate_Bar>(form, (names.Bou + number).c_str())->Rate();
+            EXPECT_EQ(Fixed_Str(static_cast<float>(rate), 1), texts.TRitu[i]);
+        }
+        EXPECT_EQ(Shown(form, names.YTen), texts.YTen);
+        EXPECT_EQ(Shown(form, names.Y), texts.Y);
+    }
+
+    static Form* Check_Of(Frm_Keiei& form) {
+        return form.findChild<Form*>(QStringLiteral("Frm_Y1_Calc_Check"), Qt::FindDirectChildrenOnly);
     }
 };
 
 TEST_F(Keiei_Window, Shows_The_Analysis_Of_The_Period_In_Hand) {
     const Y_Result y = Calc_Y(session, Side_In_Hand(session));
     ASSERT_TRUE(y.has_figures);
-    const Keiei_Texts texts = Show_Keiei(y);
     Frm_Keiei form(shell);
-    for (std::size_t i = 0; i < texts.Yoso.size(); ++i) {
-        EXPECT_EQ(Text(form, "Yoso(" + std::to_string(i) + ")"), texts.Yoso[i]);
-    }
-    for (std::size_t i = 0; i < texts.kekka.size(); ++i) {
-        const std::string number = std::to_string(i + 1);
-        EXPECT_EQ(Text(form, "kekka" + number), texts.kekka[i]);
-        EXPECT_EQ(Text(form, "TRitu" + number), texts.TRitu[i] + " %");
-    }
-    EXPECT_EQ(Text(form, "YTen"), texts.YTen);
-    EXPECT_EQ(Text(form, "Y"), texts.Y);
-    EXPECT_EQ(Text(form, "Yoso(4)"), "-68,000");
+    Expect_Side(form, {"Yoso", "kekka", "TRitu", "Bou", "YTen", "Y"}, Show_Keiei(y));
+    EXPECT_EQ(Shown(form, "Yoso(4)"), "-68,000");
 }
 
 TEST_F(Keiei_Window, A_Bar_Is_As_Long_As_Its_Rate) {
-    const struct {
-        double rate;
-        int length;
-    } cases[] = {{-5, 0}, {0, 0}, {25, 50}, {50, 100}, {100, 200}, {250, 200}};
-    for (const auto& c : cases) {
+    for (const auto& [rate, expected] : {std::pair{-5.0, 0}, {25.0, 50}, {100.0, 200}, {250.0, 200}}) {
         Rate_Bar bar;
         bar.resize(200, bar.sizeHint().height());
-        bar.Set_Rate(c.rate);
+        bar.Set_Rate(rate);
         const QImage image = bar.grab().toImage();
         int length = 0;
         for (int x = 0; x < image.width(); ++x) {
             length += image.pixelColor(x, 1).blue() > image.pixelColor(x, 1).red() + 60 ? 1 : 0;
         }
-        EXPECT_NEAR(length, c.length, 4) << c.rate;
+        EXPECT_NEAR(length, expected, 4) << rate;
     }
 }
 
 TEST_F(Keiei_Window, Every_Check_Opens_And_Keeps_The_Screen_Open) {
     Frm_Keiei form(shell);
-    form.show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    Show(form);
+    const QStringList of = QStringLiteral("Ｘ１ Ｘ２ Ｘ３ Ｘ４ Ｘ５ Ｘ６ Ｘ７ Ｘ８ Ａ Ｙ").split(u' ');
     for (int index = 0; index < 10; ++index) {
-        messages.shown.clear();
         Click(form, ("Cmd_X(" + std::to_string(index) + ")").c_str());
-        QDialog* check = nullptr;
-        for (QWidget* window : QApplication::topLevelWidgets()) {
-            if (window->isVisible() && window->objectName() == QLatin1String("Frm_Y1_Calc_Check")) {
-                check = qobject_cast<QDialog*>(window);
-            }
-        }
+        Form* check = Check_Of(form);
         ASSERT_NE(check, nullptr) << index;
-        const QString of = index == 8   ? QStringLiteral("（Ａ）")
-                           : index == 9 ? QStringLiteral("（Ｙ）")
-                                        : QStringLiteral("（Ｘ") + QChar(u'１' + index);
-        EXPECT_TRUE(check->windowTitle().startsWith(of)) << check->windowTitle().toStdString();
+        EXPECT_TRUE(check->windowTitle().startsWith(u'（' + of[index])) << check->windowTitle().toStdString();
         Click(form, "Tojiru");
         EXPECT_TRUE(form.isVisible());
-        ASSERT_EQ(messages.shown.size(), 1U);
-        EXPECT_EQ(messages.shown[0].title, "クローズエラー");
+        EXPECT_EQ(Told(), "クローズエラー");
         check->reject();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
     Click(form, "Prt");
     EXPECT_EQ(shell.calls.back(), "Open_Form Rpt_Keiei");
@@ -109,23 +94,6 @@ class Keiei_Compared : public Keiei_Window {
         Run({"UPDATE Ks_Zaihyo SET 改善後残高=金額"});
         Put_Amounts({{319, 6.4e8}, {229, 3.1e8}}, "改善後残高");
         shell.menu.mode = Sim_Mode::Improvement;
-    }
-
-    /// What the screen shows of a side, by its control names, beside what it should.
-    static void Expect_Side(Frm_Keiei& form, const Keiei_Names& names, const Keiei_Texts& texts) {
-        for (std::size_t i = 0; i < texts.Yoso.size(); ++i) {
-            EXPECT_EQ(Text(form, std::string(names.Yoso) + "(" + std::to_string(i) + ")"), texts.Yoso[i]);
-        }
-        for (std::size_t i = 0; i < texts.kekka.size(); ++i) {
-            const std::string number = std::to_string(i + 1);
-            EXPECT_EQ(Text(form, names.kekka + number), texts.kekka[i]);
-            EXPECT_EQ(Text(form, names.TRitu + number), texts.TRitu[i] + " %");
-            EXPECT_EQ(
-                Fixed_Str(static_cast<float>(Child<Rate_Bar>(form, (names.Bou + number).c_str())->Rate()), 1),
-                texts.TRitu[i]);
-        }
-        EXPECT_EQ(Text(form, names.YTen), texts.YTen);
-        EXPECT_EQ(Text(form, names.Y), texts.Y);
     }
 };
 
@@ -151,35 +119,33 @@ TEST_F(Keiei_Compared, Shows_Two_Sides_And_What_The_Second_Brings) {
         Expect_Side(form, {"Yoso", "Kzkekka", "TRitu", "BouKz", "YTen", "Y"}, Show_Keiei(before));
         Expect_Side(form, {"YosoGo", "Gekekka", "GeTRitu", "Bou", "GeYTen", "GeY"}, Show_Keiei(after));
         EXPECT_NE(before.score, after.score);
-        EXPECT_EQ(Text(form, "GeY_Sa"), Gain_Str(std::int32_t{after.score.Count()} - before.score.Count()));
-        EXPECT_EQ(Text(form, "GeYTen_Sa"), Gain_Str(after.points - before.points, 2));
+        EXPECT_EQ(Shown(form, "GeY_Sa"), Gain_Str(std::int32_t{after.score.Count()} - before.score.Count()));
+        EXPECT_EQ(Shown(form, "GeYTen_Sa"), Gain_Str(after.points - before.points, 2));
         form.show();
         const bool rises = before.score < after.score;
         EXPECT_EQ(Child<QLabel>(form, "GeY_Sa")->palette().color(QPalette::WindowText),
                   QColor(rises ? theme::rise : theme::fall));
-        EXPECT_EQ(Text(form, "Ex_Mes") + Text(form, "GEx_Mes"), mode.marks);
+        EXPECT_EQ(Shown(form, "Ex_Mes") + Shown(form, "GEx_Mes"), mode.marks);
     }
 }
 
 TEST_F(Keiei_Compared, A_Side_That_Cannot_Be_Computed_Leaves_The_Other_One) {
-    for (const auto& [column, names, others] :
-         {std::tuple{"金額", "Y Yoso(0) Kzkekka1 TRitu1", "GeY"},
-          std::tuple{"改善後残高", "GeY YosoGo(0) Gekekka1 GeTRitu1", "Y"}}) {
+    // told: a reason, empty beside it
+    const std::tuple<const char*, std::vector<const char*>, const char*, const char*> cases[] = {
+        {"金額", {"Y", "Yoso(0)", "Kzkekka1", "TRitu1", "GeY_Sa"}, "Lbl_Fault(0)", "GeY"},
+        {"改善後残高", {"GeY", "YosoGo(0)", "Gekekka1", "GeTRitu1", "GeY_Sa"}, "Lbl_Fault(1)", "Y"}};
+    for (const auto& [column, told, fault, other] : cases) {
         SCOPED_TRACE(column);
-        const double sales = Amount(402, column);
         Put_Amounts({{229, 2e15}, {248, 2e15}}, column);
         Frm_Keiei form(shell, "Frm_KeieiKz");
         std::string shown;
-        for (const QString& name : QString::fromUtf8(names).split(QLatin1Char(' '))) {
-            shown += Text(form, name.toStdString());
+        for (const char* name : told) {
+            shown += Shown(form, name);
         }
         EXPECT_EQ(shown, "計算できません");
-        EXPECT_GT(std::stoi(Text(form, others)), 0);
-        EXPECT_EQ(Text(form, "GeY_Sa"), "");
-        const bool second = std::string_view(column) == "改善後残高";
-        EXPECT_TRUE(Has(Text(form, second ? "Lbl_Fault(1)" : "Lbl_Fault(0)"), "桁あふれ"));
+        EXPECT_GT(std::stoi(Shown(form, other)), 0);
+        EXPECT_PRED2(Has, Shown(form, fault), "桁あふれ");
         Put_Amounts({{229, 5.5e8}, {248, 0.0}}, column);
-        EXPECT_EQ(Amount(402, column), sales);
     }
 }
 
@@ -190,10 +156,10 @@ TEST_F(Keiei_Compared, Figures_Of_Another_Firm_Follow_The_Keys) {
     Frm_Keiei form(shell, "Frm_KeieiKz");
     form.show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
-    EXPECT_EQ(Text(form, "Ex_Mes") + Text(form, "GEx_Mes"), "：自社(上段)：他社(下段)");
+    EXPECT_EQ(Shown(form, "Ex_Mes") + Shown(form, "GEx_Mes"), "：自社(上段)：他社(下段)");
     Expect_Side(form, {"Yoso", "Kzkekka", "TRitu", "BouKz", "YTen", "Y"},
                 Show_Keiei(Calc_Y(session, {10, Scenario::Genjo})));
-    EXPECT_EQ(Text(form, "GeY") + Text(form, "Gekekka1") + Text(form, "GeY_Sa"), "")
+    EXPECT_EQ(Shown(form, "GeY") + Shown(form, "Gekekka1") + Shown(form, "GeY_Sa"), "")
         << "nothing is keyed yet";
 
     const auto other = Calc_Y(session, {10, Scenario::Kaizen});
@@ -202,14 +168,14 @@ TEST_F(Keiei_Compared, Figures_Of_Another_Firm_Follow_The_Keys) {
         elements[i] = other.elements[i];
         const std::string name = "YosoGo(" + std::to_string(i) + ")";
         Type_Into(form, name.c_str(), std::to_string(elements[i].Count()).c_str());
-        EXPECT_EQ(Text(form, "GeY"), Show_Keiei(Calc_Y(elements)).Y) << "before the cell is left";
+        EXPECT_EQ(Shown(form, "GeY"), Show_Keiei(Calc_Y(elements)).Y) << "before the cell is left";
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
         EXPECT_EQ(Child<Entry_Cell>(form, name.c_str())->text().toStdString(), Comma_Str(elements[i]));
     }
     const Keiei_Texts texts = Show_Keiei(other);
-    EXPECT_EQ(Text(form, "GeY"), texts.Y);
-    EXPECT_EQ(Text(form, "Gekekka7") + Text(form, "GeTRitu5"), texts.kekka[6] + texts.TRitu[4] + " %");
-    EXPECT_EQ(Text(form, "YTen"), Show_Keiei(Calc_Y(session, {10, Scenario::Genjo})).YTen)
+    EXPECT_EQ(Shown(form, "GeY"), texts.Y);
+    EXPECT_EQ(Shown(form, "Gekekka7") + Shown(form, "GeTRitu5"), texts.kekka[6] + texts.TRitu[4] + " %");
+    EXPECT_EQ(Shown(form, "YTen"), Show_Keiei(Calc_Y(session, {10, Scenario::Genjo})).YTen)
         << "the own firm stays";
 }
 
@@ -256,11 +222,8 @@ TEST_F(Keiei_Compared, Opens_What_Belongs_To_The_Second_Side_And_Stands_Over_Ano
             EXPECT_EQ(shell.calls.back(), opened);
         }
         Click(form, "Cmd_X(7)");
-        auto* check = form.findChild<Form*>(QStringLiteral("Frm_Y1_Calc_Check"));
-        ASSERT_NE(check, nullptr);
-        EXPECT_EQ(Child<QLabel>(*check, "Lbl_SubTitle")->text(),
-                  QStringLiteral("改善後の数値による計算です。"));
-        check->reject();
+        EXPECT_EQ(Shown(*Check_Of(form), "Lbl_SubTitle"), "改善後の数値による計算です。");
+        Check_Of(form)->reject();
         Click(form, "Tojiru");
     };
     With_Dialog([&] { form.exec(); }, look);

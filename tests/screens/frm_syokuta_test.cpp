@@ -22,9 +22,9 @@ void Enter(QWidget& form, const char* cell, const char* keys) {
 }
 
 /// A sample firm in hand, its period 35 in a law year.
-class Syokuta_Screen : public Ui_Installation {
+class Syokuta_Screen : public Grid_Screen {
   protected:
-    Syokuta_Screen() : Ui_Installation("13", false) { Take_Sample(4); }
+    Syokuta_Screen() : Grid_Screen("13", false) { Take_Sample(4); }
 
     void Take_Sample(int law) {
         Import_Case(session, Samples_Folder() / "aoba_kensetsu.json");
@@ -34,15 +34,8 @@ class Syokuta_Screen : public Ui_Installation {
         Put_Elements({{210, law}});
     }
 
-    void Open(const char* name = "Frm_Syokuta") {
-        form = std::make_unique<Frm_Syokuta>(shell, name);
-        morvane::tests::Show(*form);
-    }
+    void Open(const char* name = "Frm_Syokuta") { Open_Screen(std::make_unique<Frm_Syokuta>(shell, name)); }
     void Enter(const char* cell, const char* keys) const { morvane::tests::Enter(*form, cell, keys); }
-    void Press(const char* button) const {
-        Click(*form, button);
-        EXPECT_FALSE(form->isVisible());
-    }
     /// Texts of controls, joined by blanks.
     [[nodiscard]] std::string Texts(const std::vector<const char*>& controls) const {
         std::string texts;
@@ -58,13 +51,11 @@ class Syokuta_Screen : public Ui_Installation {
     }
     /// The average of the equities lies where the product of its row leaves 32 bits.
     void Make_Equity_Overflow() { Put_Amounts({{319, 1'000'000.0}, {829, 70'000'000'000.0}}); }
-
-    std::unique_ptr<Frm_Syokuta> form;
 };
 
 /// Keys every field of the screen at random and notes it in the figures; closes the screen from the last
 /// field.
-void Key_Everything(Frm_Syokuta& form, Review_Figures& figures, std::mt19937& random) {
+void Key_Everything(QWidget& form, Review_Figures& figures, std::mt19937& random) {
     const Law_Year& law = Law_Of(figures.law_year);
     for (const Syokuta_Group& group : Syokuta_Groups()) {
         for (const Syokuta_Row& row : group.rows) {
@@ -140,21 +131,17 @@ TEST_F(Syokuta_Screen, Late_Sub_Scores) {
 TEST_F(Syokuta_Screen, Keys) {
     Open();
     // What a field takes: the last text is what stands after the keys; a key too many is refused with a beep.
-    const struct {
-        const char* cell;
-        const char* keys;
-        const char* stands;
-        int refused;
-    } cases[] = {{"Horei", "13", "1", 1},       {"Horei", "12", "2", 0},   {"JikoS(0)", "20", "2", 1},
-                 {"Rf1(2)", "2", "2", 0},       {"Rf1(3)", "02", "0", 1},  {"keiri_kansa", "34", "3", 1},
-                 {"wlb(0)", "9", "9", 0},       {"rireki", "a5", "5", 1},  {"Enen", "1-20", "120", 1},
-                 {"Kihatu(0)", "-5", "5", 1},   {"Saisei", "２1", "1", 1}, {"Iso(0)", "１", "1", 0},
-                 {"Kjm(0)", "12345", "1234", 1}};
-    for (const auto& c : cases) {
-        const QSignalSpy refused(Child<Entry_Cell>(*form, c.cell), &Entry_Cell::Refused);
-        Type_Into(*form, c.cell, c.keys);
-        EXPECT_EQ(Shown(*form, c.cell), c.stands) << c.cell << " " << c.keys;
-        EXPECT_EQ(refused.count(), c.refused) << c.cell << " " << c.keys;
+    const std::tuple<const char*, const char*, const char*, int> cases[] = {
+        {"Horei", "13", "1", 1},       {"Horei", "12", "2", 0},   {"JikoS(0)", "20", "2", 1},
+        {"Rf1(2)", "2", "2", 0},       {"Rf1(3)", "02", "0", 1},  {"keiri_kansa", "34", "3", 1},
+        {"wlb(0)", "9", "9", 0},       {"rireki", "a5", "5", 1},  {"Enen", "1-20", "120", 1},
+        {"Kihatu(0)", "-5", "5", 1},   {"Saisei", "２1", "1", 1}, {"Iso(0)", "１", "1", 0},
+        {"Kjm(0)", "12345", "1234", 1}};
+    for (const auto& [cell, keys, stands, refusals] : cases) {
+        const QSignalSpy refused(Child<Entry_Cell>(*form, cell), &Entry_Cell::Refused);
+        Type_Into(*form, cell, keys);
+        EXPECT_EQ(Shown(*form, cell), stands) << cell << " " << keys;
+        EXPECT_EQ(refused.count(), refusals) << cell << " " << keys;
     }
     // Where the keys lead.
     using enum Qt::Key;
@@ -190,16 +177,13 @@ TEST_F(Syokuta_Screen, Entries_Are_Undone_One_By_One) {
     Type_Into(*form, "Enen", "5");
     Key(Qt::Key_Escape);
     EXPECT_EQ(state(), states[2]);
-    const struct {
-        Qt::Key key;
-        std::size_t state;
-        const char* place;
-    } steps[] = {{Qt::Key_Z, 1, "Saisei"}, {Qt::Key_Z, 0, "Enen"},   {Qt::Key_Z, 0, "Enen"},
-                 {Qt::Key_Y, 1, "Enen"},   {Qt::Key_Y, 2, "Saisei"}, {Qt::Key_Z, 1, "Saisei"}};
-    for (const auto& step : steps) {
-        Key(step.key, Qt::ControlModifier);
-        EXPECT_EQ(state(), states[step.state]);
-        EXPECT_EQ(Place(), step.place);
+    const std::tuple<Qt::Key, std::size_t, const char*> steps[] = {
+        {Qt::Key_Z, 1, "Saisei"}, {Qt::Key_Z, 0, "Enen"},   {Qt::Key_Z, 0, "Enen"},
+        {Qt::Key_Y, 1, "Enen"},   {Qt::Key_Y, 2, "Saisei"}, {Qt::Key_Z, 1, "Saisei"}};
+    for (const auto& [key, reached, place] : steps) {
+        Key(key, Qt::ControlModifier);
+        EXPECT_EQ(state(), states[reached]);
+        EXPECT_EQ(Place(), place);
     }
     Enter("Enen", "9");
     const std::string keyed = state();
@@ -264,8 +248,8 @@ TEST_F(Syokuta_Screen, What_Stays_Open_Shows_The_Settled_Scores) {
         SCOPED_TRACE(way);
         Take_Sample(4);
         Frm_Kanko works(shell, "Frm_Kanko");
-        morvane::tests::Show(works);
-        auto* grid = Child<Entry_Grid>(works, "grid");
+        Show(works);
+        grid = Child<Entry_Grid>(works, "grid");
         for (const auto& [column, amount] : {std::pair{0, 2500}, {1, 3500}, {2, 4500}}) {
             ASSERT_TRUE(grid->Get_Value(13, column).Is_Null());
             grid->Set_Value(13, column, std::int64_t{amount});
@@ -292,7 +276,7 @@ TEST_F(Syokuta_Screen, What_Stays_Open_Shows_The_Settled_Scores) {
     }
     Take_Sample(4);
     Open();
-    for (const char* keyed : {"Enen", "Kihatu(0)", "tishikiGJ(0)"}) {
+    for (const char* keyed : {"Enen", "Kihatu(0)", "tishikiGJ(0)", "Kikai"}) {
         SCOPED_TRACE(keyed);
         Enter(keyed, "7");
         Click(*form, "Cmd_W2X(1)");
@@ -306,9 +290,9 @@ TEST_F(Syokuta_Screen, What_Stays_Open_Shows_The_Settled_Scores) {
 
 class Improved_Firms : public Every_Firm {
   protected:
-    Frm_Syokuta& Open() {
+    QWidget& Open() {
         Open_Screen(std::make_unique<Frm_Syokuta>(shell, Law().improved_form));
-        return static_cast<Frm_Syokuta&>(*form);
+        return *form;
     }
 
     /// Every field of the side before against that of the screen, or against stored items.

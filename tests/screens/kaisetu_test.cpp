@@ -5,11 +5,9 @@
 
 #include "data/store_file.h"
 #include "support/installation_fixture.h"
+#include "support/listener.h"
 
 #include <cstdlib>
-#include <netinet/in.h>
-#include <sys/socket.h>
-#include <unistd.h>
 
 namespace morvane::tests {
 namespace {
@@ -17,16 +15,13 @@ namespace {
 namespace fs = std::filesystem;
 
 TEST(Kaisetu, Address) {
-    const struct {
-        const char* host;
-        const char* address;
-    } cases[] = {
+    const std::pair<const char*, const char*> cases[] = {
         {"help.example.jp", "https://help.example.jp/kaisei08/morv_kaisetu.php?11W7"},
         {"help.example.jp:8443/", "https://help.example.jp:8443/kaisei08/morv_kaisetu.php?11W7"},
         {"http://example.jp/help/", "http://example.jp/help/kaisei08/morv_kaisetu.php?11W7"},
     };
-    for (const auto& c : cases) {
-        EXPECT_EQ(Kaisetu_Address(c.host, "11W7"), c.address);
+    for (const auto& [host, address] : cases) {
+        EXPECT_EQ(Kaisetu_Address(host, "11W7"), address);
     }
 }
 
@@ -38,28 +33,20 @@ class Kaisetu_Test : public Installation {
                         "#!/bin/sh\nprintf '%s' \"$*\" > '" + (desktop.path / "opened").string() + "'\n");
         fs::permissions(desktop.path / "xdg-open", fs::perms::owner_all);
         ::setenv("PATH", (desktop.path.string() + ":" + path).c_str(), 1);
-        sockaddr_in address{};
-        address.sin_family = AF_INET;
-        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        socklen_t size = sizeof address;
-        auto* const plain = reinterpret_cast<sockaddr*>(&address);
-        EXPECT_EQ(
-            ::bind(listener, plain, size) | ::listen(listener, 4) | ::getsockname(listener, plain, &size), 0);
-        answering = "127.0.0.1:" + std::to_string(ntohs(address.sin_port));
     }
-
-    ~Kaisetu_Test() override {
-        ::setenv("PATH", path.c_str(), 1);
-        ::close(listener);
-    }
+    ~Kaisetu_Test() override { ::setenv("PATH", path.c_str(), 1); }
 
     Temporary_Folder desktop;
     std::string path;
-    int listener = ::socket(AF_INET, SOCK_STREAM, 0);
-    std::string answering;
+    Listener listener{4};
 };
 
 TEST_F(Kaisetu_Test, Asks_Tests_And_Opens) {
+    const std::string host = listener.Host();
+    const char* const asks = "解説ページへアクセスします。解説を参照しない場合はキャンセルしてください。";
+    const char* const unset = "解説ページのホストが設定されていません。";
+    const char* const offline =
+        "ネット接続ができません。ご使用のPCがインターネットに接続可能か確認してください。";
     const struct {
         const char* name;
         std::string help_host;
@@ -68,22 +55,11 @@ TEST_F(Kaisetu_Test, Asks_Tests_And_Opens) {
         std::vector<std::string> texts; ///< beginnings
         bool opens;
     } cases[] = {
-        {"no host", "", answering, Answer::Ok, {"解説ページのホストが設定されていません。"}, false},
-        {"cancelled", answering, answering, Answer::Cancel, {"解説ページへアクセスします。"}, false},
-        {"no connection",
-         answering,
-         "127.0.0.1:1",
-         Answer::Ok,
-         {"解説ページへアクセスします。解説を参照しない場合はキャンセルしてください。",
-          "ネット接続ができません。ご使用のPCがインターネットに接続可能か確認してください。"},
-         false},
-        {"opened", answering, answering, Answer::Ok, {"解説ページへアクセスします。"}, true},
-        {"the pages' own host is tested",
-         "http://" + answering + "/x",
-         "",
-         Answer::Ok,
-         {"解説ページへ"},
-         true},
+        {"no host", "", host, Answer::Ok, {unset}, false},
+        {"cancelled", host, host, Answer::Cancel, {asks}, false},
+        {"no connection", host, "127.0.0.1:1", Answer::Ok, {asks, offline}, false},
+        {"opened", host, host, Answer::Ok, {asks}, true},
+        {"the pages' own host is tested", "http://" + host + "/x", "", Answer::Ok, {asks}, true},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);

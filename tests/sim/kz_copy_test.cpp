@@ -39,18 +39,16 @@ class Kz_Copy : public Installation {
         Make_Company(1, type, 10);
         Set_Law_Year(session, 10, law.code);
         session.Simyu_Kubun = law.code;
-        const Connection cn = Cn_Open(session);
-        Recordset rows = cn.Open("SELECT * FROM Ks_Zaihyo WHERE 金額編集識別<>0 ORDER BY 建設科目CD");
-        for (; !rows.Eof(); rows.Move_Next()) {
-            static const std::set<std::int64_t> always = {131, 134, 273, 290, 702};
-            rows.Set("金額", Up_To(900'000) * 1000.0);
-            for (const char* column : {"借方", "貸方"}) {
-                if (always.contains(rows["建設科目CD"].As_Integer()) || random() % 3 == 0) {
-                    rows.Set(column, Up_To(90'000) * 1000.0);
-                }
-            }
-            rows.Update();
-        }
+        const std::string seed = std::to_string(Up_To(999));
+        const std::string entered = " WHERE 金額編集識別<>0";
+        const std::string in_journal =
+            entered + " And (建設科目CD % 3=0 Or 建設科目CD In (131, 134, 273, 290, 702))";
+        Run({"UPDATE Ks_Zaihyo SET 金額=(建設科目CD * 7919 + 104729 * " + seed + ") % 900000 * 1000" +
+                 entered,
+             "UPDATE Ks_Zaihyo SET 借方=(建設科目CD * 7877 + 104723 * " + seed + ") % 90000 * 1000" +
+                 in_journal,
+             "UPDATE Ks_Zaihyo SET 貸方=(建設科目CD * 7873 + 104717 * " + seed + ") % 90000 * 1000" +
+                 in_journal});
         Zaimu_Shukei(session, Amount_Column::Current);
         Zaimu_Shukei_KK(session);
         Put_Figures(Genjo, law);
@@ -118,8 +116,8 @@ class Kz_Copy_Columns : public Kz_Copy {
         for (std::size_t i = 0; i < every_scenario.size(); ++i) {
             for (const auto& [table, columns] : Families(every_scenario.at(i))) {
                 for (std::size_t place = 0; place < columns.size(); ++place) {
-                    Execute("UPDATE " + table + " SET [" + columns[place] +
-                            "]=" + std::to_string((i + 1) * 1000 + place) + Keyed_Rows(table));
+                    Run({"UPDATE " + table + " SET [" + columns[place] +
+                         "]=" + std::to_string((i + 1) * 1000 + place) + Keyed_Rows(table)});
                 }
             }
         }
@@ -147,8 +145,6 @@ class Kz_Copy_Columns : public Kz_Copy {
                                     : "";
     }
 
-    void Execute(const std::string& sql) { Cn_Open(session).Execute(sql); }
-
     /// Whose figures the scenarios hold: balances, journal, works, sixth engineers, elements.
     std::string Owners() {
         std::array<std::string, 5> owners;
@@ -172,11 +168,7 @@ class Kz_Copy_Columns : public Kz_Copy {
 TEST_F(Kz_Copy_Columns, Each_Operation_Copies_Its_Families_And_No_Other) {
     Set_Law_Year(session, 10, Law_Of(4).code);
     const File_Contents files = Read_Files(folder.path);
-    const struct {
-        std::vector<const char*> before;
-        Operation operation;
-        const char* owners;
-    } cases[] = {
+    const std::tuple<std::vector<const char*>, Operation, const char*> cases[] = {
         {{}, KzCopy_MaeToGo, "12345 2345 11345 12345 11345"},
         {{}, KzCopy_GoToMae, "22345 2345 22345 12345 22345"},
         {{}, Save(Slot_1), "12245 2245 12245 12345 12245"},
@@ -199,39 +191,35 @@ TEST_F(Kz_Copy_Columns, Each_Operation_Copies_Its_Families_And_No_Other) {
          KzCopy_GoToMae,
          "11345 -345 22345 12345 22345"},
     };
-    for (const auto& c : cases) {
+    for (const auto& [before, operation, owners] : cases) {
         Write_Files(folder.path, files);
-        for (const char* sql : c.before) {
-            Execute(sql);
+        for (const char* sql : before) {
+            Run({sql});
         }
-        c.operation(session);
-        EXPECT_EQ(Owners(), c.owners);
+        operation(session);
+        EXPECT_EQ(Owners(), owners);
         EXPECT_EQ(List("SELECT 現状 FROM W_Yoso WHERE 要素CD=210"), "4");
     }
     // A slot is there by its overall scores alone, of whatever number.
-    Execute("UPDATE Kandaka_Gj SET 改2総合評点P=Null");
-    EXPECT_FALSE(KzCopy_SlotExists(session, Slot_2));
-    Execute("UPDATE Kandaka_Gj SET 改2総合評点P=0 WHERE 工種CD=2");
-    EXPECT_TRUE(KzCopy_SlotExists(session, Slot_2));
+    for (const auto& [p, exists] : {std::pair{"Null", false}, {"0", true}}) {
+        Run({std::string("UPDATE Kandaka_Gj SET 改2総合評点P=") + p});
+        EXPECT_EQ(KzCopy_SlotExists(session, Slot_2), exists);
+    }
 }
 
 TEST_F(Kz_Copy, First_Visit_Posts_Where_No_Line_Of_The_Scenario_Holds_Anything) {
     Make_Firm(Law_Of(4), 1);
     const File_Contents files = Read_Files(folder.path);
-    const struct {
-        const char* held;
-        bool first;
-    } cases[] = {{"UPDATE Kandaka_Gj SET 改0総合評点P=0 WHERE 工種CD=4", false},
-                 {"UPDATE Kandaka_Gj SET 改0元請完工高基準=0 WHERE 工種CD=33", false},
-                 {"UPDATE Kandaka_Gj SET 改1総合評点P=700", true},
-                 {"UPDATE Kandaka_Gj SET 改0技術者6=3", true},
-                 {"UPDATE W_Yoso SET 改善後0=1", true}};
-    for (const auto& c : cases) {
+    for (const auto& [held, first] : {std::pair{"UPDATE Kandaka_Gj SET 改0総合評点P=0 WHERE 工種CD=4", false},
+                                      {"UPDATE Kandaka_Gj SET 改0元請完工高基準=0 WHERE 工種CD=33", false},
+                                      {"UPDATE Kandaka_Gj SET 改1総合評点P=700", true},
+                                      {"UPDATE Kandaka_Gj SET 改0技術者6=3", true},
+                                      {"UPDATE W_Yoso SET 改善後0=1", true}}) {
         Write_Files(folder.path, files);
-        Cn_Open(session).Execute(c.held);
+        Run({held});
         const std::string before = Dump(session.Work_Store);
-        EXPECT_EQ(Kaizen_Tenki(session), c.first) << c.held;
-        EXPECT_EQ(Dump(session.Work_Store) == before, !c.first) << c.held;
+        EXPECT_EQ(Kaizen_Tenki(session), first) << held;
+        EXPECT_EQ(Dump(session.Work_Store) == before, !first) << held;
     }
     Write_Files(folder.path, files);
     Kaizen_Tenki(session);
@@ -254,7 +242,7 @@ TEST_F(Kz_Copy, First_Visit_Posts_Where_No_Line_Of_The_Scenario_Holds_Anything) 
     EXPECT_EQ(List("SELECT abs(改善後0-現状) FROM W_Yoso WHERE 要素CD=120"), "20");
     EXPECT_EQ(List("SELECT 改善後0-現状 FROM W_Yoso WHERE 要素CD=111"), "0");
     Write_Files(folder.path, files);
-    Cn_Open(session).Execute("DELETE FROM Kandaka_Gj WHERE 工種CD=7");
+    Run({"DELETE FROM Kandaka_Gj WHERE 工種CD=7"});
     EXPECT_THROW(Kaizen_Tenki(session), Run_Time_Error);
 }
 

@@ -75,27 +75,23 @@ TEST_F(Corporation_Journal, Sections_Have_Their_Titles_And_Ranges) {
     const struct {
         std::size_t place;
         int first, last;
-        const char* title;
-        const char* individual;
+        const char* titles[2]; ///< of a corporation, of an individual
     } sections[] = {
-        {0, 100, 129, "貸借対照表－流動資産", "貸借対照表－流動資産"},
-        {2, 150, 199, "貸借対照表－無形固定資産、投資等、繰延資産", "貸借対照表－無形固定資産、投資等"},
-        {3, 200, 249, "貸借対照表－流動負債、固定資産", "貸借対照表－流動負債、固定資産"},
-        {4, 250, 299, "貸借対照表－資本金、剰余金", "貸借対照表－期首資本金、事業主勘定"},
-        {8, 490, 529, "損益計算書－特別損益、損益処分", "損益計算書－特別損益、損益処分"},
-        {11, 600, 639, "利益処分", "利益処分"}};
-    for (const int type : {1, 2}) {
-        Make_Company(1, static_cast<std::int16_t>(type), 10);
+        {2, 150, 199, {"貸借対照表－無形固定資産、投資等、繰延資産", "貸借対照表－無形固定資産、投資等"}},
+        {4, 250, 299, {"貸借対照表－資本金、剰余金", "貸借対照表－期首資本金、事業主勘定"}},
+        {8, 490, 529, {"損益計算書－特別損益、損益処分", "損益計算書－特別損益、損益処分"}},
+        {11, 600, 639, {"利益処分", "利益処分"}}};
+    for (const int type : {0, 1}) {
+        Make_Company(1, static_cast<std::int16_t>(type + 1), 10);
         Put_Amounts({{300, 30}, {310, 4}});
         Open();
-        EXPECT_EQ(form->objectName(), type == 1 ? "Frm_KsZaiUP" : "Frm_KsZaiUPKJ");
+        EXPECT_EQ(form->objectName(), type == 0 ? "Frm_KsZaiUP" : "Frm_KsZaiUPKJ");
         for (const auto& section : sections) {
             Section(section.place);
-            EXPECT_EQ(Panel("Lbl_SubTitle"), type == 1 ? section.title : section.individual);
-            EXPECT_EQ(shell.menu.screen.number, 60 + section.place);
+            EXPECT_EQ(Panel("Lbl_SubTitle"), section.titles[type]);
             EXPECT_EQ(std::to_string(grid->Row_Count()), Rows_Between(section.first, section.last));
         }
-        if (type == 1) {
+        if (type == 0) {
             EXPECT_EQ(Panel("BsIp_Hyok(2)") + " " + Panel("BsIp_Skb(2)"), "30 4") << "beyond the section";
         }
         Press("Cmd_Upz(13)");
@@ -176,12 +172,8 @@ TEST_F(Corporation_Journal, Opening_Fills_Balances_And_Leaves_The_Scenario_Unsta
 }
 
 TEST_F(Corporation_Journal, Every_Button_Asks_And_Stores_As_It_Says) {
-    const struct {
-        const char* name;
-        const char* question; ///< none asks nothing
-        const char* stored;
-        std::vector<std::string> opens;
-    } buttons[] = {
+    // question: none asks nothing
+    const std::tuple<const char*, const char*, const char*, std::vector<std::string>> buttons[] = {
         {"BLCheck",
          "編集保存確認：編集中の改善財務諸表を一旦保存します。\nよろしいですか？",
          "70=-=570",
@@ -201,34 +193,34 @@ TEST_F(Corporation_Journal, Every_Button_Asks_And_Stores_As_It_Says) {
          "70=-=570",
          {}},
     };
-    for (const auto& button : buttons) {
-        SCOPED_TRACE(button.name);
+    for (const auto& [name, question, in_store, opens] : buttons) {
+        SCOPED_TRACE(name);
         Make_Company(1, 1, 10);
         Put_Amounts({{100, 500}, {200, 30}});
         Put_Amounts({{200, 9}}, "借方");
         Open();
         Enter("Kari(0)", "70");
         std::vector<std::string> opened;
-        shell.on_open_form = [&](const QString& name) {
-            opened.push_back(name.toStdString());
-            EXPECT_TRUE(name != QLatin1String("Frm_KeieiKz") ||
+        shell.on_open_form = [&](const QString& screen) {
+            opened.push_back(screen.toStdString());
+            EXPECT_TRUE(screen != QLatin1String("Frm_KeieiKz") ||
                         (shell.menu.mode == Sim_Mode::Improvement &&
                          shell.menu.screen.title == "改善シミュレーション－Ｙ点試算"));
         };
         messages.shown.clear();
-        if (button.question != nullptr) {
-            Click(*form, button.name);
-            EXPECT_EQ(Last_Box(), button.question);
+        if (question != nullptr) {
+            Click(*form, name);
+            EXPECT_EQ(Last_Box(), question);
             EXPECT_TRUE(opened.empty() && form->isVisible()) << "No is the default";
             EXPECT_EQ(Entries("100"), "-=-=500");
             messages.answers = {Answer::Yes};
         }
-        Click(*form, button.name);
-        EXPECT_EQ(Entries("100"), button.stored);
-        EXPECT_EQ(opened, button.opens);
-        EXPECT_EQ(form->isVisible(), std::string_view(button.name) != "Canseru");
+        Click(*form, name);
+        EXPECT_EQ(Entries("100"), in_store);
+        EXPECT_EQ(opened, opens);
+        EXPECT_EQ(form->isVisible(), std::string_view(name) != "Canseru");
         EXPECT_EQ(shell.menu.screen.title, "貸借対照表－流動資産");
-        if (std::string_view(button.name) == "DtClear") {
+        if (std::string_view(name) == "DtClear") {
             EXPECT_EQ(Cell("Kari(0)") + Entries("200"), "-=-=30");
         }
     }

@@ -133,9 +133,8 @@ TEST_P(Firm_Test, The_Panel_Follows_The_Keys_To_What_The_Store_Comes_To) {
 }
 
 TEST_P(Firm_Test, Depreciation_Comes_Off_The_Asset_Above_It) {
-    const struct {
-        Value cost, depreciation, book;
-    } cases[] = {{1000, 300, 700.0}, {1000, {}, 1000.0}, {{}, 300, -300.0}, {{}, {}, {}}, {0, {}, 0.0}};
+    const std::tuple<Value, Value, Value> cases[] = {
+        {1000, 300, 700.0}, {1000, {}, 1000.0}, {{}, 300, -300.0}, {{}, {}, {}}, {0, {}, 0.0}};
     // The lines of leases are a corporation's; what stands between the triples has no book value.
     const bool old = GetParam().form_2008;
     std::vector<int> costs = {130, 133, 136, old ? 141 : 144};
@@ -148,11 +147,11 @@ TEST_P(Firm_Test, Depreciation_Comes_Off_The_Asset_Above_It) {
     for (const int cost : costs) {
         const std::size_t row = Row_Of(section, cost);
         EXPECT_FALSE(section.Rows()[row + 1].name_open) << cost;
-        for (const auto& c : cases) {
-            EXPECT_EQ(section.Set_Amount(row, c.cost), row + 2) << cost;
-            EXPECT_EQ(section.Set_Amount(row + 1, c.depreciation), row + 2) << cost;
+        for (const auto& [price, depreciation, book] : cases) {
+            EXPECT_EQ(section.Set_Amount(row, price), row + 2) << cost;
+            EXPECT_EQ(section.Set_Amount(row + 1, depreciation), row + 2) << cost;
             EXPECT_EQ(section.Rows()[row + 2].code, cost + 2);
-            EXPECT_TRUE(section.Rows()[row + 2].amount == c.book) << cost << " " << c.book.As_Text();
+            EXPECT_TRUE(section.Rows()[row + 2].amount == book) << cost << " " << book.As_Text();
         }
     }
     for (const int alone : {139, old ? 140 : 143}) {
@@ -210,13 +209,7 @@ TEST_F(Corporation_Test, No_Failing_Write_Separates_Amounts_And_Totals) {
 
 TEST_F(Section_Test, Y_Needs_A_Complete_And_Of_A_Corporation_A_Balanced_Statement) {
     /// A statement that is complete and balances, with one account changed.
-    const struct {
-        const char* name;
-        std::int16_t type;
-        std::map<int, double> change;
-        const char* boxes;
-        const char* check;
-    } cases[] = {
+    const std::tuple<const char*, std::int16_t, std::map<int, double>, const char*, const char*> cases[] = {
         {"corporation", 1, {}, "編集保存確認", "ＯＫ！"},
         {"one yen too much", 1, {{100, 3001}}, "編集保存確認 バランス不合エラー", "Ｎｏ！"},
         {"no profit carried", 1, {{838, 0}}, "編集保存確認 バランス不合エラー", "Ｎｏ！"},
@@ -227,21 +220,21 @@ TEST_F(Section_Test, Y_Needs_A_Complete_And_Of_A_Corporation_A_Balanced_Statemen
         {"individual without gross profit", 2, {{530, 2000}}, "編集保存確認", "Ｎｏ？"},
         {"individual without completed work", 2, {{400, 0}, {401, 900}}, "財務データエラー", "Ｎｏ？"},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.name);
-        Make_Company(1, c.type, 10);
+    for (const auto& [name, type, change, boxes, check] : cases) {
+        SCOPED_TRACE(name);
+        Make_Company(1, type, 10);
         Put_Amounts({{100, 3000}, {139, 4000}, {200, 1000}, {250, 5000}, {400, 2000}, {530, 1200}});
         // The remainder is 1000 and the profit 800.
         Put_Amounts({{838, 150}, {901, -50}});
-        Put_Amounts(c.change);
+        Put_Amounts(change);
         const Statement_Section section = Open(200);
         EXPECT_FALSE(section.Y_Disp()) << "No is the default";
         messages.shown.clear();
         messages.answers = {Answer::Yes};
-        EXPECT_EQ(section.Y_Disp(), std::string_view(c.boxes) == "編集保存確認");
+        EXPECT_EQ(section.Y_Disp(), std::string_view(boxes) == "編集保存確認");
         messages.answers.clear();
-        EXPECT_EQ(Told(), c.boxes);
-        EXPECT_EQ(section.Panel().Check_Text(), "チェック ⇒ " + std::string(c.check));
+        EXPECT_EQ(Told(), boxes);
+        EXPECT_EQ(section.Panel().Check_Text(), "チェック ⇒ " + std::string(check));
     }
 }
 

@@ -185,11 +185,7 @@ class National_Test : public Statement_Test {
 };
 
 TEST_F(National_Test, Flags_Of_Rows) {
-    const struct {
-        const char* change;
-        int code;
-        double shukei, shukei_kk;
-    } cases[] = {
+    const std::tuple<const char*, int, double, double> cases[] = {
         {"UPDATE Ks_Zaihyo SET 仮金額 = Null", 129, 900, 900},
         {"UPDATE Ks_Zaihyo SET 非表示識別=-1 WHERE 建設科目CD=100", 129, -100, 900},
         {"UPDATE Ks_Zaihyo SET 集計識別=0 WHERE 建設科目CD=100", 129, -100, -100},
@@ -199,15 +195,15 @@ TEST_F(National_Test, Flags_Of_Rows) {
         {"DELETE FROM Ks_Zaihyo WHERE 建設科目CD=229", 249, 350, 350},
         {"DELETE FROM Ks_Zaihyo WHERE 建設科目CD=260", 269, 7, 7},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.change);
+    for (const auto& [change, code, shukei, shukei_kk] : cases) {
+        SCOPED_TRACE(change);
         Make_Company(1, 1, 10);
         Put_Amounts({{100, 1000}, {114, 100}, {201, 300}, {232, 50}, {268, 7}});
-        Cn_Open(session).Execute(c.change);
+        Cn_Open(session).Execute(change);
         Zaimu_Shukei(session, Amount_Column::Current);
-        EXPECT_EQ(Amount(c.code), c.shukei);
+        EXPECT_EQ(Amount(code), shukei);
         Zaimu_Shukei_KK(session);
-        EXPECT_EQ(Amount(c.code, "改善後残高"), c.shukei_kk);
+        EXPECT_EQ(Amount(code, "改善後残高"), shukei_kk);
         EXPECT_EQ(Amount(199), Amount(399));
     }
 }

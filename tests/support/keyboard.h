@@ -22,8 +22,8 @@ inline void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
 
 /// Characters of any width into it.
 inline void Type(const std::string& keys) {
-    for (const QChar c : QString::fromStdString(keys)) {
-        QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(c));
+    for (const char32_t c : QString::fromStdString(keys).toUcs4()) {
+        QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString::fromUcs4(&c, 1));
         QApplication::sendEvent(QApplication::focusWidget(), &press);
     }
 }

@@ -81,6 +81,9 @@ class Background_Work : public Ui_Installation {
     void Expect_Seen() {
         ASSERT_TRUE(QTest::qWaitFor([this] { return form->Is_Seen(); }));
     }
+    void Expect_Ended() {
+        ASSERT_TRUE(QTest::qWaitFor([this] { return form->Window() == nullptr; }));
+    }
 
     std::shared_ptr<Gate_Of_Job> gate = std::make_shared<Gate_Of_Job>();
     std::unique_ptr<Working_Form> form = std::make_unique<Working_Form>(shell);
@@ -142,7 +145,7 @@ TEST_F(Background_Work, Other_Work_Is_Waited_For) {
             EXPECT_NE(form->Window(), nullptr);
             gate->open = true;
         }
-        ASSERT_TRUE(QTest::qWaitFor([this] { return form->Window() == nullptr; }));
+        Expect_Ended();
         EXPECT_EQ(form->results.size(), obeys ? 0U : 1U) << "what was done all the same is told";
     }
 }
@@ -150,10 +153,10 @@ TEST_F(Background_Work, Other_Work_Is_Waited_For) {
 TEST_F(Background_Work, A_Failure_Comes_Out_In_The_Guard) {
     form->Work(
         [](Progress&) -> int { throw Store_Error("x.dat", Store_Error::Reason::Disk_Full, "書き込み"); });
-    ASSERT_TRUE(QTest::qWaitFor([this] { return form->Window() == nullptr; }));
+    Expect_Ended();
     EXPECT_PRED2(Has, shell.failure, "x.dat");
     form->Work([](Progress&) -> int { throw Run_Time_Error(Run_Time_Error::Kind::Overflow, "合計"); });
-    ASSERT_TRUE(QTest::qWaitFor([this] { return form->Window() == nullptr; }));
+    Expect_Ended();
     EXPECT_EQ(messages.shown.size(), 1U);
     EXPECT_TRUE(form->results.empty());
 }

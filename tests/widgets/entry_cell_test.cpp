@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "widgets/entry_cell.h"
 
-#include "support/ui_fixture.h"
+#include "support/keyboard.h"
 #include "widgets/entry_text.h"
 
 #include <QClipboard>
@@ -23,21 +23,24 @@ class Entry_Cell_Test : public ::testing::Test {
         layout->addWidget(&cell);
         layout->addWidget(&other);
         cell.Set_Choices("13");
-        window.show();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        Show(window);
         other.setFocus();
         QObject::connect(&cell, &Entry_Cell::Refused, [this] { ++refused; });
         QObject::connect(&cell, &Entry_Cell::Left, [this] { ++left; });
     }
 
-    void Type(const char* keys) {
-        for (const char32_t c : QString::fromUtf8(keys).toUcs4()) {
-            QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString::fromUcs4(&c, 1));
-            QApplication::sendEvent(&cell, &press);
-        }
+    /// Comes to the cell by the keyboard, with a value in it.
+    void Come_To(const Value& value) {
+        cell.Set_Value(value);
+        cell.setFocus(Qt::TabFocusReason);
+        refused = 0;
     }
 
-    void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(&cell, key, modifiers); }
+    /// A key with the text that it has by its modifiers.
+    void Send(int key, Qt::KeyboardModifiers modifiers, const QString& text) {
+        QKeyEvent press(QEvent::KeyPress, key, modifiers, text);
+        QApplication::sendEvent(&cell, &press);
+    }
 
     QWidget window;
     Entry_Cell cell{Entry_Kind::Amount};
@@ -64,23 +67,19 @@ TEST_F(Entry_Cell_Test, Amount_Is_Bare_In_Focus_And_Formatted_When_Left) {
 TEST_F(Entry_Cell_Test, Passing_A_Cell_Changes_Nothing) {
     for (const Value& value : {Value(999.5), Value(123456789012.0), Value()}) {
         cell.setMaxLength(5);
-        cell.Set_Value(value);
-        cell.setFocus(Qt::TabFocusReason);
+        Come_To(value);
         other.setFocus(Qt::TabFocusReason);
         EXPECT_EQ(cell.Entry(), value);
     }
 }
 
 TEST_F(Entry_Cell_Test, A_Text_That_Is_No_Number_Keeps_The_Focus) {
-    cell.Set_Value(777);
     bool moved_on = false;
     QObject::connect(&cell, &Entry_Cell::Next_Field, [&] { moved_on = true; });
-    const std::vector<std::function<void()>> ways = {[this] { Key(Qt::Key_Return); },
-                                                     [this] { Key(Qt::Key_Tab); },
+    const std::vector<std::function<void()>> ways = {[] { Key(Qt::Key_Return); }, [] { Key(Qt::Key_Tab); },
                                                      [this] { QTest::mouseClick(&other, Qt::LeftButton); }};
     for (const auto& leave : ways) {
-        cell.setFocus(Qt::TabFocusReason);
-        refused = 0;
+        Come_To(777);
         Type("--5");
         leave();
         QTest::qWait(1);
@@ -97,8 +96,8 @@ TEST_F(Entry_Cell_Test, Every_Way_In_Is_Filtered) {
     dragged.setText("△1,23");
     QApplication::clipboard()->setText("（４５,６）\n");
     const std::vector<std::pair<std::function<void()>, const char*>> ways = {
-        {[this] { Key(Qt::Key_V, Qt::ControlModifier); }, "-456"},
-        {[this] { Key(Qt::Key_Insert, Qt::ShiftModifier); }, "-456"},
+        {[] { Key(Qt::Key_V, Qt::ControlModifier); }, "-456"},
+        {[] { Key(Qt::Key_Insert, Qt::ShiftModifier); }, "-456"},
         {[&] {
              QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
              static_cast<QObject&>(cell).event(&drop);
@@ -121,8 +120,7 @@ TEST_F(Entry_Cell_Test, Every_Way_In_Is_Filtered) {
          "-8"},
     };
     for (const auto& [way, expected] : ways) {
-        cell.Set_Value({});
-        cell.setFocus(Qt::TabFocusReason);
+        Come_To({});
         way();
         EXPECT_EQ(cell.Bare_Text(), expected);
         cell.Set_Locked(true);
@@ -142,24 +140,18 @@ TEST_F(Entry_Cell_Test, Every_Way_In_Is_Filtered) {
 }
 
 TEST_F(Entry_Cell_Test, Keys_By_Kind) {
-    const struct {
-        Entry_Kind kind;
-        const char* keys;
-        const char* text;
-        int refused;
-    } cases[] = {{Entry_Kind::Choice, "1", "1", 0},
-                 {Entry_Kind::Choice, "123", "3", 1},
-                 {Entry_Kind::Digits, "-0９a", "09", 2},
-                 {Entry_Kind::Amount, "5-", "5-", 0},
-                 {Entry_Kind::Text, "株 𠮷野-1", "株 𠮷野-1", 0}};
-    for (const auto& c : cases) {
-        cell.Set_Kind(c.kind);
-        cell.Set_Value({});
-        cell.setFocus(Qt::TabFocusReason);
-        refused = 0;
-        Type(c.keys);
-        EXPECT_EQ(cell.Bare_Text(), c.text);
-        EXPECT_EQ(refused, c.refused) << c.keys;
+    const std::tuple<Entry_Kind, const char*, const char*, int> cases[] = {
+        {Entry_Kind::Choice, "1", "1", 0},
+        {Entry_Kind::Choice, "123", "3", 1},
+        {Entry_Kind::Digits, "-0９a", "09", 2},
+        {Entry_Kind::Amount, "5-", "5-", 0},
+        {Entry_Kind::Text, "株 𠮷野-1", "株 𠮷野-1", 0}};
+    for (const auto& [kind, keys, text, refusals] : cases) {
+        cell.Set_Kind(kind);
+        Come_To({});
+        Type(keys);
+        EXPECT_EQ(cell.Bare_Text(), text);
+        EXPECT_EQ(refused, refusals) << keys;
     }
     Key(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_NE(cell.Bare_Text(), "株 𠮷野-1") << "typing can be undone in the cell";
@@ -177,21 +169,17 @@ TEST_F(Entry_Cell_Test, No_Text_Comes_In_With_Ctrl_Alt_Or_Meta) {
     for (const Entry_Kind kind : {Entry_Kind::Text, Entry_Kind::Digits, Entry_Kind::Decimal,
                                   Entry_Kind::Amount, Entry_Kind::Figure, Entry_Kind::Choice}) {
         cell.Set_Kind(kind);
-        cell.Set_Value(3);
-        cell.setFocus(Qt::TabFocusReason);
+        Come_To(3);
         for (const auto& [key, modifiers] : slips) {
-            QKeyEvent press(QEvent::KeyPress, key, modifiers, QString(QChar(key)).toLower());
-            QApplication::sendEvent(&cell, &press);
+            Send(key, modifiers, QString(QChar(key)).toLower());
             EXPECT_EQ(cell.Bare_Text(), "3") << key << " " << static_cast<int>(modifiers);
         }
         // A character of the user's own and a joiner are text and nothing else.
         for (const char16_t mark : {u'\uE000', u'\u200D'}) {
-            QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(QChar(mark)));
-            QApplication::sendEvent(&cell, &press);
+            Send(0, Qt::NoModifier, QString(QChar(mark)));
         }
         EXPECT_EQ(cell.text().size(), kind == Entry_Kind::Text ? 2 : 1);
-        QKeyEvent by_third_level(QEvent::KeyPress, Qt::Key_1, Qt::GroupSwitchModifier, QStringLiteral("1"));
-        QApplication::sendEvent(&cell, &by_third_level);
+        Send(Qt::Key_1, Qt::GroupSwitchModifier, QStringLiteral("1"));
         EXPECT_TRUE(cell.text().endsWith(QLatin1Char('1'))) << "AltGr makes characters";
     }
 }
@@ -200,8 +188,7 @@ TEST_F(Entry_Cell_Test, A_Mnemonic_Passes_The_Cell) {
     other.setText(QStringLiteral("閉じる(&C)"));
     bool pressed = false;
     QObject::connect(&other, &QPushButton::clicked, [&] { pressed = true; });
-    cell.Set_Value(5);
-    cell.setFocus(Qt::TabFocusReason);
+    Come_To(5);
     QTest::keyClick(window.windowHandle(), Qt::Key_C, Qt::AltModifier);
     EXPECT_TRUE(QTest::qWaitFor([&] { return pressed; }, 2000));
     EXPECT_EQ(cell.Bare_Text(), "5");
@@ -210,8 +197,7 @@ TEST_F(Entry_Cell_Test, A_Mnemonic_Passes_The_Cell) {
 TEST_F(Entry_Cell_Test, Esc_Takes_Back_What_Is_Typed_And_Then_Is_The_Forms) {
     for (const Entry_Kind kind : {Entry_Kind::Text, Entry_Kind::Digits, Entry_Kind::Amount}) {
         cell.Set_Kind(kind);
-        cell.Set_Value(1234);
-        cell.setFocus(Qt::TabFocusReason);
+        Come_To(1234);
         for (const bool expected : {true, false}) {
             QKeyEvent press(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
             if (expected) {
@@ -227,23 +213,21 @@ TEST_F(Entry_Cell_Test, Esc_Takes_Back_What_Is_Typed_And_Then_Is_The_Forms) {
 
 TEST_F(Entry_Cell_Test, A_Click_Selects_The_Next_One_Places_The_Cursor) {
     cell.Set_Value(437);
-    const QPoint behind_first(cell.width() - 22, cell.height() / 2);
-    QTest::mouseClick(&cell, Qt::LeftButton, {}, behind_first);
-    EXPECT_EQ(cell.selectedText().toStdString(), "437");
-    QTest::mouseClick(&cell, Qt::LeftButton, {}, behind_first);
-    EXPECT_FALSE(cell.hasSelectedText());
+    const auto click = [this] {
+        QTest::mouseClick(&cell, Qt::LeftButton, {}, QPoint(cell.width() - 22, cell.height() / 2));
+        return cell.selectedText().toStdString();
+    };
+    EXPECT_EQ(click(), "437");
+    EXPECT_EQ(click(), "");
     other.setFocus();
-    QTest::mouseClick(&cell, Qt::LeftButton, {}, behind_first);
+    click();
     Type("9");
     EXPECT_EQ(cell.text().toStdString(), "9");
     // Where the keyboard has selected it the first click finds the focus there.
-    cell.Set_Value(437);
     other.setFocus();
-    cell.setFocus(Qt::TabFocusReason);
-    QTest::mouseClick(&cell, Qt::LeftButton, {}, behind_first);
-    EXPECT_EQ(cell.selectedText().toStdString(), "437");
-    QTest::mouseClick(&cell, Qt::LeftButton, {}, behind_first);
-    EXPECT_FALSE(cell.hasSelectedText());
+    Come_To(437);
+    EXPECT_EQ(click(), "437");
+    EXPECT_EQ(click(), "");
     // Dragging marks from where the press was.
     cell.Set_Value(437);
     other.setFocus();
@@ -262,8 +246,7 @@ TEST_F(Entry_Cell_Test, A_Button_Is_Not_Pressed_Over_A_Refused_Entry) {
     bool pressed = false;
     QObject::connect(&other, &QPushButton::clicked, [&] { pressed = true; });
     for (const bool quick : {true, false}) {
-        cell.Set_Value(777);
-        cell.setFocus(Qt::TabFocusReason);
+        Come_To(777);
         Type("--5");
         QTest::mousePress(&other, Qt::LeftButton);
         if (!quick) {
@@ -283,6 +266,8 @@ TEST_F(Entry_Cell_Test, A_Locked_Amount_Keeps_Its_Commas) {
     cell.Set_Locked(true);
     cell.Set_Value(-1234567);
     cell.setFocus(Qt::TabFocusReason);
+    EXPECT_EQ(cell.text().toStdString(), "-1,234,567");
+    cell.Set_Value(-1234567);
     EXPECT_EQ(cell.text().toStdString(), "-1,234,567");
     EXPECT_EQ(cell.Entry(), Value(-1234567.0));
     EXPECT_FALSE(cell.Is_Uncommitted());
@@ -316,21 +301,17 @@ TEST_F(Entry_Cell_Test, A_Window_Over_The_Cells_Own_Does_Not_Leave_It) {
 }
 
 TEST(Entry_Text_Test, Only_What_Is_Keyed_Here_Is_A_Number) {
-    const struct {
-        const char* text;
-        bool amount;
-        bool figure;
-        bool decimal;
-    } cases[] = {{"", true, true, true},        {"007", true, true, true},      {"-0", true, false, false},
-                 {"1.5", false, false, true},   {"1.2.3", false, false, false}, {".", false, false, false},
-                 {"inf", false, false, false},  {"nan", false, false, false},   {"1e5", false, false, false},
-                 {"0x1F", false, false, false}, {"+5", false, false, false},    {"5-", false, false, false},
-                 {"-", false, false, false},    {" 5", false, false, false}};
-    for (const auto& c : cases) {
-        EXPECT_EQ(Is_Entry(Entry_Kind::Amount, {}, c.text), c.amount) << c.text;
-        EXPECT_EQ(Is_Entry(Entry_Kind::Figure, {}, c.text), c.figure) << c.text;
-        EXPECT_EQ(Is_Entry(Entry_Kind::Digits, {}, c.text), c.figure) << c.text;
-        EXPECT_EQ(Is_Entry(Entry_Kind::Decimal, {}, c.text), c.decimal) << c.text;
+    const std::tuple<const char*, bool, bool, bool> cases[] = {
+        {"", true, true, true},        {"007", true, true, true},      {"-0", true, false, false},
+        {"1.5", false, false, true},   {"1.2.3", false, false, false}, {".", false, false, false},
+        {"inf", false, false, false},  {"nan", false, false, false},   {"1e5", false, false, false},
+        {"0x1F", false, false, false}, {"+5", false, false, false},    {"5-", false, false, false},
+        {"-", false, false, false},    {" 5", false, false, false}};
+    for (const auto& [text, amount, figure, decimal] : cases) {
+        EXPECT_EQ(Is_Entry(Entry_Kind::Amount, {}, text), amount) << text;
+        EXPECT_EQ(Is_Entry(Entry_Kind::Figure, {}, text), figure) << text;
+        EXPECT_EQ(Is_Entry(Entry_Kind::Digits, {}, text), figure) << text;
+        EXPECT_EQ(Is_Entry(Entry_Kind::Decimal, {}, text), decimal) << text;
     }
     EXPECT_EQ(Entry_Value(Entry_Kind::Amount, "-0"), Value(0.0));
     EXPECT_FALSE(std::signbit(std::get<double>(Entry_Value(Entry_Kind::Amount, "-0").held)));
@@ -339,15 +320,13 @@ TEST(Entry_Text_Test, Only_What_Is_Keyed_Here_Is_A_Number) {
 }
 
 TEST(Entry_Text_Test, Figures_Of_Other_Programs) {
-    const struct {
-        const char* shown;
-        const char* bare;
-    } cases[] = {{"￥1,234円", "1234"}, {" (5,678) ", "-5678"}, {"▲９，０００", "-9000"},
-                 {"１２．００", "12"},  {"12.50", "12.50"},     {"-", "-"},
-                 {"()", "()"},          {"1.2E+3", "1.2E+3"},   {"", ""},
-                 {".0", ".0"}};
-    for (const auto& c : cases) {
-        EXPECT_EQ(Bare_Figure(QString::fromUtf8(c.shown)).toStdString(), c.bare);
+    const std::pair<const char*, const char*> cases[] = {
+        {"￥1,234円", "1234"}, {" (5,678) ", "-5678"}, {"▲９，０００", "-9000"},
+        {"１２．００", "12"},  {"12.50", "12.50"},     {"-", "-"},
+        {"()", "()"},          {"1.2E+3", "1.2E+3"},   {"", ""},
+        {".0", ".0"}};
+    for (const auto& [shown, bare] : cases) {
+        EXPECT_EQ(Bare_Figure(QString::fromUtf8(shown)).toStdString(), bare);
     }
 }
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "widgets/entry_grid.h"
 
-#include "support/ui_fixture.h"
+#include "support/keyboard.h"
 #include "widgets/grid_block.h"
 
 #include <QClipboard>
@@ -30,19 +30,9 @@ class Entry_Grid_Test : public ::testing::Test {
         layout->addWidget(&after);
         grid->Set_Captions({{"工種", 10}}, {{"土木"}, {"建築"}, {"大工"}});
         window.resize(800, 400);
-        window.show();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        Show(window);
         grid->setFocus(Qt::TabFocusReason);
     }
-
-    /// Presses a key where the focus is.
-    static void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
-        QTest::keyClick(QApplication::focusWidget(), key, modifiers);
-    }
-    static void Type(const char* keys) { QTest::keyClicks(QApplication::focusWidget(), keys); }
-
-    /// The name of what has the focus, in the grid the control name of the cell.
-    static std::string Place() { return QApplication::focusWidget()->objectName().toStdString(); }
 
     /// The texts of all rows of the columns A, B, C.
     std::string Texts() const {
@@ -55,7 +45,7 @@ class Entry_Grid_Test : public ::testing::Test {
         return texts;
     }
 
-    void Paste(const char* text) {
+    static void Paste(const char* text) {
         QApplication::clipboard()->setText(QString::fromUtf8(text));
         Key(Qt::Key_V, Qt::ControlModifier);
     }
@@ -71,13 +61,7 @@ TEST_F(Entry_Grid_Test, Keys_Move_Through_The_Cells) {
     using enum Qt::KeyboardModifier;
     const Grid_Keys same_column{.wrap = Grid_Wrap::Same_Column, .row_step_at_right = -1};
     const Grid_Keys stop{.wrap = Grid_Wrap::Stop, .enter_along_row = true, .arrows_leave = true};
-    const struct {
-        Grid_Keys keys;
-        const char* from;
-        Qt::Key key;
-        Qt::KeyboardModifiers modifiers;
-        const char* to;
-    } moves[] = {
+    const std::tuple<Grid_Keys, const char*, Qt::Key, Qt::KeyboardModifiers, const char*> moves[] = {
         {{}, "A(0)", Key_Return, NoModifier, "A(1)"},
         {{}, "A(2)", Key_Return, NoModifier, "B(0)"},
         {{}, "C(2)", Key_Down, NoModifier, "A(0)"},
@@ -110,11 +94,11 @@ TEST_F(Entry_Grid_Test, Keys_Move_Through_The_Cells) {
         {{}, "B(2)", Key_Home, ControlModifier, "A(0)"},
         {{}, "P(0)", Key_Up, NoModifier, "C(2)"}, // a button stands beyond the entry columns
     };
-    for (const auto& move : moves) {
-        grid->Set_Keys(move.keys);
-        ASSERT_TRUE(grid->Focus_Cell(move.from));
-        Key(move.key, move.modifiers);
-        EXPECT_EQ(Place(), move.to) << move.from << " " << move.key;
+    for (const auto& [keys, from, key, modifiers, to] : moves) {
+        grid->Set_Keys(keys);
+        ASSERT_TRUE(grid->Focus_Cell(from));
+        Key(key, modifiers);
+        EXPECT_EQ(Place(), to) << from << " " << key;
     }
 }
 
@@ -154,8 +138,7 @@ TEST_F(Entry_Grid_Test, An_Entry_Holds_When_Its_Cell_Is_Left_By_Any_Way) {
 
 TEST_F(Entry_Grid_Test, What_Is_Composed_Belongs_To_Its_Cell) {
     Entry_Grid names({{.name = "Kamk", .kind = Entry_Kind::Text}}, 2);
-    names.show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&names));
+    Show(names);
     names.Focus_Cell("Kamk(0)");
     QInputMethodEvent composing("現金", {});
     QApplication::sendEvent(QApplication::focusWidget(), &composing);
@@ -189,9 +172,9 @@ TEST_F(Entry_Grid_Test, Cells_Take_Only_Their_Keys) {
     int pressed = 0;
     QObject::connect(grid, &Entry_Grid::Button_Pressed, [&](int row, int) { pressed += row; });
     grid->Focus_Cell("P(2)");
-    Type(" ");
+    Key(Qt::Key_Space);
     grid->Set_Locked(2, 4, true);
-    Type(" ");
+    Key(Qt::Key_Space);
     EXPECT_EQ(pressed, 2) << "a locked button is disabled";
 }
 
@@ -317,8 +300,7 @@ TEST_F(Entry_Grid_Test, A_Mark_Column_Is_No_Part_Of_A_Block) {
                       {.name = "M", .kind = Entry_Kind::Choice, .choices = "1", .in_blocks = false},
                       {.name = "B"}},
                      2);
-    marks.show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&marks));
+    Show(marks);
     marks.Set_Value("M(0)", 1);
     marks.Focus_Cell("A(0)");
     Paste("10\t20\n30\t40\t50\n");
@@ -429,16 +411,13 @@ TEST_F(Entry_Grid_Test, The_Rows_Scroll_Over_The_Totals) {
     const QList<Grid_View*> views = grid->findChildren<Grid_View*>();
     const auto place = [&] { return views[1]->mapTo(grid, QPoint()); };
     const QPoint before_scrolling = place();
-    const struct {
-        Qt::Key key;
-        Qt::KeyboardModifiers modifiers;
-    } ways[] = {{Qt::Key_PageDown, {}},
-                {Qt::Key_End, Qt::ControlModifier},
-                {Qt::Key_PageUp, {}},
-                {Qt::Key_Home, Qt::ControlModifier},
-                {Qt::Key_Up, {}}};
-    for (const auto& way : ways) {
-        Key(way.key, way.modifiers);
+    const std::pair<Qt::Key, Qt::KeyboardModifiers> ways[] = {{Qt::Key_PageDown, {}},
+                                                              {Qt::Key_End, Qt::ControlModifier},
+                                                              {Qt::Key_PageUp, {}},
+                                                              {Qt::Key_Home, Qt::ControlModifier},
+                                                              {Qt::Key_Up, {}}};
+    for (const auto& [key, modifiers] : ways) {
+        Key(key, modifiers);
         EXPECT_TRUE(views[0]->viewport()->rect().contains(views[0]->Cell_Rect(grid->Current())))
             << grid->Current().row;
         EXPECT_EQ(QApplication::focusWidget()->geometry(), views[0]->Cell_Rect(grid->Current()));

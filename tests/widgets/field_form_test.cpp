@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "widgets/field_form.h"
 
-#include "support/ui_fixture.h"
+#include "support/keyboard.h"
 
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -28,8 +28,7 @@ class Field_Form_Test : public ::testing::Test {
         auto* layout = new QVBoxLayout(&window);
         layout->addWidget(form);
         layout->addWidget(button);
-        window.show();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        Show(window);
     }
 
     QWidget window;
@@ -41,8 +40,8 @@ TEST_F(Field_Form_Test, Enter_Moves_On_Through_All_Cells_To_What_Follows) {
     form->Focus("Yu1");
     std::string way;
     for (int i = 0; i < 4; ++i) {
-        way += QApplication::focusWidget()->objectName().toStdString() + " ";
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        way += Place() + " ";
+        Key(Qt::Key_Return);
     }
     EXPECT_EQ(way, "Yu1 Yu2 HoKo Syozai ");
     EXPECT_TRUE(button->hasFocus());

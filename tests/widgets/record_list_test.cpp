@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "widgets/record_list.h"
 
-#include "support/ui_fixture.h"
+#include "support/keyboard.h"
 
 namespace morvane::tests {
 namespace {
@@ -15,8 +15,7 @@ class Record_List_Test : public ::testing::Test {
             return column == 0 ? QString::number(row) : QStringLiteral("ｶﾌﾞ%1建設").arg(row);
         });
         list.resize(500, 300);
-        list.show();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&list));
+        Show(list);
         QObject::connect(&list, &Record_List::Row_Opened, [this](int row) { opened.push_back(row); });
     }
 
@@ -45,12 +44,10 @@ TEST_F(Record_List_Test, Keys_Reach_The_Ends_And_The_Marked_Record) {
     list.Show_Row(4321);
     EXPECT_EQ(list.Selected_Row(), -1) << "marked is not selected";
     EXPECT_TRUE(list.viewport()->rect().contains(list.visualRect(list.model()->index(4321, 0))));
-    QTest::keyClick(&list, Qt::Key_Down);
-    EXPECT_EQ(list.Selected_Row(), 4321);
-    QTest::keyClick(&list, Qt::Key_End);
-    EXPECT_EQ(list.Selected_Row(), 9999);
-    QTest::keyClick(&list, Qt::Key_Home);
-    EXPECT_EQ(list.Selected_Row(), 0);
+    for (const auto& [key, row] : {std::pair{Qt::Key_Down, 4321}, {Qt::Key_End, 9999}, {Qt::Key_Home, 0}}) {
+        QTest::keyClick(&list, key);
+        EXPECT_EQ(list.Selected_Row(), row);
+    }
 }
 
 TEST_F(Record_List_Test, Typed_Characters_Find_A_Record) {

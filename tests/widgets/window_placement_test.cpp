@@ -8,18 +8,15 @@ namespace {
 
 TEST(Window_Placement_Test, No_Window_Stands_Off_The_Screen) {
     const QList<QRect> screens = {{0, 0, 1366, 768}, {1366, 0, 1920, 1080}};
-    const struct {
-        QRect wanted;
-        QRect placed;
-    } cases[] = {
+    const std::pair<QRect, QRect> cases[] = {
         {{100, 50, 800, 600}, {100, 50, 800, 600}},
         {{-200, -30, 800, 600}, {0, 0, 800, 600}},
         {{1300, 500, 800, 600}, {1366, 480, 800, 600}},
         {{5000, 5000, 800, 600}, {566, 168, 800, 600}}, // of a screen that is gone
         {{0, 0, 4000, 700}, {1366, 0, 1920, 700}},
     };
-    for (const auto& c : cases) {
-        EXPECT_EQ(On_Screen(c.wanted, screens), c.placed) << c.wanted.x();
+    for (const auto& [wanted, placed] : cases) {
+        EXPECT_EQ(On_Screen(wanted, screens), placed) << wanted.x();
     }
 }
 
@@ -28,11 +25,7 @@ TEST(Window_Placement_Test, A_Second_Window_Stands_Beside_What_Is_Worked_With) {
     const QRect small(0, 32, 1366, 736);
     const QRect large(0, 32, 1920, 1048);
     const QRect field(210, 200, 120, 24);
-    const struct {
-        const char* what;
-        QRect display, form, focus;
-        std::optional<QRect> place;
-    } cases[] = {
+    const std::tuple<const char*, QRect, QRect, QRect, std::optional<QRect>> cases[] = {
         {"right of a narrow form", small, {20, 100, 700, 500}, field, QRect(724, 88, 642, 680)},
         {"left of it", small, {600, 40, 760, 700}, {610, 200, 100, 24}, QRect(0, 40, 596, 680)},
         {"as wide as it asks for", large, {0, 60, 900, 800}, field, QRect(1060, 60, 860, 680)},
@@ -47,8 +40,8 @@ TEST(Window_Placement_Test, A_Second_Window_Stands_Beside_What_Is_Worked_With) {
          QRect(2426, 32, 860, 680)},
         {"too small", {0, 32, 911, 480}, {0, 32, 911, 480}, field, std::nullopt},
     };
-    for (const auto& c : cases) {
-        EXPECT_EQ(Beside(c.form, c.focus, size, c.display), c.place) << c.what;
+    for (const auto& [what, display, screen, focus, place] : cases) {
+        EXPECT_EQ(Beside(screen, focus, size, display), place) << what;
     }
 }
 
