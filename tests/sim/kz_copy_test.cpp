@@ -39,16 +39,18 @@ class Kz_Copy : public Installation {
         Make_Company(1, type, 10);
         Set_Law_Year(session, 10, law.code);
         session.Simyu_Kubun = law.code;
-        const std::string seed = std::to_string(Up_To(999));
-        const std::string entered = " WHERE 金額編集識別<>0";
-        const std::string in_journal =
-            entered + " And (建設科目CD % 3=0 Or 建設科目CD In (131, 134, 273, 290, 702))";
-        Run({"UPDATE Ks_Zaihyo SET 金額=(建設科目CD * 7919 + 104729 * " + seed + ") % 900000 * 1000" +
-                 entered,
-             "UPDATE Ks_Zaihyo SET 借方=(建設科目CD * 7877 + 104723 * " + seed + ") % 90000 * 1000" +
-                 in_journal,
-             "UPDATE Ks_Zaihyo SET 貸方=(建設科目CD * 7873 + 104717 * " + seed + ") % 90000 * 1000" +
-                 in_journal});
+        const Connection cn = Cn_Open(session);
+        Recordset rows = cn.Open("SELECT * FROM Ks_Zaihyo WHERE 金額編集識別<>0 ORDER BY 建設科目CD");
+        for (; !rows.Eof(); rows.Move_Next()) {
+            static const std::set<std::int64_t> always = {131, 134, 273, 290, 702};
+            rows.Set("金額", Up_To(900'000) * 1000.0);
+            for (const char* column : {"借方", "貸方"}) {
+                if (always.contains(rows["建設科目CD"].As_Integer()) || random() % 3 == 0) {
+                    rows.Set(column, Up_To(90'000) * 1000.0);
+                }
+            }
+            rows.Update();
+        }
         Zaimu_Shukei(session, Amount_Column::Current);
         Zaimu_Shukei_KK(session);
         Put_Figures(Genjo, law);
@@ -236,7 +238,7 @@ TEST_F(Kz_Copy, First_Visit_Posts_Where_No_Line_Of_The_Scenario_Holds_Anything) 
     EXPECT_EQ(List("SELECT DISTINCT 改0技術者6 FROM Kandaka_Gj"), "-");
     // An item that was keyed before there was any work stays, and the scores follow it.
     Write_Files(folder.path, files);
-    Cn_Open(session).Execute("UPDATE W_Yoso SET 改善後0=1-現状 WHERE 要素CD=121");
+    Run({"UPDATE W_Yoso SET 改善後0=1-現状 WHERE 要素CD=121"});
     Kaizen_Tenki(session);
     EXPECT_EQ(List("SELECT 改善後0+現状 FROM W_Yoso WHERE 要素CD=121"), "1");
     EXPECT_EQ(List("SELECT abs(改善後0-現状) FROM W_Yoso WHERE 要素CD=120"), "20");
@@ -268,8 +270,7 @@ TEST_F(Kz_Copy, A_Statement_Taken_Over_Adds_Up_And_Its_Journal_Is_Scored) {
 TEST_F(Kz_Copy, The_Items_Before_Are_Shown_As_They_Are_Stored) {
     Make_Firm(Law_Of(4), 1);
     Kaizen_Tenki(session);
-    Cn_Open(session).Execute("UPDATE W_Yoso SET 現状=Null WHERE 要素CD<>201");
-    Cn_Open(session).Execute("UPDATE W_Yoso SET 現状=77 WHERE 要素CD=200");
+    Run({"UPDATE W_Yoso SET 現状=Null WHERE 要素CD<>201", "UPDATE W_Yoso SET 現状=77 WHERE 要素CD=200"});
     const Syokuta_Entry entry(session, improved_figures);
     ASSERT_NE(entry.Shown_Before(), nullptr);
     EXPECT_EQ(entry.Shown_Before()->items.W, 77);
