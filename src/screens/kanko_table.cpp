@@ -253,7 +253,7 @@ constexpr std::array kaiz3zen_columns = {
 constexpr auto kaiz2zen_columns = [] {
     auto columns = kaiz2_columns;
     for (Kanko_Column& column : columns) {
-        column.improved = column.figure == z22.figure && !column.before;
+        column.improved = std::string_view(column.name) == z22.name;
     }
     return columns;
 }();
