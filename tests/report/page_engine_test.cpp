@@ -190,7 +190,11 @@ TEST(Page_Flow_Test, Pages_Carry_Heads_And_Leave_No_Line_Alone) {
         flow.Table(table);
         flow.Space(4);
         flow.Section("二");
-        flow.Paragraph("経営事項審査の結果を、工種ごとに改善の前と後とで比べたものです。", wrap_type);
+        std::string paragraph;
+        for (int i = 0; i < 8; ++i) {
+            paragraph += "文経営事項審査の結果を、工種ごとに改善の前と後とで比べたものです。";
+        }
+        flow.Paragraph(paragraph, wrap_type);
         const std::size_t pages = flow.Print();
         EXPECT_EQ(pages, engine.sheet.Pages().size());
         std::size_t printed_rows = 0;
@@ -212,6 +216,9 @@ TEST(Page_Flow_Test, Pages_Carry_Heads_And_Leave_No_Line_Alone) {
                 return text.starts_with("行") || text.starts_with("見出し");
             });
             EXPECT_NE(of_table, 1) << "a row alone";
+            const auto titles =
+                std::count(body.begin(), body.end(), "一") + std::count(body.begin(), body.end(), "二");
+            EXPECT_NE(static_cast<std::ptrdiff_t>(body.size()) - of_table - titles, 1) << "a line alone";
             EXPECT_EQ(Box_Of(texts, "改善後").size > 0, of_table > 0) << "the head over its rows";
             printed_rows += static_cast<std::size_t>(of_table);
         }

@@ -114,7 +114,7 @@ TEST(Scores, Figures_That_Are_No_Choice) {
         {"W10, units just above 30", W10(3'001, 100, 0, 0, 0), 0},
         {"average of a loss", Average(3, -3, 0, 0).three_year.Count(), -1},
         {"two years of a loss", Average(3, 0, -1, -2).two_year.Count(), -1},
-        {"any other number of years takes three", Average(0, 0, 0, 2).adopted.Count(), 1},
+        {"any other number of years takes three", Average(0, 0, 0, 4).adopted.Count(), 1},
         {"the period before counts alone", Average(2, 9, 3, 4).previous.Count(), 3},
         {"W without a date", Calc_W_2011({Points(8)}, {}).Count(), 76},
     };
