@@ -57,7 +57,10 @@ void Painter_Target::Take_Pen(const Report_Pen& pen) {
     const Qt::PenStyle style = pen.style == 0 ? Qt::SolidLine : pen.style == 1 ? Qt::DashLine : Qt::DotLine;
     // Square ends would fill the gaps between dashes.
     const Qt::PenCapStyle ends = pen.style == 0 ? Qt::SquareCap : Qt::FlatCap;
-    painter.setPen(QPen(Color_Of(pen.color), std::max<int>(pen.width, 1), style, ends, Qt::MiterJoin));
+    // Whole dots of the display at any scale of it, so that rules of a width look alike.
+    const double ratio = painter.device()->devicePixelRatio();
+    const double width = std::max(std::floor(pen.width * ratio), 1.0) / ratio;
+    painter.setPen(QPen(Color_Of(pen.color), width, style, ends, Qt::MiterJoin));
     painter.setBrush(Qt::NoBrush);
 }
 

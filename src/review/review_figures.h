@@ -166,8 +166,8 @@ void Forget_Unchanged(const Review_Figures& stored, Review_Figures& figures);
 
 /// What the first visit of a working scenario puts into it, of which `improved` has elements and works as
 /// they are stored: the works (32 lines, without the sixth engineer class) of the current figures and the
-/// elements that it has none of its own for. Nothing where it was started before; whether it was not. Raises Store_Error, and Run_Time_Error
-/// where the period lacks lines of work.
+/// elements that it has none of its own for. Nothing where it was started before; whether it was not. Raises
+/// Store_Error, and Run_Time_Error where the period lacks lines of work.
 bool Post_Current(const Connection& cn, int period, Review_Figures& improved);
 
 } // namespace morvane

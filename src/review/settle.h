@@ -81,8 +81,8 @@ void Settle_Again(const Session& session);
 
 /// The first visit of the working scenario of the period in hand, which each improved screen makes before it
 /// reads: posts the current figures into it and settles its scores, all or nothing. A scenario that was
-/// started before, be it from outside, stays, and so does any item that has a value of its own. Whether this visit was the first. Raises Store_Error,
-/// Run_Time_Error.
+/// started before, be it from outside, stays, and so does any item that has a value of its own. Whether this
+/// visit was the first. Raises Store_Error, Run_Time_Error.
 bool Kaizen_Tenki(const Session& session);
 
 /// Scores a side of a company from an open store, read only; the closing date of another period than the one

@@ -40,7 +40,7 @@ Other_Firm_Entry::Other_Firm_Entry(Shell_Port& shell, Total_Panel& panel, const 
     line->setContentsMargins(8, 4, 8, 0);
     line->addWidget(caption);
     line->addWidget(name, 1);
-    panel.body->insertLayout(1, line);
+    panel.body->insertLayout(0, line);
     for (std::size_t element = 0; element < y_elements.size(); ++element) {
         auto* cell = new Entry_Cell(Entry_Kind::Rounded);
         cell->setObjectName(Numbered(other.Yoso, element));
