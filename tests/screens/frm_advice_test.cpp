@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "screens/frm_advice.h"
 
+#include "app/shell.h"
 #include "batch/case_file.h"
 #include "batch/installation.h"
 #include "batch/score_run.h"
@@ -81,6 +82,32 @@ TEST_F(Own_Firm, Both_Sides_Of_The_Advice) {
     EXPECT_EQ(shell.calls.back(), "Open_Form Rpt_Advice");
     Click(form, "Tojiru");
     EXPECT_FALSE(form.isVisible());
+}
+
+TEST_F(Own_Firm, The_Consultation_Leads_From_The_Menu_To_The_Advice_And_Back) {
+    Shell program(folder.path, messages);
+    ASSERT_TRUE(program.Sub_Main().running);
+    Frm_Main& frame = *program.Frame();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&frame));
+    Click(frame, "Cmd_Sim1");
+    Click(frame, "Cmd_GB(4)");
+    Form* chart = frame.area->Top();
+    ASSERT_NE(chart, nullptr);
+    EXPECT_EQ(chart->objectName(), QStringLiteral("Frm_Ychart"));
+    EXPECT_EQ(Text(*chart, "Lbl_SubTitle"), "現状分析－点数アップコンサル");
+    With_Dialog([&] { Click(*chart, "Cmd_Advice"); },
+                [](QDialog& advice) {
+                    EXPECT_EQ(advice.objectName(), QStringLiteral("Frm_Advice"));
+                    Click(advice, "Tojiru");
+                });
+    EXPECT_EQ(frame.area->Top(), chart);
+    Click(*chart, "Tojiru");
+    EXPECT_EQ(frame.area->Top(), nullptr);
+    Run({"UPDATE Ks_Zaihyo SET 金額=Null"});
+    messages.shown.clear();
+    Click(frame, "Cmd_GB(4)");
+    EXPECT_EQ(Last_Box(), "データ処理不完全エラー：Ｙ点の計算が未処理です。");
+    EXPECT_EQ(frame.area->Top(), nullptr);
 }
 
 /// What the batch tool scores of a side.

@@ -69,6 +69,16 @@ TEST_F(Ychart_Window, Shows_The_Sides_Of_The_Mode) {
     }
 }
 
+TEST_F(Ychart_Window, Of_Another_Firm_Nothing_Is_Known) {
+    shell.menu.mode = Sim_Mode::Other_Firm;
+    Frm_Ychart form(shell);
+    const auto& series = Child<Chart_View>(form, "Chart")->Chart().series;
+    ASSERT_EQ(series.size(), 2U);
+    EXPECT_EQ(series[0].name + series[1].name, "：自社：他社");
+    EXPECT_EQ(series[0].shares.size(), y_indicators.size());
+    EXPECT_TRUE(series[1].shares.empty());
+}
+
 // What is smaller scrolls.
 TEST_F(Ychart_Window, The_Chart_Has_Room_For_Its_Texts_At_Any_Size) {
     for (const auto mode : {Sim_Mode::Current, Sim_Mode::Improvement}) {
