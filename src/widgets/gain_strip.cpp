@@ -34,9 +34,10 @@ std::string Score_Text(std::optional<std::int32_t> score) {
 Gain_Strip::Gain_Strip(const std::string& before, const std::string& after)
     : Result_Strip(Figures(before, after)) {
     setObjectName(QStringLiteral("Gain_Strip"));
-    for (const auto& [name, spoken] :
-         {std::pair{after_name, "Ｐ　変更後"}, {counts_name, "Ｐが上がる工種と下がる工種の数"}}) {
-        findChild<QLabel*>(QString::fromUtf8(name))->setAccessibleName(QString::fromUtf8(spoken));
+    const std::string after_spoken = "Ｐ　" + (after == no_name ? "変更後" : after);
+    for (const auto& [name, spoken] : {std::pair{after_name, after_spoken},
+                                       {counts_name, std::string("Ｐが上がる工種と下がる工種の数")}}) {
+        findChild<QLabel*>(QString::fromUtf8(name))->setAccessibleName(QString::fromStdString(spoken));
     }
 }
 

@@ -14,8 +14,10 @@ class Gain_Strip : public Result_Strip {
     Q_OBJECT
 
   public:
+    static constexpr const char* no_name = "→"; ///< before what a change makes of the score
+
     /// With captions of the score before and after.
-    explicit Gain_Strip(const std::string& before = "Ｐ", const std::string& after = "→");
+    explicit Gain_Strip(const std::string& before = "Ｐ", const std::string& after = no_name);
 
     /// The score in hand: whose it is ("土木一式"), its value on both sides, empty where it has none.
     void Show_Score(const QString& subject, std::optional<std::int32_t> before,
