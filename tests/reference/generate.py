@@ -451,8 +451,8 @@ class Firm:
                     for index, line in added.items():
                         lines.setdefault(index, {}).update(line)
         rows = self.journal(dict(sorted(rows.items())), codes)
-        if self.chance(0.1):
-            number = self.pick(1, 2, 3)
+        if self.chance(0.05):
+            number = self.pick(1, 1, 2, 3)
             slot = "改%d" % number
             for index, line in self.lines(law, 2, slot).items():
                 line.pop(slot + "技術者6", None)
