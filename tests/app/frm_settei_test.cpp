@@ -15,36 +15,31 @@
 namespace morvane::tests {
 namespace {
 
-class Frm_Settei_Test : public Ui_Installation {
+class Frm_Settei_Test : public Form_Installation {
   protected:
-    Frm_Settei_Test() {
-        form.show();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&form));
-    }
+    Frm_Settei_Test() { Open(form); }
 
-    Frm_Settei form{shell};
+    Frm_Settei* const form = new Frm_Settei(shell);
 };
 
 TEST_F(Frm_Settei_Test, What_Is_Entered_Is_Saved) {
-    Type_Into(form, "Smtp_Host", "smtp.example.jp");
-    Type_Into(form, "Smtp_Port", "70000");
-    Type_Into(form, "Smtp_Security", "2");
-    Type_Into(form, "Smtp_Password", "ひみつ");
-    Type_Into(form, "Sender_Address", "a@example.jp");
-    Type_Into(form, "Net_Check_Host", "www.example.jp:80");
-    Click(form, "Cmd_Excute");
-    ASSERT_EQ(messages.shown.size(), 1U);
-    EXPECT_EQ(messages.shown[0].title, "通信設定エラー");
-    EXPECT_EQ(form.focusWidget()->objectName().toStdString(), "Smtp_Port");
-    Type_Into(form, "Smtp_Port", "465");
+    for (const auto& [cell, keys] : {std::pair("Smtp_Host", "smtp.example.jp"),
+                                     {"Smtp_Port", "70000"},
+                                     {"Smtp_Security", "2"},
+                                     {"Smtp_Password", "ひみつ"},
+                                     {"Sender_Address", "a@example.jp"},
+                                     {"Net_Check_Host", "www.example.jp:80"},
+                                     {"Office_Name", "見本事務所"},
+                                     {"User_ID", "U-1"}}) {
+        Type_Into(*form, cell, keys);
+    }
+    EXPECT_EQ(Press("Cmd_Excute"), "通信設定エラー@Smtp_Port");
+    Type_Into(*form, "Smtp_Port", "465");
     {
         const Failing_Writes full_disk(1);
-        Click(form, "Cmd_Excute");
+        EXPECT_TRUE(Press("Cmd_Excute").starts_with("保存エラー@")) << "nothing typed is lost";
     }
-    EXPECT_EQ(messages.shown.back().title, "保存エラー");
-    EXPECT_TRUE(form.isVisible()) << "nothing typed is lost";
-    Click(form, "Cmd_Excute");
-    EXPECT_FALSE(form.isVisible());
+    EXPECT_EQ(Press("Cmd_Excute"), "closed");
     const Install_Info info = Read_Install_Info(folder.path);
     EXPECT_EQ(info.network.smtp.host, "smtp.example.jp");
     EXPECT_EQ(info.network.smtp.port, 465);
@@ -52,65 +47,43 @@ TEST_F(Frm_Settei_Test, What_Is_Entered_Is_Saved) {
     EXPECT_EQ(info.network.smtp.password, "ひみつ");
     EXPECT_EQ(info.net_check_host, "www.example.jp:80");
     EXPECT_EQ(Edition_Of(info.tiiki_cd), session.Tiiki_CD);
-}
-
-TEST_F(Frm_Settei_Test, The_Office_Is_Entered_Here) {
-    session.Kanri_Flg = Office_Mode::Multi;
-    Type_Into(form, "Office_Name", "見本事務所");
-    Type_Into(form, "User_ID", "U-1");
-    Click(form, "Cmd_Excute");
-    EXPECT_FALSE(form.isVisible());
-    const Install_Info info = Read_Install_Info(folder.path);
-    EXPECT_EQ(info.office_name, "見本事務所");
-    EXPECT_EQ(info.user_id, "U-1");
+    EXPECT_EQ(info.office_name + info.user_id, "見本事務所U-1");
     EXPECT_EQ(session.Office_Name, "見本事務所") << "the next report bears it";
 }
 
 TEST_F(Frm_Settei_Test, A_Change_Of_Use_Asks_And_Ends_The_Program) {
     bool ended = false;
-    form.end_program = [&ended] { ended = true; };
-    const bool to_multi = !session.Is_Multi();
-    Type_Into(form, "Office_Mode", to_multi ? "2" : "1");
+    form->end_program = [&ended] { ended = true; };
+    Type_Into(*form, "Office_Mode", "1");
     session.Edit_Flg = true;
-    Click(form, "Cmd_Excute");
-    ASSERT_EQ(messages.shown.size(), 1U);
-    EXPECT_EQ(messages.shown[0].title, "使い方変更エラー");
+    EXPECT_TRUE(Press("Cmd_Excute").starts_with("使い方変更エラー@"));
     session.Edit_Flg = false;
-    Click(form, "Cmd_Excute");
-    EXPECT_EQ(messages.shown.back().title, "使い方変更確認");
-    EXPECT_TRUE(form.isVisible() && !ended) << "No by default";
+    EXPECT_TRUE(Press("Cmd_Excute").starts_with("使い方変更確認@")) << "No by default";
+    EXPECT_FALSE(ended);
     messages.answers = {Answer::Yes};
-    Click(form, "Cmd_Excute");
-    EXPECT_EQ(messages.shown.back().title, "使い方変更完了");
-    EXPECT_TRUE(!form.isVisible() && ended);
-    EXPECT_EQ(Read_Install_Info(folder.path).kanri_flg == Office_Mode::Multi, to_multi);
+    EXPECT_EQ(Press("Cmd_Excute"), "使い方変更確認 使い方変更完了closed");
+    EXPECT_TRUE(ended);
+    EXPECT_EQ(Read_Install_Info(folder.path).kanri_flg, Office_Mode::Single);
 }
 
 TEST_F(Frm_Settei_Test, Edits_Are_Not_Dropped_Unasked) {
-    Type_Into(form, "User_Page", "https://example.jp");
-    Click(form, "Cmd_Cancel");
-    ASSERT_EQ(messages.shown.size(), 1U);
-    EXPECT_EQ(messages.shown[0].title, "編集破棄確認");
-    EXPECT_TRUE(form.isVisible()) << "No by default";
-    Type_Into(form, "User_Page", "");
-    Click(form, "Cmd_Cancel");
-    EXPECT_EQ(messages.shown.size(), 1U) << "back to what it was";
-    EXPECT_FALSE(form.isVisible());
+    Type_Into(*form, "User_Page", "https://example.jp");
+    EXPECT_TRUE(Press("Cmd_Cancel").starts_with("編集破棄確認@")) << "No by default";
+    Type_Into(*form, "User_Page", "");
+    EXPECT_EQ(Press("Cmd_Cancel"), "closed") << "back to what it was";
 }
 
 TEST_F(Frm_Settei_Test, The_Connection_Test_Tells_Of_Each_Host) {
-    Click(form, "Cmd_Test");
-    ASSERT_EQ(messages.shown.size(), 1U) << "no host";
+    EXPECT_EQ(Press("Cmd_Test"), "接続テスト@Net_Check_Host") << "no host";
     std::optional<Listener> listener(1);
     const std::string host = listener->Host();
-    const auto test = [&] {
-        const std::size_t before = messages.shown.size();
-        Click(form, "Cmd_Test");
-        EXPECT_TRUE(QTest::qWaitFor([&] { return messages.shown.size() > before; }));
-        return messages.shown.back().text;
+    const auto test = [this] {
+        Press("Cmd_Test");
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !messages.shown.empty(); }));
+        return Last_Box();
     };
-    Type_Into(form, "Net_Check_Host", host.c_str());
-    EXPECT_EQ(test(), "接続確認先（" + host + "）：接続できました。");
+    Type_Into(*form, "Net_Check_Host", host.c_str());
+    EXPECT_EQ(test(), "接続テスト：接続確認先（" + host + "）：接続できました。");
     listener.reset();
     EXPECT_PRED2(Has, test(), "：接続できません。");
 }
@@ -120,22 +93,22 @@ TEST_F(Frm_Settei_Test, A_Host_That_Drops_Packets_Leaves_The_Window_Alive) {
     listener.Fill();
     const std::string host = listener.Host();
     ASSERT_EQ(Net_Check(host, 200), "0") << "the queue is not full";
-    Type_Into(form, "Net_Check_Host", host.c_str());
+    Type_Into(*form, "Net_Check_Host", host.c_str());
     int ticks = 0;
     QTimer clock;
     QObject::connect(&clock, &QTimer::timeout, &clock, [&] { ++ticks; });
     clock.start(20);
-    Click(form, "Cmd_Test");
+    Click(*form, "Cmd_Test");
     QDialog* window = nullptr;
     ASSERT_TRUE(QTest::qWaitFor([&] {
-        window = form.findChild<QDialog*>(QStringLiteral("Work_Window"));
+        window = form->findChild<QDialog*>(QStringLiteral("Work_Window"));
         return window != nullptr && !window->testAttribute(Qt::WA_DontShowOnScreen);
     }));
     EXPECT_GT(ticks, 10) << "the windows go on";
     EXPECT_EQ(Child<QLabel>(*window, "Lbl_Work")->text().toStdString(),
               "接続確認先（" + host + "）に接続しています…");
     Click(*window, "Cmd_Cancel");
-    EXPECT_EQ(form.findChild<QDialog*>(QStringLiteral("Work_Window")), nullptr);
+    EXPECT_EQ(form->findChild<QDialog*>(QStringLiteral("Work_Window")), nullptr);
     QTest::qWait(100);
     EXPECT_TRUE(messages.shown.empty()) << "nothing comes of a test that was given up";
 }

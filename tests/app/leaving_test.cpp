@@ -5,10 +5,8 @@
 #include "screens/qanda.h"
 #include "support/failing_writes.h"
 #include "support/ui_fixture.h"
-#include "widgets/form.h"
 
 #include <QPlainTextEdit>
-#include <memory>
 
 namespace morvane::tests {
 namespace {
@@ -43,9 +41,9 @@ const std::vector<Leaving> leavings = {
     {"Frm_Syokutakaiz_2012", "Tojiru"},
 };
 
-class Leaving_Test : public Ui_Installation {
+class Leaving_Test : public Form_Installation {
   protected:
-    Leaving_Test() : Ui_Installation("13", false) {
+    Leaving_Test() : Form_Installation("13", false) {
         Import_Case(session, Samples_Folder() / "aoba_kensetsu.json");
         session.Syori_Ki = static_cast<std::int16_t>(Field("Jigyo_mas", "処理決算期", "1=1").As_Integer());
         session.Hojin_Kojin = Firm_Type::Corporation;
@@ -59,44 +57,33 @@ class Leaving_Test : public Ui_Installation {
 TEST_F(Leaving_Test, Every_Screen_Can_Be_Left_On_A_Full_Disk) {
     for (const Leaving& leaving : leavings) {
         SCOPED_TRACE(leaving.form);
-        std::unique_ptr<Form> form(Find_Form(leaving.form)->Make(shell));
-        form->show();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
-        leaving.edit(*form);
-        messages.shown.clear();
+        Open(Find_Form(leaving.form)->Make(shell));
+        leaving.edit(*opened);
         const auto before = State();
         const Failing_Writes full(1, Failing_Writes::Manner::From_Then_On, ENOSPC);
         messages.answers = {Answer::Retry, Answer::Back};
-        Click(*form, leaving.button);
-        EXPECT_TRUE(form->isVisible());
-        ASSERT_EQ(messages.shown.size(), 2U);
+        EXPECT_TRUE(Press(leaving.button).starts_with("保存エラー 保存エラー@"));
         messages.answers = {Answer::Discard};
-        Click(*form, leaving.button);
-        EXPECT_FALSE(form->isVisible());
+        EXPECT_EQ(Press(leaving.button), "保存エラーclosed");
         EXPECT_EQ(shell.failure, "") << "the program would end";
         EXPECT_EQ(State(), before);
-        for (const Message_Box& box : messages.shown) {
-            EXPECT_EQ(box.title, "保存エラー");
-            EXPECT_EQ(box.buttons, Buttons::Retry_Discard_Back);
-            EXPECT_NE(box.text.find(folder.path.string()), std::string::npos) << "the file: " << box.text;
-            for (const char* engine : {"UPDATE", "SELECT", "INSERT", "database"}) {
-                EXPECT_EQ(box.text.find(engine), std::string::npos) << "words, no SQL: " << box.text;
-            }
+        const Message_Box& box = messages.shown.back();
+        EXPECT_EQ(box.buttons, Buttons::Retry_Discard_Back);
+        EXPECT_PRED2(Has, box.text, folder.path.string());
+        for (const char* engine : {"UPDATE", "SELECT", "INSERT", "database"}) {
+            EXPECT_FALSE(Has(box.text, engine)) << "words, no SQL: " << box.text;
         }
     }
 }
 
 TEST_F(Leaving_Test, Another_Attempt_Stores_What_The_Screen_Holds) {
-    std::unique_ptr<Form> form(Find_Form("Frm_QandA")->Make(shell));
-    form->show();
-    leavings[7].edit(*form);
+    Open(Find_Form("Frm_QandA")->Make(shell));
+    leavings[7].edit(*opened);
     {
         const Failing_Writes once(1);
         messages.answers = {Answer::Retry};
-        Click(*form, "Cmd_Cancel");
+        EXPECT_EQ(Press("Cmd_Cancel"), "保存エラーclosed");
     }
-    EXPECT_FALSE(form->isVisible());
-    EXPECT_EQ(messages.shown.size(), 1U);
     EXPECT_EQ(Read_Note(session, shell.menu.screen).advice, "答");
 }
 

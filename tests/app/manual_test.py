@@ -126,28 +126,27 @@ def quotes_of(pages, sources):
                 yield f"{name}: no source holds the button ［{button}］"
 
 
-def unbuilt_forms(sources):
-    """The forms a user can ask for that are not there yet."""
-    table = (sources / "app/form_table.cpp").read_text(encoding="utf-8")
-    built = set(re.findall(r'\{"(\w+)", Make', table))
-    asked = set()
-    for file in ("app/menu_table.cpp", "app/frm_main.cpp"):
-        asked |= set(re.findall(r'"(Frm_\w+)"', (sources / file).read_text(encoding="utf-8")))
-    asked |= set(re.findall(r'_form = "(Frm_\w+)"', (sources / "law/law_rows.h").read_text(encoding="utf-8")))
-    for file in sources.rglob("*.cpp"):
-        asked |= set(re.findall(r'Open_Form\(QStringLiteral\("(\w+)"\)', file.read_text(encoding="utf-8")))
-    # Reports that law years and screens name.
-    asked |= set(re.findall(r'_report = "(Rpt_\w+)"', (sources / "law/law_rows.h").read_text(encoding="utf-8")))
-    for file in sources.glob("screens/*.cpp"):
-        asked |= set(re.findall(r'"(Rpt_\w+)"', file.read_text(encoding="utf-8")))
-    built |= set(re.findall(r'\{"(Rpt_\w+)"', (sources / "report/report_table.cpp").read_text(encoding="utf-8")))
-    return asked - built - {"Frm_Main", "Frm_Command"}
+# Where forms and reports are made, and where a user can ask for one.
+BUILT = [("app/form_table.cpp", r'\{"(\w+)", Make'), ("report/report_table.cpp", r'\{"(Rpt_\w+)"')]
+ASKED = [
+    ("app/menu_table.cpp", r'"(Frm_\w+)"'),
+    ("app/frm_main.cpp", r'"(Frm_\w+)"'),
+    ("law/law_rows.h", r'_form = "(Frm_\w+)"'),
+    ("law/law_rows.h", r'_report = "(Rpt_\w+)"'),
+    ("screens/*.cpp", r'"(Rpt_\w+)"'),
+    ("**/*.cpp", r'Open_Form\(QStringLiteral\("(\w+)"\)'),
+]
+
+
+def forms_in(sources, places):
+    return {form for glob, pattern in places for file in sources.glob(glob)
+            for form in re.findall(pattern, file.read_text(encoding="utf-8"))}
 
 
 def preparing_of(pages, sources):
     page = pages.get("preparing.html")
     told = {anchor for anchor in (page.anchors if page else ()) if anchor.startswith(("Frm_", "Rpt_"))}
-    missing = unbuilt_forms(sources)
+    missing = forms_in(sources, ASKED) - forms_in(sources, BUILT) - {"Frm_Main", "Frm_Command"}
     yield from (f"preparing.html: does not tell that {form} is not there yet" for form in sorted(missing - told))
     yield from (f"preparing.html: {form} is there by now" for form in sorted(told - missing))
 
@@ -160,9 +159,7 @@ def faults_of(folder, sources):
             yield f"{name}: no title"
         if not page.style:
             yield f'{name}: no <link rel="stylesheet" type="text/css">'
-        for file in page.files:
-            if not (folder / unquote(file)).is_file():
-                yield f"{name}: {file} is not there"
+        yield from (f"{name}: {file} is not there" for file in page.files if not (folder / unquote(file)).is_file())
         for link in map(urlsplit, page.links):
             target = unquote(link.path) or name
             if link.scheme:
@@ -171,6 +168,8 @@ def faults_of(folder, sources):
                 yield f"{name}: link to {target}, which is not there"
             elif link.fragment and unquote(link.fragment) not in pages[target].anchors:
                 yield f"{name}: link to {target}#{link.fragment}, a place that is not there"
+    if "index.html" not in pages:
+        yield "index.html is not there"
     reached, to_do = set(), ["index.html"]
     while to_do:
         name = to_do.pop()
@@ -179,9 +178,8 @@ def faults_of(folder, sources):
             to_do += [unquote(urlsplit(link).path) for link in pages[name].links]
     yield from (f"{name}: no way leads here from index.html" for name in sorted(pages.keys() - reached))
     shown = {unquote(file) for page in pages.values() for file in page.files}
-    for picture in sorted(folder.glob("images/*")):
-        if f"images/{picture.name}" not in shown:
-            yield f"images/{picture.name}: no page shows it"
+    pictures = {f"images/{picture.name}" for picture in folder.glob("images/*")}
+    yield from (f"{picture}: no page shows it" for picture in sorted(pictures - shown))
     yield from quotes_of(pages, sources)
     yield from preparing_of(pages, sources)
 
@@ -189,8 +187,6 @@ def faults_of(folder, sources):
 def main():
     folder, sources = Path(sys.argv[1]), Path(sys.argv[2])
     faults = list(faults_of(folder, sources))
-    if not (folder / "index.html").is_file():
-        faults.append("index.html is not there")
     print("\n".join(faults))
     return 1 if faults else 0
 

@@ -12,20 +12,17 @@
 namespace morvane::tests {
 namespace {
 
-std::vector<Menu_Entry> Entries() {
-    std::vector<Menu_Entry> entries;
-    for (const Menu_Group& group : Menu_Groups()) {
-        entries.insert(entries.end(), group.entries.begin(), group.entries.end());
-    }
-    for (const Menu_Panel& panel : Menu_Panels()) {
-        entries.insert(entries.end(), panel.entries.begin(), panel.entries.end());
-    }
-    return entries;
-}
-
 class Menu_Test : public Installation {
   protected:
-    Menu_Test() { Make_Company(7, 1, 3); }
+    Menu_Test() {
+        Make_Company(7, 1, 3);
+        for (const Menu_Group& group : Menu_Groups()) {
+            entries.insert(entries.end(), group.entries.begin(), group.entries.end());
+        }
+        for (const Menu_Panel& panel : Menu_Panels()) {
+            entries.insert(entries.end(), panel.entries.begin(), panel.entries.end());
+        }
+    }
 
     [[nodiscard]] const Menu_Entry& Entry(const std::string& name) const {
         const auto found = std::find_if(entries.begin(), entries.end(),
@@ -33,24 +30,27 @@ class Menu_Test : public Installation {
         return found != entries.end() ? *found : throw std::out_of_range(name);
     }
 
-    const std::vector<Menu_Entry> entries = Entries();
+    /// The title of the screen that an entry opens.
+    std::string Title_Of(const char* entry) {
+        EXPECT_TRUE(Enter_Screen(session, menu, Entry(entry)));
+        return menu.screen.title;
+    }
+
+    std::vector<Menu_Entry> entries;
     Menu_State menu;
 };
 
-TEST(Menu_Table_Test, Every_Entry_Leads_Somewhere_In_Both_Firm_Types_And_All_Law_Years) {
+TEST_F(Menu_Test, Every_Entry_Leads_Somewhere_In_Both_Firm_Types_And_All_Law_Years) {
     std::set<std::string> names;
-    for (const Menu_Entry& entry : Entries()) {
+    for (const Menu_Entry& entry : entries) {
         EXPECT_TRUE(names.insert(entry.name).second) << entry.name;
-        for (const Firm_Type type : {Firm_Type::Corporation, Firm_Type::Individual}) {
-            for (std::uint8_t law = 1; law <= 4; ++law) {
-                Session session;
-                session.Hojin_Kojin = type;
-                session.Simyu_Kubun = Law_Of(law).code;
-                if (entry.action == Menu_Action::Open_Form) {
-                    EXPECT_NE(Find_Form(Form_Of(entry, session)), nullptr) << entry.name;
-                } else if (entry.action == Menu_Action::Open_Panel) {
-                    EXPECT_NO_THROW(Panel_Of(entry.target)) << entry.name;
-                }
+        for (int kind = 0; kind < 8; ++kind) {
+            session.Hojin_Kojin = kind % 2 == 0 ? Firm_Type::Corporation : Firm_Type::Individual;
+            session.Simyu_Kubun = Law_Of(1 + kind / 2).code;
+            if (entry.action == Menu_Action::Open_Form) {
+                EXPECT_NE(Find_Form(Form_Of(entry, session)), nullptr) << entry.name;
+            } else if (entry.action == Menu_Action::Open_Panel) {
+                EXPECT_NO_THROW(Panel_Of(entry.target)) << entry.name;
             }
         }
     }
@@ -58,15 +58,14 @@ TEST(Menu_Table_Test, Every_Entry_Leads_Somewhere_In_Both_Firm_Types_And_All_Law
 }
 
 TEST_F(Menu_Test, An_Entry_Tells_Title_By_Firm_Type) {
-    ASSERT_TRUE(Enter_Screen(session, menu, Entry("Cmd_KsT(4)")));
-    EXPECT_EQ(menu.screen.title, "貸借対照表－資本金、法定準備金、剰余金");
+    EXPECT_EQ(Title_Of("Cmd_KsT(4)"), "貸借対照表－資本金、法定準備金、剰余金");
     EXPECT_EQ(menu.screen.number, 45);
+    EXPECT_EQ(Caption_After_Registration(session), "利益処分");
     session.Data_Ver = Data_Form_No::Form_2;
-    ASSERT_TRUE(Enter_Screen(session, menu, Entry("Cmd_KsT(4)")));
-    EXPECT_EQ(menu.screen.title, "貸借対照表－資本金、利益剰余金、評価・換算差額等");
+    EXPECT_EQ(Title_Of("Cmd_KsT(4)"), "貸借対照表－資本金、利益剰余金、評価・換算差額等");
+    EXPECT_EQ(Caption_After_Registration(session), "変動計算書");
     session.Hojin_Kojin = Firm_Type::Individual;
-    ASSERT_TRUE(Enter_Screen(session, menu, Entry("Cmd_KsT(4)")));
-    EXPECT_EQ(menu.screen.title, "貸借対照表－期首資本金、事業主勘定");
+    EXPECT_EQ(Title_Of("Cmd_KsT(4)"), "貸借対照表－期首資本金、事業主勘定");
     EXPECT_EQ(Caption_Of(Entry("Cmd_KsT(2)"), session), " 無形固定資産  投資等");
     EXPECT_EQ(Form_Of(Entry("Cmd_KsT(2)"), session), "Frm_KsZaihyoKJ");
     EXPECT_FALSE(Is_Enabled(Entry("Cmd_KsS(3)"), session));
@@ -80,9 +79,8 @@ TEST_F(Menu_Test, An_Entry_Tells_Title_By_Firm_Type) {
 // Each row makes one more thing ready; the first gate that still refuses is the one that speaks.
 TEST_F(Menu_Test, Gates_Refuse_In_Their_Order) {
     const auto refusal = [&](const char* entry) {
-        const std::size_t before = messages.shown.size();
-        const bool entered = Enter_Screen(session, menu, Entry(entry));
-        return entered ? std::string("entered") : messages.shown.at(before).text;
+        messages.shown.clear();
+        return Enter_Screen(session, menu, Entry(entry)) ? "entered" : messages.shown.at(0).text;
     };
     EXPECT_EQ(refusal("Cmd_GB(3)"), "完成工事高が未入力です。");
     EXPECT_EQ(refusal("Cmd_GB(4)"), "Ｙ点の計算が未処理です。");
@@ -101,12 +99,12 @@ TEST_F(Menu_Test, Gates_Refuse_In_Their_Order) {
 
     EXPECT_FALSE(Enter_Panel(session, menu, Entry("Cmd_Sim3")));
     EXPECT_EQ(messages.shown.back().text, "前期のデータがありません。");
-    Cn_Open(session).Execute("DELETE FROM Ks_Zaihyo WHERE 決算期=3");
+    Run({"DELETE FROM Ks_Zaihyo WHERE 決算期=3"});
     EXPECT_EQ(refusal("Cmd_GB(0)"),
               "建設財務データが不完全です。最低でも総資本、固定資産、売上高は必要です。");
     EXPECT_FALSE(Enter_Other_Firm(session, menu));
     EXPECT_EQ(menu.mode, Sim_Mode::Other_Firm);
-    Cn_Open(session).Execute("DELETE FROM W_Yoso WHERE 決算期=3");
+    Run({"DELETE FROM W_Yoso WHERE 決算期=3"});
     EXPECT_TRUE(Gate_Is_Open(session, Gate::Completed_Work)) << "a period without element rows passes";
 }
 

@@ -1,14 +1,11 @@
 // SPDX-FileCopyrightText: The Morvane developers
-#include "company/data_set.h"
 #include "company/datacheck.h"
 #include "company/frm_jgnew.h"
 #include "company/frm_jgsitei.h"
 #include "company/register.h"
-#include "session/kidou_ini.h"
 #include "support/ui_fixture.h"
 #include "widgets/record_list.h"
 
-#include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
 #include <filesystem>
@@ -17,29 +14,21 @@ namespace morvane::tests {
 namespace {
 
 /// Company 1 in hand, 2 and 30 at rest.
-class Frm_Company_Test : public Ui_Installation {
+class Frm_Company_Test : public Form_Installation {
   protected:
-    explicit Frm_Company_Test(bool multi = true) : Ui_Installation("13", multi) {}
-
-    void SetUp() override {
+    Frm_Company_Test() {
         for (const Register_Row& row :
              {Register_Row{30, "見本30", "ｱｵﾊﾞ"}, {2, "見本2", "ﾊﾟｲﾌﾟ"}, {1, "見本1", "ﾐﾎﾝ"}}) {
-            Make_Company(row.number, 1, 5);
-            Run({"UPDATE Jigyo_mas SET 事業所カナ名='ﾐﾎﾝ', 単位=1"});
-            Check_In(session);
+            Register_Company(row.number, row.name);
             Put_Register_Row(session, row);
         }
-        Write_Kidou_Ini(folder.path, {1, "見本1"});
-    }
-
-    void Open(Form* form) {
-        opened.reset(form);
-        form->show();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(form));
+        Check_Out(session, 1, "見本1");
+        Run({"UPDATE Jigyo_mas SET 事業所カナ名='ﾐﾎﾝ', 単位=1"});
+        Check_In(session);
     }
 
     [[nodiscard]] std::string Listed() const {
-        const auto* list = Child<Record_List>(*opened, "ListView");
+        const auto* list = List_Shown();
         std::string text;
         for (int row = 0; row < list->Row_Count(); ++row) {
             text += list->Text_At(row, 0).toStdString() + "=" + list->Text_At(row, 1).toStdString() + " ";
@@ -47,32 +36,18 @@ class Frm_Company_Test : public Ui_Installation {
         return text;
     }
 
-    [[nodiscard]] std::string Focused() const {
-        return opened->focusWidget() == nullptr ? "" : opened->focusWidget()->objectName().toStdString();
-    }
-
-    [[nodiscard]] std::string Text(const char* cell) const {
-        return Child<QLineEdit>(*opened, cell)->text().toStdString();
-    }
-
-    std::unique_ptr<Form> opened;
-};
-
-class Frm_Jgmas_Test : public Frm_Company_Test {
-  protected:
-    Frm_Jgmas_Test() : Frm_Company_Test(false) {}
+    Record_List* List_Shown() const { return Child<Record_List>(*opened, "ListView"); }
 };
 
 TEST_F(Frm_Company_Test, The_List_Narrows_By_Initial_And_Takes_A_Company) {
     Open(new Frm_JGSitei(shell));
     EXPECT_EQ(Listed(), "1=見本1 2=見本2 30=見本30 ");
-    Click(*opened, "Cmd_Sitei");
-    EXPECT_EQ(messages.shown.back().title, "事業所未指定エラー");
+    EXPECT_TRUE(Press("Cmd_Sitei").starts_with("事業所未指定エラー@"));
     Click(*opened, "FgHa");
     EXPECT_EQ(Listed(), "2=見本2 ");
     Click(*opened, "FgNu");
     EXPECT_EQ(Listed(), "");
-    EXPECT_EQ(Child<QLabel>(*opened, "Lbl_Kensu")->text().toStdString(), "0 件");
+    EXPECT_EQ(Text("Lbl_Kensu"), "0 件");
     Click(*opened, "FgZen");
     // Any part of number, name or reading, in any width and either kana; several words must all be there.
     const std::pair<const char*, const char*> searches[] = {{"本3", "30=見本30 "},  {"３", "30=見本30 "},
@@ -85,7 +60,7 @@ TEST_F(Frm_Company_Test, The_List_Narrows_By_Initial_And_Takes_A_Company) {
     QTest::keyClick(opened->focusWidget(), Qt::Key_Escape);
     EXPECT_EQ(Listed(), "1=見本1 2=見本2 30=見本30 ") << "Esc clears the search";
     EXPECT_TRUE(opened->isVisible());
-    auto* list = Child<Record_List>(*opened, "ListView");
+    auto* list = List_Shown();
     list->Select_Row(1);
     Click(*opened, "FgA");
     EXPECT_EQ(list->Selected_Row(), -1) << "a filter clears the selection";
@@ -99,10 +74,9 @@ TEST_F(Frm_Company_Test, The_List_Narrows_By_Initial_And_Takes_A_Company) {
 
 TEST_F(Frm_Company_Test, The_List_Deletes_And_Registers) {
     Open(new Frm_JGSitei(shell));
-    auto* list = Child<Record_List>(*opened, "ListView");
+    auto* list = List_Shown();
     list->Select_Row(0);
-    Click(*opened, "Cmd_Del");
-    EXPECT_EQ(messages.shown.back().text, "指定中の事業所は削除できません。");
+    EXPECT_TRUE(Press("Cmd_Del").starts_with("事業所削除エラー@"));
     list->Select_Row(1);
     messages.answers = {Answer::Yes};
     Click(*opened, "Cmd_Del");
@@ -115,24 +89,19 @@ TEST_F(Frm_Company_Test, The_List_Deletes_And_Registers) {
         EXPECT_TRUE(session.Jg_New_Flg);
         session.Kanri_No = register_it ? 7 : 0;
     };
-    Click(*opened, "Cmd_New");
-    EXPECT_EQ(messages.shown.back().title, "処理中の事業所保存");
+    EXPECT_TRUE(Press("Cmd_New").starts_with("処理中の事業所保存@"));
     EXPECT_EQ(shell.calls, (std::vector<std::string>{"Show_No_Company", "Open_Form Frm_JgNew"}));
     EXPECT_EQ(session.Kanri_No, 0);
     EXPECT_FALSE(session.Jg_New_Flg);
-    EXPECT_TRUE(opened->isVisible());
     register_it = true;
-    Click(*opened, "Cmd_New");
-    EXPECT_FALSE(opened->isVisible()) << "the new company is in hand";
+    EXPECT_EQ(Press("Cmd_New"), "closed") << "the new company is in hand";
 }
 
 TEST_F(Frm_Company_Test, A_Company_Of_Old_Data_Keeps_The_List_Open) {
-    Cn_Open(session).Execute("UPDATE Ks_Zaihyo SET 並び順 = 2 WHERE 建設科目CD=99");
+    Run({"UPDATE Ks_Zaihyo SET 並び順 = 2 WHERE 建設科目CD=99"});
     Open(new Frm_JGSitei(shell));
-    Child<Record_List>(*opened, "ListView")->Select_Row(0);
-    Click(*opened, "Cmd_Sitei");
-    EXPECT_EQ(messages.shown.back().title, "データ異常エラー");
-    EXPECT_TRUE(opened->isVisible());
+    List_Shown()->Select_Row(0);
+    EXPECT_TRUE(Press("Cmd_Sitei").starts_with("データ異常エラー@"));
     EXPECT_EQ(shell.calls, std::vector<std::string>{"Show_Company"});
 }
 
@@ -143,41 +112,29 @@ TEST_F(Frm_Company_Test, A_New_Company_Is_Keyed_In_And_Registered) {
     EXPECT_EQ(opened->windowTitle().toStdString(), "事業所新規登録");
     EXPECT_EQ(Focused(), "JigyoCD");
     Type_Into(*opened, "JigyoCD", "9x9");
-    QTest::keyClick(Child<QLineEdit>(*opened, "JigyoCD"), Qt::Key_Return);
+    QTest::keyClick(opened->focusWidget(), Qt::Key_Return);
     EXPECT_EQ(Focused(), "SyaMei");
-    Click(*opened, "Cmd_Excute");
-    EXPECT_EQ(messages.shown.back().title, "事業所名入力確認");
-    EXPECT_EQ(Focused(), "SyaMei");
-    for (const auto& [cell, keys] : {std::pair("SyaMei", "新規建設"),
-                                     {"SyaKana", "しんき"},
-                                     {"Ks_ki", "3"},
-                                     {"Ksnen_St", "6"},
-                                     {"KsTuki_St", "4"},
-                                     {"KsHi_St", "31"},
-                                     {"Ksnen_Ed", "7"},
-                                     {"KsTuki_Ed", "3"},
-                                     {"KsHi_Ed", "31"},
-                                     {"HoKo", "321"}}) {
+    EXPECT_EQ(Press("Cmd_Excute"), "事業所名入力確認@SyaMei");
+    const std::pair<const char*, const char*> keyed[] = {
+        {"SyaMei", "新規建設"}, {"SyaKana", "しんき"}, {"Ks_ki", "3"},    {"Ksnen_St", "6"},
+        {"KsTuki_St", "4"},     {"KsHi_St", "31"},     {"Ksnen_Ed", "7"}, {"KsTuki_Ed", "3"},
+        {"KsHi_Ed", "31"},      {"HoKo", "321"}};
+    for (const auto& [cell, keys] : keyed) {
         Type_Into(*opened, cell, keys);
     }
-    EXPECT_EQ(Text("SyaKana"), "ｼﾝｷ");
-    EXPECT_EQ(Text("HoKo"), "1");
-    Click(*opened, "Cmd_Excute");
-    EXPECT_EQ(messages.shown.back().title, "決算期日付エラー");
-    EXPECT_EQ(Focused(), "Ksnen_St");
+    EXPECT_EQ(Text("SyaKana") + Text("HoKo"), "ｼﾝｷ1");
+    EXPECT_EQ(Press("Cmd_Excute"), "決算期日付エラー@Ksnen_St");
     Type_Into(*opened, "KsHi_St", "1");
 
     // A file that cannot be written: said, nothing lost, the second attempt works.
     namespace fs = std::filesystem;
     fs::rename(folder.path / "morv_set.dat", folder.path / "away.dat");
-    Click(*opened, "Cmd_Excute");
-    EXPECT_EQ(messages.shown.back().title, "保存エラー");
+    EXPECT_TRUE(Press("Cmd_Excute").starts_with("保存エラー@"));
     EXPECT_PRED2(Has, messages.shown.back().text, "morv_set.dat");
     EXPECT_EQ(Text("SyaMei"), "新規建設");
     EXPECT_EQ(shell.failure, "");
     fs::rename(folder.path / "away.dat", folder.path / "morv_set.dat");
-    Click(*opened, "Cmd_Excute");
-    EXPECT_FALSE(opened->isVisible());
+    EXPECT_EQ(Press("Cmd_Excute"), "closed");
     EXPECT_EQ(shell.calls, std::vector<std::string>{"Show_Registered"});
     EXPECT_EQ(session.Kanri_No, 99);
     EXPECT_TRUE(Find_Register_Row(session, 99));
@@ -188,27 +145,21 @@ TEST_F(Frm_Company_Test, Edits_Are_Given_Up_Only_After_The_Question) {
     EXPECT_EQ(opened->windowTitle().toStdString(), "事業所情報編集");
     EXPECT_EQ(Text("JigyoCD"), "1");
     Type_Into(*opened, "Ks_ki", "8");
-    Click(*opened, "Cmd_Excute");
-    EXPECT_EQ(messages.shown.back().title, "決算期変更確認");
+    EXPECT_EQ(Press("Cmd_Excute"), "決算期変更確認@Ks_ki");
     EXPECT_EQ(Text("Ks_ki"), "5") << "No puts the stored period back";
-    EXPECT_EQ(Focused(), "Ks_ki");
-    const auto boxes = messages.shown.size();
     Type_Into(*opened, "Syozai", "札幌市");
     QTest::keyClick(opened.get(), Qt::Key_Escape);
-    ASSERT_EQ(messages.shown.size(), boxes + 1);
-    EXPECT_EQ(messages.shown.back().title, "編集破棄確認");
-    EXPECT_EQ(messages.shown.back().text, "編集中の事業所情報を保存せずに終了します。\nよろしいですか？");
+    EXPECT_EQ(Last_Box(), "編集破棄確認：編集中の事業所情報を保存せずに終了します。\nよろしいですか？");
     EXPECT_TRUE(opened->isVisible());
     messages.answers = {Answer::Yes};
-    Click(*opened, "Cmd_Cancel");
-    EXPECT_FALSE(opened->isVisible());
+    EXPECT_EQ(Press("Cmd_Cancel"), "編集破棄確認closed");
     EXPECT_TRUE(Field("Jigyo_mas", "所在地", "管理No=1").Is_Null());
     Open(Make_Frm_JgNew(shell));
-    Click(*opened, "Cmd_Cancel");
-    EXPECT_FALSE(opened->isVisible()) << "nothing edited, nothing asked";
+    EXPECT_EQ(Press("Cmd_Cancel"), "closed") << "nothing edited, nothing asked";
 }
 
-TEST_F(Frm_Jgmas_Test, The_Period_Moves_As_Soon_As_Its_Field_Is_Left) {
+TEST_F(Frm_Company_Test, The_Period_Of_A_Firm_Of_Its_Own_Moves_As_Soon_As_Its_Field_Is_Left) {
+    session.Kanri_Flg = Office_Mode::Single;
     Open(Make_Frm_Jgmas(shell));
     EXPECT_EQ(opened->windowTitle().toStdString(), "自社情報");
     EXPECT_EQ(opened->findChild<QLineEdit*>("JigyoCD"), nullptr);
@@ -224,20 +175,16 @@ TEST_F(Frm_Jgmas_Test, The_Period_Moves_As_Soon_As_Its_Field_Is_Left) {
     messages.shown.clear();
     Child<QLineEdit>(*opened, "SyaMei")->setFocus();
     QCoreApplication::processEvents();
-    ASSERT_EQ(messages.shown.size(), 2U);
-    EXPECT_EQ(messages.shown[1].title, "保存確認");
+    EXPECT_EQ(Titles(), "決算期変更確認 保存確認");
     EXPECT_EQ(List("SELECT 処理決算期, 電話番号 FROM Jigyo_mas"), "9=011");
     EXPECT_EQ(session.Syori_Ki, 9);
     Child<QRadioButton>(*opened, "Hyaku")->click();
-    Click(*opened, "Cmd_Excute");
-    EXPECT_FALSE(opened->isVisible());
+    EXPECT_EQ(Press("Cmd_Excute"), "closed");
     EXPECT_EQ(shell.calls, (std::vector<std::string>{"Show_Company", "Show_Company"}));
     EXPECT_EQ(session.Tani_Kbn, Display_Unit::Millions);
-    Cn_Open(session).Execute("UPDATE Jigyo_mas SET 単位=Null");
+    Run({"UPDATE Jigyo_mas SET 単位=Null"});
     Open(Make_Frm_Jgmas(shell));
-    Click(*opened, "Cmd_Excute");
-    EXPECT_EQ(messages.shown.back().title, "処理単位指定確認");
-    EXPECT_EQ(Focused(), "En");
+    EXPECT_EQ(Press("Cmd_Excute"), "処理単位指定確認@En");
 }
 
 } // namespace

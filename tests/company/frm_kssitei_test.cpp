@@ -7,35 +7,31 @@
 #include "widgets/record_list.h"
 
 #include <QAbstractButton>
-#include <QLabel>
-#include <QLineEdit>
 
 namespace morvane::tests {
 namespace {
 
 /// Periods 33 (law year 2011), 34 (2012) and 35 (2015), the last one in hand.
-class Period_Screen : public Ui_Installation {
+class Period_Screen : public Form_Installation {
   protected:
     Period_Screen() {
         Make_Company(1, 1, 33);
         Period_Copy(session, 34, 33, Copy_Mode::After, Law_Of(3).code);
         Period_Copy(session, 35, 34, Copy_Mode::After, Law_Of(4).code);
         Set_Law_Year(session, 33, Law_Of(2).code);
-        Open();
+        Open_Screen();
     }
 
-    void Open() {
-        form = std::make_unique<Frm_KsSitei>(shell);
-        form->show();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(form.get()));
-        list = Child<Record_List>(*form, "Lst_Box");
+    void Open_Screen() {
+        Open(new Frm_KsSitei(shell));
+        list = Child<Record_List>(*opened, "Lst_Box");
     }
 
     /// The marked law-year option, with the period of the chosen line.
     [[nodiscard]] std::string Marked() const {
         std::string marked = std::to_string(list->Selected_Row()) + ":";
         for (const char* year : {"2008", "2011", "2012", "2015"}) {
-            auto* option = Child<QAbstractButton>(*form, (std::string("Simyu") + year + "_flg").c_str());
+            auto* option = Child<QAbstractButton>(*opened, (std::string("Simyu") + year + "_flg").c_str());
             marked += option->isChecked() ? year : "";
             marked += option->isEnabled() ? "" : "x";
         }
@@ -47,7 +43,6 @@ class Period_Screen : public Ui_Installation {
                           list->visualRect(list->model()->index(row, 0)).center());
     }
 
-    std::unique_ptr<Frm_KsSitei> form;
     Record_List* list = nullptr;
 };
 
@@ -60,15 +55,13 @@ TEST_F(Period_Screen, A_Line_Is_Chosen_And_Taken_In_Hand) {
     EXPECT_EQ(Law_Number(session.Simyu_Kubun), 4)
         << "the menu opens forms by it, and period 35 is still in hand";
     Cn_Open(session).Execute("DELETE FROM Ks_Zaihyo WHERE 決算期=33 And 建設科目CD=99");
-    Open();
+    Open_Screen();
     Click_Row(0);
     EXPECT_EQ(Marked(), "0:xxxx");
-    Click(*form, "Cmd_Excute");
-    EXPECT_EQ(messages.shown.back().title, "決算期指定エラー");
-    EXPECT_TRUE(form->isVisible());
+    EXPECT_TRUE(Press("Cmd_Excute").starts_with("決算期指定エラー@"));
     Click_Row(1);
     QTest::keyClick(list, Qt::Key_Return);
-    EXPECT_FALSE(form->isVisible());
+    EXPECT_FALSE(opened->isVisible());
     EXPECT_EQ(session.Syori_Ki, 34);
     EXPECT_EQ(Law_Number(session.Simyu_Kubun), 3);
     EXPECT_EQ(shell.calls, (std::vector<std::string>{"Show_Company"}));
@@ -77,46 +70,40 @@ TEST_F(Period_Screen, A_Line_Is_Chosen_And_Taken_In_Hand) {
 TEST_F(Period_Screen, A_Store_That_Cannot_Be_Read_Does_Not_Hold_The_Window) {
     std::filesystem::rename(session.Work_Store, session.App_Path / "gone.dat");
     messages.answers = {Answer::Back, Answer::Discard};
-    Click(*form, "Cmd_Cancel");
-    EXPECT_TRUE(form->isVisible());
-    EXPECT_EQ(messages.shown.back().title, "読み込みエラー");
+    EXPECT_TRUE(Press("Cmd_Cancel").starts_with("読み込みエラー@"));
     EXPECT_EQ(messages.shown.back().buttons, Buttons::Retry_Discard_Back);
-    Click(*form, "Cmd_Cancel");
-    EXPECT_FALSE(form->isVisible());
+    EXPECT_EQ(Press("Cmd_Cancel"), "読み込みエラーclosed");
     EXPECT_EQ(shell.failure, "") << "the program would end";
     EXPECT_EQ(Law_Number(session.Simyu_Kubun), 4);
 }
 
 TEST_F(Period_Screen, A_New_Period_Is_Made_From_The_Proposal) {
-    Click(*form, "Opt(1)");
+    Click(*opened, "Opt(1)");
     EXPECT_FALSE(list->isVisible());
-    EXPECT_FALSE(Child<QAbstractButton>(*form, "Cmd_Del")->isEnabled());
-    EXPECT_TRUE(Child<QAbstractButton>(*form, "Cmd_Excute")->text().startsWith(QStringLiteral("新規登録")));
-    EXPECT_EQ(Child<QLineEdit>(*form, "Ks_ki")->text().toStdString(), "36");
+    EXPECT_FALSE(Child<QAbstractButton>(*opened, "Cmd_Del")->isEnabled());
+    EXPECT_TRUE(Text("Cmd_Excute").starts_with("新規登録"));
+    EXPECT_EQ(Text("Ks_ki"), "36");
     EXPECT_EQ(Marked(), "2:2015");
-    Click(*form, "Opt(2)");
-    EXPECT_EQ(Child<QLineEdit>(*form, "Ks_ki")->text().toStdString(), "32");
+    Click(*opened, "Opt(2)");
+    EXPECT_EQ(Text("Ks_ki"), "32");
     EXPECT_EQ(Marked(), "2:2011") << "as the neighbour";
     // An option now speaks of the period to be made: no question, and no registered period changes.
     const auto before = State();
-    Click(*form, "Simyu2012_flg");
+    Click(*opened, "Simyu2012_flg");
     EXPECT_EQ(Marked(), "2:2012");
     EXPECT_TRUE(messages.shown.empty());
-    Click(*form, "Simyu2008_flg");
-    EXPECT_EQ(messages.shown.back().title, "経審年指定エラー");
+    EXPECT_TRUE(Press("Simyu2008_flg").starts_with("経審年指定エラー@"));
     EXPECT_EQ(Marked(), "2:2012");
     for (const char* number : {"", "33", "99999"}) {
-        Type_Into(*form, "Ks_ki", number);
-        Click(*form, "Cmd_Excute");
-        EXPECT_FALSE(Child<QLabel>(*form, "Lbl_Fault")->text().isEmpty()) << number;
-        EXPECT_TRUE(Child<QLineEdit>(*form, "Ks_ki")->hasFocus()) << number;
+        Type_Into(*opened, "Ks_ki", number);
+        EXPECT_EQ(Press("Cmd_Excute"), "@Ks_ki") << number;
+        EXPECT_NE(Text("Lbl_Fault"), "") << number;
     }
     EXPECT_TRUE(State() == before);
-    Type_Into(*form, "Ks_ki", "32");
-    EXPECT_TRUE(Child<QLabel>(*form, "Lbl_Fault")->text().isEmpty());
+    Type_Into(*opened, "Ks_ki", "32");
+    EXPECT_EQ(Text("Lbl_Fault"), "");
     messages.answers = {Answer::Yes};
-    Click(*form, "Cmd_Excute");
-    EXPECT_FALSE(form->isVisible());
+    EXPECT_EQ(Press("Cmd_Excute"), "新決算期指定エラー 新決算期処理終了closed");
     EXPECT_EQ(session.Syori_Ki, 32);
     EXPECT_EQ(Law_Number(session.Simyu_Kubun), 3);
     EXPECT_EQ(shell.calls, (std::vector<std::string>{"Show_Company"}));
@@ -125,15 +112,15 @@ TEST_F(Period_Screen, A_New_Period_Is_Made_From_The_Proposal) {
 TEST_F(Period_Screen, Law_Years_Are_Changed_And_Leaving_Keeps_That_Of_The_Period_In_Hand) {
     Click_Row(0);
     messages.answers = {Answer::Yes, Answer::No};
-    Click(*form, "Simyu2012_flg");
+    Click(*opened, "Simyu2012_flg");
     EXPECT_EQ(Marked(), "0:2012");
     EXPECT_EQ(list->Text_At(0, 1).toStdString(), "2012年改正");
     Click_Row(2);
-    Click(*form, "Simyu2011_flg");
+    Click(*opened, "Simyu2011_flg");
     EXPECT_EQ(Marked(), "2:2012") << "No to 2011 marks 2012";
     session.Simyu_Kubun = Law_Of(2).code;
-    QTest::keyClick(form.get(), Qt::Key_Escape);
-    EXPECT_FALSE(form->isVisible());
+    QTest::keyClick(opened.get(), Qt::Key_Escape);
+    EXPECT_FALSE(opened->isVisible());
     EXPECT_EQ(Law_Number(session.Simyu_Kubun), 4);
     EXPECT_EQ(session.Syori_Ki, 35);
     EXPECT_TRUE(shell.calls.empty());
@@ -142,10 +129,10 @@ TEST_F(Period_Screen, Law_Years_Are_Changed_And_Leaving_Keeps_That_Of_The_Period
 TEST_F(Period_Screen, The_List_Shows_What_Is_Left_After_A_Deletion) {
     Click_Row(0);
     messages.answers = {Answer::Yes};
-    Click(*form, "Cmd_Del");
+    Click(*opened, "Cmd_Del");
     EXPECT_EQ(list->Row_Count(), 2);
     EXPECT_EQ(Marked(), "1:2015");
-    Click(*form, "Cmd_Del");
+    Click(*opened, "Cmd_Del");
     EXPECT_EQ(messages.shown.back().text, "現在処理中の決算期は削除できません。");
     EXPECT_EQ(list->Row_Count(), 2);
 }

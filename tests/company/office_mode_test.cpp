@@ -6,7 +6,6 @@
 #include "data/store_file.h"
 #include "session/install_info.h"
 #include "session/kidou_ini.h"
-#include "support/failing_writes.h"
 #include "support/installation_fixture.h"
 
 namespace morvane::tests {
@@ -27,24 +26,18 @@ class Own_Use_Test : public Installation {
 TEST_F(Own_Use_Test, The_Firm_Becomes_A_Company_Of_The_Office) {
     Make_Company(7, 1, 3);
     Put_Amounts({{100, 5000}});
-    ASSERT_EQ(Mode_Refusal(session, true), "");
-    const std::string before = Dump(session.Work_Store);
+    Write_Kidou_Ini(folder.path, {7, "見本7"});
+    const std::string work = Dump(session.Work_Store);
     int failures = 0;
-    for (bool done = false; !done; ++failures) {
-        try {
-            const Failing_Writes full_disk(failures + 1);
-            Change_Mode(session, true);
-            done = true;
-        } catch (const Store_Error&) {
-            EXPECT_FALSE(Is_Office()) << failures;
-        }
-        EXPECT_EQ(Dump(session.Work_Store), before) << failures;
+    for (; !Is_Office(); ++failures) {
+        const Failing_Writes full_disk(failures + 1);
+        EXPECT_EQ(Refusal_Of([this] { Change_Mode(session, true); }).empty(), Is_Office()) << failures;
+        EXPECT_EQ(Dump(session.Work_Store), work) << failures;
         EXPECT_EQ(Mode_Refusal(session, true), "") << failures;
         ASSERT_LT(failures, 200);
     }
     EXPECT_GT(failures, 3);
-    EXPECT_TRUE(Is_Office());
-    EXPECT_EQ(Dump(Company_Store(session, 7)), before);
+    EXPECT_EQ(Dump(Company_Store(session, 7)), work);
     ASSERT_EQ(Read_Register(session).size(), 1U);
     EXPECT_EQ(Read_Register(session)[0].number, 7);
     EXPECT_TRUE(Read_Kidou_Ini(folder.path).Is_Clean());
@@ -58,10 +51,8 @@ TEST_F(Own_Use_Test, A_Firm_Without_Number_Gets_One_And_An_Unused_Folder_No_Comp
     Change_Mode(session, true);
     ASSERT_EQ(Read_Register(session).size(), 1U);
     EXPECT_EQ(Read_Register(session)[0].number, 1);
-    EXPECT_EQ(Connection(Company_Store(session, 1), session.Db_Key)
-                  .Open("SELECT * FROM Jigyo_mas")["管理No"]
-                  .As_Integer(),
-              1);
+    EXPECT_EQ(Rows_Of(Connection(Company_Store(session, 1), session.Db_Key), "SELECT 管理No FROM Jigyo_mas"),
+              "1");
 }
 
 TEST_F(Own_Use_Test, What_Would_Lose_Data_Is_Refused) {
@@ -81,9 +72,8 @@ TEST_F(Own_Use_Test, What_Would_Lose_Data_Is_Refused) {
     EXPECT_PRED2(Has, Mode_Refusal(session, true), "自社情報");
 }
 
-class Office_Test : public Installation {};
-
-TEST_F(Office_Test, Own_Use_Needs_An_Empty_Register) {
+TEST_F(Own_Use_Test, It_Needs_An_Empty_Register) {
+    Install("13");
     Put_Register_Row(session, {5, "見本組", "ﾐ"});
     EXPECT_PRED2(Has, Mode_Refusal(session, false), "1件");
     Remove_Register_Row(session, 5);

@@ -6,13 +6,15 @@
 #include "session/kidou_ini.h"
 #include "support/installation_fixture.h"
 
+#include <tuple>
+
 namespace morvane::tests {
 
 namespace fs = std::filesystem;
 
 namespace {
 
-class Register_Test : public Installation {};
+class Register_Test : public Kept_Installation {};
 
 TEST_F(Register_Test, Each_Initial_Finds_Its_Own_Names) {
     int number = 0;
@@ -34,13 +36,11 @@ TEST_F(Register_Test, Each_Initial_Finds_Its_Own_Names) {
 }
 
 TEST_F(Register_Test, Taking_A_Company_Refuses_What_It_Must) {
-    Make_Company(2, 1, 5);
-    Check_In(session);
-    Run({"UPDATE Ks_Zaihyo SET 並び順 = 2 WHERE 建設科目CD=99", "UPDATE Jigyo_mas SET 管理No = 3"});
-    session.Kanri_No = 3;
-    Check_In(session);
-    session.Kanri_No = 0;
-    const auto before = State();
+    Register_Company(2, "見本2");
+    Register_Company(3, "古い");
+    Connection(folder.path / "data/000003.dat", Delivered_Key())
+        .Execute("UPDATE Ks_Zaihyo SET 並び順 = 2 WHERE 建設科目CD=99");
+    before = State();
     EXPECT_EQ(Take_Company(session, std::nullopt), Taken::Refused);
     EXPECT_EQ(Last_Box(), "事業所未指定エラー：処理する事業所を指定してください。");
     EXPECT_EQ(Take_Company(session, Register_Row{0, "零", ""}), Taken::Refused);
@@ -53,70 +53,58 @@ TEST_F(Register_Test, Taking_A_Company_Refuses_What_It_Must) {
 }
 
 TEST_F(Register_Test, Deletes_File_And_Row_After_The_Question) {
-    Make_Company(2, 1, 5);
-    Check_In(session);
-    Copy_Store(session.Work_Store, folder.path / "data/000005.dat", Delivered_Key());
-    Connection(folder.path / "data/000005.dat", Delivered_Key())
-        .Execute("UPDATE Jigyo_mas SET 管理No = 7000005");
-    for (const Register_Row& row :
-         {Register_Row{0, "零", ""}, {2, "見本2", ""}, {5, "五", ""}, {7000005, "大", ""}}) {
+    Register_Company(7000005, "大");
+    Register_Company(2, "見本2");
+    for (const Register_Row& row : {Register_Row{0, "零", ""}, {5, "五", ""}, {6, "六", ""}, {8, "八", ""}}) {
         Put_Register_Row(session, row);
     }
-    auto before = State();
-    EXPECT_FALSE(Delete_Company(session, std::nullopt));
-    EXPECT_EQ(Last_Box(), "事業所未指定エラー：処理する事業所を指定してください。");
-    EXPECT_FALSE(Delete_Company(session, Register_Row{2, "見本2", ""}));
-    EXPECT_EQ(Last_Box(), "事業所削除エラー：指定中の事業所は削除できません。");
+    // A file that is another company's (the two were exchanged), and one that cannot go, a folder of its
+    // name.
+    Copy_Store(session.Work_Store, folder.path / "data/000008.dat", Delivered_Key());
+    fs::create_directories(folder.path / "data/000006.dat/x");
+    session.Kanri_No = 2;
+    const auto deletes = [this](std::optional<Register_Row> row) {
+        messages.answers = {Answer::Yes};
+        return Delete_Company(session, row);
+    };
+    const std::tuple<std::optional<Register_Row>, const char*> refused[] = {
+        {std::nullopt, "事業所未指定エラー：処理する事業所を指定してください。"},
+        {Register_Row{2, "見本2", ""}, "事業所削除エラー：指定中の事業所は削除できません。"},
+        {Register_Row{8, "八", ""}, "事業所番号 2"},
+        {Register_Row{6, "六", ""}, "000006.dat"},
+    };
+    before = State();
+    for (const auto& [row, words] : refused) {
+        EXPECT_FALSE(deletes(row)) << words;
+        EXPECT_PRED2(Has, Last_Box(), words);
+        EXPECT_TRUE(State() == before);
+    }
     EXPECT_FALSE(Delete_Company(session, Register_Row{5, "五", ""})) << "No is the default";
     EXPECT_EQ(Last_Box(),
               "事業所データ削除確認：「五」の\n全データを削除します。一旦削除すると元には戻せません。"
               "\nよろしいですか？");
     EXPECT_TRUE(State() == before);
 
-    messages.answers = {Answer::Yes};
-    EXPECT_TRUE(Delete_Company(session, Register_Row{5, "五", ""}));
+    EXPECT_TRUE(deletes(Register_Row{5, "五", ""}));
     EXPECT_EQ(Last_Box(), "事業所削除完了：指定の事業所データを削除しました。");
     EXPECT_FALSE(Find_Register_Row(session, 5));
     EXPECT_TRUE(fs::exists(folder.path / "data/000005.dat")) << "it is that of company 7000005 too";
-    messages.answers = {Answer::Yes};
-    EXPECT_TRUE(Delete_Company(session, Register_Row{7000005, "大", ""}));
+    EXPECT_TRUE(deletes(Register_Row{7000005, "大", ""}));
     EXPECT_FALSE(fs::exists(folder.path / "data/000005.dat"));
     session.Kanri_No = 0;
-    messages.answers = {Answer::Yes};
-    EXPECT_TRUE(Delete_Company(session, Register_Row{0, "零", ""})) << "a listed company 0, nothing in hand";
-    EXPECT_EQ(Read_Register(session).size(), 1U);
-
-    // A file that is another company's: the two were exchanged.
-    Copy_Store(session.Work_Store, folder.path / "data/000008.dat", Delivered_Key());
-    Put_Register_Row(session, {8, "八", ""});
-    before = State();
-    messages.answers = {Answer::Yes};
-    EXPECT_FALSE(Delete_Company(session, Register_Row{8, "八", ""}));
-    EXPECT_PRED2(Has, Last_Box(), "事業所番号 2");
-    EXPECT_TRUE(State() == before);
-
-    // A file that cannot go: a folder of its name.
-    Put_Register_Row(session, {6, "六", ""});
-    fs::create_directories(folder.path / "data/000006.dat/x");
-    before = State();
-    messages.answers = {Answer::Yes};
-    EXPECT_FALSE(Delete_Company(session, Register_Row{6, "六", ""}));
-    EXPECT_PRED2(Has, Last_Box(), "000006.dat");
-    EXPECT_TRUE(State() == before);
+    EXPECT_TRUE(deletes(Register_Row{0, "零", ""})) << "a listed company 0, nothing in hand";
+    EXPECT_EQ(Read_Register(session).size(), 3U);
 }
 
 TEST_F(Register_Test, Sweeping_Takes_Drafts_Only) {
-    const auto before = State();
-    const char* drafts[] = {".Morvane.dat.new123-0", ".Morvane.dat.old123-1", "data/.000001.dat.new9-12",
-                            "data/.000001.dat.new9-12-journal", ".kidou.ini.new1-1"};
-    for (const char* name : drafts) {
+    auto expected = State();
+    expected[".hidden"] = expected["data/000001.dat.new1-1"] = "x";
+    for (const char* name :
+         {".Morvane.dat.new123-0", ".Morvane.dat.old123-1", "data/.000001.dat.new9-12",
+          "data/.000001.dat.new9-12-journal", ".kidou.ini.new1-1", ".hidden", "data/000001.dat.new1-1"}) {
         Write_Text_File(folder.path / name, "x");
     }
-    Write_Text_File(folder.path / ".hidden", "x");
-    Write_Text_File(folder.path / "data/000001.dat.new1-1", "x");
     Sweep_Drafts(folder.path);
-    auto expected = before;
-    expected[".hidden"] = expected["data/000001.dat.new1-1"] = "x";
     EXPECT_TRUE(State() == expected);
 }
 

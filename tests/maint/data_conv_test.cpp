@@ -11,21 +11,17 @@
 namespace morvane::tests {
 namespace {
 
-class Data_Conversion : public Installation {
+class Data_Conversion : public Kept_Installation {
   protected:
-    using Installation::Installation;
-
-    void Expect_Last_Box(const std::string& box) const {
-        EXPECT_PRED2(Has, Last_Box(), box);
+    void Convert_2008() {
+        messages.answers = {Answer::Yes};
+        ASSERT_TRUE(Conv_2008_To_2010(session));
+        EXPECT_EQ(Last_Box(), "財務データ変換終了：データ変換が終了しました。");
         EXPECT_TRUE(messages.shown.back().beep);
+        EXPECT_EQ(Get_Data_Ver(session, 30), session.Data_Ver);
     }
 
     std::string Codes() const { return List("SELECT 建設科目CD FROM Ks_Zaihyo ORDER BY 建設科目CD"); }
-};
-
-class Hokkaido_Conversion : public Data_Conversion {
-  protected:
-    Hokkaido_Conversion() : Data_Conversion("01") {}
 };
 
 TEST_F(Data_Conversion, The_2010_Form_Has_The_Accounts_Of_A_New_Period) {
@@ -33,11 +29,9 @@ TEST_F(Data_Conversion, The_2010_Form_Has_The_Accounts_Of_A_New_Period) {
     const std::string new_codes = Codes();
     Make_Form_2008();
     Put_Amounts({{140, 1000}, {145, 5}, {153, 40}, {204, 700}, {207, 30}, {232, 900}, {237, 9}});
-    messages.answers = {Answer::Yes};
-    ASSERT_TRUE(Conv_2008_To_2010(session));
+    Convert_2008();
     EXPECT_EQ(Codes(), new_codes);
     EXPECT_EQ(session.Data_Ver, Data_Form_No::National);
-    EXPECT_EQ(Get_Data_Ver(session, 30), Data_Form_No::National);
     const std::map<int, double> moved = {{143, 1000}, {148, 5}, {154, 40}, {205, 700}, {208, 30}, {233, 900},
                                          {238, 9},    {140, 0}, {153, 0},  {204, 0},   {232, 0}};
     for (const auto& [code, amount] : moved) {
@@ -52,16 +46,15 @@ TEST_F(Data_Conversion, The_2010_Form_Has_The_Accounts_Of_A_New_Period) {
     Zaimu_Shukei(session, Amount_Column::Current);
     EXPECT_EQ(Amount(149), 1000 + 600 - 100 + 0);
     EXPECT_EQ(Amount(248), 900 + 9);
-    Expect_Last_Box("財務データ変換終了：データ変換が終了しました。");
 }
 
-TEST_F(Hokkaido_Conversion, More_Current_Liabilities_Move) {
+TEST_F(Data_Conversion, More_Current_Liabilities_Of_Hokkaido_Move) {
+    Install("01");
     Make_Company(1, 1, 30);
     const std::string new_codes = Codes();
     Make_Form_2008();
     Put_Amounts({{216, 77}});
-    messages.answers = {Answer::Yes};
-    ASSERT_TRUE(Conv_2008_To_2010(session));
+    Convert_2008();
     EXPECT_EQ(Codes(), new_codes);
     EXPECT_EQ(Amount(217), 77);
     EXPECT_EQ(session.Data_Ver, Data_Form_No::Hokkaido);
@@ -71,8 +64,7 @@ TEST_F(Data_Conversion, An_Individuals_Loans_Take_The_Line_Of_The_Payables) {
     Make_Company(1, 2, 30);
     Make_Form_2008();
     Put_Amounts({{203, 11}, {207, 500}});
-    messages.answers = {Answer::Yes};
-    ASSERT_TRUE(Conv_2008_To_2010(session));
+    Convert_2008();
     ASSERT_EQ(messages.shown.size(), 3U);
     EXPECT_PRED2(Has, messages.shown[1].title + messages.shown[1].text,
                  "データ変換メッセージ「流動負債」の「買掛金」に金額があります。");
@@ -89,46 +81,43 @@ TEST_F(Data_Conversion, Refusals_And_No_Change_Nothing) {
         bool to_2015;
         const char* text;
     };
-    const std::vector<Row> rows = {{2, 3, false, "2008年改正時点より前のデータです。"},
-                                   {5, 3, false, "既に、2010年以降の財務データです。"},
-                                   {6, 3, false, "既に、2010年以降の財務データです。"},
-                                   {3, 3, false, "2010年以降の財務データに変換します。"},
-                                   {4, 3, true, "2008年改正以前のデータです。"},
-                                   {5, 4, true, "既に、2015年改正後データです。"},
-                                   {5, 3, true, "2015年改正対応のデータに変換します。"}};
-    for (const Row& row : rows) {
+    for (const Row& row : {Row{2, 3, false, "2008年改正時点より前のデータです。"},
+                           {5, 3, false, "既に、2010年以降の財務データです。"},
+                           {6, 3, false, "既に、2010年以降の財務データです。"},
+                           {3, 3, false, "2010年以降の財務データに変換します。"},
+                           {4, 3, true, "2008年改正以前のデータです。"},
+                           {5, 4, true, "既に、2015年改正後データです。"},
+                           {5, 3, true, "2015年改正対応のデータに変換します。"}}) {
         Set_Law_Year(session, 30, Law_Of(row.law).code);
         session.Data_Ver = Data_Form_Of(row.form);
-        const std::string before = Dump(session.Work_Store);
+        before = State();
         messages.shown.clear();
         EXPECT_FALSE(row.to_2015 ? Mnu_Dt2015(session) : Conv_2008_To_2010(session)) << row.text;
         ASSERT_EQ(messages.shown.size(), 1U) << row.text;
         EXPECT_PRED2(Has, messages.shown[0].text, row.text);
         EXPECT_EQ(messages.shown[0].default_answer,
                   messages.shown[0].buttons == Buttons::Yes_No ? Answer::No : Answer::Ok);
-        EXPECT_EQ(Dump(session.Work_Store), before) << row.text;
+        EXPECT_TRUE(State() == before) << row.text;
     }
 }
 
 TEST_F(Data_Conversion, To_2015_Adds_Only_What_Is_Missing_And_Renumbers_Older_Law_Years) {
     for (const std::int16_t law : {std::int16_t{1}, std::int16_t{2}, std::int16_t{3}}) {
         Make_Company(1, 1, 30);
-        Put_Elements({{103, 1}, {104, 0}, {106, 1}});
+        Put_Elements({{103, 1}, {104, 0}, {106, 1}, {221, 12}});
         Set_Law_Year(session, 30, Law_Of(law).code);
         Run({"DELETE FROM W_Yoso WHERE 要素CD>=222 And 要素CD<=227"});
-        Put_Elements({{221, 12}});
+        session.Simyu_Kubun = Law_Of(law).code;
         messages.answers = {Answer::Yes};
         ASSERT_TRUE(Mnu_Dt2015(session)) << law;
         EXPECT_EQ(Law_Number(session.Simyu_Kubun), 4);
         // The pension row and the schemes mean again what they meant, and no figure of the young engineers is
         // lost.
-        const std::map<int, Value> expected = {{103, 1.0}, {104, 0.0},  {106, 1.0},
-                                               {210, 4.0}, {221, 12.0}, {222, {}}};
-        for (const auto& [code, value] : expected) {
-            EXPECT_EQ(Field("W_Yoso", "現状", "要素CD=" + std::to_string(code)), value)
-                << law << ": " << code;
-        }
-        EXPECT_EQ(Field("W_Yoso", "要素名", "要素CD=227"), Value("若年数_新規_点数"));
+        EXPECT_EQ(List("SELECT 要素CD, 現状 FROM W_Yoso WHERE 要素CD IN (103, 104, 106, 210, 221, 222) "
+                       "ORDER BY 要素CD"),
+                  "103=1 104=0 106=1 210=4 221=12 222=-")
+            << law;
+        EXPECT_EQ(List("SELECT 要素名 FROM W_Yoso WHERE 要素CD=227"), "若年数_新規_点数");
         EXPECT_EQ(messages.shown.size(), static_cast<std::size_t>(law));
     }
 }
@@ -144,17 +133,14 @@ TEST_F(Data_Conversion, A_Whole_Store_Comes_In_And_A_Broken_One_Changes_Nothing)
     EXPECT_EQ(Field("Jigyo_mas", "管理No", "法人個人識別=1"), Value(7));
     session.Syori_Ki = 30;
     EXPECT_EQ(Amount(100), 4321);
-    Expect_Last_Box("データ変換完了：データの変換が終了しました。");
+    EXPECT_EQ(Last_Box(), "データ変換完了：データの変換が終了しました。");
 
-    {
-        const Connection cn(backup / "MORVANE.DAT", session.Db_Key);
-        cn.Execute("DROP TABLE XW_Yoso");
-    }
-    const std::string before = Dump(session.Work_Store);
+    Connection(backup / "MORVANE.DAT", session.Db_Key).Execute("DROP TABLE XW_Yoso");
+    before = State();
     EXPECT_THROW(Dt_Conv(session, backup), Store_Error);
-    EXPECT_EQ(Dump(session.Work_Store), before);
+    EXPECT_TRUE(State() == before);
     EXPECT_FALSE(Dt_Conv(session, ""));
-    Expect_Last_Box("フォルダ未指定エラー：バックアップファイルのフォルダが指定されていません。");
+    EXPECT_EQ(Last_Box(), "フォルダ未指定エラー：バックアップファイルのフォルダが指定されていません。");
     messages.answers = {Answer::No, Answer::Yes};
     EXPECT_FALSE(Dt_Conv_Cancelled(session));
     EXPECT_TRUE(Dt_Conv_Cancelled(session));

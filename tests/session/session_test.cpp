@@ -17,6 +17,7 @@
 #include <optional>
 #include <stop_token>
 #include <sys/wait.h>
+#include <tuple>
 #include <unistd.h>
 
 namespace morvane::tests {
@@ -40,19 +41,19 @@ class Session_Test : public Installation {
     }
 };
 
-TEST(Comma_Str, Groups_Of_Three) {
-    const std::pair<Value, const char*> cases[] = {{Value(), ""},
-                                                   {"", ""},
-                                                   {0, "0"},
-                                                   {999, "999"},
-                                                   {1234567, "1,234,567"},
-                                                   {-1234, "-1,234"},
-                                                   {-100000, "-100,000"},
-                                                   {999.5, "999"},
-                                                   {-999.5, "-999"},
-                                                   {-1234567.25, "-1,234,567.25"},
-                                                   {999999999999.0, "999,999,999,999"},
-                                                   {"-12345.60", "-12,345.60"}};
+TEST(Comma_Str_Test, Groups_Of_Three) {
+    const std::pair<Value, const char*> cases[] = {
+        {Value(), ""},
+        {"", ""},
+        {0, "0"},
+        {999, "999"},
+        {-1234, "-1,234"},
+        {-100000, "-100,000"},
+        {-999.5, "-999"},
+        {-1234567.25, "-1,234,567.25"},
+        {999999999999.0, "999,999,999,999"},
+        {"-12345.60", "-12,345.60"},
+    };
     for (const auto& [value, text] : cases) {
         EXPECT_EQ(Comma_Str(value), text);
     }
@@ -86,24 +87,18 @@ TEST_F(Session_Test, Lookups_Read_Missing_Rows_And_Null_As_Zero) {
 // 552.
 TEST_F(Session_Test, Data_Forms_By_Edition) {
     const Value no_row = -1;
-    const struct {
-        Edition edition;
+    struct Row {
         Value marker;
         bool has_552;
-        int form;
-    } cases[] = {{Edition::National, 5, false, 5},       {Edition::National, 3, false, 3},
-                 {Edition::National, 6, true, 6},        {Edition::National, 1, false, 1},
-                 {Edition::National, {}, false, 2},      {Edition::National, 2, false, 2},
-                 {Edition::National, no_row, false, 51}, {Edition::National, no_row, true, 51},
-                 {Edition::Hokkaido, 6, false, 6},       {Edition::Hokkaido, 4, false, 4},
-                 {Edition::Hokkaido, 1, true, 53},       {Edition::Hokkaido, 2, false, 53},
-                 {Edition::Hokkaido, 2, true, 2},        {Edition::Hokkaido, {}, true, 2},
-                 {Edition::Hokkaido, {}, false, 53},     {Edition::Hokkaido, no_row, true, 52},
-                 {Edition::Hokkaido, no_row, false, 52}};
+        int national, hokkaido;
+    };
+    const Row cases[] = {{5, false, 5, 5},  {6, true, 6, 6},         {3, false, 3, 3},
+                         {4, false, 4, 4},  {1, true, 1, 53},        {1, false, 1, 53},
+                         {2, false, 2, 53}, {2, true, 2, 2},         {{}, false, 2, 53},
+                         {{}, true, 2, 2},  {no_row, false, 51, 52}, {no_row, true, 51, 52}};
     const Connection cn = Cn_Open(session);
     const char* const insert = "INSERT INTO Ks_Zaihyo (決算期, 建設科目CD, 並び順) VALUES (?, ?, ?)";
-    for (const auto& c : cases) {
-        session.Tiiki_CD = c.edition;
+    for (const Row& c : cases) {
         cn.Execute("DELETE FROM Ks_Zaihyo");
         if (c.marker != no_row) {
             cn.Execute(insert, 3, 99, c.marker);
@@ -113,7 +108,8 @@ TEST_F(Session_Test, Data_Forms_By_Edition) {
         }
         cn.Execute(insert, 2, 99, 4);
         cn.Execute(insert, 2, 552, 0);
-        EXPECT_EQ(Number_Of(Get_Data_Ver(session, 3)), c.form) << c.marker.As_Text() << " " << c.has_552;
+        EXPECT_EQ(Number_Of(Get_Data_Ver(cn, Edition::National, 3)), c.national) << c.marker.As_Text();
+        EXPECT_EQ(Number_Of(Get_Data_Ver(cn, Edition::Hokkaido, 3)), c.hokkaido) << c.marker.As_Text();
     }
 }
 
@@ -140,12 +136,10 @@ TEST_F(Session_Test, A_Marker_That_Is_None_Is_Refused) {
           "1;\"a\"", " 1,\"a\"", "99999999999,\"a\"", "1.5,\"a\"", "1,\"a\"\n2,\"b"}) {
         Write_Text_File(folder.path / "kidou.ini", text);
         SCOPED_TRACE(text);
-        Expect_Refusal("kidou.ini", Store_Error::Reason::Bad_Content,
-                       [&] { static_cast<void>(Read_Kidou_Ini(folder.path)); });
+        Expect_Refusal("kidou.ini", Store_Error::Reason::Bad_Content, [&] { Read_Kidou_Ini(folder.path); });
     }
     fs::remove(folder.path / "kidou.ini");
-    Expect_Refusal("kidou.ini", Store_Error::Reason::Missing,
-                   [&] { static_cast<void>(Read_Kidou_Ini(folder.path)); });
+    Expect_Refusal("kidou.ini", Store_Error::Reason::Missing, [&] { Read_Kidou_Ini(folder.path); });
 }
 
 TEST_F(Session_Test, Settings_Are_Kept) {
@@ -160,15 +154,12 @@ TEST_F(Session_Test, Settings_Are_Kept) {
     info.net_check_host = "example.jp:80";
     info.optional_columns = {{"代表者名", "見本"}, {"決算期開始年", "6"}};
     Write_Install_Info(folder.path, info);
-    const Install_Info read = Read_Install_Info(folder.path);
-    EXPECT_EQ(read.office_name, info.office_name);
-    EXPECT_EQ(read.net_check_host, info.net_check_host);
-    EXPECT_EQ(read.optional_columns, info.optional_columns);
+    EXPECT_EQ(Read_Install_Info(folder.path).net_check_host, info.net_check_host);
+    EXPECT_EQ(Read_Install_Info(folder.path).optional_columns, info.optional_columns);
     session = Make_Session(folder.path, messages);
-    EXPECT_EQ(In_Hand().substr(0, 11) + session.User_ID + session.Todofuken_Mei, "2147483647 U-1北海道");
+    EXPECT_EQ(In_Hand() + session.User_ID + session.Todofuken_Mei + session.Office_Name,
+              "2147483647  -3 個人 0 0U-1北海道" + info.office_name);
     EXPECT_TRUE(session.Is_Hokkaido() && !session.Is_Multi());
-    EXPECT_EQ(session.Hojin_Kojin, Firm_Type::Individual);
-    EXPECT_EQ(session.Syori_Ki, -3);
     EXPECT_EQ(session.Tani_Kbn, Display_Unit::Ones);
     Verify_Store(session.Work_Store, session.Db_Key);
 
@@ -177,99 +168,51 @@ TEST_F(Session_Test, Settings_Are_Kept) {
     const Install_Info sparse = Read_Install_Info(folder.path);
     EXPECT_EQ(sparse.kanri_flg, Office_Mode::Multi);
     EXPECT_EQ(sparse.hojin_kojin, Firm_Type::Corporation);
-    EXPECT_EQ(sparse.syori_ki, 0);
-    EXPECT_EQ(sparse.tiiki_cd, "");
+    EXPECT_EQ(std::to_string(sparse.syori_ki) + sparse.tiiki_cd, "0");
     EXPECT_EQ(sparse.optional_columns, (std::map<std::string, std::string>{{"許可番号1", "123"}}));
 }
 
-// What a store or the settings hold of a firm's kind, what it reads as and what the arithmetic makes of it.
-TEST(Firm_Kind, Stored_Codes_Read_As_One_Of_Two_Or_None) {
-    const struct {
-        const char* code;
-        std::optional<Edition> edition;
-    } editions[] = {{"01", Edition::Hokkaido},
-                    {"0102", Edition::Hokkaido},
-                    {"13", Edition::National},
-                    {"13x", Edition::National},
-                    {"", {}},
-                    {"1", {}},
-                    {"14", {}},
-                    {"001", {}}};
-    for (const auto& c : editions) {
-        EXPECT_EQ(Edition_Of(c.code), c.edition) << c.code;
-        EXPECT_EQ(Code_Of(c.edition), c.edition ? std::string(c.code, 2) : "") << c.code;
+// What a store or the settings hold of a firm's kind, what it reads as and what the arithmetic
+// makes of it.
+TEST(Stored_Codes_Test, They_Read_As_One_Of_A_Few_Or_None) {
+    using Known = std::optional<Edition>;
+    constexpr Edition national = Edition::National, hokkaido = Edition::Hokkaido;
+    for (const auto& [code, edition] : {std::pair<const char*, Known>("01", hokkaido),
+                                        {"0102", hokkaido},
+                                        {"13", national},
+                                        {"13x", national},
+                                        {"", {}},
+                                        {"1", {}},
+                                        {"14", {}},
+                                        {"001", {}}}) {
+        EXPECT_EQ(Edition_Of(code), edition) << code;
+        EXPECT_EQ(Code_Of(edition), edition ? std::string(code, 2) : "") << code;
     }
-    const struct {
-        std::int64_t number;
-        std::optional<Firm_Type> type;
-        Firm_Type counted;
-    } types[] = {{1, Firm_Type::Corporation, Firm_Type::Corporation},
-                 {2, Firm_Type::Individual, Firm_Type::Individual},
-                 {0, {}, Firm_Type::Individual},
-                 {3, {}, Firm_Type::Individual},
-                 {4294967297, {}, Firm_Type::Individual}};
-    for (const auto& c : types) {
-        EXPECT_EQ(Firm_Type_Of(c.number), c.type) << c.number;
-        EXPECT_EQ(Counted(Firm_Type_Of(c.number)), c.counted) << c.number;
+    for (const std::int64_t number : {1L, 2L, 0L, 3L, 4294967297L}) {
+        const auto type = Firm_Type_Of(number);
+        EXPECT_EQ(type.has_value(), number == 1 || number == 2) << number;
+        EXPECT_EQ(Counted(type), number == 1 ? Firm_Type::Corporation : Firm_Type::Individual) << number;
     }
-}
-
-TEST(Data_Form, Stored_Numbers_Keep_Their_Order) {
-    const struct {
-        int number;
-        bool too_old, before_2008, present;
-        std::optional<Edition> edition;
-    } forms[] = {{0, true, false, false, {}},
-                 {1, true, true, false, {}},
-                 {2, true, true, false, {}},
-                 {3, false, false, false, Edition::National},
-                 {4, false, false, false, Edition::Hokkaido},
-                 {5, false, false, true, Edition::National},
-                 {6, false, false, true, Edition::Hokkaido},
-                 {7, false, false, false, {}},
-                 {51, false, false, false, {}},
-                 {53, false, false, false, {}}};
-    for (const auto& c : forms) {
-        const Data_Form_No form = Data_Form_Of(c.number);
-        EXPECT_EQ(Number_Of(form), c.number);
-        EXPECT_EQ(form < Data_Form_No::National_2008, c.too_old) << c.number;
-        EXPECT_EQ(Is_Before_2008(form), c.before_2008) << c.number;
-        EXPECT_EQ(Is_Present(form), c.present) << c.number;
-        EXPECT_EQ(Edition_Of(form), c.edition) << c.number;
+    for (const int number : {1, 2, 3}) {
+        EXPECT_EQ(static_cast<int>(Display_Unit_Of(number)), number - 1);
     }
-}
-
-TEST(Office, Other_Numbers_Are_A_Single_Firm_And_Million_Yen) {
-    for (const auto& [number, mode] : {std::pair(0, Office_Mode::Single),
-                                       {1, Office_Mode::Single},
-                                       {11, Office_Mode::Multi},
-                                       {255, Office_Mode::Single}}) {
-        EXPECT_EQ(Office_Mode_Of(static_cast<std::uint8_t>(number)), mode) << number;
-    }
-    for (const auto& [number, unit] : {std::pair(1, Display_Unit::Ones),
-                                       {2, Display_Unit::Thousands},
-                                       {3, Display_Unit::Millions},
-                                       {0, Display_Unit::Millions}}) {
-        EXPECT_EQ(Display_Unit_Of(number), unit) << number;
-    }
+    EXPECT_EQ(Display_Unit_Of(0), Display_Unit::Millions);
 }
 
 TEST_F(Session_Test, Data_Beside_The_Program_Are_Never_Passed_Over) {
     const fs::path program = folder.path / "program";
     const fs::path of_user = folder.path / "user";
     ::setenv("XDG_DATA_HOME", of_user.c_str(), 1);
-    const struct {
-        const char* beside;
-        bool is_own;
-    } cases[] = {{"manual/index.html", false}, {"data/notes.txt", false},   {"templates/morv_13.dat", true},
-                 {"install_info.json", true},  {"INSTALL_INFO.JSON", true}, {"Morvane.dat", true},
-                 {"Jgmas.dat", true},          {"data/000001.dat", true}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.beside);
+    const std::pair<const char*, bool> cases[] = {
+        {"manual/index.html", false}, {"data/notes.txt", false},   {"templates/morv_13.dat", true},
+        {"install_info.json", true},  {"INSTALL_INFO.JSON", true}, {"Morvane.dat", true},
+        {"Jgmas.dat", true},          {"data/000001.dat", true}};
+    for (const auto& [beside, is_own] : cases) {
+        SCOPED_TRACE(beside);
         fs::remove_all(program);
-        fs::create_directories((program / c.beside).parent_path());
-        Write_Text_File(program / c.beside, "");
-        EXPECT_EQ(Choose_App_Path(program), c.is_own ? program : of_user / "morvane");
+        fs::create_directories((program / beside).parent_path());
+        Write_Text_File(program / beside, "");
+        EXPECT_EQ(Choose_App_Path(program), is_own ? program : of_user / "morvane");
     }
     EXPECT_EQ(Choose_App_Path(folder.path / "unreadable"), folder.path / "unreadable");
     ::unsetenv("XDG_DATA_HOME");
@@ -278,25 +221,23 @@ TEST_F(Session_Test, Data_Beside_The_Program_Are_Never_Passed_Over) {
 }
 
 TEST_F(Session_Test, Each_Store_Has_Its_Opener) {
-    const struct {
-        const char* file;
-        Connection (*open)(const Session&);
-        const char* table;
-        bool writable;
-    } cases[] = {{"Morvane.dat", Cn_Open, "Ks_Zaihyo", true},
-                 {"morv_tmp.dat", Cn_Open_Tmp, "Ks_Zaihyo", false},
-                 {"Jgmas.dat", Cn_Open_Jgmas, "jgmas", true},
-                 {"morv_org.dat", Cn_Open_Org, "Ks_Zaihyo_Hk_new", false}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.file);
-        const std::string clear = std::string("DELETE FROM ") + c.table;
-        if (c.writable) {
-            EXPECT_NO_THROW(c.open(session).Execute(clear));
+    const std::tuple<const char*, Connection (*)(const Session&), std::string, bool> cases[] = {
+        {"Morvane.dat", Cn_Open, "Ks_Zaihyo", true},
+        {"morv_tmp.dat", Cn_Open_Tmp, "Ks_Zaihyo", false},
+        {"Jgmas.dat", Cn_Open_Jgmas, "jgmas", true},
+        {"morv_org.dat", Cn_Open_Org, "Ks_Zaihyo_Hk_new", false}};
+    for (const auto& [file, opener, table, writable] : cases) {
+        SCOPED_TRACE(file);
+        const auto clear = [&session = session, open = opener, sql = "DELETE FROM " + table] {
+            open(session).Execute(sql);
+        };
+        if (writable) {
+            EXPECT_NO_THROW(clear());
         } else {
-            Expect_Refusal(c.file, Store_Error::Reason::Read_Only, [&] { c.open(session).Execute(clear); });
+            Expect_Refusal(file, Store_Error::Reason::Read_Only, clear);
         }
-        fs::remove(folder.path / c.file);
-        Expect_Refusal(c.file, Store_Error::Reason::Missing, [&] { c.open(session).Close(); });
+        fs::remove(folder.path / file);
+        Expect_Refusal(file, Store_Error::Reason::Missing, clear);
     }
     session.messages = nullptr;
     EXPECT_THROW(Show_Message(session, {}), std::logic_error);
@@ -333,15 +274,14 @@ TEST_F(Session_Test, One_Program_Holds_An_Installation) {
     EXPECT_THROW(Instance_Lock::Take(folder.path / "none"), Store_Error);
 }
 
-TEST(Net_Check, Tells_Whether_A_Host_Answers) {
+TEST(Net_Check_Test, Tells_Whether_A_Host_Answers) {
     std::optional<Listener> listener(4);
     const std::string host = listener->Host();
     const std::string port = host.substr(host.find(':'));
     EXPECT_EQ(Net_Check(host), "1");
     listener.reset();
-    for (const std::string& silent :
-         {host, std::string(), port, std::string("127.0.0.1:"), std::string("127.0.0.1:no"),
-          std::string("host.invalid:80"), std::string("a b:80")}) {
+    for (const std::string& silent : std::vector<std::string>{host, "", port, "127.0.0.1:", "127.0.0.1:no",
+                                                              "host.invalid:80", "a b:80"}) {
         EXPECT_EQ(Net_Check(silent, 500), "0") << silent;
     }
     std::stop_source stop;
@@ -349,7 +289,7 @@ TEST(Net_Check, Tells_Whether_A_Host_Answers) {
     EXPECT_EQ(Net_Check(host, 500, stop.get_token()), "0") << "nobody waits any more";
 }
 
-TEST(Url_Open, Hands_Only_Web_And_Help_Addresses_To_The_Desktop) {
+TEST(Url_Open_Test, Hands_Only_Web_And_Help_Addresses_To_The_Desktop) {
     const Temporary_Folder desktop;
     const fs::path opened = desktop.path / "opened";
     const auto install = [&](const std::string& last_line) {

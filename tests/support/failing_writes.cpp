@@ -23,9 +23,6 @@ int __real_rename(const char* from, const char* to);
 int __real_link(const char* from, const char* to);
 int __real_unlink(const char* path);
 ssize_t __wrap_write(int file, const void* data, std::size_t size);
-int __wrap_fsync(int file);
-int __wrap_rename(const char* from, const char* to);
-int __wrap_link(const char* from, const char* to);
 int __wrap_unlink(const char* path);
 }
 
@@ -52,20 +49,12 @@ ssize_t Counted_Write(std::size_t size, Call call) {
 
 using Engine_Call = sqlite3_syscall_ptr;
 
-ssize_t Engine_Write(int file, const void* data, std::size_t size) {
-    return Counted_Write(size, [&](std::size_t part) { return __real_write(file, data, part); });
-}
-
 ssize_t Engine_Pwrite(int file, const void* data, std::size_t size, off_t at) {
     return Counted_Write(size, [&](std::size_t part) { return ::pwrite(file, data, part, at); });
 }
 
 int Engine_Truncate(int file, off_t size) {
     return Counted([&] { return ::ftruncate(file, size); });
-}
-
-int Engine_Unlink(const char* path) {
-    return Counted([&] { return __real_unlink(path); });
 }
 
 int (*engine_open)(const char*, int, int) = nullptr;
@@ -80,11 +69,11 @@ int Engine_Open(const char* path, int flags, int mode) {
 void Hook_Engine(bool on) {
     sqlite3_vfs* const vfs = sqlite3_vfs_find(nullptr);
     const std::pair<const char*, Engine_Call> calls[] = {
-        {"write", reinterpret_cast<Engine_Call>(Engine_Write)},
+        {"write", reinterpret_cast<Engine_Call>(__wrap_write)},
         {"pwrite", reinterpret_cast<Engine_Call>(Engine_Pwrite)},
         {"pwrite64", reinterpret_cast<Engine_Call>(Engine_Pwrite)},
         {"ftruncate", reinterpret_cast<Engine_Call>(Engine_Truncate)},
-        {"unlink", reinterpret_cast<Engine_Call>(Engine_Unlink)},
+        {"unlink", reinterpret_cast<Engine_Call>(__wrap_unlink)},
         {"open", reinterpret_cast<Engine_Call>(Engine_Open)},
     };
     for (const auto& [name, call] : calls) {
@@ -176,6 +165,12 @@ void Fail_Every_Write(const std::function<void()>& prepare, const std::function<
     constexpr std::array manners = {std::pair(Failing_Writes::Manner::Once, EIO),
                                     std::pair(Failing_Writes::Manner::From_Then_On, ENOSPC),
                                     std::pair(Failing_Writes::Manner::Kill, 0)};
+    const auto fail = [&](int at, Failing_Writes::Manner manner, int error) {
+        Failing_Writes writes(at, manner, error);
+        const Outcome outcome = attempt(writes);
+        EXPECT_TRUE(writes.Has_Failed()) << "the write was not reached";
+        return outcome;
+    };
     for (int at = 1; at <= writes_of_good_run; ++at) {
         const bool in_every_manner = at <= 12 || at > writes_of_good_run - 12;
         for (std::size_t i = 0; i < manners.size(); ++i) {
@@ -187,20 +182,15 @@ void Fail_Every_Write(const std::function<void()>& prepare, const std::function<
                          ", manner " + std::to_string(i));
             prepare();
             Outcome outcome = Outcome::Killed;
-            if (manner == Failing_Writes::Manner::Kill) {
-                const pid_t child = ::fork();
-                if (child == 0) {
-                    Failing_Writes writes(at, manner, error);
-                    static_cast<void>(attempt(writes));
-                    ::_exit(0);
-                }
+            if (manner != Failing_Writes::Manner::Kill) {
+                outcome = fail(at, manner, error);
+            } else if (const pid_t child = ::fork(); child == 0) {
+                fail(at, manner, error);
+                ::_exit(0);
+            } else {
                 int status = 0;
                 ASSERT_EQ(::waitpid(child, &status, 0), child);
                 ASSERT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 1) << "the write was not reached";
-            } else {
-                Failing_Writes writes(at, manner, error);
-                outcome = attempt(writes);
-                ASSERT_TRUE(writes.Has_Failed()) << "the write was not reached";
             }
             ASSERT_NO_FATAL_FAILURE(check(outcome));
         }
@@ -230,17 +220,20 @@ void Expect_All_Or_Nothing(const fs::path& folder, const std::function<void()>& 
 
 } // namespace morvane::tests
 
+extern "C" {
+using morvane::tests::Counted;
+
 ssize_t __wrap_write(int file, const void* data, std::size_t size) {
     return morvane::tests::Counted_Write(size,
                                          [&](std::size_t part) { return __real_write(file, data, part); });
 }
 
 int __wrap_fsync(int file) {
-    return morvane::tests::Counted([&] { return __real_fsync(file); });
+    return Counted([&] { return __real_fsync(file); });
 }
 
 int __wrap_rename(const char* from, const char* to) {
-    return morvane::tests::Counted([&] { return __real_rename(from, to); });
+    return Counted([&] { return __real_rename(from, to); });
 }
 
 int __wrap_link(const char* from, const char* to) {
@@ -248,9 +241,10 @@ int __wrap_link(const char* from, const char* to) {
         errno = ::access(from, F_OK) == 0 ? EPERM : ENOENT;
         return -1;
     }
-    return morvane::tests::Counted([&] { return __real_link(from, to); });
+    return Counted([&] { return __real_link(from, to); });
 }
 
 int __wrap_unlink(const char* path) {
-    return morvane::tests::Counted([&] { return __real_unlink(path); });
+    return Counted([&] { return __real_unlink(path); });
+}
 }

@@ -11,6 +11,7 @@
 
 #include <array>
 #include <cstdlib>
+#include <sstream>
 
 namespace morvane::tests {
 
@@ -50,6 +51,11 @@ bool Has(const std::string& text, const std::string& part) {
 }
 
 Installation::Installation(const std::string& edition, bool multi) {
+    Install(edition, multi);
+}
+
+void Installation::Install(const std::string& edition, bool multi) {
+    Write_Files(folder.path, {});
     fs::create_directories(folder.path / "data");
     for (const char* name : Template_Names()) {
         fs::copy_file(Templates_Folder() / name, folder.path / name);
@@ -85,8 +91,9 @@ void Installation::Make_Company(std::int32_t number, std::int16_t hojin_kojin, s
     session.Simyu_Kubun = Law_Of(4).code;
 }
 
-void Installation::Register_Company(std::int32_t number, const std::string& name, std::int16_t hojin_kojin) {
-    Make_Company(number, hojin_kojin, 5);
+void Installation::Register_Company(std::int32_t number, const std::string& name, std::int16_t hojin_kojin,
+                                    std::int16_t period) {
+    Make_Company(number, hojin_kojin, period);
     Run({"UPDATE Jigyo_mas SET 事業所カナ名='ｱ', 事業所名='" + name + "'"});
     Copy_Store(session.Work_Store, Company_Store(session, number), session.Db_Key);
     Put_Register_Row(session, {number, name, "ｱ"});
@@ -95,9 +102,25 @@ void Installation::Register_Company(std::int32_t number, const std::string& name
 
 void Installation::Run(std::initializer_list<std::string> statements) const {
     const Connection cn = Cn_Open(session);
-    for (const std::string& sql : statements) {
-        cn.Execute(sql);
+    for (const std::string& text : statements) {
+        std::istringstream parts(text);
+        for (std::string sql; std::getline(parts, sql, ';');) {
+            cn.Execute(sql);
+        }
     }
+}
+
+void Kept_Installation::Keep() {
+    files = Read_Files(folder.path);
+    start = session;
+    before = State();
+}
+
+void Kept_Installation::Restore() {
+    Write_Files(folder.path, files);
+    session = start;
+    messages.shown.clear();
+    messages.answers.clear();
 }
 
 std::string Installation::In_Hand() const {
@@ -204,7 +227,16 @@ std::string Installation::Dump(const fs::path& store) {
 }
 
 std::string Installation::List(const std::string& query) const {
-    const Connection cn(session.Work_Store, session.Db_Key, Connection::Mode::Read_Only);
+    return Rows_Of(Connection(session.Work_Store, session.Db_Key, Connection::Mode::Read_Only), query);
+}
+
+void Installation::Expect_Rows(std::initializer_list<std::pair<std::string, std::string>> queries) const {
+    for (const auto& [query, rows] : queries) {
+        EXPECT_EQ(List("SELECT " + query), rows) << query;
+    }
+}
+
+std::string Installation::Rows_Of(const Connection& cn, const std::string& query) {
     std::string text;
     for (Recordset rows = cn.Open(query); !rows.Eof(); rows.Move_Next()) {
         text += text.empty() ? "" : " ";

@@ -4,6 +4,7 @@
 #include "batch/installation.h"
 #include "data/connection.h"
 #include "session/session.h"
+#include "support/failing_writes.h"
 #include "support/paths.h"
 
 #include <cstdint>
@@ -59,15 +60,19 @@ class Installation : public ::testing::Test {
   protected:
     explicit Installation(const std::string& edition = "13", bool multi = true);
 
+    /// Puts another one, of that edition, into the place of the fresh installation.
+    void Install(const std::string& edition, bool multi = true);
+
     /// Puts a blank company with one period into the working store and takes it in hand in the session (no
     /// file in data, no marker). Jigyo_mas gets number, name, type, period and an end date of 31 March of
     /// Reiwa 7.
     void Make_Company(std::int32_t number, std::int16_t hojin_kojin, std::int16_t period);
 
     /// Registers such a company with a resting store of its own; none is in hand then. The reading is ｱ.
-    void Register_Company(std::int32_t number, const std::string& name, std::int16_t hojin_kojin = 1);
+    void Register_Company(std::int32_t number, const std::string& name, std::int16_t hojin_kojin = 1,
+                          std::int16_t period = 5);
 
-    /// Runs statements on the working store.
+    /// Runs statements on the working store; a text may hold several, parted by semicolons.
     void Run(std::initializer_list<std::string> statements) const;
 
     /// What the session has in hand: number, name, period, firm type, data form, law year.
@@ -103,8 +108,14 @@ class Installation : public ::testing::Test {
     /// All rows of all tables of a store as text, for comparing states.
     [[nodiscard]] static std::string Dump(const std::filesystem::path& store);
 
-    /// The rows of a query on the working store, joined by blanks, their fields by =; a Null is -.
+    /// The rows of a query, joined by blanks, their fields by =; a Null is -.
+    [[nodiscard]] static std::string Rows_Of(const Connection& cn, const std::string& query);
+
+    /// Those of a query on the working store.
     [[nodiscard]] std::string List(const std::string& query) const;
+
+    /// What is behind SELECT, and the rows that it must give.
+    void Expect_Rows(std::initializer_list<std::pair<std::string, std::string>> queries) const;
 
     /// What the installation folder holds, by file: the rows of each store, which must verify, and the
     /// content of any other file.
@@ -117,6 +128,20 @@ class Installation : public ::testing::Test {
   private:
     void Put(const std::string& table, const std::string& column, const std::string& key,
              const std::map<int, double>& values) const;
+};
+
+/// An installation that is put back between attempts.
+class Kept_Installation : public Installation {
+  protected:
+    using Installation::Installation;
+
+    /// Takes the present files and session as those that Restore brings back, and their state as `before`.
+    void Keep();
+    void Restore();
+
+    File_Contents files;
+    Session start;
+    std::map<std::string, std::string> before;
 };
 
 } // namespace morvane::tests

@@ -37,6 +37,26 @@ bool Fake_Shell::Guard(const std::function<void()>& work) {
     return false;
 }
 
+void Form_Installation::Open(Form* form) {
+    opened.reset(form);
+    form->show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(form));
+}
+
+std::string Form_Installation::Press(const char* button) {
+    messages.shown.clear();
+    Click(*opened, button);
+    return Titles() + (opened->isVisible() ? "@" + Focused() : "closed");
+}
+
+std::string Form_Installation::Focused() const {
+    return opened->focusWidget() == nullptr ? "" : opened->focusWidget()->objectName().toStdString();
+}
+
+std::string Form_Installation::Text(const char* name) const {
+    return opened->findChild<QWidget*>(QString::fromUtf8(name))->property("text").toString().toStdString();
+}
+
 void Click(QWidget& form, const char* button) {
     auto* widget = Child<QAbstractButton>(form, button);
     ASSERT_NE(widget, nullptr);

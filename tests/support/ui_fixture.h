@@ -2,11 +2,13 @@
 #pragma once
 
 #include "support/installation_fixture.h"
+#include "widgets/form.h"
 #include "widgets/shell_port.h"
 
 #include <QDialog>
 #include <QTest>
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -44,6 +46,26 @@ class Ui_Installation : public Installation {
         : Installation(edition, multi), shell(session) {}
 
     Fake_Shell shell;
+};
+
+/// The same around one form.
+class Form_Installation : public Ui_Installation {
+  protected:
+    using Ui_Installation::Ui_Installation;
+
+    /// Shows a form and waits until the keys are its.
+    void Open(Form* form);
+
+    /// Clicks a button of the form: the titles of the boxes that came, then @ and the cell that has the
+    /// focus, or "closed".
+    std::string Press(const char* button);
+
+    [[nodiscard]] std::string Focused() const;
+
+    /// The text of an entry cell, a label or a button.
+    [[nodiscard]] std::string Text(const char* name) const;
+
+    std::unique_ptr<Form> opened;
 };
 
 /// The child of that objectName; a test failure and a crash where there is none of that type.
