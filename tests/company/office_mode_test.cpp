@@ -31,7 +31,8 @@ TEST_F(Own_Use_Test, The_Firm_Becomes_A_Company_Of_The_Office) {
     int failures = 0;
     for (; !Is_Office(); ++failures) {
         const Failing_Writes full_disk(failures + 1);
-        EXPECT_EQ(Refusal_Of([this] { Change_Mode(session, true); }).empty(), Is_Office()) << failures;
+        const bool done = Refusal_Of([this] { Change_Mode(session, true); }).empty();
+        EXPECT_EQ(Is_Office(), done) << failures;
         EXPECT_EQ(Dump(session.Work_Store), work) << failures;
         EXPECT_EQ(Mode_Refusal(session, true), "") << failures;
         ASSERT_LT(failures, 200);
