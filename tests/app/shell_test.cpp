@@ -17,12 +17,14 @@
 #include "support/ui_fixture.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QTextBrowser>
 #include <QTimer>
+#include <array>
 
 namespace morvane::tests {
 namespace {
@@ -353,36 +355,28 @@ TEST_F(Shell_Test, Improved_Sisters_Keep_Their_Button_And_Print_The_Improvement)
 }
 
 TEST_F(Shell_Test, The_Prior_Period_Is_Compared_By_Its_Menu) {
-    ASSERT_TRUE(Start().running);
-    Take(12, "青葉建設");
-    Press("Cmd_Sim3");
-    EXPECT_EQ(messages.shown.back().title + messages.shown.back().text,
-              "前期データ無しエラー前期のデータがありません。");
+    Begin();
+    EXPECT_EQ(Press("Cmd_Sim3"), "前期のデータがありません。");
+    EXPECT_EQ(Titles(), "前期データ無しエラー");
     ASSERT_TRUE(Period_Copy(shell->session, static_cast<std::int16_t>(shell->session.Syori_Ki + 1),
                             shell->session.Syori_Ki, Copy_Mode::After, Newest_Law_Year().code));
     Press("Cmd_Sim3");
     Frm_Main& frame = *shell->Frame();
-    const struct {
-        const char* entry;
-        const char* form;
-        const char* title;
-        const char* report;
-    } cases[] = {
+    const std::array<const char*, 4> cases[] = {
         {"Cmd_ZkH(0)", "Frm_KeieiKz", "前期比較－経営状況（Ｙ）", "Prt"},
         {"Cmd_ZkH(1)", "Frm_SyokutaHKzen_2012", "前期比較－従事職員数・その他（Ｘ２、Ｗ）", "Prt"},
         {"Cmd_ZkH(2)", "Frm_KankoKaizzen", "前期比較－完工高・技術職員数（Ｐ，Ｘ１，Ｚ）", "Cmd_Hikaku"}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.entry);
-        Press(c.entry);
+    for (const auto& [entry, form, title, report] : cases) {
+        SCOPED_TRACE(entry);
+        Press(entry);
         ASSERT_EQ(frame.area->Forms().size(), 1);
-        EXPECT_EQ(frame.area->Top()->objectName().toStdString(), c.form);
-        EXPECT_EQ(Child<QLabel>(*frame.area->Top(), "Lbl_SubTitle")->text().toStdString(), c.title);
-        Press(c.report);
-        EXPECT_TRUE(Has(messages.shown.back().text, "この画面は準備中です。"));
+        EXPECT_EQ(frame.area->Top()->objectName().toStdString(), form);
+        EXPECT_EQ(Child<QLabel>(*frame.area->Top(), "Lbl_SubTitle")->text().toStdString(), title);
+        EXPECT_PRED2(Has, Press(report), "この画面は準備中です。");
     }
     for (const char* to : {"edit_z1", "edit_z2", "edit_x1"}) {
         Press(to);
-        EXPECT_TRUE(Child<QWidget>(frame, "Cmd_ZkH(2)")->property("open").toBool());
+        EXPECT_TRUE(Is_Marked("Cmd_ZkH(2)"));
     }
     EXPECT_EQ(frame.area->Top()->objectName().toStdString(), "Frm_KankoKaizzen");
 }
