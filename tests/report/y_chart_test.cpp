@@ -123,16 +123,5 @@ TEST(Y_Chart_Test, Points_Are_The_Plotted_Shares_And_No_Text_Lies_On_Another) {
     }
 }
 
-TEST(Y_Chart_Test, A_Side_That_Cannot_Be_Computed_Leaves_The_Other_One) {
-    std::mt19937 random(1);
-    const Y_Result y = Random_Result(random);
-    const std::array<Y_Chart_Side, 2> sides = {{{"自社", &y}, {"他社", nullptr}}};
-    const Radar_Chart chart = Y_Chart(sides);
-    const Drawn_Chart drawn(chart, {13, 20, 180, 200});
-    drawn.Expect_Shares(chart.series.front(), 1);
-    EXPECT_EQ(drawn.Lines(2, 0).size(), 1U) << "the legend alone";
-    EXPECT_EQ(Box_Of(Texts_Of(drawn.sheet), "：他社").size, 8);
-}
-
 } // namespace
 } // namespace morvane::tests

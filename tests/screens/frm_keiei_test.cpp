@@ -206,10 +206,8 @@ TEST_F(Keiei_Compared, What_Is_Keyed_Of_Another_Firm_Is_Rounded_Half_To_Even) {
         EXPECT_TRUE(Has(messages.shown.empty() ? "" : messages.shown[0].text, row.box)) << row.keys;
     }
     Click(form, "Cmd_X(0)");
-    auto* check = form.findChild<Form*>(QStringLiteral("Frm_Y1_Calc_Check"));
-    ASSERT_NE(check, nullptr);
-    EXPECT_EQ(Child<QLabel>(*check, "Lbl_SubTitle")->text(), QStringLiteral("自社の数値による計算です。"));
-    check->reject();
+    EXPECT_EQ(Shown(*Check_Of(form), "Lbl_SubTitle"), "自社の数値による計算です。");
+    Check_Of(form)->reject();
 }
 
 TEST_F(Keiei_Compared, Opens_What_Belongs_To_The_Second_Side_And_Stands_Over_Another_Screen) {
