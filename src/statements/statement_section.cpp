@@ -137,10 +137,27 @@ void Statement_Section::Sec_Subtotals() {
     Form_Totals();
     if (Is_Journal()) {
         Up_Subtotals();
+    } else {
+        Lay_Totals();
     }
 }
 
+// A locked row that no amount enters stays blank.
+void Statement_Section::Lay_Totals() {
+    for (std::size_t row = 0; row < rows.size(); ++row) {
+        const double total = book[static_cast<Account>(rows[row].code)][0].Count();
+        if (Is_Total(row) && (total != 0.0 || !rows[row].amount.Is_Null())) {
+            rows[row].amount = total;
+        }
+    }
+}
+
+// A line that nobody has named shows no balance of nothing.
 void Statement_Section::Zan_Calc(Statement_Row& row) const {
+    if (row.name.As_Text().empty() && row.amount.Is_Null() && row.debit.Is_Null() && row.credit.Is_Null()) {
+        row.balance = {};
+        return;
+    }
     row.balance = Shown_Balance(static_cast<Account>(row.code), row.debit_normal, Yen(row.amount.As_Double()),
                                 Yen(row.debit.As_Double()), Yen(row.credit.As_Double()))
                       .Count();

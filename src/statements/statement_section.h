@@ -52,8 +52,8 @@ class Statement_Section {
     std::optional<std::size_t> Set_Amount(std::size_t row, const Value& amount,
                                           Row_Amount of = &Statement_Row::amount);
 
-    /// Forms all totals anew, after one or more amounts; in the journal also the balances of the rows and
-    /// what its total rows show.
+    /// Forms all totals anew, after one or more amounts, with what the total rows show; in the journal also
+    /// the balances of the rows.
     void Sec_Subtotals();
 
     /// Stores what was keyed into all rows, a blank as Null, and forms the totals of the period, in one
@@ -82,6 +82,7 @@ class Statement_Section {
     void Find_Book_Values(int data_form);
     void Zan_Calc(Statement_Row& row) const;
     void Up_Subtotals();
+    void Lay_Totals();
     void Lay_Amount(std::size_t row, const Value& amount, Row_Amount of);
     void Lay_Book_Value(std::size_t cost, Row_Amount of);
     /// The row of the cost whose book value a row has part in.

@@ -129,6 +129,10 @@ TEST_P(Firm_Test, The_Panel_Follows_The_Keys_To_What_The_Store_Comes_To) {
         section.Sec_Subtotals();
         section.Save_Rows();
         Expect_Stored(section);
+        const Statement_Section stored(session, of);
+        for (std::size_t row = 0; row < section.Rows().size(); ++row) {
+            EXPECT_EQ(section.Rows()[row].amount.As_Double(), stored.Rows()[row].amount.As_Double()) << row;
+        }
     }
 }
 
