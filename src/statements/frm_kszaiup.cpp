@@ -31,6 +31,7 @@ constexpr const char* compact =
 constexpr auto layouts = std::to_array<Panel_Layout>({
     {2, 440, 600, "", 10},
     {2, 372, 640, compact, 11},
+    {2, 372, 548, compact, 9},
     {1, 440, 640, "", 11},
     {1, 372, 560, compact, 10},
     {1, 372, 496, compact, 8},

@@ -59,6 +59,7 @@ QWidget* Statement_Form::Make_Grid() {
     column->setContentsMargins(0, 0, 0, 0);
     grid = Make_Account_Grid(shell, look.columns, static_cast<int>(section.Rows().size()));
     empty = new QLabel(QStringLiteral("この区分には、入力する勘定科目がありません。"));
+    grid->Keep_Bar_Room();
     column->addWidget(grid, 1);
     column->addWidget(empty);
     column->addStretch(0);
@@ -97,6 +98,9 @@ void Statement_Form::Fill_Grid() {
         grid->Set_Value(row, kamk, account.name);
         grid->Set_Value(row, kamk + 1, account.sign);
         grid->Set_Locked(row, kamk, !account.name_open);
+        if (look.columns.signs && account.sign.empty()) {
+            grid->Join_Next(row, kamk);
+        }
         for (std::size_t i = 0; i < Amount_Count(); ++i) {
             const int column = First_Amount() + static_cast<int>(i);
             grid->Set_Value(row, column, account.*look.amounts.at(i));

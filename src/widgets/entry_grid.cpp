@@ -48,6 +48,7 @@ Entry_Grid::~Entry_Grid() {
 void Entry_Grid::Set_Row_Count(int rows) {
     const bool in_entry = !editor->isHidden();
     data->Reset(rows);
+    view->clearSpans();
     undo_stack.clear();
     view->Set_Block({});
     current = First_Cell();
@@ -91,6 +92,15 @@ void Entry_Grid::Set_Locked(int row, int column, bool locked) {
         editor->Set_Locked(locked || data->Column(column).use == Cell_Use::Button);
         editor->update();
     }
+}
+
+// A bar without a range is disabled, which shows no handle.
+void Entry_Grid::Keep_Bar_Room() {
+    QScrollBar* bar = view->verticalScrollBar();
+    view->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    connect(bar, &QScrollBar::rangeChanged, bar,
+            [bar](int least, int most) { bar->setEnabled(least < most); });
+    bar->setEnabled(bar->minimum() < bar->maximum());
 }
 
 bool Entry_Grid::Is_Edited() const {
@@ -176,7 +186,9 @@ void Entry_Grid::Place(Cell_At at) {
     view->Set_Block({});
     current = at;
     block_end = at;
-    view->scrollTo(data->index(at.row, at.column));
+    if (isVisible()) { // before, there is no room that could be scrolled in
+        view->scrollTo(data->index(at.row, at.column));
+    }
     Mark_Current();
     editor->Load(at);
     Name_Editor();

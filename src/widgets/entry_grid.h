@@ -103,6 +103,12 @@ class Entry_Grid : public QFrame {
     void Set_Best(int row, int column, bool best) { data->Set_Best({row, column}, best); }
     [[nodiscard]] bool Is_Best(int row, int column) const { return data->Is_Best({row, column}); }
 
+    /// Gives a cell the room of the one at its right, which is no entry.
+    void Join_Next(int row, int column) { view->setSpan(row, column, 1, 2); }
+
+    /// Keeps the room of the scroll bar free, so that columns stay in their places whatever the rows are.
+    void Keep_Bar_Room();
+
     [[nodiscard]] int Row_Count() const { return data->rowCount(); }
     [[nodiscard]] int Column_Count() const { return data->columnCount(); }
 

@@ -115,10 +115,14 @@ void Entry_Grid::Set_Totals(const std::vector<Grid_Total>& total_rows) {
         foot->header->setSectionResizeMode(column, QHeaderView::Fixed);
         foot->setColumnWidth(column, view->columnWidth(column));
     }
-    connect(foot->horizontalScrollBar(), &QScrollBar::valueChanged, view->horizontalScrollBar(),
-            &QScrollBar::setValue);
-    connect(view->horizontalScrollBar(), &QScrollBar::valueChanged, foot->horizontalScrollBar(),
-            &QScrollBar::setValue);
+    connect(foot->horizontalScrollBar(), &QScrollBar::valueChanged, foot, [this](int value) {
+        if (!foot->Is_Laying_Out()) {
+            view->horizontalScrollBar()->setValue(value);
+        }
+    });
+    // Which columns are whole is the view's to say.
+    connect(view, &Grid_View::Laid_Out, foot,
+            [this] { foot->horizontalScrollBar()->setValue(view->horizontalScrollBar()->value()); });
     connect(foot->horizontalScrollBar(), &QScrollBar::rangeChanged, foot, [this] { Fit_Foot(); });
     connect(view->verticalScrollBar(), &QScrollBar::rangeChanged, foot, [this] { Fit_Foot(); });
     Fit_Foot();

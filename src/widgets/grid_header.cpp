@@ -59,6 +59,21 @@ QSize Grid_Header::sizeHint() const {
     return {QHeaderView::sizeHint().width(), lines * line + 8 + (grouped ? line + 6 : 0)};
 }
 
+bool Grid_Header::Is_Cut(int column, int room) const {
+    const int left = sectionViewportPosition(column);
+    return left > 0 && left + sectionSize(column) > room;
+}
+
+int Grid_Header::Column_Edge(int at, bool forward) const {
+    int edge = 0;
+    for (int column = 0; column < count() && edge < at; ++column) {
+        if (forward || sectionPosition(column) <= at) {
+            edge = sectionPosition(column);
+        }
+    }
+    return edge;
+}
+
 // The room of the group over a column, all its columns wide as far as they are in view.
 QRect Grid_Header::Group_Rect(int column) const {
     const std::string& group = grid_data.Column(column).group;
@@ -85,12 +100,17 @@ void Grid_Header::paintSection(QPainter* painter, const QRect& rect, int column)
     if (!shown.group.empty()) {
         const QRect group = Group_Rect(column);
         painter->setClipRect(rect);
-        Paint_Field(*painter, group, QString::fromStdString(shown.group), theme::accent_soft,
-                    Qt::AlignCenter);
+        const QString text = painter->fontMetrics().elidedText(QString::fromStdString(shown.group),
+                                                               Qt::ElideRight, group.width() - 2 * padding);
+        Paint_Field(*painter, group, text, theme::accent_soft, Qt::AlignCenter);
         lower.setTop(group.bottom() + 1);
     }
-    Paint_Field(*painter, lower, QString::fromStdString(shown.heading),
+    const bool cut = Is_Cut(column, viewport()->width());
+    Paint_Field(*painter, lower, cut ? QString() : QString::fromStdString(shown.heading),
                 column == current ? theme::heading_current : theme::accent_soft, Qt::AlignCenter);
+    if (cut) {
+        Paint_More(*painter, lower.intersected(viewport()->rect()));
+    }
     painter->restore();
 }
 

@@ -7,15 +7,22 @@
 #include <QAbstractItemDelegate>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScopedValueRollback>
+#include <QScrollBar>
 
 namespace morvane {
 
 namespace {
 
-// A name is squeezed as far as it still reads well; a longer one keeps its beginning.
+// A name is squeezed as far as it still reads well, then in smaller letters; a still longer one keeps its
+// beginning.
 void Paint_Name(QPainter& painter, const QRect& room, const QString& text, Qt::Alignment alignment) {
     constexpr double narrowest = 0.75;
+    constexpr double small_points = 9;
     const int most = static_cast<int>(room.width() / narrowest);
+    if (painter.fontMetrics().horizontalAdvance(text) > most) {
+        painter.setFont(theme::Gothic(small_points, painter.font().bold()));
+    }
     Paint_Figure(painter, room, painter.fontMetrics().elidedText(text, Qt::ElideRight, most), alignment);
 }
 
@@ -32,7 +39,11 @@ class Grid_View::Painter : public QAbstractItemDelegate {
         const Cell_At at{index.row(), index.column()};
         const Grid_Column& column = data.Column(at.column);
         painter->fillRect(option.rect, QColor(Ground(at)));
-        if (column.use == Cell_Use::Button) {
+        if (view.header->Is_Cut(at.column, view.viewport()->width())) {
+            if (column.use == Cell_Use::Button || !data.Text_At(at).isEmpty()) {
+                Paint_More(*painter, option.rect.intersected(view.viewport()->rect()));
+            }
+        } else if (column.use == Cell_Use::Button) {
             Paint_Grid_Button(*painter, option.rect, QString::fromStdString(column.button),
                               !data.Is_Locked(at), false);
         } else if (!data.Text_At(at).isEmpty()) {
@@ -194,17 +205,38 @@ void Grid_View::mouseDoubleClickEvent(QMouseEvent* event) {
     mousePressEvent(event);
 }
 
+// However it was moved, it comes to stand at the next column on that way. Totals go where the cells go.
 void Grid_View::scrollContentsBy(int dx, int dy) {
     QTableView::scrollContentsBy(dx, dy);
+    if (dx != 0 && !laying_out && !is_totals) {
+        viewport()->update(); // other columns are cut now
+        horizontalScrollBar()->setValue(header->Column_Edge(horizontalScrollBar()->value(), dx < 0));
+    }
     Q_EMIT Laid_Out();
 }
 
+// At its end the last columns are whole, too; there is some room behind them.
 void Grid_View::updateGeometries() {
-    QTableView::updateGeometries();
+    QScrollBar& bar = *horizontalScrollBar();
+    const int stood_at = bar.value();
+    {
+        const QScopedValueRollback guard(laying_out, true);
+        QTableView::updateGeometries();
+        bar.setMaximum(header->Column_Edge(bar.maximum(), true));
+        bar.setValue(header->Column_Edge(stood_at, false));
+    }
     corner->setGeometry(frameWidth(), frameWidth(), captions->isHidden() ? 0 : captions->width(),
                         header->isHidden() ? 0 : header->height());
     corner->raise();
     Q_EMIT Laid_Out();
+}
+
+void Paint_More(QPainter& painter, const QRect& seen) {
+    const QString more = QStringLiteral("…");
+    if (painter.fontMetrics().horizontalAdvance(more) < seen.width()) {
+        painter.setPen(QColor(theme::muted));
+        painter.drawText(seen, Qt::AlignCenter, more);
+    }
 }
 
 void Paint_Grid_Button(QPainter& painter, const QRect& rect, const QString& caption, bool enabled,

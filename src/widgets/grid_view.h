@@ -26,6 +26,12 @@ class Grid_Header : public QHeaderView {
     void Set_Current(int column);
     QSize sizeHint() const override;
 
+    /// Whether the right edge of a view as wide as `room` cuts a column; the first one in view never counts.
+    [[nodiscard]] bool Is_Cut(int column, int room) const;
+
+    /// Where a column begins that stands at an offset or, if none does, the next one in a direction.
+    [[nodiscard]] int Column_Edge(int at, bool forward) const;
+
   protected:
     void paintSection(QPainter* painter, const QRect& rect, int column) const override;
 
@@ -58,7 +64,8 @@ class Grid_Captions : public QHeaderView {
 };
 
 /// The cells of a grid, painted in one go. It has no selection and takes no focus of its own: where the mouse
-/// goes is told to the grid around it.
+/// goes is told to the grid around it. Sideways it scrolls by whole columns, and a column that the right edge
+/// cuts shows no figures: a part of a figure reads as another one.
 class Grid_View : public QTableView {
     Q_OBJECT
 
@@ -70,6 +77,7 @@ class Grid_View : public QTableView {
     void Set_Block(const QRect& cells);
     [[nodiscard]] const QRect& Block() const { return block; }
     [[nodiscard]] QRect Cell_Rect(Cell_At at) const { return visualRect(model()->index(at.row, at.column)); }
+    [[nodiscard]] bool Is_Laying_Out() const { return laying_out; }
     [[nodiscard]] Cell_At Cell_Under(const QPoint& position) const;
 
     /// The width of a column in half-width characters; 0 takes the room that is left.
@@ -99,8 +107,12 @@ class Grid_View : public QTableView {
     Cell_At current;
     QRect block; ///< x and width are columns, y and height rows
     bool pressed = false;
+    bool laying_out = false;
     Corner* corner;
 };
+
+/// Paints in what is seen of a cut cell that there is more.
+void Paint_More(QPainter& painter, const QRect& seen);
 
 /// Paints a button of a grid; the editor over it paints the same with `focused`.
 void Paint_Grid_Button(QPainter& painter, const QRect& rect, const QString& caption, bool enabled,

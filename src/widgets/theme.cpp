@@ -148,6 +148,7 @@ QScrollArea[look="menu_column"] QScrollBar { background: transparent; }
 QScrollBar::handle { background: #BCC7D3; border-radius: 4px; margin: 2px; }
 QScrollBar::handle:hover { background: #93A4B7; }
 QScrollBar::handle:vertical { min-height: 32px; }
+QScrollBar::handle:disabled { background: transparent; }
 QScrollBar::handle:horizontal { min-width: 32px; }
 QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; }
 QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }

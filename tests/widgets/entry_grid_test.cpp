@@ -6,6 +6,7 @@
 
 #include <QClipboard>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QVBoxLayout>
 
 namespace morvane::tests {
@@ -402,6 +403,46 @@ TEST_F(Entry_Grid_Test, Totals_Stand_Under_Their_Columns) {
     }
     EXPECT_LT(views[0]->columnViewportPosition(0), 0) << "scrolled";
     EXPECT_THROW(static_cast<void>(grid->Cell_Text("A(3)")), std::out_of_range);
+}
+
+// A part of a figure reads as another one.
+TEST_F(Entry_Grid_Test, Sideways_No_Figure_Is_Cut) {
+    grid->Set_Totals({{"合計"}});
+    window.resize(340, 250);
+    QTest::qWait(1);
+    const QList<Grid_View*> views = grid->findChildren<Grid_View*>();
+    QScrollBar* bar = views[0]->horizontalScrollBar();
+    const int end = bar->maximum();
+    ASSERT_GT(end, 2);
+    for (const int to : {1, end / 2, end, end - 1, end / 2, 0}) {
+        bar->setValue(to);
+        int whole = -1; // the first column in view
+        while (views[0]->columnViewportPosition(++whole) < 0) {
+        }
+        EXPECT_EQ(views[0]->columnViewportPosition(whole), 0) << to;
+        EXPECT_EQ(views[1]->columnViewportPosition(whole), 0) << to;
+        if (to == end) {
+            EXPECT_LE(views[0]->columnViewportPosition(4) + views[0]->columnWidth(4),
+                      views[0]->viewport()->width());
+        }
+    }
+    int cuts = 0;
+    for (int column = 0; column < 3; ++column) {
+        const int right = views[0]->columnViewportPosition(column) + views[0]->columnWidth(column);
+        const bool cut = right > views[0]->viewport()->width();
+        const auto look = [&](int figure) {
+            grid->Set_Value(2, column, figure);
+            grid->Set_Total(0, column, figure);
+            return std::pair(views[0]->viewport()->grab(views[0]->Cell_Rect({2, column})).toImage(),
+                             views[1]->viewport()->grab(views[1]->Cell_Rect({0, column})).toImage());
+        };
+        const auto [one, total_of_one] = look(123456);
+        const auto [other, total_of_other] = look(987654);
+        EXPECT_EQ(one == other, cut) << column;
+        EXPECT_EQ(total_of_one == total_of_other, cut) << column;
+        cuts += cut ? 1 : 0;
+    }
+    EXPECT_GE(cuts, 1);
 }
 
 TEST_F(Entry_Grid_Test, The_Rows_Scroll_Over_The_Totals) {
