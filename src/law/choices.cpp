@@ -54,14 +54,11 @@ const Choice work_history = {any_digit, work_histories,
 } // namespace choice
 
 std::string Choice::Hint() const {
-    if (told != nullptr) {
-        return told;
-    }
-    std::string hint;
-    for (const Answer_Word& answer : answers) {
+    std::string hint = told != nullptr ? told : "";
+    for (const Answer_Word& answer : told != nullptr ? std::span<const Answer_Word>() : answers) {
         hint += (hint.empty() ? "" : "　") + std::to_string(answer.number) + "：" + answer.entry;
     }
-    return hint;
+    return hint + (keys.size() > answers.size() ? "　ほかの数字：0点" : "");
 }
 
 const Answer_Word* Choice::Find(std::int32_t number) const {

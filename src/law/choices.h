@@ -25,7 +25,8 @@ struct Choice {
     std::span<const Answer_Word> answers; ///< in the order in which the entry screen tells them
     const char* told = nullptr;           ///< how it tells them, where that is no list of them all
 
-    /// The answers as the entry screen tells them: "0：無　1：有".
+    /// The answers as the entry screen tells them: "0：無　1：有"; where further keys are taken, that those
+    /// give no points.
     [[nodiscard]] std::string Hint() const;
 
     /// The answer of that number; null where there is none.

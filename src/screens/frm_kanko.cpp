@@ -105,14 +105,18 @@ int First_Keyed(const Kanko_Screen& screen) {
 
 constexpr const char* basis_tip = "総合評点（Ｐ）の計算に使う、ほかの画面の評点です。";
 
+QString Score_Text(std::int32_t score) {
+    return QString::fromStdString(Comma_Str(std::int64_t{score}));
+}
+
 // The scores that P takes from other screens, with those of the side before where it is given.
 QString Basis_Text(const Works::Scores& scores, const Works::Scores* before = nullptr) {
     QStringList texts;
     for (const auto& [name, score] :
          {std::pair{"Ｙ", &Works::Scores::Y}, {"Ｘ２", &Works::Scores::X2}, {"Ｗ", &Works::Scores::W}}) {
         const QString former =
-            before != nullptr ? QStringLiteral("%1 → ").arg((before->*score).Count()) : QString();
-        texts << QString::fromUtf8(name) + u' ' + former + QString::number((scores.*score).Count());
+            before != nullptr ? Score_Text((before->*score).Count()) + QStringLiteral(" → ") : QString();
+        texts << QString::fromUtf8(name) + u' ' + former + Score_Text((scores.*score).Count());
     }
     return texts.join(QStringLiteral("　"));
 }
@@ -159,8 +163,7 @@ Frm_Kanko::Frm_Kanko(Shell_Port& shell_port, const char* form)
         setTabOrder(Kanko_Avg, grid);
     }
     if (entry.Fault() && !entry.screen.sides.read_only) {
-        Tell(shell.session, "実行時エラー",
-             entry.Fault()->what() + std::string("\n保存されている数値を確認し、修正してください。"));
+        Tell(shell.session, "実行時エラー", Fault_Of_Side(entry.screen.sides, *entry.Fault()));
     }
 }
 
@@ -185,7 +188,7 @@ QWidget* Frm_Kanko::Make_Head() {
         Kanko_Avg->Set_Width(2);
         Wire(Kanko_Avg, &Entry_Cell::Left, [this] { Take_Avg(); });
         connect(Kanko_Avg, &Entry_Cell::Next_Field, grid,
-                [this] { grid->Focus_Cell(0, First_Keyed(entry.screen)); });
+                [this] { grid->Focus_Cell(First_Row(), First_Keyed(entry.screen)); });
         auto* hint = new Elided_Label;
         hint->setText(QStringLiteral("年平均（２年平均：2　３年平均：3）"));
         theme::Set_Look(hint, "muted");
@@ -220,7 +223,11 @@ QWidget* Frm_Kanko::Make_Strip() {
     QWidget* line =
         entry.screen.sides.before ? gain_strip = Make_Gain_Strip(entry.screen.sides) : Make_Result_Strip();
     if (gain_strip != nullptr && !entry.screen.sides.read_only) {
-        connect(grid, &Entry_Grid::Entry_Typed, this, &Frm_Kanko::Try);
+        connect(grid, &Entry_Grid::Entry_Typed, this, &Frm_Kanko::Try_Entry);
+        if (Kanko_Avg != nullptr) {
+            connect(Kanko_Avg, &QLineEdit::textEdited, this,
+                    [this] { Try([this](Kanko_Entry& trial) { trial.Take_Kanko_Avg(Keyed_Avg()); }); });
+        }
     }
     line->setMaximumWidth(grid->maximumWidth());
     Show_Row_In_Hand();
@@ -238,6 +245,18 @@ QWidget* Frm_Kanko::Make_Result_Strip() {
         }
     }
     return strip = new Result_Strip(figures);
+}
+
+// Where sides are compared, the first one with something to compare.
+int Frm_Kanko::First_Row() const {
+    const P_Gain gain = entry.Gain();
+    for (int row = 0; row < kanko_rows; ++row) {
+        const std::size_t line = Line_Of_Row(row);
+        if (line < scored_lines && (gain.lines[line].before || gain.lines[line].after)) {
+            return row;
+        }
+    }
+    return 0;
 }
 
 void Frm_Kanko::Show_Row_In_Hand() {
@@ -273,6 +292,7 @@ void Frm_Kanko::Make_Grid() {
     Wire(grid, &Entry_Grid::Button_Pressed, [this](int row, int column) { Open_Check(row, column); });
     grid->setMaximumWidth(grid->sizeHint().width());
     Show_Entries();
+    grid->Go_To(First_Row(), First_Keyed(entry.screen));
 }
 
 void Frm_Kanko::Make_Buttons() {
@@ -304,16 +324,19 @@ void Frm_Kanko::Print(const Kanko_Button& report) {
 
 // The gain follows the keys: what the entry in hand would bring. One that cannot be taken is told of when it
 // is left.
-void Frm_Kanko::Try(int row, int column, const Value& value) {
-    if (!Is_Keyed(entry.screen.columns[static_cast<std::size_t>(column)].use)) {
-        return;
-    }
+void Frm_Kanko::Try(const std::function<void(Kanko_Entry&)>& change) {
     Kanko_Entry trial = entry;
     try {
-        trial.Take(std::array{Entered(row, column, value)});
-        Show_Gain(*gain_strip, trial.Gain(), Line_Of_Row(row));
+        change(trial);
+        Show_Gain(*gain_strip, trial.Gain(), Line_Of_Row(grid->Current().row));
     } catch (const Run_Time_Error&) {
         Show_Row_In_Hand();
+    }
+}
+
+void Frm_Kanko::Try_Entry(int row, int column, const Value& value) {
+    if (Is_Keyed(entry.screen.columns[static_cast<std::size_t>(column)].use)) {
+        Try([&](Kanko_Entry& trial) { trial.Take(std::array{Entered(row, column, value)}); });
     }
 }
 
@@ -338,13 +361,17 @@ bool Frm_Kanko::Take(const std::vector<Cell_At>& cells) {
     return is_taken;
 }
 
+std::int32_t Frm_Kanko::Keyed_Avg() const {
+    const Value years = Kanko_Avg->Entry();
+    return years.Is_Null() ? 2 : static_cast<std::int32_t>(years.As_Integer());
+}
+
 void Frm_Kanko::Take_Avg() {
     if (entry.screen.sides.read_only) {
         return;
     }
-    const Value years = Kanko_Avg->Entry();
     try {
-        entry.Take_Kanko_Avg(years.Is_Null() ? 2 : static_cast<std::int32_t>(years.As_Integer()));
+        entry.Take_Kanko_Avg(Keyed_Avg());
     } catch (...) {
         Show_Years();
         throw;
@@ -451,8 +478,9 @@ void Frm_Kanko::Open_Check(int row, int column) {
                            }));
         return;
     }
-    checks.Open(XZP_Request(mode, Line_Of_Row(row)), entry.screen.sides.after.Of(shell.session),
-                [this] { return Save_First(); });
+    checks.Open(
+        XZP_Request(mode, Line_Of_Row(row)), entry.screen.sides.after.Of(shell.session),
+        [this] { return Save_First(); }, Whose_Figures(entry.screen.sides));
 }
 
 bool Frm_Kanko::Finish_Entry() {

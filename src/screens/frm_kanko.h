@@ -6,6 +6,8 @@
 #include "widgets/entry_grid.h"
 #include "widgets/form.h"
 
+#include <functional>
+
 class QLabel;
 
 namespace morvane {
@@ -39,8 +41,10 @@ class Frm_Kanko : public Form {
     void Make_Buttons();
     void Print(const Kanko_Button& report);
 
-    void Try(int row, int column, const Value& value);
+    void Try(const std::function<void(Kanko_Entry&)>& change);
+    void Try_Entry(int row, int column, const Value& value);
     bool Take(const std::vector<Cell_At>& cells);
+    [[nodiscard]] std::int32_t Keyed_Avg() const;
     void Take_Avg();
     void Show_Entries();
     void Show_Column(int column);
@@ -49,6 +53,7 @@ class Frm_Kanko : public Form {
     void Show_Kanko();
     void Show_Basis();
     void Show_Row_In_Hand();
+    [[nodiscard]] int First_Row() const;
     void Set_Cmd_Enable();
     void Open_Check(int row, int column);
     bool Finish_Entry();

@@ -6,6 +6,7 @@
 #include "session/boxes.h"
 #include "session/kyotu_mod.h"
 #include "session/save_or_stay.h"
+#include "widgets/elided_label.h"
 #include "widgets/gain_strip.h"
 #include "widgets/note_button.h"
 #include "widgets/result_strip.h"
@@ -62,13 +63,16 @@ Frm_Syokuta::Frm_Syokuta(Shell_Port& shell_port, const char* name)
         if (!entry.Notice().empty()) {
             body->addWidget(Make_Notice(entry.Notice()));
         }
+        fault_before = new Elided_Label(2);
+        fault_before->setObjectName(QStringLiteral("Lbl_Fault"));
+        theme::Set_Look(fault_before, "fault");
+        body->addWidget(fault_before);
     }
     Make_Sheet();
     Make_Strips();
     Make_Buttons();
     if (entry.Fault() && !screen.sides.read_only) {
-        Tell(shell.session, "実行時エラー",
-             entry.Fault()->what() + std::string("\n保存されている数値を確認し、修正してください。"));
+        Tell(shell.session, "実行時エラー", Fault_Of_Side(screen.sides, *entry.Fault()));
     }
     Show_Before();
     Show_W_2012();
@@ -110,10 +114,6 @@ QWidget* Frm_Syokuta::Make_Legend() {
     Add_To_Legend(*line, "Lbl_Go", screen.sides.after.caption,
                   screen.sides.read_only ? theme::locked : theme::surface);
     line->addStretch(1);
-    fault_before = new QLabel;
-    fault_before->setObjectName(QStringLiteral("Lbl_Fault"));
-    theme::Set_Look(fault_before, "fault");
-    line->addWidget(fault_before);
     return legend;
 }
 
@@ -121,10 +121,11 @@ QWidget* Frm_Syokuta::Make_Legend() {
 void Frm_Syokuta::Make_Strips() {
     const std::vector<Result_Figure> alone = {{.name = "Strip_X2", .caption = "Ｘ２"},
                                               {.name = "Strip_W", .caption = "Ｗ", .strong = true}};
-    const std::vector<Result_Figure> beside = {{.name = "Strip_Mae_X2", .caption = "Ｘ２"},
-                                               {.name = "Strip_X2", .caption = "→"},
-                                               {.name = "Strip_Mae_W", .caption = "Ｗ"},
-                                               {.name = "Strip_W", .caption = "→", .strong = true}};
+    const std::vector<Result_Figure> beside = {
+        {.name = "Strip_Mae_X2", .caption = "Ｘ２"},
+        {.name = "Strip_X2", .caption = "→", .strong = true, .joined = true},
+        {.name = "Strip_Mae_W", .caption = "Ｗ"},
+        {.name = "Strip_W", .caption = "→", .strong = true, .joined = true}};
     strip = new Result_Strip(screen.sides.before ? beside : alone, Result_Strip::Subject::Hint);
     body->addWidget(strip);
     if (screen.sides.before) {
@@ -147,6 +148,10 @@ void Frm_Syokuta::Make_Buttons() {
 void Frm_Syokuta::resizeEvent(QResizeEvent* event) {
     Form::resizeEvent(event);
     sheet->Fit(event->size().width());
+    if (gain_strip != nullptr) {
+        constexpr int roomy = 960; // in a narrow window the hint needs what the figures can spare
+        Result_Strip::Align(*strip, *gain_strip, event->size().width() >= roomy);
+    }
 }
 
 // ---- figures
@@ -163,7 +168,7 @@ void Frm_Syokuta::Show_W_2012() {
 void Frm_Syokuta::Show_Gain_Of(const Syokuta_Entry& shown) {
     if (gain_strip != nullptr) {
         const P_Gain gain = shown.Gain().value_or(P_Gain{});
-        Show_Gain(*gain_strip, gain, gain.most_changed);
+        Show_Gain(*gain_strip, gain, Telling_Line(gain));
     }
 }
 
@@ -199,6 +204,7 @@ void Frm_Syokuta::Show_Before() {
         faults << Text(screen.sides.after.name) + u'：' + Text(entry.Fault()->what());
     }
     fault_before->setText(faults.join(u'　'));
+    fault_before->setHidden(faults.isEmpty());
 }
 
 std::int32_t Frm_Syokuta::Item(const Syokuta_Edit& edit) const {

@@ -68,7 +68,7 @@ class Frm_Syokuta : public Form {
     QScrollArea* scroll;
     Result_Strip* strip = nullptr;
     Gain_Strip* gain_strip = nullptr; ///< where there is a side before
-    QLabel* fault_before = nullptr;   ///< the same
+    QLabel* fault_before = nullptr;   ///< why that one has no figures
 };
 
 } // namespace morvane

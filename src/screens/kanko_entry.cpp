@@ -37,7 +37,11 @@ Kanko_Entry::Kanko_Entry(const Session& session, const Kanko_Screen& screen_row)
         View(session);
         return;
     }
-    after = Loaded(session, screen.sides.after);
+    try {
+        after = Loaded(session, screen.sides.after);
+    } catch (const Run_Time_Error& error) {
+        throw Fault_Of_Statement(screen.sides, error);
+    }
     Calculate_Or_Tell(after);
     if (screen.sides.before) {
         before = Loaded_Before(session, *screen.sides.before);

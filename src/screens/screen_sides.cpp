@@ -41,6 +41,10 @@ std::string Form_Text(const Connection& cn, const Session& session, const Screen
                : "";
 }
 
+std::string Named_Fault(const Screen_Sides& sides, const Run_Time_Error& fault) {
+    return (sides.before ? std::string(sides.after.name) + "の数値：" : "") + fault.what();
+}
+
 } // namespace
 
 void Start_Sides(const Session& session, const Screen_Sides& sides) {
@@ -66,6 +70,22 @@ Viewed_Side View_Side(const Session& session, const Screen_Side& side) {
         view.fault = error;
     }
     return view;
+}
+
+std::string Whose_Figures(const Screen_Sides& sides) {
+    return sides.before ? std::string(sides.after.name) + "の数値による計算です。" : "";
+}
+
+std::string Fault_Of_Side(const Screen_Sides& sides, const Run_Time_Error& fault) {
+    return Named_Fault(sides, fault) + "\n保存されている数値を確認し、修正してください。";
+}
+
+Run_Time_Error Fault_Of_Statement(const Screen_Sides& sides, const Run_Time_Error& fault) {
+    if (!sides.before) {
+        return fault;
+    }
+    return {fault.kind, Named_Fault(sides, fault) +
+                            "\n財務諸表の金額を、改善後は財務改善の仕訳も確認し、修正してください。"};
 }
 
 } // namespace morvane

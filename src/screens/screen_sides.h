@@ -34,8 +34,10 @@ inline constexpr Screen_Sides current_figures = {};
 
 /// The improvement of the period in hand beside its current figures.
 inline constexpr Screen_Sides improved_figures = {
-    .after = {.scenario = Scenario::Kaizen, .caption = "改 善 シ ミ ュ レ ー シ ョ ン 後"},
-    .before = Screen_Side{.caption = "改 善 シ ミ ュ レ ー シ ョ ン 前"}};
+    .after = {.scenario = Scenario::Kaizen,
+              .caption = "改 善 シ ミ ュ レ ー シ ョ ン 後",
+              .name = "改善シミュレーション後"},
+    .before = Screen_Side{.caption = "改 善 シ ミ ュ レ ー シ ョ ン 前", .name = "改善シミュレーション前"}};
 
 /// The period before beside the period in hand.
 inline constexpr Screen_Sides compared_periods = {
@@ -58,5 +60,15 @@ struct Viewed_Side {
 /// What a screen does before it reads its sides: an improvement that is edited is started by its first visit.
 /// Raises Store_Error, Run_Time_Error.
 void Start_Sides(const Session& session, const Screen_Sides& sides);
+
+/// Beside the title of a check: whose figures it explains, where a screen shows two sides; else empty.
+std::string Whose_Figures(const Screen_Sides& sides);
+
+/// What a box says of stored figures that cannot be computed: of two sides whose they are, and what to do.
+std::string Fault_Of_Side(const Screen_Sides& sides, const Run_Time_Error& fault);
+
+/// The same of a screen that cannot open, since the statement behind its scores cannot be computed; a screen
+/// with one side tells the failure as it is.
+Run_Time_Error Fault_Of_Statement(const Screen_Sides& sides, const Run_Time_Error& fault);
 
 } // namespace morvane

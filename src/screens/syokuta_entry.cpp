@@ -21,8 +21,11 @@ Syokuta_Entry::Syokuta_Entry(const Session& session, const Screen_Sides& screen_
     if (!after.fault && !after.figures.elements[element::w1].up) {
         after.shown = after.screen; // nothing is stored yet that could be shown
     }
-    // Found here, before anything is typed, and not on storing.
-    static_cast<void>(Calc_Y(after.figures.statement, after.figures.firm));
+    try { // found here, before anything is typed, and not on storing
+        static_cast<void>(Calc_Y(after.figures.statement, after.figures.firm));
+    } catch (const Run_Time_Error& error) {
+        throw Fault_Of_Statement(sides, error);
+    }
     if (sides.before) {
         before = Loaded_Before(session, *sides.before);
         // A first visit brings scores of the current figures, which are formed in another way at some law

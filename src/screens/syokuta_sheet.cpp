@@ -5,6 +5,7 @@
 #include "screens/check_sheet.h"
 #include "session/kyotu_mod.h"
 #include "widgets/figure_label.h"
+#include "widgets/phrases.h"
 #include "widgets/theme.h"
 
 #include <QFrame>
@@ -32,20 +33,20 @@ QString Text(const char* text) {
     return QString::fromUtf8(text);
 }
 
-/// A caption that does not break inside a short end, such as 点数 behind its （Ｗ１）: kanji break anywhere.
-QString Keep_End_Whole(QString caption) {
+/// A caption that breaks between phrases alone, and not inside a short end such as 点数 behind its （Ｗ１）.
+QString Breaking_By_Phrases(QString caption) {
     constexpr int short_end = 11;
-    constexpr QChar word_joiner(0x2060);
+    constexpr QChar unbroken(QChar::Nbsp);
     const auto begin =
         std::max({caption.lastIndexOf(QChar(u'（')), caption.lastIndexOf(QLatin1Char('(')), qsizetype{0}});
     if (caption.size() - begin <= short_end) {
-        for (qsizetype at = caption.size() - 1; at > begin; --at) {
-            if (!caption[at].isSpace() && !caption[at - 1].isSpace()) {
-                caption.insert(at, word_joiner);
+        for (qsizetype at = begin; at < caption.size(); ++at) {
+            if (caption[at].isSpace()) {
+                caption[at] = unbroken;
             }
         }
     }
-    return caption;
+    return With_Whole_Phrases(caption);
 }
 
 /// A figure that is not keyed: right-aligned on a ground of its own.
@@ -125,9 +126,13 @@ QWidget* Syokuta_Sheet::Make_Group(const Syokuta_Group& group) {
     auto* lines = new QVBoxLayout;
     lines->setContentsMargins(side, 3, side, 3);
     lines->setSpacing(1);
+    bool under_note = false;
     for (const Syokuta_Row& row : group.rows) {
         if (row.law.Has(law)) {
+            const bool is_note = row.look == Syokuta_Row::Look::Note;
+            lines->addSpacing(under_note && !is_note ? 6 : 0);
             lines->addWidget(Make_Row(row));
+            under_note = is_note;
         }
     }
     if (lines->count() > 0) {
@@ -147,7 +152,7 @@ QWidget* Syokuta_Sheet::Make_Band(const Syokuta_Group& group) {
     auto* line = new QHBoxLayout(band);
     line->setContentsMargins(side, 2, side, 2);
     line->setSpacing(6);
-    auto* title = new QLabel(sides.before ? Keep_End_Whole(Text(group.title)) : Text(group.title));
+    auto* title = new QLabel(sides.before ? Breaking_By_Phrases(Text(group.title)) : Text(group.title));
     title->setFont(theme::Gothic(theme::body_points, true));
     title->setWordWrap(sides.before.has_value());
     palette.setColor(QPalette::WindowText, QColor(theme::accent));
@@ -172,7 +177,7 @@ QWidget* Syokuta_Sheet::Make_Row(const Syokuta_Row& row) {
     }
     const QString text = Text(row.caption).trimmed();
     const bool wraps = text.size() > (sides.before ? longest_beside : longest_in_line);
-    auto* caption = new QLabel(wraps ? Keep_End_Whole(text) : text);
+    auto* caption = new QLabel(wraps ? Breaking_By_Phrases(text) : text);
     caption->setTextFormat(Qt::PlainText);
     caption->setWordWrap(wraps);
     const bool score = row.look == Syokuta_Row::Look::Heading || row.look == Syokuta_Row::Look::Total;
@@ -250,7 +255,7 @@ QLabel* Syokuta_Sheet::Make_Before(const Syokuta_Cell& cell, const QWidget& besi
     palette.setColor(QPalette::WindowText, QColor(theme::muted));
     label->setPalette(palette);
     label->setFixedWidth(beside.minimumWidth());
-    label->setToolTip(Text(sides.before->caption).remove(QLatin1Char(' ')));
+    label->setToolTip(Text(sides.before->name));
     label->setAccessibleName(beside.accessibleName() + QLatin1Char(' ') + label->toolTip());
     return label;
 }

@@ -11,19 +11,19 @@ namespace morvane {
 
 namespace {
 
-// "上昇 3　下降 1"; a work type with P on one side alone has no difference and is told besides.
+// A work type with P on one side alone has no difference and is told besides. The words stay, so that no
+// figure moves.
 QString Counts_Of(const P_Gain& gain) {
     const bool has_p = std::any_of(gain.lines.begin(), gain.lines.end(),
                                    [](const P_Change& line) { return line.before || line.after; });
     if (!has_p) {
         return {};
     }
-    QString counts = QStringLiteral("上昇 %1　下降 %2").arg(gain.risen).arg(gain.fallen);
-    for (const auto& [word, count] :
-         {std::pair{QStringLiteral("　新規 %1"), gain.added}, {QStringLiteral("　なし %1"), gain.dropped}}) {
-        counts += count > 0 ? word.arg(count) : QString();
-    }
-    return counts;
+    return QStringLiteral("上昇 %1　下降 %2\n新規 %3　なし %4")
+        .arg(gain.risen)
+        .arg(gain.fallen)
+        .arg(gain.added)
+        .arg(gain.dropped);
 }
 
 } // namespace
@@ -31,6 +31,18 @@ QString Counts_Of(const P_Gain& gain) {
 Gain_Strip* Make_Gain_Strip(const Screen_Sides& sides) {
     return sides.read_only ? new Gain_Strip(std::string("Ｐ") + sides.before->name, sides.after.name)
                            : new Gain_Strip;
+}
+
+std::optional<std::size_t> Telling_Line(const P_Gain& gain) {
+    if (gain.most_changed) {
+        return gain.most_changed;
+    }
+    const auto p_of = [](const P_Change& line) { return line.after ? line.after : line.before; };
+    const auto highest =
+        std::max_element(gain.lines.begin(), gain.lines.end(),
+                         [&](const P_Change& a, const P_Change& b) { return p_of(a) < p_of(b); });
+    return p_of(*highest) ? std::optional(static_cast<std::size_t>(highest - gain.lines.begin()))
+                          : std::nullopt;
 }
 
 void Show_Gain(Gain_Strip& strip, const P_Gain& gain, std::optional<std::size_t> line) {

@@ -11,6 +11,10 @@ namespace morvane {
 
 class Gain_Strip;
 
+/// The work type that tells of a change: the one that it moves most, where it moves none the one of the
+/// highest P. Empty where none has P.
+[[nodiscard]] std::optional<std::size_t> Telling_Line(const P_Gain& gain);
+
 /// Shows in the strip what a change brings: to one work type, none where there is nothing to name, and to all
 /// together. A screen calls it whenever its figures have been calculated.
 void Show_Gain(Gain_Strip& strip, const P_Gain& gain, std::optional<std::size_t> line);

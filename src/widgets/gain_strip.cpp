@@ -19,10 +19,10 @@ constexpr const char* counts_name = "Strip_Kensu";
 
 std::array<Result_Figure, 5> Figures(const std::string& before, const std::string& after) {
     return {{{.name = before_name, .caption = before},
-             {.name = after_name, .caption = after, .strong = true},
-             {.name = difference_name, .caption = "差"},
-             {.name = sum_name, .caption = "全工種の差"},
-             {.name = counts_name}}};
+             {.name = after_name, .caption = after, .strong = true, .joined = true},
+             {.name = difference_name, .caption = "差", .joined = true, .widest = "↑ +000"},
+             {.name = sum_name, .caption = "全工種の差", .widest = "↑ +0,000"},
+             {.name = counts_name, .joined = true, .widest = "上昇 00　下降 00\n新規 00　なし 00"}}};
 }
 
 std::string Score_Text(std::optional<std::int32_t> score) {

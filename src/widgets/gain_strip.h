@@ -23,8 +23,8 @@ class Gain_Strip : public Result_Strip {
     void Show_Score(const QString& subject, std::optional<std::int32_t> before,
                     std::optional<std::int32_t> after);
 
-    /// The sum of all differences, and how many rise and fall in words; empty words where nothing can be
-    /// told, which hides the sum too.
+    /// The sum of all differences, and how many rise and fall in two lines of words; empty words where
+    /// nothing can be told, which hides the sum too.
     void Show_Sum(std::int32_t sum, const QString& counts);
 
   private:

@@ -64,4 +64,16 @@ QStringList Lines_By_Phrases(const QString& text, const QFontMetrics& metrics, i
     return lines;
 }
 
+QString With_Whole_Phrases(const QString& text) {
+    constexpr QChar word_joiner(0x2060);
+    QString whole = text.left(1);
+    for (qsizetype at = 1; at < text.size(); ++at) {
+        if (!text[at].isSpace() && !Phrase_Ends_Before(text, at)) {
+            whole += word_joiner;
+        }
+        whole += text[at];
+    }
+    return whole;
+}
+
 } // namespace morvane

@@ -12,4 +12,7 @@ namespace morvane {
 /// left after `most_lines` stands in the last line, however long. The lines joined are the text.
 QStringList Lines_By_Phrases(const QString& text, const QFontMetrics& metrics, int width, int most_lines);
 
+/// The text with its phrases made unbreakable, for a label that breaks lines by itself.
+QString With_Whole_Phrases(const QString& text);
+
 } // namespace morvane

@@ -107,14 +107,23 @@ TEST_F(Kaiz_Lines, The_Gain_Follows_What_Is_Keyed) {
     // difference: of the line
     // gain: of the line below, which the key goes on to
     const std::tuple<const char*, const char*, const char*, const char*> steps[] = {
-        {"Kijun(2)", "40000", "±0", "大工|291|291|±0|±0|上昇 0　下降 0"},
-        {"Kijun(2)", "400000", "↑ +54", "大工|291|291|±0|↑ +54|上昇 1　下降 0"},
-        {"Kijun(3)", "0", "↓ -57", "左官||||↓ -3|上昇 1　下降 1"},
-        {"Zki(9)", "5000", "", "管||||↓ -3|上昇 1　下降 1　新規 1"},
-        {"Zzki(2)", "", "↑ +54", "大工|291|234|↓ -57|↓ -3|上昇 1　下降 1　新規 1"},
-        {"Zki(2)", "", "↑ +54", "大工|291|234|↓ -57|↓ -3|上昇 1　下降 1　新規 1"},
-        {"Kijun(2)", "", "", "大工|291|234|↓ -57|↓ -57|上昇 0　下降 1　新規 1　なし 1"},
+        {"Kijun(2)", "40000", "±0", "大工|291|291|±0|±0|上昇 0　下降 0\n新規 0　なし 0"},
+        {"Kijun(2)", "400000", "↑ +54", "大工|291|291|±0|↑ +54|上昇 1　下降 0\n新規 0　なし 0"},
+        {"Kijun(3)", "0", "↓ -57", "左官||||↓ -3|上昇 1　下降 1\n新規 0　なし 0"},
+        {"Zki(9)", "5000", "", "管||||↓ -3|上昇 1　下降 1\n新規 1　なし 0"},
+        {"Zzki(2)", "", "↑ +54", "大工|291|234|↓ -57|↓ -3|上昇 1　下降 1\n新規 1　なし 0"},
+        {"Zki(2)", "", "↑ +54", "大工|291|234|↓ -57|↓ -3|上昇 1　下降 1\n新規 1　なし 0"},
+        {"Kijun(2)", "", "", "大工|291|234|↓ -57|↓ -57|上昇 0　下降 1\n新規 1　なし 1"},
     };
+    EXPECT_EQ(Place(), "Zzki(2)") << "the first work type that has P";
+    for (const char* years : {"3", "2"}) {
+        const std::string former = Gain();
+        Type_Into(*form, "Kanko_Avg", years);
+        const std::string typed = Gain();
+        EXPECT_NE(typed, former) << "the line follows the years as they are keyed";
+        Key(Qt::Key_Return);
+        EXPECT_EQ(Gain(), typed);
+    }
     for (const auto& [cell, keys, difference, gain] : steps) {
         SCOPED_TRACE(keys);
         Enter(cell, keys);
@@ -183,6 +192,7 @@ TEST_F(Kaiz_Lines, Reports_Checks_And_Sisters_Come_After_Storing) {
                 window->findChildren<QLabel*>(),
                 [&](QLabel* label) { return label->text().toStdString() == Cell(score + "(2)"); }))
                 << score << " is not told of the improved side";
+            EXPECT_EQ(Shown(*window, "Lbl_SubTitle"), "改善シミュレーション後の数値による計算です。");
             window->reject();
             form->activateWindow();
             ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));

@@ -336,6 +336,7 @@ INSTANTIATE_TEST_SUITE_P(All, Improved_Firms, Every_Kind);
 
 TEST_F(Syokuta_Screen, Beside_The_Improvement_Checks_Are_Of_The_Current_Figures) {
     Open("Frm_Syokutakaiz_2012");
+    EXPECT_NE(Shown(*form, "Strip_P"), "") << "P is told of where nothing has changed";
     const std::string current = Stored();
     Enter("Enen", "7");
     EXPECT_NE(Shown(*form, "Enen_Ten"), Shown(*form, "Mae_Enen_Ten"));
