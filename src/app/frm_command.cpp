@@ -98,6 +98,7 @@ class Button_Column : public QScrollArea {
 
 Panel_Line::Panel_Line() {
     setObjectName(QStringLiteral("Panel_Line"));
+    setAttribute(Qt::WA_TransparentForMouseEvents);
     setFixedWidth(14);
 }
 
@@ -140,10 +141,10 @@ Frm_Command::Frm_Command(Shell_Port& shell_port, Work_Area& work_area, std::func
     column->addStretch(1);
     column->addWidget(TiikiMei);
     row->addWidget(command);
-    row->addWidget(panel_line);
     for (const Menu_Panel& panel : Menu_Panels()) {
         row->addWidget(panel_widgets[panel.name] = Make_Panel(panel));
     }
+    panel_line->setParent(this); // over the edge of the column, from the button to the panel
     panel_line->hide();
     JimusyoMei->setVisible(shell.session.Is_Multi());
     JimusyoMei->setText(Text(shell.session.Office_Name));
@@ -334,6 +335,7 @@ void Frm_Command::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     Fit_Buttons();
     Fit_Column();
+    panel_line->setGeometry(theme::command_width - panel_line->width(), 0, panel_line->width(), height());
 }
 
 void Frm_Command::Highlight(Menu_Button* button) {

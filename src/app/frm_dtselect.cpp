@@ -7,10 +7,11 @@
 #include "widgets/section_box.h"
 #include "widgets/theme.h"
 
-#include <QHBoxLayout>
+#include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace morvane {
 
@@ -21,9 +22,9 @@ Frm_DtSelect::Frm_DtSelect(Shell_Port& shell_port)
         new QLabel(QStringLiteral("建設業財務諸表の様式に合わせて、使用するデータを選択してください。\n"
                                   "選択は、最初の起動時に一度だけ行います。"));
     section->body->addWidget(text);
-    auto* row = new QHBoxLayout;
+    auto* choices = new QGridLayout;
     const auto add = [&](const char* name, const char* caption, const char* hint) {
-        auto* column = new QVBoxLayout;
+        const int column = choices->isEmpty() ? 0 : choices->columnCount();
         auto* button = new QPushButton(QString::fromUtf8(caption));
         button->setObjectName(QString::fromLatin1(name));
         theme::Set_Look(button, "choice");
@@ -31,15 +32,21 @@ Frm_DtSelect::Frm_DtSelect(Shell_Port& shell_port)
         auto* label = new QLabel(QString::fromUtf8(hint));
         theme::Set_Look(label, "muted");
         label->setAlignment(Qt::AlignCenter);
-        column->addWidget(button);
-        column->addWidget(label);
-        row->addLayout(column);
+        choices->addWidget(button, 0, column);
+        choices->addWidget(label, 1, column);
         return button;
     };
     QPushButton* hokkaido = add("Cmd_Do", "北海道版", "北海道知事許可の様式");
     QPushButton* national = add("Cmd_Kanto", "全国版", "国土交通大臣・他の都府県知事許可の様式");
+    int widest = 0;
+    for (int i = 0; i < choices->count(); ++i) {
+        widest = std::max(widest, choices->itemAt(i)->sizeHint().width());
+    }
+    for (int column = 0; column < choices->columnCount(); ++column) {
+        choices->setColumnMinimumWidth(column, widest);
+    }
     section->body->addSpacing(8);
-    section->body->addLayout(row);
+    section->body->addLayout(choices);
     body->addWidget(section);
     Add_Help_Button();
     QPushButton* cancel = Add_Button(QStringLiteral("Cmd_Cancel"), QStringLiteral("キャンセル"));

@@ -13,7 +13,6 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QScrollArea>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -108,31 +107,33 @@ Frm_Keiei::Frm_Keiei(Shell_Port& shell_port, const char* name)
     halves = new QBoxLayout(QBoxLayout::LeftToRight, whole);
     halves->setContentsMargins(0, 0, 0, 0);
     halves->setSpacing(theme::panel_gap);
-    auto* left = new QVBoxLayout;
+    left = new QVBoxLayout;
     left->setSpacing(theme::panel_gap);
     left->addWidget(Make_Elements(), 1);
     left->addWidget(Make_Score());
     halves->addLayout(left);
-    halves->addWidget(Make_Indicators(), 1);
+    halves->addWidget(indicators = Make_Indicators(), 1);
     for (std::size_t side = 0; side < columns.size(); ++side) {
         Show_Column(side);
     }
     Show_Gain();
-    auto* area = new QScrollArea;
-    area->setWidgetResizable(true);
-    area->setFrameShape(QFrame::NoFrame);
-    area->setFocusPolicy(Qt::NoFocus);
-    area->setWidget(whole);
-    body->addWidget(area, 1);
-    constexpr int beside_halves = 2 * 16 + 14; // margins and scroll bar
-    room_beside = std::max(900, whole->minimumSizeHint().width() + beside_halves);
+    Add_Notices();
+    body->addWidget(whole, 1);
     Make_Buttons();
 }
 
-// In a narrow window the indicators stand under the figures they come from.
+// In a narrow window the indicators stand under the figures they come from. The score stands over them where
+// it would have to be scrolled to.
 void Frm_Keiei::resizeEvent(QResizeEvent* event) {
     Form::resizeEvent(event);
-    halves->setDirection(width() < room_beside ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+    constexpr QSize around(2 * 16 + 14, 130); // margins and scroll bar, with title and buttons
+    constexpr int roomy = 900;
+    const QSize elements = left->minimumSize() + around;
+    const int room_of_both = elements.width() + halves->spacing() + indicators->minimumSizeHint().width();
+    const bool beside = width() >= std::max(roomy, room_of_both);
+    const bool in_view = beside && elements.height() <= height();
+    halves->setDirection(beside ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+    left->setDirection(in_view ? QBoxLayout::TopToBottom : QBoxLayout::BottomToTop);
 }
 
 // Over another screen there is no menu to hide.
@@ -140,6 +141,28 @@ void Frm_Keiei::showEvent(QShowEvent* event) {
     Form::showEvent(event);
     if (menu_button != nullptr) {
         menu_button->setHidden(isModal());
+    }
+    if (isModal()) {
+        setFocus(Qt::OtherFocusReason);
+    }
+}
+
+// Why a side has no figures, or of what they are.
+void Frm_Keiei::Add_Notices() {
+    for (std::size_t side = 0; side < columns.size(); ++side) {
+        const Keiei_Column& column = columns[side];
+        if (Compares() && column.y && !column.y->has_figures && !screen.other_firm) {
+            QLabel* notice = Muted(Text(column.side.caption) + QStringLiteral("：財務諸表が未入力です。"));
+            notice->setObjectName(QStringLiteral("Lbl_Notice"));
+            body->addWidget(notice);
+        }
+        if (!column.fault.empty()) {
+            auto* fault = new QLabel(Text(column.side.caption) + QStringLiteral("：") + Text(column.fault));
+            fault->setObjectName(QStringLiteral("Lbl_Fault(%1)").arg(side));
+            fault->setWordWrap(true);
+            theme::Set_Look(fault, "fault");
+            body->addWidget(fault);
+        }
     }
 }
 
@@ -173,7 +196,7 @@ QWidget* Frm_Keiei::Make_Elements() {
     }
     QLabel* unit = Muted(QStringLiteral("金額単位：千円"));
     unit->setContentsMargins(0, 0, 8, 0);
-    panel->body->insertWidget(1, unit, 0, Qt::AlignRight);
+    panel->body->insertWidget(0, unit, 0, Qt::AlignRight);
     return panel;
 }
 
@@ -196,15 +219,12 @@ QWidget* Frm_Keiei::Make_Indicators() {
     return panel;
 }
 
-// What the bars are, and why a side has none.
+// What the bars are.
 QWidget* Frm_Keiei::Make_Legend() {
     auto* legend = new QWidget;
-    auto* lines = new QVBoxLayout(legend);
-    lines->setContentsMargins(0, 0, 0, 2);
-    lines->setSpacing(2);
-    auto* line = new QHBoxLayout;
+    auto* line = new QHBoxLayout(legend);
+    line->setContentsMargins(0, 0, 0, 2);
     line->setSpacing(2);
-    lines->addLayout(line);
     const std::array<std::pair<const char*, const char*>, 2> places = {
         {{"Ex_Mes", "上段"}, {"GEx_Mes", "下段"}}};
     for (std::size_t side = 0; side < columns.size(); ++side) {
@@ -219,18 +239,6 @@ QWidget* Frm_Keiei::Make_Legend() {
         line->addWidget(sample);
         line->addWidget(text);
         line->addSpacing(16);
-        if (column.y && !column.y->has_figures && !screen.other_firm) {
-            QLabel* notice = Muted(Text(column.side.caption) + QStringLiteral("：財務諸表が未入力です。"));
-            notice->setObjectName(QStringLiteral("Lbl_Notice"));
-            lines->addWidget(notice);
-        }
-        if (!column.fault.empty()) {
-            auto* fault = new QLabel(Text(column.side.caption) + QStringLiteral("：") + Text(column.fault));
-            fault->setObjectName(QStringLiteral("Lbl_Fault(%1)").arg(side));
-            fault->setWordWrap(true);
-            theme::Set_Look(fault, "fault");
-            lines->addWidget(fault);
-        }
     }
     line->addStretch(1);
     return legend;

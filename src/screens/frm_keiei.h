@@ -48,6 +48,7 @@ class Frm_Keiei : public Form {
     };
 
     [[nodiscard]] bool Compares() const { return columns.size() > 1; }
+    void Add_Notices();
     [[nodiscard]] QWidget* Make_Elements();
     [[nodiscard]] QWidget* Make_Indicators();
     [[nodiscard]] QWidget* Make_Legend();
@@ -74,7 +75,8 @@ class Frm_Keiei : public Form {
     Other_Firm_Entry* other_firm = nullptr; ///< where it is compared with one
     Check_Opener checks{*this, shell};
     QBoxLayout* halves = nullptr;
-    int room_beside = 0;                ///< width of the screen that both halves need, pixels
+    QBoxLayout* left = nullptr; ///< elements and score
+    QWidget* indicators = nullptr;
     QPushButton* menu_button = nullptr; ///< where there are two sides
 };
 

@@ -64,7 +64,7 @@ QGridLayout* Add_Group(QLayout& place, const QString& heading) {
     auto* group = new Section_Box(heading);
     auto* rows = new QGridLayout;
     rows->setHorizontalSpacing(theme::panel_gap);
-    rows->setVerticalSpacing(8);
+    rows->setVerticalSpacing(theme::panel_gap);
     rows->setColumnStretch(1, 1);
     group->body->addLayout(rows);
     place.addWidget(group);
@@ -133,10 +133,17 @@ void Frm_KzCopy::Add_Action(QGridLayout& place, const QString& name, const QStri
     result->setObjectName(QStringLiteral("Naiyo_") + name);
     theme::Set_Look(result, "muted");
     const int row = place.rowCount();
-    place.addWidget(button, row, 0);
-    // Two groups of long captions stand beside each other on narrow displays, too.
-    const bool below = of.isEmpty();
-    place.addWidget(result, below ? row + 1 : row, below ? 0 : 1);
+    if (of.isEmpty()) {
+        // Two groups of long captions stand beside each other on narrow displays, too.
+        auto* both = new QVBoxLayout;
+        both->setSpacing(2);
+        both->addWidget(button);
+        both->addWidget(result);
+        place.addLayout(both, row, 0);
+    } else {
+        place.addWidget(button, row, 0);
+        place.addWidget(result, row, 1);
+    }
     Wire(button, &QPushButton::clicked, work);
     actions.push_back({button, result, caption, of, shown});
 }

@@ -187,12 +187,13 @@ class Header : public QFrame {
   private:
     static constexpr int side = 16;
     static constexpr int between = 12;
+    static constexpr int rule = 2; ///< at its foot
 
     void Stand(QBoxLayout::Direction direction) {
         const bool narrow = direction == QBoxLayout::TopToBottom;
         row->setDirection(direction);
         row->setSpacing(narrow ? 0 : between / 2); // the stretch has one at each side
-        row->setContentsMargins(side, narrow ? 4 : 8, side, narrow ? 4 : 8);
+        row->setContentsMargins(side, narrow ? 4 : 8, side, (narrow ? 4 : 8) + rule);
     }
 
     QLabel* title;

@@ -212,6 +212,15 @@ class Layout_Test : public Installation {
         ASSERT_NE(form, nullptr) << row.name;
         Look_At(frame, row.name);
         Look_At_Hints(*form);
+        Look_At_Scores(*form);
+        if (row.name == std::string_view("Frm_KsZaiUP")) {
+            With_Dialog([&] { shell->Open_Form(QStringLiteral("Frm_KeieiKz")); },
+                        [&](QDialog& dialog) {
+                            Look_At(dialog, "Frm_KeieiKz_over");
+                            Look_At_Scores(dialog);
+                            dialog.reject();
+                        });
+        }
         for (QPushButton* check : form->findChildren<QPushButton*>()) {
             if (check->text() == QStringLiteral("計算チェック")) {
                 check->click();
@@ -237,6 +246,28 @@ class Layout_Test : public Installation {
         QApplication::processEvents();
     }
 
+    /// The scores of the analysis are in view without scrolling.
+    static void Look_At_Scores(QWidget& form) {
+        for (const char* name : {"Y", "GeY"}) {
+            const auto* score = form.findChild<QLabel*>(QString::fromLatin1(name));
+            if (score != nullptr && form.objectName().startsWith(QStringLiteral("Frm_Keiei"))) {
+                EXPECT_EQ(score->visibleRegion().boundingRect(), score->rect())
+                    << form.objectName().toStdString() << " " << name;
+            }
+        }
+    }
+
+    /// Where the panel of the menu stands.
+    [[nodiscard]] QRect Place_Of_Panel() const {
+        QApplication::processEvents();
+        for (const QFrame* panel : shell->Frame()->command->findChildren<QFrame*>()) {
+            if (panel->isVisible() && panel->property("look") == QStringLiteral("popout")) {
+                return {panel->mapTo(shell->Frame(), QPoint()), panel->size()};
+            }
+        }
+        return {};
+    }
+
     /// The strip has room for the hint on every field.
     static void Look_At_Hints(Form& form) {
         auto* hint = form.findChild<Elided_Label*>(QStringLiteral("Strip_Subject"));
@@ -258,12 +289,14 @@ class Layout_Test : public Installation {
         for (const char* opener : {"Cmd_KsZ1", "Cmd_Sim1"}) {
             Click(frame, opener);
             Look_At(frame, opener);
+            const QRect panel = Place_Of_Panel();
             const bool statements = std::string_view(opener) == "Cmd_KsZ1";
             for (const Form_Row& row : Form_Table()) {
                 const bool of_statements = std::string_view(row.name).starts_with("Frm_Ks");
                 if (row.make != nullptr && of_statements == statements &&
                     (session.Is_Multi() || !of_office.contains(row.name))) {
                     Look_At_Form(row);
+                    EXPECT_EQ(Place_Of_Panel(), panel) << "after " << row.name;
                 }
             }
             frame.command->Close_Panel();
