@@ -150,7 +150,6 @@ class Tour {
         Companies();
         Statements();
         Review();
-        Improvement();
         Prior_Period();
         Others();
         Improved();
@@ -228,7 +227,13 @@ class Tour {
                        While_Open([&copies] { Click(copies, "Cmd_Load(1)"); }, {Say_Yes, Say_Yes});
                        Click(copies, "Cmd_Close");
                    }});
+        Press("Cmd_UpS(0)");
+        Take_Screen("journal", "Frm_KsZaiUP");
+        While_Open([this] { Click(Screen("Frm_KsZaiUP"), "BLCheck"); },
+                   {Say_Yes, Take_And_Press("upcheck", "Tojiru")});
         Press("Cmd_UpS(3)");
+        To_Front(frame);
+        Child<QWidget>(Screen("Frm_KankoKaiz"), "grid")->setFocus(Qt::OtherFocusReason);
         Take_Screen("improvement_p", "Frm_KankoKaiz");
         Press("Cmd_UpS(5)");
     }
@@ -308,15 +313,6 @@ class Tour {
                        Take_Window("advice_12com", advice);
                        Click(advice, "Tojiru");
                    }});
-    }
-
-    void Improvement() {
-        Press("Cmd_Sim2");
-        Press("Cmd_UpS(0)");
-        Take_Screen("journal", "Frm_KsZaiUP");
-        While_Open([this] { Click(Screen("Frm_KsZaiUP"), "BLCheck"); },
-                   {Say_Yes, Take_And_Press("upcheck", "Tojiru")});
-        Press("Cmd_UpS(5)");
     }
 
     void Others() {
