@@ -84,12 +84,12 @@ Frm_Gekihen::Frm_Gekihen(Shell_Port& shell_port)
 QWidget* Frm_Gekihen::Make_Scores() const {
     std::vector<Result_Figure> figures = {{.name = "Y", .caption = "Ｙ"}};
     for (std::size_t i = 0; i < basis_captions.size(); ++i) {
-        figures.push_back({.name = "X2_" + std::to_string(i + 1),
-                           .caption = std::string("Ｘ２（") + basis_captions[i] + "）"});
+        figures.push_back(
+            {.name = "X2_" + std::to_string(i + 1), .caption = std::string("Ｘ２ ") + basis_captions[i]});
     }
     for (std::size_t i = 0; i < years_captions.size(); ++i) {
-        figures.push_back({.name = "W_" + std::to_string(i + 2),
-                           .caption = std::string("Ｗ（") + years_captions[i] + "）"});
+        figures.push_back(
+            {.name = "W_" + std::to_string(i + 2), .caption = std::string("Ｗ ") + years_captions[i]});
     }
     auto* strip = new Result_Strip(figures);
     const auto show = [strip](const std::string& name, Points points) {

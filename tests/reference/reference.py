@@ -643,9 +643,17 @@ class Company:
         if scenario == "kaizen" and not any(Desk.has(line, FAMILY) for line in stored_lines):
             for line, current in zip(stored_lines[:SCORED], lines("")):
                 line.update({n: current[n] for n in FAMILY})
-            # Of the items only what is blank is filled.
+            # Of the items only what is blank is filled, from the current ones as import has settled them.
             current = elements("現状")
-            stored_elements.update({code: current[code] for code, v in stored_elements.items() if v is None})
+            if any(v is not None for v in current.values()):
+                settled, _ = self.desk(k, "genjo")
+                try:
+                    settled.settle()
+                    current = settled.elements
+                except ScoreError:
+                    pass     # what cannot be computed stays as it was given
+            stored_elements = {code: v if stored_elements.get(code) is None else stored_elements[code]
+                               for code, v in current.items()}
         column = {"genjo": statement.amount, "kaizen": statement.balance, **statement.saved}.get(scenario, {})
         y = points_y(column, self.edition, self.corporation)
         desk = Desk(self.edition, period["Simyu_Kubun"], column, y["Y"], stored_elements,
