@@ -83,22 +83,26 @@ Frm_Gekihen::Frm_Gekihen(Shell_Port& shell_port)
 
 QWidget* Frm_Gekihen::Make_Scores() const {
     std::vector<Result_Figure> figures = {{.name = "Y", .caption = "Ｙ"}};
-    for (std::size_t i = 0; i < basis_captions.size(); ++i) {
-        figures.push_back(
-            {.name = "X2_" + std::to_string(i + 1), .caption = std::string("Ｘ２ ") + basis_captions[i]});
+    for (const bool other : {false, true}) {
+        figures.push_back({.name = "X2_" + std::to_string(1 + other),
+                           .caption = std::string(other ? "" : "Ｘ２　") + basis_captions[other],
+                           .joined = other});
     }
-    for (std::size_t i = 0; i < years_captions.size(); ++i) {
-        figures.push_back(
-            {.name = "W_" + std::to_string(i + 2), .caption = std::string("Ｗ ") + years_captions[i]});
+    for (const bool other : {false, true}) {
+        figures.push_back({.name = "W_" + std::to_string(2 + other),
+                           .caption = std::string(other ? "" : "Ｗ　") + years_captions[other],
+                           .joined = other});
     }
     auto* strip = new Result_Strip(figures);
-    const auto show = [strip](const std::string& name, Points points) {
+    const auto show = [strip](const std::string& name, const std::string& spoken, Points points) {
         strip->Set_Text(name, QString::fromStdString(Comma_Str(points)));
+        strip->findChild<QLabel*>(QString::fromStdString(name))
+            ->setAccessibleName(QString::fromStdString(spoken));
     };
-    show("Y", table.Y);
+    show("Y", "Ｙ", table.Y);
     for (std::size_t i = 0; i < 2; ++i) {
-        show("X2_" + std::to_string(i + 1), table.X2[i]);
-        show("W_" + std::to_string(i + 2), table.W[i]);
+        show("X2_" + std::to_string(i + 1), std::string("Ｘ２　") + basis_captions[i], table.X2[i]);
+        show("W_" + std::to_string(i + 2), std::string("Ｗ　") + years_captions[i], table.W[i]);
     }
     return strip;
 }

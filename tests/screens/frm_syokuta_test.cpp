@@ -377,5 +377,23 @@ TEST_F(Syokuta_Screen, A_Side_Before_Without_Scores_Is_Told) {
     EXPECT_EQ(Titles(), "");
 }
 
+TEST_F(Syokuta_Screen, An_Improved_Statement_That_Cannot_Be_Computed_Is_Told_With_Its_Side) {
+    Put_Amounts({{229, 2e15}, {248, 2e15}}, "改善後残高");
+    const auto told = [](const std::function<void()>& open) -> std::string {
+        try {
+            open();
+        } catch (const Run_Time_Error& error) {
+            return error.what();
+        }
+        return {};
+    };
+    for (const std::string& text :
+         {told([this] { const Syokuta_Entry entry(session, improved_figures); }),
+          told([this] { const Kanko_Entry entry(session, Kanko_Screen_Of("Frm_KankoKaiz")); })}) {
+        EXPECT_PRED2(Has, text, "改善シミュレーション後の数値：");
+        EXPECT_PRED2(Has, text, "財務改善の仕訳");
+    }
+}
+
 } // namespace
 } // namespace morvane::tests
