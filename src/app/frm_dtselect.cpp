@@ -24,7 +24,7 @@ Frm_DtSelect::Frm_DtSelect(Shell_Port& shell_port)
     section->body->addWidget(text);
     auto* choices = new QGridLayout;
     const auto add = [&](const char* name, const char* caption, const char* hint) {
-        const int column = choices->isEmpty() ? 0 : choices->columnCount();
+        const int column = choices->count() / 2; // a button and its hint in each
         auto* button = new QPushButton(QString::fromUtf8(caption));
         button->setObjectName(QString::fromLatin1(name));
         theme::Set_Look(button, "choice");
@@ -40,7 +40,7 @@ Frm_DtSelect::Frm_DtSelect(Shell_Port& shell_port)
     QPushButton* national = add("Cmd_Kanto", "全国版", "国土交通大臣・他の都府県知事許可の様式");
     int widest = 0;
     for (int i = 0; i < choices->count(); ++i) {
-        widest = std::max(widest, choices->itemAt(i)->sizeHint().width());
+        widest = std::max(widest, choices->itemAt(i)->widget()->sizeHint().width());
     }
     for (int column = 0; column < choices->columnCount(); ++column) {
         choices->setColumnMinimumWidth(column, widest);

@@ -242,6 +242,10 @@ TEST_F(Single_Shell_Test, Without_An_Edition_The_Start_Asks_For_One_Until_It_Is_
     With_Dialog([&] { EXPECT_FALSE(Start().running); },
                 [&](QDialog& dialog) {
                     EXPECT_EQ(dialog.objectName(), "Frm_DtSelect");
+                    const QRect one = Child<QWidget>(dialog, "Cmd_Do")->geometry();
+                    const QRect other = Child<QWidget>(dialog, "Cmd_Kanto")->geometry();
+                    EXPECT_LT(one.right(), other.left()) << "beside each other";
+                    EXPECT_EQ(one.size(), other.size());
                     Click(dialog, "Cmd_Do");
                     Click(dialog, "Cmd_Cancel");
                 });
