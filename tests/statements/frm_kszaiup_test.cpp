@@ -229,10 +229,11 @@ TEST_F(Corporation_Journal, Every_Button_Asks_And_Stores_As_It_Says) {
 TEST_F(Journal_Screen, The_Check_Lays_Improved_And_Current_Statements_Beside_Each_Other) {
     // The controls of the improved column and the accounts behind them; "Ks" stands in those of the current
     // one.
-    const char* const of_both = "BsIp_Rds=129 BsIp_KtsKei=179 BsIp_SSKei=199 BsIp_Rdf=229 BsIp_Ktf=248 "
-                                "BsIp_FSiKei=249 bsIp_SHKei=319 BsIp_FSSKei=399 PLIp_Kkg=417 PLIp_Kng=418 "
-                                "PLIp_Kug=419 PLIp_Ipk=468 PLIp_EgrKei=469 PLIp_Egs=479 PLIp_Egh=488 "
-                                "PLIp_KjrKei=489 ";
+    const char* const of_both =
+        "BsIp_Rds=129 BsIp_KtsKei=179 BsIp_SSKei=199 BsIp_Rdf=229 BsIp_Ktf=248 "
+        "BsIp_FSiKei=249 bsIp_SHKei=319 BsIp_FSSKei=399 PLIp_Kkg=419-418 PLIp_Kng=418 "
+        "PLIp_Kug=419 PLIp_Ipk=468 PLIp_EgrKei=469 PLIp_Egs=479 PLIp_Egh=488 "
+        "PLIp_KjrKei=489 ";
     const char* const of_one[] = {
         "BsIp_KnsKei=189 BsIp_Shk=250+251 BsIp_Hjk=281 BsIp_Rjkei=289 BsIp_JKabu=291+290 BsIp_KKbkei=298 "
         "BsIp_Hyok=303 BsIp_Skb=310 PLIp_Tbr=499 PLIp_Tbs=509 PLIp_ZtrKei=510 PLIp_Hjz=511+512 "
