@@ -28,11 +28,6 @@ Syokuta_Entry::Syokuta_Entry(const Session& session, const Screen_Sides& screen_
     }
     if (sides.before) {
         before = Loaded_Before(session, *sides.before);
-        // A first visit brings scores of the current figures, which are formed in another way at some law
-        // years.
-        if (!after.fault) {
-            after.shown = after.screen;
-        }
     }
 }
 
