@@ -1,7 +1,5 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "app/form_table.h"
-#include "batch/case_file.h"
-#include "law/law_year.h"
 #include "support/failing_writes.h"
 #include "support/grid_screen.h"
 
@@ -12,28 +10,49 @@ namespace {
 class Failing_Store : public Grid_Screen {
   protected:
     Failing_Store() : Grid_Screen("13", false) {
-        Import_Case(session, Samples_Folder() / "aoba_kensetsu.json");
-        session.Syori_Ki = static_cast<std::int16_t>(Field("Jigyo_mas", "処理決算期", "1=1").As_Integer());
-        session.Hojin_Kojin = Firm_Type::Corporation;
-        session.Simyu_Kubun = Law_Of(4).code;
+        Take_Aoba();
         shell.menu.screen.number = 41;
     }
 
-    [[nodiscard]] std::string Text_In(const char* cell) const {
-        return grid != nullptr ? Cell(cell) : Shown(*form, cell);
+    /// Opens a screen and keys a 7.
+    void Key_Into(const char* name, const char* field) {
+        Open_Screen(std::unique_ptr<Form>(Find_Form(name)->Make(shell)));
+        if (grid != nullptr) {
+            Enter(field, "7");
+        } else if (*field == '\0') {
+            With_Dialog([&] { Click(*form, "Pg_Set"); },
+                        [](QDialog& setting) {
+                            Type_Into(setting, "Ue_Mrg", "7");
+                            Click(setting, "Cmd_OK");
+                        });
+        } else if (!Child<QWidget>(*form, field)->setProperty("plainText", "7")) {
+            Type_Into(*form, field, "7");
+        }
+    }
+
+    [[nodiscard]] std::string Text_In(const char* field) const {
+        if (grid != nullptr || *field == '\0') {
+            return grid != nullptr ? Cell(field) : "7";
+        }
+        const QVariant note = Child<QWidget>(*form, field)->property("plainText");
+        return note.isValid() ? note.toString().toStdString() : Shown(*form, field);
     }
 };
 
-// What is keyed stays where it cannot be stored, whichever button stores it and however far it came; the next
-// attempt stores it.
+// What is keyed stays where it cannot be stored, whichever button stores it and however far it came. Closing,
+// another attempt is made, the screen comes back, or what was keyed is given up; nothing of a failed attempt
+// is kept.
 TEST_F(Failing_Store, Every_Screen_Stays_With_What_Was_Keyed) {
     const struct {
         const char* form;
-        const char* cell;
-        std::vector<const char*> buttons;
-        const char* stored; ///< of this period
+        const char* field;
+        std::vector<const char*> buttons;     ///< the last one closes
+        const char* stored;                   ///< of the period
+        std::vector<int> failing = {1, 4, 9}; ///< write operations
     } screens[] = {
+        {"Frm_QandA", "Advice", {"Cmd_Cancel"}, "アドバイス FROM QandA WHERE QNo=41", {1}},
         {"Frm_Kanko", "Kijun(9)", {"Prt", "edit_z", "Tojiru"}, "完工高基準 FROM Kandaka_Gj WHERE 工種CD=9"},
+        {"Frm_Kanko2", "Z4(3)", {"Tojiru"}, "技術者4 FROM Kandaka_Gj WHERE 工種CD=3"},
         {"Frm_KankoKaiz2",
          "Z4(3)",
          {"edit_x1", "Cmd_Kekka", "Tojiru"},
@@ -47,37 +66,53 @@ TEST_F(Failing_Store, Every_Screen_Stays_With_What_Was_Keyed) {
          "借方 FROM Ks_Zaihyo WHERE 建設科目CD=100"},
         {"Frm_KsZenki", "Gaku(0)", {"Tojiru"}, "金額 FROM Ks_Zaihyo WHERE 建設科目CD=820"},
         {"Frm_KsHendo", "Gaku(0)", {"Tojiru"}, "金額 FROM Ks_Zaihyo WHERE 建設科目CD=901"},
+        {"Rpt_Kekka_2012", "", {"Tojiru"}, nullptr, {1}},
+        {"Frm_Settei", "Net_Check_Host", {"Cmd_Excute"}, nullptr, {1}},
+        {"Frm_Jgmas", "SyaMei", {"Cmd_Excute"}, "事業所名 FROM Jigyo_mas, Ks_ki WHERE 1=1", {1}},
     };
     shell.on_open_form = [](const QString& name) { ADD_FAILURE() << name.toStdString(); };
     for (const auto& screen : screens) {
-        Open_Screen(std::unique_ptr<Form>(Find_Form(screen.form)->Make(shell)));
-        if (grid != nullptr) {
-            Enter(screen.cell, "7");
-        } else {
-            Type_Into(*form, screen.cell, "7");
-        }
+        SCOPED_TRACE(screen.form);
+        const char* closing = screen.buttons.back();
+        Key_Into(screen.form, screen.field);
         const auto before = State();
         for (const char* button : screen.buttons) {
-            for (const int n : {1, 4, 9}) {
-                SCOPED_TRACE(testing::Message() << screen.form << " " << button << " " << n);
-                messages.answers = {Answer::Yes};
+            for (const int n : screen.failing) {
+                SCOPED_TRACE(testing::Message() << button << " " << n);
+                messages.shown.clear();
+                messages.answers = {button == closing ? Answer::Retry : Answer::Yes};
                 {
-                    const Failing_Writes failing(n, Failing_Writes::Manner::From_Then_On);
+                    const Failing_Writes failing(n, Failing_Writes::Manner::From_Then_On, ENOSPC);
                     Click(*form, button);
                     EXPECT_TRUE(failing.Has_Failed());
                 }
-                messages.answers.clear();
                 EXPECT_TRUE(form->isVisible());
                 EXPECT_EQ(shell.failure, "") << "the process would end";
+                EXPECT_TRUE(Titles() == "保存エラー 保存エラー" || button != closing);
                 EXPECT_PRED2(Has, Last_Box(), "保存エラー：");
-                EXPECT_EQ(Text_In(screen.cell), "7");
+                EXPECT_PRED2(Has, Last_Box(), folder.path.string());
+                for (const char* engine : {"UPDATE", "SELECT", "INSERT", "database"}) {
+                    EXPECT_FALSE(Has(Last_Box(), engine)) << "words, no SQL: " << Last_Box();
+                }
+                EXPECT_EQ(Text_In(screen.field), "7");
                 EXPECT_EQ(State(), before);
             }
         }
-        Press("Tojiru");
-        EXPECT_EQ(
-            List(std::string("SELECT ") + screen.stored + " And 決算期=" + std::to_string(session.Syori_Ki)),
-            "7");
+        {
+            const Failing_Writes full(1, Failing_Writes::Manner::From_Then_On, ENOSPC);
+            messages.answers = {Answer::Discard};
+            Press(closing);
+        }
+        EXPECT_EQ(State(), before);
+        Key_Into(screen.form, screen.field);
+        {
+            const Failing_Writes once(1);
+            messages.answers = {Answer::Retry};
+            Press(closing);
+        }
+        if (screen.stored != nullptr) {
+            EXPECT_EQ(List(std::string("SELECT ") + screen.stored + " And 決算期=35"), "7");
+        }
     }
 }
 

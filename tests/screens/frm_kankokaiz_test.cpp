@@ -150,37 +150,35 @@ TEST_F(Kaiz_Lines, The_Gain_Follows_What_Is_Keyed) {
 
 // Each screen stores what is its own, before a report, a check or a sister opens.
 TEST_F(Kaiz_Lines, Reports_Checks_And_Sisters_Come_After_Storing) {
-    const struct {
-        const char* form;
-        const char* cell;
-        std::vector<std::string> checks; ///< and the score that they tell of
-        const char* stored;              ///< of the line, and the years, in the end
-    } cases[] = {{"Frm_KankoKaiz", "Kijun(2)", {"X1", "P"}, "15=9000=2=-=3"},
-                 {"Frm_KankoKaiz2", "Z1(2)", {"Z"}, "15=9000=14=-=3"},
-                 {"Frm_KankoKaiz2", "Z22(2)", {"Z"}, "15=9000=14=14=3"},
-                 {"Frm_KankoKaiz3", "Kijun(2)", {"Z"}, "15=14=14=14=3"}};
+    // checks: and the score that they tell of
+    // stored: of the line, and the years, in the end
+    const std::tuple<const char*, const char*, std::vector<std::string>, const char*> cases[] = {
+        {"Frm_KankoKaiz", "Kijun(2)", {"X1", "P"}, "15=9000=2=-=3"},
+        {"Frm_KankoKaiz2", "Z1(2)", {"Z"}, "15=9000=14=-=3"},
+        {"Frm_KankoKaiz2", "Z22(2)", {"Z"}, "15=9000=14=14=3"},
+        {"Frm_KankoKaiz3", "Kijun(2)", {"Z"}, "15=14=14=14=3"}};
     const std::string line_stored =
         "SELECT 改0完工高基準, 改0元請完工高基準, 改0技術者1, 改0技術者6, 改善後0 FROM "
         "Kandaka_Gj, W_Yoso WHERE 工種CD=2 And 要素CD=201";
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.cell);
-        Open_Screen(Screen(shell, c.form));
-        if (Kanko_Screen_Of(c.form).Has_Years()) {
+    for (const auto& [name, cell, checks, stored] : cases) {
+        SCOPED_TRACE(cell);
+        Open_Screen(Screen(shell, name));
+        if (Kanko_Screen_Of(name).Has_Years()) {
             Type_Into(*form, "Kanko_Avg", "3");
         }
         int number = 10;
         const auto expect_stored = [&](const std::function<void()>& act) {
-            Enter(c.cell, std::to_string(++number));
-            grid->Focus_Cell(c.cell);
+            Enter(cell, std::to_string(++number));
+            grid->Focus_Cell(cell);
             act();
             EXPECT_PRED2(Has, List(line_stored), std::to_string(number));
         };
         for (const auto& [button, report] :
              {std::pair{"Cmd_Hikaku", "Rpt_KankoHK"}, {"Cmd_Kekka", "Rpt_Kekka_2012"}}) {
-            expect_stored([&, name = button] { Click(*form, name); });
+            expect_stored([&, of = button] { Click(*form, of); });
             EXPECT_EQ(shell.calls.back(), std::string("Open_Form ") + report);
         }
-        for (const std::string& score : c.checks) {
+        for (const std::string& score : checks) {
             expect_stored([&] {
                 EXPECT_TRUE(grid->Focus_Cell((score == "X1" ? "Cmd_X" : "Cmd_" + score) + "(2)"));
                 Key(Qt::Key_Space);
@@ -197,8 +195,8 @@ TEST_F(Kaiz_Lines, Reports_Checks_And_Sisters_Come_After_Storing) {
             form->activateWindow();
             ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
         }
-        expect_stored([&] { Press(Kanko_Screen_Of(c.form).sisters[1].name); });
-        EXPECT_EQ(List(line_stored), c.stored);
+        expect_stored([&] { Press(Kanko_Screen_Of(name).sisters[1].name); });
+        EXPECT_EQ(List(line_stored), stored);
     }
     EXPECT_EQ(List("SELECT 完工高基準, 元請完工高基準, 技術者1, 技術者6 FROM Kandaka_Gj WHERE 工種CD=2"),
               "40000=9000=2=1");

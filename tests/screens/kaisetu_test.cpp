@@ -47,45 +47,40 @@ TEST_F(Kaisetu_Test, Asks_Tests_And_Opens) {
     const char* const unset = "解説ページのホストが設定されていません。";
     const char* const offline =
         "ネット接続ができません。ご使用のPCがインターネットに接続可能か確認してください。";
-    const struct {
-        const char* name;
-        std::string help_host;
-        std::string probed;
-        Answer answer;
-        std::vector<std::string> texts; ///< beginnings
-        bool opens;
-    } cases[] = {
-        {"no host", "", host, Answer::Ok, {unset}, false},
-        {"cancelled", host, host, Answer::Cancel, {asks}, false},
-        {"no connection", host, "127.0.0.1:1", Answer::Ok, {asks, offline}, false},
-        {"opened", host, host, Answer::Ok, {asks}, true},
-        {"the pages' own host is tested", "http://" + host + "/x", "", Answer::Ok, {asks}, true},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.name);
+    // texts: beginnings
+    const std::tuple<const char*, std::string, std::string, Answer, std::vector<std::string>, bool> cases[] =
+        {
+            {"no host", "", host, Answer::Ok, {unset}, false},
+            {"cancelled", host, host, Answer::Cancel, {asks}, false},
+            {"no connection", host, "127.0.0.1:1", Answer::Ok, {asks, offline}, false},
+            {"opened", host, host, Answer::Ok, {asks}, true},
+            {"the pages' own host is tested", "http://" + host + "/x", "", Answer::Ok, {asks}, true},
+        };
+    for (const auto& [name, help_host, probed, answer, texts, opens] : cases) {
+        SCOPED_TRACE(name);
         Install_Info info = Read_Install_Info(session.App_Path);
-        info.network.help_host = c.help_host;
-        info.net_check_host = c.probed;
+        info.network.help_host = help_host;
+        info.net_check_host = probed;
         Write_Install_Info(session.App_Path, info);
         fs::remove(desktop.path / "opened");
         messages.shown.clear();
-        messages.answers = {c.answer};
+        messages.answers = {answer};
         if (const auto page = Ask_Kaisetu(session, "Y-X1")) {
             Progress progress;
             Tell_Kaisetu(session, Open_Kaisetu(*page, progress));
         }
-        ASSERT_EQ(messages.shown.size(), c.texts.size());
-        for (std::size_t i = 0; i < c.texts.size(); ++i) {
+        ASSERT_EQ(messages.shown.size(), texts.size());
+        for (std::size_t i = 0; i < texts.size(); ++i) {
             EXPECT_EQ(messages.shown[i].title, "確認メッセージ");
-            EXPECT_TRUE(messages.shown[i].text.starts_with(c.texts[i])) << messages.shown[i].text;
+            EXPECT_TRUE(messages.shown[i].text.starts_with(texts[i])) << messages.shown[i].text;
         }
-        if (!c.help_host.empty()) {
+        if (!help_host.empty()) {
             const Message_Box& question = messages.shown.front();
             EXPECT_TRUE(question.icon == Icon::Warning && question.default_answer == Answer::Cancel);
         }
-        ASSERT_EQ(fs::exists(desktop.path / "opened"), c.opens);
-        if (c.opens) {
-            EXPECT_EQ(Read_Text_File(desktop.path / "opened"), Kaisetu_Address(c.help_host, "Y-X1"));
+        ASSERT_EQ(fs::exists(desktop.path / "opened"), opens);
+        if (opens) {
+            EXPECT_EQ(Read_Text_File(desktop.path / "opened"), Kaisetu_Address(help_host, "Y-X1"));
         }
     }
 }

@@ -3,7 +3,6 @@
 
 #include "session/kyotu_mod.h"
 #include "support/grid_screen.h"
-#include "support/sums.h"
 
 namespace morvane::tests {
 namespace {
@@ -41,32 +40,6 @@ TEST_F(Statement_Screen, What_Is_No_Figure_Changes_Nothing) {
     EXPECT_EQ(Field("Ks_Zaihyo", "建設科目名", "建設科目CD=100").As_Text(), "現金預金");
 }
 
-// The panel of each form is held against the store by the test of the sections; here are the labels of the
-// window.
-TEST_F(Statement_Screen, The_Panel_Shows_At_Each_Key_What_Is_Stored_At_The_End) {
-    constexpr std::pair<std::uint8_t, const char*> screens[] = {
-        {42, "BsIp_Yks=149 BsIp_SSKei=199 BsIp_Krj=281 Chk_TRki=281"},
-        {45, "BsIp_KKbkei=298 BsIp_Krj=281"},
-        {50, "PLIp_Ksr=417 PLIp_TkrKei=519"}};
-    for (const auto& [screen_no, moved] : screens) {
-        Open(screen_no);
-        for (int row = 0; row < grid->Row_Count(); ++row) {
-            if (!grid->Is_Locked(row, 2)) { // Enter passes the others by
-                ASSERT_EQ(Place(), "Gaku(" + std::to_string(row) + ")");
-                Type(row % 7 == 3 ? "-" + std::to_string(1000 + row) : std::to_string(1'000'000 * (row + 1)));
-                Key(Qt::Key_Return);
-            }
-        }
-        Press("Tojiru");
-        for (const auto& [control, accounts] : Read_Sums(moved)) {
-            const int code = accounts.front().first;
-            EXPECT_EQ(Shown(*form, control.c_str()), Comma_Str(Value(Amount(code)))) << code;
-            EXPECT_NE(Amount(code), 0.0) << code;
-            EXPECT_EQ(Amount(code), Amount(code, "改善後残高")) << code;
-        }
-    }
-}
-
 TEST_F(Statement_Screen, The_Check_Turns_With_A_Yen) {
     Put_Amounts({{100, 500}, {838, 300}, {901, -200}});
     Open(41);
@@ -77,20 +50,14 @@ TEST_F(Statement_Screen, The_Check_Turns_With_A_Yen) {
     }
 }
 
-TEST_F(Statement_Screen, A_Column_Is_Pasted_Whole_And_Taken_Back_Whole) {
+TEST_F(Statement_Screen, A_Column_Is_Pasted_Whole) {
     Put_Amounts({{130, 10}, {131, 4}, {133, 20}});
     Open(42);
-    const std::string before = Cells("Gaku", 0, 9);
     Paste("¥1,000\r\n300\r\n9\r\n２０\r\nabc\r\n\r\n(50)\r\n");
     EXPECT_EQ(Cells("Gaku", 0, 9), "1000|300|700|20||20|-50||-50||") << "book values are not pasted over";
     EXPECT_PRED2(Has, Last_Box(), "貼り付けエラー：");
     EXPECT_PRED2(Has, Last_Box(), "」の「金額」：abc");
     EXPECT_FALSE(Has(Last_Box(), "行目")) << "the account is named";
-    EXPECT_EQ(Shown(*form, "BsIp_Yks"), "670");
-    Key(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(Cells("Gaku", 0, 9) + Shown(*form, "BsIp_Yks"), before + "26");
-    Key(Qt::Key_Y, Qt::ControlModifier);
-    EXPECT_EQ(Shown(*form, "BsIp_SSKei"), "670");
     Press("Tojiru");
     EXPECT_EQ(List("SELECT 金額 FROM Ks_Zaihyo WHERE 建設科目CD Between 130 And 136 ORDER BY 建設科目CD"),
               "1000 300 700 20 - 20 -50");
@@ -100,6 +67,10 @@ TEST_F(Statement_Screen, Captions_Are_Keyed_And_Pasted_Where_They_Are_Open) {
     Open(41);
     ASSERT_TRUE(grid->Focus_Cell("Kamk(4)"));
     Paste("電子記録債権\t700\r\n");
+    for (int columns = 0; columns < 2; ++columns) {
+        Key(Qt::Key_Right, Qt::ControlModifier | Qt::ShiftModifier);
+    }
+    EXPECT_EQ(grid->Copied_Text().toStdString(), "電子記録債権\t700\n");
     Enter("Kamk(11)", "x");
     EXPECT_EQ(Cell("Gaku(4)"), "700") << "the mark of deduction between them is no column of a paste";
     Press("Tojiru");

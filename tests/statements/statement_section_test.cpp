@@ -2,7 +2,6 @@
 #include "statements/statement_section.h"
 
 #include "statements/prior_figures.h"
-#include "support/failing_writes.h"
 #include "support/installation_fixture.h"
 #include "support/sums.h"
 
@@ -66,11 +65,6 @@ class Section_Test : public Installation {
             ++row;
         }
         return row;
-    }
-
-    void Key(Statement_Section& section, int code, const Value& amount) const {
-        section.Set_Amount(Row_Of(section, code), amount);
-        section.Sec_Subtotals();
     }
 };
 
@@ -170,47 +164,6 @@ class Corporation_Test : public Section_Test {
     void SetUp() override { Make_Company(1, 1, 10); }
 };
 
-TEST_F(Corporation_Test, Blank_And_Zero_And_Captions_Are_Stored_As_They_Stand) {
-    Put_Amounts({{100, 5}, {101, 6}, {103, 7}});
-    Statement_Section section = Open(100);
-    Key(section, 100, {});
-    Key(section, 101, 0);
-    for (const Value& name : {Value("電子記録債権"), Value()}) {
-        section.Set_Name(Row_Of(section, 105), name);
-        section.Save_Rows();
-        EXPECT_TRUE(Field("Ks_Zaihyo", "建設科目名", "建設科目CD=105") == name);
-    }
-    EXPECT_EQ(List("SELECT 金額 FROM Ks_Zaihyo WHERE 建設科目CD In (100, 101, 103) ORDER BY 建設科目CD"),
-              "- 0 7");
-}
-
-TEST_F(Corporation_Test, Leaving_Without_Saving_Still_Forms_The_Balances) {
-    Put_Amounts({{100, 500}, {200, 100}});
-    Statement_Section section = Open(100);
-    Key(section, 100, 9000);
-    section.Close(false);
-    EXPECT_EQ(Amount(100), 500.0);
-    EXPECT_EQ(Amount(281, "改善後残高"), 400.0);
-    section.Close(true);
-    EXPECT_EQ(Amount(281, "改善後残高"), 8900.0);
-}
-
-// Amounts never stand beside totals that do not hold them, whichever write fails or kills the program.
-TEST_F(Corporation_Test, No_Failing_Write_Separates_Amounts_And_Totals) {
-    Put_Amounts({{100, 500}, {200, 100}});
-    Open(100).Close(true);
-    Expect_All_Or_Nothing(
-        folder.path,
-        [this] {
-            Statement_Section section = Open(100);
-            Key(section, 100, 9000);
-            section.Close(true);
-        },
-        [this] {
-            return std::map<std::string, std::string>{{"", List("SELECT 金額, 改善後残高 FROM Ks_Zaihyo")}};
-        });
-}
-
 TEST_F(Section_Test, Y_Needs_A_Complete_And_Of_A_Corporation_A_Balanced_Statement) {
     /// A statement that is complete and balances, with one account changed.
     const std::tuple<const char*, std::int16_t, std::map<int, double>, const char*, const char*> cases[] = {
@@ -240,15 +193,6 @@ TEST_F(Section_Test, Y_Needs_A_Complete_And_Of_A_Corporation_A_Balanced_Statemen
         EXPECT_EQ(Told(), boxes);
         EXPECT_EQ(section.Panel().Check_Text(), "チェック ⇒ " + std::string(check));
     }
-}
-
-TEST_F(Corporation_Test, A_Section_Without_Accounts_Is_Empty_And_Closes) {
-    Put_Amounts({{100, 70}});
-    const Statement_Section section = Open(600);
-    EXPECT_TRUE(section.Rows().empty());
-    EXPECT_EQ(Shown(section, "BsIp_SSKei"), 70.0);
-    section.Close(true);
-    EXPECT_EQ(Amount(100), 70.0);
 }
 
 TEST_F(Corporation_Test, The_Change_Of_Equity_Gets_Its_Row) {

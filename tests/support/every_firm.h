@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #pragma once
 
-#include "law/elements.h"
+#include "company/law_change.h"
 #include "review/settle.h"
 #include "session/kyotu_mod.h"
 #include "support/generated_firm.h"
@@ -20,7 +20,7 @@ class Every_Firm : public Grid_Screen,
   protected:
     Every_Firm() : Grid_Screen(std::get<0>(GetParam()), false) {
         Make_Company(1, std::get<1>(GetParam()), 10);
-        Put_Elements({{element::law_year, Law_Number(Law().code)}});
+        Set_Law_Year(session, 10, Law().code);
         session.Simyu_Kubun = Law().code;
     }
 
@@ -35,12 +35,8 @@ class Every_Firm : public Grid_Screen,
         for (Work_Line& line : firm.works) {
             line.gijutusya[5] = {};
         }
-        std::map<int, double> amounts;
-        for (std::size_t code = 0; code < firm.statement.amount.size(); ++code) {
-            amounts[static_cast<int>(code)] = firm.statement.amount[code].Count();
-        }
-        Put_Amounts(amounts);
-        Put_Amounts(amounts, "改善後残高");
+        Put_Statement(firm.statement);
+        Put_Statement(firm.statement, "改善後残高");
         Store_Firm(session, Side_In_Hand(session), std::move(firm));
         current = Stored(Scenario::Genjo);
     }

@@ -5,7 +5,6 @@
 #include "widgets/entry_grid.h"
 #include "widgets/form.h"
 
-#include <QClipboard>
 #include <initializer_list>
 #include <memory>
 
@@ -37,10 +36,6 @@ class Grid_Screen : public Ui_Installation {
         Key(Qt::Key_Down);
     }
 
-    static void Paste(const char* text) {
-        QApplication::clipboard()->setText(QString::fromUtf8(text));
-        Key(Qt::Key_V, Qt::ControlModifier);
-    }
     [[nodiscard]] std::string Cell(const std::string& name) const {
         return grid->Cell_Text(name).toStdString();
     }

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "support/installation_fixture.h"
 
+#include "batch/case_file.h"
 #include "company/data_set.h"
 #include "company/datacheck.h"
 #include "company/register.h"
@@ -100,6 +101,11 @@ void Installation::Register_Company(std::int32_t number, const std::string& name
     session.Kanri_No = 0;
 }
 
+void Installation::Take_Aoba() {
+    Import_Case(session, Samples_Folder() / "aoba_kensetsu.json");
+    Company_Reload(session);
+}
+
 void Installation::Run(std::initializer_list<std::string> statements) const {
     const Connection cn = Cn_Open(session);
     for (const std::string& text : statements) {
@@ -182,6 +188,16 @@ void Installation::Put(const std::string& table, const std::string& column, cons
 
 void Installation::Put_Amounts(const std::map<int, double>& amounts, const std::string& column) const {
     Put("Ks_Zaihyo", column, "建設科目CD", amounts);
+}
+
+void Installation::Put_Statement(const Statement_Figures& statement, const std::string& column) const {
+    std::map<int, double> amounts;
+    for (std::size_t code = 0; code < statement.amount.size(); ++code) {
+        if (statement.amount[code] != Yen()) {
+            amounts[static_cast<int>(code)] = statement.amount[code].Count();
+        }
+    }
+    Put_Amounts(amounts, column);
 }
 
 void Installation::Put_Elements(const std::map<int, double>& elements, const std::string& column) const {

@@ -3,6 +3,7 @@
 
 #include "batch/installation.h"
 #include "data/connection.h"
+#include "review/review_figures.h"
 #include "session/session.h"
 #include "support/failing_writes.h"
 #include "support/paths.h"
@@ -72,6 +73,9 @@ class Installation : public ::testing::Test {
     void Register_Company(std::int32_t number, const std::string& name, std::int16_t hojin_kojin = 1,
                           std::int16_t period = 5);
 
+    /// Takes a sample firm in hand, a corporation with the periods 34 and 35, of the newest law year.
+    void Take_Aoba();
+
     /// Runs statements on the working store; a text may hold several, parted by semicolons.
     void Run(std::initializer_list<std::string> statements) const;
 
@@ -93,6 +97,9 @@ class Installation : public ::testing::Test {
 
     /// Puts amounts (yen) into a column of the period in hand.
     void Put_Amounts(const std::map<int, double>& amounts, const std::string& column = "金額") const;
+
+    /// Puts what a statement has into a column.
+    void Put_Statement(const Statement_Figures& statement, const std::string& column = "金額") const;
 
     /// Puts elements into a column of W_Yoso of the period in hand.
     void Put_Elements(const std::map<int, double>& values, const std::string& column = "現状") const;

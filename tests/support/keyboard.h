@@ -4,6 +4,7 @@
 #include "support/ui_fixture.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QLabel>
 #include <QLineEdit>
 
@@ -26,6 +27,12 @@ inline void Type(const std::string& keys) {
         QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString::fromUcs4(&c, 1));
         QApplication::sendEvent(QApplication::focusWidget(), &press);
     }
+}
+
+/// A text of the clipboard into it.
+inline void Paste(const char* text) {
+    QApplication::clipboard()->setText(QString::fromUtf8(text));
+    Key(Qt::Key_V, Qt::ControlModifier);
 }
 
 /// Its name.

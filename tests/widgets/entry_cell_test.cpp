@@ -10,7 +10,6 @@
 #include <QMimeData>
 #include <QPushButton>
 #include <QVBoxLayout>
-#include <QWindow>
 #include <cmath>
 
 namespace morvane::tests {
@@ -64,20 +63,17 @@ TEST_F(Entry_Cell_Test, Amount_Is_Bare_In_Focus_And_Formatted_When_Left) {
     EXPECT_EQ(left, 1);
 }
 
-TEST_F(Entry_Cell_Test, Passing_A_Cell_Changes_Nothing) {
-    for (const Value& value : {Value(999.5), Value(123456789012.0), Value()}) {
-        cell.setMaxLength(5);
-        Come_To(value);
-        other.setFocus(Qt::TabFocusReason);
-        EXPECT_EQ(cell.Entry(), value);
-    }
-}
-
 TEST_F(Entry_Cell_Test, A_Text_That_Is_No_Number_Keeps_The_Focus) {
-    bool moved_on = false;
-    QObject::connect(&cell, &Entry_Cell::Next_Field, [&] { moved_on = true; });
+    std::string acted;
+    QObject::connect(&cell, &Entry_Cell::Next_Field, [&] { acted += "next "; });
+    QObject::connect(&other, &QPushButton::clicked, [&] { acted += "pressed"; });
     const std::vector<std::function<void()>> ways = {[] { Key(Qt::Key_Return); }, [] { Key(Qt::Key_Tab); },
-                                                     [this] { QTest::mouseClick(&other, Qt::LeftButton); }};
+                                                     [this] { QTest::mouseClick(&other, Qt::LeftButton); },
+                                                     [this] {
+                                                         QTest::mousePress(&other, Qt::LeftButton);
+                                                         QTest::qWait(1);
+                                                         QTest::mouseRelease(&other, Qt::LeftButton);
+                                                     }};
     for (const auto& leave : ways) {
         Come_To(777);
         Type("--5");
@@ -87,8 +83,10 @@ TEST_F(Entry_Cell_Test, A_Text_That_Is_No_Number_Keeps_The_Focus) {
         EXPECT_EQ(cell.Entry(), Value(777.0));
         EXPECT_EQ(refused, 1);
     }
-    EXPECT_FALSE(moved_on);
+    EXPECT_EQ(acted, "");
     EXPECT_EQ(left, 0);
+    QTest::mouseClick(&other, Qt::LeftButton);
+    EXPECT_EQ(acted, "pressed") << "once the entry holds";
 }
 
 TEST_F(Entry_Cell_Test, Every_Way_In_Is_Filtered) {
@@ -184,30 +182,15 @@ TEST_F(Entry_Cell_Test, No_Text_Comes_In_With_Ctrl_Alt_Or_Meta) {
     }
 }
 
-TEST_F(Entry_Cell_Test, A_Mnemonic_Passes_The_Cell) {
-    other.setText(QStringLiteral("閉じる(&C)"));
-    bool pressed = false;
-    QObject::connect(&other, &QPushButton::clicked, [&] { pressed = true; });
-    Come_To(5);
-    QTest::keyClick(window.windowHandle(), Qt::Key_C, Qt::AltModifier);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return pressed; }, 2000));
-    EXPECT_EQ(cell.Bare_Text(), "5");
-}
-
 TEST_F(Entry_Cell_Test, Esc_Takes_Back_What_Is_Typed_And_Then_Is_The_Forms) {
-    for (const Entry_Kind kind : {Entry_Kind::Text, Entry_Kind::Digits, Entry_Kind::Amount}) {
-        cell.Set_Kind(kind);
-        Come_To(1234);
-        for (const bool expected : {true, false}) {
-            QKeyEvent press(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
-            if (expected) {
-                Type("98");
-            }
-            static_cast<QObject&>(cell).event(&press);
-            EXPECT_EQ(press.isAccepted(), expected);
-            EXPECT_EQ(cell.text().toStdString(), "1234");
-            EXPECT_EQ(cell.selectedText().toStdString(), "1234");
-        }
+    Come_To(1234);
+    Type("98");
+    for (const bool expected : {true, false}) {
+        QKeyEvent press(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+        static_cast<QObject&>(cell).event(&press);
+        EXPECT_EQ(press.isAccepted(), expected);
+        EXPECT_EQ(cell.text().toStdString(), "1234");
+        EXPECT_EQ(cell.selectedText().toStdString(), "1234");
     }
 }
 
@@ -242,46 +225,13 @@ TEST_F(Entry_Cell_Test, A_Click_Selects_The_Next_One_Places_The_Cursor) {
     EXPECT_EQ(cell.selectedText().toStdString(), "437");
 }
 
-TEST_F(Entry_Cell_Test, A_Button_Is_Not_Pressed_Over_A_Refused_Entry) {
-    bool pressed = false;
-    QObject::connect(&other, &QPushButton::clicked, [&] { pressed = true; });
-    for (const bool quick : {true, false}) {
-        Come_To(777);
-        Type("--5");
-        QTest::mousePress(&other, Qt::LeftButton);
-        if (!quick) {
-            QTest::qWait(1);
-        }
-        QTest::mouseRelease(&other, Qt::LeftButton);
-        QTest::qWait(1);
-        EXPECT_FALSE(pressed) << quick;
-        EXPECT_TRUE(cell.hasFocus());
-        EXPECT_EQ(cell.Entry(), Value(777.0));
-    }
-    QTest::mouseClick(&other, Qt::LeftButton);
-    EXPECT_TRUE(pressed) << "once the entry holds";
-}
-
 TEST_F(Entry_Cell_Test, A_Locked_Amount_Keeps_Its_Commas) {
     cell.Set_Locked(true);
     cell.Set_Value(-1234567);
     cell.setFocus(Qt::TabFocusReason);
     EXPECT_EQ(cell.text().toStdString(), "-1,234,567");
-    cell.Set_Value(-1234567);
-    EXPECT_EQ(cell.text().toStdString(), "-1,234,567");
     EXPECT_EQ(cell.Entry(), Value(-1234567.0));
     EXPECT_FALSE(cell.Is_Uncommitted());
-}
-
-TEST_F(Entry_Cell_Test, What_Is_Composed_Belongs_To_The_Entry) {
-    cell.Set_Kind(Entry_Kind::Text);
-    cell.setMaxLength(3);
-    cell.setFocus(Qt::TabFocusReason);
-    QInputMethodEvent composing("けんせつ", {});
-    QApplication::sendEvent(&cell, &composing);
-    other.setFocus(Qt::MouseFocusReason);
-    EXPECT_EQ(cell.Bare_Text(), "けんせ") << "as far as it fits";
-    EXPECT_EQ(left, 1);
 }
 
 TEST_F(Entry_Cell_Test, A_Window_Over_The_Cells_Own_Does_Not_Leave_It) {
