@@ -111,29 +111,6 @@ class Score_Test : public Installation {
     Temporary_Folder beside;
 };
 
-TEST_F(Score_Test, Json_Of_A_Company) {
-    Import(Firm(1, one_line));
-    ordered_json root = Scored().Parsed();
-    ordered_json lines = std::exchange(root["companies"][0]["Kandaka_Gj"], nullptr);
-    // W: 10 × 20 × 175/200
-    EXPECT_EQ(
-        root.dump(),
-        R"({"format":"morvane-score","version":1,"companies":[{"管理No":1,"事業所名":"見本1","決算期":2,)"
-        R"("Simyu_Kubun":4,"scenario":"genjo","Y":{"X":[5.1,18.0,6.5,-8.5,-76.5,0.0,0.0,0.0],)"
-        R"("ritu":[1.7660635e-06,0.0,0.0,0.0,0.0,50.03647,40.0,2.9126213],"A":-3.24,"Y":41},)"
-        R"("X2":{"Jiko":0,"Jiko_Used":0,"Rieki":0,"Rieki_Used":0,"X2_1":361,"X2_2":547,"X2":454},)"
-        R"("W":{"W1":0,"W2":0,"W3":20,"W4":0,"W5":0,"W6":0,"W7":0,"W8":0,"W":175},"Kandaka_Gj":null}],)"
-        R"("errors":[]})");
-    ASSERT_EQ(lines.size(), 34U);
-    // X1 11 × 10,000 ÷ 2,000 + 473; Z 467.2 + 48.2; P 132 + 68.1 + 8.2 + 128.75 + 26.25
-    EXPECT_EQ(
-        lines[0].dump() + lines[33].dump(),
-        R"({"工種CD":0,"工種略":"土木一式","完工高平均":10000,"評点X1":528,"評点Z1":584,"元請完工高平均":null,)"
-        R"("評点Z2":241,"評点Z":515,"総合評点P":363})"
-        R"({"工種CD":33,"工種略":"その他","完工高平均":null,"評点X1":null,"評点Z1":null,"元請完工高平均":null,)"
-        R"("評点Z2":null,"評点Z":null,"総合評点P":null})");
-}
-
 TEST_F(Score_Test, Csv_And_Table) {
     json firm = Firm(1, one_line);
     firm["Jigyo_mas"]["事業所名"] = "見本,\"組\"";
@@ -207,17 +184,6 @@ TEST_F(Score_Test, Dates_That_Are_None) {
     }
 }
 
-TEST_F(Score_Test, Threads_Change_Nothing) {
-    for (int number = 1; number <= 9; ++number) {
-        Import(
-            Firm(number, {{std::to_string(number), {{"完工高基準", number * 1000}}}}, {{"111", number * 3}}));
-    }
-    const std::string one = Scored().out;
-    EXPECT_EQ(ordered_json::parse(one)["companies"][8]["管理No"], 9);
-    EXPECT_EQ(Scored([](Score_Options& options) { options.jobs = 4; }).out, one);
-    EXPECT_EQ(Scored([](Score_Options& options) { options.jobs = 0; }).out, one);
-}
-
 TEST_F(Score_Test, A_Company_Left_In_Hand_Is_Read_From_The_Working_Store) {
     Import_Firms(2);
     Copy_Store(Company_Store(session, 2), session.Work_Store, session.Db_Key);
@@ -287,20 +253,6 @@ TEST_F(Score_Test, Check_Finds_What_Is_Wrong) {
 
     Damage(folder.path / "morv_set.dat");
     EXPECT_PRED2(Has, Checked(6), "morv_set.dat：");
-}
-
-class Single_Test : public Score_Test {
-  protected:
-    Single_Test() : Score_Test("13", false) {}
-};
-
-TEST_F(Single_Test, The_Working_Store_Is_The_Company) {
-    EXPECT_EQ(Scored().Parsed()["companies"].size(), 0U);
-    Import(Firm(3, one_line));
-    EXPECT_EQ(Scored().Parsed()["companies"][0]["管理No"], 3);
-    EXPECT_EQ(Checked(0), "");
-    Cn_Open(session).Execute("UPDATE Ks_Zaihyo SET 金額=1 WHERE 決算期=2 And 建設科目CD=901;");
-    EXPECT_EQ(Checked(1), "Morvane.dat：第2期 バランス不合：差額 -1 円（0 と 1）\n");
 }
 
 } // namespace

@@ -59,25 +59,6 @@ TEST_F(Period_Test, A_New_Company_Has_One_Blank_Period) {
     }
 }
 
-TEST_F(Period_Test, The_Hokkaido_Chart) {
-    Install("01");
-    ASSERT_TRUE(New_Data_Set(session, Firm_Type::Corporation, 2));
-    EXPECT_EQ(session.Data_Ver, Data_Form_No::Hokkaido);
-    const auto chart = [this](const std::string& table, const fs::path& file, const std::string& where) {
-        const Connection cn(file, session.Db_Key, Connection::Mode::Read_Only);
-        return Rows_Of(cn, "SELECT 建設科目CD, 科目分類識別, 法人科目名, 集計識別, 貸借正負 FROM " + table +
-                               where + " ORDER BY 建設科目CD");
-    };
-    const std::string master = chart("Ks_Zaihyo_Hk_new", folder.path / "morv_org.dat", "");
-    EXPECT_NE(master, chart("Ks_Zaihyo_Zk_new", folder.path / "morv_org.dat", ""));
-    EXPECT_EQ(chart("Ks_Zaihyo", session.Work_Store, ""), master);
-    EXPECT_EQ(List("SELECT 並び順 FROM Ks_Zaihyo WHERE 建設科目CD=99"), "6");
-    Make_Company(1, 1, 2);
-    ASSERT_TRUE(Period_Copy(session, 3, 2, Copy_Mode::After));
-    EXPECT_EQ(chart("Ks_Zaihyo", session.Work_Store, " WHERE 決算期=3"), master);
-    EXPECT_EQ(session.Data_Ver, Data_Form_No::Hokkaido);
-}
-
 TEST_F(Period_Test, A_Template_That_Does_Not_Fit_Changes_Nothing) {
     Make_Company(1, 1, 5);
     session.Data_Ver = Data_Form_No::National_2008;

@@ -28,7 +28,7 @@ LIMITS = {1: (5.1, -0.3), 2: (18.0, 0.9), 3: (63.6, 6.5), 4: (5.1, -8.5), 5: (35
           7: (1500000, -1000000), 8: (10000000, -300000)}
 
 STAFF_SIZES = (0, 99999, 100000, 999999, 1000000, 3999999, 4000000, 14999999, 15000000)
-RESEARCH = (50000, 100000, 200000, 1900000, 2000000, 3000000, 5000000, 7500000, 10000000)
+RESEARCH = (50000, *range(100000, 2000001, 100000), 3000000, 5000000, 7500000, 10000000)
 
 # Around the day from which the weight of W fell, in Reiwa years.
 END_DATES = ((5, 8, 13), (5, 8, 14), (5, 8, 15), (5, 7, 31), (5, 8, 31), (5, 3, 31), (6, 3, 31),
@@ -373,7 +373,8 @@ class Firm:
         put_any({121: (0, 1, 1), 131: (0, 0, 1, 2), 141: (0, 1, 2, 3, 3)})
         put(142, self.pick(0, r.randrange(15)))
         put(143, self.pick(0, 1, 2, 3, 4, r.randrange(40)))
-        cost = self.near(r.choice(RESEARCH)) if self.chance(0.7) else r.randrange(0, 2200000)
+        # by turns, so that a few hundred firms reach every band
+        cost = RESEARCH[self.number % len(RESEARCH)] - self.pick(0, 1) if self.chance(0.8) else r.randrange(0, 2200000)
         d = self.pick(0, r.randrange(1, 1000))
         put(151, cost + d)
         put(152, max(0, cost - d + self.pick(0, 0, 1)))
@@ -382,7 +383,9 @@ class Firm:
             e[201] = 0
         if self.chance(0.2):
             # totals of an earlier calculation
-            e[202], e[203], e[140] = r.randrange(10**7), r.randrange(10**7), r.randrange(30)
+            e[202], e[203] = r.randrange(10**7), r.randrange(10**7)
+            for code in (100, 110, 120, 130, 140, 150, 200, *((213, 216) if law >= 2 else ()), *((233, 240, 241) if law >= 4 else ())):
+                put(code, r.randrange(30), 0.5)
         # Items of later law years must not count in an earlier one.
         if law >= 2 or self.chance(0.1):
             put_any({211: (0, 0, 1), 212: (0, 1, 7, 8, 9, 10, 11, 12, 13, 14, 15, 100), 214: (0, 1), 215: (0, 1)})

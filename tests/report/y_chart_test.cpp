@@ -11,20 +11,10 @@ namespace morvane::tests {
 namespace {
 
 TEST(Y_Chart_Test, A_Rate_Is_Plotted_In_Whole_Tenths) {
-    const struct {
-        float rate;
-        float share;
-    } rows[] = {{0.0F, 0.0F},
-                {0.09F, 0.0F},
-                {0.1F, 0.001F},
-                {33.96F, 0.339F},
-                {50.0F, 0.5F},
-                {64.3F, 0.643F},
-                {91.19F, 0.911F},
-                {99.99F, 0.999F},
-                {100.0F, 1.0F},
-                // As a single a little less than it says.
-                {64.2F, 0.641F}};
+    // 64.2 as a single is a little less than it says.
+    const std::pair<float, float> rows[] = {
+        {0.0F, 0.0F},    {0.09F, 0.0F},    {0.1F, 0.001F},   {33.96F, 0.339F}, {50.0F, 0.5F},
+        {64.3F, 0.643F}, {91.19F, 0.911F}, {99.99F, 0.999F}, {100.0F, 1.0F},   {64.2F, 0.641F}};
     for (const auto& [rate, share] : rows) {
         EXPECT_EQ(Plotted_Share(rate), share) << rate;
     }

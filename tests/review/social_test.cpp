@@ -3,13 +3,9 @@
 
 #include "law/elements.h"
 #include "law/run_time_error.h"
-#include "review/relief.h"
 #include "review/settle.h"
-#include "review/work_columns.h"
-#include "support/generated_firm.h"
 #include "support/installation_fixture.h"
 
-#include <random>
 #include <set>
 
 namespace morvane::tests {
@@ -192,76 +188,6 @@ TEST_F(Social_Store, Adds_The_Rows_Of_Knowledge_And_Forms_P_Anew) {
         EXPECT_EQ(List("SELECT 現状 FROM W_Yoso WHERE 要素CD In (200, 201, 202, 210) ORDER BY 要素CD"),
                   "175 3 - " + std::to_string(law));
     }
-}
-
-/// The scores of elements that are settled for every law year that has them.
-constexpr int settled_scores[] = {100, 110, 120, 130, 140, 150, 200, 202,
-                                  203, 213, 216, 224, 227, 233, 240, 241};
-
-/// A firm with scores left from elsewhere in every place that a screen of the law year computes.
-Review_Figures With_Stale_Scores(Review_Figures figures) {
-    std::vector<int> codes(std::begin(settled_scores), std::end(settled_scores));
-    codes.insert(codes.end(), {223, 226});
-    for (const int code : codes) {
-        if (code == 202 || code == 203 || Find_Element(code)->law.Has(Law_Of(figures.law_year))) {
-            figures.elements[static_cast<std::size_t>(code)] = {77, true, true, false};
-        }
-    }
-    for (std::size_t i = 0; i < work_line_count; ++i) {
-        for (const Work_Column& column : Work_Columns()) {
-            if (column.figure == Work_Figure::Average || column.figure == Work_Figure::Score) {
-                column.place(figures.works[i]) = i == combined_line ? Figure{} : Figure{777, true, false};
-            }
-        }
-    }
-    return figures;
-}
-
-Review_Figures Settled(Review_Figures figures) {
-    Settle(figures);
-    return figures;
-}
-
-TEST(Settle, Ends_In_Figures_That_Agree_Whatever_Scores_Were_Stored) {
-    std::mt19937 random(41);
-    for (int i = 0; i < 40; ++i) {
-        const int law = 1 + i % 4;
-        const Review_Figures firm = Generated_Firm(Law_Of(law), random);
-        const Review_Figures once = Settled(firm);
-        const Review_Figures again = Settled(once);
-        const Review_Figures stale = Settled(With_Stale_Scores(firm));
-        SCOPED_TRACE(testing::Message() << "firm " << i << " law year " << law);
-        EXPECT_EQ(again.elements, once.elements);
-        EXPECT_EQ(again.works, once.works);
-        EXPECT_EQ(stale.works, once.works);
-        for (const int code : settled_scores) {
-            const auto at = static_cast<std::size_t>(code);
-            EXPECT_EQ(stale.elements[at], once.elements[at]) << code;
-        }
-    }
-}
-
-// The columns are held against the firm with other averages by tests/reference.
-TEST(Gekihen, Ties_And_Overflow) {
-    for (const Gekihen_Column& column : gekihen_columns) {
-        EXPECT_EQ(column.kanko, std::to_string(column.years) + "年平均");
-        EXPECT_STREQ(column.jiko, column.basis == 2 ? "2期平均" : "基準決算");
-    }
-    Review_Figures firm = Of(4, {});
-    firm.statement.has_rows = true;
-    firm.statement.amount[319] = Yen(500'000'000);
-    const auto marks = [&firm](std::size_t line) {
-        const Gekihen_Line row = Calc_Gekihen(firm)[line];
-        return std::vector<bool>(row.best.begin(), row.best.end());
-    };
-    EXPECT_EQ(marks(0), std::vector({true, false, true, false})) << "equity fell short the year before";
-    firm.statement.amount[829] = Yen(500'000'000);
-    EXPECT_EQ(marks(0), std::vector({true, true, true, true}));
-    firm.works[0].Zzki = {90'000, true, false};
-    EXPECT_EQ(marks(0), std::vector({false, false, true, true}));
-    EXPECT_EQ(marks(9), std::vector({true, true, true, true}));
-    firm.works[0].Kijun = {57'266'232, true, false}; // whose half has no X1
-    EXPECT_THROW(static_cast<void>(Calc_Gekihen(firm)), Run_Time_Error);
 }
 
 } // namespace

@@ -69,20 +69,6 @@ TEST_F(Session_Test, A_Note_Has_A_Question_Or_An_Advice) {
     }
 }
 
-TEST_F(Session_Test, Lookups_Read_Missing_Rows_And_Null_As_Zero) {
-    Make_Company(1, 1, 5);
-    Put_Amounts({{101, 1234.0}});
-    Put_Elements({{111, 30.0}});
-    const Connection cn = Cn_Open(session);
-    Recordset accounts = cn.Open("SELECT * FROM Ks_Zaihyo WHERE 決算期=5 ORDER BY 建設科目CD;");
-    Recordset elements = cn.Open("SELECT * FROM W_Yoso WHERE 決算期=5 ORDER BY 要素CD;");
-    EXPECT_EQ(Kamoku_Get(Account::Total_Assets, accounts), 0.0);
-    EXPECT_EQ(Kamoku_Get(Account::Notes_Receivable, accounts), 1234.0);
-    EXPECT_EQ(Yoso_Get(111, elements), 30.0);
-    EXPECT_EQ(Yoso_Get(121, elements), 0.0);
-    EXPECT_EQ(Yoso_Get(9999, elements), 0.0);
-}
-
 // The form of a period by the marker in its row 99, which may be missing, and by whether it has an account
 // 552.
 TEST_F(Session_Test, Data_Forms_By_Edition) {
