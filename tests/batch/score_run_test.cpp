@@ -13,7 +13,6 @@
 #include <functional>
 #include <nlohmann/json.hpp>
 #include <sstream>
-#include <utility>
 
 namespace morvane::tests {
 namespace {
@@ -23,7 +22,7 @@ using nlohmann::json;
 using nlohmann::ordered_json;
 
 /// Two periods, the second in hand and closing on 31 March 2024; figures in the second.
-json Firm(int number, const json& works, const json& elements = {}, int law_year = 4) {
+json Firm(int number, const json& works) {
     json firm = {{"format", "morvane-case"},
                  {"version", 1},
                  {"Tiiki_CD", "13"},
@@ -35,11 +34,9 @@ json Firm(int number, const json& works, const json& elements = {}, int law_year
                    {"決算期終了年", 6},
                    {"決算期終了月", 3},
                    {"決算期終了日", 31}}}};
-    json insured = {{"101", 1}, {"102", 1}, {"103", 1}, {"121", 1}};
-    insured.update(elements.is_null() ? json::object() : elements);
-    firm["periods"] = {
-        {{"決算期", 1}, {"Simyu_Kubun", law_year}, {"W_Yoso", insured}},
-        {{"決算期", 2}, {"Simyu_Kubun", law_year}, {"W_Yoso", insured}, {"Kandaka_Gj", works}}};
+    const json insured = {{"101", 1}, {"102", 1}, {"103", 1}, {"121", 1}};
+    firm["periods"] = {{{"決算期", 1}, {"Simyu_Kubun", 4}, {"W_Yoso", insured}},
+                       {{"決算期", 2}, {"Simyu_Kubun", 4}, {"W_Yoso", insured}, {"Kandaka_Gj", works}}};
     return firm;
 }
 
@@ -48,8 +45,6 @@ const json one_line = {
 
 class Score_Test : public Installation {
   protected:
-    using Installation::Installation;
-
     void Import(const json& record) const {
         Write_Text_File(beside.path / "case.json", record.dump());
         Import_Case(session, beside.path / "case.json");
@@ -253,6 +248,14 @@ TEST_F(Score_Test, Check_Finds_What_Is_Wrong) {
 
     Damage(folder.path / "morv_set.dat");
     EXPECT_PRED2(Has, Checked(6), "morv_set.dat：");
+
+    // A firm of its own is the company of the working store.
+    Install("13", false);
+    EXPECT_EQ(Scored().Parsed()["companies"].size(), 0U);
+    Import(Firm(3, one_line));
+    EXPECT_EQ(Scored().Parsed()["companies"][0]["管理No"], 3);
+    Cn_Open(session).Execute("UPDATE Ks_Zaihyo SET 金額=1 WHERE 決算期=2 And 建設科目CD=901;");
+    EXPECT_EQ(Checked(1), "Morvane.dat：第2期 バランス不合：差額 -1 円（0 と 1）\n");
 }
 
 } // namespace

@@ -225,12 +225,6 @@ TEST_F(Fifth_Law_Year_Test, A_Period_Is_Turned_To_It_And_Back) {
     EXPECT_EQ(Elements(), elements);
 }
 
-TEST_F(Fifth_Law_Year_Test, A_Case_File_Names_A_Row_Of_The_Table) {
-    Take_Sample("aoba_kensetsu.json", 5);
-    EXPECT_THROW(Take_Sample("aoba_kensetsu.json", 6), Case_Error);
-    EXPECT_EQ(Law_Of_Period(session.Syori_Ki), 5);
-}
-
 } // namespace
 } // namespace morvane::tests
 
