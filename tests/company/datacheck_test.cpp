@@ -4,7 +4,6 @@
 #include "company/left_work.h"
 #include "company/register.h"
 #include "data/store_file.h"
-#include "session/install_info.h"
 #include "session/kidou_ini.h"
 #include "support/installation_fixture.h"
 
@@ -178,14 +177,10 @@ TEST_F(Check_Out_Test, No_Failing_Write_Harms_A_Check_In) {
     }
 }
 
-TEST_F(Check_Out_Test, No_Failing_Write_Harms_A_New_Company_Or_The_Settings) {
-    Install_Info info = Read_Install_Info(folder.path);
-    info.office_name = "新しい名前";
-    const auto state = [this] { return State(); };
+TEST_F(Check_Out_Test, No_Failing_Write_Harms_A_Blank_Company) {
+    const auto blank = [copy = session]() mutable { New_Data_Set(copy, Firm_Type::Individual, 11); };
     Expect_All_Or_Nothing(
-        folder.path, [&] { Write_Install_Info(folder.path, info); }, state, true);
-    const auto new_company = [copy = session]() mutable { New_Data_Set(copy, Firm_Type::Individual, 11); };
-    Expect_All_Or_Nothing(folder.path, new_company, state, true);
+        folder.path, blank, [this] { return State(); }, true);
 }
 
 // The name of a file is no proof of whose it is: exchanged, copied and foreign files are refused, and nothing
