@@ -50,6 +50,21 @@ TEST_F(Frm_Settei_Test, What_Is_Entered_Is_Saved) {
     EXPECT_EQ(session.Office_Name, "見本事務所") << "the next report bears it";
 }
 
+TEST_F(Frm_Settei_Test, A_Change_Of_Use_Asks_And_Ends_The_Program) {
+    bool ended = false;
+    form->end_program = [&ended] { ended = true; };
+    Type_Into(*form, "Office_Mode", "1");
+    session.Edit_Flg = true;
+    EXPECT_TRUE(Press("Cmd_Excute").starts_with("使い方変更エラー@"));
+    session.Edit_Flg = false;
+    EXPECT_TRUE(Press("Cmd_Excute").starts_with("使い方変更確認@")) << "No by default";
+    EXPECT_FALSE(ended);
+    messages.answers = {Answer::Yes};
+    EXPECT_EQ(Press("Cmd_Excute"), "使い方変更確認 使い方変更完了closed");
+    EXPECT_TRUE(ended);
+    EXPECT_EQ(Read_Install_Info(folder.path).kanri_flg, Office_Mode::Single);
+}
+
 TEST_F(Frm_Settei_Test, Edits_Are_Not_Dropped_Unasked) {
     Type_Into(*form, "User_Page", "https://example.jp");
     EXPECT_TRUE(Press("Cmd_Cancel").starts_with("編集破棄確認@")) << "No by default";
@@ -79,11 +94,12 @@ TEST_F(Frm_Settei_Test, A_Host_That_Drops_Packets_Need_Not_Be_Waited_For) {
     const std::string host = listener.Host();
     Type_Into(*form, "Net_Check_Host", host.c_str());
     Click(*form, "Cmd_Test");
-    auto* window = Child<QDialog>(*form, "Work_Window");
-    const auto* told = Child<QLabel>(*window, "Lbl_Work");
     const std::string asked = "接続確認先（" + host + "）に接続しています…";
-    EXPECT_TRUE(QTest::qWaitFor([&] { return told->text().toStdString() == asked; }));
-    Child<QPushButton>(*window, "Cmd_Cancel")->click();
+    ASSERT_TRUE(QTest::qWaitFor([&] {
+        const auto* told = form->findChild<QLabel*>(QStringLiteral("Lbl_Work"));
+        return told != nullptr && told->text().toStdString() == asked;
+    }));
+    Child<QPushButton>(*Child<QDialog>(*form, "Work_Window"), "Cmd_Cancel")->click();
     EXPECT_EQ(form->findChild<QDialog*>(QStringLiteral("Work_Window")), nullptr);
     QTest::qWait(100);
     EXPECT_TRUE(messages.shown.empty()) << "nothing comes of a test that was given up";

@@ -71,11 +71,15 @@ TEST_F(Statement_Screen, Captions_Are_Keyed_And_Pasted_Where_They_Are_Open) {
         Key(Qt::Key_Right, Qt::ControlModifier | Qt::ShiftModifier);
     }
     EXPECT_EQ(grid->Copied_Text().toStdString(), "電子記録債権\t700\n");
-    Enter("Kamk(11)", "x");
+    for (const char* keys : {"x", ""}) {
+        Enter("Kamk(11)", keys);
+    }
+    Enter("Gaku(11)", "0");
     EXPECT_EQ(Cell("Gaku(4)"), "700") << "the mark of deduction between them is no column of a paste";
     Press("Tojiru");
-    EXPECT_EQ(List("SELECT 建設科目名 FROM Ks_Zaihyo WHERE 建設科目CD In (105, 112) ORDER BY 建設科目CD"),
-              "電子記録債権 x");
+    EXPECT_EQ(
+        List("SELECT 建設科目名, 金額 FROM Ks_Zaihyo WHERE 建設科目CD In (105, 112) ORDER BY 建設科目CD"),
+        "電子記録債権=700 -=0");
 }
 
 TEST_F(Statement_Screen, Cancelling_Asks_And_Stores_Nothing_That_Was_Keyed) {

@@ -2,6 +2,7 @@
 #include "statements/statement_section.h"
 
 #include "statements/prior_figures.h"
+#include "support/failing_writes.h"
 #include "support/installation_fixture.h"
 #include "support/sums.h"
 
@@ -163,6 +164,22 @@ class Corporation_Test : public Section_Test {
   protected:
     void SetUp() override { Make_Company(1, 1, 10); }
 };
+
+// Amounts never stand beside totals that do not hold them, whichever write fails or kills the program.
+TEST_F(Corporation_Test, No_Failing_Write_Separates_Amounts_And_Totals) {
+    Put_Amounts({{100, 500}, {200, 100}});
+    Open(100).Close(true);
+    Expect_All_Or_Nothing(
+        folder.path,
+        [this] {
+            Statement_Section section = Open(100);
+            section.Set_Amount(0, 9000);
+            section.Close(true);
+        },
+        [this] {
+            return std::map<std::string, std::string>{{"", List("SELECT 金額, 改善後残高 FROM Ks_Zaihyo")}};
+        });
+}
 
 TEST_F(Section_Test, Y_Needs_A_Complete_And_Of_A_Corporation_A_Balanced_Statement) {
     /// A statement that is complete and balances, with one account changed.

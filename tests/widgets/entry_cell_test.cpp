@@ -230,6 +230,8 @@ TEST_F(Entry_Cell_Test, A_Locked_Amount_Keeps_Its_Commas) {
     cell.Set_Value(-1234567);
     cell.setFocus(Qt::TabFocusReason);
     EXPECT_EQ(cell.text().toStdString(), "-1,234,567");
+    cell.Set_Value(-1234567);
+    EXPECT_EQ(cell.text().toStdString(), "-1,234,567");
     EXPECT_EQ(cell.Entry(), Value(-1234567.0));
     EXPECT_FALSE(cell.Is_Uncommitted());
 }
