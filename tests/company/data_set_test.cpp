@@ -59,6 +59,19 @@ TEST_F(Period_Test, A_New_Company_Has_One_Blank_Period) {
     }
 }
 
+TEST_F(Period_Test, Hokkaido_Keeps_Its_Chart) {
+    Install("01");
+    Make_Company(1, 1, 2);
+    ASSERT_TRUE(Period_Copy(session, 3, 2, Copy_Mode::After));
+    const auto chart = [this](const char* period) {
+        return List(std::string("SELECT 建設科目CD, 科目分類識別, 法人科目名, 集計識別, 貸借正負 FROM "
+                                "Ks_Zaihyo WHERE 決算期=") +
+                    period + " ORDER BY 建設科目CD");
+    };
+    EXPECT_EQ(chart("3"), chart("2"));
+    EXPECT_EQ(session.Data_Ver, Data_Form_No::Hokkaido);
+}
+
 TEST_F(Period_Test, A_Template_That_Does_Not_Fit_Changes_Nothing) {
     Make_Company(1, 1, 5);
     session.Data_Ver = Data_Form_No::National_2008;
