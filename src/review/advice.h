@@ -11,8 +11,8 @@
 
 namespace morvane {
 
-/// The twelve indicators in their order, percent or months.
-using Twelve_Values = std::array<float, twelve_indicators.size()>;
+/// The twelve indicators in their order, percent or months; they are compared in single precision.
+using Twelve_Values = std::array<double, twelve_indicators.size()>;
 
 /// A sentence of advice, numbered, and the figure that it rests on.
 struct Advice {
@@ -29,7 +29,7 @@ struct Advice_Section {
 
 /// The advice to a firm under its four headings (収益性, 流動性, 安定性, 健全性). Each rests on one
 /// indicator: of the analysis it is given in the worse half of the indicator's range, of the twelve on the
-/// lower side of the standard.
+/// lower side of the standard, and never where the firm has nothing of what the indicator is divided by.
 [[nodiscard]] std::array<Advice_Section, 4> Advice_Of(const Y_Result& y, const Twelve_Values& twelve);
 
 /// What is said of one of the twelve indicators.

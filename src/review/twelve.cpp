@@ -93,15 +93,15 @@ void Store_Twelve(const Session& session) {
     transaction.Commit();
 }
 
-std::array<float, twelve_indicators.size()> Read_Twelve(const Session& session) {
+std::array<double, twelve_indicators.size()> Read_Twelve(const Session& session) {
     const Connection cn = Cn_Open(session);
-    std::array<float, twelve_indicators.size()> values{};
+    std::array<double, twelve_indicators.size()> values{};
     Statement rows =
         cn.Prepare("SELECT 要素CD, 現状 FROM XW_Yoso WHERE 決算期=? ORDER BY 要素CD", session.Syori_Ki);
     while (rows.Step()) {
         const std::int64_t place = rows.Integer_At(0) - first_twelve_element;
         if (place >= 0 && place < static_cast<std::int64_t>(values.size())) {
-            values[static_cast<std::size_t>(place)] = static_cast<float>(rows.Double_At(1));
+            values[static_cast<std::size_t>(place)] = rows.Double_At(1);
         }
     }
     return values;

@@ -31,8 +31,7 @@ struct Twelve_Result {
 /// Raises Store_Error, Run_Time_Error.
 void Store_Twelve(const Session& session);
 
-/// What the store holds of them for the period in hand, single precision; what is missing is 0. Raises
-/// Store_Error.
-[[nodiscard]] std::array<float, twelve_indicators.size()> Read_Twelve(const Session& session);
+/// What the store holds of them for the period in hand; what is missing is 0. Raises Store_Error.
+[[nodiscard]] std::array<double, twelve_indicators.size()> Read_Twelve(const Session& session);
 
 } // namespace morvane

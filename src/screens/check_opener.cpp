@@ -21,6 +21,7 @@ bool Check_Opener::May_Open() const {
     if (!Calc_Open_Flg()) {
         Tell(shell.session, "オープンエラー",
              "開いている計算チェックの画面を閉じてから別画面を開いてください。");
+        Bring_Forward();
     }
     return Calc_Open_Flg();
 }
@@ -56,11 +57,18 @@ void Check_Opener::Show_Side(const Check_Request& request, const Checked_Sides& 
           [this, request, sides, other] { Show_Side(request, sides, other); }});
 }
 
+// A window manager may have put a dialog over it: the box tells of a window that must be seen.
+void Check_Opener::Bring_Forward() const {
+    open->raise();
+    open->activateWindow();
+}
+
 bool Check_Opener::May_Close() const {
     if (Calc_Open_Flg()) {
         return true;
     }
     Tell(shell.session, "クローズエラー", "開いている計算チェックの画面を閉じてから画面を閉じてください。");
+    Bring_Forward();
     return false;
 }
 

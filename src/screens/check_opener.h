@@ -47,6 +47,7 @@ class Check_Opener {
 
   private:
     [[nodiscard]] bool May_Open() const;
+    void Bring_Forward() const;
     void Show(const Check_Request& request, Check_Sheet sheet, const Other_Side& other = {});
     void Show_Side(const Check_Request& request, const Checked_Sides& sides, std::size_t which);
 

@@ -2,6 +2,7 @@
 #include "screens/frm_advice.h"
 
 #include "review/twelve.h"
+#include "widgets/phrases.h"
 #include "widgets/section_box.h"
 #include "widgets/theme.h"
 
@@ -23,7 +24,7 @@ QString Text(const std::string& text) {
 }
 
 QLabel* Sentence(const std::string& text, const char* look = nullptr) {
-    auto* label = new QLabel(Text(text));
+    auto* label = new QLabel(With_Whole_Numbers(Text(text)));
     label->setWordWrap(true);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     if (look != nullptr) {

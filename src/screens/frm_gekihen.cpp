@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Morvane developers
 #include "screens/frm_gekihen.h"
 
+#include "law/law_year.h"
 #include "session/kyotu_mod.h"
 #include "widgets/entry_grid.h"
 #include "widgets/note_button.h"
@@ -121,6 +122,13 @@ QWidget* Frm_Gekihen::Make_Legend() const {
     auto* rest = new QLabel(QStringLiteral("太字は評点のある工種です。"));
     theme::Set_Look(rest, "muted");
     line->addWidget(rest);
+    if (!Law_Of(shell.session.Simyu_Kubun).has_w7_w8) {
+        auto* of_six =
+            new QLabel(QStringLiteral("Ｗは６項目で計算するため、完工高の画面のＰとは異なります。"));
+        of_six->setObjectName(QStringLiteral("Lbl_W"));
+        theme::Set_Look(of_six, "muted");
+        line->addWidget(of_six);
+    }
     line->addStretch(1);
     return legend;
 }

@@ -216,6 +216,9 @@ P_Change Kanko_Entry::Change_Of(std::size_t line) const {
 
 P_Gain Kanko_Entry::Gain() const {
     P_Changes lines;
+    if (Fault() || Fault_Before()) {
+        return P_Gain_Of(lines); // a side without scores is neither risen nor fallen nor new
+    }
     for (std::size_t i = 0; i < lines.size(); ++i) {
         lines[i] = Change_Of(i);
     }

@@ -65,11 +65,10 @@ Syokuta_Entry::Held_Side Syokuta_Entry::Viewed(const Session& session, const Scr
     Held_Side viewed;
     viewed.figures = view.figures;
     viewed.fault = view.fault;
-    if (!view.fault) {
-        viewed.screen.items.Load(view.figures);
-        viewed.screen.x2 = view.scores.x2;
-        viewed.shown = viewed.screen;
-    }
+    // What was keyed is shown though a score of it cannot be computed.
+    viewed.screen.items.Load(view.figures);
+    viewed.screen.x2 = view.scores.x2;
+    viewed.shown = viewed.screen;
     return viewed;
 }
 

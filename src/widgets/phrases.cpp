@@ -18,7 +18,8 @@ bool Phrase_Ends_Before(const QString& text, qsizetype at) {
     static const QString opening = QStringLiteral("（「『【(");
     const QChar before = text[at - 1];
     const QChar after = text[at];
-    if (closing.contains(after) || after.isSpace() || opening.contains(before)) {
+    const bool in_number = after.isDigit() && QStringLiteral("．，.,").contains(before);
+    if (closing.contains(after) || after.isSpace() || opening.contains(before) || in_number) {
         return false;
     }
     return ending.contains(before) || opening.contains(after) || (Is_Hiragana(before) && !Is_Hiragana(after));
@@ -64,16 +65,36 @@ QStringList Lines_By_Phrases(const QString& text, const QFontMetrics& metrics, i
     return lines;
 }
 
-QString With_Whole_Phrases(const QString& text) {
+namespace {
+
+template <class Joins>
+QString Joined(const QString& text, Joins joins) {
     constexpr QChar word_joiner(0x2060);
     QString whole = text.left(1);
     for (qsizetype at = 1; at < text.size(); ++at) {
-        if (!text[at].isSpace() && !Phrase_Ends_Before(text, at)) {
+        if (joins(at)) {
             whole += word_joiner;
         }
         whole += text[at];
     }
     return whole;
+}
+
+} // namespace
+
+QString With_Whole_Phrases(const QString& text) {
+    return Joined(text,
+                  [&text](qsizetype at) { return !text[at].isSpace() && !Phrase_Ends_Before(text, at); });
+}
+
+QString With_Whole_Numbers(const QString& text) {
+    return Joined(text, [&text](qsizetype at) {
+        const bool points =
+            QStringLiteral("．，").contains(text[at]) || QStringLiteral("．，").contains(text[at - 1]);
+        const bool unit = QStringLiteral("％ヶ").contains(text[at]);
+        return (text[at - 1].isDigit() && (text[at].isDigit() || points || unit)) ||
+               (text[at].isDigit() && points);
+    });
 }
 
 } // namespace morvane

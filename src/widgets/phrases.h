@@ -15,4 +15,7 @@ QStringList Lines_By_Phrases(const QString& text, const QFontMetrics& metrics, i
 /// The text with its phrases made unbreakable, for a label that breaks lines by itself.
 QString With_Whole_Phrases(const QString& text);
 
+/// The text with its full-width numbers and their units made unbreakable.
+QString With_Whole_Numbers(const QString& text);
+
 } // namespace morvane

@@ -114,7 +114,7 @@ void Total_Panel::Put_Entry(const std::string& name, std::size_t column, QWidget
     figure->setVisible(false);
     entry->setMinimumWidth(figure->minimumWidth());
     entry->setAccessibleName(figure->accessibleName());
-    grid->replaceWidget(figure, entry);
+    delete grid->replaceWidget(figure, entry);
 }
 
 void Total_Panel::Set_Text(const std::string& name, const QString& text) {

@@ -32,11 +32,11 @@ TEST_F(Twelve, Stored_As_Computed_Whatever_Stood_There) {
     const std::string others = List("SELECT 決算期, 要素CD, 現状 FROM XW_Yoso WHERE 決算期<>10 OR 要素CD>32");
     Store_Twelve(session);
     const auto values = Read_Twelve(session);
-    EXPECT_FLOAT_EQ(values[0], -3.428F); // −1,234 ／ 36,000: half up is towards the greater one
-    EXPECT_FLOAT_EQ(values[5], 2.0F);
-    EXPECT_FLOAT_EQ(values[8], 0.139F);
-    EXPECT_FLOAT_EQ(values[9], 28.571F);
-    EXPECT_EQ(values[6], 0.0F) << "without capital";
+    EXPECT_EQ(values[0], -3.428); // −1,234 ／ 36,000: half up is towards the greater one
+    EXPECT_EQ(values[5], 2.0);
+    EXPECT_EQ(values[8], 0.139);
+    EXPECT_EQ(values[9], 28.571);
+    EXPECT_EQ(values[6], 0.0) << "without capital";
     EXPECT_EQ(Field("XW_Yoso", "改善後", "決算期=10 AND 要素CD=21").As_Double(), 5.0);
     EXPECT_EQ(Field("XW_Yoso", "要素名", "決算期=10 AND 要素CD=26").As_Text(), "受取勘定月商倍率");
     EXPECT_EQ(List("SELECT 決算期, 要素CD, 現状 FROM XW_Yoso WHERE 決算期<>10 OR 要素CD>32"), others);
