@@ -88,12 +88,10 @@ QString With_Whole_Phrases(const QString& text) {
 }
 
 QString With_Whole_Numbers(const QString& text) {
+    static const QString digits = QStringLiteral("０１２３４５６７８９．，");
+    static const QString units = QStringLiteral("％ヶ");
     return Joined(text, [&text](qsizetype at) {
-        const bool points =
-            QStringLiteral("．，").contains(text[at]) || QStringLiteral("．，").contains(text[at - 1]);
-        const bool unit = QStringLiteral("％ヶ").contains(text[at]);
-        return (text[at - 1].isDigit() && (text[at].isDigit() || points || unit)) ||
-               (text[at].isDigit() && points);
+        return digits.contains(text[at - 1]) && (digits.contains(text[at]) || units.contains(text[at]));
     });
 }
 
