@@ -190,7 +190,7 @@ TEST_F(Case_Test, What_A_Case_Leaves_Out_Is_Null) {
                 << column;
         }
     }
-    const std::pair<const char*, const char*> stored[] = {
+    Expect_Rows({
         {"要素CD FROM W_Yoso WHERE 決算期=2 And 現状 Is Not Null", "210"},
         {"count(質問) FROM QandA WHERE 決算期=2", "0"},
         {"金額 FROM Ks_Zaihyo WHERE 決算期=2 And 建設科目CD=100", "-"},
@@ -203,10 +203,7 @@ TEST_F(Case_Test, What_A_Case_Leaves_Out_Is_Null) {
         {"金額 FROM Ks_Zaihyo WHERE 決算期=1 And 建設科目CD In (132, 135, 138, 142, 146, 149)",
          "380 - 70 - -9 441"},
         {"改善後残高 FROM Ks_Zaihyo WHERE 決算期=1 And 建設科目CD=229", "370000"},
-    };
-    for (const auto& [query, row] : stored) {
-        EXPECT_EQ(List("SELECT " + std::string(query)), row) << query;
-    }
+    });
 }
 
 // ---- refusals

@@ -114,8 +114,7 @@ TEST_F(Score_Test, Csv_And_Table) {
     EXPECT_EQ(std::count(csv.begin(), csv.end(), '\n'), 35);
     const std::string first_lines =
         "管理No,事業所名,決算期,Simyu_Kubun,scenario,工種CD,工種略,完工高平均,評点X1,評点Z1,元請完工高平均,"
-        "評点Z2,"
-        "評点Z,総合評点P,Y,X2,W\n"
+        "評点Z2,評点Z,総合評点P,Y,X2,W\n"
         "1,\"見本,\"\"組\"\"\",2,4,genjo,0,土木一式,10000,528,584,,241,515,363,41,454,175\n"
         "1,\"見本,\"\"組\"\"\",2,4,genjo,1,ＰＣ,,,,,,,,41,454,175\n";
     EXPECT_EQ(csv.substr(0, first_lines.size()), first_lines);

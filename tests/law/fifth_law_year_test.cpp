@@ -32,16 +32,9 @@ namespace {
 
 using nlohmann::json;
 
-const Law_Year& Fourth() {
-    return Law_Of(4);
-}
-const Law_Year& Fifth() {
-    return Law_Of(5);
-}
-
 /// A text of the fifth law year with number and name of the fourth.
 std::string As_Fourth(std::string text) {
-    const std::pair<std::string, std::string> names[] = {{Fifth().name, Fourth().name},
+    const std::pair<std::string, std::string> names[] = {{Law_Of(5).name, Law_Of(4).name},
                                                          {R"("Simyu_Kubun":5)", R"("Simyu_Kubun":4)"}};
     for (const auto& [from, to] : names) {
         for (auto at = text.find(from); at != std::string::npos; at = text.find(from, at)) {
@@ -107,9 +100,9 @@ TEST(Fifth_Law_Year, Scores_Generated_Firms_And_Explains_Them_As_The_Fourth) {
     std::mt19937 random(5);
     for (int firm = 0; firm < 100 && !::testing::Test::HasFailure(); ++firm) {
         SCOPED_TRACE(firm);
-        Review_Figures fourth = Generated_Firm(Fourth(), random);
+        Review_Figures fourth = Generated_Firm(Law_Of(4), random);
         Review_Figures fifth = fourth;
-        fifth.law_year = Fifth().code;
+        fifth.law_year = Law_Of(5).code;
         for (Review_Figures* figures : {&fourth, &fifth}) {
             Settle(*figures);
         }
@@ -122,10 +115,10 @@ TEST(Fifth_Law_Year, Scores_Generated_Firms_And_Explains_Them_As_The_Fourth) {
 
 TEST(Fifth_Law_Year, Bounds_Entries_As_The_Fourth) {
     for (int code = 0; code < 256; ++code) {
-        EXPECT_EQ(Limit_Of_Element(code, Fifth()).In_Words(), Limit_Of_Element(code, Fourth()).In_Words())
+        EXPECT_EQ(Limit_Of_Element(code, Law_Of(5)).In_Words(), Limit_Of_Element(code, Law_Of(4)).In_Words())
             << code;
     }
-    EXPECT_EQ(Limit_Of_Element(element::law_year, Fourth()).In_Words(), "1、2、3、4、5 のどれか");
+    EXPECT_EQ(Limit_Of_Element(element::law_year, Law_Of(4)).In_Words(), "1、2、3、4、5 のどれか");
 }
 
 class Fifth_Law_Year_Test : public Ui_Installation {

@@ -5,18 +5,13 @@
 
 #include <iterator>
 #include <stdexcept>
-#include <string>
+#include <tuple>
 
 namespace morvane {
 namespace {
 
-struct Shown_Table {
-    int number, law;
-    const Ten_Table* table;
-    std::size_t row_count;
-};
-
-const Shown_Table shown_tables[] = {
+/// Number, law year, table, rows.
+const std::tuple<int, int, const Ten_Table*, std::size_t> shown_tables[] = {
     {1, 1, &Ten_X1_A, 41}, {1, 2, &Ten_X1_B, 41}, {2, 3, &Ten_X2_1, 46}, {3, 1, &Ten_X2_2, 36},
     {4, 1, &Ten_Z2_A, 41}, {4, 4, &Ten_Z2_B, 41}, {5, 1, &Ten_Z1, 29},
 };
@@ -50,10 +45,7 @@ TEST(Ten_Tables, Rows_Leave_No_Gap_And_Meet) {
 
 // Six formulas are printed with other figures than those that score.
 TEST(Tbl_Lists, Formulas_Printed_Otherwise) {
-    const struct {
-        int number, law, row;
-        const char* formula;
-    } cases[] = {
+    const std::tuple<int, int, std::size_t, const char*> cases[] = {
         {1, 1, 32, "　27×（年間平均完成工事高）÷20,000＋669"},
         {1, 1, 41, "　129×（年間平均完成工事高）÷1,000＋390"},
         {1, 2, 5, "　89×（年間平均完成工事高）÷10,000,000＋1,651"},
@@ -61,9 +53,8 @@ TEST(Tbl_Lists, Formulas_Printed_Otherwise) {
         {4, 1, 41, "　296×（年間平均元請完成工事高）÷1,000＋210"},
         {4, 4, 41, "　341×（年間平均元請完成工事高）÷1,000＋241"},
     };
-    for (const auto& c : cases) {
-        EXPECT_EQ(Set_Tbl_Lists(c.number, Law_Of(c.law)).formulas.at(static_cast<std::size_t>(c.row)),
-                  c.formula);
+    for (const auto& [number, law, row, formula] : cases) {
+        EXPECT_EQ(Set_Tbl_Lists(number, Law_Of(law)).formulas.at(row), formula);
     }
     std::size_t otherwise = 0;
     for (const auto& [number, law, table, row_count] : shown_tables) {
@@ -77,24 +68,21 @@ TEST(Tbl_Lists, Formulas_Printed_Otherwise) {
 }
 
 TEST(Tbl_Lists, Texts) {
-    const struct {
-        int number;
-        const char *constant, *first_formula, *first_limit;
-        std::size_t index;
-        const char* limit;
-    } cases[] = {
+    // Number, constant, first formula, first limit, and a limit further on with its place
+    using Text = const char*;
+    const std::tuple<int, Text, Text, Text, std::size_t, Text> cases[] = {
         {1, "2,268", "　112×（年間平均完成工事高）÷20,000,000＋1,708", "1,000億円", 26, "2億5,000万円"},
         {2, "2,114", "　63×（自己資本額）÷50,000,000＋1,736", "3,000億円", 45, "1,000万円"},
         {3, "2,447", "　134×（平均利益額）÷5,000,000＋1,643", "300億円", 22, "2億円"},
         {4, "2,268", "　103×（年間平均元請完成工事高）÷20,000,000＋1,976", "1,000億円", 31, "8,000万円"},
         {5, "2,335", "　62×（技術職員数値）÷ 3,570 ＋ 2,065", "15,500", 28, "5"},
     };
-    for (const auto& c : cases) {
-        const Tbl_Lists lists = Set_Tbl_Lists(c.number, Law_Of(1));
-        EXPECT_EQ(lists.formulas.at(0), c.constant);
-        EXPECT_EQ(lists.formulas.at(1), c.first_formula);
-        EXPECT_EQ(lists.limits.at(0), c.first_limit);
-        EXPECT_EQ(lists.limits.at(c.index), c.limit);
+    for (const auto& [number, constant, first_formula, first_limit, index, limit] : cases) {
+        const Tbl_Lists lists = Set_Tbl_Lists(number, Law_Of(1));
+        EXPECT_EQ(lists.formulas.at(0), constant);
+        EXPECT_EQ(lists.formulas.at(1), first_formula);
+        EXPECT_EQ(lists.limits.at(0), first_limit);
+        EXPECT_EQ(lists.limits.at(index), limit);
     }
     EXPECT_THROW(static_cast<void>(Set_Tbl_Lists(0, Law_Of(1))), std::out_of_range);
     EXPECT_THROW(static_cast<void>(Set_Tbl_Lists(6, Law_Of(1))), std::out_of_range);

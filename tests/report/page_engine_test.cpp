@@ -14,13 +14,8 @@ namespace {
 // ---- lines
 
 TEST(Line_Break_Test, Where_Lines_End) {
-    struct Row {
-        const char* rule;
-        const char* text;
-        float width; ///< full-width characters are 2
-        std::vector<std::string> lines;
-    };
-    const Row rows[] = {
+    // Full-width characters have the width 2.
+    const std::tuple<const char*, const char*, float, std::vector<std::string>> rows[] = {
         {"between any two", "経営事項審査", 8, {"経営事項", "審査"}},
         {"a comma begins no line", "経営事項、審査", 8, {"経営事", "項、審査"}},
         {"nor does a full stop behind a bracket", "（経営事）。審査", 10, {"（経営", "事）。審査"}},
@@ -51,8 +46,8 @@ TEST(Line_Break_Test, Where_Lines_End) {
         }
         return width;
     };
-    for (const Row& row : rows) {
-        EXPECT_EQ(Break_Lines(row.text, row.width, measure), row.lines) << row.rule;
+    for (const auto& [rule, text, width, lines] : rows) {
+        EXPECT_EQ(Break_Lines(text, width, measure), lines) << rule;
     }
 }
 
@@ -76,14 +71,8 @@ struct Engine {
 };
 
 TEST(Cell_Table_Test, A_Column_Has_One_Size) {
-    struct Row {
-        const char* what;
-        Type type;
-        float width;
-        std::vector<std::string> texts, printed;
-        double size;
-    };
-    const Row rows[] = {
+    using Texts = std::vector<std::string>;
+    const std::tuple<const char*, Type, float, Texts, Texts, double> rows[] = {
         {"all fit", amount_type, 14, {"1,234", "1,072,337"}, {"1,234", "1,072,337"}, 7},
         {"the longest decides", amount_type, 11.5F, {"1,234", "1,072,337"}, {"1,234", "1,072,337"}, 6.09},
         {"commas go", amount_type, 10.4F, {"1,234", "1,072,337"}, {"1,234", "1072337"}, 6},
@@ -92,21 +81,21 @@ TEST(Cell_Table_Test, A_Column_Has_One_Size) {
         {"a text goes on below", wrap_type, 10, {"電気", "電気通信工事"}, {"電気", "電気通", "信工事"}, 7},
         {"a short one is made smaller", wrap_type, 11, {"電気", "電気通信"}, {"電気", "電気通信"}, 6.8},
     };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.what);
+    for (const auto& [what, type, width, given, printed, size] : rows) {
+        SCOPED_TRACE(what);
         Engine engine;
         std::vector<Table_Row> cells;
-        for (const std::string& text : row.texts) {
+        for (const std::string& text : given) {
             cells.push_back({{{text}}});
         }
-        const Cell_Table table(engine.page, row.width, {{0, row.type}}, cells, 3.7F);
+        const Cell_Table table(engine.page, width, {{0, type}}, cells, 3.7F);
         const auto texts = engine.Draw(table);
-        ASSERT_EQ(texts.size(), row.printed.size());
+        ASSERT_EQ(texts.size(), printed.size());
         for (std::size_t i = 0; i < texts.size(); ++i) {
-            EXPECT_EQ(texts[i].text, row.printed[i]);
-            EXPECT_NEAR(texts[i].size, row.size, 0.06);
+            EXPECT_EQ(texts[i].text, printed[i]);
+            EXPECT_NEAR(texts[i].size, size, 0.06);
             EXPECT_GE(texts[i].left, 12) << texts[i].text;
-            EXPECT_LE(texts[i].right, 12 + static_cast<double>(row.width)) << texts[i].text;
+            EXPECT_LE(texts[i].right, 12 + static_cast<double>(width)) << texts[i].text;
         }
         EXPECT_EQ(Astray(texts), "");
     }

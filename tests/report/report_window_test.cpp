@@ -224,22 +224,17 @@ constexpr const char* printer_error =
 TEST_F(Report_Window_Test, A_Printer_That_Fails_Leaves_The_Preview) {
     fs::create_directory(folder.path / "pdf");
     const fs::path file = folder.path / "pdf" / "printed.pdf";
-    const struct {
-        const char* what;
-        void (QPrinter::*choose)(const QString&);
-        std::string name;
-        bool fails = true;
-    } rows[] = {
-        {"no printer at all", &QPrinter::setPrinterName, ""},
-        {"a queue that is not there", &QPrinter::setPrinterName, "nai"},
-        {"a file that cannot be written", &QPrinter::setOutputFileName, "/nai/printed.pdf"},
-        {"a file", &QPrinter::setOutputFileName, file, false},
+    const std::tuple<void (QPrinter::*)(const QString&), std::string, const char*> rows[] = {
+        {&QPrinter::setPrinterName, "", printer_error},
+        {&QPrinter::setPrinterName, "nai", printer_error},
+        {&QPrinter::setOutputFileName, "/nai/printed.pdf", printer_error},
+        {&QPrinter::setOutputFileName, file, ""},
     };
     Click(*window, "SyukuSyo");
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.what);
-        (window->Printer().*row.choose)(QString::fromStdString(row.name));
-        EXPECT_EQ(Said_By("Prt_Exe"), row.fails ? printer_error : "");
+    for (const auto& [choose, name, said] : rows) {
+        SCOPED_TRACE(name);
+        (window->Printer().*choose)(QString::fromStdString(name));
+        EXPECT_EQ(Said_By("Prt_Exe"), said);
         EXPECT_EQ(window->Prt().Prt_Scale, 0.75F);
         EXPECT_FALSE(window->Prt().Prt_Doing);
         EXPECT_TRUE(window->isVisible());

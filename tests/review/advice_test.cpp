@@ -50,43 +50,39 @@ TEST(Advice_Test, Each_Follows_Its_Own_Figure) {
         firm.Lower(number);
         EXPECT_EQ(firm.Told(), "") << "nothing rests on " << number;
     }
-    struct Row {
-        char of; ///< x of the analysis, t of the twelve
-        std::size_t number;
-        const char* heading;
-        const char* figure;
-    };
-    const Row rows[] = {{'t', 1, "収益性", "売上高営業利益率　1.870％、標準値 1.870％"},
-                        {'x', 3, "収益性", "総資本売上総利益率（Ｘ３）　1.500％、達成率 49.9％"},
-                        {'x', 4, "収益性", "売上高経常利益率（Ｘ４）　1.500％、達成率 49.9％"},
-                        {'t', 2, "収益性", "総資本経常利益率　3.076％、標準値 3.076％"},
-                        {'t', 12, "収益性", "付加価値対固定資産比率　173.904％、標準値 173.904％"},
-                        {'t', 4, "流動性", "必要運転資金月商倍率　0.412ヶ月、標準値 0.412ヶ月"},
-                        {'t', 5, "流動性", "立替工事高比率　15.177％、標準値 15.177％"},
-                        {'t', 6, "流動性", "受取勘定月商倍率　1.805ヶ月、標準値 1.805ヶ月"},
-                        {'t', 3, "流動性", "キャッシュフロー対売上高比率　1.259％、標準値 1.259％"},
-                        {'x', 1, "安定性", "純支払利息比率（Ｘ１）　1.500％、達成率 49.9％"},
-                        {'x', 2, "安定性", "負債回転期間（Ｘ２）　1.500ヶ月、達成率 49.9％"},
-                        {'x', 5, "安定性", "自己資本対固定資産比率（Ｘ５）　1.500％、達成率 49.9％"},
-                        {'t', 11, "安定性", "長期固定適合比率　144.391％、標準値 144.391％"},
-                        {'t', 7, "健全性", "自己資本比率　21.445％、標準値 21.445％"},
-                        {'x', 6, "健全性", "自己資本比率（Ｘ６）　1.500％、達成率 49.9％"},
-                        {'x', 8, "健全性", "利益剰余金（Ｘ８）　1.500億円、達成率 49.9％"},
-                        {'x', 7, "健全性", "営業キャッシュフロー（Ｘ７）　1.500億円、達成率 49.9％"}};
+    // x of the analysis or t of the twelve, number, heading, figure
+    const std::tuple<char, std::size_t, const char*, const char*> rows[] = {
+        {'t', 1, "収益性", "売上高営業利益率　1.870％、標準値 1.870％"},
+        {'x', 3, "収益性", "総資本売上総利益率（Ｘ３）　1.500％、達成率 49.9％"},
+        {'x', 4, "収益性", "売上高経常利益率（Ｘ４）　1.500％、達成率 49.9％"},
+        {'t', 2, "収益性", "総資本経常利益率　3.076％、標準値 3.076％"},
+        {'t', 12, "収益性", "付加価値対固定資産比率　173.904％、標準値 173.904％"},
+        {'t', 4, "流動性", "必要運転資金月商倍率　0.412ヶ月、標準値 0.412ヶ月"},
+        {'t', 5, "流動性", "立替工事高比率　15.177％、標準値 15.177％"},
+        {'t', 6, "流動性", "受取勘定月商倍率　1.805ヶ月、標準値 1.805ヶ月"},
+        {'t', 3, "流動性", "キャッシュフロー対売上高比率　1.259％、標準値 1.259％"},
+        {'x', 1, "安定性", "純支払利息比率（Ｘ１）　1.500％、達成率 49.9％"},
+        {'x', 2, "安定性", "負債回転期間（Ｘ２）　1.500ヶ月、達成率 49.9％"},
+        {'x', 5, "安定性", "自己資本対固定資産比率（Ｘ５）　1.500％、達成率 49.9％"},
+        {'t', 11, "安定性", "長期固定適合比率　144.391％、標準値 144.391％"},
+        {'t', 7, "健全性", "自己資本比率　21.445％、標準値 21.445％"},
+        {'x', 6, "健全性", "自己資本比率（Ｘ６）　1.500％、達成率 49.9％"},
+        {'x', 8, "健全性", "利益剰余金（Ｘ８）　1.500億円、達成率 49.9％"},
+        {'x', 7, "健全性", "営業キャッシュフロー（Ｘ７）　1.500億円、達成率 49.9％"}};
     Firm worst;
-    for (const Row& row : rows) {
+    for (const auto& [of, number, heading, figure] : rows) {
         Firm firm;
         for (Firm* lowered : {&firm, &worst}) {
-            if (row.of == 'x') {
-                lowered->y.rates[row.number - 1] = 49.9F;
-                lowered->y.indicators[row.number - 1] = 1.5F;
+            if (of == 'x') {
+                lowered->y.rates[number - 1] = 49.9F;
+                lowered->y.indicators[number - 1] = 1.5F;
             } else {
-                lowered->Lower(row.number);
+                lowered->Lower(number);
             }
         }
         const std::string told = firm.Told();
-        EXPECT_TRUE(told.starts_with(std::string(row.heading) + " ①")) << row.figure << ": " << told;
-        EXPECT_TRUE(told.ends_with(std::string(" | ") + row.figure + "\n")) << told;
+        EXPECT_TRUE(told.starts_with(std::string(heading) + " ①")) << figure << ": " << told;
+        EXPECT_TRUE(told.ends_with(std::string(" | ") + figure + "\n")) << told;
     }
     // Without what an indicator is a share of there is nothing to advise; a loss has words of its own.
     Firm bare = worst;
@@ -107,28 +103,24 @@ TEST(Advice_Test, Each_Follows_Its_Own_Figure) {
         ASSERT_TRUE(section.advice.size() >= 3 && section.advice.size() <= 5);
         for (std::size_t i = 0; i < section.advice.size(); ++i, ++row) {
             EXPECT_TRUE(section.advice[i].text.starts_with(std::array{"①", "②", "③", "④", "⑤"}.at(i)));
-            EXPECT_EQ(section.advice[i].figure, rows[row].figure);
+            EXPECT_EQ(section.advice[i].figure, std::get<3>(rows[row]));
         }
     }
     EXPECT_EQ(row, std::size(rows));
 }
 
 TEST(Advice_Test, Comments_Tell_The_Side_Of_The_Standard) {
-    const std::string upper = "上位にあります。";
-    const std::string lower = "下位にあります。";
     const Firm on_standard;
     const auto on = Twelve_Comments(on_standard.twelve);
     for (std::size_t i = 0; i < on.size(); ++i) {
-        EXPECT_TRUE(on[i].text.ends_with(upper)) << on[i].label;
+        EXPECT_TRUE(on[i].text.ends_with("上位にあります。")) << on[i].label;
         Firm firm;
         firm.Lower(i + 1);
-        EXPECT_TRUE(Twelve_Comments(firm.twelve)[i].text.ends_with(lower)) << on[i].label;
+        EXPECT_TRUE(Twelve_Comments(firm.twelve)[i].text.ends_with("下位にあります。")) << on[i].label;
         // The standard that the sentence names is the one that is compared with.
         std::string wide;
         for (const char c : on[i].figure) {
-            wide += c == '.' ? "．"
-                             : std::array{"０", "１", "２", "３", "４", "５", "６", "７", "８", "９"}.at(
-                                   static_cast<std::size_t>(c - '0'));
+            wide += std::string("\xEF\xBC") + static_cast<char>(c + 0x60); // its full-width sister
         }
         EXPECT_NE(on[i].text.find("標準値" + wide), std::string::npos) << on[i].text;
     }

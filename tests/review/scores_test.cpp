@@ -9,7 +9,6 @@
 #include <algorithm>
 #include <array>
 #include <functional>
-#include <limits>
 #include <utility>
 #include <vector>
 
@@ -18,8 +17,6 @@
 
 namespace morvane {
 namespace {
-
-constexpr std::int32_t int32_max = std::numeric_limits<std::int32_t>::max();
 
 TEST(Scores, W5_Accountants_At_Every_Limit) {
     const std::pair<std::array<std::int32_t, 2>, std::vector<int>> bands[] = {
@@ -55,10 +52,7 @@ Averages Average(std::int32_t years, std::int32_t a, std::int32_t b, std::int32_
 }
 
 TEST(Scores, Figures_That_Are_No_Choice) {
-    const struct {
-        const char* name;
-        std::int32_t score, expected;
-    } cases[] = {
+    const std::tuple<const char*, std::int32_t, int> cases[] = {
         {"W2 of a negative count", Calc_W2_Ten(Head_Count(-1)).Count(), 60},
         {"W3", Calc_W3_Ten(2).Count(), 0},
         {"W3 below", Calc_W3_Ten(-1).Count(), 0},
@@ -79,8 +73,8 @@ TEST(Scores, Figures_That_Are_No_Choice) {
         {"the period before counts alone", Average(2, 9, 3, 4).previous.Count(), 3},
         {"W without a date", Calc_W_2011({Points(8)}, {}).Count(), 76},
     };
-    for (const auto& c : cases) {
-        EXPECT_EQ(c.score, c.expected) << c.name;
+    for (const auto& [name, score, expected] : cases) {
+        EXPECT_EQ(score, expected) << name;
     }
 }
 
@@ -89,37 +83,33 @@ TEST(Scores, What_Leaves_Its_Width_Is_Told) {
     const auto adopted = [](std::int32_t a, std::int32_t b, std::int32_t c) {
         return Average(3, a, b, c).adopted.Count();
     };
-    const struct {
-        const char* name;
-        Run_Time_Error::Kind kind;
-        std::function<std::int32_t()> score;
-    } cases[] = {
-        {"Z1", Overflow, [] { return Calc_Z1_Ten({Head_Count(int32_max)}).points.Count(); }},
+    const auto w_2008 = [](std::int16_t a, std::int16_t b, std::int16_t c) {
+        return Calc_W_2008({Points(a), Points(b), Points(c)}).Count();
+    };
+    const std::tuple<const char*, Run_Time_Error::Kind, std::function<std::int32_t()>> cases[] = {
+        {"Z1", Overflow, [] { return Calc_Z1_Ten({Head_Count(INT32_MAX)}).points.Count(); }},
         {"W1", Overflow, [] { return Calc_W1_Ten_40(Head_Count(0), Head_Count(820)).Count(); }},
-        {"W6", Overflow, [] { return Calc_W6_Ten(3, Thousand_Yen(int32_max), Thousand_Yen(1)).Count(); }},
+        {"W6", Overflow, [] { return Calc_W6_Ten(3, Thousand_Yen(INT32_MAX), Thousand_Yen(1)).Count(); }},
         {"W10, units", Division_By_Zero, [] { return W10(1, 5, 0, -5, 0); }},
         {"W10, levels", Division_By_Zero, [] { return W10(0, 5, 1, -5, 0); }},
         {"young engineers", Division_By_Zero,
          [] { return static_cast<std::int32_t>(Young_Rate(Head_Count(1), Head_Count(0))); }},
-        {"ten times W", Overflow, [] { return Calc_W_2008({Points(3'277)}).Count(); }},
-        {"a sum that would come back", Overflow,
-         [] {
-             return Calc_W_2008({Points(32'767), Points(1), Points(-32'767)}).Count();
-         }},
+        {"ten times W", Overflow, [&] { return w_2008(3'277, 0, 0); }},
+        {"a sum that would come back", Overflow, [&] { return w_2008(32'767, 1, -32'767); }},
         {"W of eight", Overflow,
          [] {
              return Calc_W_2011({Points(3'276), {}, {}, {}, {}, {}, {}, Points(1)}, {}).Count();
          }},
-        {"average of two", Overflow, [&] { return adopted(0, int32_max, 1); }},
-        {"twice the average of two", Overflow, [&] { return adopted(2, 0, int32_max); }},
-        {"average of the periods before", Overflow, [&] { return adopted(int32_max, 0, -9); }},
+        {"average of two", Overflow, [&] { return adopted(0, INT32_MAX, 1); }},
+        {"twice the average of two", Overflow, [&] { return adopted(2, 0, INT32_MAX); }},
+        {"average of the periods before", Overflow, [&] { return adopted(INT32_MAX, 0, -9); }},
     };
-    for (const auto& c : cases) {
+    for (const auto& [name, kind, score] : cases) {
         try {
-            c.score();
-            ADD_FAILURE() << c.name << ": no error";
+            score();
+            ADD_FAILURE() << name << ": no error";
         } catch (const Run_Time_Error& error) {
-            EXPECT_EQ(error.kind, c.kind) << c.name;
+            EXPECT_EQ(error.kind, kind) << name;
         }
     }
 }

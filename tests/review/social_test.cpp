@@ -77,51 +77,38 @@ TEST(Social, A_Law_Year_Reads_And_Stores_Its_Elements) {
 }
 
 TEST(Social, Limits_On_Reading) {
-    const struct {
-        int code;
-        double stored, read;
-    } cases[] = {{101, 2, 2},     {101, 3, 0},       {102, 3, 0}, {103, 3, 0}, {104, 2, 2},
-                 {104, 3, 0},     {105, 3, 0},       {106, 2, 2}, {106, 3, 0}, {111, 200, 200},
-                 {111, 201, 0},   {121, 1, 1},       {121, 2, 0}, {131, 2, 2}, {131, 3, 0},
-                 {142, 999, 999}, {212, 5000, 5000}, {1, 0, 1},   {1, 2, 2},   {238, 9, 9}};
-    for (const auto& c : cases) {
+    const std::tuple<int, double, double> cases[] = {
+        {101, 2, 2}, {101, 3, 0},     {102, 3, 0},       {103, 3, 0},   {104, 2, 2}, {104, 3, 0}, {105, 3, 0},
+        {106, 2, 2}, {106, 3, 0},     {111, 200, 200},   {111, 201, 0}, {121, 1, 1}, {121, 2, 0}, {131, 2, 2},
+        {131, 3, 0}, {142, 999, 999}, {212, 5000, 5000}, {1, 0, 1},     {1, 2, 2},   {238, 9, 9}};
+    for (const auto& [code, stored, read] : cases) {
         Review_Figures target = Of(4, {});
-        Items_Of(Of(4, {{c.code, c.stored}})).Store(target);
-        EXPECT_EQ(target.elements[static_cast<std::size_t>(c.code)].value, c.read)
-            << c.code << " " << c.stored;
+        Items_Of(Of(4, {{code, stored}})).Store(target);
+        EXPECT_EQ(target.elements[static_cast<std::size_t>(code)].value, read) << code << " " << stored;
     }
     EXPECT_EQ(Items_Of(Of(4, {})).JikoS, 1);
 }
 
 // What the scores of a firm do not tell: percentages, and what stays where there are no engineers.
 TEST(Social, Young_Engineers) {
-    const struct {
-        const char* name;
-        Elements elements;
-        int code;
-        double value;
-    } cases[] = {
+    const std::tuple<const char*, Elements, int, double> cases[] = {
         {"kept", {{221, 101}, {222, 15}}, 223, 14},
         {"new", {{221, 100}, {225, 7}}, 226, 7},
         {"no engineers: rate stays", {{222, 15}, {223, 33}, {224, 1}}, 223, 33},
         {"no engineers: score stays", {{222, 15}, {223, 33}, {224, 1}}, 224, 1},
     };
-    for (const auto& c : cases) {
-        Review_Figures figures = Of(4, c.elements);
+    for (const auto& [name, elements, code, value] : cases) {
+        Review_Figures figures = Of(4, elements);
         Pass(Items_Of(figures), figures).Store(figures);
-        EXPECT_EQ(figures.elements[static_cast<std::size_t>(c.code)].value, c.value) << c.name;
+        EXPECT_EQ(figures.elements[static_cast<std::size_t>(code)].value, value) << name;
     }
 }
 
 // Which scores reach the totals at once, in the next pass, or when the screen is opened again.
 TEST(Social, Late_Scores) {
-    const struct {
-        const char* name;
-        int law;
-        Elements elements;
-        int w1[3]; ///< after the first pass, the second, and one of the screen opened again
-        int w[3];
-    } cases[] = {
+    // W1 and W after the first pass, the second, and one of the screen opened again
+    using Passes = std::array<int, 3>;
+    const std::tuple<const char*, int, Elements, Passes, Passes> cases[] = {
         {"young engineers", 4, {{221, 100}, {222, 15}, {225, 1}}, {0, 2, 2}, {0, 19, 19}},
         {"knowledge", 4, {{228, 30}, {229, 1}}, {0, 10, 10}, {0, 95, 95}},
         {"certificate and history", 4, {{235, 1}, {238, 1}}, {15, 15, 15}, {142, 142, 142}},
@@ -130,22 +117,21 @@ TEST(Social, Late_Scores) {
         {"machines given up", 3, {{212, 0}, {213, 15}}, {0, 0, 0}, {142, 142, 0}},
         {"machines at law year 2", 2, {{212, 14}}, {0, 0, 0}, {142, 142, 142}},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.name);
-        Elements elements = c.elements;
-        elements.insert({{101, 1}, {102, 1}, {103, c.law > 2 ? 1 : 0}});
-        Review_Figures figures = Of(c.law, elements);
+    for (const auto& [name, law, changed, w1, w] : cases) {
+        SCOPED_TRACE(name);
+        Elements elements = changed;
+        elements.insert({{101, 1}, {102, 1}, {103, law > 2 ? 1 : 0}});
+        Review_Figures figures = Of(law, elements);
         Social_Items items = Items_Of(figures);
         std::int32_t kikai_ten_of_load = items.Kikai_Ten;
-        for (int pass = 0; pass < 3; ++pass) {
+        for (std::size_t pass = 0; pass < 3; ++pass) {
             if (pass == 2) {
                 items.Store(figures);
                 items = Items_Of(figures);
                 kikai_ten_of_load = items.Kikai_Ten;
             }
             items = Calc_W_2012(items, kikai_ten_of_load, figures);
-            EXPECT_EQ(items.RF_Ten, c.w1[pass]) << pass;
-            EXPECT_EQ(items.W, c.w[pass]) << pass;
+            EXPECT_EQ(std::pair(items.RF_Ten, items.W), std::pair(w1[pass], w[pass])) << pass;
         }
     }
 }

@@ -17,14 +17,8 @@ class Twelve : public Installation {
 // Elements 21 to 32 follow the statement, whatever the period has of them; what else they hold stays.
 TEST_F(Twelve, Stored_As_Computed_Whatever_Stood_There) {
     Make_Company(1, 1, 10);
-    Put_Amounts({{101, 2'000'000},
-                 {103, 4'000'000},
-                 {400, 36'000'000},
-                 {402, 36'000'000},
-                 {469, -1'234'567},
-                 {480, 50'500},
-                 {179, 7'000'000},
-                 {319, 2'000'000}});
+    Put_Amounts({{101, 2e6}, {103, 4e6}, {400, 36e6}, {402, 36e6}, {179, 7e6}, {319, 2e6}});
+    Put_Amounts({{469, -1'234'567}, {480, 50'500}});
     Run({"INSERT OR REPLACE INTO XW_Yoso (決算期, 要素CD, 現状, 改善後) VALUES (10, 21, 9, 5)",
          "DELETE FROM XW_Yoso WHERE 要素CD=26",
          "INSERT OR REPLACE INTO XW_Yoso (決算期, 要素CD) VALUES (10, 29)",

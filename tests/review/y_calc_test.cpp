@@ -49,18 +49,17 @@ TEST(Calc_Y, A_Score_Is_Rounded_Up_From_499) {
 }
 
 TEST(Calc_Y, What_Leaves_32_Bits_Is_Told) {
-    const struct {
-        Yen_1000 amounts;
-        const char* text;
-    } cases[] = {{{{402, 2'147'483'648.0}},
-                  "財務諸表の「402」（2,147,483,648,000円）の計算で桁あふれが発生しました。"},
-                 {{{402, 1}, {229, 1'500'000'000}, {248, 1'500'000'000}}, overflow},
-                 {{{480, 2'000'000'000}, {470, -2'000'000'000}}, overflow},
-                 {{{399, 2'000'000'000}, {830, 2'000'000'000}}, overflow},
-                 {{{101, 2'000'000'000}, {103, 2'000'000'000}}, overflow},
-                 {{{489, 2'000'000'000}, {436, 2'000'000'000}}, overflow}};
-    for (const auto& c : cases) {
-        EXPECT_EQ(Refusal_Of<Run_Time_Error>([&] { static_cast<void>(Calc_Y(Of(c.amounts), {})); }), c.text);
+    const std::pair<Yen_1000, const char*> cases[] = {
+        {{{402, 2'147'483'648.0}},
+         "財務諸表の「402」（2,147,483,648,000円）の計算で桁あふれが発生しました。"},
+        {{{402, 1}, {229, 1'500'000'000}, {248, 1'500'000'000}}, overflow},
+        {{{480, 2'000'000'000}, {470, -2'000'000'000}}, overflow},
+        {{{399, 2'000'000'000}, {830, 2'000'000'000}}, overflow},
+        {{{101, 2'000'000'000}, {103, 2'000'000'000}}, overflow},
+        {{{489, 2'000'000'000}, {436, 2'000'000'000}}, overflow}};
+    for (const auto& [amounts, text] : cases) {
+        const auto calc = [&of = amounts] { static_cast<void>(Calc_Y(Of(of), {})); };
+        EXPECT_EQ(Refusal_Of<Run_Time_Error>(calc), text);
     }
     EXPECT_EQ(Calc_Y(Of({{179, 2'147'483'647.0}}), {}).elements[e::fixed_assets], Thousand_Yen(INT32_MAX));
 }
@@ -78,12 +77,8 @@ TEST(Calc_Y, A_Statement_Without_Rows_Keeps_The_Indicators) {
 }
 
 TEST(Show_Keiei, Elements_Stand_Under_Their_Captions) {
-    const struct {
-        const char* caption;
-        int account; ///< that moves the element alone
-        double amount;
-        const char* text;
-    } rows[] = {
+    // Caption, the account that moves the element alone, its amount, its text
+    const std::tuple<const char*, int, double, const char*> rows[] = {
         {"売上高", 402, 1001, "1,001"},
         {"売上総利益", 419, 1002, "1,002"},
         {"受取利息配当金", 470, 3, "3"},
@@ -100,26 +95,23 @@ TEST(Show_Keiei, Elements_Stand_Under_Their_Captions) {
         {"総資本（前期）", 830, -1014, "-1,014"},
     };
     Yen_1000 amounts;
-    for (const auto& row : rows) {
-        amounts.emplace_back(row.account, row.amount);
+    for (const auto& [caption, account, amount, text] : rows) {
+        amounts.emplace_back(account, amount);
     }
     const Keiei_Texts texts = Show_Keiei(Calc_Y(Of(amounts), {}));
     for (std::size_t i = 0; i < y_elements.size(); ++i) {
-        EXPECT_STREQ(y_elements[i].name, rows[i].caption);
-        EXPECT_EQ(texts.Yoso[i], rows[i].text);
+        EXPECT_STREQ(y_elements[i].name, std::get<0>(rows[i]));
+        EXPECT_EQ(texts.Yoso[i], std::get<3>(rows[i]));
     }
     EXPECT_EQ(Show_Keiei(Y_Result{}).Y, "") << "no figure for 0";
 }
 
 TEST(Fixed_Str, Decimals_Round_The_Digits_That_Stand_There) {
-    const struct {
-        float figure;
-        int decimals;
-        const char* text;
-    } cases[] = {{12.35F, 1, "12.4"},  {45.25F, 1, "45.3"}, {-0.25F, 1, "-0.3"}, {-0.04F, 1, "0.0"},
-                 {99.95F, 1, "100.0"}, {5.1F, 3, "5.100"},  {1.005F, 2, "1.01"}, {0.0F, 3, "0.000"}};
-    for (const auto& c : cases) {
-        EXPECT_EQ(Fixed_Str(c.figure, c.decimals), c.text) << c.figure;
+    const std::tuple<float, int, const char*> cases[] = {
+        {12.35F, 1, "12.4"},  {45.25F, 1, "45.3"}, {-0.25F, 1, "-0.3"}, {-0.04F, 1, "0.0"},
+        {99.95F, 1, "100.0"}, {5.1F, 3, "5.100"},  {1.005F, 2, "1.01"}, {0.0F, 3, "0.000"}};
+    for (const auto& [figure, decimals, text] : cases) {
+        EXPECT_EQ(Fixed_Str(figure, decimals), text) << figure;
     }
 }
 

@@ -67,24 +67,21 @@ TEST_F(Corporation_Journal, Keys_Go_From_Debit_To_Credit_And_On) {
 }
 
 TEST_F(Corporation_Journal, Sections_Have_Their_Titles_And_Ranges) {
-    const struct {
-        std::size_t place;
-        int first, last;
-        const char* titles[2]; ///< of a corporation, of an individual
-    } sections[] = {
+    // Place, first and last account, title of a corporation and of an individual
+    const std::tuple<std::size_t, int, int, std::array<const char*, 2>> sections[] = {
         {2, 150, 199, {"貸借対照表－無形固定資産、投資等、繰延資産", "貸借対照表－無形固定資産、投資等"}},
         {4, 250, 299, {"貸借対照表－資本金、剰余金", "貸借対照表－期首資本金、事業主勘定"}},
         {8, 490, 529, {"損益計算書－特別損益、損益処分", "損益計算書－特別損益、損益処分"}},
         {11, 600, 639, {"利益処分", "利益処分"}}};
-    for (const int type : {0, 1}) {
+    for (const std::size_t type : {0U, 1U}) {
         Make_Company(1, static_cast<std::int16_t>(type + 1), 10);
         Put_Amounts({{300, 30}, {310, 4}});
         Open();
         EXPECT_EQ(form->objectName(), type == 0 ? "Frm_KsZaiUP" : "Frm_KsZaiUPKJ");
-        for (const auto& section : sections) {
-            Section(section.place);
-            EXPECT_EQ(Panel("Lbl_SubTitle"), section.titles[type]);
-            EXPECT_EQ(std::to_string(grid->Row_Count()), Rows_Between(section.first, section.last));
+        for (const auto& [place, first, last, titles] : sections) {
+            Section(place);
+            EXPECT_EQ(Panel("Lbl_SubTitle"), titles[type]);
+            EXPECT_EQ(std::to_string(grid->Row_Count()), Rows_Between(first, last));
         }
         if (type == 0) {
             EXPECT_EQ(Panel("BsIp_Hyok(2)") + " " + Panel("BsIp_Skb(2)"), "30 4") << "beyond the section";
@@ -162,36 +159,27 @@ TEST_F(Corporation_Journal, Opening_Fills_Balances_And_Leaves_The_Scenario_Unsta
 
 TEST_F(Corporation_Journal, Every_Button_Asks_And_Stores_As_It_Says) {
     // question: none asks nothing
-    const std::tuple<const char*, const char*, const char*, std::vector<std::string>> buttons[] = {
-        {"BLCheck",
-         "編集保存確認：編集中の改善財務諸表を一旦保存します。\nよろしいですか？",
-         "70=-=570",
-         {"Frm_UPCheck"}},
-        {"Y_Disp",
-         "編集保存確認：編集中の財務諸表を一旦保存します。\nよろしいですか？",
-         "70=-=570",
-         {"Frm_KeieiKz"}},
-        {"Cmd_Upz(12)", nullptr, "70=-=570", {"Frm_PrKSZaiSti"}},
-        {"DtClear",
-         "全改善データ消去確認：全改善データ（貸方・借方）を消去します。\nよろしいですか？",
-         "-=-=500",
-         {}},
-        {"Canseru",
+    const std::tuple<const char*, const char*, const char*, const char*> buttons[] = {
+        {"BLCheck", "70=-=570", "Frm_UPCheck",
+         "編集保存確認：編集中の改善財務諸表を一旦保存します。\nよろしいですか？"},
+        {"Y_Disp", "70=-=570", "Frm_KeieiKz",
+         "編集保存確認：編集中の財務諸表を一旦保存します。\nよろしいですか？"},
+        {"Cmd_Upz(12)", "70=-=570", "Frm_PrKSZaiSti", nullptr},
+        {"DtClear", "-=-=500", "",
+         "全改善データ消去確認：全改善データ（貸方・借方）を消去します。\nよろしいですか？"},
+        {"Canseru", "70=-=570", "",
          "編集破棄確認：編集中の建設財務諸表を保存せずに終了します。\n編集内容は保存されません。よろしいです"
-         "か？",
-         "70=-=570",
-         {}},
-    };
-    for (const auto& [name, question, in_store, opens] : buttons) {
+         "か？"}};
+    for (const auto& [name, in_store, opens, question] : buttons) {
         SCOPED_TRACE(name);
         Make_Company(1, 1, 10);
         Put_Amounts({{100, 500}, {200, 30}});
         Put_Amounts({{200, 9}}, "借方");
         Open();
         Enter("Kari(0)", "70");
-        std::vector<std::string> opened;
+        std::string opened;
         shell.on_open_form = [&](const QString& screen) {
-            opened.push_back(screen.toStdString());
+            opened += screen.toStdString();
             EXPECT_TRUE(screen != QLatin1String("Frm_KeieiKz") ||
                         (shell.menu.mode == Sim_Mode::Improvement &&
                          shell.menu.screen.title == "改善シミュレーション－Ｙ点試算"));

@@ -244,9 +244,8 @@ class Prior_Test : public Statement_Test, public ::testing::WithParamInterface<P
 
     /// Of each row of the third period that was written, where both of its columns came from.
     [[nodiscard]] std::string Written() const {
-        return List("SELECT 建設科目CD, 金額, 改善後残高 FROM Ks_Zaihyo WHERE 決算期=12 And (金額<>-1 Or "
-                    "改善後残高<>-2) "
-                    "ORDER BY 建設科目CD");
+        return List("SELECT 建設科目CD, 金額, 改善後残高 FROM Ks_Zaihyo WHERE 決算期=12 And "
+                    "(金額<>-1 Or 改善後残高<>-2) ORDER BY 建設科目CD");
     }
 };
 

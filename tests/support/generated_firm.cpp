@@ -10,16 +10,11 @@ namespace morvane::tests {
 namespace {
 
 std::int32_t Most_Of(const Element_Info& item) {
-    switch (item.code) {
-    case element::cpd_units:
-        return 300;
-    case element::cpd_engineers:
-        return 12;
-    case element::skill_left_out:
-        return 6;
-    default:
-        return item.amount ? 300'000 : 40;
-    }
+    return item.code == element::cpd_units        ? 300
+           : item.code == element::cpd_engineers  ? 12
+           : item.code == element::skill_left_out ? 6
+           : item.amount                          ? 300'000
+                                                  : 40;
 }
 
 } // namespace
