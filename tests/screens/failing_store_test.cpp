@@ -43,42 +43,37 @@ class Failing_Store : public Grid_Screen {
 // another attempt is made, the screen comes back, or what was keyed is given up; nothing of a failed attempt
 // is kept.
 TEST_F(Failing_Store, Every_Screen_Stays_With_What_Was_Keyed) {
-    const struct {
-        const char* form;
-        const char* field;
-        std::vector<const char*> buttons;     ///< the last one closes
-        const char* stored;                   ///< of the period
-        std::vector<int> failing = {1, 4, 9}; ///< write operations
-    } screens[] = {
-        {"Frm_QandA", "Advice", {"Cmd_Cancel"}, "アドバイス FROM QandA WHERE QNo=41", {1}},
-        {"Frm_Kanko", "Kijun(9)", {"Prt", "edit_z", "Tojiru"}, "完工高基準 FROM Kandaka_Gj WHERE 工種CD=9"},
-        {"Frm_Kanko2", "Z4(3)", {"Tojiru"}, "技術者4 FROM Kandaka_Gj WHERE 工種CD=3"},
-        {"Frm_KankoKaiz2",
-         "Z4(3)",
-         {"edit_x1", "Cmd_Kekka", "Tojiru"},
-         "改0技術者4 FROM Kandaka_Gj WHERE 工種CD=3"},
-        {"Frm_Syokuta_2012", "Enen", {"Cmd_W2X(1)", "Tojiru"}, "現状 FROM W_Yoso WHERE 要素CD=111"},
-        {"Frm_Syokutakaiz_2012", "Enen", {"Prt", "Tojiru"}, "改善後0 FROM W_Yoso WHERE 要素CD=111"},
-        {"Frm_KsZaihyo", "Gaku(0)", {"Y_Disp", "Tojiru"}, "金額 FROM Ks_Zaihyo WHERE 建設科目CD=100"},
-        {"Frm_KsZaiUP",
-         "Kari(0)",
-         {"Cmd_Upz(3)", "BLCheck", "DtClear", "Y_Disp", "Tojiru"},
-         "借方 FROM Ks_Zaihyo WHERE 建設科目CD=100"},
-        {"Frm_KsZenki", "Gaku(0)", {"Tojiru"}, "金額 FROM Ks_Zaihyo WHERE 建設科目CD=820"},
-        {"Frm_KsHendo", "Gaku(0)", {"Tojiru"}, "金額 FROM Ks_Zaihyo WHERE 建設科目CD=901"},
-        {"Rpt_Kekka_2012", "", {"Tojiru"}, nullptr, {1}},
-        {"Frm_Settei", "Net_Check_Host", {"Cmd_Excute"}, nullptr, {1}},
-        {"Frm_Jgmas", "SyaMei", {"Cmd_Excute"}, "事業所名 FROM Jigyo_mas, Ks_ki WHERE 1=1", {1}},
+    const std::vector<int> several = {1, 4, 9};
+    // buttons: the last one closes
+    // stored: of the period
+    // failing: write operations
+    const std::tuple<const char*, const char*, const char*, const char*, std::vector<int>> screens[] = {
+        {"Frm_QandA", "Advice", "Cmd_Cancel", "アドバイス FROM QandA WHERE QNo=41", {1}},
+        {"Frm_Kanko", "Kijun(9)", "Prt edit_z Tojiru", "完工高基準 FROM Kandaka_Gj WHERE 工種CD=9", several},
+        {"Frm_Kanko2", "Z4(3)", "Tojiru", "技術者4 FROM Kandaka_Gj WHERE 工種CD=3", several},
+        {"Frm_KankoKaiz2", "Z4(3)", "edit_x1 Cmd_Kekka Tojiru", "改0技術者4 FROM Kandaka_Gj WHERE 工種CD=3",
+         several},
+        {"Frm_Syokuta_2012", "Enen", "Cmd_W2X(1) Tojiru", "現状 FROM W_Yoso WHERE 要素CD=111", several},
+        {"Frm_Syokutakaiz_2012", "Enen", "Prt Tojiru", "改善後0 FROM W_Yoso WHERE 要素CD=111", several},
+        {"Frm_KsZaihyo", "Gaku(0)", "Y_Disp Tojiru", "金額 FROM Ks_Zaihyo WHERE 建設科目CD=100", several},
+        {"Frm_KsZaiUP", "Kari(0)", "Cmd_Upz(3) BLCheck DtClear Y_Disp Tojiru",
+         "借方 FROM Ks_Zaihyo WHERE 建設科目CD=100", several},
+        {"Frm_KsZenki", "Gaku(0)", "Tojiru", "金額 FROM Ks_Zaihyo WHERE 建設科目CD=820", several},
+        {"Frm_KsHendo", "Gaku(0)", "Tojiru", "金額 FROM Ks_Zaihyo WHERE 建設科目CD=901", several},
+        {"Rpt_Kekka_2012", "", "Tojiru", nullptr, {1}},
+        {"Frm_Settei", "Net_Check_Host", "Cmd_Excute", nullptr, {1}},
+        {"Frm_Jgmas", "SyaMei", "Cmd_Excute", "事業所名 FROM Jigyo_mas, Ks_ki WHERE 1=1", {1}},
     };
     shell.on_open_form = [](const QString& name) { ADD_FAILURE() << name.toStdString(); };
-    for (const auto& screen : screens) {
-        SCOPED_TRACE(screen.form);
-        const char* closing = screen.buttons.back();
-        Key_Into(screen.form, screen.field);
+    for (const auto& [name, field, buttons, stored, failing_writes] : screens) {
+        SCOPED_TRACE(name);
+        const QByteArrayList pressed = QByteArray(buttons).split(' ');
+        const QByteArray& closing = pressed.back();
+        Key_Into(name, field);
         const auto before = State();
-        for (const char* button : screen.buttons) {
-            for (const int n : screen.failing) {
-                SCOPED_TRACE(testing::Message() << button << " " << n);
+        for (const QByteArray& button : pressed) {
+            for (const int n : failing_writes) {
+                SCOPED_TRACE(testing::Message() << button.data() << " " << n);
                 messages.shown.clear();
                 messages.answers = {button == closing ? Answer::Retry : Answer::Yes};
                 {
@@ -94,7 +89,7 @@ TEST_F(Failing_Store, Every_Screen_Stays_With_What_Was_Keyed) {
                 for (const char* engine : {"UPDATE", "SELECT", "INSERT", "database"}) {
                     EXPECT_FALSE(Has(Last_Box(), engine)) << "words, no SQL: " << Last_Box();
                 }
-                EXPECT_EQ(Text_In(screen.field), "7");
+                EXPECT_EQ(Text_In(field), "7");
                 EXPECT_EQ(State(), before);
             }
         }
@@ -104,14 +99,14 @@ TEST_F(Failing_Store, Every_Screen_Stays_With_What_Was_Keyed) {
             Press(closing);
         }
         EXPECT_EQ(State(), before);
-        Key_Into(screen.form, screen.field);
+        Key_Into(name, field);
         {
             const Failing_Writes once(1);
             messages.answers = {Answer::Retry};
             Press(closing);
         }
-        if (screen.stored != nullptr) {
-            EXPECT_EQ(List(std::string("SELECT ") + screen.stored + " And 決算期=35"), "7");
+        if (stored != nullptr) {
+            EXPECT_EQ(List(std::string("SELECT ") + stored + " And 決算期=35"), "7");
         }
     }
 }

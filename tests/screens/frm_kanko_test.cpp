@@ -35,22 +35,19 @@ TEST_F(Kanko_Window, Every_Field_Is_Keyed_Along_Its_Rows_Into_Its_Column) {
     struct Column {
         std::string cell, heading, stored;
     };
-    const std::pair<const char*, std::vector<Column>> screens[] = {
-        {"Frm_Kanko2",
-         {{"Z1", "監理", "技術者1"},
-          {"Z2", "１級", "技術者2"},
-          {"Z22", "管理\n補佐", "技術者6"},
-          {"Z3", "基幹", "技術者3"},
-          {"Z4", "２級", "技術者4"},
-          {"Z5", "その他", "技術者5"},
-          {"Zzki", "前々期", "元請完工高前々期"},
-          {"Zki", "前期", "元請完工高前期"},
-          {"Kijun", "基準決算", "元請完工高基準"}}},
-        {"Frm_Kanko",
-         {{"Zzki", "前々期", "完工高前々期"},
-          {"Zki", "前期", "完工高前期"},
-          {"Kijun", "基準決算", "完工高基準"}}}};
-    for (const auto& [name, columns] : screens) {
+    const std::vector<Column> contracted = {{"Z1", "監理", "技術者1"},
+                                            {"Z2", "１級", "技術者2"},
+                                            {"Z22", "管理\n補佐", "技術者6"},
+                                            {"Z3", "基幹", "技術者3"},
+                                            {"Z4", "２級", "技術者4"},
+                                            {"Z5", "その他", "技術者5"},
+                                            {"Zzki", "前々期", "元請完工高前々期"},
+                                            {"Zki", "前期", "元請完工高前期"},
+                                            {"Kijun", "基準決算", "元請完工高基準"}};
+    const std::vector<Column> completed = {{"Zzki", "前々期", "完工高前々期"},
+                                           {"Zki", "前期", "完工高前期"},
+                                           {"Kijun", "基準決算", "完工高基準"}};
+    for (const auto& [name, columns] : {std::pair{"Frm_Kanko2", contracted}, {"Frm_Kanko", completed}}) {
         Open(name);
         std::map<std::string, std::string> keyed; // by column and work type
         for (int row = 0; row < kanko_rows; ++row) {

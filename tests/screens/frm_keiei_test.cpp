@@ -16,10 +16,16 @@ class Keiei_Window : public Ui_Installation {
   protected:
     Keiei_Window() {
         Make_Company(1, 1, 10);
-        const std::map<int, double> amounts = {{402, 1.8e9}, {419, 2.6e8}, {480, 3.6e6}, {489, -6.8e7},
-                                               {319, 3.2e8}, {179, 4.2e8}, {229, 5.5e8}, {399, 1.0e9},
-                                               {830, 9.0e8}, {289, 2.8e8}};
-        Put_Amounts(amounts);
+        Put_Amounts({{402, 1.8e9},
+                     {419, 2.6e8},
+                     {480, 3.6e6},
+                     {489, -6.8e7},
+                     {319, 3.2e8},
+                     {179, 4.2e8},
+                     {229, 5.5e8},
+                     {399, 1.0e9},
+                     {830, 9.0e8},
+                     {289, 2.8e8}});
     }
 
     /// What the screen shows of a side, by its control names, beside what it should.
@@ -98,13 +104,10 @@ class Keiei_Compared : public Keiei_Window {
 };
 
 TEST_F(Keiei_Compared, Shows_Two_Sides_And_What_The_Second_Brings) {
+    using enum Scenario;
     const std::tuple<Sim_Mode, Side, Side, const char*> modes[] = {
-        {Sim_Mode::Improvement,
-         {10, Scenario::Genjo},
-         {10, Scenario::Kaizen},
-         "：改善前(上段)：改善後(下段)"},
-        {Sim_Mode::Prior_Period, {9, Scenario::Genjo}, {10, Scenario::Genjo}, "：前期(上段)：当期(下段)"},
-    };
+        {Sim_Mode::Improvement, {10, Genjo}, {10, Kaizen}, "：改善前(上段)：改善後(下段)"},
+        {Sim_Mode::Prior_Period, {9, Genjo}, {10, Genjo}, "：前期(上段)：当期(下段)"}};
     for (const auto& [mode, side_before, side_after, marks] : modes) {
         SCOPED_TRACE(marks);
         shell.menu.mode = mode;

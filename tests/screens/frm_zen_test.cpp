@@ -12,9 +12,6 @@
 #include "support/keyboard.h"
 #include "widgets/entry_cell.h"
 
-#include <memory>
-#include <random>
-
 namespace morvane::tests {
 namespace {
 
@@ -153,13 +150,13 @@ TEST_P(Zen_Firms, Both_Sides_Are_What_Is_Scored_And_Nothing_Is_Stored) {
     EXPECT_EQ(Titles(), "");
 }
 
+using testing::Combine, testing::Range, testing::Values;
+constexpr std::int16_t corporation = 1;
+constexpr std::int16_t individual = 2;
 INSTANTIATE_TEST_SUITE_P(Law_Years, Zen_Firms,
-                         ::testing::Combine(::testing::Values("13"), ::testing::Values(std::int16_t{1}),
-                                            ::testing::Range(1, 5), ::testing::Range(1, 5)));
+                         Combine(Values("13"), Values(corporation), Range(1, 5), Range(1, 5)));
 INSTANTIATE_TEST_SUITE_P(Firm_Types, Zen_Firms,
-                         ::testing::Combine(::testing::Values("13", "01"),
-                                            ::testing::Values(std::int16_t{1}, std::int16_t{2}),
-                                            ::testing::Values(4), ::testing::Values(4)));
+                         Combine(Values("13", "01"), Values(corporation, individual), Values(4), Values(4)));
 
 // ---- periods that lack something
 

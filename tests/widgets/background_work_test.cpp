@@ -10,8 +10,6 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <atomic>
-#include <gtest/gtest.h>
-#include <memory>
 #include <thread>
 
 namespace morvane::tests {

@@ -54,41 +54,27 @@ class Entry_Grid_Test : public ::testing::Test {
 TEST_F(Entry_Grid_Test, Keys_Move_Through_The_Cells) {
     using enum Qt::Key;
     using enum Qt::KeyboardModifier;
-    const Grid_Keys same_column{.wrap = Grid_Wrap::Same_Column, .row_step_at_right = -1};
+    const Grid_Keys same{.wrap = Grid_Wrap::Same_Column, .row_step_at_right = -1};
     const Grid_Keys stop{.wrap = Grid_Wrap::Stop, .enter_along_row = true, .arrows_leave = true};
+    constexpr Qt::KeyboardModifiers none = NoModifier, shift = ShiftModifier, ctrl = ControlModifier;
+    // B(1) is locked: Enter and Tab pass what cannot be keyed. A button stands beyond the entry columns.
     const std::tuple<Grid_Keys, const char*, Qt::Key, Qt::KeyboardModifiers, const char*> moves[] = {
-        {{}, "A(0)", Key_Return, NoModifier, "A(1)"},
-        {{}, "A(2)", Key_Return, NoModifier, "B(0)"},
-        {{}, "C(2)", Key_Down, NoModifier, "A(0)"},
-        {{}, "B(0)", Key_Up, NoModifier, "A(2)"},
-        {{}, "B(0)", Key_Down, NoModifier, "B(1)"},   // locked
-        {{}, "B(0)", Key_Return, NoModifier, "B(2)"}, // Enter and Tab pass what cannot be keyed
-        {{}, "B(2)", Key_Return, ShiftModifier, "B(0)"},
-        {{}, "A(1)", Key_Tab, NoModifier, "C(1)"},
-        {{}, "C(1)", Key_Backtab, NoModifier, "A(1)"},
-        {{}, "A(0)", Key_Tab, NoModifier, "B(0)"},
-        {{}, "C(0)", Key_Tab, NoModifier, "A(1)"},
-        {{}, "A(1)", Key_Backtab, NoModifier, "C(0)"},
-        {{}, "C(1)", Key_Right, ControlModifier, "P(1)"},
-        {{}, "P(1)", Key_Right, ControlModifier, "A(2)"},
-        {{}, "A(0)", Key_Left, ControlModifier, "C(2)"},
-        {{}, "B(0)", Key_Right, NoModifier, "B(0)"},
-        {{}, "B(1)", Key_End, ControlModifier, "C(2)"},
-        {same_column, "A(2)", Key_Return, NoModifier, "A(0)"},
-        {same_column, "A(0)", Key_Up, NoModifier, "A(2)"},
-        {same_column, "P(0)", Key_Right, ControlModifier, "A(2)"},
-        {stop, "A(2)", Key_Down, NoModifier, "A(2)"},
-        {stop, "A(0)", Key_Return, NoModifier, "B(0)"},
-        {stop, "C(2)", Key_Return, NoModifier, "C(2)"},
-        {stop, "A(0)", Key_Right, NoModifier, "B(0)"},
-        {stop, "A(0)", Key_Up, NoModifier, "A(0)"},
-        {stop, "A(0)", Key_Left, ControlModifier, "A(0)"},
-        {stop, "P(2)", Key_Right, ControlModifier, "P(2)"},
-        {{}, "A(0)", Key_PageDown, NoModifier, "A(2)"},
-        {{}, "C(2)", Key_PageUp, NoModifier, "C(0)"},
-        {{}, "B(2)", Key_Home, ControlModifier, "A(0)"},
-        {{}, "P(0)", Key_Up, NoModifier, "C(2)"}, // a button stands beyond the entry columns
-    };
+        {{}, "A(0)", Key_Return, none, "A(1)"},   {{}, "A(2)", Key_Return, none, "B(0)"},
+        {{}, "C(2)", Key_Down, none, "A(0)"},     {{}, "B(0)", Key_Up, none, "A(2)"},
+        {{}, "B(0)", Key_Down, none, "B(1)"},     {{}, "B(0)", Key_Return, none, "B(2)"},
+        {{}, "B(2)", Key_Return, shift, "B(0)"},  {{}, "A(1)", Key_Tab, none, "C(1)"},
+        {{}, "C(1)", Key_Backtab, none, "A(1)"},  {{}, "A(0)", Key_Tab, none, "B(0)"},
+        {{}, "C(0)", Key_Tab, none, "A(1)"},      {{}, "A(1)", Key_Backtab, none, "C(0)"},
+        {{}, "C(1)", Key_Right, ctrl, "P(1)"},    {{}, "P(1)", Key_Right, ctrl, "A(2)"},
+        {{}, "A(0)", Key_Left, ctrl, "C(2)"},     {{}, "B(0)", Key_Right, none, "B(0)"},
+        {{}, "B(1)", Key_End, ctrl, "C(2)"},      {same, "A(2)", Key_Return, none, "A(0)"},
+        {same, "A(0)", Key_Up, none, "A(2)"},     {same, "P(0)", Key_Right, ctrl, "A(2)"},
+        {stop, "A(2)", Key_Down, none, "A(2)"},   {stop, "A(0)", Key_Return, none, "B(0)"},
+        {stop, "C(2)", Key_Return, none, "C(2)"}, {stop, "A(0)", Key_Right, none, "B(0)"},
+        {stop, "A(0)", Key_Up, none, "A(0)"},     {stop, "A(0)", Key_Left, ctrl, "A(0)"},
+        {stop, "P(2)", Key_Right, ctrl, "P(2)"},  {{}, "A(0)", Key_PageDown, none, "A(2)"},
+        {{}, "C(2)", Key_PageUp, none, "C(0)"},   {{}, "B(2)", Key_Home, ctrl, "A(0)"},
+        {{}, "P(0)", Key_Up, none, "C(2)"}};
     for (const auto& [keys, from, key, modifiers, to] : moves) {
         grid->Set_Keys(keys);
         ASSERT_TRUE(grid->Focus_Cell(from));
@@ -213,7 +199,7 @@ TEST_F(Entry_Grid_Test, A_Block_Is_Pasted_Cell_By_Cell_And_Undone_At_Once) {
     Paste("\"1,200\"\tx\t￥３０\t2\r\n\t\t7\t3\r\n(8)\t\t1234567\t1\t\t9\r\n△4\r\n");
     EXPECT_EQ(Texts(), "1200|30|2||6||-8||1|") << "in place, blanks clear, locked cells stay";
     ASSERT_EQ(refused.size(), 4U);
-    const std::string text = grid->Refusal_Text(refused);
+    std::string text = grid->Refusal_Text(refused);
     EXPECT_PRED2(Has, text, "「建築」の「区分」：3");
     EXPECT_NE(text.find("「大工」の「基準 決算」：1234567"), std::string::npos) << "too long for the cell";
     EXPECT_PRED2(Has, text, "3行目6列目（表の外）：9");
@@ -226,6 +212,12 @@ TEST_F(Entry_Grid_Test, A_Block_Is_Pasted_Cell_By_Cell_And_Undone_At_Once) {
     grid->on_block = [](const std::vector<Cell_At>& cells) { return cells.size() > 2; };
     Paste("1\n2\n");
     EXPECT_EQ(Texts(), "1200|30|2||6||-8||1|") << "the screen has taken the paste back";
+    // A refusal names few cells and short texts.
+    refused.assign(10, {0, 0, QStringLiteral("12345678901234567890x")});
+    refused.front().row = 99;
+    text = grid->Refusal_Text(refused);
+    EXPECT_PRED2(Has, text, "100行目1列目（表の外）：12345678901234567890…\n「土木」の「完工高 前期」：");
+    EXPECT_TRUE(text.ends_with("\nほか2件")) << text;
 }
 
 // What spreadsheets put on the clipboard, as rows of cells; written again it reads the same.
@@ -284,14 +276,6 @@ TEST_F(Entry_Grid_Test, A_Paste_Begins_At_The_Mark) {
         EXPECT_EQ(refused, not_taken);
     }
     EXPECT_FALSE(grid->Is_Edited()) << "of rows made anew nothing is left to be undone";
-}
-
-TEST_F(Entry_Grid_Test, A_Refusal_Names_Few_Cells_And_Short_Texts) {
-    std::vector<Paste_Refused> refused(10, {0, 0, QStringLiteral("12345678901234567890x")});
-    refused.front().row = 99;
-    const std::string text = grid->Refusal_Text(refused);
-    EXPECT_PRED2(Has, text, "100行目1列目（表の外）：12345678901234567890…\n「土木」の「完工高 前期」：");
-    EXPECT_TRUE(text.ends_with("\nほか2件")) << text;
 }
 
 TEST_F(Entry_Grid_Test, The_Screen_Can_Refuse_An_Undo) {

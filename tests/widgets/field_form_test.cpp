@@ -12,12 +12,7 @@ namespace {
 
 constexpr Field fields[] = {
     {.name = "Yu1", .caption = "郵便番号", .kind = Entry_Kind::Digits, .max_length = 3, .width = 3},
-    {.name = "Yu2",
-     .kind = Entry_Kind::Digits,
-     .max_length = 4,
-     .width = 4,
-     .before = "-",
-     .label = "郵便番号 下"},
+    {.name = "Yu2", .kind = Entry_Kind::Digits, .max_length = 4, .width = 4, .before = "-", .label = "下"},
     {.name = "HoKo", .caption = "法人・個人", .kind = Entry_Kind::Choice, .width = 2, .choices = "12"},
     {.name = "Syozai", .caption = "所在地", .max_length = 5, .hint = "・・・市区町村から"},
 };
@@ -61,7 +56,7 @@ TEST_F(Field_Form_Test, Texts_Go_In_And_Out_And_Edits_Are_Told) {
                                  {"Yu1", "012"}, {"Yu2", "1234"}, {"HoKo", "2"}, {"Syozai", "札幌市中央"}}));
     EXPECT_EQ(told.substr(0, 4), "Yu2 ");
     EXPECT_TRUE(form->Is_Edited());
-    EXPECT_EQ(form->Cell("Yu2").accessibleName().toStdString(), "郵便番号 下");
+    EXPECT_EQ(form->Cell("Yu2").accessibleName().toStdString(), "下");
     EXPECT_THROW(static_cast<void>(form->Cell("Nobody")), std::out_of_range);
 }
 

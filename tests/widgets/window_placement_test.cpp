@@ -24,6 +24,7 @@ TEST(Window_Placement_Test, A_Second_Window_Stands_Beside_What_Is_Worked_With) {
     constexpr QSize size(860, 680);
     const QRect small(0, 32, 1366, 736);
     const QRect large(0, 32, 1920, 1048);
+    const QRect second(1366, 32, 1920, 1048);
     const QRect field(210, 200, 120, 24);
     const std::tuple<const char*, QRect, QRect, QRect, std::optional<QRect>> cases[] = {
         {"right of a narrow form", small, {20, 100, 700, 500}, field, QRect(724, 88, 642, 680)},
@@ -33,11 +34,7 @@ TEST(Window_Placement_Test, A_Second_Window_Stands_Beside_What_Is_Worked_With) {
         {"left half", small, {0, 32, 1366, 736}, {900, 200, 80, 24}, QRect(0, 32, 683, 680)},
         {"half less a field", small, {0, 32, 1366, 736}, {640, 160, 140, 24}, QRect(784, 32, 582, 680)},
         {"a field over both", small, {0, 32, 1366, 736}, {100, 200, 900, 24}, QRect(683, 32, 683, 680)},
-        {"a second display",
-         large.translated(1366, 0),
-         {1366, 32, 1920, 1048},
-         {},
-         QRect(2426, 32, 860, 680)},
+        {"a second display", second, second, {}, QRect(2426, 32, 860, 680)},
         {"too small", {0, 32, 911, 480}, {0, 32, 911, 480}, field, std::nullopt},
     };
     for (const auto& [what, display, screen, focus, place] : cases) {
