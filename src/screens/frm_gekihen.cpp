@@ -59,7 +59,8 @@ std::vector<Grid_Column> Columns(std::size_t chosen) {
 std::vector<std::vector<std::string>> Captions() {
     std::vector<std::vector<std::string>> rows;
     for (std::size_t i = 0; i < scored_lines; ++i) {
-        rows.push_back({std::string(work_types[i].label), std::string(work_types[i].name)});
+        const std::string indent = Is_Sub_Line(i) ? "　" : ""; // a part of another one
+        rows.push_back({std::string(work_types[i].label), indent + std::string(work_types[i].name)});
     }
     return rows;
 }
