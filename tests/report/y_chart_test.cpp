@@ -91,7 +91,7 @@ TEST(Y_Chart_Test, Points_Are_The_Plotted_Shares_And_No_Text_Lies_On_Another) {
     for (int firm = 0; firm < 20; ++firm) {
         const std::array results = {Random_Result(random), Random_Result(random)};
         const std::array<Y_Chart_Side, 2> sides = {{{"改善前", &results[0]}, {"改善後", &results[1]}}};
-        for (const std::size_t count : {1, 2}) {
+        for (const std::size_t count : {1U, 2U}) {
             const Radar_Chart chart = Y_Chart(std::span(sides).first(count));
             const Room least = Least_Room(chart);
             for (const auto& [wider, higher] :

@@ -45,7 +45,7 @@ struct Firm {
 
 TEST(Advice_Test, Each_Follows_Its_Own_Figure) {
     EXPECT_EQ(Firm().Told(), "") << "in the middle and on the standards";
-    for (const std::size_t number : {8, 9, 10}) {
+    for (const std::size_t number : {8U, 9U, 10U}) {
         Firm firm;
         firm.Lower(number);
         EXPECT_EQ(firm.Told(), "") << "nothing rests on " << number;
