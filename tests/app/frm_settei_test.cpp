@@ -40,13 +40,11 @@ TEST_F(Frm_Settei_Test, What_Is_Entered_Is_Saved) {
     }
     EXPECT_EQ(Press("Cmd_Excute"), "closed");
     const Install_Info info = Read_Install_Info(folder.path);
-    EXPECT_EQ(info.network.smtp.host, "smtp.example.jp");
-    EXPECT_EQ(info.network.smtp.port, 465);
-    EXPECT_EQ(info.network.smtp.security, Mail_Security::Tls);
-    EXPECT_EQ(info.network.smtp.password, "ひみつ");
-    EXPECT_EQ(info.net_check_host, "www.example.jp:80");
+    const auto& smtp = info.network.smtp;
+    EXPECT_EQ(smtp.host + std::to_string(smtp.port) + smtp.password, "smtp.example.jp465ひみつ");
+    EXPECT_EQ(smtp.security, Mail_Security::Tls);
     EXPECT_EQ(Edition_Of(info.tiiki_cd), session.Tiiki_CD);
-    EXPECT_EQ(info.office_name + info.user_id, "見本事務所U-1");
+    EXPECT_EQ(info.net_check_host + info.office_name + info.user_id, "www.example.jp:80見本事務所U-1");
     EXPECT_EQ(session.Office_Name, "見本事務所") << "the next report bears it";
 }
 

@@ -165,12 +165,10 @@ class Layout_Test : public Installation {
         const std::filesystem::path file = folder.path / "windows.ini";
         std::filesystem::remove(file);
         QSettings places(QString::fromStdString(file.string()), QSettings::IniFormat);
-        for (const auto& [key, value] : {std::pair("Frm_Main/x", room.x()),
-                                         {"Frm_Main/y", room.y()},
-                                         {"Frm_Main/width", room.width()},
-                                         {"Frm_Main/height", room.height()}}) {
-            places.setValue(key, value);
-        }
+        places.setValue("Frm_Main/x", room.x());
+        places.setValue("Frm_Main/y", room.y());
+        places.setValue("Frm_Main/width", room.width());
+        places.setValue("Frm_Main/height", room.height());
     }
 
     void Start_On(const QScreen& display) {

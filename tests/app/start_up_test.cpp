@@ -164,8 +164,7 @@ TEST_F(Start_Test, A_Working_Store_That_Does_Not_Fit_Is_Set_Aside) {
         {"not in the register", [&] { Remove_Register_Row(session, 12); }, true, 0},
         {"its own file is gone too", lose_own_file, true, 0},
         {"nobody in hand, broken", lose_mark, true, 0},
-        {"nobody in hand, a folder", put_folder, true, 0},
-    };
+        {"nobody in hand, a folder", put_folder, true, 0}};
     for (const auto& [what, harm, is_kept, in_hand] : cases) {
         SCOPED_TRACE(what);
         for (const fs::path& kept : Kept_Files()) {
@@ -240,8 +239,7 @@ TEST_F(Start_Test, An_Edition_Is_Chosen_Whole_And_Keeps_What_Stood_There) {
     Make_Company(7, 1, 3);
     Choose_Edition(folder.path, Edition::Hokkaido);
     const Install_Info info = Read_Install_Info(folder.path);
-    EXPECT_EQ(info.tiiki_cd, "01");
-    EXPECT_EQ(info.todofuken_mei, "北海道");
+    EXPECT_EQ(info.tiiki_cd + info.todofuken_mei, "01北海道");
     EXPECT_TRUE(Cn_Open(session).Open("SELECT * FROM Jigyo_mas").Eof());
     EXPECT_NO_THROW(Verify_Store(folder.path / "Morvane.dat.bak", session.Db_Key));
 }

@@ -12,7 +12,6 @@
 
 #include <algorithm>
 #include <array>
-#include <set>
 #include <sstream>
 #include <tuple>
 
@@ -80,19 +79,14 @@ class Company_Save_Test : public Kept_Installation {
         for (const Register_Row& row : Read_Register(session)) {
             text += std::to_string(row.number) + "=" + row.name + "/" + row.kana + " ";
         }
-        std::set<std::string> names;
-        for (const auto& file : fs::directory_iterator(folder.path / "data")) {
-            names.insert(file.path().filename());
-        }
-        for (const std::string& name : names) {
-            text += name + " ";
+        for (const auto& [name, content] : Read_Files(folder.path / "data")) {
+            text += name.string() + " ";
         }
         return text;
     }
 
-    const std::string new_company =
-        "JigyoCD=9 SyaMei=新規建設 SyaKana=しんき Ks_ki=12 Ksnen_St=6 KsTuki_St=4 KsHi_St=1 Ksnen_Ed=7 "
-        "KsTuki_Ed=3 KsHi_Ed=31 HoKo=2 Yu1=060";
+    const std::string new_company = "JigyoCD=9 SyaMei=新規建設 SyaKana=しんき Ks_ki=12 Ksnen_St=6 "
+                                    "KsTuki_St=4 KsHi_St=1 Ksnen_Ed=7 KsTuki_Ed=3 KsHi_Ed=31 HoKo=2 Yu1=060";
     Company_Screen screen = Company_Screen::Jg_New;
     Company_Entry entry;
 };
@@ -110,33 +104,29 @@ TEST_F(Company_Save_Test, Refusals_Name_Their_Field_And_Change_Nothing) {
             EXPECT_TRUE(Last_Box().starts_with(box)) << Last_Box();
         }
     };
-    expect_refused({
-        {"JigyoCD= SyaMei=", "JigyoCD", "事業所番号入力確認：事業所番号" + missing},
-        {"SyaMei=　", "SyaMei", "事業所名入力確認：事業所名" + missing},
-        {"SyaKana=", "SyaKana", "事業所カナ名入力確認：事業所カナ名" + missing},
-        {"Ks_ki= Ksnen_St=", "Ks_ki", "決算期入力確認：決算期" + missing},
-        {"KsTuki_St=", "KsTuki_St", "決算期間始　月入力確認：決算期間始　月" + missing},
-        {"KsHi_Ed=", "KsHi_Ed", "決算期間始　日入力確認：決算期間始　日" + missing},
-        {"HoKo= KsHi_St=32", "HoKo", "法人・個人入力確認：法人・個人" + missing},
-        {"KsTuki_St=13", "Ksnen_St", no_start},
-        {"KsHi_Ed=32", "Ksnen_Ed", no_end},
-        {"JigyoCD=2", "JigyoCD", twice},
-        {"JigyoCD=5000002", "JigyoCD", twice},
-        {"JigyoCD=999999", "JigyoCD", "事業所番号エラー：事業所番号"},
-        {"JigyoCD=2147483648", "JigyoCD", "事業所番号エラー：事業所番号"},
-        {"Ks_ki=32768", "Ks_ki", "決算期エラー：決算期"},
-        {"Syozai=" + std::string(101, 'x'), "Syozai",
-         "文字数エラー：所在地は100文字以内で入力してください。"},
-    });
+    expect_refused({{"JigyoCD= SyaMei=", "JigyoCD", "事業所番号入力確認：事業所番号" + missing},
+                    {"SyaMei=　", "SyaMei", "事業所名入力確認：事業所名" + missing},
+                    {"SyaKana=", "SyaKana", "事業所カナ名入力確認：事業所カナ名" + missing},
+                    {"Ks_ki= Ksnen_St=", "Ks_ki", "決算期入力確認：決算期" + missing},
+                    {"KsTuki_St=", "KsTuki_St", "決算期間始　月入力確認：決算期間始　月" + missing},
+                    {"KsHi_Ed=", "KsHi_Ed", "決算期間始　日入力確認：決算期間始　日" + missing},
+                    {"HoKo= KsHi_St=32", "HoKo", "法人・個人入力確認：法人・個人" + missing},
+                    {"KsTuki_St=13", "Ksnen_St", no_start},
+                    {"KsHi_Ed=32", "Ksnen_Ed", no_end},
+                    {"JigyoCD=2", "JigyoCD", twice},
+                    {"JigyoCD=5000002", "JigyoCD", twice},
+                    {"JigyoCD=999999", "JigyoCD", "事業所番号エラー：事業所番号"},
+                    {"JigyoCD=2147483648", "JigyoCD", "事業所番号エラー：事業所番号"},
+                    {"Ks_ki=32768", "Ks_ki", "決算期エラー：決算期"},
+                    {"Syozai=" + std::string(101, 'x'), "Syozai",
+                     "文字数エラー：所在地は100文字以内で入力してください"}});
     // The screen of a firm of its own tests in an order of its own.
     Be_Own_Firm();
-    expect_refused({
-        {"Ks_ki= Ksnen_Ed= SyaMei= unit=1", "Ks_ki", "決算期入力確認"},
-        {"KsTuki_Ed= SyaMei= unit=0", "KsTuki_Ed", "決算期間終了入力確認"},
-        {"SyaMei= unit=0", "En", "処理単位指定確認"},
-        {"SyaMei= KsHi_Ed= unit=1", "SyaMei", "事業所名入力確認"},
-        {"KsHi_Ed=31 KsTuki_Ed=2 unit=1", "Ksnen_Ed", no_end},
-    });
+    expect_refused({{"Ks_ki= Ksnen_Ed= SyaMei= unit=1", "Ks_ki", "決算期入力確認"},
+                    {"KsTuki_Ed= SyaMei= unit=0", "KsTuki_Ed", "決算期間終了入力確認"},
+                    {"SyaMei= unit=0", "En", "処理単位指定確認"},
+                    {"SyaMei= KsHi_Ed= unit=1", "SyaMei", "事業所名入力確認"},
+                    {"KsHi_Ed=31 KsTuki_Ed=2 unit=1", "Ksnen_Ed", no_end}});
     EXPECT_FALSE(Loaded().texts.contains("JigyoCD"));
 }
 
@@ -154,14 +144,12 @@ TEST_F(Company_Save_Test, All_Questions_Come_Before_Any_Action) {
         EXPECT_EQ(entry.Text(field), Loaded().Text(field)) << "the field has its stored value again";
         EXPECT_EQ(entry.Text("Tel"), "011-1");
     }
-    EXPECT_EQ(
-        messages.shown[2].text,
-        "法人・個人識別が変更されました。既に入力されている全てのデータを消去します。\nよろしいですか？");
+    EXPECT_EQ(messages.shown[2].text, "法人・個人識別が変更されました。"
+                                      "既に入力されている全てのデータを消去します。\nよろしいですか？");
     // The refusal of the shift comes before the question that follows it.
     EXPECT_EQ(Save("Ks_ki=1 HoKo=2", {Answer::Yes}), "Refused Ks_ki: 決算期変更確認 決算期変更確認");
-    EXPECT_EQ(
-        messages.shown[1].text,
-        "既に登録されている決算期が0になります。決算期の番号は1からです。\nこの決算期には変更できません。");
+    EXPECT_EQ(messages.shown[1].text, "既に登録されている決算期が0になります。"
+                                      "決算期の番号は1からです。\nこの決算期には変更できません。");
     EXPECT_EQ(Save("Ks_ki=32767", {Answer::Yes}), "Refused Ks_ki: 決算期変更確認 決算期変更確認");
 
     EXPECT_EQ(Save(changes, {Answer::Yes, Answer::Yes, Answer::Yes}).substr(0, 5), "Saved");
@@ -320,12 +308,11 @@ class Company_Files_Test : public Company_Save_Test {
     }
     void Expect_Whole_Save(const std::string& changes,
                            const std::function<bool(const Contents&)>& may_be = {}) {
-        Expect_Whole(
-            [&] {
-                entry = Loaded(changes);
-                return Save_Company(session, screen, entry).outcome;
-            },
-            may_be);
+        const auto save = [&] {
+            entry = Loaded(changes);
+            return Save_Company(session, screen, entry).outcome;
+        };
+        Expect_Whole(save, may_be);
     }
 };
 

@@ -19,10 +19,8 @@ class Period_Test : public Kept_Installation {
         Make_Company(1, 1, 5);
         Run({"UPDATE W_Yoso SET 現状 = 1000 + 要素CD, 改善後0 = 9, 改善後3 = 9 WHERE 要素CD<>210",
              "UPDATE Kandaka_Gj SET 完工高前々期 = 1, 完工高前期 = 2, 完工高基準 = 3, 元請完工高前々期 = 4, "
-             "元請完工高前期 = 5, "
-             "元請完工高基準 = 6, 完工高平均 = 7, 評点X1 = 8, 評点Z1 = 8, 評点Z = 8, 総合評点P = 8, 技術者1 "
-             "= 11, 技術者5 = 15, "
-             "技術者6 = 16, 改0総合評点P = 9, 技術者1前期 = 9",
+             "元請完工高前期 = 5, 元請完工高基準 = 6, 完工高平均 = 7, 評点X1 = 8, 評点Z1 = 8, 評点Z = 8, "
+             "総合評点P = 8, 技術者1 = 11, 技術者5 = 15, 技術者6 = 16, 改0総合評点P = 9, 技術者1前期 = 9",
              "UPDATE QandA SET 質問 = '問', アドバイス = '答' WHERE QNo=41",
              "UPDATE Ks_Zaihyo SET 金額 = 建設科目CD, 借方 = 1, 改善後残高 = 2, 改善後残高1 = 3"});
     }
@@ -41,21 +39,20 @@ TEST_F(Period_Test, A_New_Company_Has_One_Blank_Period) {
          {std::pair(Firm_Type::Corporation, std::string("法人")), {Firm_Type::Individual, "個人"}}) {
         ASSERT_TRUE(New_Data_Set(session, type, 12));
         EXPECT_EQ(session.Data_Ver, Data_Form_No::National);
-        Expect_Rows({
-            {"決算期, count(*) FROM Ks_Zaihyo GROUP BY 決算期", "12=255"},
-            {"決算期, count(*) FROM Kandaka_Gj GROUP BY 決算期", "12=34"},
-            {"決算期 FROM Ks_ki", "12"},
-            {"DISTINCT 決算期 FROM W_Yoso", "12"},
-            {"DISTINCT 決算期 FROM QandA", "12"},
-            {"要素CD, 現状 FROM W_Yoso WHERE 現状 Is Not Null", "210=4"},
-            {"並び順 FROM Ks_Zaihyo WHERE 建設科目CD=99", "5"},
-            {"count(金額) + count(改善後残高), sum(法人科目名<>個人科目名)>0 FROM Ks_Zaihyo", "0=1"},
-            {"count(*) FROM Ks_Zaihyo WHERE 建設科目名 Is Not " + name + "科目名 Or 非表示識別<>" + name +
-                 "非表示識別 Or 非印刷識別<>" + name + "非印刷識別",
-             "0"},
-            {"科目編集識別 FROM Ks_Zaihyo WHERE 建設科目CD=234", type == Firm_Type::Corporation ? "0" : "-1"},
-            {"Info_No FROM sys_info ORDER BY Info_No", "11 14 15 21"},
-        });
+        Expect_Rows({{"決算期, count(*) FROM Ks_Zaihyo GROUP BY 決算期", "12=255"},
+                     {"決算期, count(*) FROM Kandaka_Gj GROUP BY 決算期", "12=34"},
+                     {"決算期 FROM Ks_ki", "12"},
+                     {"DISTINCT 決算期 FROM W_Yoso", "12"},
+                     {"DISTINCT 決算期 FROM QandA", "12"},
+                     {"要素CD, 現状 FROM W_Yoso WHERE 現状 Is Not Null", "210=4"},
+                     {"並び順 FROM Ks_Zaihyo WHERE 建設科目CD=99", "5"},
+                     {"count(金額) + count(改善後残高), sum(法人科目名<>個人科目名)>0 FROM Ks_Zaihyo", "0=1"},
+                     {"count(*) FROM Ks_Zaihyo WHERE 建設科目名 Is Not " + name + "科目名 Or 非表示識別<>" +
+                          name + "非表示識別 Or 非印刷識別<>" + name + "非印刷識別",
+                      "0"},
+                     {"科目編集識別 FROM Ks_Zaihyo WHERE 建設科目CD=234",
+                      type == Firm_Type::Corporation ? "0" : "-1"},
+                     {"Info_No FROM sys_info ORDER BY Info_No", "11 14 15 21"}});
     }
 }
 
@@ -80,8 +77,7 @@ TEST_F(Period_Test, A_Template_That_Does_Not_Fit_Changes_Nothing) {
     const std::tuple<const char*, const char*, bool> cases[] = {
         {"morv_set.dat", "DELETE FROM Ks_Zaihyo WHERE 建設科目CD=101", true},
         {"morv_org.dat", "DELETE FROM Ks_Zaihyo_Zk_new WHERE 建設科目CD=101", true},
-        {"morv_org.dat", "DELETE FROM Ks_Zaihyo_Zk_new", false},
-    };
+        {"morv_org.dat", "DELETE FROM Ks_Zaihyo_Zk_new", false}};
     for (const auto& [file, change, copies] : cases) {
         Restore();
         Connection(folder.path / file, session.Db_Key).Execute(change);
@@ -125,22 +121,21 @@ TEST_F(Period_Test, A_Period_Is_Added_On_Either_Side) {
          {std::pair(6, "-=2=3=-=-=-=5=6=-=-=11=15=-=-=-"), {4, "-=-=-=-=-=-=-=-=-=-=-=-=-=-=-"}}) {
         SCOPED_TRACE(period);
         const std::string of = " WHERE 決算期=" + std::to_string(period);
-        Expect_Rows({
-            {"count(*), count(金額) + count(借方) + count(改善後残高) + count(改善後残高1) FROM Ks_Zaihyo" +
-                 of,
-             "255=0"},
-            {"count(*) FROM Kandaka_Gj" + of, "34"},
-            {"完工高平均, 完工高前々期, 完工高前期, 完工高前平均, 完工高基準, 評点X1, 元請完工高前々期, "
-             "元請完工高前期, 元請完工高基準, 評点Z1, 技術者1, 技術者5, 技術者6, 総合評点P, 改0総合評点P "
-             "FROM Kandaka_Gj" +
-                 of + " And 工種CD=9",
-             works},
-            {"要素CD FROM W_Yoso" + of + " And 現状 Is Not Null ORDER BY 要素CD",
-             "101 102 103 104 105 111 121 131 141 142 143 151 152"},
-            {"count(改善後0) + count(改善後3), max(現状-要素CD), min(現状-要素CD) FROM W_Yoso" + of,
-             "0=1000=1000"},
-            {"count(質問) + count(アドバイス) FROM QandA" + of, "0"},
-        });
+        Expect_Rows(
+            {{"count(*), count(金額) + count(借方) + count(改善後残高) + count(改善後残高1) FROM Ks_Zaihyo" +
+                  of,
+              "255=0"},
+             {"count(*) FROM Kandaka_Gj" + of, "34"},
+             {"完工高平均, 完工高前々期, 完工高前期, 完工高前平均, 完工高基準, 評点X1, 元請完工高前々期, "
+              "元請完工高前期, 元請完工高基準, 評点Z1, 技術者1, 技術者5, 技術者6, 総合評点P, 改0総合評点P "
+              "FROM Kandaka_Gj" +
+                  of + " And 工種CD=9",
+              works},
+             {"要素CD FROM W_Yoso" + of + " And 現状 Is Not Null ORDER BY 要素CD",
+              "101 102 103 104 105 111 121 131 141 142 143 151 152"},
+             {"count(改善後0) + count(改善後3), max(現状-要素CD), min(現状-要素CD) FROM W_Yoso" + of,
+              "0=1000=1000"},
+             {"count(質問) + count(アドバイス) FROM QandA" + of, "0"}});
         for (const std::string rows : {"要素CD, 要素名 FROM W_Yoso", "QNo, タイトル FROM QandA"}) {
             EXPECT_EQ(List("SELECT " + rows + of + " ORDER BY 1"),
                       List("SELECT " + rows + " WHERE 決算期=5 ORDER BY 1"));
@@ -160,8 +155,7 @@ TEST_F(Period_Test, An_Older_Source_Is_Brought_To_The_Present_Elements) {
         {"DELETE FROM W_Yoso WHERE 要素CD>=210 And 要素CD<=219", standing + " 210=2"},
         {pension_parked, "101=1101 102=1102 103=1103 104=1104 105=1105 106=1106 210=-"},
         {"DELETE FROM W_Yoso WHERE 要素CD=106 Or 要素CD>=210",
-         "101=1101 102=1102 103=- 104=1103 105=1104 106=1105 210=4"},
-    };
+         "101=1101 102=1102 103=- 104=1103 105=1104 106=1105 210=4"}};
     Make_Filled_Company();
     Keep();
     for (const auto& [changes, elements] : cases) {
@@ -186,11 +180,10 @@ TEST_F(Period_Test, A_Registered_Period_Or_A_Missing_Neighbour_Is_Refused) {
     Make_Filled_Company();
     ASSERT_TRUE(Period_Copy(session, 6, 5, Copy_Mode::After));
     before = State();
-    for (const auto& [period, mode] : {std::pair<std::int16_t, Copy_Mode>(5, Copy_Mode::Before),
-                                       {6, Copy_Mode::After},
-                                       {8, Copy_Mode::After},
-                                       {3, Copy_Mode::Before},
-                                       {4, Copy_Mode::After}}) {
+    constexpr auto after = Copy_Mode::After, earlier = Copy_Mode::Before;
+    const std::pair<std::int16_t, Copy_Mode> cases[] = {
+        {5, earlier}, {6, after}, {8, after}, {3, earlier}, {4, after}};
+    for (const auto& [period, mode] : cases) {
         EXPECT_PRED2(Has,
                      Refusal_Of([&, number = period, how = mode] { Period_Copy(session, number, 6, how); }),
                      "登録されて");
@@ -217,8 +210,7 @@ TEST_F(Period_Test, Law_Years_There_And_Back) {
         {no_106, {3, 2, 3}, oldest},
         {"INSERT INTO W_Yoso (決算期, 要素CD, 現状) VALUES (5, 999, 77)", {2}, parked},
         // Without a row for it the law year would read 1.
-        {"DELETE FROM W_Yoso WHERE 要素CD=210", {2, 3}, now + "3"},
-    };
+        {"DELETE FROM W_Yoso WHERE 要素CD=210", {2, 3}, now + "3"}};
     Make_Filled_Company();
     ASSERT_TRUE(Period_Copy(session, 4, 5, Copy_Mode::Before));
     Keep();
@@ -246,8 +238,7 @@ TEST_F(Period_Test, The_Firm_Type_Changes_Captions_And_Wipes) {
     session.Syori_Ki = 6;
     Run({"UPDATE Ks_Zaihyo SET 金額 = 1, 借方 = 1, 貸方 = 1, 改善後残高 = 1, 仮金額 = 1, 改善後残高1 = 3",
          "UPDATE Kandaka_Gj SET 完工高基準 = 3, 元請完工高基準 = 6, 技術者1 = 11, 技術者1前期 = 9, 評点Z = "
-         "8, 総合評点P = 8, "
-         "改0総合評点P = 9",
+         "8, 総合評点P = 8, 改0総合評点P = 9",
          "INSERT INTO XW_Yoso (決算期, 要素CD, 現状, 入力値) VALUES (6, 1, 5, 6), (7, 1, 5, 6)",
          "INSERT INTO Kandaka_KzT (決算期, 工種CD, 評点Z) VALUES (6, 1, 5), (7, 1, 5)",
          "UPDATE QandA SET 質問 = '問' WHERE 決算期=6 And QNo=41"});

@@ -194,8 +194,7 @@ TEST_F(Check_Out_Test, Only_The_Company_Asked_For_Is_Taken_Or_Saved) {
         {"DELETE FROM Jigyo_mas", "事業所番号のないデータ"},
         {"UPDATE Jigyo_mas SET 地域CD='0102'", "北海道版のデータで、このデータフォルダの全国版の"},
         {"UPDATE Ks_Zaihyo SET 並び順=6 WHERE 建設科目CD=99", "北海道版のデータ"},
-        {"UPDATE Ks_Zaihyo SET 並び順=4 WHERE 建設科目CD=99", "北海道版のデータ"},
-    };
+        {"UPDATE Ks_Zaihyo SET 並び順=4 WHERE 建設科目CD=99", "北海道版のデータ"}};
     for (const auto& [sql, words] : cases) {
         SCOPED_TRACE(sql);
         Restore();

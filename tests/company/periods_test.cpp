@@ -70,8 +70,7 @@ TEST_F(Periods_Test, A_New_Period_Has_The_Law_Year_Chosen_For_It) {
         {after, 36, 3, now + "3", "36=8=9 1 見本1 36 法人 5 3"},
         {after, 36, 2, parked, "36=8=9 1 見本1 36 法人 5 2"},
         {earlier, 32, 2, parked, "32=4=5 1 見本1 32 法人 5 2"},
-        {earlier, 32, 1, "103=1104 104=1105 105=- 210=1 999=1103", "32=4=5 1 見本1 32 法人 5 1"},
-    };
+        {earlier, 32, 1, "103=1104 104=1105 105=- 210=1 999=1103", "32=4=5 1 見本1 32 法人 5 1"}};
     for (const auto& [mode, number, law, elements, in_hand] : cases) {
         Restore();
         messages.answers = {Answer::Yes};
@@ -129,9 +128,7 @@ TEST_F(Periods_Test, What_Is_Refused_Or_Declined_Changes_Nothing) {
          no_deletion + "削除できる決算期は、最古または最新決算期のみです。中間の決算期は削除できません。"},
         {Delete, 33, "",
          "指定決算期データ削除確認：指定された決算期の全データを削除します。削除したデータは復活できません！"
-         "\n"
-         "よろしいですか？"},
-    };
+         "\nよろしいですか？"}};
     start.Data_Ver = Data_Form_No::National_2008;
     for (const auto& [act, period, change, box] : cases) {
         Restore();
@@ -161,8 +158,7 @@ TEST_F(Periods_Test, A_Number_That_Cannot_Be_A_New_Period) {
         {earlier, 34, "第34期は既に登録されています。"},
         {earlier, 31, "次の期（第32期）が登録されていません。"},
         {earlier, -1, "1 から 32767 まで"},
-        {earlier, 0, "1 から 32767 まで"},
-    };
+        {earlier, 0, "1 から 32767 まで"}};
     for (const auto& [mode, number, part] : cases) {
         EXPECT_PRED2(Has, New_Period_Fault(Read_Periods(session), number, mode), part);
         EXPECT_EQ(Create_Period(session, number, mode, Law_Of(4).code), Creation::Bad_Number);
@@ -229,33 +225,30 @@ TEST_F(Periods_Test, The_Law_Year_Follows_The_Options) {
         return "経審計算年の変更確認：" + law + "年改正のデータに変更します。\nよろしいですか？";
     };
     const std::string no_2008 = "経審年指定エラー：2008年のシミュレーションはできません。";
-    struct Row {
-        std::int16_t period;
-        int present, wanted, marked;
-        Answer answer;
-        std::string box; ///< empty for none
-        int mark_after, law_after;
-    };
-    for (const Row& c :
-         {Row{34, 4, 1, 4, Answer::Ok, no_2008, 4, 4}, Row{34, 1, 1, 1, Answer::Ok, "", 1, 1},
-          Row{34, 4, 4, 2, Answer::Ok, "", 4, 4}, Row{34, 2, 4, 2, Answer::Ok, "", 4, 2},
-          Row{34, 2, 2, 4, Answer::Yes, "", 2, 2}, Row{34, 4, 2, 4, Answer::No, question("2011"), 3, 4},
-          Row{34, 2, 3, 2, Answer::No, question("2012"), 2, 2},
-          Row{34, 4, 2, 4, Answer::Yes, question("2011"), 2, 2},
-          Row{34, 2, 3, 2, Answer::Yes, question("2012"), 3, 3},
-          Row{33, 4, 2, 4, Answer::Yes, question("2011"), 2, 2}}) {
-        SCOPED_TRACE(std::to_string(c.present) + " to " + std::to_string(c.wanted));
-        Set_Law_Year(session, c.period, Law_Of(c.present).code);
-        session.Simyu_Kubun = Law_Of(c.period == 34 ? c.present : 4).code;
+    // An empty box is none.
+    using Row = std::tuple<std::int16_t, int, int, int, Answer, std::string, int, int>;
+    for (const auto& [period, present, wanted, marked, answer, box, mark_after, law_after] :
+         {Row{34, 4, 1, 4, Answer::Ok, no_2008, 4, 4},
+          {34, 1, 1, 1, Answer::Ok, "", 1, 1},
+          {34, 4, 4, 2, Answer::Ok, "", 4, 4},
+          {34, 2, 4, 2, Answer::Ok, "", 4, 2},
+          {34, 2, 2, 4, Answer::Yes, "", 2, 2},
+          {34, 4, 2, 4, Answer::No, question("2011"), 3, 4},
+          {34, 2, 3, 2, Answer::No, question("2012"), 2, 2},
+          {34, 4, 2, 4, Answer::Yes, question("2011"), 2, 2},
+          {34, 2, 3, 2, Answer::Yes, question("2012"), 3, 3},
+          {33, 4, 2, 4, Answer::Yes, question("2011"), 2, 2}}) {
+        SCOPED_TRACE(std::to_string(present) + " to " + std::to_string(wanted));
+        Set_Law_Year(session, period, Law_Of(present).code);
+        session.Simyu_Kubun = Law_Of(period == 34 ? present : 4).code;
         messages.shown.clear();
-        messages.answers = {c.answer};
-        EXPECT_EQ(
-            Law_Number(Change_Law_Year(session, c.period, Law_Of(c.wanted).code, Law_Of(c.marked).code)),
-            c.mark_after);
-        EXPECT_EQ(Field("W_Yoso", "現状", "要素CD=210 And 決算期=" + std::to_string(c.period)).As_Integer(),
-                  c.law_after);
-        EXPECT_EQ(Law_Number(session.Simyu_Kubun), c.period == 34 ? c.law_after : 4);
-        Expect_Last_Box(c.box, c.box.empty() ? 0 : 1);
+        messages.answers = {answer};
+        EXPECT_EQ(Law_Number(Change_Law_Year(session, period, Law_Of(wanted).code, Law_Of(marked).code)),
+                  mark_after);
+        EXPECT_EQ(Field("W_Yoso", "現状", "要素CD=210 And 決算期=" + std::to_string(period)).As_Integer(),
+                  law_after);
+        EXPECT_EQ(Law_Number(session.Simyu_Kubun), period == 34 ? law_after : 4);
+        Expect_Last_Box(box, box.empty() ? 0 : 1);
     }
     Set_Law_Year(session, 34, Law_Of(4).code);
     EXPECT_EQ(Elements(34), "103=1103 104=1104 105=1105 106=1106 210=4");
@@ -269,8 +262,7 @@ TEST_F(Periods_Test, No_Failing_Write_Leaves_Half_A_Change) {
         [](Session& copy) { Delete_Period(copy, 33); },
         [](Session& copy) { Change_Law_Year(copy, 34, Law_Of(2).code, Law_Of(4).code); },
         [](Session& copy) { Set_Law_Year(copy, 33, Law_Of(3).code); },
-        [](Session& copy) { To_Kojin(copy, 0); },
-    };
+        [](Session& copy) { To_Kojin(copy, 0); }};
     Set_Law_Year(session, 33, Law_Of(2).code);
     Keep();
     for (const auto& act : acts) {

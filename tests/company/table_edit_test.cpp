@@ -51,15 +51,9 @@ class Table_Edit_Test : public Installation {
             elements[code] = code % 100 == 1 ? 2.0 : 1.0;
         }
         Put_Elements(elements);
-        for (const int code : {0, 9, 33}) {
-            Put_Work(code, {{"完工高前々期", 20000.0 + code},
-                            {"完工高前期", 30000},
-                            {"完工高基準", 40000},
-                            {"元請完工高基準", 10000},
-                            {"技術者1", 2},
-                            {"技術者2", 1}});
-        }
-        Run({changes});
+        Run({"UPDATE Kandaka_Gj SET 完工高前々期=20000+工種CD, 完工高前期=30000, 完工高基準=40000, "
+             "元請完工高基準=10000, 技術者1=2, 技術者2=1 WHERE 工種CD IN (0, 9, 33)",
+             changes});
         if (!engineers_6) {
             Drop_Engineers_6();
         }
@@ -130,16 +124,15 @@ class Table_Edit_Test : public Installation {
 
 TEST_F(Table_Edit_Test, Old_Stores_Of_The_National_Edition) {
     const std::string before_2016 = short_ledger + no_work_style + two_types_less;
-    for (const Old_Store& old : {
-             Old_Store{"present", true, 5, "", "11 14 15 21", ""},
-             {"before 2021", false, 5, "engineers style", "11 14 15 21",
-              "DELETE FROM sys_info WHERE Info_No=21;" + no_work_style},
-             {"columns, no ledger row", true, 5, "engineers", "11 14 15 21",
-              "DELETE FROM sys_info WHERE Info_No=21"},
-             {"before 2016", false, 5, "161 engineers types style", "11 14 21", before_2016 + old_accounts},
-             {"form 3", false, 3, "types style", "11", before_2016 + Of_Form(3)},
-             {"no marker row", false, 51, "style", "11", short_ledger + no_marker + no_work_style},
-         }) {
+    for (const Old_Store& old :
+         {Old_Store{"present", true, 5, "", "11 14 15 21", ""},
+          {"before 2021", false, 5, "engineers style", "11 14 15 21",
+           "DELETE FROM sys_info WHERE Info_No=21;" + no_work_style},
+          {"columns, no ledger row", true, 5, "engineers", "11 14 15 21",
+           "DELETE FROM sys_info WHERE Info_No=21"},
+          {"before 2016", false, 5, "161 engineers types style", "11 14 21", before_2016 + old_accounts},
+          {"form 3", false, 3, "types style", "11", before_2016 + Of_Form(3)},
+          {"no marker row", false, 51, "style", "11", short_ledger + no_marker + no_work_style}}) {
         Expect_Brought_Forward(old);
     }
 }
@@ -147,12 +140,10 @@ TEST_F(Table_Edit_Test, Old_Stores_Of_The_National_Edition) {
 TEST_F(Table_Edit_Test, Old_Stores_Of_Hokkaido) {
     Install("01");
     const std::string form_4 = short_ledger + Of_Form(4) + no_work_style + two_types_less;
-    for (const Old_Store& old : {
-             Old_Store{"before 2010", false, 6, "161 232 engineers", "11 14 15 21",
-                       short_ledger + old_accounts},
-             {"form 4", false, 4, "types style", "11", form_4},
-             {"no marker row", false, 52, "", "11", short_ledger + no_marker},
-         }) {
+    for (const Old_Store& old :
+         {Old_Store{"before 2010", false, 6, "161 232 engineers", "11 14 15 21", short_ledger + old_accounts},
+          {"form 4", false, 4, "types style", "11", form_4},
+          {"no marker row", false, 52, "", "11", short_ledger + no_marker}}) {
         Expect_Brought_Forward(old);
     }
     // The oldest form of this edition is taken in hand, so it is scored, before and after.

@@ -8,29 +8,31 @@
 #include "statements/zaimu_calc.h"
 #include "support/installation_fixture.h"
 
+#include <tuple>
+
 namespace morvane::tests {
 namespace {
 
 class Data_Conversion : public Kept_Installation {
   protected:
-    void Convert_2008() {
+    /// Company 1 with amounts in the form of 2008 gets the accounts of a new period.
+    void Convert_2008(std::int16_t firm_type, const std::map<int, double>& amounts) {
+        Make_Company(1, firm_type, 30);
+        const std::string codes = "SELECT 建設科目CD FROM Ks_Zaihyo ORDER BY 建設科目CD";
+        const std::string new_codes = List(codes);
+        Make_Form_2008();
+        Put_Amounts(amounts);
         messages.answers = {Answer::Yes};
         ASSERT_TRUE(Conv_2008_To_2010(session));
         EXPECT_EQ(Last_Box(), "財務データ変換終了：データ変換が終了しました。");
         EXPECT_TRUE(messages.shown.back().beep);
         EXPECT_EQ(Get_Data_Ver(session, 30), session.Data_Ver);
+        EXPECT_EQ(List(codes), new_codes);
     }
-
-    std::string Codes() const { return List("SELECT 建設科目CD FROM Ks_Zaihyo ORDER BY 建設科目CD"); }
 };
 
 TEST_F(Data_Conversion, The_2010_Form_Has_The_Accounts_Of_A_New_Period) {
-    Make_Company(1, 1, 30);
-    const std::string new_codes = Codes();
-    Make_Form_2008();
-    Put_Amounts({{140, 1000}, {145, 5}, {153, 40}, {204, 700}, {207, 30}, {232, 900}, {237, 9}});
-    Convert_2008();
-    EXPECT_EQ(Codes(), new_codes);
+    Convert_2008(1, {{140, 1000}, {145, 5}, {153, 40}, {204, 700}, {207, 30}, {232, 900}, {237, 9}});
     EXPECT_EQ(session.Data_Ver, Data_Form_No::National);
     const std::map<int, double> moved = {{143, 1000}, {148, 5}, {154, 40}, {205, 700}, {208, 30}, {233, 900},
                                          {238, 9},    {140, 0}, {153, 0},  {204, 0},   {232, 0}};
@@ -50,21 +52,13 @@ TEST_F(Data_Conversion, The_2010_Form_Has_The_Accounts_Of_A_New_Period) {
 
 TEST_F(Data_Conversion, More_Current_Liabilities_Of_Hokkaido_Move) {
     Install("01");
-    Make_Company(1, 1, 30);
-    const std::string new_codes = Codes();
-    Make_Form_2008();
-    Put_Amounts({{216, 77}});
-    Convert_2008();
-    EXPECT_EQ(Codes(), new_codes);
+    Convert_2008(1, {{216, 77}});
     EXPECT_EQ(Amount(217), 77);
     EXPECT_EQ(session.Data_Ver, Data_Form_No::Hokkaido);
 }
 
 TEST_F(Data_Conversion, An_Individuals_Loans_Take_The_Line_Of_The_Payables) {
-    Make_Company(1, 2, 30);
-    Make_Form_2008();
-    Put_Amounts({{203, 11}, {207, 500}});
-    Convert_2008();
+    Convert_2008(2, {{203, 11}, {207, 500}});
     ASSERT_EQ(messages.shown.size(), 3U);
     EXPECT_PRED2(Has, messages.shown[1].title + messages.shown[1].text,
                  "データ変換メッセージ「流動負債」の「買掛金」に金額があります。");
@@ -76,33 +70,29 @@ TEST_F(Data_Conversion, An_Individuals_Loans_Take_The_Line_Of_The_Payables) {
 
 TEST_F(Data_Conversion, Refusals_And_No_Change_Nothing) {
     Make_Company(1, 1, 30);
-    struct Row {
-        int form, law;
-        bool to_2015;
-        const char* text;
-    };
-    for (const Row& row : {Row{2, 3, false, "2008年改正時点より前のデータです。"},
-                           {5, 3, false, "既に、2010年以降の財務データです。"},
-                           {6, 3, false, "既に、2010年以降の財務データです。"},
-                           {3, 3, false, "2010年以降の財務データに変換します。"},
-                           {4, 3, true, "2008年改正以前のデータです。"},
-                           {5, 4, true, "既に、2015年改正後データです。"},
-                           {5, 3, true, "2015年改正対応のデータに変換します。"}}) {
-        Set_Law_Year(session, 30, Law_Of(row.law).code);
-        session.Data_Ver = Data_Form_Of(row.form);
+    for (const auto& [form, law, to_2015, text] :
+         {std::tuple(2, 3, false, "2008年改正時点より前のデータです。"),
+          {5, 3, false, "既に、2010年以降の財務データです。"},
+          {6, 3, false, "既に、2010年以降の財務データです。"},
+          {3, 3, false, "2010年以降の財務データに変換します。"},
+          {4, 3, true, "2008年改正以前のデータです。"},
+          {5, 4, true, "既に、2015年改正後データです。"},
+          {5, 3, true, "2015年改正対応のデータに変換します。"}}) {
+        Set_Law_Year(session, 30, Law_Of(law).code);
+        session.Data_Ver = Data_Form_Of(form);
         before = State();
         messages.shown.clear();
-        EXPECT_FALSE(row.to_2015 ? Mnu_Dt2015(session) : Conv_2008_To_2010(session)) << row.text;
-        ASSERT_EQ(messages.shown.size(), 1U) << row.text;
-        EXPECT_PRED2(Has, messages.shown[0].text, row.text);
+        EXPECT_FALSE(to_2015 ? Mnu_Dt2015(session) : Conv_2008_To_2010(session)) << text;
+        ASSERT_EQ(messages.shown.size(), 1U) << text;
+        EXPECT_PRED2(Has, messages.shown[0].text, text);
         EXPECT_EQ(messages.shown[0].default_answer,
                   messages.shown[0].buttons == Buttons::Yes_No ? Answer::No : Answer::Ok);
-        EXPECT_TRUE(State() == before) << row.text;
+        EXPECT_TRUE(State() == before) << text;
     }
 }
 
 TEST_F(Data_Conversion, To_2015_Adds_Only_What_Is_Missing_And_Renumbers_Older_Law_Years) {
-    for (const std::int16_t law : {std::int16_t{1}, std::int16_t{2}, std::int16_t{3}}) {
+    for (const int law : {1, 2, 3}) {
         Make_Company(1, 1, 30);
         Put_Elements({{103, 1}, {104, 0}, {106, 1}, {221, 12}});
         Set_Law_Year(session, 30, Law_Of(law).code);

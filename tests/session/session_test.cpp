@@ -42,29 +42,19 @@ class Session_Test : public Installation {
 };
 
 TEST(Comma_Str_Test, Groups_Of_Three) {
-    const std::pair<Value, const char*> cases[] = {
-        {Value(), ""},
-        {"", ""},
-        {0, "0"},
-        {999, "999"},
-        {-1234, "-1,234"},
-        {-100000, "-100,000"},
-        {-999.5, "-999"},
-        {-1234567.25, "-1,234,567.25"},
-        {999999999999.0, "999,999,999,999"},
-        {"-12345.60", "-12,345.60"},
-    };
-    for (const auto& [value, text] : cases) {
-        EXPECT_EQ(Comma_Str(value), text);
+    const Value values[] = {{}, "", 0, 999, -1234, -100000, -999.5, -1234567.25, 999999999999.0, "-12345.60"};
+    std::string texts;
+    for (const Value& value : values) {
+        texts += Comma_Str(value) + "|";
     }
+    EXPECT_EQ(texts, "||0|999|-1,234|-100,000|-999|-1,234,567.25|999,999,999,999|-12,345.60|");
 }
 
 TEST_F(Session_Test, A_Note_Has_A_Question_Or_An_Advice) {
     Make_Company(1, 1, 5);
     Run({"UPDATE QandA SET 質問 = '問' WHERE QNo=41", "UPDATE QandA SET アドバイス = '答' WHERE QNo=42",
          "INSERT INTO QandA (決算期, QNo, 質問) VALUES (4, 43, '前期')"});
-    for (const auto& [screen, noted] :
-         {std::pair(41, true), std::pair(42, true), std::pair(43, false), std::pair(99, false)}) {
+    for (const auto& [screen, noted] : {std::pair(41, true), {42, true}, {43, false}, {99, false}}) {
         EXPECT_EQ(QandA_Flag(session, screen), noted) << screen;
     }
 }
@@ -73,29 +63,24 @@ TEST_F(Session_Test, A_Note_Has_A_Question_Or_An_Advice) {
 // 552.
 TEST_F(Session_Test, Data_Forms_By_Edition) {
     const Value no_row = -1;
-    struct Row {
-        Value marker;
-        bool has_552;
-        int national, hokkaido;
-    };
-    const Row cases[] = {{5, false, 5, 5},  {6, true, 6, 6},         {3, false, 3, 3},
-                         {4, false, 4, 4},  {1, true, 1, 53},        {1, false, 1, 53},
-                         {2, false, 2, 53}, {2, true, 2, 2},         {{}, false, 2, 53},
-                         {{}, true, 2, 2},  {no_row, false, 51, 52}, {no_row, true, 51, 52}};
+    const std::tuple<Value, bool, int, int> cases[] = {
+        {5, false, 5, 5},   {6, true, 6, 6},   {3, false, 3, 3},        {4, false, 4, 4},
+        {1, true, 1, 53},   {1, false, 1, 53}, {2, false, 2, 53},       {2, true, 2, 2},
+        {{}, false, 2, 53}, {{}, true, 2, 2},  {no_row, false, 51, 52}, {no_row, true, 51, 52}};
     const Connection cn = Cn_Open(session);
     const char* const insert = "INSERT INTO Ks_Zaihyo (決算期, 建設科目CD, 並び順) VALUES (?, ?, ?)";
-    for (const Row& c : cases) {
+    for (const auto& [marker, has_552, national, hokkaido] : cases) {
         cn.Execute("DELETE FROM Ks_Zaihyo");
-        if (c.marker != no_row) {
-            cn.Execute(insert, 3, 99, c.marker);
+        if (marker != no_row) {
+            cn.Execute(insert, 3, 99, marker);
         }
-        if (c.has_552) {
+        if (has_552) {
             cn.Execute(insert, 3, 552, 0);
         }
         cn.Execute(insert, 2, 99, 4);
         cn.Execute(insert, 2, 552, 0);
-        EXPECT_EQ(Number_Of(Get_Data_Ver(cn, Edition::National, 3)), c.national) << c.marker.As_Text();
-        EXPECT_EQ(Number_Of(Get_Data_Ver(cn, Edition::Hokkaido, 3)), c.hokkaido) << c.marker.As_Text();
+        EXPECT_EQ(Number_Of(Get_Data_Ver(cn, Edition::National, 3)), national) << marker.As_Text();
+        EXPECT_EQ(Number_Of(Get_Data_Ver(cn, Edition::Hokkaido, 3)), hokkaido) << marker.As_Text();
     }
 }
 
@@ -104,8 +89,7 @@ TEST_F(Session_Test, The_Marker_Keeps_Any_Name) {
          {"", "見本", "a,b", "\"", "\"株\"式,会社\"", "二\n行", "終\n", ",", "999999,\"x\""}) {
         Write_Kidou_Ini(folder.path, {-7, name});
         const Kidou_Marker marker = Read_Kidou_Ini(folder.path);
-        EXPECT_EQ(marker.number, -7);
-        EXPECT_EQ(marker.name, name);
+        EXPECT_EQ(std::to_string(marker.number) + marker.name, std::string("-7") + name);
         EXPECT_FALSE(marker.Is_Clean());
     }
     Write_Kidou_Ini(folder.path, {});
@@ -179,10 +163,9 @@ TEST(Stored_Codes_Test, They_Read_As_One_Of_A_Few_Or_None) {
         EXPECT_EQ(type.has_value(), number == 1 || number == 2) << number;
         EXPECT_EQ(Counted(type), number == 1 ? Firm_Type::Corporation : Firm_Type::Individual) << number;
     }
-    for (const int number : {1, 2, 3}) {
-        EXPECT_EQ(static_cast<int>(Display_Unit_Of(number)), number - 1);
+    for (const auto& [number, unit] : {std::pair(0, 2), {1, 0}, {2, 1}, {3, 2}}) {
+        EXPECT_EQ(static_cast<int>(Display_Unit_Of(number)), unit) << number;
     }
-    EXPECT_EQ(Display_Unit_Of(0), Display_Unit::Millions);
 }
 
 TEST_F(Session_Test, Data_Beside_The_Program_Are_Never_Passed_Over) {
