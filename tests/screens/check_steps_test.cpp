@@ -48,19 +48,13 @@ class Reader {
 
     long double Number() {
         Take("");
-        std::string digits;
-        std::size_t at = rest.starts_with("-") ? 1 : 0;
-        while (at < rest.size() && (std::isdigit(static_cast<unsigned char>(rest[at])) != 0 ||
-                                    rest[at] == ',' || rest[at] == '.')) {
-            ++at;
-        }
-        for (const char c : rest.substr(0, at)) {
-            digits += c == ',' ? "" : std::string(1, c);
-        }
+        const std::size_t sign = rest.starts_with("-") ? 1 : 0;
+        std::string digits(rest.substr(0, rest.find_first_not_of("0123456789,.", sign)));
+        rest.remove_prefix(digits.size());
+        std::erase(digits, ',');
         if (digits.empty() || digits == "-") {
             throw std::runtime_error("no number: " + std::string(rest));
         }
-        rest.remove_prefix(at);
         numbers.push_back(std::stold(digits));
         return numbers.back();
     }

@@ -112,8 +112,7 @@ TEST_F(Consultation, The_Advice_Has_Two_Sides) {
     form.resize(500, 400);
     QCoreApplication::processEvents();
     QTest::keyClick(&form, Qt::Key_PageDown);
-    EXPECT_GT(Child<QScrollArea>(form, "Body_Scroll")->verticalScrollBar()->value(), 0)
-        << "read without a mouse";
+    EXPECT_GT(Child<QScrollArea>(form, "Body_Scroll")->verticalScrollBar()->value(), 0) << "by keys";
     Click(form, "Cmd_12com");
     EXPECT_TRUE(!advice->isVisible() && twelve->isVisible());
     for (std::size_t i = 0; i < comments.size(); ++i) {

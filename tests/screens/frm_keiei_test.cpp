@@ -154,10 +154,9 @@ TEST_F(Keiei_Compared, Figures_Of_Another_Firm_Follow_The_Keys) {
     Frm_Keiei form(shell, "Frm_KeieiKz");
     Show(form);
     EXPECT_EQ(Shown(form, "Ex_Mes") + Shown(form, "GEx_Mes"), "：自社(上段)：他社(下段)");
-    Expect_Side(form, {"Yoso", "Kzkekka", "TRitu", "BouKz", "YTen", "Y"},
-                Show_Keiei(Calc_Y(session, {10, Scenario::Genjo})));
-    EXPECT_EQ(Shown(form, "GeY") + Shown(form, "Gekekka1") + Shown(form, "GeY_Sa"), "")
-        << "nothing is keyed yet";
+    const Keiei_Texts own = Show_Keiei(Calc_Y(session, {10, Scenario::Genjo}));
+    Expect_Side(form, {"Yoso", "Kzkekka", "TRitu", "BouKz", "YTen", "Y"}, own);
+    EXPECT_EQ(Shown(form, "GeY") + Shown(form, "Gekekka1") + Shown(form, "GeY_Sa"), "") << "nothing keyed";
 
     const auto other = Calc_Y(session, {10, Scenario::Kaizen});
     Y_Elements elements{};
@@ -172,8 +171,7 @@ TEST_F(Keiei_Compared, Figures_Of_Another_Firm_Follow_The_Keys) {
     const Keiei_Texts texts = Show_Keiei(other);
     EXPECT_EQ(Shown(form, "GeY"), texts.Y);
     EXPECT_EQ(Shown(form, "Gekekka7") + Shown(form, "GeTRitu5"), texts.kekka[6] + texts.TRitu[4] + " %");
-    EXPECT_EQ(Shown(form, "YTen"), Show_Keiei(Calc_Y(session, {10, Scenario::Genjo})).YTen)
-        << "the own firm stays";
+    EXPECT_EQ(Shown(form, "YTen"), own.YTen) << "the own firm stays";
 }
 
 TEST_F(Keiei_Compared, What_Is_Keyed_Of_Another_Firm_Is_Rounded_Half_To_Even) {

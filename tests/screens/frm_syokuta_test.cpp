@@ -142,12 +142,11 @@ TEST_F(Syokuta_Screen, Keys) {
 TEST_F(Syokuta_Screen, Entries_Are_Undone_One_By_One) {
     Open();
     const auto state = [&] { return Texts({"Enen", "Saisei", "W", "Strip_W"}); };
-    Enter("Saisei", "0"); // the first field that is left calculates
-    std::vector<std::string> states = {state()};
-    Enter("Enen", "7");
-    states.push_back(state());
-    Enter("Saisei", "1");
-    states.push_back(state());
+    std::vector<std::string> states; // the first field that is left calculates
+    for (const auto& [cell, keys] : {std::pair{"Saisei", "0"}, {"Enen", "7"}, {"Saisei", "1"}}) {
+        Enter(cell, keys);
+        states.push_back(state());
+    }
     ASSERT_NE(states[1], states[2]);
     EXPECT_EQ(Shown(*form, "Strip_W"), Shown(*form, "W"));
     // What is being typed is undone in its field and leaves the entries alone.
@@ -242,14 +241,13 @@ TEST_F(Syokuta_Screen, What_Stays_Open_Shows_The_Settled_Scores) {
         const Review_Figures expected = settled();
         EXPECT_EQ(Now().works, expected.works);
         EXPECT_EQ(Now().elements, expected.elements);
+        std::string scores;
         for (int row = 0; row < kanko_rows; ++row) {
             const Figure& p = expected.works[Line_Of_Row(row)].P;
-            EXPECT_EQ(grid->Cell_Text("P(" + std::to_string(row) + ")").toStdString(),
-                      p.up ? Comma_Str(p.value) : "")
-                << row;
+            scores += (p.up ? Comma_Str(p.value) : "") + "|";
         }
-        EXPECT_EQ(Shown(works, "Strip_P"),
-                  grid->Cell_Text(grid->Current().row == 13 ? "P(13)" : "P(0)").toStdString());
+        EXPECT_EQ(Cells("P", 0, kanko_rows - 1), scores);
+        EXPECT_EQ(Shown(works, "Strip_P"), Cell(grid->Current().row == 13 ? "P(13)" : "P(0)"));
         Checked();
     }
     Take_Sample(4);
@@ -277,11 +275,10 @@ class Improved_Firms : public Every_Firm {
     void Expect_Before(const Review_Figures* stored = nullptr) {
         for (QLineEdit* edit : form->findChildren<QLineEdit*>()) {
             const Syokuta_Cell& cell = dynamic_cast<Syokuta_Edit*>(edit)->cell;
-            const QString expected =
+            const auto expected =
                 stored == nullptr ? edit->text() : QString::number(stored->Yoso(cell.element));
             const std::string before = Shown(*form, Name_Before(cell.name).c_str());
-            EXPECT_EQ(QString::fromStdString(before).remove(u','), QString(expected).remove(u','))
-                << cell.name;
+            EXPECT_EQ(QString::fromStdString(before).remove(u','), QString(expected).remove(u',')) << before;
         }
     }
 };

@@ -96,8 +96,7 @@ class Zen_Firms : public Zen_Window,
                 if (line.Has_Kanko() || Is_Keyed(column.use)) {
                     const Figure& figure = column.figure(line);
                     const std::string cell = column.name + ("(" + std::to_string(row) + ")");
-                    EXPECT_EQ(grid->Cell_Text(cell).toStdString(), figure.up ? Comma_Str(figure.value) : "")
-                        << form.objectName().toStdString() << " " << cell;
+                    EXPECT_EQ(grid->Cell_Text(cell).toStdString(), figure.up ? Comma_Str(figure.value) : "");
                 }
             }
         }
@@ -109,14 +108,11 @@ TEST_P(Zen_Firms, Both_Sides_Are_What_Is_Scored_And_Nothing_Is_Stored) {
     const Settled_Score after = Scored(in_hand);
     const std::string sum = Gain_Str(P_Gain_Of(before.figures, after.figures).sum);
     const std::string current = List("SELECT 要素CD, 現状 FROM W_Yoso ORDER BY 決算期, 要素CD");
-    {
-        // Its first visit starts the improvement at some law years.
-        const bool is_started = Law().comparison_starts_improvement;
-        Open(Law().comparison_form)->reject();
-        EXPECT_EQ(Load_Review(session, Side_In_Hand(session, Scenario::Kaizen)).Is_Started(Scenario::Kaizen),
-                  is_started);
-        EXPECT_EQ(List("SELECT 要素CD, 現状 FROM W_Yoso ORDER BY 決算期, 要素CD"), current);
-    }
+    // Its first visit starts the improvement at some law years.
+    Open(Law().comparison_form)->reject();
+    EXPECT_EQ(Load_Review(session, Side_In_Hand(session, Scenario::Kaizen)).Is_Started(Scenario::Kaizen),
+              Law().comparison_starts_improvement);
+    EXPECT_EQ(List("SELECT 要素CD, 現状 FROM W_Yoso ORDER BY 決算期, 要素CD"), current);
     const std::string stored = Bytes();
     for (const char* name : kanko_zen) {
         const auto form = Open(name);

@@ -160,22 +160,21 @@ TEST_F(Background_Work, A_Failure_Comes_Out_In_The_Guard) {
 }
 
 TEST_F(Background_Work, The_Form_May_Go_First) {
-    for (const bool can_be_left : {true, false}) {
-        for (const bool seen : {false, true}) {
-            SCOPED_TRACE(testing::Message() << can_be_left << seen);
-            gate = std::make_shared<Gate_Of_Job>();
-            gate->obeys = true;
-            Start(can_be_left);
-            if (seen) {
-                Expect_Seen();
-            }
-            ASSERT_TRUE(QTest::qWaitFor([this] { return gate->entered.load(); }));
-            form = std::make_unique<Working_Form>(shell);
-            form->show();
-            EXPECT_TRUE(can_be_left || gate->left) << "what changes something is not left behind";
-            ASSERT_TRUE(QTest::qWaitFor([this] { return gate->left.load(); })) << "it was asked to stop";
-            EXPECT_TRUE(form->results.empty());
+    for (const auto& [can_be_left, seen] :
+         {std::pair{true, false}, {true, true}, {false, false}, {false, true}}) {
+        SCOPED_TRACE(testing::Message() << can_be_left << seen);
+        gate = std::make_shared<Gate_Of_Job>();
+        gate->obeys = true;
+        Start(can_be_left);
+        if (seen) {
+            Expect_Seen();
         }
+        ASSERT_TRUE(QTest::qWaitFor([this] { return gate->entered.load(); }));
+        form = std::make_unique<Working_Form>(shell);
+        form->show();
+        EXPECT_TRUE(can_be_left || gate->left) << "what changes something is not left behind";
+        ASSERT_TRUE(QTest::qWaitFor([this] { return gate->left.load(); })) << "it was asked to stop";
+        EXPECT_TRUE(form->results.empty());
     }
 }
 

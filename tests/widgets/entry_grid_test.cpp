@@ -403,8 +403,7 @@ TEST_F(Entry_Grid_Test, The_Rows_Scroll_Over_The_Totals) {
                                                               {Qt::Key_Up, {}}};
     for (const auto& [key, modifiers] : ways) {
         Key(key, modifiers);
-        EXPECT_TRUE(views[0]->viewport()->rect().contains(views[0]->Cell_Rect(grid->Current())))
-            << grid->Current().row;
+        EXPECT_TRUE(views[0]->viewport()->rect().contains(views[0]->Cell_Rect(grid->Current())));
         EXPECT_EQ(QApplication::focusWidget()->geometry(), views[0]->Cell_Rect(grid->Current()));
         EXPECT_EQ(place(), before_scrolling);
     }

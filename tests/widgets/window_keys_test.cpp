@@ -77,8 +77,7 @@ TEST_F(Window_Keys_Test, Every_Button_Has_A_Letter_Of_Its_Own) {
     form->show();
     form->resize(200, 300);
     QTest::qWait(1);
-    EXPECT_EQ(Child<QPushButton>(*form, "Tojiru")->text().toStdString(), "閉じる")
-        << "no room for the letter";
+    EXPECT_EQ(Child<QPushButton>(*form, "Tojiru")->text().toStdString(), "閉じる") << "no room for more";
     form->pressed.clear();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&frame));
     form->cell->setFocus();
