@@ -195,6 +195,7 @@ TEST_F(Kz_Copy_Columns, Each_Operation_Copies_Its_Families_And_No_Other) {
         EXPECT_EQ(Owners(), owners);
         EXPECT_EQ(List("SELECT 現状 FROM W_Yoso WHERE 要素CD=210"), "4");
     }
+    EXPECT_NE(List("SELECT 金額 FROM Ks_Zaihyo WHERE 建設科目CD=273"), "-1");
     // A slot is there by its overall scores alone, of whatever number.
     for (const auto& [p, exists] : {std::pair{"Null", false}, {"0", true}}) {
         Run({std::string("UPDATE Kandaka_Gj SET 改2総合評点P=") + p});
