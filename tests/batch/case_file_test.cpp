@@ -373,8 +373,8 @@ TEST_F(Case_Test, No_Failing_Write_Separates_An_Import_From_Its_Row) {
         Import_Case(session, case_file);
         fs::copy_file(store, built, fs::copy_options::overwrite_existing);
         Write_Files(folder.path, files);
-        const auto put = [&, number = number](std::vector<Registered_Store>& stores, const Register_Row& of,
-                                              const fs::path& content) {
+        const auto put = [this](std::vector<Registered_Store>& stores, const Register_Row& of,
+                                const fs::path& content) {
             stores.push_back({of, File_Replacement::With_Store(content, Store(of.number), session.Db_Key)});
         };
         const auto act = [&, number = number, name = name] {
