@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
-#include <source_location>
 #include <sqlcipher/sqlite3.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -51,8 +50,8 @@ class Store_Test : public ::testing::Test {
 
     /// Runs `act`, which must raise a Store_Error that names `named` and the reason, and change no file.
     void Expect_Refusal(const fs::path& named, Store_Error::Reason reason, const std::function<void()>& act,
-                        const std::source_location& at = std::source_location::current()) {
-        SCOPED_TRACE(at.line());
+                        int line = __builtin_LINE()) {
+        SCOPED_TRACE(line);
         const File_Contents files = Read_Files(folder.path);
         try {
             act();
